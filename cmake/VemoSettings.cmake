@@ -1,0 +1,40 @@
+# SPDX-License-Identifier: MIT
+# Options, language level, warnings and tools that hold for every target.
+
+option(BUILD_SHARED_LIBS "Build shared libraries" ON)
+option(VEMO_BUILD_GALLERY "Build the gallery" ${PROJECT_IS_TOP_LEVEL})
+option(VEMO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(VEMO_BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(VEMO_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
+set(VEMO_KNOWLEDGEBASE_URL "https://knowledgebase.vemo.invalid" CACHE STRING
+  "Knowledge-base endpoint of help windows whose host names none")
+
+find_package(ECM 5.100 REQUIRED NO_MODULE)
+list(APPEND CMAKE_MODULE_PATH "${ECM_MODULE_PATH}")
+include(ECMEnableSanitizers)
+include(GNUInstallDirs)
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_compile_options(-Wall -Wextra -Wpedantic)
+if(VEMO_WARNINGS_AS_ERRORS)
+  add_compile_options(-Werror)
+endif()
+if(ECM_ENABLE_SANITIZERS MATCHES "undefined")
+  add_compile_options(-fsanitize=float-cast-overflow -fno-sanitize-recover=undefined)
+endif()
+add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING)
+
+# One compiler cache serves every checkout: paths below the source folder don't count.
+find_program(VEMO_CCACHE ccache)
+if(VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=true ${VEMO_CCACHE})
+endif()

@@ -1,0 +1,46 @@
+# SPDX-License-Identifier: MIT
+# vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...])
+#
+# Builds NAME.cpp and registers it once for each logical dpi, and, with SCALE, once more at the first
+# dpi for each device pixel ratio: the screen is measured once a process, so each needs its own.
+# With X11 it also runs at the first dpi on a real X server with a window manager.
+function(vemo_add_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "X11" "TIMEOUT" "DPI;SCALE;SOURCES;LIBRARIES")
+  if(NOT arg_DPI)
+    set(arg_DPI 96)
+  endif()
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 60)
+  endif()
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${PROJECT_SOURCE_DIR}/tests"
+    OUTPUT_VARIABLE family)
+
+  add_executable(${name} ${name}.cpp ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/tests")
+  target_link_libraries(${name} PRIVATE VemoTestSupport ${arg_LIBRARIES})
+
+  list(GET arg_DPI 0 firstDpi)
+  foreach(dpi IN LISTS arg_DPI)
+    vemo_register_test(${family}/${name}@${dpi} ${dpi} 1 offscreen $<TARGET_FILE:${name}>)
+  endforeach()
+  foreach(scale IN LISTS arg_SCALE)
+    vemo_register_test(${family}/${name}@${firstDpi}x${scale} ${firstDpi} ${scale} offscreen
+      $<TARGET_FILE:${name}>)
+  endforeach()
+  if(arg_X11)
+    vemo_register_test(${family}/${name}@x11 ${firstDpi} 1 xcb
+      "${PROJECT_SOURCE_DIR}/scripts/with-display" $<TARGET_FILE:${name}>)
+  endif()
+endfunction()
+
+# Registers one run of a test program; uses TIMEOUT of the caller.
+function(vemo_register_test test dpi scale platform)
+  add_test(NAME ${test} COMMAND ${ARGN})
+  set_tests_properties(${test} PROPERTIES
+    TIMEOUT ${arg_TIMEOUT}
+    ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FONT_DPI=${dpi};QT_SCALE_FACTOR=${scale};QT_STYLE_OVERRIDE=fusion;QT_LOGGING_RULES=;LC_ALL=en_US.UTF-8;XDG_RUNTIME_DIR=${PROJECT_BINARY_DIR}/runtime;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0"
+    ENVIRONMENT_MODIFICATION "LANGUAGE=unset:;QT_ENABLE_HIGHDPI_SCALING=unset:;QT_AUTO_SCREEN_SCALE_FACTOR=unset:;QT_SCREEN_SCALE_FACTORS=unset:;DISPLAY=unset:")
+endfunction()
+
+file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/runtime")
+file(CHMOD "${PROJECT_BINARY_DIR}/runtime" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemobutton.h>
+
+#include <vemo/stylemanager.h>
+
+#include <iterator>
+
+namespace {
+
+constexpr const char *kRoleKeys[] = {
+    "component.apply_button",
+    "component.cancel_button",
+    "component.select_paging_button",
+    "component.nonselect_paging_button",
+    "component.default_button",
+    "component.red_button",
+};
+
+} // namespace
+
+VemoButton::VemoButton(const QString &text, int role) : QPushButton(text)
+{
+    setFlat(true);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    if (role >= 0 && role < static_cast<int>(std::size(kRoleKeys)))
+        setStyleSheet(getStyleSheet(kRoleKeys[role]));
+}

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/componentstrings.h>
+
+#include "core/logging_p.h"
+
+ComponentStrings &ComponentStrings::getInstance()
+{
+    static ComponentStrings instance;
+    return instance;
+}
+
+void ComponentStrings::installStrings(const QMap<QString, QString> &strings)
+{
+    m_strings = strings;
+}
+
+QString ComponentStrings::getString(const QString &key) const
+{
+    const auto found = m_strings.constFind(key);
+    if (found != m_strings.constEnd())
+        return *found;
+    qCWarning(vemoLog) << "Cannot find key in ComponentStrings" << key;
+    return key;
+}

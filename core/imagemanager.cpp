@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/imagemanager.h>
+
+#include "core/logging_p.h"
+
+#include <vemo/dpiinfo.h>
+#include <vemo/uipathmanager.h>
+
+#include <QDir>
+#include <QFile>
+#include <QImageReader>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+const QLatin1String kFileSuffix(".png");
+
+/// The picture in the file, whatever its format; null where there is none. PNG is tried first, and
+/// a missing file not under other names: both of what makes QPixmap's own loading slower.
+QImage readPicture(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QImageReader(&file, "png").read() : QImage();
+}
+
+QImage fitted(const QImage &picture, const QSize &size)
+{
+    return picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+const QString &initialized(const QString &folder)
+{
+    if (folder.isEmpty()) {
+        qCWarning(vemoLog) << "ImageManager is not initialized";
+        std::abort();
+    }
+    return folder;
+}
+
+} // namespace
+
+ImageManager &ImageManager::getInstance()
+{
+    static ImageManager instance;
+    return instance;
+}
+
+void ImageManager::initialize(InitializeType type)
+{
+    m_initType = type;
+    m_imageFolder = UIPathManager::getInstance().getPath(QStringLiteral("resource_path"))
+        + QLatin1String("/images");
+    m_tempImageFolder = UIPathManager::getInstance().getPath(QStringLiteral("user_data_path"))
+        + QLatin1String("/tmp_images");
+    QDir().mkpath(m_tempImageFolder);
+    readJson();
+    if (type == PRELOAD)
+        prepareImages();
+}
+
+QPixmap ImageManager::getImage(const QString &name, ImageType type)
+{
+    const auto found = m_images.find(name);
+    if (found == m_images.end()) {
+        qCWarning(vemoLog) << "Cannot load pixmap" << name;
+        return {};
+    }
+    if (m_initType == LAZY_LOAD && !found->loaded)
+        lazyLoad(name);
+    const auto state = static_cast<size_t>(type);
+    if (state >= kStates || found->fileNames[state].isEmpty()) {
+        qCWarning(vemoLog) << "Cannot load pixmap" << name << "with type" << static_cast<int>(type)
+                           << "[use default icon]";
+        return found->pixmaps[NORMAL];
+    }
+    return found->pixmaps[state];
+}
+
+const QString &ImageManager::getImageFolder() const
+{
+    return initialized(m_imageFolder);
+}
+
+const QString &ImageManager::getTempImageFolder() const
+{
+    return initialized(m_tempImageFolder);
+}
+
+void ImageManager::readJson()
+{
+    QFile file(UIPathManager::getInstance().getPath(QStringLiteral("resource_path"))
+        + QLatin1String("/images.json"));
+    const bool isOpen = file.open(QIODevice::ReadOnly | QIODevice::Text);
+    // By way of a string, so that a byte that isn't UTF-8 spoils one name and not the catalogue.
+    const QString text = QString::fromUtf8(isOpen ? file.readAll() : QByteArray());
+    const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
+    const QJsonArray names = catalogue.value(QLatin1String("images")).toArray();
+    for (const QJsonValue &name : names)
+        parseJson(name.toString());
+    const QJsonArray tempNames = catalogue.value(QLatin1String("tmp_images")).toArray();
+    for (const QJsonValue &name : tempNames)
+        prepareTempImage(name.toString().remove(QLatin1Char(' ')));
+}
+
+void ImageManager::parseJson(const QString &name)
+{
+    Image image;
+    image.fileNames = {name, name + QLatin1String("_hover"), name + QLatin1String("_click"),
+        name + QLatin1String("_disable")};
+    m_images.insert(name, image);
+}
+
+void ImageManager::prepareImages()
+{
+    QStringList names = m_images.keys();
+    std::sort(names.begin(), names.end());
+    for (const QString &name : qAsConst(names))
+        load(m_images[name]);
+}
+
+void ImageManager::lazyLoad(const QString &name)
+{
+    Image &image = m_images[name];
+    if (!image.loaded)
+        load(image);
+}
+
+void ImageManager::load(Image &image)
+{
+    const double factor = DPIinfo::getInstance().getDPI();
+    const double ratio = DPIinfo::getInstance().getDPR();
+    // Deliberate: three roundings, each to whole pixels, not one multiplication.
+    const auto deviceLength = [=](int artworkLength) {
+        const int base = qRound(artworkLength * 0.25);
+        const int logical = qRound(base * factor);
+        return qRound(logical * ratio);
+    };
+    for (size_t state = 0; state < kStates; ++state) {
+        const QImage artwork = readPicture(getImageFullPath(image.fileNames[state]));
+        if (artwork.isNull()) {
+            image.fileNames[state].clear();
+            continue;
+        }
+        image.pixmaps[state] = QPixmap::fromImage(
+            fitted(artwork, {deviceLength(artwork.width()), deviceLength(artwork.height())}));
+        image.pixmaps[state].setDevicePixelRatio(ratio);
+        image.loaded = true;
+    }
+}
+
+void ImageManager::prepareTempImage(const QString &name)
+{
+    const QString path = getTempImageFullPath(name);
+    // A name with ".." in it must not lead out of the folder.
+    if (!QDir::cleanPath(path).startsWith(QDir::cleanPath(m_tempImageFolder) + QLatin1Char('/')))
+        return;
+    QImage picture = readPicture(getImageFullPath(name));
+    if (!picture.isNull())
+        picture = fitted(picture, picture.size() / 4.0 * DPIinfo::getInstance().getDPI());
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        picture.save(&file, "PNG");
+}
+
+QString ImageManager::getImageFullPath(const QString &name) const
+{
+    return m_imageFolder + QDir::separator() + name + kFileSuffix;
+}
+
+QString ImageManager::getTempImageFullPath(const QString &name) const
+{
+    return m_tempImageFolder + QDir::separator() + QLatin1String("tmp_") + name + kFileSuffix;
+}
+
+QPixmap getGlobalImage(const QString &name, ImageManager::ImageType type)
+{
+    return ImageManager::getInstance().getImage(name, type);
+}
+
+QPixmap getGlobalImage(const char *name, ImageManager::ImageType type)
+{
+    return getGlobalImage(QString::fromLatin1(name), type);
+}

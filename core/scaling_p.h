@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// Internal header, not part of the interface: it may change without notice.
+#pragma once
+
+#include <vemo/dpiinfo.h>
+
+#include <cmath>
+#include <limits>
+
+/// value without its fraction; the nearest int where it lies beyond one, 0 for not-a-number.
+inline int truncToInt(double value)
+{
+    constexpr double lowest = std::numeric_limits<int>::min();
+    constexpr double highest = std::numeric_limits<int>::max();
+    if (std::isnan(value))
+        return 0;
+    return value <= lowest ? std::numeric_limits<int>::min()
+        : value >= highest ? std::numeric_limits<int>::max()
+                           : static_cast<int>(value);
+}
+
+/// Screen pixels of a length in design pixels (96 dpi).
+inline int scaled(double designPixels)
+{
+    return truncToInt(DPIinfo::getInstance().getDPI() * designPixels);
+}

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// Internal header, not part of the interface: it may change without notice.
+#pragma once
+
+#include "core/testexport_p.h"
+
+#include <QString>
+
+#include <map>
+
+/// text without its comments: each slash-star comment that ends on its own line, and after that
+/// each
+/// "//" comment together with its line break.
+VEMO_TEST_EXPORT QString withoutComments(const QString &text);
+
+/// Cuts text at its header lines ("== key ==") and stores the sections, each beginning with a line
+/// break, under their keys.
+VEMO_TEST_EXPORT void storeSections(const QString &text, std::map<QString, QString> &sections);

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/stylemanager.h>
+
+#include "core/logging_p.h"
+#include "core/stylefile_p.h"
+
+#include <vemo/dpiinfo.h>
+#include <vemo/imagemanager.h>
+
+#include <QFile>
+
+namespace {
+
+QString textOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.exists()) {
+        qCWarning(vemoLog) << "file" << path << "not exist";
+        return {};
+    }
+    // Deliberate: a file that can't be opened leaves only its line break, and no warning.
+    file.open(QIODevice::ReadOnly | QIODevice::Text);
+    const QByteArray bytes = file.isOpen() ? file.readAll() : QByteArray();
+    // With its size: without, the text would end at the first NUL.
+    return QString::fromUtf8(bytes.constData(), bytes.size()) + QLatin1Char('\n');
+}
+
+} // namespace
+
+StyleManager &StyleManager::getInstance()
+{
+    static StyleManager instance;
+    return instance;
+}
+
+void StyleManager::initialize(const std::vector<QString> &paths)
+{
+    QString text;
+    for (const QString &path : paths)
+        text += textOf(path);
+    // "TMPIMG_LOC" holds "IMG_LOC", so it goes first.
+    text.replace(QLatin1String("TMPIMG_LOC"), ImageManager::getInstance().getTempImageFolder());
+    text.replace(QLatin1String("IMG_LOC"), ImageManager::getInstance().getImageFolder());
+    storeSections(withoutComments(text), m_style_sheets);
+}
+
+QString StyleManager::getStyleSheet(const QString &key, bool unscaled) const
+{
+    const auto found = m_style_sheets.find(key);
+    if (found == m_style_sheets.end()) {
+        qCWarning(vemoLog) << "Cannot find stylesheet" << key;
+        return QLatin1String("");
+    }
+    return unscaled ? found->second : DPIinfo::getInstance().getScaledStyleSheet(found->second);
+}
+
+QString getStyleSheet(const QString &key, bool unscaled)
+{
+    return StyleManager::getInstance().getStyleSheet(key, unscaled);
+}
+
+QString getStyleSheet(const char *key, bool unscaled)
+{
+    return getStyleSheet(QString::fromLatin1(key), unscaled);
+}

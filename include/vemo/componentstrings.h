@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QMap>
+#include <QString>
+
+/// The translated texts of the user interface, looked up by key.
+///
+/// The host installs the whole table, already in the user's language, before it builds its first
+/// widget; widgets take their captions from here. A missing text shows its key on screen.
+///
+///     ComponentStrings::getInstance().installStrings({ { "common.ok", tr("OK") } });
+///     button->setText(ComponentStrings::getInstance().getString("common.ok"));
+class VEMO_EXPORT ComponentStrings
+{
+public:
+    static ComponentStrings &getInstance();
+
+    /// Replaces the whole table: keys of an earlier table that this one lacks are gone.
+    void installStrings(const QMap<QString, QString> &strings);
+
+    /// The text under key; key itself and a warning where there is none.
+    QString getString(const QString &key) const;
+
+private:
+    ComponentStrings() = default;
+
+    QMap<QString, QString> m_strings;
+};

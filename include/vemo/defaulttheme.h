@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/imagemanager.h>
+#include <vemo/themeexport.h>
+
+/// Does the host's whole start-up from the embedded default theme: folders, strings, pictures and
+/// styles, in that order. Call it once, after the application object and before the first widget.
+///
+/// The folder userDataPath is made if it is missing and takes the generated pictures. languageCode
+/// is one of VemoLocale's; a language that the theme lacks is warned about and shown in English.
+/// False and a warning, with nothing registered, where userDataPath can't be written.
+///
+///     QApplication app(argc, argv);
+///     installDefaultTheme(QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
+///         VemoLocale::getInstance().getDefaultLanguage(), ImageManager::LAZY_LOAD);
+VEMO_THEME_EXPORT bool installDefaultTheme(
+    const QString &userDataPath, const QString &languageCode, ImageManager::InitializeType type);

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QString>
+
+/// The primary screen's scale, measured once: on the first call of getInstance(), and never again.
+///
+/// Every length of the library is a design pixel, made for a screen of 96 dpi; times getDPI() it
+/// becomes a screen pixel. Don't call getInstance() before the application object exists: without a
+/// screen both values are 1.
+///
+///     const int rowHeight = int(DPIinfo::getInstance().getDPI() * 28); // 35 at 120 dpi
+class VEMO_EXPORT DPIinfo
+{
+public:
+    static DPIinfo &getInstance();
+
+    /// The scale factor: logical dots per inch / 96, so 1.5 at 144 dpi. Not dots per inch.
+    double getDPI() const { return m_dpi; }
+
+    /// The device pixel ratio.
+    double getDPR() const { return m_dpr; }
+
+    /// sheet with every "px" length multiplied by getDPI() and cut to whole pixels.
+    ///
+    /// Lengths of up to three characters ("8px", "100px") come out exact. A longer one ("1000px",
+    /// "12.5px") is read again from its fourth character on, which adds a second length behind it:
+    /// write style files without them.
+    QString getScaledStyleSheet(QString sheet) const;
+
+private:
+    DPIinfo();
+
+    double m_dpi = 1.0;
+    double m_dpr = 1.0;
+};

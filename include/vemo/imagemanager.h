@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QHash>
+#include <QPixmap>
+#include <QString>
+
+#include <array>
+
+/// The catalogue of pictures: up to four states of each name, shrunk from the 4x artwork to the
+/// size that fits the screen.
+///
+/// The catalogue file "/images.json" and the PNG files in "/images" lie under the folder
+/// "resource_path"; screen-scaled copies for style sheets go to "/tmp_images" under
+/// "user_data_path". Register both folders with UIPathManager first.
+///
+///     ImageManager::getInstance().initialize(ImageManager::LAZY_LOAD);
+///     label->setPixmap(getGlobalImage("folder"));
+///     button->setIcon(getGlobalImage("folder", ImageManager::HOVER));
+class VEMO_EXPORT ImageManager
+{
+public:
+    enum ImageType {
+        NORMAL = 0, ///< at rest; also stands in for a missing state
+        HOVER = 1, ///< file name + "_hover"
+        CLICK = 2, ///< file name + "_click"
+        DISABLE = 3, ///< file name + "_disable"
+    };
+
+    enum InitializeType {
+        PRELOAD = 0, ///< every picture is loaded by initialize()
+        LAZY_LOAD = 1, ///< the states of a name are loaded when it is first asked for
+    };
+
+    static ImageManager &getInstance();
+
+    /// Reads the catalogue and writes the temporary pictures. A catalogue or picture that is
+    /// missing or broken is passed over in silence. A later call reads everything again.
+    void initialize(InitializeType type);
+
+    /// The picture of name in that state, its size in screen pixels with the screen's pixel ratio.
+    /// A state without a picture yields the normal one and a warning; an unknown name a null pixmap
+    /// and a warning.
+    QPixmap getImage(const QString &name, ImageType type);
+
+    /// The two folders, as style sheets name them. Before initialize() both end the process.
+    const QString &getImageFolder() const;
+    const QString &getTempImageFolder() const;
+
+private:
+    static constexpr int kStates = 4;
+
+    struct Image
+    {
+        std::array<QString, kStates> fileNames; ///< by ImageType; empty: this state has no picture
+        std::array<QPixmap, kStates> pixmaps;
+        bool loaded = false; ///< at least one of the four has been
+    };
+
+    ImageManager() = default;
+
+    void readJson();
+    void parseJson(const QString &name);
+    void prepareImages();
+    void lazyLoad(const QString &name);
+    void load(Image &image);
+    void prepareTempImage(const QString &name);
+    QString getImageFullPath(const QString &name) const;
+    QString getTempImageFullPath(const QString &name) const;
+
+    InitializeType m_initType = PRELOAD;
+    QString m_imageFolder;
+    QString m_tempImageFolder;
+    QHash<QString, Image> m_images;
+};
+
+/// ImageManager::getImage() of the one instance; the 8-bit name is Latin-1.
+VEMO_EXPORT QPixmap getGlobalImage(
+    const QString &name, ImageManager::ImageType type = ImageManager::NORMAL);
+VEMO_EXPORT QPixmap getGlobalImage(
+    const char *name, ImageManager::ImageType type = ImageManager::NORMAL);

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QString>
+
+#include <map>
+#include <vector>
+
+/// The style sheets of all widgets, cut from the host's style files into sections named by a key.
+///
+/// Load the files once, after ImageManager::initialize(): the placeholders "IMG_LOC" and
+/// "TMPIMG_LOC" in them become its two folders. A section begins with a header line:
+///
+///     == component.red_button ==
+///     QPushButton { color: white; padding: 0px 12px; border-image: url(IMG_LOC/red.png); }
+///
+///     StyleManager::getInstance().initialize({ ":/styles/buttons.qss", ":/styles/own.qss" });
+///     button->setStyleSheet(getStyleSheet("component.red_button"));
+class VEMO_EXPORT StyleManager
+{
+public:
+    static StyleManager &getInstance();
+
+    /// Reads all files, in order; of two sections with one key the later one wins, also over an
+    /// earlier call's. A file that does not exist is warned about and left out. Ends the process
+    /// when the picture catalogue is not initialised.
+    void initialize(const std::vector<QString> &paths);
+
+    /// The section under key, its "px" lengths scaled from design to screen pixels unless unscaled
+    /// is true; an empty string and a warning where there is none.
+    QString getStyleSheet(const QString &key, bool unscaled = false) const;
+
+private:
+    StyleManager() = default;
+
+    std::map<QString, QString> m_style_sheets;
+};
+
+/// StyleManager::getStyleSheet() of the one instance; the 8-bit key is Latin-1.
+VEMO_EXPORT QString getStyleSheet(const QString &key, bool unscaled = false);
+VEMO_EXPORT QString getStyleSheet(const char *key, bool unscaled = false);

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QIcon>
+#include <QToolButton>
+
+/// A tool button that is only a picture, with one each for rest, hover, press and disabled.
+///
+/// The pictures come from the catalogue by one name, or one by one from the host. A menu set on the
+/// button opens on press. Made without a parent; initialise the catalogue and load the style files
+/// before.
+///
+///     auto *refresh = new VemoIconButton("bt_pagebar_refresh");
+///     refresh->setAccessibleName(tr("Refresh"));
+///     layout->addWidget(refresh);
+class VEMO_EXPORT VemoIconButton : public QToolButton
+{
+    Q_OBJECT
+
+public:
+    /// One picture for all four states.
+    explicit VemoIconButton(const QPixmap &picture);
+
+    /// The four states of a catalogue name; a missing state shows the normal picture.
+    explicit VemoIconButton(const QString &name);
+
+    void setAllIcon(const QString &name);
+
+    /// Sets all four pictures and the size: that of picture over the screen's pixel ratio.
+    void setDefaultIcon(const QPixmap &picture);
+
+    /// Each replaces one picture, which shows from the next change of state on.
+    void setHoverIcon(const QPixmap &picture);
+    void setPressIcon(const QPixmap &picture);
+    void setDisableIcon(const QPixmap &picture);
+
+    /// Force a look from outside, for instance in a row that highlights as a whole.
+    void applyHoverStyle();
+    void applyNormalStyle();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void initialize();
+    void showIcon(const QIcon &icon);
+    void applyEnabledStyle();
+
+    QIcon m_defaultIcon;
+    QIcon m_pressIcon;
+    QIcon m_hoverIcon;
+    QIcon m_disableIcon;
+    QSize m_iconSize; ///< in device-independent pixels
+};

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QString>
+
+#include <map>
+
+/// Three-letter language codes ("enu", "deu", "cht", ...) for locale names, by which string tables
+/// and help pages are named.
+///
+///     const QString code = VemoLocale::getInstance().getDefaultLanguage();
+///     strings.load(QStringLiteral(":/strings/%1.json").arg(code));
+class VEMO_EXPORT VemoLocale
+{
+public:
+    static VemoLocale &getInstance();
+
+    /// The code for the system's locale; "enu" for a language without one.
+    QString getDefaultLanguage() const;
+
+    /// Stores code under a language (lower case, two letters). Without effect on "pt" and "zh",
+    /// whose code depends on the region too.
+    void setLanguageMap(QString language, QString code);
+
+private:
+    friend class VemoLocaleTest;
+
+    VemoLocale();
+
+    QString getLanguageByLocale(const QString &locale) const;
+    QString getChineseLanguage(const QString &locale) const;
+    QString getPortugueseLanguage(const QString &locale) const;
+
+    std::map<QString, QString> m_languageMap;
+    QString m_defaultLanguage;
+};

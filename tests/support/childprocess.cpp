@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "support/childprocess.h"
+
+#include <QCoreApplication>
+#include <QProcessEnvironment>
+
+namespace {
+
+const QString kScenario = QStringLiteral("VEMO_TEST_CHILD_SCENARIO");
+constexpr int kTimeout = 50000; // Below a test's own time-out.
+
+QProcessEnvironment childEnvironment(const QString &scenario, const QStringList &changes)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(kScenario, scenario);
+    for (const QString &change : changes) {
+        const int equals = change.indexOf(QLatin1Char('='));
+        if (equals < 0)
+            environment.remove(change);
+        else
+            environment.insert(change.left(equals), change.mid(equals + 1));
+    }
+    return environment;
+}
+
+} // namespace
+
+ChildResult runChild(const QString &scenario, const QStringList &environment)
+{
+    QProcess child;
+    child.setProcessEnvironment(childEnvironment(scenario, environment));
+    child.start(QCoreApplication::applicationFilePath(), QStringList());
+    if (!child.waitForFinished(kTimeout)) {
+        child.kill();
+        child.waitForFinished();
+        return {};
+    }
+    return {child.exitStatus(), child.exitCode(), QString::fromUtf8(child.readAllStandardError())};
+}
+
+QString childScenario()
+{
+    return qEnvironmentVariable(kScenario.toLatin1().constData());
+}

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "support/vemotest.h"
+
+namespace {
+
+void setIfMissing(const char *name, const char *value)
+{
+    if (!qEnvironmentVariableIsSet(name))
+        qputenv(name, value);
+}
+
+} // namespace
+
+void VemoTest::init()
+{
+    messages.start();
+}
+
+void VemoTest::cleanup()
+{
+    messages.stop();
+    const QStringList unclaimed = messages.take();
+    QVERIFY2(unclaimed.isEmpty(), qPrintable(unclaimed.join(QLatin1Char('\n'))));
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+QColor pixelAt(QWidget *widget, const QPoint &point)
+{
+    const QPixmap picture = widget->grab();
+    return picture.toImage().pixelColor(point * picture.devicePixelRatio());
+}
+
+void setTestEnvironment()
+{
+    // A screen without a display reports 100 dpi unless told otherwise.
+    setIfMissing("QT_FONT_DPI", "96");
+    setIfMissing("QT_QPA_PLATFORM", "offscreen");
+    setIfMissing("QT_STYLE_OVERRIDE", "fusion");
+}

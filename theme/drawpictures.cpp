@@ -1,0 +1,366 @@
+// SPDX-License-Identifier: MIT
+
+// Build tool: draws the theme's SVG pictures at four times their display size: a PNG for each
+// drawing, one more for each variant it asks for (hover, click, disable, removed), or a GIF where
+// it asks to be turned round. theme/README.md has the drawing rules.
+//
+//     drawpictures OUTDIR SVG...
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QImage>
+#include <QMap>
+#include <QPainter>
+#include <QSet>
+#include <QSvgRenderer>
+#include <QXmlStreamReader>
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace {
+
+constexpr int kOversampling = 4;
+constexpr int kLargest = 256; // design pixels
+constexpr int kFrameDelay = 4; // hundredths of a second
+constexpr int kShadeBits = 6; // of the one colour of an animation
+constexpr int kShades = 1 << kShadeBits;
+
+const char kSoftInk[] = "#52606D";
+const char kFaintInk[] = "#9AA5B1";
+const char kAccent[] = "#1769E0";
+const char kAccentPressed[] = "#0B469E";
+const char kSelection[] = "#DCEBFB";
+const char kHoverGround[] = "#EEF3F8";
+const char kDanger[] = "#C93A3A";
+const char kShadow[] = "#000000"; // ink would tint its faint steps
+
+const QSet<QString> kPalette {"#1F2933", kSoftInk, kFaintInk, "#C8D2DC", "#F5F7FA", "#FFFFFF",
+    kAccent, "#0F57C2", kAccentPressed, kSelection, kHoverGround, kDanger, kShadow};
+
+using Recolouring = QMap<QByteArray, QByteArray>;
+
+const Recolouring kGreyed {
+    {kSoftInk, kFaintInk}, {kAccent, kFaintInk}, {kDanger, kFaintInk}, {kSelection, kHoverGround}};
+
+const QMap<QString, Recolouring> kStates {
+    {"hover", {{kSoftInk, kAccent}}},
+    {"click", {{kSoftInk, kAccentPressed}, {kAccent, kAccentPressed}}},
+    {"disable", kGreyed},
+    {"removed", kGreyed},
+};
+
+struct Drawing
+{
+    QString path;
+    QString name;
+    QByteArray svg;
+    QSize size; // design pixels
+    QStringList states;
+    int turnSteps = 0; // above 0: an animation that turns the drawing once in so many frames
+    QSet<QString> colours;
+};
+
+struct Picture
+{
+    const Drawing *drawing;
+    QString state; // empty at rest
+
+    QString fileName() const
+    {
+        const QString suffix = state.isEmpty() ? QString() : "_" + state;
+        return drawing->name + suffix + (drawing->turnSteps > 0 ? ".gif" : ".png");
+    }
+};
+
+[[noreturn]] void fail(const QString &path, const QString &problem)
+{
+    throw std::runtime_error((path + ": " + problem).toStdString());
+}
+
+QString complaint; // of Qt's SVG reader, which goes on with half a picture
+
+void keepComplaint(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    complaint = message;
+}
+
+void readColours(const QXmlStreamAttributes &attributes, Drawing &drawing)
+{
+    for (const char *key : {"fill", "stroke", "stop-color"}) {
+        const QString value = attributes.value(key).toString();
+        if (value.isEmpty() || value == "none" || value.startsWith("url("))
+            continue;
+        if (!kPalette.contains(value))
+            fail(drawing.path, "\"" + value + "\" is no colour of the palette");
+        drawing.colours.insert(value);
+    }
+}
+
+void readRoot(const QXmlStreamAttributes &attributes, Drawing &drawing)
+{
+    const QStringList box = attributes.value("viewBox").toString().split(' ');
+    if (box.size() == 4)
+        drawing.size = QSize(box.at(2).toInt(), box.at(3).toInt());
+    if (drawing.size.isEmpty() || qMax(drawing.size.width(), drawing.size.height()) > kLargest)
+        fail(drawing.path, "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256");
+    drawing.states = attributes.value("data-states").toString().split(' ', Qt::SkipEmptyParts);
+    for (const QString &state : qAsConst(drawing.states)) {
+        if (!kStates.contains(state))
+            fail(drawing.path, "unknown state \"" + state + "\" in data-states");
+    }
+    if (attributes.hasAttribute("data-turn")) {
+        drawing.turnSteps = attributes.value("data-turn").toInt();
+        if (drawing.turnSteps < 2)
+            fail(drawing.path, "data-turn needs a number of frames above 1");
+    }
+}
+
+Drawing readDrawing(const QString &path)
+{
+    Drawing drawing;
+    drawing.path = path;
+    drawing.name = QFileInfo(path).completeBaseName();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        fail(path, file.errorString());
+    drawing.svg = file.readAll();
+
+    QXmlStreamReader xml(drawing.svg);
+    if (!xml.readNextStartElement() || xml.name() != QLatin1String("svg"))
+        fail(path, xml.hasError() ? xml.errorString() : "is no SVG drawing");
+    readRoot(xml.attributes(), drawing);
+    readColours(xml.attributes(), drawing);
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::StartElement)
+            readColours(xml.attributes(), drawing);
+    }
+    if (xml.hasError())
+        fail(path, QString("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString()));
+    if (drawing.turnSteps > 0 && drawing.colours.size() != 1)
+        fail(path, "data-turn needs a drawing in one colour");
+    return drawing;
+}
+
+// A variant that has a drawing of its own is not derived.
+QVector<Picture> picturesOf(const QVector<Drawing> &drawings)
+{
+    QSet<QString> drawn;
+    for (const Drawing &drawing : drawings) {
+        if (drawn.contains(drawing.name))
+            fail(drawing.path, "the name is given twice");
+        drawn.insert(drawing.name);
+    }
+    QVector<Picture> pictures;
+    for (const Drawing &drawing : drawings) {
+        pictures.append({&drawing, QString()});
+        for (const QString &state : drawing.states) {
+            if (!drawn.contains(drawing.name + "_" + state))
+                pictures.append({&drawing, state});
+        }
+    }
+    return pictures;
+}
+
+QByteArray recoloured(QByteArray svg, const Recolouring &recolouring)
+{
+    for (auto it = recolouring.cbegin(); it != recolouring.cend(); ++it)
+        svg.replace(it.key(), it.value());
+    return svg;
+}
+
+// The badge stands free of the picture on every ground, so its margin is cut out, not painted.
+void drawRemovedBadge(QPainter &painter, const QSize &size)
+{
+    const qreal unit = size.width() / 16.0;
+    const QPointF centre(size.width() - 3.5 * unit, size.height() - 3.5 * unit);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.drawEllipse(centre, 4.5 * unit, 4.5 * unit);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setBrush(QColor(kDanger));
+    painter.drawEllipse(centre, 3.5 * unit, 3.5 * unit);
+    painter.setPen(QPen(Qt::white, 1.25 * unit));
+    painter.drawLine(centre - QPointF(2 * unit, 0), centre + QPointF(2 * unit, 0));
+}
+
+QImage render(const Picture &picture, qreal degrees = 0)
+{
+    const Drawing &drawing = *picture.drawing;
+    QSvgRenderer renderer;
+    if (!renderer.load(recoloured(drawing.svg, kStates.value(picture.state))))
+        fail(drawing.path, "is no drawable SVG");
+
+    QImage image(drawing.size * kOversampling, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(image.width() / 2.0, image.height() / 2.0);
+    painter.rotate(degrees);
+    painter.translate(image.width() / -2.0, image.height() / -2.0);
+    renderer.render(&painter, QRectF(image.rect()));
+    if (!complaint.isEmpty())
+        fail(drawing.path, complaint);
+    if (picture.state == "removed")
+        drawRemovedBadge(painter, image.size());
+    return image;
+}
+
+class BitWriter
+{
+public:
+    void put(int code, int width)
+    {
+        m_bits |= quint32(code) << m_count;
+        for (m_count += width; m_count >= 8; m_count -= 8, m_bits >>= 8)
+            m_bytes.append(char(m_bits & 0xff));
+    }
+
+    QByteArray finish()
+    {
+        if (m_count > 0)
+            m_bytes.append(char(m_bits & 0xff));
+        return m_bytes;
+    }
+
+private:
+    QByteArray m_bytes;
+    quint32 m_bits = 0;
+    int m_count = 0;
+};
+
+QByteArray lzwCompressed(const QByteArray &pixels)
+{
+    constexpr int kClear = kShades;
+    constexpr int kEnd = kShades + 1;
+    BitWriter out;
+    QHash<int, int> codes; // (prefix code, next pixel) -> code
+    int next = kEnd + 1;
+    int width = kShadeBits + 1;
+    out.put(kClear, width);
+    int prefix = uchar(pixels.at(0));
+    for (int i = 1; i < pixels.size(); ++i) {
+        const int pixel = uchar(pixels.at(i));
+        const int key = prefix << 8 | pixel;
+        const auto known = codes.constFind(key);
+        if (known != codes.constEnd()) {
+            prefix = *known;
+            continue;
+        }
+        out.put(prefix, width);
+        prefix = pixel;
+        if (next == 4096) {
+            out.put(kClear, width);
+            codes.clear();
+            next = kEnd + 1;
+            width = kShadeBits + 1;
+            continue;
+        }
+        if (next == 1 << width)
+            ++width;
+        codes.insert(key, next++);
+    }
+    out.put(prefix, width);
+    out.put(kEnd, width);
+    return out.finish();
+}
+
+QByteArray littleEndian(int value)
+{
+    return QByteArray().append(char(value & 0xff)).append(char(value >> 8));
+}
+
+// GIF knows no half transparency: an animation has one colour, and how much of it a pixel holds
+// picks a shade between the white of a sheet and that colour.
+QByteArray gifHeader(const QSize &size, const QColor &colour)
+{
+    QByteArray gif("GIF89a");
+    gif += littleEndian(size.width()) + littleEndian(size.height());
+    gif += QByteArray::fromHex("d50000"); // a palette of 64 colours
+    for (int shade = 0; shade < kShades; ++shade) {
+        for (int channel : {colour.red(), colour.green(), colour.blue()})
+            gif.append(char(255 - (255 - channel) * shade / (kShades - 1)));
+    }
+    gif += QByteArray::fromHex("21ff0b") + "NETSCAPE2.0" + QByteArray::fromHex("0301000000");
+    return gif;
+}
+
+QByteArray gifFrame(const QImage &image)
+{
+    QByteArray pixels;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            pixels.append(char(qAlpha(image.pixel(x, y)) * (kShades - 1) / 255));
+    }
+    // Each frame clears its area when done (09: restore ground, shade 0 is transparent).
+    QByteArray frame = QByteArray::fromHex("21f90409") + littleEndian(kFrameDelay)
+        + QByteArray::fromHex("00002c00000000");
+    frame += littleEndian(image.width()) + littleEndian(image.height()) + '\0' + char(kShadeBits);
+    const QByteArray data = lzwCompressed(pixels);
+    for (int i = 0; i < data.size(); i += 255) {
+        const QByteArray block = data.mid(i, 255);
+        frame += char(block.size()) + block;
+    }
+    return frame + '\0';
+}
+
+QByteArray gifAnimation(const Picture &picture)
+{
+    const int steps = picture.drawing->turnSteps;
+    QByteArray gif = gifHeader(
+        picture.drawing->size * kOversampling, QColor(*picture.drawing->colours.cbegin()));
+    for (int i = 0; i < steps; ++i)
+        gif += gifFrame(render(picture, 360.0 * i / steps));
+    return gif + ';';
+}
+
+void write(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
+        fail(path, file.errorString());
+}
+
+void draw(const Picture &picture, const QString &path)
+{
+    if (picture.drawing->turnSteps > 0)
+        write(path, gifAnimation(picture));
+    else if (!render(picture).save(path, "PNG"))
+        fail(path, "can't be written");
+}
+
+void run(const QString &folder, const QStringList &paths)
+{
+    QVector<Drawing> drawings;
+    for (const QString &path : paths)
+        drawings.append(readDrawing(path));
+    const QVector<Picture> pictures = picturesOf(drawings);
+    if (!QDir().mkpath(folder))
+        fail(folder, "can't be created");
+    for (const Picture &picture : pictures)
+        draw(picture, folder + "/" + picture.fileName());
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    qInstallMessageHandler(keepComplaint);
+    const QStringList arguments = app.arguments();
+    if (arguments.size() < 3) {
+        std::fprintf(stderr, "usage: drawpictures OUTDIR SVG...\n");
+        return 1;
+    }
+    try {
+        run(arguments.at(1), arguments.mid(2));
+    } catch (const std::runtime_error &error) {
+        std::fprintf(stderr, "drawpictures: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}
