@@ -38,20 +38,27 @@ const char kHoverGround[] = "#EEF3F8";
 const char kDanger[] = "#C93A3A";
 const char kShadow[] = "#000000"; // ink would tint its faint steps
 
-const QSet<QString> kPalette {"#1F2933", kSoftInk, kFaintInk, "#C8D2DC", "#F5F7FA", "#FFFFFF",
-    kAccent, "#0F57C2", kAccentPressed, kSelection, kHoverGround, kDanger, kShadow};
+bool isInPalette(const QString &colour)
+{
+    static const QSet<QString> palette {"#1F2933", kSoftInk, kFaintInk, "#C8D2DC", "#F5F7FA",
+        "#FFFFFF", kAccent, "#0F57C2", kAccentPressed, kSelection, kHoverGround, kDanger, kShadow};
+    return palette.contains(colour);
+}
 
 using Recolouring = QMap<QByteArray, QByteArray>;
 
-const Recolouring kGreyed {
-    {kSoftInk, kFaintInk}, {kAccent, kFaintInk}, {kDanger, kFaintInk}, {kSelection, kHoverGround}};
-
-const QMap<QString, Recolouring> kStates {
-    {"hover", {{kSoftInk, kAccent}}},
-    {"click", {{kSoftInk, kAccentPressed}, {kAccent, kAccentPressed}}},
-    {"disable", kGreyed},
-    {"removed", kGreyed},
-};
+const QMap<QString, Recolouring> &states()
+{
+    static const Recolouring greyed {{kSoftInk, kFaintInk}, {kAccent, kFaintInk},
+        {kDanger, kFaintInk}, {kSelection, kHoverGround}};
+    static const QMap<QString, Recolouring> states {
+        {"hover", {{kSoftInk, kAccent}}},
+        {"click", {{kSoftInk, kAccentPressed}, {kAccent, kAccentPressed}}},
+        {"disable", greyed},
+        {"removed", greyed},
+    };
+    return states;
+}
 
 struct Drawing
 {
@@ -81,11 +88,16 @@ struct Picture
     throw std::runtime_error((path + ": " + problem).toStdString());
 }
 
-QString complaint; // of Qt's SVG reader, which goes on with half a picture
+// What Qt's SVG reader complained about; it goes on with half a picture.
+QString &complaint()
+{
+    static QString text;
+    return text;
+}
 
 void keepComplaint(QtMsgType, const QMessageLogContext &, const QString &message)
 {
-    complaint = message;
+    complaint() = message;
 }
 
 void readColours(const QXmlStreamAttributes &attributes, Drawing &drawing)
@@ -94,7 +106,7 @@ void readColours(const QXmlStreamAttributes &attributes, Drawing &drawing)
         const QString value = attributes.value(key).toString();
         if (value.isEmpty() || value == "none" || value.startsWith("url("))
             continue;
-        if (!kPalette.contains(value))
+        if (!isInPalette(value))
             fail(drawing.path, "\"" + value + "\" is no colour of the palette");
         drawing.colours.insert(value);
     }
@@ -109,7 +121,7 @@ void readRoot(const QXmlStreamAttributes &attributes, Drawing &drawing)
         fail(drawing.path, "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256");
     drawing.states = attributes.value("data-states").toString().split(' ', Qt::SkipEmptyParts);
     for (const QString &state : qAsConst(drawing.states)) {
-        if (!kStates.contains(state))
+        if (!states().contains(state))
             fail(drawing.path, "unknown state \"" + state + "\" in data-states");
     }
     if (attributes.hasAttribute("data-turn")) {
@@ -192,7 +204,7 @@ QImage render(const Picture &picture, qreal degrees = 0)
 {
     const Drawing &drawing = *picture.drawing;
     QSvgRenderer renderer;
-    if (!renderer.load(recoloured(drawing.svg, kStates.value(picture.state))))
+    if (!renderer.load(recoloured(drawing.svg, states().value(picture.state))))
         fail(drawing.path, "is no drawable SVG");
 
     QImage image(drawing.size * kOversampling, QImage::Format_ARGB32_Premultiplied);
@@ -203,8 +215,8 @@ QImage render(const Picture &picture, qreal degrees = 0)
     painter.rotate(degrees);
     painter.translate(image.width() / -2.0, image.height() / -2.0);
     renderer.render(&painter, QRectF(image.rect()));
-    if (!complaint.isEmpty())
-        fail(drawing.path, complaint);
+    if (!complaint().isEmpty())
+        fail(drawing.path, complaint());
     if (picture.state == "removed")
         drawRemovedBadge(painter, image.size());
     return image;
@@ -351,7 +363,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
     qInstallMessageHandler(keepComplaint);
-    const QStringList arguments = app.arguments();
+    const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3) {
         std::fprintf(stderr, "usage: drawpictures OUTDIR SVG...\n");
         return 1;
