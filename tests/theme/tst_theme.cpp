@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/componentstrings.h>
+#include <vemo/imagemanager.h>
+#include <vemo/stylemanager.h>
+
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <QDirIterator>
+#include <QRegularExpression>
+
+namespace {
+
+QString textOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// What the first group of pattern captures in text, all over it.
+QStringList captures(const QString &text, const QString &pattern)
+{
+    QStringList found;
+    auto match = QRegularExpression(pattern).globalMatch(text);
+    while (match.hasNext())
+        found += match.next().captured(1);
+    return found;
+}
+
+/// Each distinct capture in the library's own source files.
+QStringList sourceCaptures(const QString &pattern)
+{
+    const QStringList folders {
+        "core", "controls", "sheets", "views", "datetime", "help", "gallery"};
+    QStringList names;
+    for (const QString &folder : folders) {
+        QDirIterator files(QLatin1String(VEMO_SOURCE_DIR "/") + folder, {"*.cpp", "*.h"},
+            QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            names += captures(textOf(files.next()), pattern);
+        }
+    }
+    names.removeDuplicates();
+    return names;
+}
+
+QStringList themeFiles(const QString &folder, const QString &filter)
+{
+    return QDir(":/vemo/theme/" + folder).entryList({filter}, QDir::Files, QDir::Name);
+}
+
+} // namespace
+
+class ThemeTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void everyStyleKeyOfTheLibraryHasASection();
+    void everyStringKeyOfTheLibraryHasAText();
+    void everyPictureOfTheLibraryIsInTheCatalogue();
+    void everyPictureThatAStyleFileNamesExists();
+    void everyCatalogueNameHasItsPicture();
+    void everyTemporaryPictureIsWritten();
+    void everyColourOfAStyleFileIsOfThePalette_data();
+    void everyColourOfAStyleFileIsOfThePalette();
+    void everyLengthSurvivesScalingOnce_data();
+    void everyLengthSurvivesScalingOnce();
+    void everyLanguageHasEveryString_data();
+    void everyLanguageHasEveryString();
+};
+
+void ThemeTest::everyStyleKeyOfTheLibraryHasASection()
+{
+    for (const QString &key : sourceCaptures(R"re("(component\.\w+)")re"))
+        QVERIFY2(!getStyleSheet(key).trimmed().isEmpty(), qPrintable(key));
+}
+
+void ThemeTest::everyStringKeyOfTheLibraryHasAText()
+{
+    for (const QString &key :
+        sourceCaptures(R"re(getString\(\s*(?:QStringLiteral\(|QLatin1String\()?"([^"]+)")re"))
+        QVERIFY2(!ComponentStrings::getInstance().getString(key).isEmpty(), qPrintable(key));
+}
+
+void ThemeTest::everyPictureOfTheLibraryIsInTheCatalogue()
+{
+    for (const QString &name : sourceCaptures(R"re("((?:bt_|bg_|icon_|app_)\w+|folder)")re"))
+        QVERIFY2(!getGlobalImage(name).isNull(), qPrintable(name));
+}
+
+void ThemeTest::everyPictureThatAStyleFileNamesExists()
+{
+    for (const QString &file : themeFiles("style", "*.qss")) {
+        QString text = textOf(":/vemo/theme/style/" + file);
+        text.replace("TMPIMG_LOC", ImageManager::getInstance().getTempImageFolder());
+        text.replace("IMG_LOC", ImageManager::getInstance().getImageFolder());
+        for (const QString &path : captures(text, R"re(url\(["']?([^)"']*))re"))
+            QVERIFY2(!QPixmap(path).isNull(), qPrintable(file + " names " + path));
+    }
+}
+
+void ThemeTest::everyCatalogueNameHasItsPicture()
+{
+    const QString catalogue = textOf(":/vemo/theme/images.json");
+    const QJsonObject object = QJsonDocument::fromJson(catalogue.toUtf8()).object();
+    QVERIFY(!object["images"].toArray().isEmpty());
+    for (const QJsonValue &name : object["images"].toArray())
+        QVERIFY2(!getGlobalImage(name.toString()).isNull(), qPrintable(name.toString()));
+}
+
+void ThemeTest::everyTemporaryPictureIsWritten()
+{
+    const QString catalogue = textOf(":/vemo/theme/images.json");
+    const QJsonObject object = QJsonDocument::fromJson(catalogue.toUtf8()).object();
+    for (const QJsonValue &name : object["tmp_images"].toArray()) {
+        const QString path =
+            QStringLiteral("%1/tmp_%2.png")
+                .arg(ImageManager::getInstance().getTempImageFolder(), name.toString());
+        QVERIFY2(!QPixmap(path).isNull(), qPrintable(path));
+    }
+}
+
+void ThemeTest::everyColourOfAStyleFileIsOfThePalette_data()
+{
+    QTest::addColumn<QString>("colour");
+    for (const QString &file : themeFiles("style", "*.qss")) {
+        QStringList colours =
+            captures(textOf(":/vemo/theme/style/" + file), "(#[0-9A-Fa-f]{3,8})\\b");
+        colours.removeDuplicates();
+        for (const QString &colour : qAsConst(colours))
+            QTest::addRow("%s %s", qPrintable(file), qPrintable(colour)) << colour;
+    }
+}
+
+void ThemeTest::everyColourOfAStyleFileIsOfThePalette()
+{
+    QFETCH(QString, colour);
+    const QStringList palette {"#1F2933", "#52606D", "#9AA5B1", "#C8D2DC", "#F5F7FA", "#FFFFFF",
+        "#1769E0", "#0F57C2", "#0B469E", "#DCEBFB", "#EEF3F8", "#C93A3A"};
+    QVERIFY(palette.contains(colour));
+}
+
+void ThemeTest::everyLengthSurvivesScalingOnce_data()
+{
+    QTest::addColumn<QString>("length");
+    for (const QString &file : themeFiles("style", "*.qss")) {
+        for (const QString &length : captures(textOf(":/vemo/theme/style/" + file), "([\\d.]+)px"))
+            QTest::addRow("%s %spx", qPrintable(file), qPrintable(length)) << length;
+    }
+}
+
+// A longer one would be read a second time by its tail.
+void ThemeTest::everyLengthSurvivesScalingOnce()
+{
+    QFETCH(QString, length);
+    QVERIFY(length.size() <= 3);
+    QVERIFY(!length.contains('.'));
+}
+
+void ThemeTest::everyLanguageHasEveryString_data()
+{
+    QTest::addColumn<QString>("file");
+    for (const QString &file : themeFiles("strings", "*.json"))
+        QTest::newRow(qPrintable(file)) << file;
+}
+
+void ThemeTest::everyLanguageHasEveryString()
+{
+    QFETCH(QString, file);
+    const auto table = [](const QString &name) {
+        const QString text = textOf(":/vemo/theme/strings/" + name);
+        return QJsonDocument::fromJson(text.toUtf8()).object().toVariantMap();
+    };
+    const QVariantMap english = table("enu.json");
+    const QVariantMap translated = table(file);
+    QCOMPARE(translated.keys(), english.keys());
+    for (const QString &key : english.keys()) {
+        const QString text = translated[key].toString();
+        QVERIFY2(!text.isEmpty(), qPrintable(key));
+        QStringList expected = captures(english[key].toString(), "(%\\w+)");
+        QStringList found = captures(text, "(%\\w+)");
+        expected.sort();
+        found.sort();
+        QCOMPARE(found, expected);
+    }
+}
+
+VEMO_TEST_MAIN(ThemeTest)
+#include "tst_theme.moc"
