@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: MIT
+#include "support/vemotest.h"
+
+#include <QImageReader>
+#include <QMovie>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+struct Outcome
+{
+    int exitCode = -1;
+    QString error;
+};
+
+Outcome drawpictures(const QStringList &arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral(DRAWPICTURES), arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
+}
+
+// A 16 x 16 drawing filled with one colour.
+QByteArray square(const QByteArray &colour, const QByteArray &rootAttributes = {})
+{
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 16 16\" " + rootAttributes
+        + "><rect width=\"16\" height=\"16\" fill=\"" + colour + "\"/></svg>";
+}
+
+} // namespace
+
+class DrawPicturesTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aDrawingGivesAPictureOfFourTimesItsSize();
+    void aStateExchangesColours_data();
+    void aStateExchangesColours();
+    void onlyTheStatesAskedForAreDrawn();
+    void aDrawnStateWinsOverTheDerivedOne();
+    void aRemovedPictureHasABadgeThatStandsFree();
+    void aTurningDrawingBecomesAnEndlessAnimation();
+    void anAnimationHoldsEveryShadeOfTheDrawing();
+    void theSameDrawingGivesTheSameBytes();
+    void aFaultyDrawingIsRefused_data();
+    void aFaultyDrawingIsRefused();
+    void aFolderThatCannotBeMadeIsReported();
+    void withoutDrawingsTheUsageIsShown();
+
+private:
+    QTemporaryDir m_folder;
+
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+
+    QString written(const QString &name, const QByteArray &svg)
+    {
+        QFile file(path(name + ".svg"));
+        if (!file.open(QIODevice::WriteOnly) || file.write(svg) != svg.size())
+            qFatal("can't write %s", qPrintable(file.fileName()));
+        return file.fileName();
+    }
+
+    QImage drawn(const QString &name) const { return QImage(path("out/" + name)); }
+
+    void draw(const QStringList &drawings)
+    {
+        QDir(path("out")).removeRecursively();
+        const Outcome outcome = drawpictures(QStringList(path("out")) + drawings);
+        QCOMPARE(outcome.error, QString());
+        QCOMPARE(outcome.exitCode, 0);
+    }
+};
+
+void DrawPicturesTest::aDrawingGivesAPictureOfFourTimesItsSize()
+{
+    draw({written("wide",
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 28 16\">"
+        "<rect width=\"14\" height=\"16\" fill=\"#1769E0\"/></svg>")});
+    const QImage image = drawn("wide.png");
+    QCOMPARE(image.size(), QSize(112, 64));
+    QCOMPARE(image.pixelColor(55, 63), QColor("#1769E0"));
+    QCOMPARE(image.pixelColor(56, 63).alpha(), 0);
+}
+
+void DrawPicturesTest::aStateExchangesColours_data()
+{
+    QTest::addColumn<QByteArray>("state");
+    QTest::addColumn<QByteArray>("colour");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("hover, soft ink") << QByteArray("hover") << QByteArray("#52606D") << "#1769E0";
+    QTest::newRow("hover, accent") << QByteArray("hover") << QByteArray("#1769E0") << "#1769E0";
+    QTest::newRow("click, soft ink") << QByteArray("click") << QByteArray("#52606D") << "#0B469E";
+    QTest::newRow("click, accent") << QByteArray("click") << QByteArray("#1769E0") << "#0B469E";
+    QTest::newRow("disable, soft ink")
+        << QByteArray("disable") << QByteArray("#52606D") << "#9AA5B1";
+    QTest::newRow("disable, accent") << QByteArray("disable") << QByteArray("#1769E0") << "#9AA5B1";
+    QTest::newRow("disable, danger") << QByteArray("disable") << QByteArray("#C93A3A") << "#9AA5B1";
+    QTest::newRow("disable, tint") << QByteArray("disable") << QByteArray("#DCEBFB") << "#EEF3F8";
+    QTest::newRow("removed, accent") << QByteArray("removed") << QByteArray("#1769E0") << "#9AA5B1";
+    QTest::newRow("removed, white") << QByteArray("removed") << QByteArray("#FFFFFF") << "#FFFFFF";
+}
+
+void DrawPicturesTest::aStateExchangesColours()
+{
+    QFETCH(QByteArray, state);
+    QFETCH(QByteArray, colour);
+    QFETCH(QString, expected);
+
+    draw({written("square", square(colour, "data-states=\"" + state + "\""))});
+    QCOMPARE(drawn("square.png").pixelColor(8, 8), QColor(QString::fromLatin1(colour)));
+    QCOMPARE(drawn("square_" + state + ".png").pixelColor(8, 8), QColor(expected));
+}
+
+void DrawPicturesTest::onlyTheStatesAskedForAreDrawn()
+{
+    draw({written("square", square("#52606D", "data-states=\"hover disable\"")),
+        written("plain", square("#52606D"))});
+    QCOMPARE(QDir(path("out")).entryList(QDir::Files, QDir::Name),
+        QStringList({"plain.png", "square.png", "square_disable.png", "square_hover.png"}));
+}
+
+void DrawPicturesTest::aDrawnStateWinsOverTheDerivedOne()
+{
+    draw({written("square_hover", square("#C93A3A")),
+        written("square", square("#52606D", "data-states=\"hover click\""))});
+    QCOMPARE(drawn("square_hover.png").pixelColor(8, 8), QColor("#C93A3A"));
+    QCOMPARE(drawn("square_click.png").pixelColor(8, 8), QColor("#0B469E"));
+}
+
+void DrawPicturesTest::aRemovedPictureHasABadgeThatStandsFree()
+{
+    draw({written("square", square("#52606D", "data-states=\"removed\""))});
+    const QImage image = drawn("square_removed.png");
+    QCOMPARE(image.pixelColor(50, 50), QColor(Qt::white)); // its bar
+    QCOMPARE(image.pixelColor(50, 40), QColor("#C93A3A"));
+    QCOMPARE(image.pixelColor(50, 34).alpha(), 0); // the cut between badge and picture
+    QCOMPARE(image.pixelColor(50, 28), QColor("#9AA5B1"));
+}
+
+void DrawPicturesTest::aTurningDrawingBecomesAnEndlessAnimation()
+{
+    draw({written("turn",
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 16 16\" data-turn=\"4\">"
+        "<rect width=\"8\" height=\"8\" fill=\"#1769E0\"/></svg>")});
+    QMovie movie(path("out/turn.gif"));
+    QVERIFY(movie.isValid());
+    QCOMPARE(movie.frameCount(), 4);
+    QCOMPARE(movie.loopCount(), -1);
+    const QList<QPoint> corners {{8, 8}, {56, 8}, {56, 56}, {8, 56}}; // clockwise
+    for (int frame = 0; frame < 4; ++frame) {
+        QVERIFY(movie.jumpToFrame(frame));
+        QCOMPARE(movie.nextFrameDelay(), 40);
+        QCOMPARE(movie.currentImage().size(), QSize(64, 64));
+        for (int corner = 0; corner < 4; ++corner) {
+            const QColor colour = movie.currentImage().pixelColor(corners.at(corner));
+            if (corner == frame)
+                QCOMPARE(colour, QColor("#1769E0"));
+            else
+                QCOMPARE(colour.alpha(), 0);
+        }
+    }
+}
+
+// Big and rich enough for the compressor to fill its table of codes several times.
+void DrawPicturesTest::anAnimationHoldsEveryShadeOfTheDrawing()
+{
+    QByteArray shapes;
+    for (int i = 0; i < 400; ++i)
+        shapes += QStringLiteral("<circle cx=\"%1\" cy=\"%2\" r=\"2\" opacity=\"0.%3\"/>")
+                      .arg(i * 37 % 61)
+                      .arg(i * 53 % 59)
+                      .arg(10 + i % 90)
+                      .toLatin1();
+    const QByteArray root = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 64 64\" "
+                            "fill=\"#C93A3A\" ";
+    draw({written("moving", root + "data-turn=\"2\">" + shapes + "</svg>"),
+        written("still", root + ">" + shapes + "</svg>")});
+    const QImage still = drawn("still.png");
+    const QImage frame = drawn("moving.gif");
+    QCOMPARE(frame.size(), still.size());
+    for (int y = 0; y < still.height(); ++y) {
+        for (int x = 0; x < still.width(); ++x) {
+            const int shade = still.pixelColor(x, y).alpha() * 63 / 255;
+            QCOMPARE(frame.pixelColor(x, y).alpha(), shade == 0 ? 0 : 255);
+            if (shade > 0)
+                QCOMPARE(frame.pixelColor(x, y).green(), 255 - (255 - 0x3a) * shade / 63);
+        }
+    }
+}
+
+void DrawPicturesTest::theSameDrawingGivesTheSameBytes()
+{
+    const QStringList drawings {written("square", square("#1769E0", "data-states=\"removed\"")),
+        written("turn", square("#1769E0", "data-turn=\"3\""))};
+    QHash<QString, QByteArray> first;
+    for (int run = 0; run < 2; ++run) {
+        draw(drawings);
+        for (const char *name : {"square.png", "square_removed.png", "turn.gif"}) {
+            QFile file(path(QStringLiteral("out/") + name));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QByteArray bytes = file.readAll();
+            QVERIFY(!bytes.isEmpty());
+            if (run == 0)
+                first.insert(name, bytes);
+            QCOMPARE(bytes, first.value(name));
+        }
+    }
+}
+
+void DrawPicturesTest::aFaultyDrawingIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("svg");
+    QTest::addColumn<QString>("complaint");
+
+    const QByteArray root = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 16 16\"";
+    QTest::newRow("empty") << QByteArray("") << "Premature end of document.";
+    QTest::newRow("no XML") << QByteArray("a picture") << "Start tag expected.";
+    QTest::newRow("cut off") << root + "><path\n"
+                             << "line 2: Premature end of document.";
+    QTest::newRow("other XML") << QByteArray("<picture/>") << "is no SVG drawing";
+    QTest::newRow("no size") << QByteArray("<svg xmlns=\"http://www.w3.org/2000/svg\"/>")
+                             << "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256";
+    QTest::newRow("too big") << QByteArray("<svg viewBox=\"0 0 16 257\"/>")
+                             << "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256";
+    QTest::newRow("unknown state") << square("#FFFFFF", "data-states=\"hover glow\"")
+                                   << "unknown state \"glow\" in data-states";
+    QTest::newRow("colour by name") << square("red") << "\"red\" is no colour of the palette";
+    QTest::newRow("foreign colour")
+        << square("#123456") << "\"#123456\" is no colour of the palette";
+    QTest::newRow("foreign colour at the root")
+        << square("#FFFFFF", "stroke=\"#52606d\"") << "\"#52606d\" is no colour of the palette";
+    QTest::newRow("broken path") << root + "><path fill=\"#FFFFFF\" d=\"M bad 3\"/></svg>"
+                                 << "Invalid path data; path truncated.";
+    QTest::newRow("one frame") << square("#FFFFFF", "data-turn=\"1\"")
+                               << "data-turn needs a number of frames above 1";
+    QTest::newRow("many colours in an animation") << square("#FFFFFF",
+        "data-turn=\"4\" stroke=\"#52606D\"") << "data-turn needs a drawing in one colour";
+}
+
+void DrawPicturesTest::aFaultyDrawingIsRefused()
+{
+    QFETCH(QByteArray, svg);
+    QFETCH(QString, complaint);
+
+    const QString drawing = written("faulty", svg);
+    const Outcome outcome = drawpictures({path("out"), drawing});
+    QCOMPARE(outcome.error, "drawpictures: " + drawing + ": " + complaint + "\n");
+    QCOMPARE(outcome.exitCode, 1);
+}
+
+void DrawPicturesTest::aFolderThatCannotBeMadeIsReported()
+{
+    const QString drawing = written("square", square("#FFFFFF"));
+    const Outcome outcome = drawpictures({drawing + "/out", drawing});
+    QCOMPARE(outcome.error, "drawpictures: " + drawing + "/out: can't be created\n");
+    QCOMPARE(outcome.exitCode, 1);
+    const Outcome missing = drawpictures({path("out"), path("missing.svg")});
+    QCOMPARE(
+        missing.error, "drawpictures: " + path("missing.svg") + ": No such file or directory\n");
+    QCOMPARE(missing.exitCode, 1);
+    const Outcome twice = drawpictures({path("out"), drawing, drawing});
+    QCOMPARE(twice.error, "drawpictures: " + drawing + ": the name is given twice\n");
+    QCOMPARE(twice.exitCode, 1);
+}
+
+void DrawPicturesTest::withoutDrawingsTheUsageIsShown()
+{
+    const Outcome outcome = drawpictures({path("out")});
+    QCOMPARE(outcome.error, QString("usage: drawpictures OUTDIR SVG...\n"));
+    QCOMPARE(outcome.exitCode, 1);
+}
+
+VEMO_TEST_MAIN(DrawPicturesTest)
+#include "tst_drawpictures.moc"

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/defaulttheme.h>
+#include <vemo/filetypemap.h>
+#include <vemo/imagemanager.h>
+
+#include "support/vemotest.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMovie>
+#include <QTemporaryDir>
+
+namespace {
+
+constexpr auto kImages = ":/vemo/theme/images/";
+
+QStringList catalogue()
+{
+    QFile file(QStringLiteral(":/vemo/theme/images.json"));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QStringList names;
+    const QJsonArray array = QJsonDocument::fromJson(file.readAll())["images"].toArray();
+    for (const QJsonValue &name : array)
+        names.append(name.toString());
+    return names;
+}
+
+QImage stored(const QString &name)
+{
+    return QImage(kImages + name + ".png").convertToFormat(QImage::Format_ARGB32);
+}
+
+// One extension of each type that the map knows, and one that it doesn't.
+QStringList extensions()
+{
+    return {"acc", "ai", "mp3", "bkpi", "doc", "exe", "fla", "htm", "idn", "png", "iso", "cpp",
+        "pdf", "ppt", "psd", "swf", "ttf", "txt", "avi", "xls", "zip", "unknown"};
+}
+
+// How different two pictures look at display size: the mean distance of their grey values.
+double difference(const QImage &a, const QImage &b)
+{
+    const auto small = [](const QImage &image) {
+        return image.scaled(16, 16, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    };
+    const QImage left = small(a);
+    const QImage right = small(b);
+    int sum = 0;
+    for (int y = 0; y < 16; ++y) {
+        for (int x = 0; x < 16; ++x)
+            sum += qAbs(qAlpha(left.pixel(x, y)) - qAlpha(right.pixel(x, y)));
+    }
+    return sum / 256.0;
+}
+
+} // namespace
+
+class ThemePicturesTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void aPictureThatAWidgetLooksUpHasItsSize_data();
+    void aPictureThatAWidgetLooksUpHasItsSize();
+    void everyNameOfTheCatalogueHasAPicture();
+    void everyButtonHasAllStatesAndTheyDiffer();
+    void everyFileTypeHasAPictureAndARemovedOne();
+    void noTwoFileTypesLookAlike();
+    void theShadowFadesEvenlyAndMeetsAtItsCorners();
+    void theBusyAnimationTurns();
+
+private:
+    QTemporaryDir m_folder;
+};
+
+void ThemePicturesTest::initTestCase()
+{
+    QVERIFY(installDefaultTheme(m_folder.path(), "enu", ImageManager::LAZY_LOAD));
+}
+
+void ThemePicturesTest::aPictureThatAWidgetLooksUpHasItsSize_data()
+{
+    QTest::addColumn<QSize>("size");
+
+    for (const char *name : {"app_img", "icon_information", "icon_question", "icon_warning"})
+        QTest::newRow(name) << QSize(32, 32);
+    for (const char *side : {"l", "r", "t", "b", "lt", "rt", "lb", "rb"})
+        QTest::newRow(qPrintable(QStringLiteral("bg_tutorial_") + side)) << QSize(22, 22);
+    for (const char *name : {"folder", "bt_pagebar_backend", "bt_pagebar_back", "bt_pagebar_next",
+             "bt_pagebar_nextend", "bt_pagebar_refresh"})
+        QTest::newRow(name) << QSize(16, 16);
+    QTest::newRow("bt_next") << QSize(6, 10); // its button is 6 px wide
+    QTest::newRow("bt_search_dropdown") << QSize(28, 16);
+}
+
+void ThemePicturesTest::aPictureThatAWidgetLooksUpHasItsSize()
+{
+    QFETCH(QSize, size);
+
+    const QString name = QTest::currentDataTag();
+    QVERIFY(!getGlobalImage(name).isNull());
+    QCOMPARE(stored(name).size(), size * 4);
+}
+
+void ThemePicturesTest::everyNameOfTheCatalogueHasAPicture()
+{
+    const QStringList names = catalogue();
+    QVERIFY(names.size() > 50);
+    QCOMPARE(QSet<QString>(names.cbegin(), names.cend()).size(), names.size());
+    for (const QString &name : names) {
+        QVERIFY2(!getGlobalImage(name).isNull(), qPrintable(name));
+        const QSize size = stored(name).size();
+        QVERIFY2(size.width() % 4 == 0 && size.height() % 4 == 0, qPrintable(name));
+    }
+}
+
+void ThemePicturesTest::everyButtonHasAllStatesAndTheyDiffer()
+{
+    const QStringList buttons = catalogue().filter(QRegularExpression("^bt_"));
+    QVERIFY(buttons.size() >= 20);
+    for (const QString &name : buttons) {
+        QVector<QImage> states;
+        for (auto type : {ImageManager::NORMAL, ImageManager::HOVER, ImageManager::CLICK,
+                 ImageManager::DISABLE}) {
+            const QImage image = getGlobalImage(name, type).toImage();
+            QVERIFY2(!states.contains(image), qPrintable(name));
+            states.append(image);
+        }
+    }
+}
+
+void ThemePicturesTest::everyFileTypeHasAPictureAndARemovedOne()
+{
+    const QStringList names = catalogue();
+    for (const QString &extension : extensions()) {
+        for (bool removed : {false, true}) {
+            const QString file = FileTypeMap::getInstance().getFiletypeMapping(extension, removed);
+            QVERIFY2(QFile::exists(kImages + file), qPrintable(file));
+            QVERIFY2(names.contains(QFileInfo(file).completeBaseName()), qPrintable(file));
+        }
+    }
+    QVERIFY(QFile::exists(QString(kImages) + "folder_removed.png"));
+}
+
+void ThemePicturesTest::noTwoFileTypesLookAlike()
+{
+    QMap<QString, QImage> pictures {{"folder", stored("folder")}};
+    for (const QString &extension : extensions()) {
+        const QString file = FileTypeMap::getInstance().getFiletypeMapping(extension, false);
+        pictures.insert(file, stored(QFileInfo(file).completeBaseName()));
+    }
+    QCOMPARE(pictures.size(), extensions().size() + 1);
+    for (auto a = pictures.cbegin(); a != pictures.cend(); ++a) {
+        for (auto b = std::next(a); b != pictures.cend(); ++b) {
+            const QString pair =
+                QStringLiteral("%1 and %2: %3").arg(a.key(), b.key()).arg(difference(*a, *b));
+            QVERIFY2(difference(*a, *b) > 8, qPrintable(pair));
+        }
+    }
+}
+
+void ThemePicturesTest::theShadowFadesEvenlyAndMeetsAtItsCorners()
+{
+    const QImage left = stored("bg_tutorial_l");
+    const QImage corner = stored("bg_tutorial_lt");
+    const int end = left.width() - 1;
+    QVERIFY(qAlpha(left.pixel(end, 0)) > 30);
+    QCOMPARE(qAlpha(left.pixel(0, 0)), 0);
+    QCOMPARE(qAlpha(corner.pixel(0, 0)), 0);
+    for (int i = 0; i <= end; ++i) {
+        const int alpha = qAlpha(left.pixel(i, 0));
+        if (i > 0)
+            QVERIFY(alpha >= qAlpha(left.pixel(i - 1, 0)));
+        QCOMPARE(qAlpha(left.pixel(i, end)), alpha); // the same all along
+        QVERIFY(qAbs(qAlpha(corner.pixel(i, end)) - alpha) <= 1);
+        QVERIFY(qAbs(qAlpha(corner.pixel(end, i)) - alpha) <= 1);
+    }
+    QCOMPARE(stored("bg_tutorial_r"), left.mirrored(true, false));
+    QCOMPARE(stored("bg_tutorial_t"), left.transformed(QTransform().rotate(90)));
+    QCOMPARE(stored("bg_tutorial_b"), stored("bg_tutorial_t").mirrored(false, true));
+    QCOMPARE(stored("bg_tutorial_rt"), corner.mirrored(true, false));
+    QCOMPARE(stored("bg_tutorial_lb"), corner.mirrored(false, true));
+    QCOMPARE(stored("bg_tutorial_rb"), corner.mirrored(true, true));
+}
+
+void ThemePicturesTest::theBusyAnimationTurns()
+{
+    QMovie movie(QString(kImages) + "busy.gif");
+    QVERIFY(movie.isValid());
+    movie.setScaledSize({32, 32});
+    QCOMPARE(movie.loopCount(), -1);
+    QVERIFY(movie.frameCount() > 10);
+    QVERIFY(movie.jumpToFrame(0));
+    const QImage first = movie.currentImage();
+    QCOMPARE(first.size(), QSize(32, 32));
+    for (int frame = 1; frame < movie.frameCount(); ++frame) {
+        QVERIFY(movie.jumpToNextFrame());
+        QVERIFY(movie.currentImage() != first);
+    }
+}
+
+VEMO_TEST_MAIN(ThemePicturesTest)
+#include "tst_themepictures.moc"
