@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include <vemo/defaulttheme.h>
 #include <vemo/filetypemap.h>
 #include <vemo/imagemanager.h>
 
+#include "support/testhost.h"
 #include "support/vemotest.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMovie>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -39,7 +38,7 @@ QStringList extensions()
         "pdf", "ppt", "psd", "swf", "ttf", "txt", "avi", "xls", "zip", "unknown"};
 }
 
-// How different two pictures look at display size: the mean distance of their grey values.
+// How different two pictures look at display size: the mean distance of their coverage.
 double difference(const QImage &a, const QImage &b)
 {
     const auto small = [](const QImage &image) {
@@ -62,24 +61,16 @@ class ThemePicturesTest : public VemoTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { startDefaultTheme(); }
     void aPictureThatAWidgetLooksUpHasItsSize_data();
     void aPictureThatAWidgetLooksUpHasItsSize();
-    void everyNameOfTheCatalogueHasAPicture();
+    void everyPictureIsListedOnceAndDrawnAtFourTimesItsSize();
     void everyButtonHasAllStatesAndTheyDiffer();
     void everyFileTypeHasAPictureAndARemovedOne();
     void noTwoFileTypesLookAlike();
     void theShadowFadesEvenlyAndMeetsAtItsCorners();
     void theBusyAnimationTurns();
-
-private:
-    QTemporaryDir m_folder;
 };
-
-void ThemePicturesTest::initTestCase()
-{
-    QVERIFY(installDefaultTheme(m_folder.path(), "enu", ImageManager::LAZY_LOAD));
-}
 
 void ThemePicturesTest::aPictureThatAWidgetLooksUpHasItsSize_data()
 {
@@ -105,15 +96,15 @@ void ThemePicturesTest::aPictureThatAWidgetLooksUpHasItsSize()
     QCOMPARE(stored(name).size(), size * 4);
 }
 
-void ThemePicturesTest::everyNameOfTheCatalogueHasAPicture()
+void ThemePicturesTest::everyPictureIsListedOnceAndDrawnAtFourTimesItsSize()
 {
     const QStringList names = catalogue();
     QVERIFY(names.size() > 50);
     QCOMPARE(QSet<QString>(names.cbegin(), names.cend()).size(), names.size());
     for (const QString &name : names) {
-        QVERIFY2(!getGlobalImage(name).isNull(), qPrintable(name));
         const QSize size = stored(name).size();
-        QVERIFY2(size.width() % 4 == 0 && size.height() % 4 == 0, qPrintable(name));
+        QVERIFY2(
+            !size.isEmpty() && size.width() % 4 == 0 && size.height() % 4 == 0, qPrintable(name));
     }
 }
 
