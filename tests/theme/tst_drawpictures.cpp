@@ -36,22 +36,6 @@ class DrawPicturesTest : public VemoTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void aDrawingGivesAPictureOfFourTimesItsSize();
-    void aStateExchangesColours_data();
-    void aStateExchangesColours();
-    void onlyTheStatesAskedForAreDrawn();
-    void aDrawnStateWinsOverTheDerivedOne();
-    void aRemovedPictureHasABadgeThatStandsFree();
-    void aTurningDrawingBecomesAnEndlessAnimation();
-    void anAnimationHoldsEveryShadeOfTheDrawing();
-    void theSameDrawingGivesTheSameBytes();
-    void aFaultyDrawingIsRefused_data();
-    void aFaultyDrawingIsRefused();
-    void aFolderThatCannotBeMadeIsReported();
-    void withoutDrawingsTheUsageIsShown();
-
-private:
     QTemporaryDir m_folder;
 
     QString path(const QString &name) const { return m_folder.filePath(name); }
@@ -73,6 +57,21 @@ private:
         QCOMPARE(outcome.error, QString());
         QCOMPARE(outcome.exitCode, 0);
     }
+
+private Q_SLOTS:
+    void aDrawingGivesAPictureOfFourTimesItsSize();
+    void aStateExchangesColours_data();
+    void aStateExchangesColours();
+    void onlyTheStatesAskedForAreDrawn();
+    void aDrawnStateWinsOverTheDerivedOne();
+    void aRemovedPictureHasABadgeThatStandsFree();
+    void aTurningDrawingBecomesAnEndlessAnimation();
+    void anAnimationHoldsEveryShadeOfTheDrawing();
+    void theSameDrawingGivesTheSameBytes();
+    void aFaultyDrawingIsRefused_data();
+    void aFaultyDrawingIsRefused();
+    void aFolderThatCannotBeMadeIsReported();
+    void withoutDrawingsTheUsageIsShown();
 };
 
 void DrawPicturesTest::aDrawingGivesAPictureOfFourTimesItsSize()
@@ -82,7 +81,7 @@ void DrawPicturesTest::aDrawingGivesAPictureOfFourTimesItsSize()
         "<rect width=\"14\" height=\"16\" fill=\"#1769E0\"/></svg>")});
     const QImage image = drawn("wide.png");
     QCOMPARE(image.size(), QSize(112, 64));
-    QCOMPARE(image.pixelColor(55, 63), QColor("#1769E0"));
+    QCOMPARE(image.pixelColor(55, 63), QColor(0x1769E0));
     QCOMPARE(image.pixelColor(56, 63).alpha(), 0);
 }
 
@@ -128,8 +127,8 @@ void DrawPicturesTest::aDrawnStateWinsOverTheDerivedOne()
 {
     draw({written("square_hover", square("#C93A3A")),
         written("square", square("#52606D", "data-states=\"hover click\""))});
-    QCOMPARE(drawn("square_hover.png").pixelColor(8, 8), QColor("#C93A3A"));
-    QCOMPARE(drawn("square_click.png").pixelColor(8, 8), QColor("#0B469E"));
+    QCOMPARE(drawn("square_hover.png").pixelColor(8, 8), QColor(0xC93A3A));
+    QCOMPARE(drawn("square_click.png").pixelColor(8, 8), QColor(0x0B469E));
 }
 
 void DrawPicturesTest::aRemovedPictureHasABadgeThatStandsFree()
@@ -137,9 +136,9 @@ void DrawPicturesTest::aRemovedPictureHasABadgeThatStandsFree()
     draw({written("square", square("#52606D", "data-states=\"removed\""))});
     const QImage image = drawn("square_removed.png");
     QCOMPARE(image.pixelColor(50, 50), QColor(Qt::white)); // its bar
-    QCOMPARE(image.pixelColor(50, 40), QColor("#C93A3A"));
+    QCOMPARE(image.pixelColor(50, 40), QColor(0xC93A3A));
     QCOMPARE(image.pixelColor(50, 34).alpha(), 0); // the cut between badge and picture
-    QCOMPARE(image.pixelColor(50, 28), QColor("#9AA5B1"));
+    QCOMPARE(image.pixelColor(50, 28), QColor(0x9AA5B1));
 }
 
 void DrawPicturesTest::aTurningDrawingBecomesAnEndlessAnimation()
@@ -159,7 +158,7 @@ void DrawPicturesTest::aTurningDrawingBecomesAnEndlessAnimation()
         for (int corner = 0; corner < 4; ++corner) {
             const QColor colour = movie.currentImage().pixelColor(corners.at(corner));
             if (corner == frame)
-                QCOMPARE(colour, QColor("#1769E0"));
+                QCOMPARE(colour, QColor(0x1769E0));
             else
                 QCOMPARE(colour.alpha(), 0);
         }
