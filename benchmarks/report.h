@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "benchmarks/harness.h"
+
+#include <QStringList>
+
+namespace bench {
+
+/// The table of all cases, printed row by row as a Markdown table, and which of them fell short.
+class Report
+{
+public:
+    explicit Report(bool onX11) : m_onX11(onX11) { }
+
+    void begin() const;
+    void add(const Case &c, const Measured &measured);
+    /// Says which goals were missed; returns the exit code.
+    int end() const;
+
+private:
+    void addRow(const Case &c, const QString &name, const QStringList &costs,
+        const QVector<double> &ratios, const Goal &goal, double achieved);
+
+    bool m_onX11;
+    QStringList m_missed;
+    QStringList m_different;
+};
+
+} // namespace bench
