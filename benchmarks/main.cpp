@@ -30,6 +30,12 @@ void setUpScreen()
         qunsetenv(variable);
 }
 
+int refuse(const QString &sentence)
+{
+    QTextStream(stderr) << "vemo-bench: " << sentence << '\n';
+    return kUsageError;
+}
+
 bool isWanted(const QString &name, const QStringList &filters)
 {
     return filters.isEmpty()
@@ -52,16 +58,20 @@ int run(const QStringList &filters, int rounds)
     const bool onX11 = QGuiApplication::platformName() == QLatin1String("xcb");
     const bench::Cases cases = bench::allCases();
     bench::Report report(onX11);
-    report.begin();
+    bool isAnyMeasured = false;
     for (const auto &entry : cases.entries()) {
         if (!isWanted(entry.name, filters))
             continue;
         bench::Case c(entry.name);
         entry.setup(c);
-        if (c.goalOn(onX11).most > 0)
-            report.add(c, bench::measure(c, rounds, onX11));
+        if (c.goalOn(onX11).most <= 0)
+            continue;
+        if (!isAnyMeasured)
+            report.begin();
+        isAnyMeasured = true;
+        report.add(c, bench::measure(c, rounds, onX11));
     }
-    return report.end();
+    return isAnyMeasured ? report.end() : refuse(QStringLiteral("No such case has a goal here"));
 }
 
 } // namespace
@@ -71,7 +81,7 @@ int main(int argc, char *argv[])
     const QTemporaryDir runtimeFolder;
     setUnlessSet("XDG_RUNTIME_DIR", QFile::encodeName(runtimeFolder.path()));
     setUpScreen();
-    QApplication app(argc, argv);
+    const QApplication app(argc, argv);
     QApplication::setStyle(QStringLiteral("fusion"));
     // Cases of missing pictures would measure the terminal instead.
     QLoggingCategory::setFilterRules(QStringLiteral("debug.message=false"));
@@ -79,7 +89,7 @@ int main(int argc, char *argv[])
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Measures the library against stock classes. Exit code 1: a goal is missed."));
-    parser.addHelpOption();
+    const QCommandLineOption helpOption = parser.addHelpOption();
     const QCommandLineOption listOption(QStringLiteral("list"), QStringLiteral("Name the cases."));
     const QCommandLineOption roundsOption(QStringLiteral("rounds"),
         QStringLiteral("How often each variant is measured (15)."), QStringLiteral("count"),
@@ -87,15 +97,16 @@ int main(int argc, char *argv[])
     parser.addOptions({listOption, roundsOption});
     parser.addPositionalArgument(QStringLiteral("filter"),
         QStringLiteral("Only cases with this in their name."), QStringLiteral("[filter...]"));
-    parser.process(app);
+    if (!parser.parse(QCoreApplication::arguments()))
+        return refuse(parser.errorText());
+    if (parser.isSet(helpOption))
+        parser.showHelp();
 
     const QStringList filters = parser.positionalArguments();
     if (parser.isSet(listOption))
         return list(filters);
     const int rounds = parser.value(roundsOption).toInt();
-    if (rounds < 1) {
-        QTextStream(stderr) << "--rounds takes a count of at least 1\n";
-        return kUsageError;
-    }
+    if (rounds < 1)
+        return refuse(QStringLiteral("--rounds takes a count of at least 1"));
     return run(filters, rounds);
 }
