@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/vemotest.h"
 
+#include <QScreen>
+
 namespace {
 
 void setIfMissing(const char *name, const char *value)
@@ -36,4 +38,11 @@ void setTestEnvironment()
     setIfMissing("QT_FONT_DPI", "96");
     setIfMissing("QT_QPA_PLATFORM", "offscreen");
     setIfMissing("QT_STYLE_OVERRIDE", "fusion");
+}
+
+void keepScreensReachable()
+{
+    // Never deleted, so that it still stands when leaks are looked for.
+    static const auto *const screens = new QList<QScreen *>(QGuiApplication::screens());
+    Q_UNUSED(screens)
 }

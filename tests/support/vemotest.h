@@ -29,11 +29,15 @@ void setTestEnvironment();
 
 using ChildFunction = int (*)(const QString &scenario);
 
+/// The offscreen platform never frees its screens: reachable they are no leak.
+void keepScreensReachable();
+
 template <typename TestClass> int runTests(int argc, char **argv, ChildFunction child)
 {
     setTestEnvironment();
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
+    keepScreensReachable();
     if (!childScenario().isEmpty())
         return child ? child(childScenario()) : -1;
     TestClass test;
