@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/accessiblefilter.h>
+
+#include <QSet>
+#include <QWidget>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+QSet<QWidget *> setOf(const QList<QWidget *> &widgets)
+{
+    return {widgets.begin(), widgets.end()};
+}
+
+/// The visible widgets from root on for which isTaken holds, parents before children. Without
+/// recursion, so that no tree is too deep, and with one list for all levels.
+template <typename Predicate> QList<QWidget *> visibleWidgets(QWidget *root, Predicate isTaken)
+{
+    QList<QWidget *> taken;
+    std::vector<QWidget *> pending {root};
+    while (!pending.empty()) {
+        QWidget *widget = pending.back();
+        pending.pop_back();
+        if (!widget || !widget->isVisible())
+            continue;
+        if (isTaken(widget))
+            taken.append(widget);
+        const QObjectList &children = widget->children();
+        std::for_each(children.rbegin(), children.rend(), [&](QObject *child) {
+            if (child->isWidgetType())
+                pending.push_back(static_cast<QWidget *>(child));
+        });
+    }
+    return taken;
+}
+
+} // namespace
+
+AccessibleFilter::AccessibleFilter(const QList<QWidget *> &widgets, Qt::FocusPolicy level)
+    : m_filter_widgets(widgets), m_focus_level(level)
+{
+}
+
+QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded)
+{
+    const QSet<QWidget *> excludedSet = setOf(excluded);
+    return visibleWidgets(root, [&](QWidget *widget) {
+        return widget->focusPolicy() != Qt::NoFocus && !excludedSet.contains(widget);
+    });
+}
+
+QList<QWidget *> accessibleList(QWidget *root, AccessibleFilter filter)
+{
+    const QSet<QWidget *> excludedSet = setOf(filter.filterWidgets());
+    // Deliberate: policies are compared as integers, not as the flags that they are made of.
+    const int level = filter.focusLevel();
+    return visibleWidgets(root, [&](QWidget *widget) {
+        return static_cast<int>(widget->focusPolicy()) >= level && !excludedSet.contains(widget);
+    });
+}
+
+void adjustFocusPolicy(Qt::FocusPolicy policy, QList<QWidget *> widgets)
+{
+    for (QWidget *widget : qAsConst(widgets)) {
+        if (widget)
+            widget->setFocusPolicy(policy);
+    }
+}

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/clickablelabel.h>
+
+#include <QPointer>
+
+ClickableLabel::ClickableLabel(const QString &text, QWidget *parent) : QLabel(text, parent) { }
+
+void ClickableLabel::mousePressEvent(QMouseEvent *event)
+{
+    const QPointer<ClickableLabel> self(this);
+    Q_EMIT clicked();
+    if (self)
+        QLabel::mousePressEvent(event);
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QLabel>
+
+/// A label that reports each press of a mouse button on it, whichever button it is.
+///
+/// It has no look of its own and takes no keyboard focus: where the keyboard must reach it too, use
+/// a button. It may be deleted in a slot of clicked(). It belongs to its parent.
+///
+///     auto *title = new ClickableLabel(tr("Details"), header);
+///     connect(title, SIGNAL(clicked()), this, SLOT(slotToggleDetails()));
+class VEMO_EXPORT ClickableLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit ClickableLabel(const QString &text, QWidget *parent = nullptr);
+
+Q_SIGNALS:
+    void clicked();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+};

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/clickablelabel.h>
+
+/// A clickable label that looks like a hyperlink under the pointer (pointing hand, underline) and
+/// carries its target. It does not open the target: that is its owner's part.
+///
+/// The hand is an override cursor of the application. Should the label be hidden, disabled or
+/// deleted under the pointer, it takes back the hand that it set, and no other cursor.
+///
+///     auto *link = new LinkLabel(tr("Licence"), about);
+///     link->setHyperLink("https://example.com/licence");
+///     connect(link, SIGNAL(clicked()), this, SLOT(slotOpenLicence())); // reads getHyperLink()
+class VEMO_EXPORT LinkLabel : public ClickableLabel
+{
+public:
+    /// Deliberate: the parent is declared as a label; it is taken as any widget parent.
+    explicit LinkLabel(const QString &text, QLabel *parent = nullptr);
+    ~LinkLabel() override;
+
+    void setHyperLink(const QString &link) { m_hyperLink = link; }
+    QString getHyperLink() const { return m_hyperLink; } ///< empty until set
+
+    /// Whether the text is underlined while the pointer is over it, which it is by default; takes
+    /// effect when the pointer next enters.
+    void setHoverUnderline(bool on) { m_hoverUnderline = on; }
+
+protected:
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void setUnderlined(bool on);
+    void takeHandsBack();
+
+    bool m_hoverUnderline = true;
+    QString m_hyperLink;
+    int m_hands = 0; ///< set on entering, not taken away yet
+    int m_hands_taken_back = 0; ///< of those whose leaving is still to come
+};
