@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include <array>
+#include <vector>
+
+class QHBoxLayout;
+class QLabel;
+class QSignalMapper;
+class VemoButton;
+class VemoIconButton;
+class VemoPagingModel;
+
+/// One label at the right of a VemoPagingBar.
+struct VEMO_EXPORT PagingFooterInfo
+{
+    QString text;
+    int width = 0; ///< in design pixels; 0: as wide as the text, or as the label was before
+};
+
+/// The bar under a long list: to the first page, five pages back, five page numbers around the
+/// current one, five pages on, to the last page; at the right footer labels and a refresh button.
+///
+/// The bar does no paging of its own: it keeps the current page in the host's model and says when
+/// it has moved. Give it a model that lives as long; without one it does nothing but warn. Load
+/// strings, pictures and style files before.
+///
+///     auto *bar = new VemoPagingBar(model, this);
+///     connect(bar, SIGNAL(sigPageChanged()), this, SLOT(slotFillTable()));
+///     bar->setItemCount(items.size());
+///     bar->setFooterText(tr("%n item(s)", nullptr, items.size()));
+class VEMO_EXPORT VemoPagingBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Sets the model to page 1 of no items; shows no page numbers until setItemCount() or reset().
+    /// The model stays the caller's.
+    VemoPagingBar(VemoPagingModel *model, QWidget *parent);
+    ~VemoPagingBar() override;
+
+    /// The two steps of the constructor; there is no need to call them again.
+    virtual void initializeUI();
+    void connectSignals();
+
+    /// Stays on the current page, even if there are too few items for it now, and emits nothing.
+    void setItemCount(int count);
+
+    /// Goes to page 1 and emits sigPageChanged().
+    void reset();
+
+    void setRefreshButtonHidden(bool hidden);
+
+    /// One footer label without a fixed width.
+    void setFooterText(const QString &text);
+    void setFooterInfo(const PagingFooterInfo &info);
+
+    /// The labels from right to left. One that exists gets the new text, and its width if that is
+    /// not 0; those beyond the last info are hidden, but their separators stay.
+    void setFooterInfos(const std::vector<PagingFooterInfo> &infos);
+
+Q_SIGNALS:
+    /// The user, or reset(), chose a page, be it the current one; it is in the model's nowPage().
+    void sigPageChanged();
+    void sigRefresh();
+
+private Q_SLOTS:
+    void pageClick(int page);
+    void next_5_page();
+    void prev_5_page();
+    void first_page();
+    void last_page();
+
+private:
+    void setPage(int page);
+    void goTo(int page);
+    bool hasModel() const;
+    void addPageButtons();
+    void addRefreshButton();
+    void addBorder();
+    QString footerStyle() const;
+    void addFooterLabel(const PagingFooterInfo &info);
+    void dropFooterLabel();
+
+    static constexpr int kSlots = 5;
+
+    QPointer<VemoPagingModel> m_model;
+    QHBoxLayout *m_main_layout = nullptr; ///< of the bordered row
+    QHBoxLayout *m_footer_layout = nullptr; ///< from right to left
+    VemoIconButton *m_first_page_button = nullptr;
+    VemoIconButton *m_prev_5_button = nullptr;
+    VemoIconButton *m_next_5_button = nullptr;
+    VemoIconButton *m_last_page_button = nullptr;
+    std::array<VemoButton *, kSlots> m_page_buttons {}; ///< the middle one is the current page
+    std::vector<QLabel *> m_footer_labels; ///< the first is the rightmost
+    VemoIconButton *m_refresh_button = nullptr;
+    QSignalMapper *m_page_mapper = nullptr; ///< page button to its slot
+};

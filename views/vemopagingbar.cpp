@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemopagingbar.h>
+
+#include "core/logging_p.h"
+#include "core/scaling_p.h"
+
+#include <vemo/componentstrings.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemobutton.h>
+#include <vemo/vemoiconbutton.h>
+#include <vemo/vemopagingmodel.h>
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalMapper>
+
+namespace {
+
+// In design pixels.
+constexpr int kBarHeight = 32;
+constexpr int kButtonSize = 24;
+constexpr int kButtonGap = 4;
+constexpr int kLeftMargin = 8;
+constexpr int kFooterGap = 50;
+
+constexpr int kMiddle = 2;
+constexpr int kLeap = 5;
+
+constexpr Qt::Alignment kAtLeft = Qt::AlignLeft | Qt::AlignVCenter;
+constexpr Qt::Alignment kCentred = Qt::AlignHCenter | Qt::AlignVCenter;
+constexpr Qt::Alignment kAtRight = Qt::AlignRight | Qt::AlignVCenter;
+
+QString text(const char *key)
+{
+    return ComponentStrings::getInstance().getString(QLatin1String(key));
+}
+
+VemoIconButton *navigationButton(const char *picture, const char *toolTipKey)
+{
+    auto *button = new VemoIconButton(QLatin1String(picture));
+    button->setToolTip(text(toolTipKey));
+    return button;
+}
+
+} // namespace
+
+VemoPagingBar::VemoPagingBar(VemoPagingModel *model, QWidget *parent)
+    : QWidget(parent), m_model(model)
+{
+    if (hasModel()) {
+        m_model->setNowPage(1);
+        m_model->setItemCount(0);
+    }
+    m_page_mapper = new QSignalMapper(this);
+    m_first_page_button = navigationButton("bt_pagebar_backend", "first_page");
+    m_prev_5_button = navigationButton("bt_pagebar_back", "prev_5_pages");
+    m_last_page_button = navigationButton("bt_pagebar_nextend", "last_page");
+    m_next_5_button = navigationButton("bt_pagebar_next", "next_5_pages");
+    VemoPagingBar::initializeUI();
+    connectSignals();
+}
+
+VemoPagingBar::~VemoPagingBar() = default;
+
+void VemoPagingBar::initializeUI()
+{
+    if (m_main_layout)
+        return;
+    m_main_layout = new QHBoxLayout;
+    m_main_layout->setSpacing(0);
+    // Deliberate: the single pixel at the top makes room for the border's line.
+    m_main_layout->setContentsMargins(0, scaled(1), 0, 0);
+    m_main_layout->addSpacing(scaled(kLeftMargin));
+    m_main_layout->setAlignment(Qt::AlignVCenter);
+
+    m_main_layout->addWidget(m_first_page_button, 0, kAtLeft);
+    m_main_layout->addSpacing(scaled(kButtonGap));
+    m_main_layout->addWidget(m_prev_5_button, 0, kAtLeft);
+    addPageButtons();
+    m_main_layout->addWidget(m_next_5_button, 0, kAtRight);
+    m_main_layout->addWidget(m_last_page_button, 0, kAtRight);
+    m_main_layout->addStretch(0);
+    addRefreshButton();
+    addBorder();
+}
+
+void VemoPagingBar::connectSignals()
+{
+    connect(m_refresh_button, SIGNAL(clicked()), this, SIGNAL(sigRefresh()));
+    connect(m_first_page_button, SIGNAL(clicked()), this, SLOT(first_page()));
+    connect(m_last_page_button, SIGNAL(clicked()), this, SLOT(last_page()));
+    connect(m_next_5_button, SIGNAL(clicked()), this, SLOT(next_5_page()));
+    connect(m_prev_5_button, SIGNAL(clicked()), this, SLOT(prev_5_page()));
+}
+
+void VemoPagingBar::setItemCount(int count)
+{
+    if (!hasModel())
+        return;
+    m_model->setItemCount(count);
+    setPage(m_model->nowPage());
+}
+
+void VemoPagingBar::reset()
+{
+    first_page();
+}
+
+void VemoPagingBar::setRefreshButtonHidden(bool hidden)
+{
+    m_refresh_button->setHidden(hidden);
+}
+
+void VemoPagingBar::setFooterText(const QString &text)
+{
+    setFooterInfo({text, 0});
+}
+
+void VemoPagingBar::setFooterInfo(const PagingFooterInfo &info)
+{
+    setFooterInfos({info});
+}
+
+void VemoPagingBar::setFooterInfos(const std::vector<PagingFooterInfo> &infos)
+{
+    for (size_t k = 0; k < infos.size(); ++k) {
+        if (k == m_footer_labels.size()) {
+            addFooterLabel(infos[k]);
+            continue;
+        }
+        m_footer_labels[k]->setText(infos[k].text);
+        if (infos[k].width != 0)
+            m_footer_labels[k]->setFixedWidth(scaled(infos[k].width));
+    }
+    while (m_footer_labels.size() > infos.size())
+        dropFooterLabel();
+}
+
+void VemoPagingBar::pageClick(int page)
+{
+    goTo(m_page_buttons[page]->text().toInt());
+}
+
+void VemoPagingBar::next_5_page()
+{
+    if (hasModel())
+        goTo(static_cast<int>(
+            qMin<qint64>(qint64(m_model->nowPage()) + kLeap, m_model->pageCount())));
+}
+
+void VemoPagingBar::prev_5_page()
+{
+    if (hasModel())
+        goTo(static_cast<int>(qMax<qint64>(qint64(m_model->nowPage()) - kLeap, 1)));
+}
+
+void VemoPagingBar::first_page()
+{
+    goTo(1);
+}
+
+void VemoPagingBar::last_page()
+{
+    if (hasModel())
+        goTo(m_model->pageCount());
+}
+
+void VemoPagingBar::setPage(int page)
+{
+    const int pageCount = m_model->pageCount();
+    for (int slot = 0; slot < kSlots; ++slot) {
+        const qint64 number = qint64(page) - kMiddle + slot;
+        const bool exists = number > 0 && number <= pageCount;
+        m_page_buttons[slot]->setText(exists ? QString::number(number) : QStringLiteral(" "));
+        m_page_buttons[slot]->setEnabled(exists);
+    }
+    m_next_5_button->setEnabled(page < pageCount);
+    m_last_page_button->setEnabled(page < pageCount);
+    m_prev_5_button->setEnabled(page != 1);
+    m_first_page_button->setEnabled(page != 1);
+    // Deliberate: a page beyond the last one is kept as well.
+    m_model->setNowPage(page);
+}
+
+void VemoPagingBar::goTo(int page)
+{
+    if (!hasModel())
+        return;
+    setPage(page);
+    Q_EMIT sigPageChanged();
+}
+
+bool VemoPagingBar::hasModel() const
+{
+    if (!m_model)
+        qCWarning(vemoLog) << "Paging bar has no model";
+    return m_model;
+}
+
+void VemoPagingBar::addPageButtons()
+{
+    for (int slot = 0; slot < kSlots; ++slot) {
+        if (slot > 0)
+            m_main_layout->addSpacing(scaled(kButtonGap));
+        const auto role =
+            slot == kMiddle ? VemoButton::SELECT_PAGING : VemoButton::NONSELECT_PAGING;
+        auto *button = new VemoButton(QString(), role);
+        button->setFixedHeight(scaled(kButtonSize));
+        button->setMinimumWidth(scaled(kButtonSize));
+        connect(button, SIGNAL(clicked()), m_page_mapper, SLOT(map()));
+        m_main_layout->addWidget(button, 0, kCentred);
+        m_page_mapper->setMapping(button, slot);
+        m_page_buttons[slot] = button;
+    }
+    m_page_buttons[kMiddle]->setText(QStringLiteral("1"));
+    connect(m_page_mapper, SIGNAL(mappedInt(int)), this, SLOT(pageClick(int)));
+}
+
+void VemoPagingBar::addRefreshButton()
+{
+    m_refresh_button = new VemoIconButton(QStringLiteral("bt_pagebar_refresh"));
+    m_refresh_button->setAccessibleName(text("pagebar_refresh"));
+    m_refresh_button->setFixedSize(scaled(kButtonSize), scaled(kButtonSize));
+
+    m_footer_layout = new QHBoxLayout;
+    m_footer_layout->setDirection(QBoxLayout::RightToLeft);
+    m_footer_layout->setAlignment(kAtRight);
+    m_footer_layout->setSpacing(scaled(kButtonGap));
+    m_footer_layout->setContentsMargins(0, 0, 0, 0);
+    m_footer_layout->addWidget(m_refresh_button, 0, kCentred);
+    m_main_layout->addSpacing(scaled(kFooterGap));
+    m_main_layout->addLayout(m_footer_layout);
+}
+
+void VemoPagingBar::addBorder()
+{
+    auto *border = new QWidget;
+    border->setLayout(m_main_layout);
+    border->setObjectName(QStringLiteral("PAGINGBARBORDER"));
+    border->setStyleSheet(getStyleSheet("component.paging_bar_border"));
+    border->setFixedHeight(scaled(kBarHeight));
+
+    auto *barLayout = new QHBoxLayout;
+    barLayout->setSpacing(0);
+    barLayout->setContentsMargins(0, 0, 0, 0);
+    barLayout->addWidget(border);
+    setLayout(barLayout);
+}
+
+/// Of the next label to be added.
+QString VemoPagingBar::footerStyle() const
+{
+    // A bar that was never shown counts as one without a refresh button.
+    const bool isRefreshHidden =
+        m_refresh_button->isHidden() || !window()->testAttribute(Qt::WA_WState_ExplicitShowHide);
+    return m_footer_labels.empty() && isRefreshHidden
+        ? getStyleSheet("component.paging_bar_rightmost_label")
+        : getStyleSheet("component.paging_bar_label");
+}
+
+void VemoPagingBar::addFooterLabel(const PagingFooterInfo &info)
+{
+    auto *label = new QLabel(info.text);
+    label->setAlignment(kAtRight);
+    label->setFixedHeight(scaled(kButtonSize));
+    if (info.width != 0)
+        label->setFixedWidth(scaled(info.width));
+    label->setStyleSheet(footerStyle());
+    m_footer_labels.push_back(label);
+
+    auto *separator = new QLabel;
+    separator->setFixedSize(scaled(1), scaled(kButtonSize));
+    separator->setStyleSheet(QStringLiteral("QLabel {background: rgba(171,181,194,0.20);}"));
+    m_footer_layout->addWidget(separator, 0, Qt::AlignVCenter);
+    m_footer_layout->addWidget(label, 0, Qt::AlignVCenter);
+}
+
+void VemoPagingBar::dropFooterLabel()
+{
+    // Deliberate: the label stays a hidden child of the bar, and its separator stays where it is.
+    QLabel *label = m_footer_labels.back();
+    label->hide();
+    m_footer_layout->removeWidget(label);
+    m_footer_labels.pop_back();
+}
