@@ -24,6 +24,9 @@ set(CMAKE_AUTOMOC ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 add_compile_options(-Wall -Wextra -Wpedantic)
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  add_compile_options(-Wno-gnu-zero-variadic-macro-arguments) # Qt's logging macros
+endif()
 if(VEMO_WARNINGS_AS_ERRORS)
   add_compile_options(-Werror)
 endif()
