@@ -92,7 +92,7 @@ public:
         const int end = qMin(m_length.unit, point + 1 + kFractionDigits);
         return end - m_significant <= kExactDigits
             ? exactNumber(point, end)
-            : m_sheet.mid(m_significant, end - m_significant).toDouble();
+            : m_sheet.midRef(m_significant, end - m_significant).toDouble();
     }
 
 private:

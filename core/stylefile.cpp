@@ -41,7 +41,7 @@ QString withoutRuns(const QString &text, QChar second, QLatin1String closer)
 
 bool isHeader(QStringView line)
 {
-    constexpr QLatin1String mark("==");
+    const QLatin1String mark("==");
     return line.startsWith(mark) && line.endsWith(mark);
 }
 
