@@ -9,6 +9,7 @@
 #include <QVarLengthArray>
 
 #include <charconv>
+#include <limits>
 
 namespace {
 
@@ -76,48 +77,55 @@ Lengths allLengths(const QString &sheet)
 class NumberReader
 {
 public:
-    NumberReader(const QString &sheet, const Length &length)
-        : m_sheet(sheet), m_length(length), m_significant(length.start)
-    {
-    }
+    NumberReader(const QString &sheet, const Length &length) : m_sheet(sheet), m_length(length) { }
 
     double numberFrom(int start)
     {
         const int point = start <= m_length.point ? m_length.point : m_length.unit;
-        m_significant = qMax(m_significant, start);
-        while (m_significant < point && m_sheet[m_significant] == QLatin1Char('0'))
-            ++m_significant;
-        if (point - m_significant > kExactDigits)
-            return std::numeric_limits<double>::infinity(); // Beyond any int, whatever the factor.
-        const int end = qMin(m_length.unit, point + 1 + kFractionDigits);
-        return end - m_significant <= kExactDigits
-            ? exactNumber(point, end)
-            : m_sheet.midRef(m_significant, end - m_significant).toDouble();
+        int digit = qMax(m_digit, start);
+        while (digit < point && m_sheet[digit] == QLatin1Char('0'))
+            ++digit;
+        if (digit != m_digit || point != m_point) {
+            m_digit = digit;
+            m_point = point;
+            m_number = number();
+        }
+        return m_number;
     }
 
 private:
     // A whole number of 15 digits and a power of ten up to 22 are exact doubles, so is their
     // quotient rounded just as text would be.
     static constexpr int kExactDigits = 15;
-    // More digits can't move a length by a pixel.
-    static constexpr int kFractionDigits = 40;
 
-    double exactNumber(int point, int end) const
+    double number() const
+    {
+        if (m_point - m_digit > kExactDigits)
+            return std::numeric_limits<double>::infinity(); // Beyond any int, whatever the factor.
+        return m_length.unit - m_digit <= kExactDigits
+            ? exactNumber()
+            : m_sheet.midRef(m_digit, m_length.unit - m_digit).toDouble();
+    }
+
+    double exactNumber() const
     {
         qint64 digits = 0;
         double divisor = 1;
-        for (int i = m_significant; i < end; ++i) {
-            if (i == point)
+        for (int i = m_digit; i < m_length.unit; ++i) {
+            if (i == m_point)
                 continue;
             digits = digits * 10 + (m_sheet[i].unicode() - '0');
-            divisor = i > point ? divisor * 10 : divisor;
+            divisor = i > m_point ? divisor * 10 : divisor;
         }
         return static_cast<double>(digits) / divisor;
     }
 
     const QString &m_sheet;
     const Length m_length;
-    int m_significant;
+    // The number read last: a later place in front of the same digits needs no reading again.
+    int m_digit = -1; ///< its first digit but zeros
+    int m_point = -1;
+    double m_number = 0;
 };
 
 void appendPixels(QString &result, int pixels)

@@ -56,6 +56,8 @@ QString unknownType()
 
 std::map<QString, QString, FileTypeMap::CaseLessCompare>
     FileTypeMap::m_file_type_map; // clazy:exclude=non-pod-global-static
+QHash<QString, FileTypeMap::IconNames>
+    FileTypeMap::m_icon_names; // clazy:exclude=non-pod-global-static
 
 bool FileTypeMap::CaseLessCompare::operator()(const QString &a, const QString &b) const
 {

@@ -2,6 +2,7 @@
 #include <vemo/imagemanager.h>
 
 #include "core/logging_p.h"
+#include "core/textfile_p.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/uipathmanager.h>
@@ -93,11 +94,10 @@ const QString &ImageManager::getTempImageFolder() const
 
 void ImageManager::readJson()
 {
-    QFile file(UIPathManager::getInstance().getPath(QStringLiteral("resource_path"))
-        + QLatin1String("/images.json"));
-    const bool isOpen = file.open(QIODevice::ReadOnly | QIODevice::Text);
+    const QString text =
+        textOfFile(UIPathManager::getInstance().getPath(QStringLiteral("resource_path"))
+            + QLatin1String("/images.json"));
     // By way of a string, so that a byte that isn't UTF-8 spoils one name and not the catalogue.
-    const QString text = QString::fromUtf8(isOpen ? file.readAll() : QByteArray());
     const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
     const QJsonArray names = catalogue.value(QLatin1String("images")).toArray();
     for (const QJsonValue &name : names)

@@ -20,11 +20,14 @@ QString withoutRuns(const QString &text, QChar second, QLatin1String closer)
     QString kept;
     kept.reserve(text.size());
     int copied = 0;
+    int lineEnd = 0;
     int slash = text.indexOf(QLatin1Char('/'));
     while (slash >= 0 && slash + 1 < text.size()) {
         int next = slash + 1;
         if (text[next] == second) {
-            const int lineEnd = behindLine(text, slash);
+            // Once a line, however many comments are on it.
+            if (lineEnd <= slash)
+                lineEnd = behindLine(text, slash);
             const QStringView rest = QStringView(text).mid(slash + 2, lineEnd - slash - 2);
             const int length = static_cast<int>(rest.indexOf(closer));
             next = lineEnd;
@@ -37,6 +40,18 @@ QString withoutRuns(const QString &text, QChar second, QLatin1String closer)
         slash = text.indexOf(QLatin1Char('/'), next);
     }
     return copied == 0 ? text : kept.append(text.constData() + copied, text.size() - copied);
+}
+
+/// text with "\n" behind every line, the last one too.
+QString withLineBreaks(QString text)
+{
+    // Files are read without any "\r"; only a folder's name can bring one.
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    if (text.endsWith(QLatin1Char('\r')))
+        text.chop(1);
+    else if (text.isEmpty() || text.endsWith(kLineBreak))
+        return text;
+    return text += kLineBreak;
 }
 
 bool isHeader(QStringView line)
@@ -64,35 +79,34 @@ QString withoutComments(const QString &text)
 
 void storeSections(const QString &text, std::map<QString, QString> &sections)
 {
+    const QString lines = withLineBreaks(text);
     QString key;
     QString section;
     int sectionStart = 0;
-    const auto take = [&](int end) {
-        if (end <= sectionStart)
+    const auto takeLinesUpTo = [&](int end) {
+        if (end == sectionStart)
             return;
         section.append(kLineBreak);
-        section.append(text.constData() + sectionStart, end - 1 - sectionStart);
+        section.append(lines.constData() + sectionStart, end - 1 - sectionStart);
     };
-    int lineStart = 0;
-    while (lineStart < text.size()) {
-        const int nextLine = behindLine(text, lineStart);
-        const bool isBroken = text[nextLine - 1] == kLineBreak;
-        const QStringView line =
-            QStringView(text).mid(lineStart, nextLine - lineStart - (isBroken ? 1 : 0));
-        if (isHeader(line)) {
-            take(lineStart);
-            // Deliberate: text before the first header, or under an empty key, goes in front of the
-            // next section.
-            if (!key.isEmpty()) {
-                sections[key] = section;
-                section.clear();
-            }
-            key = keyOf(line);
-            sectionStart = nextLine;
-        }
-        lineStart = nextLine;
-    }
-    take(text.endsWith(kLineBreak) ? text.size() : text.size() + 1);
-    if (!key.isEmpty())
+    const auto store = [&] {
+        // Deliberate: text before the first header, or under an empty key, goes in front of the
+        // next section.
+        if (key.isEmpty())
+            return;
         sections[key] = section;
+        section.clear();
+    };
+    for (int lineStart = 0, nextLine = 0; lineStart < lines.size(); lineStart = nextLine) {
+        nextLine = behindLine(lines, lineStart);
+        const QStringView line = QStringView(lines).mid(lineStart, nextLine - 1 - lineStart);
+        if (!isHeader(line))
+            continue;
+        takeLinesUpTo(lineStart);
+        store();
+        key = keyOf(line);
+        sectionStart = nextLine;
+    }
+    takeLinesUpTo(lines.size());
+    store();
 }

@@ -8,8 +8,7 @@
 
 #include <map>
 
-/// text without its comments: each slash-star comment that ends on its own line, and after that
-/// each
+/// text without its comments: first each slash-star comment that ends on its own line, then each
 /// "//" comment together with its line break.
 VEMO_TEST_EXPORT QString withoutComments(const QString &text);
 

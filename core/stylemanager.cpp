@@ -3,29 +3,12 @@
 
 #include "core/logging_p.h"
 #include "core/stylefile_p.h"
+#include "core/textfile_p.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 
 #include <QFile>
-
-namespace {
-
-QString textOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.exists()) {
-        qCWarning(vemoLog) << "file" << path << "not exist";
-        return {};
-    }
-    // Deliberate: a file that can't be opened leaves only its line break, and no warning.
-    file.open(QIODevice::ReadOnly | QIODevice::Text);
-    const QByteArray bytes = file.isOpen() ? file.readAll() : QByteArray();
-    // With its size: without, the text would end at the first NUL.
-    return QString::fromUtf8(bytes.constData(), bytes.size()) + QLatin1Char('\n');
-}
-
-} // namespace
 
 StyleManager &StyleManager::getInstance()
 {
@@ -36,8 +19,13 @@ StyleManager &StyleManager::getInstance()
 void StyleManager::initialize(const std::vector<QString> &paths)
 {
     QString text;
-    for (const QString &path : paths)
-        text += textOf(path);
+    for (const QString &path : paths) {
+        // Deliberate: a file that can't be opened leaves only its line break, and no warning.
+        if (QFile::exists(path))
+            text += textOfFile(path) + QLatin1Char('\n');
+        else
+            qCWarning(vemoLog) << "file" << path << "not exist";
+    }
     // "TMPIMG_LOC" holds "IMG_LOC", so it goes first.
     text.replace(QLatin1String("TMPIMG_LOC"), ImageManager::getInstance().getTempImageFolder());
     text.replace(QLatin1String("IMG_LOC"), ImageManager::getInstance().getImageFolder());

@@ -41,8 +41,8 @@ private:
 
     FileTypeMap();
 
-    void addIconNames(const QString &type);
+    static void addIconNames(const QString &type);
 
     static std::map<QString, QString, CaseLessCompare> m_file_type_map;
-    QHash<QString, IconNames> m_icon_names;
+    static QHash<QString, IconNames> m_icon_names;
 };

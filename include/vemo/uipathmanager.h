@@ -13,10 +13,9 @@
 /// "user_data_path" (a writable folder for generated pictures); a host may keep its own keys here
 /// too. Register paths without a trailing slash: style files must not see "//".
 ///
-///     UIPathManager &paths = UIPathManager::getInstance();
-///     paths.setPath("resource_path", ":/vemo/theme");
-///     paths.setPath("user_data_path",
-///     QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+///     const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+///     UIPathManager::getInstance().setPath("resource_path", ":/vemo/theme");
+///     UIPathManager::getInstance().setPath("user_data_path", cache);
 class VEMO_EXPORT UIPathManager
 {
 public:

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/dpiinfo.h>
+
+#include "core/styleoracles.h"
+#include "support/vemotest.h"
+
+class ScaledTextsTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aMillionRandomSheetsComeOutAsTheRulesSay_data();
+    void aMillionRandomSheetsComeOutAsTheRulesSay();
+};
+
+void ScaledTextsTest::aMillionRandomSheetsComeOutAsTheRulesSay_data()
+{
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 10; ++seed)
+        QTest::addRow("100,000 texts from seed %u", seed) << seed;
+}
+
+void ScaledTextsTest::aMillionRandomSheetsComeOutAsTheRulesSay()
+{
+    QFETCH(quint32, seed);
+    const DPIinfo &info = DPIinfo::getInstance();
+    RandomTexts texts(seed, lengthPieces());
+    for (int i = 0; i < 100000; ++i) {
+        const QString sheet = texts.next();
+        const bool isRight = info.getScaledStyleSheet(sheet) == scaledByRules(sheet, info.getDPI());
+        QVERIFY2(isRight, QTest::toString(sheet));
+    }
+}
+
+VEMO_TEST_MAIN(ScaledTextsTest)
+#include "tst_scaledtexts.moc"
