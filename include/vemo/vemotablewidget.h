@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QTableWidget>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class QHeaderView;
+class QScrollArea;
+
+/// The columns of a VemoTableWidget, from left to right.
+class VEMO_EXPORT VemoTableColumnsInfo
+{
+public:
+    /// Adds a column and returns its index. The width, in design pixels, is that of a fixed column
+    /// and the least one of a proportional column, which the user can drag and which takes the
+    /// share ratio (0.3 for 30 %) of what the other columns leave free. With ratio 0.0 it takes no
+    /// share.
+    int addColumn(const QString &name, int width, bool proportional, double ratio);
+
+private:
+    friend class VemoTableWidget;
+
+    struct Column
+    {
+        QString name;
+        int width = 0; ///< in design pixels
+        bool proportional = false;
+        double ratio = 0.0;
+
+        bool takesShare() const { return proportional && ratio != 0.0; }
+    };
+
+    std::vector<Column> m_columns;
+};
+
+/// A table that says when it is resized, before it lays itself out anew.
+class VEMO_EXPORT ResizeSignalTableWidget : public QTableWidget
+{
+    Q_OBJECT
+
+public:
+    ResizeSignalTableWidget(int rows, int columns);
+
+Q_SIGNALS:
+    /// The new size of the viewport, in screen pixels.
+    void sigResized(QSize size);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+};
+
+/// A read-only table of whole rows under a header of its own, with fixed columns and columns that
+/// share the free width. Not for data of any size: it holds an item for each cell; page through a
+/// long list with a VemoPagingBar.
+///
+/// The header is a widget beside the table, which reaches over the table's scroll bar too and
+/// scrolls sideways with it. Its clicks are not wired: a host that sorts makes the sections
+/// clickable and listens to getHeader(). Load the style files before.
+///
+///     VemoTableColumnsInfo columns;
+///     columns.addColumn(tr("Name"), 120, true, 1.0);
+///     columns.addColumn(tr("Size"), 80, false, 0.0);
+///     auto *files = new VemoTableWidget(columns, this);
+///     files->getTable()->setRowCount(1);
+class VEMO_EXPORT VemoTableWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    VemoTableWidget(const VemoTableColumnsInfo &columns, QWidget *parent);
+    ~VemoTableWidget() override;
+
+    /// Both stay the widget's. The header has one section more than the table has columns.
+    QHeaderView *getHeader();
+    QTableWidget *getTable();
+
+public Q_SLOTS:
+    /// Gives the proportional columns their shares of size's width, also after the user dragged
+    /// them.
+    void slotTableResized(QSize size);
+
+    /// Makes a column of the table as wide as its section of the header.
+    void slotSectionResized(int index, int old_size, int new_size);
+
+    /// Hides the vertical scroll bar when there is nothing to scroll; its room stays.
+    void slotVerticalScrollRangeChanged(int min, int max);
+
+private:
+    void initailze(); // deliberately spelt so
+    void makeHeader();
+    void setSectionSizes();
+    void setupTable();
+    void setupLayout();
+    void connectParts();
+
+    VemoTableColumnsInfo m_columns;
+    /// Never shown, and no child, which would be shown with its parent; holds the header's labels.
+    std::unique_ptr<QTableWidget> m_header_table;
+    QScrollArea *m_header_scroll_area = nullptr;
+    QHeaderView *m_header = nullptr;
+    ResizeSignalTableWidget *m_table = nullptr;
+};

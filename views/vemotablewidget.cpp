@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemotablewidget.h>
+
+#include "core/scaling_p.h"
+
+#include <vemo/stylemanager.h>
+
+#include <QHeaderView>
+#include <QResizeEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace {
+
+// In design pixels.
+constexpr int kHeaderWidth = 20000; // wide enough to run past any table and be scrolled
+constexpr int kHeaderHeight = 30;
+constexpr int kRowHeight = 28;
+constexpr int kExtraWidth = 12; // above the vertical scroll bar
+
+} // namespace
+
+int VemoTableColumnsInfo::addColumn(const QString &name, int width, bool proportional, double ratio)
+{
+    m_columns.push_back({name, width, proportional, ratio});
+    return static_cast<int>(m_columns.size()) - 1;
+}
+
+ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns)
+    : QTableWidget(rows, columns)
+{
+}
+
+void ResizeSignalTableWidget::resizeEvent(QResizeEvent *event)
+{
+    Q_EMIT sigResized(event->size());
+    QTableWidget::resizeEvent(event);
+}
+
+VemoTableWidget::VemoTableWidget(const VemoTableColumnsInfo &columns, QWidget *parent)
+    : QWidget(parent), m_columns(columns)
+{
+    initailze();
+}
+
+VemoTableWidget::~VemoTableWidget() = default;
+
+QHeaderView *VemoTableWidget::getHeader()
+{
+    return m_header;
+}
+
+QTableWidget *VemoTableWidget::getTable()
+{
+    return m_table;
+}
+
+void VemoTableWidget::slotTableResized(QSize size)
+{
+    double fixedSum = 0;
+    for (const auto &column : m_columns.m_columns) {
+        if (!column.takesShare())
+            fixedSum += column.width;
+    }
+    // Deliberate: the extra section is not subtracted.
+    const int free = truncToInt(size.width() - fixedSum * DPIinfo::getInstance().getDPI());
+    int section = 0;
+    for (const auto &column : m_columns.m_columns) {
+        if (column.takesShare()) {
+            const int share = truncToInt(free * column.ratio);
+            m_header->resizeSection(section, qMax(share, scaled(column.width)));
+        }
+        ++section;
+    }
+}
+
+void VemoTableWidget::slotSectionResized(int index, int /*old_size*/, int new_size)
+{
+    m_table->horizontalHeader()->resizeSection(index, new_size);
+}
+
+void VemoTableWidget::slotVerticalScrollRangeChanged(int /*min*/, int max)
+{
+    m_table->verticalScrollBar()->setVisible(max != 0);
+}
+
+void VemoTableWidget::initailze()
+{
+    makeHeader();
+    m_table = new ResizeSignalTableWidget(0, static_cast<int>(m_columns.m_columns.size()));
+    setSectionSizes();
+    setupTable();
+    setupLayout();
+    connectParts();
+}
+
+void VemoTableWidget::makeHeader()
+{
+    QStringList labels;
+    for (const auto &column : m_columns.m_columns)
+        labels << column.name;
+    labels << QString();
+
+    m_header_table = std::make_unique<QTableWidget>(0, labels.size());
+    m_header = new QHeaderView(Qt::Horizontal);
+    m_header->setModel(m_header_table->model());
+    m_header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_header->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_header->setStyleSheet(getStyleSheet("component.table_header"));
+    m_header->setFixedSize(scaled(kHeaderWidth), scaled(kHeaderHeight));
+    m_header_table->setHorizontalHeaderLabels(labels);
+}
+
+void VemoTableWidget::setSectionSizes()
+{
+    QHeaderView *const labels = m_header_table->horizontalHeader();
+    QHeaderView *const columns = m_table->horizontalHeader();
+
+    int narrowest = scaled(kExtraWidth);
+    for (const auto &column : m_columns.m_columns)
+        narrowest = qMin(narrowest, scaled(column.width));
+    // The style's own least width is more than what may be asked for.
+    for (QHeaderView *header : {m_header, labels, columns})
+        header->setMinimumSectionSize(qMax(narrowest, 0));
+
+    int section = 0;
+    for (const auto &column : m_columns.m_columns) {
+        const auto mode = column.proportional ? QHeaderView::Interactive : QHeaderView::Fixed;
+        for (QHeaderView *header : {m_header, labels, columns})
+            header->resizeSection(section, scaled(column.width));
+        for (QHeaderView *header : {m_header, columns})
+            header->setSectionResizeMode(section, mode);
+        ++section;
+    }
+    m_header->resizeSection(section, scaled(kExtraWidth));
+    labels->resizeSection(section, scaled(kExtraWidth));
+    m_header->setSectionResizeMode(section, QHeaderView::Fixed);
+}
+
+void VemoTableWidget::setupTable()
+{
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->verticalHeader()->hide();
+    m_table->horizontalHeader()->hide();
+    m_table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    m_table->verticalScrollBar()->hide();
+    m_table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_table->verticalHeader()->setDefaultSectionSize(scaled(kRowHeight));
+    m_table->setStyleSheet(getStyleSheet("component.table") + getStyleSheet("component.scrollbar"));
+    m_table->setShowGrid(false);
+}
+
+void VemoTableWidget::setupLayout()
+{
+    m_header_scroll_area = new QScrollArea;
+    m_header_scroll_area->setFixedHeight(scaled(kHeaderHeight));
+    m_header_scroll_area->setFocusPolicy(Qt::NoFocus);
+    m_header_scroll_area->setWidget(m_header);
+    m_header_scroll_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_header_scroll_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_header_scroll_area->setStyleSheet(QStringLiteral("QScrollArea { border: none; }"));
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setSpacing(0);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_header_scroll_area);
+    layout->addWidget(m_table);
+}
+
+void VemoTableWidget::connectParts()
+{
+    connect(m_header, SIGNAL(sectionResized(int, int, int)), this,
+        SLOT(slotSectionResized(int, int, int)));
+    connect(m_table->verticalScrollBar(), SIGNAL(rangeChanged(int, int)), this,
+        SLOT(slotVerticalScrollRangeChanged(int, int)));
+    connect(m_table->horizontalScrollBar(), SIGNAL(valueChanged(int)),
+        m_header_scroll_area->horizontalScrollBar(), SLOT(setValue(int)));
+    connect(m_table, SIGNAL(sigResized(QSize)), this, SLOT(slotTableResized(QSize)));
+}
