@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "gallery/gallerywindow.h"
+
+#include "core/scaling_p.h"
+#include "gallery/look.h"
+#include "gallery/page.h"
+
+#include <vemo/componentstrings.h>
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QStackedWidget>
+
+namespace {
+
+// All in design pixels.
+constexpr QSize kWindowSize(1168, 760);
+constexpr int kSidebarWidth = 232;
+constexpr int kSidebarMargin = 16;
+constexpr int kSidebarGap = 12;
+
+template <typename Widget> Widget *named(const char *name, Widget *widget)
+{
+    widget->setObjectName(name);
+    return widget;
+}
+
+} // namespace
+
+GalleryWindow::GalleryWindow(const Options &options)
+    : m_options(options), m_pages(pages()), m_search(named("search", new QLineEdit)),
+      m_list(named("pageList", new QListWidget)),
+      m_nothingFound(named("nothingFound", new QLabel("No page matches."))),
+      m_stack(new QStackedWidget)
+{
+    setObjectName("galleryWindow");
+    setWindowTitle(ComponentStrings::getInstance().getString("gallery.title"));
+    setWindowIcon(getGlobalImage("app_img"));
+    setStyleSheet(galleryStyle());
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(newSidebar());
+    layout->addWidget(m_stack, 1);
+    addPages();
+    connectParts();
+    resize(scaled(kWindowSize.width()), scaled(kWindowSize.height()));
+    showPage(m_options.page.isEmpty() ? 0 : pageIndex(m_options.page));
+    m_list->setFocus();
+}
+
+void GalleryWindow::showPage(int index)
+{
+    m_list->setCurrentRow(index);
+}
+
+void GalleryWindow::growToPage()
+{
+    const auto *area = qobject_cast<QScrollArea *>(m_stack->currentWidget());
+    if (!area)
+        return;
+    // Twice: a page that grew wider breaks its lines elsewhere.
+    for (int pass = 0; pass < 2; ++pass) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        area->widget()->layout()->activate();
+        resize(width() + area->horizontalScrollBar()->maximum(),
+            height() + area->verticalScrollBar()->maximum());
+    }
+}
+
+bool GalleryWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_search || event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key == Qt::Key_Escape) {
+        m_search->clear();
+        return true;
+    }
+    if (key != Qt::Key_Up && key != Qt::Key_Down)
+        return QWidget::eventFilter(watched, event);
+    // The list follows the arrows while the user goes on typing.
+    QCoreApplication::sendEvent(m_list, event);
+    return true;
+}
+
+void GalleryWindow::slotPageChosen(int row)
+{
+    if (row >= 0)
+        m_stack->setCurrentWidget(builtPage(row));
+}
+
+void GalleryWindow::slotFilter(const QString &query)
+{
+    int firstFound = -1;
+    for (int row = 0; row < m_list->count(); ++row) {
+        const bool isFound = matches(m_pages[row], query);
+        m_list->item(row)->setHidden(!isFound);
+        if (isFound && firstFound < 0)
+            firstFound = row;
+    }
+    const QListWidgetItem *current = m_list->currentItem();
+    if (firstFound >= 0 && (!current || current->isHidden()))
+        m_list->setCurrentRow(firstFound);
+    m_nothingFound->setVisible(firstFound < 0);
+}
+
+void GalleryWindow::slotSearch()
+{
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+QWidget *GalleryWindow::newSidebar()
+{
+    auto *sidebar = named("sidebar", new QFrame);
+    sidebar->setFixedWidth(scaled(kSidebarWidth));
+    auto *layout = new QVBoxLayout(sidebar);
+    const int margin = scaled(kSidebarMargin);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(scaled(kSidebarGap));
+    layout->addWidget(named("sidebarTitle", new QLabel(windowTitle())));
+    layout->addWidget(m_search);
+    layout->addWidget(m_nothingFound);
+    layout->addWidget(m_list, 1);
+
+    m_search->addAction(QIcon(getGlobalImage("bt_search")), QLineEdit::LeadingPosition);
+    m_search->setPlaceholderText("Search (Ctrl+F)");
+    m_search->setAccessibleName("Search pages");
+    m_search->setClearButtonEnabled(true);
+    m_search->installEventFilter(this);
+    m_list->setAccessibleName("Pages");
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_nothingFound->hide();
+    return sidebar;
+}
+
+void GalleryWindow::addPages()
+{
+    for (const PageEntry &page : m_pages) {
+        m_list->addItem(page.title);
+        m_stack->addWidget(new QScrollArea);
+    }
+}
+
+void GalleryWindow::connectParts()
+{
+    auto *shortcut = new QShortcut(QKeySequence::Find, this);
+    connect(shortcut, SIGNAL(activated()), this, SLOT(slotSearch()));
+    connect(m_search, SIGNAL(textChanged(QString)), this, SLOT(slotFilter(QString)));
+    connect(m_list, SIGNAL(currentRowChanged(int)), this, SLOT(slotPageChosen(int)));
+}
+
+QScrollArea *GalleryWindow::builtPage(int index)
+{
+    auto *area = static_cast<QScrollArea *>(m_stack->widget(index));
+    if (area->widget())
+        return area;
+    auto *page = new Page(m_pages[index].title, m_options);
+    m_pages[index].build(*page);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(page);
+    return area;
+}

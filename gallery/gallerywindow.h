@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "gallery/commandline.h"
+#include "gallery/pageregistry.h"
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QScrollArea;
+class QStackedWidget;
+
+/// The gallery's window: at the left a search field over the list of pages, at the right the page.
+/// A page is built when it is first shown. The theme and the gallery's style must be loaded before.
+class GalleryWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit GalleryWindow(const Options &options);
+
+    /// index is a place in pages().
+    void showPage(int index);
+
+    /// Makes the window as large as the page on show needs it, however large the screen is.
+    void growToPage();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private Q_SLOTS:
+    void slotPageChosen(int row);
+    void slotFilter(const QString &query);
+    void slotSearch();
+
+private:
+    QWidget *newSidebar();
+    void addPages();
+    void connectParts();
+    QScrollArea *builtPage(int index);
+
+    const Options m_options;
+    const std::vector<PageEntry> m_pages;
+    QLineEdit *m_search;
+    QListWidget *m_list;
+    QLabel *m_nothingFound;
+    QStackedWidget *m_stack;
+};

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPalette>
+#include <QString>
+
+/// The theme's palette for what no style section colours: the ground of windows, stock widgets.
+QPalette lightPalette();
+
+/// Loads the gallery's own style file after the theme's, as any host does with its own.
+void installGalleryStyle();
+
+/// The section for the gallery's window. Its rules go by object name: a rule that matches every
+/// QWidget would take the ground off the masks of sheets.
+QString galleryStyle();

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "gallery/commandline.h"
+#include "gallery/gallerywindow.h"
+#include "gallery/look.h"
+#include "gallery/screenshots.h"
+
+#include <vemo/defaulttheme.h>
+
+#include <QApplication>
+#include <QTextStream>
+
+namespace {
+
+constexpr int kUsageError = 2;
+constexpr int kFailure = 1;
+constexpr int kDesktopFontSize = 10; // points
+
+int fail(const QString &sentence, int exitCode)
+{
+    QTextStream(stderr) << "vemo-gallery: " << sentence << '\n';
+    return exitCode;
+}
+
+/// Reads the command line under an application object of its own, one that needs no display.
+CommandLine commandLine(int argc, char **argv)
+{
+    const QCoreApplication reader(argc, argv);
+    return readCommandLine(QCoreApplication::arguments());
+}
+
+/// Qt ends the process where it finds no display; better to know before.
+bool hasDisplay()
+{
+    return QSysInfo::kernelType() != "linux" || qEnvironmentVariableIsSet("QT_QPA_PLATFORM")
+        || !qEnvironmentVariableIsEmpty("DISPLAY")
+        || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+int runWindow(const Options &options)
+{
+    GalleryWindow window(options);
+    window.show();
+    return QApplication::exec();
+}
+
+void setLook()
+{
+    QApplication::setStyle("fusion");
+    QApplication::setPalette(lightPalette());
+    if (QGuiApplication::platformName() == "offscreen") {
+        // Its font is larger than that of any desktop.
+        QFont font = QApplication::font();
+        font.setPointSize(kDesktopFontSize);
+        QApplication::setFont(font);
+    }
+}
+
+int run(const Options &options)
+{
+    setLook();
+    if (!installDefaultTheme(options.userFolder, options.language, options.pictures))
+        return fail(QString("Cannot write to the folder \"%1\"; choose another with --user-folder.")
+                        .arg(options.userFolder),
+            kFailure);
+    installGalleryStyle();
+    if (options.screenshots.isEmpty())
+        return runWindow(options);
+    const QString error = writeScreenshots(options);
+    return error.isEmpty() ? 0 : fail(error, kFailure);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setApplicationName("vemo-gallery");
+    const CommandLine line = commandLine(argc, argv);
+    if (!line.error.isEmpty())
+        return fail(line.error, kUsageError);
+    if (!line.answer.isEmpty()) {
+        QTextStream(stdout) << line.answer;
+        return 0;
+    }
+    if (!hasDisplay()) {
+        if (line.options.screenshots.isEmpty())
+            return fail("There is no display; --screenshots needs none.", kFailure);
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    // Without it Qt draws icons at half their pixels where the screen has two to a point.
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication app(argc, argv);
+    return run(line.options);
+}

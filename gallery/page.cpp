@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "gallery/page.h"
+
+#include "core/scaling_p.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+
+namespace {
+
+// All in design pixels.
+constexpr int kPageMargin = 32;
+constexpr int kCardMargin = 16;
+constexpr int kSectionGap = 28;
+constexpr int kGap = 16;
+constexpr int kRowGap = 12;
+constexpr int kTextGap = 4;
+
+QLabel *newLabel(const char *name, const QString &text)
+{
+    auto *label = new QLabel(text);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QLabel *newParagraph(const char *name, const QString &text)
+{
+    QLabel *label = newLabel(name, text);
+    label->setWordWrap(true);
+    return label;
+}
+
+template <typename Layout> Layout *newLayout(int gap)
+{
+    auto *layout = new Layout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(scaled(gap));
+    return layout;
+}
+
+QGridLayout *newGrid()
+{
+    auto *grid = newLayout<QGridLayout>(kGap);
+    grid->setVerticalSpacing(scaled(kRowGap));
+    return grid;
+}
+
+} // namespace
+
+Page::Page(const QString &title, const Options &options)
+    : m_options(options), m_layout(newLayout<QVBoxLayout>(kTextGap))
+{
+    const int margin = scaled(kPageMargin);
+    m_layout->setContentsMargins(margin, margin, margin, margin);
+    m_layout->addWidget(newLabel("pageTitle", title));
+    m_layout->addStretch();
+    setLayout(m_layout);
+}
+
+void Page::addSummary(const QString &text)
+{
+    m_layout->insertWidget(m_layout->count() - 1, newParagraph("pageSummary", text));
+}
+
+void Page::addSection(const QString &caption, const QString &explanation)
+{
+    const auto append = [this](
+                            QWidget *part) { m_layout->insertWidget(m_layout->count() - 1, part); };
+    m_layout->insertSpacing(m_layout->count() - 1, scaled(kSectionGap - 2 * kTextGap));
+    append(newLabel("sectionCaption", caption));
+    if (!explanation.isEmpty())
+        append(newParagraph("sectionText", explanation));
+    m_layout->insertSpacing(m_layout->count() - 1, scaled(kTextGap));
+
+    auto *frame = new QFrame;
+    frame->setObjectName("card");
+    m_card = newLayout<QVBoxLayout>(kGap);
+    const int margin = scaled(kCardMargin);
+    m_card->setContentsMargins(margin, margin, margin, margin);
+    frame->setLayout(m_card);
+    append(frame);
+}
+
+void Page::add(QWidget *specimen)
+{
+    card()->addWidget(specimen);
+}
+
+void Page::addRow(const QList<QWidget *> &specimens)
+{
+    auto *row = newLayout<QHBoxLayout>(kGap);
+    for (QWidget *specimen : specimens)
+        row->addWidget(specimen);
+    row->addStretch();
+    card()->addLayout(row);
+}
+
+void Page::addGrid(int columns, const QList<QWidget *> &specimens)
+{
+    QGridLayout *grid = newGrid();
+    for (int i = 0; i < specimens.size(); ++i)
+        grid->addWidget(specimens[i], i / columns, i % columns);
+    for (int column = 0; column < columns; ++column)
+        grid->setColumnStretch(column, 1);
+    card()->addLayout(grid);
+}
+
+void Page::addTable(const QStringList &captions, const QList<QList<QWidget *>> &rows)
+{
+    QGridLayout *grid = newGrid();
+    for (int column = 0; column < captions.size(); ++column)
+        grid->addWidget(newLabel("columnCaption", captions[column]), 0, column);
+    for (int row = 0; row < rows.size(); ++row) {
+        for (int column = 0; column < rows[row].size(); ++column) {
+            if (QWidget *specimen = rows[row][column])
+                grid->addWidget(specimen, row + 1, column, Qt::AlignLeft | Qt::AlignVCenter);
+        }
+    }
+    grid->setColumnStretch(grid->columnCount(), 1);
+    card()->addLayout(grid);
+}
+
+void Page::addCode(const QString &code)
+{
+    QLabel *block = newLabel("code", code.trimmed());
+    QFont mono("monospace");
+    mono.setStyleHint(QFont::Monospace);
+    mono.setPointSizeF(font().pointSizeF());
+    block->setFont(mono);
+    block->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    card()->addWidget(block);
+}
+
+QVBoxLayout *Page::card()
+{
+    if (!m_card)
+        addSection({});
+    return m_card;
+}
+
+QWidget *captioned(QWidget *specimen, const QString &caption)
+{
+    auto *pair = new QWidget;
+    auto *layout = newLayout<QVBoxLayout>(kTextGap);
+    layout->addWidget(specimen, 0, Qt::AlignLeft);
+    layout->addWidget(newLabel("note", caption));
+    layout->addStretch();
+    pair->setLayout(layout);
+    return pair;
+}
+
+QLabel *text(const QString &text)
+{
+    QLabel *label = newLabel("text", text);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+QLabel *note(const QString &text)
+{
+    return newLabel("note", text);
+}
+
+QLabel *picture(const QPixmap &pixmap)
+{
+    auto *label = new QLabel;
+    label->setPixmap(pixmap);
+    return label;
+}

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/vemobutton.h>
+#include <vemo/vemoiconbutton.h>
+
+#include <QStyle>
+
+/// A button that always looks as if it were in a state: drawn by the real style from the real
+/// section, with the state's flag set. It takes neither clicks nor the focus.
+class ButtonSnapshot : public VemoButton
+{
+    Q_OBJECT
+
+public:
+    ButtonSnapshot(const QString &text, int role, QStyle::State state);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QStyle::State m_state;
+};
+
+/// The same for an icon button, which also gets the picture of the state.
+class IconButtonSnapshot : public VemoIconButton
+{
+    Q_OBJECT
+
+public:
+    IconButtonSnapshot(const QString &name, QStyle::State state);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QPixmap m_picture;
+    QStyle::State m_state;
+};
