@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/dpiinfo.h>
+
+#include "core/scaling_p.h"
+#include "core/styleoracles.h"
+#include "support/vemotest.h"
+
+static_assert(std::is_copy_constructible_v<DPIinfo> && std::is_copy_assignable_v<DPIinfo>);
+static_assert(!std::is_default_constructible_v<DPIinfo>);
+
+namespace {
+
+// The factors that the measured tables are about; each is an environment of its own.
+constexpr double kFactors[] = {1.0, 1.25, 1.5};
+
+void addRow(const char *name, const char *sheet, const QStringList &results)
+{
+    QTest::newRow(name) << QString::fromUtf8(sheet) << results;
+}
+
+void addUnchanged(const char *name, const char *sheet)
+{
+    addRow(name, sheet, {sheet, sheet, sheet});
+}
+
+} // namespace
+
+class DPIinfoTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void thereIsOneInstance();
+    void theScreenIsMeasured();
+    void lengthsAreScaledAndTruncated_data();
+    void lengthsAreScaledAndTruncated();
+    void onlyPixelLengthsAreScaled_data();
+    void onlyPixelLengthsAreScaled();
+    void longNumbersAreReadAgainByTheirTail_data();
+    void longNumbersAreReadAgainByTheirTail();
+    void numbersBeyondAnIntEndAtTheHighestOne_data();
+    void numbersBeyondAnIntEndAtTheHighestOne();
+    void fractionsCountToTheirLastDigit_data();
+    void fractionsCountToTheirLastDigit();
+    void sizesInCodeAreTruncatedTowardZero_data();
+    void sizesInCodeAreTruncatedTowardZero();
+};
+
+void DPIinfoTest::thereIsOneInstance()
+{
+    QCOMPARE(&DPIinfo::getInstance(), &DPIinfo::getInstance());
+}
+
+void DPIinfoTest::theScreenIsMeasured()
+{
+    const DPIinfo &info = DPIinfo::getInstance();
+    QCOMPARE(info.getDPI(), qEnvironmentVariable("QT_FONT_DPI").toDouble() / 96.0);
+    const QString ratio = qEnvironmentVariable("QT_SCALE_FACTOR", "1");
+    QCOMPARE(info.getDPR(), ratio.toDouble());
+}
+
+void DPIinfoTest::lengthsAreScaledAndTruncated_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QStringList>("results");
+    addRow("nothing", "", {"", "", ""});
+    addRow("0px", "0px", {"0px", "0px", "0px"});
+    addRow("1px", "1px", {"1px", "1px", "1px"});
+    addRow("3px", "3px", {"3px", "3px", "4px"});
+    addRow("10px", "10px", {"10px", "12px", "15px"});
+    addRow("100px", "100px", {"100px", "125px", "150px"});
+    addRow("999px", "999px", {"999px", "1248px", "1498px"});
+    addRow("1.5px", "1.5px", {"1px", "1px", "2px"});
+    addRow("007px", "007px", {"7px", "8px", "10px"});
+    addRow(".5px", ".5px", {".5px", ".6px", ".7px"});
+    addRow("1..5px", "1..5px", {"1..5px", "1..6px", "1..7px"});
+    addRow("1.px", "1.px", {"1px", "1px", "1px"});
+    addRow("-5px", "-5px", {"-5px", "-6px", "-7px"});
+    addRow("5pxx", "5pxx", {"5pxx", "6pxx", "7pxx"});
+    addRow("1e3px", "1e3px", {"1e3px", "1e3px", "1e4px"});
+    addRow("whole text", "8px", {"8px", "10px", "12px"});
+    addRow("two in a row", "8px12px", {"8px12px", "10px15px", "12px18px"});
+    addRow("after a full stop", "a.8px", {"a.8px", "a.10px", "a.12px"});
+    addRow("a section", "\nQPushButton { min-height: 28px; padding: 0px 12px; }",
+        {"\nQPushButton { min-height: 28px; padding: 0px 12px; }",
+            "\nQPushButton { min-height: 35px; padding: 0px 15px; }",
+            "\nQPushButton { min-height: 42px; padding: 0px 18px; }"});
+}
+
+void DPIinfoTest::lengthsAreScaledAndTruncated()
+{
+    QFETCH(QString, sheet);
+    QFETCH(QStringList, results);
+    const DPIinfo &info = DPIinfo::getInstance();
+    const auto *factor = std::find(std::begin(kFactors), std::end(kFactors), info.getDPI());
+    QVERIFY(factor != std::end(kFactors));
+    QCOMPARE(info.getScaledStyleSheet(sheet),
+        results[static_cast<int>(std::distance(std::begin(kFactors), factor))]);
+}
+
+void DPIinfoTest::onlyPixelLengthsAreScaled_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QStringList>("results");
+    addUnchanged("percent", "width: 50%");
+    addUnchanged("points", "font: 10pt");
+    addUnchanged("a bare number", "margin: 10; opacity: 0.75");
+    addUnchanged("capitals", "10PX 10Px 10pX");
+    addUnchanged("a blank between", "10 px");
+    addUnchanged("no number", "px xpx ppx .px -px");
+    addUnchanged("only the unit's first letter", "10p");
+    addUnchanged("full-width digits", "１２px");
+    addUnchanged("Arabic digits", "٣px");
+    addUnchanged("a line break between", "10\npx");
+    addUnchanged("no text but a line break", "\n");
+    QTest::newRow("a lone surrogate spares the whole text")
+        << "8px" + QString(QChar(0xd800))
+        << QStringList {"8px" + QString(QChar(0xd800)), "8px" + QString(QChar(0xd800)),
+               "8px" + QString(QChar(0xd800))};
+    addRow("a pair of surrogates spares nothing", "😀8px", {"😀8px", "😀10px", "😀12px"});
+}
+
+void DPIinfoTest::onlyPixelLengthsAreScaled()
+{
+    lengthsAreScaledAndTruncated();
+}
+
+void DPIinfoTest::longNumbersAreReadAgainByTheirTail_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QStringList>("results");
+    addRow("12.5px", "12.5px", {"12px5px", "15px6px", "18px7px"});
+    addRow("1000px", "1000px", {"1000px0px", "1250px0px", "1500px0px"});
+    addRow("0010px", "0010px", {"10px0px", "12px0px", "15px0px"});
+    addRow("the point is passed over", "123.45px", {"123px45px", "154px56px", "185px67px"});
+    addRow("a point is all that is left", "123.px", {"123px", "153px", "184px"});
+    addRow("a fraction's tail is a whole number", "1.2345px", {"1px345px", "1px431px", "1px517px"});
+    addRow("what follows moves up", "a:12.5px;b:3px;",
+        {"a:12px;b:5px;3px", "a:15px;b:6px;3px", "a:18px;b:7px;4px"});
+    addRow("two long numbers", "a:1000px;b:2000px;c:3px;end",
+        {"a:1000px;b:0px;c:2000px;end0px3px", "a:1250px;b:0px;c:2500px;end0px3px",
+            "a:1500px;b:0px;c:3000px;end0px4px"});
+    addRow("three matches in one number", "1234567px;",
+        {"1234567px;4567px7px", "1543208px;5708px8px", "1851850px;6850px10px"});
+}
+
+void DPIinfoTest::longNumbersAreReadAgainByTheirTail()
+{
+    lengthsAreScaledAndTruncated();
+}
+
+void DPIinfoTest::numbersBeyondAnIntEndAtTheHighestOne_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QString>("first");
+    QTest::newRow("eleven nines") << QString(11, '9') + "px"
+                                  << "2147483647px";
+    QTest::newRow("sixteen nines") << QString(16, '9') + "px"
+                                   << "2147483647px";
+    QTest::newRow("beyond any double") << QString(400, '9') + "px"
+                                       << "2147483647px";
+    QTest::newRow("hidden behind zeros") << QString(400, '0') + QString(12, '9') + "px"
+                                         << "2147483647px";
+    QTest::newRow("only zeros") << QString(400, '0') + "px"
+                                << "0px";
+}
+
+void DPIinfoTest::numbersBeyondAnIntEndAtTheHighestOne()
+{
+    QFETCH(QString, sheet);
+    QFETCH(QString, first);
+    const DPIinfo &info = DPIinfo::getInstance();
+    const QString result = info.getScaledStyleSheet(sheet);
+    QVERIFY2(result.startsWith(first), qPrintable(result));
+    QCOMPARE(result, scaledByRules(sheet, info.getDPI()));
+}
+
+void DPIinfoTest::fractionsCountToTheirLastDigit_data()
+{
+    QTest::addColumn<QString>("sheet");
+    // Half-way between the last double below 2 and 2 itself; one digit more or less decides.
+    const QString halfWay = "1.99999999999999988897769753748434595763683319091796875";
+    QTest::newRow("half-way") << halfWay + "px";
+    QTest::newRow("just above") << halfWay + "1px";
+    QTest::newRow("far behind, just above") << halfWay + QString(1000, '0') + "1px";
+    QTest::newRow("just below") << halfWay.chopped(1) + "4px";
+    QTest::newRow("fifteen digits") << "123456.789012345px";
+    QTest::newRow("sixteen digits") << "1234567.890123456px";
+    QTest::newRow("a tiny fraction") << "0." + QString(400, '0') + "1px";
+    QTest::newRow("zeros in front") << QString(400, '0') + halfWay + "1px";
+}
+
+void DPIinfoTest::fractionsCountToTheirLastDigit()
+{
+    QFETCH(QString, sheet);
+    const DPIinfo &info = DPIinfo::getInstance();
+    QCOMPARE(info.getScaledStyleSheet(sheet), scaledByRules(sheet, info.getDPI()));
+}
+
+void DPIinfoTest::sizesInCodeAreTruncatedTowardZero_data()
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("0.999") << 0.999 << 0;
+    QTest::newRow("-0.999") << -0.999 << 0;
+    QTest::newRow("-1.5") << -1.5 << -1;
+    QTest::newRow("42.9") << 42.9 << 42;
+    QTest::newRow("highest") << 2147483647.0 << 2147483647;
+    QTest::newRow("above the highest") << 2147483648.0 << 2147483647;
+    QTest::newRow("lowest") << -2147483648.0 << std::numeric_limits<int>::min();
+    QTest::newRow("below the lowest") << -2147483649.0 << std::numeric_limits<int>::min();
+    QTest::newRow("infinite") << infinity << 2147483647;
+    QTest::newRow("minus infinite") << -infinity << std::numeric_limits<int>::min();
+    QTest::newRow("not a number") << std::nan("") << 0;
+}
+
+void DPIinfoTest::sizesInCodeAreTruncatedTowardZero()
+{
+    QFETCH(double, value);
+    QFETCH(int, expected);
+    QCOMPARE(truncToInt(value), expected);
+    for (const int length : {1, 3, 6, 28, -1, -3})
+        QCOMPARE(scaled(length), static_cast<int>(DPIinfo::getInstance().getDPI() * length));
+}
+
+VEMO_TEST_MAIN(DPIinfoTest)
+#include "tst_dpiinfo.moc"
