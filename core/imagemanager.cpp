@@ -26,7 +26,10 @@ const QLatin1String kFileSuffix(".png");
 QImage readPicture(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QImageReader(&file, "png").read() : QImage();
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QImageReader png(&file, "png");
+    return png.canRead() ? png.read() : QImageReader(&file).read();
 }
 
 QImage fitted(const QImage &picture, const QSize &size)

@@ -8,7 +8,8 @@
 #include <QtTest>
 
 /// Base of every test class: a warning that the test function didn't claim with messages.take()
-/// fails it, and so does a window that it left behind.
+/// fails it, and so does a window that it left behind. A test with an init() or cleanup() of its
+/// own calls these from it.
 class VemoTest : public QObject
 {
     Q_OBJECT
@@ -16,7 +17,7 @@ class VemoTest : public QObject
 protected:
     RecordedMessages messages;
 
-private Q_SLOTS:
+protected Q_SLOTS:
     void init();
     void cleanup();
 };

@@ -1,0 +1,407 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/imagemanager.h>
+
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/dpiinfo.h>
+#include <vemo/uipathmanager.h>
+
+static_assert(std::is_copy_constructible_v<ImageManager>);
+static_assert(std::is_copy_assignable_v<ImageManager>);
+static_assert(!std::is_default_constructible_v<ImageManager>);
+static_assert(ImageManager::NORMAL == 0 && ImageManager::HOVER == 1 && ImageManager::CLICK == 2
+    && ImageManager::DISABLE == 3);
+static_assert(ImageManager::PRELOAD == 0 && ImageManager::LAZY_LOAD == 1);
+
+Q_DECLARE_METATYPE(ImageManager::ImageType)
+
+namespace {
+
+/// What happens to a process that asks an uninitialised catalogue.
+int askUninitialised(const QString &scenario)
+{
+    const ImageManager &images = ImageManager::getInstance();
+    if (scenario == QLatin1String("folder"))
+        std::fputs(qPrintable(images.getImageFolder()), stderr);
+    else if (scenario == QLatin1String("temporary folder"))
+        std::fputs(qPrintable(images.getTempImageFolder()), stderr);
+    else
+        return getGlobalImage("folder").isNull() ? 0 : 1;
+    return 0;
+}
+
+/// Which of four results this environment must give: 96, 120 and 144 dpi, then 96 dpi at ratio 2.
+int screenColumn()
+{
+    const DPIinfo &info = DPIinfo::getInstance();
+    return info.getDPR() == 2 ? 3 : qRound((info.getDPI() - 1) * 4);
+}
+
+QColor middleOf(const QPixmap &picture)
+{
+    return picture.toImage().pixelColor(picture.width() / 2, picture.height() / 2);
+}
+
+} // namespace
+
+class ImageManagerTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void thereIsOneInstance();
+    void uninitialisedItHasNoFoldersAndEndsTheProcess_data();
+    void uninitialisedItHasNoFoldersAndEndsTheProcess();
+    void uninitialisedItKnowsNoPicture();
+    void theFoldersLieUnderTheRegisteredOnes();
+    void theTemporaryFolderIsMadeWithItsParents();
+    void eachStateHasItsPicture_data();
+    void eachStateHasItsPicture();
+    void aMissingStateShowsTheNormalPictureAndWarns_data();
+    void aMissingStateShowsTheNormalPictureAndWarns();
+    void aMissingNormalPictureLeavesTheOthers_data();
+    void aMissingNormalPictureLeavesTheOthers();
+    void anUnknownNameYieldsANullPictureAndAWarning_data();
+    void anUnknownNameYieldsANullPictureAndAWarning();
+    void aNameWithoutFilesWarnsAtEveryCall_data();
+    void aNameWithoutFilesWarnsAtEveryCall();
+    void picturesAreScaledInThreeRoundings_data();
+    void picturesAreScaledInThreeRoundings();
+    void picturesKeepTheirProportions_data();
+    void picturesKeepTheirProportions();
+    void aPictureTooSmallToShowIsNullInSilence();
+    void anotherFormatUnderThatNameLoads_data();
+    void anotherFormatUnderThatNameLoads();
+    void preloadedPicturesNeedNoFilesLater();
+    void lazyPicturesAreReadWhenTheyAreFirstAskedFor();
+    void lazyPicturesNeedNoFilesAfterThat();
+    void aNameListedTwiceIsOnePicture();
+    void initialisedAgainItReadsEverythingAnewAndForgetsNoName();
+    void theFreeFunctionsAnswerLikeTheCatalogue();
+    void aCopyAnswersOnItsOwn();
+
+private:
+    void start(ImageManager::InitializeType type, const QStringList &names);
+
+    QScopedPointer<TestHost> m_host;
+};
+
+namespace {
+
+void addBothModes()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("preloaded") << int(ImageManager::PRELOAD);
+    QTest::newRow("lazy") << int(ImageManager::LAZY_LOAD);
+}
+
+ImageManager::InitializeType fetchedMode()
+{
+    QFETCH(int, mode);
+    return static_cast<ImageManager::InitializeType>(mode);
+}
+
+} // namespace
+
+void ImageManagerTest::init()
+{
+    VemoTest::init();
+    m_host.reset(new TestHost);
+}
+
+void ImageManagerTest::start(ImageManager::InitializeType type, const QStringList &names)
+{
+    m_host->writeCatalogue(names);
+    m_host->start(type);
+}
+
+void ImageManagerTest::thereIsOneInstance()
+{
+    QCOMPARE(&ImageManager::getInstance(), &ImageManager::getInstance());
+}
+
+void ImageManagerTest::uninitialisedItHasNoFoldersAndEndsTheProcess_data()
+{
+    QTest::addColumn<QString>("scenario");
+    QTest::newRow("picture folder") << "folder";
+    QTest::newRow("temporary folder") << "temporary folder";
+}
+
+void ImageManagerTest::uninitialisedItHasNoFoldersAndEndsTheProcess()
+{
+    QFETCH(QString, scenario);
+    const ChildResult child = runChild(scenario);
+    QCOMPARE(child.status, QProcess::CrashExit);
+    QVERIFY(child.errorOutput.contains("ImageManager is not initialized"));
+}
+
+void ImageManagerTest::uninitialisedItKnowsNoPicture()
+{
+    const ChildResult child = runChild("picture");
+    QCOMPARE(child.status, QProcess::NormalExit);
+    QCOMPARE(child.exitCode, 0);
+    QVERIFY(child.errorOutput.contains("Cannot load pixmap \"folder\""));
+}
+
+void ImageManagerTest::theFoldersLieUnderTheRegisteredOnes()
+{
+    start(ImageManager::LAZY_LOAD, {});
+    const ImageManager &images = ImageManager::getInstance();
+    QCOMPARE(images.getImageFolder(), m_host->resourcePath() + "/images");
+    QCOMPARE(images.getTempImageFolder(), m_host->userDataPath() + "/tmp_images");
+}
+
+void ImageManagerTest::theTemporaryFolderIsMadeWithItsParents()
+{
+    const QString folder = m_host->userDataPath() + "/some/deeper folder";
+    m_host->writeCatalogue({});
+    QLoggingCategory::setFilterRules("debug.message=false");
+    UIPathManager::getInstance().setPath("resource_path", m_host->resourcePath());
+    UIPathManager::getInstance().setPath("user_data_path", folder);
+    QLoggingCategory::setFilterRules(QString());
+    ImageManager::getInstance().initialize(ImageManager::PRELOAD);
+    QVERIFY(QDir(folder + "/tmp_images").exists());
+}
+
+void ImageManagerTest::eachStateHasItsPicture_data()
+{
+    addBothModes();
+}
+
+void ImageManagerTest::eachStateHasItsPicture()
+{
+    const std::pair<const char *, Qt::GlobalColor> files[] = {
+        {"bt", Qt::red}, {"bt_hover", Qt::green}, {"bt_click", Qt::blue}, {"bt_disable", Qt::gray}};
+    for (const auto &[name, colour] : files)
+        m_host->addPicture(name, {64, 64}, colour);
+    start(fetchedMode(), {"bt"});
+    for (int state = 0; state < 4; ++state) {
+        const QPixmap picture =
+            ImageManager::getInstance().getImage("bt", static_cast<ImageManager::ImageType>(state));
+        QCOMPARE(middleOf(picture), QColor(files[state].second));
+    }
+}
+
+void ImageManagerTest::aMissingStateShowsTheNormalPictureAndWarns_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("state");
+    for (const int mode : {0, 1}) {
+        for (const int state : {1, 2, 3, 4, 1000, -1})
+            QTest::addRow("mode %d, state %d", mode, state) << mode << state;
+    }
+}
+
+void ImageManagerTest::aMissingStateShowsTheNormalPictureAndWarns()
+{
+    QFETCH(int, state);
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+    start(fetchedMode(), {"folder"});
+    const auto type = static_cast<ImageManager::ImageType>(state);
+    const QString warning =
+        QString("Cannot load pixmap \"folder\" with type %1 [use default icon]").arg(state);
+    QCOMPARE(middleOf(getGlobalImage("folder", type)), QColor(Qt::red));
+    QCOMPARE(messages.take(), QStringList(warning));
+    QCOMPARE(middleOf(getGlobalImage("folder", ImageManager::NORMAL)), QColor(Qt::red));
+    QCOMPARE(messages.take(), QStringList());
+    getGlobalImage("folder", type);
+    QCOMPARE(messages.take(), QStringList(warning));
+}
+
+void ImageManagerTest::aMissingNormalPictureLeavesTheOthers_data()
+{
+    addBothModes();
+}
+
+void ImageManagerTest::aMissingNormalPictureLeavesTheOthers()
+{
+    m_host->addPicture("bt_hover", {64, 64}, Qt::green);
+    start(fetchedMode(), {"bt"});
+    QCOMPARE(middleOf(getGlobalImage("bt", ImageManager::HOVER)), QColor(Qt::green));
+    QVERIFY(getGlobalImage("bt", ImageManager::NORMAL).isNull());
+    QVERIFY(getGlobalImage("bt", ImageManager::CLICK).isNull());
+    QCOMPARE(messages.take(),
+        QStringList({"Cannot load pixmap \"bt\" with type 0 [use default icon]",
+            "Cannot load pixmap \"bt\" with type 2 [use default icon]"}));
+}
+
+void ImageManagerTest::anUnknownNameYieldsANullPictureAndAWarning_data()
+{
+    addBothModes();
+}
+
+void ImageManagerTest::anUnknownNameYieldsANullPictureAndAWarning()
+{
+    m_host->addPicture("unlisted", {64, 64}, Qt::red);
+    m_host->addPicture("listed_hover", {64, 64}, Qt::red);
+    start(fetchedMode(), {"listed"});
+    for (const QString &name : {QString("unlisted"), QString("Listed"), QString("listed_hover"),
+             QString(), QString::fromUtf8("图标"), QString(QChar(0))}) {
+        QVERIFY(getGlobalImage(name).isNull());
+        QCOMPARE(messages.take().size(), 1);
+    }
+    QVERIFY(getGlobalImage("un\"listed", ImageManager::CLICK).isNull());
+    QCOMPARE(messages.take(), QStringList("Cannot load pixmap \"un\\\"listed\""));
+}
+
+void ImageManagerTest::aNameWithoutFilesWarnsAtEveryCall_data()
+{
+    addBothModes();
+}
+
+void ImageManagerTest::aNameWithoutFilesWarnsAtEveryCall()
+{
+    start(fetchedMode(), {"nothing"});
+    for (int call = 0; call < 3; ++call) {
+        QVERIFY(getGlobalImage("nothing").isNull());
+        QCOMPARE(messages.take(),
+            QStringList("Cannot load pixmap \"nothing\" with type 0 [use default icon]"));
+    }
+}
+
+void ImageManagerTest::picturesAreScaledInThreeRoundings_data()
+{
+    QTest::addColumn<int>("artwork");
+    QTest::addColumn<QVector<int>>("lengths");
+    QTest::newRow("64") << 64 << QVector<int> {16, 20, 24, 32};
+    QTest::newRow("66, half rounds up") << 66 << QVector<int> {17, 21, 26, 34};
+    QTest::newRow("65") << 65 << QVector<int> {16, 20, 24, 32};
+    QTest::newRow("2") << 2 << QVector<int> {1, 1, 2, 2};
+    QTest::newRow("10") << 10 << QVector<int> {3, 4, 5, 6};
+    QTest::newRow("4") << 4 << QVector<int> {1, 1, 2, 2};
+    QTest::newRow("22, all roundings count") << 22 << QVector<int> {6, 8, 9, 12};
+}
+
+void ImageManagerTest::picturesAreScaledInThreeRoundings()
+{
+    QFETCH(int, artwork);
+    QFETCH(QVector<int>, lengths);
+    const int length = lengths[screenColumn()];
+    m_host->addPicture("square", {artwork, artwork}, Qt::red);
+    start(ImageManager::PRELOAD, {"square"});
+    const QPixmap picture = getGlobalImage("square");
+    QCOMPARE(picture.size(), QSize(length, length));
+    QCOMPARE(picture.devicePixelRatio(), DPIinfo::getInstance().getDPR());
+}
+
+void ImageManagerTest::picturesKeepTheirProportions_data()
+{
+    QTest::addColumn<QSize>("artwork");
+    QTest::addColumn<QVector<QSize>>("sizes");
+    QTest::newRow("even") << QSize(400, 80)
+                          << QVector<QSize> {{100, 20}, {125, 25}, {150, 30}, {200, 40}};
+    QTest::newRow("its rounded size has others")
+        << QSize(100, 40) << QVector<QSize> {{25, 10}, {31, 12}, {37, 15}, {50, 20}};
+}
+
+void ImageManagerTest::picturesKeepTheirProportions()
+{
+    QFETCH(QSize, artwork);
+    QFETCH(QVector<QSize>, sizes);
+    m_host->addPicture("wide", artwork, Qt::red);
+    start(ImageManager::PRELOAD, {"wide"});
+    QCOMPARE(getGlobalImage("wide").size(), sizes[screenColumn()]);
+}
+
+void ImageManagerTest::aPictureTooSmallToShowIsNullInSilence()
+{
+    m_host->addPicture("dot", {1, 1}, Qt::red);
+    start(ImageManager::LAZY_LOAD, {"dot"});
+    QVERIFY(getGlobalImage("dot").isNull());
+}
+
+void ImageManagerTest::anotherFormatUnderThatNameLoads_data()
+{
+    QTest::addColumn<QByteArray>("format");
+    for (const char *format : {"BMP", "JPG", "PPM", "PNG"})
+        QTest::newRow(format) << QByteArray(format);
+}
+
+void ImageManagerTest::anotherFormatUnderThatNameLoads()
+{
+    QFETCH(QByteArray, format);
+    QImage picture(64, 64, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QVERIFY(picture.save(m_host->pictureFolder() + "/photo.png", format.constData(), 100));
+    start(ImageManager::PRELOAD, {"photo"});
+    const QColor colour = middleOf(getGlobalImage("photo"));
+    QVERIFY2(colour.red() > 250 && colour.green() < 5, qPrintable(colour.name()));
+}
+
+void ImageManagerTest::preloadedPicturesNeedNoFilesLater()
+{
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+    start(ImageManager::PRELOAD, {"folder"});
+    m_host->addPicture("folder", {64, 64}, Qt::blue);
+    QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::red));
+}
+
+void ImageManagerTest::lazyPicturesAreReadWhenTheyAreFirstAskedFor()
+{
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+    start(ImageManager::LAZY_LOAD, {"folder"});
+    m_host->addPicture("folder", {64, 64}, Qt::blue);
+    QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::blue));
+}
+
+void ImageManagerTest::lazyPicturesNeedNoFilesAfterThat()
+{
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+    m_host->addPicture("folder_hover", {64, 64}, Qt::green);
+    start(ImageManager::LAZY_LOAD, {"folder"});
+    QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::red));
+    QVERIFY(QDir(m_host->pictureFolder()).removeRecursively());
+    QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::red));
+    // The first call read all states of the name.
+    QCOMPARE(middleOf(getGlobalImage("folder", ImageManager::HOVER)), QColor(Qt::green));
+}
+
+void ImageManagerTest::aNameListedTwiceIsOnePicture()
+{
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+    start(ImageManager::PRELOAD, {"folder", "folder"});
+    QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::red));
+}
+
+void ImageManagerTest::initialisedAgainItReadsEverythingAnewAndForgetsNoName()
+{
+    m_host->addPicture("first", {64, 64}, Qt::red);
+    m_host->addPicture("both", {64, 64}, Qt::red);
+    start(ImageManager::PRELOAD, {"first", "both"});
+    m_host->addPicture("both", {64, 64}, Qt::blue);
+    start(ImageManager::LAZY_LOAD, {"both"});
+    QCOMPARE(middleOf(getGlobalImage("first")), QColor(Qt::red));
+    QCOMPARE(middleOf(getGlobalImage("both")), QColor(Qt::blue));
+}
+
+void ImageManagerTest::theFreeFunctionsAnswerLikeTheCatalogue()
+{
+    m_host->addPicture(QString::fromUtf8("grün"), {64, 64}, Qt::green);
+    m_host->addPicture(QString::fromUtf8("grün_hover"), {64, 64}, Qt::blue);
+    start(ImageManager::PRELOAD, {QString::fromUtf8("grün")});
+    const QString name = QString::fromUtf8("grün");
+    ImageManager &images = ImageManager::getInstance();
+    QCOMPARE(
+        getGlobalImage(name).cacheKey(), images.getImage(name, ImageManager::NORMAL).cacheKey());
+    QCOMPARE(getGlobalImage(name, ImageManager::HOVER).cacheKey(),
+        images.getImage(name, ImageManager::HOVER).cacheKey());
+    // An 8-bit name is Latin-1.
+    QCOMPARE(middleOf(getGlobalImage("gr\xfcn")), QColor(Qt::green));
+    QCOMPARE(middleOf(getGlobalImage("gr\xfcn", ImageManager::HOVER)), QColor(Qt::blue));
+    QVERIFY(getGlobalImage(static_cast<const char *>(nullptr)).isNull());
+    QCOMPARE(messages.take(), QStringList("Cannot load pixmap \"\""));
+}
+
+void ImageManagerTest::aCopyAnswersOnItsOwn()
+{
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+    start(ImageManager::LAZY_LOAD, {"folder"});
+    ImageManager copy = ImageManager::getInstance();
+    QCOMPARE(middleOf(copy.getImage("folder", ImageManager::NORMAL)), QColor(Qt::red));
+    QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::red));
+}
+
+VEMO_TEST_MAIN_WITH_CHILD(ImageManagerTest, askUninitialised)
+#include "tst_imagemanager.moc"
