@@ -138,7 +138,7 @@ void ThemeTest::everyColourOfAStyleFileIsOfThePalette()
 {
     QFETCH(QString, colour);
     const QStringList palette {"#1F2933", "#52606D", "#9AA5B1", "#C8D2DC", "#F5F7FA", "#FFFFFF",
-        "#1769E0", "#0F57C2", "#0B469E", "#DCEBFB", "#EEF3F8", "#C93A3A"};
+        "#1769E0", "#0F57C2", "#0B469E", "#DCEBFB", "#EEF3F8", "#C93A3A", "#AF2C2C", "#8F2020"};
     QVERIFY(palette.contains(colour));
 }
 
