@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemoradiobutton.h>
+
+#include <vemo/stylemanager.h>
+
+VemoRadioButton::VemoRadioButton(const QString &text, QWidget *parent) : QRadioButton(text, parent)
+{
+    setStyleSheet(getStyleSheet("component.radio_button"));
+}

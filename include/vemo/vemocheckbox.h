@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QCheckBox>
+
+/// A check box in the library's look. Load the style files before; without the section
+/// "component.checkbox" it is a plain one, with a warning. It belongs to its parent.
+///
+///     auto *keep = new VemoCheckBox(tr("Keep a copy"), page);
+///     connect(keep, SIGNAL(toggled(bool)), this, SLOT(slotKeepChanged(bool)));
+///     layout->addWidget(keep);
+class VEMO_EXPORT VemoCheckBox : public QCheckBox
+{
+    Q_OBJECT
+
+public:
+    explicit VemoCheckBox(const QString &text = QString(), QWidget *parent = nullptr);
+};

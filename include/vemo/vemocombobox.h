@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QComboBox>
+
+/// A combo box in the library's look whose list opens two screen pixels below it, in line with its
+/// left edge, wherever on the screen it stands.
+///
+/// Load the style files before. The section "component.combobox" holds the placeholders %1 and %2,
+/// which become the padding at both sides (6 design pixels, fractions kept) and the border; the
+/// section "component.scrollbar" follows it. A missing section is warned about and left out. It
+/// belongs to its parent.
+///
+///     auto *unit = new VemoComboBox(page);
+///     unit->addItems({ tr("Days"), tr("Weeks") });
+///     connect(unit, SIGNAL(currentIndexChanged(int)), this, SLOT(slotUnitChanged(int)));
+class VEMO_EXPORT VemoComboBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit VemoComboBox(QWidget *parent = nullptr);
+
+    /// Opens the list; the box gives up the keyboard focus.
+    void showPopup() override;
+};

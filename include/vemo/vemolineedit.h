@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QWidget>
+
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+
+/// A text field between two labels (a caption before it, a unit or hint after it), with an error
+/// state for the style sheet to show and a check of the text that the host may supply.
+///
+/// Checking and showing are apart: validate() never changes the look, setError() does. Load the
+/// style files before; a missing section ("component.lineedit", "component.lineedit_label") leaves
+/// its part plain, with a warning. The parts belong to the widget.
+///
+///     auto *days = new VemoLineEdit(page);
+///     days->getPreLabel()->setText(tr("Keep for"));
+///     days->setValidator([](const QString &text) { return text.toInt() > 0; });
+///     days->setError(!days->validate());
+class VEMO_EXPORT VemoLineEdit : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VemoLineEdit(QWidget *parent = nullptr);
+
+    QString getEditText() const;
+
+    /// The field. Unless the host names it for assistive tools, it is announced under the text of
+    /// the label before it.
+    QLineEdit *getLineEdit() const { return m_line_edit; }
+
+    /// The labels before and after the field. They start empty, and empty still take their place.
+    QLabel *getPreLabel() const { return m_pre_label; }
+    QLabel *getPostLabel() const { return m_post_label; }
+
+    /// Sets the field's dynamic property "error", by which style sheets can tell it.
+    void setError(bool error);
+
+    /// The check that validate() makes; null, as at first, accepts every text.
+    void setValidator(bool (*validator)(const QString &));
+    bool validate() const;
+
+    /// Around and between the parts, in design pixels; all 0 at first.
+    void setMargins(int left, int top, int right, int bottom);
+    void setSpacing(int spacing);
+
+protected:
+    bool event(QEvent *event) override;
+
+private:
+    void announceCaption();
+
+    QHBoxLayout *m_layout;
+    QLabel *m_pre_label;
+    QLabel *m_post_label;
+    QLineEdit *m_line_edit;
+    bool (*m_validator)(const QString &) = nullptr;
+    QString m_announced;
+};

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QRadioButton>
+
+/// A radio button in the library's look. Load the style files before; without the section
+/// "component.radio_button" it is a plain one, with a warning. It belongs to its parent, and
+/// excludes the other radio buttons of that parent.
+///
+///     auto *daily = new VemoRadioButton(tr("Daily"), page);
+///     auto *weekly = new VemoRadioButton(tr("Weekly"), page);
+///     daily->setChecked(true);
+class VEMO_EXPORT VemoRadioButton : public QRadioButton
+{
+    Q_OBJECT
+
+public:
+    explicit VemoRadioButton(const QString &text = QString(), QWidget *parent = nullptr);
+};

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemocombobox.h>
+
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/stylemanager.h>
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <QScreen>
+#include <QStyledItemDelegate>
+
+class VemoComboBoxTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void isAComboBoxClassOfItsOwn();
+    void styleIsTheFilledInSectionAndTheScrollBars();
+    void paddingKeepsItsFraction();
+    void rowsFollowTheStyleSheet();
+    void delegateDiesWithTheBox();
+    void ownDelegateMayReplaceIt();
+    void openingGivesUpTheFocus();
+    void listOpensTwoPixelsBelowAtTheLeft_data();
+    void listOpensTwoPixelsBelowAtTheLeft();
+    void listFollowsTheBox();
+    void emptyBoxOpensNothing();
+    void rowIsPickedByMouseAndByKeyboard();
+    void editableBoxOpensBelowToo();
+};
+
+namespace {
+
+struct Box : VemoComboBox
+{
+    Box()
+    {
+        addItems({"Minutes", "Hours", "Days", "Weeks", "Months", "Years"});
+        resize(160, 32);
+    }
+
+    QWidget *popup() const { return view()->parentWidget(); }
+    QPoint expectedPosition() const { return mapToGlobal({0, height() + 2}); }
+};
+
+void showAt(QWidget &window, const QPoint &position)
+{
+    window.setWindowFlag(Qt::FramelessWindowHint);
+    window.move(position);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTRY_COMPARE(window.mapToGlobal({0, 0}), window.pos());
+}
+
+} // namespace
+
+void VemoComboBoxTest::isAComboBoxClassOfItsOwn()
+{
+    QWidget parent;
+    const VemoComboBox box(&parent);
+    QCOMPARE(box.metaObject()->className(), "VemoComboBox");
+    QCOMPARE(box.parentWidget(), &parent);
+    QVERIFY(!VemoComboBox().parent());
+}
+
+void VemoComboBoxTest::styleIsTheFilledInSectionAndTheScrollBars()
+{
+    const VemoComboBox box;
+    const QString section = getStyleSheet("component.combobox");
+    QVERIFY(section.contains("%1") && section.contains("%2"));
+    const int dpi = qEnvironmentVariableIntValue("QT_FONT_DPI");
+    const QString width = dpi == 144 ? "9" : dpi == 120 ? "7.5" : "6";
+    const QString padding = "padding-left: " + width + "px; \npadding-right: " + width + "px;";
+    QCOMPARE(box.styleSheet(),
+        section.arg(padding).arg("border: 1px solid #C8D2DC;")
+            + getStyleSheet("component.scrollbar"));
+}
+
+void VemoComboBoxTest::paddingKeepsItsFraction()
+{
+    if (qEnvironmentVariableIntValue("QT_FONT_DPI") != 120)
+        QSKIP("Only a factor of 1.25 leaves a fraction");
+    QVERIFY(VemoComboBox().styleSheet().contains("padding-left: 7.5px; \npadding-right: 7.5px;"));
+}
+
+void VemoComboBoxTest::rowsFollowTheStyleSheet()
+{
+    const VemoComboBox box;
+    QCOMPARE(box.itemDelegate()->metaObject(), &QStyledItemDelegate::staticMetaObject);
+}
+
+void VemoComboBoxTest::delegateDiesWithTheBox()
+{
+    auto *box = new VemoComboBox;
+    const QPointer<QAbstractItemDelegate> delegate(box->itemDelegate());
+    QVERIFY(delegate);
+    delete box;
+    QVERIFY(delegate.isNull());
+}
+
+void VemoComboBoxTest::ownDelegateMayReplaceIt()
+{
+    Box box;
+    const QPointer<QAbstractItemDelegate> first(box.itemDelegate());
+    auto *own = new QStyledItemDelegate(&box);
+    box.setItemDelegate(own);
+    QCOMPARE(box.itemDelegate(), own);
+    QVERIFY(first.isNull());
+}
+
+void VemoComboBoxTest::openingGivesUpTheFocus()
+{
+    QWidget window;
+    QLineEdit other(&window);
+    Box box;
+    box.setParent(&window);
+    showAt(window, {100, 100});
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    box.setFocus();
+    QVERIFY(box.hasFocus());
+    box.showPopup();
+    QVERIFY(window.focusWidget() != &box);
+    box.hidePopup();
+    QVERIFY(!box.hasFocus());
+}
+
+void VemoComboBoxTest::listOpensTwoPixelsBelowAtTheLeft_data()
+{
+    // From the edge of the screen: 0 at its start, 1 at its end.
+    QTest::addColumn<QPointF>("place");
+    QTest::newRow("middle") << QPointF(0.5, 0.3);
+    QTest::newRow("left edge") << QPointF(0, 0.3);
+    QTest::newRow("right edge") << QPointF(1, 0.3);
+    QTest::newRow("top edge") << QPointF(0.5, 0);
+    QTest::newRow("bottom edge, where the list leaves the screen") << QPointF(0.5, 1);
+    QTest::newRow("top left corner") << QPointF(0, 0);
+    QTest::newRow("bottom right corner") << QPointF(1, 1);
+}
+
+void VemoComboBoxTest::listOpensTwoPixelsBelowAtTheLeft()
+{
+    QFETCH(QPointF, place);
+    QWidget window;
+    Box box;
+    box.setParent(&window);
+    box.move(4, 6);
+    window.resize(box.width() + 8, box.height() + 12);
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    showAt(window,
+        {qRound(place.x() * (area.width() - window.width())),
+            qRound(place.y() * (area.height() - window.height()))});
+
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, box.geometry().center());
+    QTRY_VERIFY(box.popup()->isVisible());
+    QCOMPARE(box.popup()->pos(), box.expectedPosition());
+    QVERIFY(QTest::qWaitForWindowExposed(box.popup()));
+    QCOMPARE(box.popup()->windowHandle()->position(), box.expectedPosition());
+    box.hidePopup();
+}
+
+void VemoComboBoxTest::listFollowsTheBox()
+{
+    QWidget window;
+    Box box;
+    box.setParent(&window);
+    showAt(window, {100, 100});
+    box.showPopup();
+    box.hidePopup();
+    box.move(30, 20);
+    box.resize(box.width(), box.height() + 9);
+    box.showPopup();
+    QCOMPARE(box.popup()->pos(), box.expectedPosition());
+    box.hidePopup();
+}
+
+void VemoComboBoxTest::emptyBoxOpensNothing()
+{
+    VemoComboBox box;
+    box.show();
+    box.showPopup();
+    QVERIFY(!box.view()->isVisible());
+}
+
+void VemoComboBoxTest::rowIsPickedByMouseAndByKeyboard()
+{
+    Box box;
+    showAt(box, {100, 100});
+    QSignalSpy changes(&box, SIGNAL(currentIndexChanged(int)));
+    box.showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(box.popup()));
+    const QPoint third = box.view()->visualRect(box.model()->index(2, 0)).center();
+    QTest::mouseMove(box.view()->viewport(), third);
+    // Releases are ignored for a moment after the press that opened a list.
+    QTRY_VERIFY((QTest::mouseClick(box.view()->viewport(), Qt::LeftButton, {}, third),
+        box.currentIndex() == 2));
+    box.showPopup();
+    QTest::keyClick(box.view(), Qt::Key_Down);
+    QTest::keyClick(box.view(), Qt::Key_Return);
+    QCOMPARE(box.currentIndex(), 3);
+    QCOMPARE(changes.count(), 2);
+}
+
+void VemoComboBoxTest::editableBoxOpensBelowToo()
+{
+    Box box;
+    box.setEditable(true);
+    showAt(box, {100, 100});
+    box.showPopup();
+    QCOMPARE(box.popup()->pos(), box.expectedPosition());
+    box.hidePopup();
+}
+
+VEMO_TEST_MAIN(VemoComboBoxTest)
+#include "tst_vemocombobox.moc"

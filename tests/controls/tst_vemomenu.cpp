@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemomenu.h>
+
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <QScreen>
+
+class VemoMenuTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isAMenuClassOfItsOwnWithoutStyle();
+    void placesItselfInTheAvailableArea_data();
+    void placesItselfInTheAvailableArea();
+    void jumpsToZeroEvenWhereTheAreaStartsFurtherRight();
+    void comesToThePrimaryScreenFromAnother();
+    void placesItselfAtEachShow();
+    void popupIsInsideToo();
+    void triggersActionsByMouse();
+};
+
+namespace {
+
+QRect area()
+{
+    return QGuiApplication::primaryScreen()->availableGeometry();
+}
+
+/// One axis of the definition, written out.
+int expected(int position, int length, int first, int last)
+{
+    int result = position < first ? 0 : position;
+    if (position + length > last)
+        result = result - (position + length) + last;
+    return result;
+}
+
+class Menu : public VemoMenu
+{
+public:
+    /// Shows the menu at a position, hides it again and returns where it stood.
+    QPoint shownAt(const QPoint &position)
+    {
+        move(position);
+        show();
+        // The offscreen platform moves what is shown by a frame that isn't there.
+        const bool isOffscreen = QGuiApplication::platformName() == "offscreen";
+        const QPoint result = isOffscreen ? m_placed : pos();
+        hide();
+        return result;
+    }
+
+protected:
+    void showEvent(QShowEvent *event) override
+    {
+        VemoMenu::showEvent(event);
+        m_placed = pos();
+    }
+
+private:
+    QPoint m_placed;
+};
+
+constexpr int kInside = 100;
+
+} // namespace
+
+void VemoMenuTest::isAMenuClassOfItsOwnWithoutStyle()
+{
+    QWidget parent;
+    const VemoMenu menu(&parent);
+    QCOMPARE(menu.metaObject()->className(), "VemoMenu");
+    QCOMPARE(menu.parentWidget(), &parent);
+    QCOMPARE(menu.styleSheet(), QString());
+}
+
+void VemoMenuTest::placesItselfInTheAvailableArea_data()
+{
+    QTest::addColumn<QPoint>("position");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QPoint>("result");
+    const QRect a = area();
+    const QSize small(120, 80);
+    const int right = a.right() - small.width();
+    const int bottom = a.bottom() - small.height();
+    QTest::newRow("inside") << QPoint(kInside, kInside) << small << QPoint(kInside, kInside);
+    QTest::newRow("left of it") << QPoint(a.left() - 5, kInside) << small << QPoint(0, kInside);
+    QTest::newRow("far left of it") << QPoint(-5000, kInside) << small << QPoint(0, kInside);
+    QTest::newRow("above it") << QPoint(kInside, a.top() - 5) << small << QPoint(kInside, 0);
+    QTest::newRow("ends at the inclusive edge")
+        << QPoint(right, bottom) << small << QPoint(right, bottom);
+    QTest::newRow("one beyond the right")
+        << QPoint(right + 1, kInside) << small << QPoint(right, kInside);
+    QTest::newRow("one beyond the bottom")
+        << QPoint(kInside, bottom + 1) << small << QPoint(kInside, bottom);
+    QTest::newRow("right of it") << QPoint(a.right() + 40, kInside) << small
+                                 << QPoint(right, kInside);
+    QTest::newRow("below it") << QPoint(kInside, a.bottom() + 40) << small
+                              << QPoint(kInside, bottom);
+    QTest::newRow("beyond the corner") << QPoint(5000, 5000) << small << QPoint(right, bottom);
+    const QSize tall(120, a.height() + 50);
+    QTest::newRow("taller than it, from its inside")
+        << QPoint(kInside, kInside) << tall << QPoint(kInside, a.bottom() - tall.height());
+    QTest::newRow("taller than it, below it")
+        << QPoint(kInside, a.bottom() + 9) << tall << QPoint(kInside, a.bottom() - tall.height());
+    const QSize wide(a.width() + 50, 80);
+    QTest::newRow("wider than it, from its inside")
+        << QPoint(kInside, kInside) << wide << QPoint(a.right() - wide.width(), kInside);
+    QTest::newRow("wider than it, from its left: both tests fire")
+        << QPoint(-20, kInside) << wide << QPoint(a.right() - (-20 + wide.width()), kInside);
+    QTest::newRow("larger both ways, from its corner")
+        << QPoint(-20, -30) << QSize(wide.width(), tall.height())
+        << QPoint(a.right() + 20 - wide.width(), a.bottom() + 30 - tall.height());
+}
+
+void VemoMenuTest::placesItselfInTheAvailableArea()
+{
+    QFETCH(QPoint, position);
+    QFETCH(QSize, size);
+    QFETCH(QPoint, result);
+    Menu menu;
+    menu.setFixedSize(size);
+    QCOMPARE(result,
+        QPoint(expected(position.x(), size.width(), area().left(), area().right()),
+            expected(position.y(), size.height(), area().top(), area().bottom())));
+    QCOMPARE(menu.shownAt(position), result);
+}
+
+void VemoMenuTest::jumpsToZeroEvenWhereTheAreaStartsFurtherRight()
+{
+    if (area().left() == 0)
+        QSKIP("Needs a task bar at the left of the screen");
+    Menu menu;
+    menu.setFixedSize(120, 80);
+    QCOMPARE(menu.shownAt({area().left() - 1, kInside}), QPoint(0, kInside));
+    QCOMPARE(menu.shownAt({area().left(), kInside}), QPoint(area().left(), kInside));
+}
+
+void VemoMenuTest::comesToThePrimaryScreenFromAnother()
+{
+    if (QGuiApplication::screens().size() < 2)
+        QSKIP("Needs a second screen");
+    const QRect other = QGuiApplication::screens().at(1)->availableGeometry();
+    Menu menu;
+    menu.setFixedSize(120, 80);
+    QVERIFY(!area().intersects(other));
+    QCOMPARE(menu.shownAt(other.center()),
+        QPoint(expected(other.center().x(), 120, area().left(), area().right()),
+            expected(other.center().y(), 80, area().top(), area().bottom())));
+    QVERIFY(area().contains(menu.geometry()));
+}
+
+void VemoMenuTest::placesItselfAtEachShow()
+{
+    Menu menu;
+    menu.setFixedSize(120, 80);
+    QCOMPARE(menu.shownAt({-50, kInside}), QPoint(0, kInside));
+    QCOMPARE(menu.shownAt({kInside, kInside}), QPoint(kInside, kInside));
+    QCOMPARE(menu.shownAt({kInside, -50}), QPoint(kInside, 0));
+}
+
+void VemoMenuTest::popupIsInsideToo()
+{
+    VemoMenu menu;
+    for (const char *text : {"Open", "Rename", "Delete"})
+        menu.addAction(text);
+    menu.popup({area().right(), area().bottom()});
+    QVERIFY(area().contains(menu.geometry()));
+}
+
+void VemoMenuTest::triggersActionsByMouse()
+{
+    VemoMenu menu;
+    QAction *open = menu.addAction("Open");
+    QAction *rename = menu.addAction("Rename");
+    QSignalSpy opened(open, SIGNAL(triggered()));
+    QSignalSpy renamed(rename, SIGNAL(triggered()));
+    menu.popup({kInside, kInside});
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(rename).center());
+    QCOMPARE(renamed.count(), 1);
+    QCOMPARE(opened.count(), 0);
+    QVERIFY(!menu.isVisible());
+}
+
+VEMO_TEST_MAIN(VemoMenuTest)
+#include "tst_vemomenu.moc"
