@@ -8,12 +8,15 @@
 #include <QScreen>
 #include <QVarLengthArray>
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
+#include <numeric>
 
 namespace {
 
 constexpr double kDesignDpi = 96.0;
+constexpr int kRescanStep = 3; // Characters from the start of a number to where the search goes on.
 
 bool isDigit(QChar c)
 {
@@ -24,17 +27,9 @@ bool isDigit(QChar c)
 struct Length
 {
     int start; ///< first digit
-    int point; ///< the point, or where "px" begins
     int unit; ///< where "px" begins
 
     int end() const { return unit + 2; }
-
-    /// Where the number begins that is left when everything before from is ignored; -1 for none.
-    int startFrom(int from) const
-    {
-        const int digit = from == point ? from + 1 : from;
-        return digit < unit ? digit : -1;
-    }
 };
 
 /// The longest number that ends at unit and begins at from or later; start is -1 if there is none.
@@ -49,9 +44,9 @@ Length lengthBefore(const QString &sheet, int unit, int from)
     if (tail > from && sheet[tail - 1] == QLatin1Char('.')) {
         const int whole = digitsBefore(tail - 1);
         if (whole < tail - 1)
-            return {whole, tail - 1, unit};
+            return {whole, unit};
     }
-    return {tail < unit ? tail : -1, unit, unit};
+    return {tail < unit ? tail : -1, unit};
 }
 
 using Lengths = QVarLengthArray<Length, 256>;
@@ -73,15 +68,28 @@ Lengths allLengths(const QString &sheet)
     return lengths;
 }
 
+/// How many numbers the lengths count as at most, each of them again by its tails.
+int mostNumbers(const Lengths &lengths)
+{
+    return std::accumulate(lengths.begin(), lengths.end(), 0, [](int sum, const Length &length) {
+        return sum + 1 + (length.unit - length.start) / kRescanStep;
+    });
+}
+
 /// Reads the numbers that begin at ever later places of one length, in linear time altogether.
 class NumberReader
 {
 public:
-    NumberReader(const QString &sheet, const Length &length) : m_sheet(sheet), m_length(length) { }
+    NumberReader(const QString &sheet, const Length &length)
+        : m_sheet(sheet), m_unit(length.unit), m_lengthPoint(length.start)
+    {
+        while (m_lengthPoint < m_unit && isDigit(sheet[m_lengthPoint]))
+            ++m_lengthPoint;
+    }
 
     double numberFrom(int start)
     {
-        const int point = start <= m_length.point ? m_length.point : m_length.unit;
+        const int point = start <= m_lengthPoint ? m_lengthPoint : m_unit;
         int digit = qMax(m_digit, start);
         while (digit < point && m_sheet[digit] == QLatin1Char('0'))
             ++digit;
@@ -93,6 +101,14 @@ public:
         return m_number;
     }
 
+    /// Where the search goes on behind the start of a number; -1 when there is no digit left.
+    int startAfter(int start) const
+    {
+        const int next = start + kRescanStep;
+        const int digit = next == m_lengthPoint ? next + 1 : next;
+        return digit < m_unit ? digit : -1;
+    }
+
 private:
     // A whole number of 15 digits and a power of ten up to 22 are exact doubles, so is their
     // quotient rounded just as text would be.
@@ -102,40 +118,70 @@ private:
     {
         if (m_point - m_digit > kExactDigits)
             return std::numeric_limits<double>::infinity(); // Beyond any int, whatever the factor.
-        return m_length.unit - m_digit <= kExactDigits
+        return m_unit - m_digit <= kExactDigits
             ? exactNumber()
-            : m_sheet.midRef(m_digit, m_length.unit - m_digit).toDouble();
+            : m_sheet.midRef(m_digit, m_unit - m_digit).toDouble();
     }
 
     double exactNumber() const
     {
         qint64 digits = 0;
+        for (int i = m_digit; i < m_point; ++i)
+            digits = digits * 10 + digitAt(i);
+        if (m_point == m_unit)
+            return static_cast<double>(digits);
         double divisor = 1;
-        for (int i = m_digit; i < m_length.unit; ++i) {
-            if (i == m_point)
-                continue;
-            digits = digits * 10 + (m_sheet[i].unicode() - '0');
-            divisor = i > m_point ? divisor * 10 : divisor;
+        for (int i = m_point + 1; i < m_unit; ++i) {
+            digits = digits * 10 + digitAt(i);
+            divisor *= 10;
         }
         return static_cast<double>(digits) / divisor;
     }
 
+    int digitAt(int i) const { return m_sheet[i].unicode() - '0'; }
+
     const QString &m_sheet;
-    const Length m_length;
+    const int m_unit;
+    int m_lengthPoint; ///< the point in the length, or where "px" begins
     // The number read last: a later place in front of the same digits needs no reading again.
     int m_digit = -1; ///< its first digit but zeros
-    int m_point = -1;
+    int m_point = -1; ///< its point, or where "px" begins
     double m_number = 0;
 };
 
-void appendPixels(QString &result, int pixels)
+/// Writes into a string that is long enough from the start.
+class Writer
 {
-    char text[16];
-    const auto written = std::to_chars(text, text + sizeof(text) - 2, pixels);
-    written.ptr[0] = 'p';
-    written.ptr[1] = 'x';
-    result.append(QLatin1String(text, static_cast<int>(written.ptr - text) + 2));
-}
+public:
+    explicit Writer(int mostCharacters)
+        : m_text(mostCharacters, Qt::Uninitialized), m_end(m_text.data())
+    {
+    }
+
+    void append(const QChar *start, int length) { m_end = std::copy_n(start, length, m_end); }
+
+    void appendPixels(int pixels)
+    {
+        char digits[kLongestPixels];
+        const char *end = std::to_chars(digits, digits + kLongestPixels, pixels).ptr;
+        for (const char *digit = digits; digit != end; ++digit)
+            *m_end++ = QLatin1Char(*digit);
+        *m_end++ = QLatin1Char('p');
+        *m_end++ = QLatin1Char('x');
+    }
+
+    QString text()
+    {
+        m_text.truncate(static_cast<int>(m_end - m_text.constData()));
+        return m_text;
+    }
+
+    static constexpr int kLongestPixels = 13; ///< the lowest int and "px"
+
+private:
+    QString m_text;
+    QChar *m_end;
+};
 
 /// Hands out the pieces of a sheet between its lengths, one after the other.
 class Pieces
@@ -143,7 +189,7 @@ class Pieces
 public:
     Pieces(const QString &sheet, const Lengths &lengths) : m_sheet(sheet), m_lengths(lengths) { }
 
-    void appendNext(QString &result)
+    void appendNext(Writer &result)
     {
         if (m_next > m_lengths.size())
             return;
@@ -181,18 +227,17 @@ QString DPIinfo::getScaledStyleSheet(QString sheet) const
         return sheet;
     const Lengths lengths = allLengths(sheet);
     Pieces pieces(sheet, lengths);
-    QString result;
-    result.reserve(sheet.size() + sheet.size() / 8);
+    Writer result(sheet.size() + mostNumbers(lengths) * Writer::kLongestPixels);
     for (const Length &length : lengths) {
         NumberReader reader(sheet, length);
-        // Deliberate: the search goes on three characters after the start of a length, not after
-        // its end, so that a longer one counts again by its tail and takes a piece of its own.
+        // Deliberate: the search goes on a step after the start of a length, not after its end, so
+        // that a longer one counts again by its tail and takes a piece of its own.
         for (int start = length.start; start >= 0;) {
             pieces.appendNext(result);
-            appendPixels(result, truncToInt(reader.numberFrom(start) * m_dpi));
-            start = length.startFrom(start + 3);
+            result.appendPixels(truncToInt(reader.numberFrom(start) * m_dpi));
+            start = reader.startAfter(start);
         }
     }
     pieces.appendNext(result);
-    return result;
+    return result.text();
 }
