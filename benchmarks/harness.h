@@ -93,6 +93,9 @@ public:
     void resultsDiffer() { m_isCompared = false; }
 
     /// prepare runs before each call, unmeasured; it implies once().
+    /// A condition that must hold after ours has run, besides the equal results.
+    void check(const std::function<bool()> &condition) { m_condition = condition; }
+
     template <typename Run>
     void reference(const QString &what, Run run, const std::function<void()> &prepare = {})
     {
@@ -120,6 +123,7 @@ public:
     int items() const { return m_items; }
     bool isOnce() const { return m_isOnce; }
     bool isCompared() const { return m_isCompared && m_reference; }
+    bool isConditionMet() const { return !m_condition || m_condition(); }
 
 private:
     template <typename Run>
@@ -142,6 +146,7 @@ private:
     std::optional<Variant> m_reference;
     std::optional<Variant> m_limit;
     Variant m_ours;
+    std::function<bool()> m_condition;
     Goal m_goal;
     Goal m_limitGoal;
     Goal m_x11Goal;

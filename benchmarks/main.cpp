@@ -30,6 +30,13 @@ void setUpScreen()
         qunsetenv(variable);
 }
 
+/// Keeps the table free of what the offscreen platform says about itself at each window.
+void passOn(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    if (!message.startsWith(QLatin1String("This plugin does not support")))
+        QTextStream(stderr) << message << '\n';
+}
+
 int refuse(const QString &sentence)
 {
     QTextStream(stderr) << "vemo-bench: " << sentence << '\n';
@@ -81,6 +88,7 @@ int main(int argc, char *argv[])
     const QTemporaryDir runtimeFolder;
     setUnlessSet("XDG_RUNTIME_DIR", QFile::encodeName(runtimeFolder.path()));
     setUpScreen();
+    qInstallMessageHandler(passOn);
     const QApplication app(argc, argv);
     QApplication::setStyle(QStringLiteral("fusion"));
     // Cases of missing pictures would measure the terminal instead.
