@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemosheet.h>
+
+#include "core/scaling_p.h"
+
+#include <vemo/imagemanager.h>
+
+#include <QAccessibleWidget>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QPainter>
+
+namespace {
+
+constexpr double kShadowWidth = 22.0;
+
+/// Screen readers know a frame as a mere border.
+QAccessibleInterface *accessibleSheet(const QString &className, QObject *object)
+{
+    auto *sheet =
+        className == QLatin1String("VemoSheet") ? qobject_cast<VemoSheet *>(object) : nullptr;
+    return sheet ? new QAccessibleWidget(sheet, QAccessible::Dialog) : nullptr;
+}
+
+} // namespace
+
+VemoSheet::VemoSheet(QWidget *parent) : QFrame(parent), m_shadow_width(scaled(kShadowWidth))
+{
+    // Installing it again would be in vain, and does nothing.
+    QAccessible::installFactory(accessibleSheet);
+    reserveBand();
+}
+
+VemoSheet::~VemoSheet() = default;
+
+void VemoSheet::setWidget(QWidget *widget)
+{
+    delete layout();
+    auto *row = new QHBoxLayout(this);
+    row->addWidget(widget, 0, Qt::AlignCenter);
+    // The band counts from the polish on, and so it does in the size that the frame now takes.
+    ensurePolished();
+    updateGeometry();
+    adjustSize();
+}
+
+bool VemoSheet::event(QEvent *event)
+{
+    const bool isHandled = QFrame::event(event);
+    const QEvent::Type type = event->type();
+    // At each of these a frame sets its contents margins back to the width of its line.
+    if (type == QEvent::Polish || type == QEvent::ParentChange || type == QEvent::StyleChange)
+        reserveBand();
+    return isHandled;
+}
+
+void VemoSheet::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    drawShadow(painter);
+    const int band = m_shadow_width;
+    const QRect body(band, band, width() - 2 * band, height() - 2 * band);
+    // The painter would turn a negative size round and draw it all the same.
+    if (body.isEmpty())
+        return;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawRect(body);
+}
+
+void VemoSheet::showEvent(QShowEvent *event)
+{
+    reserveBand();
+    QWidget::showEvent(event);
+}
+
+void VemoSheet::reserveBand()
+{
+    setContentsMargins(m_shadow_width, m_shadow_width, m_shadow_width, m_shadow_width);
+}
+
+void VemoSheet::drawShadow(QPainter &painter)
+{
+    // Looked up at each paint, so that a catalogue read anew shows at once.
+    const QPixmap left = getGlobalImage("bg_tutorial_l");
+    const QPixmap right = getGlobalImage("bg_tutorial_r");
+    const QPixmap top = getGlobalImage("bg_tutorial_t");
+    const QPixmap bottom = getGlobalImage("bg_tutorial_b");
+    const QPixmap leftTop = getGlobalImage("bg_tutorial_lt");
+    const QPixmap rightTop = getGlobalImage("bg_tutorial_rt");
+    const QPixmap leftBottom = getGlobalImage("bg_tutorial_lb");
+    const QPixmap rightBottom = getGlobalImage("bg_tutorial_rb");
+
+    const int band = m_shadow_width;
+    const int farX = width() - band;
+    const int farY = height() - band;
+    painter.drawPixmap(0, 0, band, band, leftTop);
+    painter.drawPixmap(farX, 0, band, band, rightTop);
+    painter.drawPixmap(0, farY, band, band, leftBottom);
+    painter.drawPixmap(farX, farY, band, band, rightBottom);
+
+    drawEdge(painter, {0, band, band, farY - band}, left, m_edges[0]);
+    drawEdge(painter, {farX, band, band, farY - band}, right, m_edges[1]);
+    drawEdge(painter, {band, 0, farX - band, band}, top, m_edges[2]);
+    drawEdge(painter, {band, farY, farX - band, band}, bottom, m_edges[3]);
+}
+
+void VemoSheet::drawEdge(
+    QPainter &painter, const QRect &strip, const QPixmap &picture, StretchedEdge &stretched) const
+{
+    if (picture.isNull() || strip.isEmpty())
+        return;
+    if (stretched.sourceKey != picture.cacheKey() || stretched.size != strip.size())
+        stretched = {picture.cacheKey(), strip.size(),
+            picture.scaled(strip.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation)};
+    // With its size: the stretched picture kept the pixel ratio and would fill half the strip.
+    painter.drawPixmap(strip, stretched.picture);
+}

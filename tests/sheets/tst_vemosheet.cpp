@@ -1,0 +1,337 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemosheet.h>
+
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/dpiinfo.h>
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QScopeGuard>
+#include <QSignalSpy>
+
+#include <functional>
+
+namespace {
+
+constexpr QSize kArtwork(88, 88);
+
+struct Tile
+{
+    const char *name;
+    Qt::GlobalColor colour;
+};
+
+// Flat colours, so that each place of the band tells its picture.
+constexpr Tile kTiles[] = {
+    {"bg_tutorial_l", Qt::red},
+    {"bg_tutorial_r", Qt::green},
+    {"bg_tutorial_t", Qt::blue},
+    {"bg_tutorial_b", Qt::cyan},
+    {"bg_tutorial_lt", Qt::magenta},
+    {"bg_tutorial_rt", Qt::yellow},
+    {"bg_tutorial_lb", Qt::darkRed},
+    {"bg_tutorial_rb", Qt::darkGreen},
+};
+
+int expectedBand()
+{
+    return int(22.0 * DPIinfo::getInstance().getDPI());
+}
+
+/// Something that happens to a frame.
+using Change = std::function<void(VemoSheet &sheet, QWidget &window)>;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Change)
+
+class VemoSheetTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void isAChildOfItsParentAndNoWindow();
+    void bandIsTwentyTwoDesignPixelsTruncated();
+    void takesTheSizeOfItsContentAndTheBandAtOnce();
+    void secondWidgetReplacesTheLayoutOnly();
+    void keepsTheBandThrough_data();
+    void keepsTheBandThrough();
+    void eachPartOfTheBandShowsItsPicture_data();
+    void eachPartOfTheBandShowsItsPicture();
+    void bodyIsWhiteUpToTheBand();
+    void edgesAreStretchedNotTiled();
+    void edgesFollowTheSizeOfTheFrame();
+    void changedPictureShowsAtTheNextPaint();
+    void missingPictureLeavesItsPlaceEmptyAndWarns();
+    void frameSmallerThanItsBandDrawsWhatFits_data();
+    void frameSmallerThanItsBandDrawsWhatFits();
+    void neverFinishesByItself();
+    void isADialogToScreenReaders();
+
+private:
+    void drawTiles() const;
+
+    TestHost m_host;
+};
+
+void VemoSheetTest::initTestCase()
+{
+    QStringList names;
+    for (const Tile &tile : kTiles)
+        names += QLatin1String(tile.name);
+    m_host.writeCatalogue(names);
+    drawTiles();
+}
+
+void VemoSheetTest::drawTiles() const
+{
+    for (const Tile &tile : kTiles)
+        m_host.addPicture(QLatin1String(tile.name), kArtwork, QColor(tile.colour));
+    m_host.start(ImageManager::LAZY_LOAD);
+}
+
+void VemoSheetTest::isAChildOfItsParentAndNoWindow()
+{
+    QWidget window;
+    const VemoSheet sheet(&window);
+    QCOMPARE(sheet.parentWidget(), &window);
+    QVERIFY(!sheet.isWindow());
+}
+
+void VemoSheetTest::bandIsTwentyTwoDesignPixelsTruncated()
+{
+    const QHash<int, int> bands {{96, 22}, {120, 27}, {144, 33}};
+    const int dpi = qRound(DPIinfo::getInstance().getDPI() * 96);
+    QVERIFY(bands.contains(dpi));
+    QWidget window;
+    const VemoSheet sheet(&window);
+    const int band = bands.value(dpi);
+    QCOMPARE(sheet.contentsMargins(), QMargins(band, band, band, band));
+}
+
+void VemoSheetTest::takesTheSizeOfItsContentAndTheBandAtOnce()
+{
+    QWidget window;
+    VemoSheet sheet(&window);
+    auto *content = new QWidget;
+    content->setFixedSize(100, 50);
+    sheet.setWidget(content);
+
+    const int band = 2 * expectedBand();
+    const QMargins gap = sheet.layout()->contentsMargins();
+    const QSize expected(
+        100 + band + gap.left() + gap.right(), 50 + band + gap.top() + gap.bottom());
+    QCOMPARE(sheet.size(), expected);
+    QCOMPARE(content->parentWidget(), &sheet);
+    QCOMPARE(sheet.layout()->itemAt(0)->alignment(), Qt::AlignCenter);
+}
+
+void VemoSheetTest::secondWidgetReplacesTheLayoutOnly()
+{
+    QWidget window;
+    VemoSheet sheet(&window);
+    auto *first = new QLabel("first");
+    auto *second = new QLabel("second");
+    sheet.setWidget(first);
+    const QPointer<QLayout> firstLayout = sheet.layout();
+    sheet.setWidget(second);
+
+    QVERIFY(!firstLayout);
+    QCOMPARE(sheet.findChildren<QLayout *>(), QList<QLayout *> {sheet.layout()});
+    QCOMPARE(sheet.layout()->count(), 1);
+    QCOMPARE(sheet.layout()->itemAt(0)->widget(), second);
+    QCOMPARE(first->parentWidget(), &sheet);
+}
+
+void VemoSheetTest::keepsTheBandThrough_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::newRow("its first polish")
+        << Change([](auto &sheet, auto &) { sheet.ensurePolished(); });
+    QTest::newRow("a style sheet") << Change([](auto &sheet, auto &window) {
+        window.show();
+        sheet.setStyleSheet("QLabel { color: red; }");
+    });
+    QTest::newRow("a new parent") << Change(
+        [](auto &sheet, auto &window) { sheet.setParent(new QWidget(&window)); });
+    QTest::newRow("a show after other margins") << Change([](auto &sheet, auto &window) {
+        sheet.setContentsMargins(1, 2, 3, 4);
+        window.show();
+        sheet.show();
+    });
+}
+
+void VemoSheetTest::keepsTheBandThrough()
+{
+    QFETCH(const Change, change);
+    QWidget window;
+    auto *sheet = new VemoSheet(&window);
+    change(*sheet, window);
+    const int band = expectedBand();
+    QCOMPARE(sheet->contentsMargins(), QMargins(band, band, band, band));
+}
+
+void VemoSheetTest::eachPartOfTheBandShowsItsPicture_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QColor>("colour");
+    // Column and row: 0 the near band, 1 the body, 2 the far band.
+    QTest::newRow("left") << 0 << 1 << QColor(Qt::red);
+    QTest::newRow("right") << 2 << 1 << QColor(Qt::green);
+    QTest::newRow("top") << 1 << 0 << QColor(Qt::blue);
+    QTest::newRow("bottom") << 1 << 2 << QColor(Qt::cyan);
+    QTest::newRow("left top") << 0 << 0 << QColor(Qt::magenta);
+    QTest::newRow("right top") << 2 << 0 << QColor(Qt::yellow);
+    QTest::newRow("left bottom") << 0 << 2 << QColor(Qt::darkRed);
+    QTest::newRow("right bottom") << 2 << 2 << QColor(Qt::darkGreen);
+    QTest::newRow("body") << 1 << 1 << QColor(Qt::white);
+}
+
+void VemoSheetTest::eachPartOfTheBandShowsItsPicture()
+{
+    QFETCH(const int, column);
+    QFETCH(const int, row);
+    QFETCH(const QColor, colour);
+    QWidget window;
+    VemoSheet sheet(&window);
+    sheet.resize(200, 150);
+    const int band = expectedBand();
+    // The first and the last pixel of each part.
+    const int from[2][3] = {{0, band, 200 - band}, {0, band, 150 - band}};
+    const int to[2][3] = {{band - 1, 199 - band, 199}, {band - 1, 149 - band, 149}};
+    QCOMPARE(pixelAt(&sheet, {from[0][column], from[1][row]}), colour);
+    QCOMPARE(pixelAt(&sheet, {to[0][column], to[1][row]}), colour);
+}
+
+void VemoSheetTest::bodyIsWhiteUpToTheBand()
+{
+    QWidget window;
+    window.setStyleSheet("background: black;");
+    VemoSheet sheet(&window);
+    sheet.resize(120, 100);
+    const QImage picture = sheet.grab().toImage();
+    const qreal ratio = picture.devicePixelRatio();
+    const int band = expectedBand();
+    const QRectF body(band, band, 120 - 2 * band, 100 - 2 * band);
+    const QRect devicePixels = QRectF(body.topLeft() * ratio, body.size() * ratio).toRect();
+    for (int y = devicePixels.top(); y <= devicePixels.bottom(); ++y) {
+        for (int x = devicePixels.left(); x <= devicePixels.right(); ++x)
+            QCOMPARE(picture.pixelColor(x, y), QColor(Qt::white));
+    }
+}
+
+void VemoSheetTest::edgesAreStretchedNotTiled()
+{
+    const auto restored = qScopeGuard([this] { drawTiles(); });
+    QImage halves(kArtwork, QImage::Format_ARGB32);
+    halves.fill(Qt::black);
+    for (int y = kArtwork.height() / 2; y < kArtwork.height(); ++y) {
+        for (int x = 0; x < kArtwork.width(); ++x)
+            halves.setPixelColor(x, y, Qt::white);
+    }
+    QVERIFY(halves.save(m_host.pictureFolder() + "/bg_tutorial_l.png"));
+    m_host.start(ImageManager::LAZY_LOAD);
+
+    QWidget window;
+    VemoSheet sheet(&window);
+    sheet.resize(200, 300);
+    QCOMPARE(pixelAt(&sheet, {2, 120}), QColor(Qt::black));
+    QCOMPARE(pixelAt(&sheet, {2, 180}), QColor(Qt::white));
+}
+
+void VemoSheetTest::edgesFollowTheSizeOfTheFrame()
+{
+    QWidget window;
+    VemoSheet sheet(&window);
+    sheet.resize(120, 120);
+    QCOMPARE(pixelAt(&sheet, {1, 60}), QColor(Qt::red));
+    sheet.resize(220, 320);
+    QCOMPARE(pixelAt(&sheet, {1, 280}), QColor(Qt::red));
+    QCOMPARE(pixelAt(&sheet, {180, 1}), QColor(Qt::blue));
+}
+
+void VemoSheetTest::changedPictureShowsAtTheNextPaint()
+{
+    const auto restored = qScopeGuard([this] { drawTiles(); });
+    QWidget window;
+    VemoSheet sheet(&window);
+    sheet.resize(150, 150);
+    QCOMPARE(pixelAt(&sheet, {1, 75}), QColor(Qt::red));
+    QCOMPARE(pixelAt(&sheet, {1, 1}), QColor(Qt::magenta));
+    m_host.addPicture("bg_tutorial_l", kArtwork, Qt::gray);
+    m_host.addPicture("bg_tutorial_lt", kArtwork, Qt::darkGray);
+    m_host.start(ImageManager::LAZY_LOAD);
+    QCOMPARE(pixelAt(&sheet, {1, 75}), QColor(Qt::gray));
+    QCOMPARE(pixelAt(&sheet, {1, 1}), QColor(Qt::darkGray));
+}
+
+void VemoSheetTest::missingPictureLeavesItsPlaceEmptyAndWarns()
+{
+    const auto restored = qScopeGuard([this] { drawTiles(); });
+    QVERIFY(QFile::remove(m_host.pictureFolder() + "/bg_tutorial_r.png"));
+    m_host.start(ImageManager::LAZY_LOAD);
+    QWidget window;
+    VemoSheet sheet(&window);
+    sheet.setStyleSheet("VemoSheet { background: #102030; }");
+    sheet.resize(150, 150);
+    const QImage picture = sheet.grab().toImage();
+    const qreal ratio = picture.devicePixelRatio();
+    QCOMPARE(messages.take(),
+        QStringList("Cannot load pixmap \"bg_tutorial_r\" with type 0 [use default icon]"));
+    QVERIFY(picture.pixelColor(QPoint(148, 75) * ratio) != QColor(Qt::green));
+    QCOMPARE(picture.pixelColor(QPoint(75, 75) * ratio), QColor(Qt::white));
+    QCOMPARE(picture.pixelColor(QPoint(1, 75) * ratio), QColor(Qt::red));
+}
+
+void VemoSheetTest::frameSmallerThanItsBandDrawsWhatFits_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("narrow") << QSize(10, 200);
+    QTest::newRow("low") << QSize(200, 10);
+    QTest::newRow("both") << QSize(10, 10);
+    QTest::newRow("exactly the band") << QSize(2 * expectedBand(), 2 * expectedBand());
+}
+
+void VemoSheetTest::frameSmallerThanItsBandDrawsWhatFits()
+{
+    QFETCH(const QSize, size);
+    QWidget window;
+    VemoSheet sheet(&window);
+    sheet.resize(size);
+    // Corners overlap then, in the order in which they are drawn.
+    QCOMPARE(pixelAt(&sheet, {size.width() - 1, size.height() - 1}), QColor(Qt::darkGreen));
+}
+
+void VemoSheetTest::neverFinishesByItself()
+{
+    QWidget window;
+    auto *sheet = new VemoSheet(&window);
+    const QSignalSpy finished(sheet, SIGNAL(finished(int)));
+    QVERIFY(finished.isValid());
+    window.show();
+    sheet->hide();
+    sheet->show();
+    sheet->close();
+    QCOMPARE(finished.count(), 0);
+}
+
+void VemoSheetTest::isADialogToScreenReaders()
+{
+    QWidget window;
+    VemoSheet sheet(&window);
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&sheet);
+    QVERIFY(accessible);
+    QCOMPARE(accessible->role(), QAccessible::Dialog);
+    const QFrame frame(&window);
+    QVERIFY(QAccessible::queryAccessibleInterface(const_cast<QFrame *>(&frame))->role()
+        != QAccessible::Dialog);
+}
+
+VEMO_TEST_MAIN(VemoSheetTest)
+#include "tst_vemosheet.moc"
