@@ -5,7 +5,6 @@
 #include "support/vemotest.h"
 
 #include <vemo/dpiinfo.h>
-#include <vemo/uipathmanager.h>
 
 static_assert(std::is_copy_constructible_v<ImageManager>);
 static_assert(std::is_copy_assignable_v<ImageManager>);
@@ -157,10 +156,7 @@ void ImageManagerTest::theTemporaryFolderIsMadeWithItsParents()
 {
     const QString folder = m_host->userDataPath() + "/some/deeper folder";
     m_host->writeCatalogue({});
-    QLoggingCategory::setFilterRules("debug.message=false");
-    UIPathManager::getInstance().setPath("resource_path", m_host->resourcePath());
-    UIPathManager::getInstance().setPath("user_data_path", folder);
-    QLoggingCategory::setFilterRules(QString());
+    TestHost::registerFolders(m_host->resourcePath(), folder);
     ImageManager::getInstance().initialize(ImageManager::PRELOAD);
     QVERIFY(QDir(folder + "/tmp_images").exists());
 }

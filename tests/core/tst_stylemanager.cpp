@@ -5,7 +5,6 @@
 #include "support/vemotest.h"
 
 #include <vemo/dpiinfo.h>
-#include <vemo/uipathmanager.h>
 
 static_assert(std::is_copy_constructible_v<StyleManager>);
 static_assert(std::is_copy_assignable_v<StyleManager>);
@@ -203,9 +202,7 @@ void StyleManagerTest::placeholdersBecomeTheFolders()
 
 void StyleManagerTest::placeholdersAreReplacedBeforeCommentsAreRemoved()
 {
-    QLoggingCategory::setFilterRules("debug.message=false");
-    UIPathManager::getInstance().setPath("resource_path", m_host.resourcePath() + '/');
-    QLoggingCategory::setFilterRules(QString());
+    TestHost::registerFolders(m_host.resourcePath() + '/', m_host.userDataPath());
     ImageManager::getInstance().initialize(ImageManager::LAZY_LOAD);
     load("==slash==\nurl(IMG_LOC/a.png)\nx");
     QCOMPARE(StyleManager::getInstance().getStyleSheet("slash", true),

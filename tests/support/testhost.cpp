@@ -42,12 +42,16 @@ QString TestHost::writeFile(const QString &name, const QByteArray &bytes) const
 
 void TestHost::start(ImageManager::InitializeType type) const
 {
-    // A silenced category, so that registering the folders again is no surprise to the test.
-    QLoggingCategory::setFilterRules(QStringLiteral("debug.message=false"));
-    UIPathManager::getInstance().setPath(QStringLiteral("resource_path"), resourcePath());
-    UIPathManager::getInstance().setPath(QStringLiteral("user_data_path"), userDataPath());
-    QLoggingCategory::setFilterRules(QString());
+    registerFolders(resourcePath(), userDataPath());
     ImageManager::getInstance().initialize(type);
+}
+
+void TestHost::registerFolders(const QString &resources, const QString &userData)
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("debug.message=false"));
+    UIPathManager::getInstance().setPath(QStringLiteral("resource_path"), resources);
+    UIPathManager::getInstance().setPath(QStringLiteral("user_data_path"), userData);
+    QLoggingCategory::setFilterRules(QString());
 }
 
 void startDefaultTheme()

@@ -33,6 +33,9 @@ public:
     /// them once more.
     void start(ImageManager::InitializeType type) const;
 
+    /// Registers other folders, without the warnings of registering them once more.
+    static void registerFolders(const QString &resources, const QString &userData);
+
 private:
     QTemporaryDir m_resources;
     QTemporaryDir m_userData;

@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/imagemanager.h>
+
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <QDirIterator>
+
+class BadCatalogueTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void aCatalogueThatCannotBeReadIsEmpty_data();
+    void aCatalogueThatCannotBeReadIsEmpty();
+    void aMissingCatalogueIsEmpty();
+    void aFolderInPlaceOfTheCatalogueIsEmpty();
+    void missingFoldersAreNoCatalogue();
+    void aReadableCatalogueIsRead_data();
+    void aReadableCatalogueIsRead();
+    void elementsThatAreNoTextReadAsEmptyNames();
+    void namesMayBeAnyText_data();
+    void namesMayBeAnyText();
+    void aNameWithSlashesReadsASubfolder();
+    void noNameLeadsOutOfTheTemporaryFolder_data();
+    void noNameLeadsOutOfTheTemporaryFolder();
+    void anUnwritableUserFolderIsPassedOver_data();
+    void anUnwritableUserFolderIsPassedOver();
+
+private:
+    void start();
+    void expectUnknown(const QString &name);
+
+    QScopedPointer<TestHost> m_host;
+};
+
+void BadCatalogueTest::init()
+{
+    VemoTest::init();
+    m_host.reset(new TestHost);
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+}
+
+void BadCatalogueTest::start()
+{
+    m_host->start(ImageManager::PRELOAD);
+}
+
+void BadCatalogueTest::expectUnknown(const QString &name)
+{
+    QVERIFY(getGlobalImage(name).isNull());
+    QCOMPARE(messages.take(), QStringList("Cannot load pixmap \"" + name + '"'));
+}
+
+void BadCatalogueTest::aCatalogueThatCannotBeReadIsEmpty_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("truncated") << QByteArray("{\"images\": [\"unread\"");
+    QTest::newRow("cut inside a name") << QByteArray("{\"images\": [\"unre");
+    QTest::newRow("an array") << QByteArray("[\"unread\"]");
+    QTest::newRow("a text") << QByteArray("\"unread\"");
+    QTest::newRow("not JSON") << QByteArray("images = unread");
+    QTest::newRow("something behind it") << QByteArray("{\"images\": [\"unread\"]} x");
+    QTest::newRow("NUL behind it") << QByteArray("{\"images\": [\"unread\"]}\0", 23);
+    QTest::newRow("binary") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
+    QTest::newRow("images is a text") << QByteArray("{\"images\": \"unread\"}");
+    QTest::newRow("images is an object") << QByteArray("{\"images\": {\"unread\": 1}}");
+    QTest::newRow("images is null") << QByteArray("{\"images\": null, \"tmp_images\": null}");
+    QTest::newRow("images is a number") << QByteArray("{\"images\": 7, \"tmp_images\": true}");
+    QTest::newRow("another key") << QByteArray("{\"Images\": [\"unread\"]}");
+    QTest::newRow("nested without end") << QByteArray(1000000, '[');
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfe{\0}\0", 6);
+}
+
+void BadCatalogueTest::aCatalogueThatCannotBeReadIsEmpty()
+{
+    QFETCH(QByteArray, text);
+    m_host->addPicture("unread", {64, 64}, Qt::red);
+    m_host->writeFile("images.json", text);
+    start();
+    expectUnknown("unread");
+}
+
+void BadCatalogueTest::aMissingCatalogueIsEmpty()
+{
+    start();
+    expectUnknown("unread");
+}
+
+void BadCatalogueTest::aFolderInPlaceOfTheCatalogueIsEmpty()
+{
+    QVERIFY(QDir(m_host->resourcePath()).mkdir("images.json"));
+    start();
+    expectUnknown("unread");
+}
+
+void BadCatalogueTest::missingFoldersAreNoCatalogue()
+{
+    TestHost::registerFolders(m_host->resourcePath() + "/missing", m_host->userDataPath());
+    ImageManager::getInstance().initialize(ImageManager::PRELOAD);
+    expectUnknown("unread");
+    QCOMPARE(
+        ImageManager::getInstance().getImageFolder(), m_host->resourcePath() + "/missing/images");
+}
+
+void BadCatalogueTest::aReadableCatalogueIsRead_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("plain") << QByteArray("{\"images\": [\"folder\"]}");
+    QTest::newRow("a byte order mark") << QByteArray("\xef\xbb\xbf{\"images\": [\"folder\"]}");
+    QTest::newRow("carriage returns") << QByteArray("{\r\n\"images\": [\r\n\"folder\"\r\n]}\r\n");
+    QTest::newRow("a name that is no UTF-8") << QByteArray("{\"images\": [\"\xff\", \"folder\"]}");
+    QTest::newRow("other types between")
+        << QByteArray("{\"images\": [1, [\"x\"], \"folder\", {}]}");
+    QTest::newRow("the other key is wrong")
+        << QByteArray("{\"tmp_images\": 3, \"images\": [\"folder\"]}");
+    QTest::newRow("the key twice") << QByteArray("{\"images\": [\"x\"], \"images\": [\"folder\"]}");
+    QTest::newRow("more keys") << QByteArray("{\"x\": {\"images\": []}, \"images\": [\"folder\"]}");
+}
+
+void BadCatalogueTest::aReadableCatalogueIsRead()
+{
+    QFETCH(QByteArray, text);
+    m_host->writeFile("images.json", text);
+    start();
+    QVERIFY(!getGlobalImage("folder").isNull());
+}
+
+void BadCatalogueTest::elementsThatAreNoTextReadAsEmptyNames()
+{
+    m_host->addPicture("_hover", {64, 64}, Qt::blue);
+    m_host->writeFile("images.json", "{\"images\": [1], \"tmp_images\": [null]}");
+    start();
+    QVERIFY(!getGlobalImage("", ImageManager::HOVER).isNull());
+    QCOMPARE(QDir(m_host->tempPictureFolder()).entryList(QDir::Files), QStringList("tmp_.png"));
+}
+
+void BadCatalogueTest::namesMayBeAnyText_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("German") << QString::fromUtf8("Größe");
+    QTest::newRow("Chinese") << QString::fromUtf8("文件夹");
+    QTest::newRow("right to left") << QString::fromUtf8("مجلد");
+    QTest::newRow("beyond the basic plane") << QString::fromUtf8("😀");
+    QTest::newRow("blanks") << " a  b ";
+    QTest::newRow("a line break") << "a\nb";
+    QTest::newRow("quotes") << "a\"b\\c";
+    QTest::newRow("percent signs") << "%1%20";
+    QTest::newRow("at twice the size") << "icon@2x";
+}
+
+void BadCatalogueTest::namesMayBeAnyText()
+{
+    QFETCH(QString, name);
+    m_host->addPicture(name, {64, 64}, Qt::blue);
+    m_host->writeCatalogue({name}, {name});
+    start();
+    const QPixmap picture = getGlobalImage(name);
+    QCOMPARE(picture.toImage().pixelColor(1, 1), QColor(Qt::blue));
+    QVERIFY(
+        QFile::exists(QString(m_host->tempPictureFolder() + "/tmp_%1.png").arg(name.remove(' '))));
+}
+
+void BadCatalogueTest::aNameWithSlashesReadsASubfolder()
+{
+    QVERIFY(QDir(m_host->pictureFolder()).mkdir("sub"));
+    m_host->addPicture("sub/icon", {64, 64}, Qt::blue);
+    m_host->writeCatalogue({"sub/icon", "../images/folder"}, {"sub/icon"});
+    start();
+    QVERIFY(!getGlobalImage("sub/icon").isNull());
+    QVERIFY(!getGlobalImage("../images/folder").isNull());
+    // There is no folder "tmp_sub": nothing is written, and nothing said.
+    QVERIFY(QDir(m_host->tempPictureFolder()).isEmpty());
+}
+
+void BadCatalogueTest::noNameLeadsOutOfTheTemporaryFolder_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name :
+        {"..", "../out", "/../out", "/../../out", "/../../../out", "/./../../out", "x/../../out",
+            "//..//..//out", "/../../tmp_images_out", "\\..\\..\\out"})
+        QTest::newRow(name) << name;
+    QTest::newRow("NUL") << QString("/../../out") + QChar(0);
+    QTest::newRow("an absolute path") << QDir::tempPath() + "/vemo_out";
+}
+
+void BadCatalogueTest::noNameLeadsOutOfTheTemporaryFolder()
+{
+    QFETCH(QString, name);
+    const QString base = m_host->userDataPath() + "/base";
+    // Folders that the hostile paths could pass through.
+    for (const char *folder : {"tmp_", "tmp_..", "tmp_x"})
+        QVERIFY(QDir().mkpath(base + "/data/tmp_images/" + folder));
+    m_host->writeCatalogue({}, {name});
+    TestHost::registerFolders(m_host->resourcePath(), base + "/data");
+    ImageManager::getInstance().initialize(ImageManager::PRELOAD);
+    QDirIterator files(m_host->userDataPath(), QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext())
+        QVERIFY2(files.next().startsWith(base + "/data/tmp_images/"), qPrintable(files.filePath()));
+    QVERIFY(!QFile::exists(QDir::tempPath() + "/vemo_out.png"));
+}
+
+void BadCatalogueTest::anUnwritableUserFolderIsPassedOver_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("a file in its place") << "base/data";
+    QTest::newRow("a file in place of its parent") << "base";
+    QTest::newRow("a file in place of the temporary folder") << "base/data/tmp_images";
+    QTest::newRow("a folder in place of the picture") << "";
+}
+
+void BadCatalogueTest::anUnwritableUserFolderIsPassedOver()
+{
+    QFETCH(QString, file);
+    const QString userData = m_host->userDataPath() + "/base/data";
+    if (file.isEmpty()) {
+        QVERIFY(QDir().mkpath(userData + "/tmp_images/tmp_folder.png"));
+    } else {
+        QFile obstacle(m_host->userDataPath() + '/' + file);
+        QVERIFY(QDir().mkpath(QFileInfo(obstacle).path()));
+        QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    }
+    m_host->writeCatalogue({"folder"}, {"folder"});
+    TestHost::registerFolders(m_host->resourcePath(), userData);
+    ImageManager::getInstance().initialize(ImageManager::PRELOAD);
+    QVERIFY(!getGlobalImage("folder").isNull());
+    QVERIFY(!QFileInfo(userData + "/tmp_images/tmp_folder.png").isFile());
+    QCOMPARE(ImageManager::getInstance().getTempImageFolder(), userData + "/tmp_images");
+}
+
+VEMO_TEST_MAIN(BadCatalogueTest)
+#include "tst_badcatalogue.moc"
