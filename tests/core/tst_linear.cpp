@@ -31,7 +31,7 @@ template <typename Function> double secondsOf(const Function &run)
 /// How many times longer the large run takes: the median of several pairs.
 template <typename Function> double timesLonger(const Function &small, const Function &large)
 {
-    std::array<double, 7> ratios {};
+    std::array<double, 5> ratios {};
     for (double &ratio : ratios) {
         // Below what the clock can tell apart, any two times are alike.
         const double shortest = 1e-4;
