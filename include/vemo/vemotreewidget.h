@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QColor>
+#include <QTreeWidget>
+
+#include <optional>
+
+/// A tree that paints a rounded highlight behind selected and hovered rows and tells the host of
+/// key presses and right clicks.
+///
+/// It looks up no style itself: a host sets its colours, its style sheet (the default theme has
+/// one, "component.tree") and, for renaming, an ItemDelegate. Rows without a check box
+/// (Qt::ItemIsUserCheckable) draw their text as disabled.
+///
+///     auto *folders = new VemoTreeWidget(this);
+///     folders->setStyleSheet(getStyleSheet("component.tree"));
+///     folders->setBackgroundColor("#DCEBFB", "#EEF3F8");
+///     connect(folders, SIGNAL(sigMouseRightClickEvent(QMouseEvent *)), this,
+///         SLOT(slotShowMenu(QMouseEvent *)));
+class VEMO_EXPORT VemoTreeWidget : public QTreeWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VemoTreeWidget(QWidget *parent = nullptr);
+
+    /// Colours behind selected and hovered rows; invalid ones, as at first, paint black.
+    void setBackgroundColor(QColor selected, QColor hover);
+
+    /// Scrolls sideways until the left edge of item is in the middle of the viewport, unless it has
+    /// 100 design pixels of room already. Does nothing for a null item or another tree's.
+    void updateScrollArea(QTreeWidgetItem *item);
+
+Q_SIGNALS:
+    /// Both come before the tree handles the event itself.
+    void sigKeyPressEvent(QKeyEvent *);
+    void sigMouseRightClickEvent(QMouseEvent *event);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    /// Makes the current item current once more, so that its signals fire; without one, the first.
+    void focusInEvent(QFocusEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
+        const QModelIndex &index) const override;
+
+private:
+    bool isHovered(const QRect &rect) const;
+
+    QColor m_selected_color;
+    QColor m_hover_color;
+    std::optional<QPoint> m_pointer_in_paint; ///< set while the viewport is painted
+};

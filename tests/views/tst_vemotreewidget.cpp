@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemotreewidget.h>
+
+#include "core/scaling_p.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/filesystemtreewidgetitem.h>
+#include <vemo/itemdelegate.h>
+#include <vemo/stylemanager.h>
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+
+namespace {
+
+const QColor kSelected(Qt::red);
+const QColor kHovered(Qt::green);
+const QColor kGround(Qt::white);
+
+void moveAway()
+{
+    QCursor::setPos(750, 590);
+}
+
+class Tree : public VemoTreeWidget
+{
+public:
+    using VemoTreeWidget::drawRow;
+    using VemoTreeWidget::indexFromItem;
+    using VemoTreeWidget::viewOptions;
+
+    Tree()
+    {
+        setHeaderHidden(true);
+        setFocusPolicy(Qt::NoFocus); // which would select the first row
+        setFrameShape(QFrame::NoFrame);
+        setRootIsDecorated(false);
+        setStyleSheet(QStringLiteral("QTreeWidget { background: white; color: white;"
+                                     " selection-background-color: transparent; }"));
+        setBackgroundColor(kSelected, kHovered);
+        for (int row = 0; row < 5; ++row)
+            addTopLevelItem(new QTreeWidgetItem(QStringList(QString())));
+        resize(300, 200);
+        moveAway();
+    }
+
+    void movePointerTo(const QPoint &point) const { QCursor::setPos(mapToGlobal(point)); }
+    QRect rect(int row) const { return visualItemRect(topLevelItem(row)); }
+    /// The colour behind a row, apart from its text and its edges.
+    QColor ground(int row) { return pixelAt(viewport(), rect(row).center()); }
+    QList<QColor> grounds()
+    {
+        QList<QColor> colours;
+        for (int row = 0; row < 3; ++row)
+            colours << ground(row);
+        return colours;
+    }
+};
+
+} // namespace
+
+class VemoTreeWidgetTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void highlightsSelectedRows();
+    void highlightsTheRowUnderThePointer();
+    void showsTheSelectionUnderThePointer();
+    void readsThePointerAfreshForEachPaint();
+    void testsThePointerOnePixelLower();
+    void looksForThePointerInTheTreeNotInItsViewport();
+    void leavesTheRightEdgeFree();
+    void roundsTheCornersOfTheHighlight();
+    void drawsAWhitePen();
+    void drawsInvalidColoursAsTheyAre();
+    void drawsARowOutsideAPaint();
+    void drawsNothingForAnInvalidIndex();
+    void drawsRowsWithoutACheckBoxAsDisabled();
+    void restoresThePainter();
+};
+
+void VemoTreeWidgetTest::highlightsSelectedRows()
+{
+    Tree tree;
+    tree.setSelectionMode(QAbstractItemView::MultiSelection);
+    tree.topLevelItem(0)->setSelected(true);
+    tree.topLevelItem(2)->setSelected(true);
+    QCOMPARE(tree.grounds(), QList<QColor>({kSelected, kGround, kSelected}));
+}
+
+void VemoTreeWidgetTest::highlightsTheRowUnderThePointer()
+{
+    Tree tree;
+    tree.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tree));
+    tree.movePointerTo(tree.rect(1).center());
+    QCOMPARE(tree.grounds(), QList<QColor>({kGround, kHovered, kGround}));
+}
+
+void VemoTreeWidgetTest::showsTheSelectionUnderThePointer()
+{
+    Tree tree;
+    tree.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tree));
+    tree.topLevelItem(1)->setSelected(true);
+    tree.movePointerTo(tree.rect(1).center());
+    QCOMPARE(tree.grounds(), QList<QColor>({kGround, kSelected, kGround}));
+}
+
+void VemoTreeWidgetTest::readsThePointerAfreshForEachPaint()
+{
+    Tree tree;
+    tree.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tree));
+    tree.movePointerTo(tree.rect(1).center());
+    QCOMPARE(tree.ground(1), kHovered);
+    tree.movePointerTo(tree.rect(2).center());
+    QCOMPARE(tree.grounds(), QList<QColor>({kGround, kGround, kHovered}));
+    moveAway();
+    QCOMPARE(tree.grounds(), QList<QColor>({kGround, kGround, kGround}));
+}
+
+void VemoTreeWidgetTest::testsThePointerOnePixelLower()
+{
+    Tree tree;
+    tree.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tree));
+    tree.movePointerTo(QPoint(100, tree.rect(1).top()));
+    QCOMPARE(tree.grounds(), QList<QColor>({kHovered, kGround, kGround}));
+    tree.movePointerTo(QPoint(100, tree.rect(1).top() + 1));
+    QCOMPARE(tree.grounds(), QList<QColor>({kGround, kHovered, kGround}));
+    tree.movePointerTo(QPoint(100, tree.rect(1).bottom() + 1));
+    QCOMPARE(tree.grounds(), QList<QColor>({kGround, kHovered, kGround}));
+}
+
+void VemoTreeWidgetTest::looksForThePointerInTheTreeNotInItsViewport()
+{
+    Tree tree;
+    tree.setHeaderHidden(false);
+    tree.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tree));
+    tree.movePointerTo(tree.rect(1).center());
+    QCOMPARE(tree.grounds(), QList<QColor>({kGround, kHovered, kGround}));
+}
+
+void VemoTreeWidgetTest::leavesTheRightEdgeFree()
+{
+    Tree tree;
+    tree.topLevelItem(1)->setSelected(true);
+    const QRect row = tree.rect(1);
+    const int end = row.right() - scaled(3);
+    QCOMPARE(pixelAt(tree.viewport(), {end - 2, row.center().y()}), kSelected);
+    QCOMPARE(pixelAt(tree.viewport(), {end + 2, row.center().y()}), kGround);
+}
+
+void VemoTreeWidgetTest::roundsTheCornersOfTheHighlight()
+{
+    Tree tree;
+    tree.topLevelItem(1)->setSelected(true);
+    const QRect row = tree.rect(1);
+    QVERIFY(pixelAt(tree.viewport(), row.topLeft()).lightness() > 230);
+    const QPoint inside(scaled(3) + 1, scaled(3) + 1);
+    QCOMPARE(pixelAt(tree.viewport(), row.topLeft() + inside), kSelected);
+}
+
+void VemoTreeWidgetTest::drawsAWhitePen()
+{
+    Tree tree;
+    tree.setStyleSheet(QStringLiteral("QTreeWidget { background: black; color: black;"
+                                      " selection-background-color: transparent; }"));
+    tree.topLevelItem(1)->setSelected(true);
+    QPoint edge = tree.rect(1).center();
+    edge.setY(tree.rect(1).top());
+    // Antialiased on the pixel border: half of it lies in the row.
+    QVERIFY(pixelAt(tree.viewport(), edge).lightness() > kSelected.lightness());
+    QCOMPARE(tree.ground(1), kSelected);
+}
+
+void VemoTreeWidgetTest::drawsInvalidColoursAsTheyAre()
+{
+    Tree tree;
+    tree.setBackgroundColor(QColor(), QColor());
+    tree.topLevelItem(1)->setSelected(true);
+    QCOMPARE(tree.grounds(), QList<QColor>({kGround, QColor(Qt::black), kGround}));
+    const VemoTreeWidget fresh;
+    QVERIFY(fresh.findChildren<QTreeWidget *>().isEmpty());
+}
+
+void VemoTreeWidgetTest::drawsARowOutsideAPaint()
+{
+    Tree tree;
+    tree.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tree));
+    tree.movePointerTo(tree.rect(1).center());
+    QImage picture(tree.size(), QImage::Format_RGB32);
+    picture.fill(kGround);
+    QStyleOptionViewItem option = tree.viewOptions();
+    option.rect = tree.rect(1);
+    QPainter painter(&picture);
+    tree.drawRow(&painter, option, tree.indexFromItem(tree.topLevelItem(1)));
+    QCOMPARE(picture.pixelColor(tree.rect(1).center()), kHovered);
+    moveAway();
+    option.rect = tree.rect(2);
+    tree.drawRow(&painter, option, tree.indexFromItem(tree.topLevelItem(2)));
+    QCOMPARE(picture.pixelColor(tree.rect(2).center()), kGround);
+}
+
+void VemoTreeWidgetTest::drawsNothingForAnInvalidIndex()
+{
+    Tree tree;
+    QImage picture(tree.size(), QImage::Format_RGB32);
+    picture.fill(kGround);
+    QStyleOptionViewItem option = tree.viewOptions();
+    option.rect = tree.rect(1);
+    tree.movePointerTo(tree.rect(1).center());
+    QPainter painter(&picture);
+    tree.drawRow(&painter, option, {});
+    QCOMPARE(picture.pixelColor(tree.rect(1).center()), kGround);
+}
+
+void VemoTreeWidgetTest::drawsRowsWithoutACheckBoxAsDisabled()
+{
+    struct Delegate : ItemDelegate
+    {
+        void paint(
+            QPainter *, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+        {
+            isEnabled[index.row()] = option.state & QStyle::State_Enabled;
+        }
+        mutable QHash<int, bool> isEnabled;
+    };
+    Tree tree;
+    Delegate delegate;
+    tree.setItemDelegate(&delegate);
+    tree.topLevelItem(1)->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    QVERIFY(!tree.grab().isNull());
+    QVERIFY(delegate.isEnabled.value(0));
+    QVERIFY(!delegate.isEnabled.value(1));
+    tree.topLevelItem(1)->setSelected(true);
+    QVERIFY(tree.topLevelItem(1)->isSelected());
+}
+
+void VemoTreeWidgetTest::restoresThePainter()
+{
+    Tree tree;
+    tree.topLevelItem(1)->setSelected(true);
+    QImage picture(tree.size(), QImage::Format_RGB32);
+    QStyleOptionViewItem option = tree.viewOptions();
+    option.rect = tree.rect(1);
+    QPainter painter(&picture);
+    painter.setPen(Qt::blue);
+    tree.drawRow(&painter, option, tree.indexFromItem(tree.topLevelItem(1)));
+    QCOMPARE(painter.pen().color(), QColor(Qt::blue));
+    QVERIFY(!(painter.renderHints() & QPainter::Antialiasing));
+}
+
+VEMO_TEST_MAIN(VemoTreeWidgetTest)
+#include "tst_vemotreewidget.moc"

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/filesystemtreewidgetitem.h>
+
+#include <typeinfo>
+
+namespace {
+
+const QLatin1String kHome("home");
+
+/// other's path; null for an item of another kind.
+const QString *pathOf(const QTreeWidgetItem &other)
+{
+    // Sorting asks very often, and as good as always about this very class.
+    const auto *item = typeid(other) == typeid(FileSystemTreeWidgetItem)
+        ? static_cast<const FileSystemTreeWidgetItem *>(&other)
+        : dynamic_cast<const FileSystemTreeWidgetItem *>(&other);
+    return item ? &item->getPath() : nullptr;
+}
+
+} // namespace
+
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() = default;
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &) = default;
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(FileSystemTreeWidgetItem &&) noexcept = default;
+FileSystemTreeWidgetItem &FileSystemTreeWidgetItem::operator=(
+    const FileSystemTreeWidgetItem &) = default;
+FileSystemTreeWidgetItem &FileSystemTreeWidgetItem::operator=(
+    FileSystemTreeWidgetItem &&) noexcept = default;
+FileSystemTreeWidgetItem::~FileSystemTreeWidgetItem() = default;
+
+bool FileSystemTreeWidgetItem::operator<(const QTreeWidgetItem &other) const
+{
+    // Deliberate: only the other's path counts, never this one's.
+    const QString *path = pathOf(other);
+    return (!path || *path != kHome) && QTreeWidgetItem::operator<(other);
+}
+
+const QString &FileSystemTreeWidgetItem::getPath() const
+{
+    return m_path;
+}
+
+void FileSystemTreeWidgetItem::setPath(const QString &path)
+{
+    m_path = path;
+}
+
+unsigned long long FileSystemTreeWidgetItem::getBelongViewId() const
+{
+    return m_belong_view_id;
+}
+
+void FileSystemTreeWidgetItem::setBelongViewId(unsigned long long id)
+{
+    m_belong_view_id = id;
+}
+
+unsigned long long FileSystemTreeWidgetItem::getNodeId() const
+{
+    return m_node_id;
+}
+
+void FileSystemTreeWidgetItem::setNodeId(unsigned long long id)
+{
+    m_node_id = id;
+}
+
+bool FileSystemTreeWidgetItem::isFake() const
+{
+    return m_fake;
+}
+
+void FileSystemTreeWidgetItem::setFake(bool fake)
+{
+    m_fake = fake;
+}
+
+bool FileSystemTreeWidgetItem::isRemoved() const
+{
+    return m_removed;
+}
+
+void FileSystemTreeWidgetItem::setRemoved(bool removed)
+{
+    m_removed = removed;
+}
+
+bool FileSystemTreeWidgetItem::getRO() const
+{
+    return m_ro;
+}
+
+void FileSystemTreeWidgetItem::setRO(bool readOnly)
+{
+    m_ro = readOnly;
+}
+
+bool FileSystemTreeWidgetItem::isFakeChildExist() const
+{
+    return m_fake_child_exist;
+}
+
+void FileSystemTreeWidgetItem::setFakeChildExist(bool exists)
+{
+    m_fake_child_exist = exists;
+}
+
+FileSystemTreeWidgetItem::ItemStatus FileSystemTreeWidgetItem::getTreeWidgetItemStatus() const
+{
+    return m_status;
+}
+
+void FileSystemTreeWidgetItem::setTreeWidgetItemStatus(ItemStatus status)
+{
+    m_status = status;
+}

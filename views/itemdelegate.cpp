@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/itemdelegate.h>
+
+#include "core/scaling_p.h"
+#include "views/itemdelegate_p.h"
+
+#include <vemo/stylemanager.h>
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <QRegularExpressionValidator>
+
+namespace {
+
+constexpr int kRowHeight = 28; // design pixels
+
+void setupEditor(QLineEdit *editor)
+{
+    const QRegularExpression name(QStringLiteral(R"(^[^\.\\\/:*?"<>|][^\\\/:*?"<>|]*)"));
+    editor->setValidator(new QRegularExpressionValidator(name, editor));
+    editor->setStyleSheet(getStyleSheet("component.tree_item"));
+    editor->setAttribute(Qt::WA_MacShowFocusRect, false);
+    editor->selectAll();
+}
+
+} // namespace
+
+QRect &lastCheckRect()
+{
+    static QRect rect;
+    return rect;
+}
+
+ItemDelegate::ItemDelegate() = default;
+
+bool ItemDelegate::eventFilter(QObject *object, QEvent *event)
+{
+    const QPointer<ItemDelegate> self(this);
+    const QPointer<QObject> editor(object);
+    if (event->type() == QEvent::KeyPress) {
+        auto *keyEvent = static_cast<QKeyEvent *>(event);
+        if (keyEvent->key() == Qt::Key_Escape)
+            Q_EMIT sigKeyPressed(keyEvent);
+    }
+    // A slot may have ended the editing, and more, for good.
+    return !self || !editor || QItemDelegate::eventFilter(object, event);
+}
+
+QSize ItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    return {QItemDelegate::sizeHint(option, index).width(), scaled(kRowHeight)};
+}
+
+void ItemDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    if (auto *lineEdit = qobject_cast<QLineEdit *>(editor))
+        setupEditor(lineEdit);
+    QItemDelegate::setEditorData(editor, index);
+}
+
+void ItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &option,
+    const QRect &rect, Qt::CheckState state) const
+{
+    lastCheckRect() = rect;
+    QItemDelegate::drawCheck(painter, option, rect, state);
+}
