@@ -23,8 +23,7 @@ struct Tree
     void show()
     {
         widget.show();
-        widget.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&widget));
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
     }
     void focusIn()
     {
