@@ -147,7 +147,7 @@ void GalleryWindow::addPages()
 {
     for (const PageEntry &page : m_pages) {
         m_list->addItem(page.title);
-        m_stack->addWidget(new QScrollArea);
+        m_stack->addWidget(named("pageArea", new QScrollArea));
     }
 }
 
@@ -166,9 +166,8 @@ QScrollArea *GalleryWindow::builtPage(int index)
         return area;
     auto *page = new Page(m_pages[index].title, m_options);
     m_pages[index].build(*page);
-    area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);
+    area->setAccessibleName(m_pages[index].title);
     area->setWidget(page);
     return area;
 }

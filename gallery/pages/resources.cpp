@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
 #include "gallery/commandline.h"
 #include "gallery/languages.h"
 #include "gallery/page.h"
@@ -12,7 +13,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -24,6 +24,8 @@ namespace {
 /// One extension for each type of file, and one that no type has.
 const QStringList kExtensions {"mdb", "ai", "mp3", "bkpi", "docx", "exe", "fla", "html", "idn",
     "jpg", "iso", "cpp", "pdf", "ppt", "psd", "swf", "ttf", "txt", "mp4", "xlsx", "zip", "other"};
+
+constexpr int kPictureGap = 6; // design pixels
 
 const char *const kSuffixes[] = {"", "_hover", "_click", "_disable"};
 
@@ -54,26 +56,35 @@ QString typePicture(const QString &extension, bool removed)
         .completeBaseName();
 }
 
-/// Pictures drawn in white are meant for the accent's ground.
-QFrame *newGround(const QString &name)
+QWidget *sideBySide(const QList<QWidget *> &pictures)
 {
-    auto *ground = new QFrame;
-    const bool isWhite = name.startsWith("check") || name.startsWith("radio");
-    ground->setObjectName(isWhite ? "accentGround" : "ground");
-    auto *layout = new QHBoxLayout(ground);
+    auto *group = new QWidget;
+    auto *layout = new QHBoxLayout(group);
     layout->setContentsMargins(0, 0, 0, 0);
-    return ground;
+    layout->setSpacing(scaled(kPictureGap));
+    for (QWidget *picture : pictures)
+        layout->addWidget(picture);
+    return group;
+}
+
+QLabel *statePicture(const QString &name, ImageManager::ImageType type)
+{
+    QLabel *label = picture(getGlobalImage(name, type));
+    const bool isWhite = name.startsWith("check") || name.startsWith("radio");
+    if (isWhite && type == ImageManager::NORMAL)
+        label->setObjectName("accentGround");
+    return label;
 }
 
 QWidget *statesOf(const QString &name)
 {
-    QFrame *ground = newGround(name);
+    QList<QWidget *> pictures;
     for (const auto type :
         {ImageManager::NORMAL, ImageManager::HOVER, ImageManager::CLICK, ImageManager::DISABLE}) {
         if (hasState(name, type))
-            ground->layout()->addWidget(picture(getGlobalImage(name, type)));
+            pictures << statePicture(name, type);
     }
-    return captioned(ground, name);
+    return captioned(sideBySide(pictures), name);
 }
 
 void addScreen(Page &page)
@@ -132,10 +143,9 @@ void addFileTypes(Page &page)
 {
     QList<QWidget *> cells;
     for (const QString &extension : kExtensions) {
-        auto *pair = newGround({});
-        for (const bool removed : {false, true})
-            pair->layout()->addWidget(picture(getGlobalImage(typePicture(extension, removed))));
-        cells << captioned(pair, extension);
+        cells << captioned(sideBySide({picture(getGlobalImage(typePicture(extension, false))),
+                               picture(getGlobalImage(typePicture(extension, true)))}),
+            extension);
     }
     page.addSection(
         "File types", "Each as a present and as a removed file, for one of its extensions.");

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "support/vemotest.h"
+
+#include "gallery/commandline.h"
+#include "gallery/languages.h"
+#include "gallery/pageregistry.h"
+
+#include <vemo/vemolocale.h>
+
+#include <QStandardPaths>
+
+namespace {
+
+CommandLine read(const QStringList &arguments)
+{
+    return readCommandLine(QStringList("vemo-gallery") + arguments);
+}
+
+/// The child's scenario is the code that its locale is to give.
+int checkLanguage(const QString &code)
+{
+    return VemoLocale::getInstance().getDefaultLanguage() == code ? 0 : 1;
+}
+
+} // namespace
+
+class CommandLineTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutOptionsItShowsTheFirstPageLazily();
+    void optionsReachTheGallery();
+    void lazyMayBeSaidOutright();
+    void aPageIsFoundInAnyCase();
+    void mistakeIsNamed_data();
+    void mistakeIsNamed();
+    void listHasEveryPageOnItsLine();
+    void helpNamesEveryOption();
+    void versionIsPrinted();
+    void everyLanguageIsThatOfItsLocale_data();
+    void everyLanguageIsThatOfItsLocale();
+    void thereAreTwentyLanguagesInOrder();
+};
+
+void CommandLineTest::withoutOptionsItShowsTheFirstPageLazily()
+{
+    const CommandLine line = read({});
+    QCOMPARE(line.error, QString());
+    QCOMPARE(line.answer, QString());
+    QCOMPARE(line.options.language, VemoLocale::getInstance().getDefaultLanguage());
+    QCOMPARE(line.options.pictures, ImageManager::LAZY_LOAD);
+    QCOMPARE(
+        line.options.userFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+    QCOMPARE(line.options.page, QString());
+    QCOMPARE(line.options.screenshots, QString());
+}
+
+void CommandLineTest::optionsReachTheGallery()
+{
+    const CommandLine line = read({"--language", "cht", "--preload", "--user-folder", "/u",
+        "--page", "Buttons", "--screenshots", "/s"});
+    QCOMPARE(line.error, QString());
+    QCOMPARE(line.options.language, QString("cht"));
+    QCOMPARE(line.options.pictures, ImageManager::PRELOAD);
+    QCOMPARE(line.options.userFolder, QString("/u"));
+    QCOMPARE(line.options.page, QString("Buttons"));
+    QCOMPARE(line.options.screenshots, QString("/s"));
+}
+
+void CommandLineTest::lazyMayBeSaidOutright()
+{
+    const CommandLine line = read({"--lazy"});
+    QCOMPARE(line.error, QString());
+    QCOMPARE(line.options.pictures, ImageManager::LAZY_LOAD);
+}
+
+void CommandLineTest::aPageIsFoundInAnyCase()
+{
+    QCOMPARE(read({"--page", "bUTTons"}).error, QString());
+}
+
+void CommandLineTest::mistakeIsNamed_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("unknown option") << QStringList("--bogus") << "Unknown option 'bogus'.";
+    QTest::newRow("argument") << QStringList("bogus") << "Unexpected argument \"bogus\".";
+    QTest::newRow("lazy and preload")
+        << QStringList {"--lazy", "--preload"} << "Choose one of --lazy and --preload.";
+    QTest::newRow("unknown language")
+        << QStringList {"--language", "xyz"} << "Unknown language \"xyz\"; there are: chs cht ";
+    QTest::newRow("unknown page") << QStringList {"--page", "No"}
+                                  << "Unknown page \"No\"; there are: Resources, Buttons";
+    for (const char *option : {"screenshots", "language", "user-folder", "page"}) {
+        QTest::addRow("%s without a value", option) << QStringList(
+            QString("--%1").arg(option)) << QString("Missing value after '--%1'.").arg(option);
+        QTest::addRow("%s with an empty value", option) << QStringList {QString("--%1").arg(option),
+            QString("")} << QString("Option \"%1\" needs a value.").arg(option);
+    }
+}
+
+void CommandLineTest::mistakeIsNamed()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, error);
+    const QString actual = read(arguments).error;
+    QVERIFY2(actual.startsWith(error), qPrintable(actual));
+}
+
+void CommandLineTest::listHasEveryPageOnItsLine()
+{
+    QCOMPARE(read({"--list"}).answer, pageTitles().join('\n') + '\n');
+    QVERIFY(pageTitles().size() >= 2);
+}
+
+void CommandLineTest::helpNamesEveryOption()
+{
+    const QString help = read({"--help"}).answer;
+    for (const char *option :
+        {"screenshots", "language", "lazy", "preload", "user-folder", "page", "list", "version"})
+        QVERIFY2(help.contains(QString("--%1").arg(option)), option);
+}
+
+void CommandLineTest::versionIsPrinted()
+{
+    QVERIFY(read({"--version"}).answer.startsWith("vemo-gallery "));
+}
+
+void CommandLineTest::everyLanguageIsThatOfItsLocale_data()
+{
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("locale");
+    for (const Language &language : languages())
+        QTest::newRow(language.code) << language.code << language.locale;
+}
+
+void CommandLineTest::everyLanguageIsThatOfItsLocale()
+{
+    QFETCH(QString, code);
+    QFETCH(QString, locale);
+    const ChildResult child = runChild(code, {"LC_ALL=" + locale, "LANGUAGE"});
+    QCOMPARE(child.status, QProcess::NormalExit);
+    QCOMPARE(child.exitCode, 0);
+}
+
+void CommandLineTest::thereAreTwentyLanguagesInOrder()
+{
+    QStringList codes;
+    for (const Language &language : languages())
+        codes << language.code;
+    QCOMPARE(codes.size(), 20);
+    QStringList sorted = codes;
+    sorted.sort();
+    sorted.removeDuplicates();
+    QCOMPARE(codes, sorted);
+}
+
+VEMO_TEST_MAIN_WITH_CHILD(CommandLineTest, checkLanguage)
+#include "tst_commandline.moc"

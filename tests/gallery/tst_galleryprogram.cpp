@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+// The gallery as a user starts it.
+#include "support/vemotest.h"
+
+#include "gallery/pageregistry.h"
+#include "gallery/screenshots.h"
+
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+
+namespace {
+
+struct Run
+{
+    int exitCode = -1;
+    QString output;
+    QString errors;
+};
+
+Run runGallery(const QStringList &arguments, const QStringList &unset = {})
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &name : unset)
+        environment.remove(name);
+    process.setProcessEnvironment(environment);
+    process.start(VEMO_GALLERY_PROGRAM, arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+        QString::fromUtf8(process.readAllStandardError())};
+}
+
+/// What the platform says about itself is no warning of the gallery.
+QString withoutPlatformTalk(const QString &errors)
+{
+    QStringList lines = errors.split('\n', Qt::SkipEmptyParts);
+    for (const char *talk : {"This plugin does not support", "XDG_RUNTIME_DIR"})
+        lines = lines.filter(QRegularExpression(QString("^(?!.*%1)").arg(talk)));
+    return lines.join('\n');
+}
+
+/// Text and pictures make many shades; an empty window has a few.
+bool isBlank(const QImage &image)
+{
+    constexpr int kFewColours = 50;
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height() && colours.size() <= kFewColours; ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            colours.insert(image.pixel(x, y));
+    }
+    return colours.size() <= kFewColours;
+}
+
+} // namespace
+
+class GalleryProgramTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void writesOnePictureForEachPage_data();
+    void writesOnePictureForEachPage();
+    void writesTheChosenPageAlone();
+    void screenshotsNeedNoDisplay();
+    void withoutADisplayTheWindowIsRefused();
+    void listIsPrintedWithoutADisplay();
+    void failureIsToldOnStandardError_data();
+    void failureIsToldOnStandardError();
+
+private:
+    QTemporaryDir m_folder;
+    QString m_userFolder = m_folder.filePath("user");
+    QString m_file = m_folder.filePath("file");
+};
+
+void GalleryProgramTest::writesOnePictureForEachPage_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("lazy") << QStringList("--lazy");
+    QTest::newRow("preload") << QStringList("--preload");
+    QTest::newRow("default") << QStringList();
+    QTest::newRow("English") << QStringList {"--language", "enu"};
+}
+
+void GalleryProgramTest::writesOnePictureForEachPage()
+{
+    QFETCH(QStringList, options);
+    const QTemporaryDir folder;
+    const Run run = runGallery(options
+        + QStringList {"--screenshots", folder.filePath("a/b"), "--user-folder", m_userFolder});
+    QCOMPARE(withoutPlatformTalk(run.errors), QString());
+    QCOMPARE(run.exitCode, 0);
+
+    const QDir pictures(folder.filePath("a/b"));
+    QStringList paths;
+    for (const QString &title : pageTitles()) {
+        paths << pictures.filePath(screenshotName(title));
+        const QImage picture(paths.last());
+        QVERIFY2(!isBlank(picture), qPrintable(title));
+        QVERIFY(picture.width() >= 1000 * qApp->devicePixelRatio());
+    }
+    QCOMPARE(run.output, paths.join('\n') + '\n');
+    QCOMPARE(pictures.entryList(QDir::Files).size(), pageTitles().size());
+}
+
+void GalleryProgramTest::writesTheChosenPageAlone()
+{
+    const QTemporaryDir folder;
+    const Run run = runGallery(
+        {"--screenshots", folder.path(), "--page", "buttons", "--user-folder", m_userFolder});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("buttons.png"));
+}
+
+void GalleryProgramTest::screenshotsNeedNoDisplay()
+{
+    const QTemporaryDir folder;
+    const Run run = runGallery({"--screenshots", folder.path(), "--user-folder", m_userFolder},
+        {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"});
+    QCOMPARE(run.exitCode, 0);
+}
+
+void GalleryProgramTest::withoutADisplayTheWindowIsRefused()
+{
+    const Run run = runGallery({}, {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"});
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(run.errors, QString("vemo-gallery: There is no display; --screenshots needs none.\n"));
+}
+
+void GalleryProgramTest::listIsPrintedWithoutADisplay()
+{
+    const Run run = runGallery({"--list"}, {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, pageTitles().join('\n') + '\n');
+    QCOMPARE(run.errors, QString());
+}
+
+void GalleryProgramTest::failureIsToldOnStandardError_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("sentence");
+    // A folder below a file can't be made, not even by root.
+    QFile file(m_file);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const QString impossible = m_file + "/folder";
+    QTest::newRow("unknown option") << QStringList("--bogus") << 2 << "Unknown option 'bogus'.";
+    QTest::newRow("both modes") << QStringList {"--lazy", "--preload"} << 2
+                                << "Choose one of --lazy and --preload.";
+    QTest::newRow("unknown page") << QStringList {"--page", "No"} << 2 << "Unknown page \"No\"";
+    QTest::newRow("user folder") << QStringList {"--user-folder", impossible} << 1
+                                 << QString("Cannot write to the folder \"%1\"").arg(impossible);
+    QTest::newRow("screenshot folder") << QStringList {"--screenshots", impossible, "--user-folder",
+        m_userFolder} << 1 << QString("Cannot make the folder \"%1\".").arg(impossible);
+    QVERIFY(QDir(m_folder.path()).mkpath("taken/resources.png"));
+    QTest::newRow("screenshot file")
+        << QStringList {"--screenshots", m_folder.filePath("taken"), "--user-folder", m_userFolder}
+        << 1 << QString("Cannot write the file \"%1").arg(m_folder.filePath("taken/resources.png"));
+}
+
+void GalleryProgramTest::failureIsToldOnStandardError()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, exitCode);
+    QFETCH(QString, sentence);
+    const Run run = runGallery(arguments);
+    QCOMPARE(run.exitCode, exitCode);
+    QVERIFY2(run.errors.contains("vemo-gallery: " + sentence), qPrintable(run.errors));
+    QCOMPARE(run.output, QString());
+}
+
+VEMO_TEST_MAIN(GalleryProgramTest)
+#include "tst_galleryprogram.moc"

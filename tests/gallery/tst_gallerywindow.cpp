@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "support/vemotest.h"
+
+#include "gallery/gallerywindow.h"
+#include "gallery/look.h"
+#include "gallery/page.h"
+#include "gallery/screenshots.h"
+#include "support/testhost.h"
+
+#include <vemo/vemobutton.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStackedWidget>
+
+namespace {
+
+Options options(const QString &page = {})
+{
+    Options options;
+    options.language = "enu";
+    options.page = page;
+    return options;
+}
+
+/// A gallery on show, with its parts.
+struct Gallery
+{
+    explicit Gallery(const QString &page = {}) : window(options(page))
+    {
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+    }
+
+    QString currentTitle() const { return list->currentItem()->text(); }
+
+    QStringList foundTitles() const
+    {
+        QStringList titles;
+        for (int row = 0; row < list->count(); ++row) {
+            if (!list->item(row)->isHidden())
+                titles << list->item(row)->text();
+        }
+        return titles;
+    }
+
+    GalleryWindow window;
+    QLineEdit *search = window.findChild<QLineEdit *>("search");
+    QListWidget *list = window.findChild<QListWidget *>("pageList");
+    QLabel *nothingFound = window.findChild<QLabel *>("nothingFound");
+    QStackedWidget *stack = window.findChild<QStackedWidget *>();
+};
+
+} // namespace
+
+class GalleryWindowTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void listsEveryPageInOrder();
+    void pagesHaveTitlesAndFilesOfTheirOwn();
+    void startsWithTheFirstPageOrTheChosenOne();
+    void everyPageIsBuiltWithoutAWarning_data();
+    void everyPageIsBuiltWithoutAWarning();
+    void searchShowsThePagesThatHaveEveryWord_data();
+    void searchShowsThePagesThatHaveEveryWord();
+    void searchLeavesAPageThatItHides();
+    void searchWithoutResultSaysSo();
+    void findShortcutGoesToTheSearchField();
+    void arrowsInTheSearchFieldMoveInTheList();
+    void arrowsSkipPagesThatTheSearchHides();
+    void escapeEmptiesTheSearchField();
+    void growsUntilNothingIsCutOff_data();
+    void growsUntilNothingIsCutOff();
+    void codeCanBeSelected();
+    void theFocusedEntryIsMarked();
+};
+
+void GalleryWindowTest::initTestCase()
+{
+    startDefaultTheme();
+    QApplication::setPalette(lightPalette());
+    installGalleryStyle();
+}
+
+void GalleryWindowTest::listsEveryPageInOrder()
+{
+    const Gallery gallery;
+    QCOMPARE(gallery.foundTitles(), pageTitles());
+    QCOMPARE(gallery.foundTitles().mid(0, 2), QStringList({"Resources", "Buttons"}));
+}
+
+void GalleryWindowTest::pagesHaveTitlesAndFilesOfTheirOwn()
+{
+    QStringList names;
+    for (const QString &title : pageTitles())
+        names << screenshotName(title);
+    QCOMPARE(names.removeDuplicates(), 0);
+    QCOMPARE(screenshotName("Data views (2)"), QString("data-views-2-.png"));
+}
+
+void GalleryWindowTest::startsWithTheFirstPageOrTheChosenOne()
+{
+    {
+        const Gallery gallery;
+        QCOMPARE(gallery.currentTitle(), pageTitles().first());
+        QVERIFY(gallery.list->hasFocus());
+    }
+    const Gallery gallery("buttons");
+    QCOMPARE(gallery.currentTitle(), QString("Buttons"));
+    QVERIFY(gallery.stack->currentWidget()->findChild<VemoButton *>());
+}
+
+void GalleryWindowTest::everyPageIsBuiltWithoutAWarning_data()
+{
+    QTest::addColumn<QString>("title");
+    for (const QString &title : pageTitles())
+        QTest::newRow(qPrintable(title)) << title;
+}
+
+void GalleryWindowTest::everyPageIsBuiltWithoutAWarning()
+{
+    QFETCH(QString, title);
+    const Gallery gallery(title);
+    const auto *area = qobject_cast<QScrollArea *>(gallery.stack->currentWidget());
+    QVERIFY(qobject_cast<Page *>(area->widget()));
+    QVERIFY(area->widget()->findChild<QFrame *>("card"));
+    QCOMPARE(area->widget()->findChild<QLabel *>("pageTitle")->text(), title);
+}
+
+void GalleryWindowTest::searchShowsThePagesThatHaveEveryWord_data()
+{
+    QTest::addColumn<QString>("query");
+    QTest::addColumn<bool>("findsButtons");
+    QTest::newRow("nothing") << "" << true;
+    QTest::newRow("blanks") << "  " << true;
+    QTest::newRow("title") << "Buttons" << true;
+    QTest::newRow("part of the title, in another case") << "bUTT" << true;
+    QTest::newRow("class") << "VemoIconButton" << true;
+    QTest::newRow("two words in any order") << "tool BUTTONS" << true;
+    QTest::newRow("one word of two") << "buttons nowhere" << false;
+    QTest::newRow("another page's word") << "FileTypeMap" << false;
+}
+
+void GalleryWindowTest::searchShowsThePagesThatHaveEveryWord()
+{
+    QFETCH(QString, query);
+    QFETCH(bool, findsButtons);
+    const Gallery gallery;
+    QTest::keyClicks(gallery.search, query);
+    QCOMPARE(gallery.foundTitles().contains("Buttons"), findsButtons);
+    QCOMPARE(gallery.nothingFound->isVisible(), gallery.foundTitles().isEmpty());
+}
+
+void GalleryWindowTest::searchLeavesAPageThatItHides()
+{
+    const Gallery gallery;
+    QCOMPARE(gallery.currentTitle(), QString("Resources"));
+    QTest::keyClicks(gallery.search, "VemoIconButton");
+    QCOMPARE(gallery.foundTitles().first(), gallery.currentTitle());
+    QVERIFY(gallery.stack->currentWidget()->findChild<VemoButton *>());
+}
+
+void GalleryWindowTest::searchWithoutResultSaysSo()
+{
+    const Gallery gallery;
+    QVERIFY(!gallery.nothingFound->isVisible());
+    QTest::keyClicks(gallery.search, "no such widget");
+    QVERIFY(gallery.nothingFound->isVisible());
+    gallery.search->clear();
+    QVERIFY(!gallery.nothingFound->isVisible());
+    QCOMPARE(gallery.foundTitles(), pageTitles());
+}
+
+void GalleryWindowTest::findShortcutGoesToTheSearchField()
+{
+    Gallery gallery;
+    gallery.search->setText("butt");
+    QVERIFY(!gallery.search->hasFocus());
+    QTest::keyClick(gallery.window.windowHandle(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(gallery.search->hasFocus());
+    QCOMPARE(gallery.search->selectedText(), QString("butt"));
+}
+
+void GalleryWindowTest::arrowsInTheSearchFieldMoveInTheList()
+{
+    Gallery gallery;
+    gallery.search->setFocus();
+    QTest::keyClick(gallery.window.windowHandle(), Qt::Key_Down);
+    QCOMPARE(gallery.currentTitle(), pageTitles().at(1));
+    QTest::keyClick(gallery.window.windowHandle(), Qt::Key_Up);
+    QCOMPARE(gallery.currentTitle(), pageTitles().at(0));
+    QVERIFY(gallery.search->hasFocus());
+}
+
+void GalleryWindowTest::arrowsSkipPagesThatTheSearchHides()
+{
+    Gallery gallery("Buttons");
+    QTest::keyClicks(gallery.search, "VemoButton");
+    const QStringList found = gallery.foundTitles();
+    for (int i = 0; i < pageTitles().size(); ++i)
+        QTest::keyClick(gallery.search, Qt::Key_Up);
+    QCOMPARE(gallery.currentTitle(), found.first());
+}
+
+void GalleryWindowTest::escapeEmptiesTheSearchField()
+{
+    const Gallery gallery;
+    QTest::keyClicks(gallery.search, "icon");
+    QTest::keyClick(gallery.search, Qt::Key_Escape);
+    QCOMPARE(gallery.search->text(), QString());
+    QCOMPARE(gallery.foundTitles(), pageTitles());
+}
+
+void GalleryWindowTest::growsUntilNothingIsCutOff_data()
+{
+    everyPageIsBuiltWithoutAWarning_data();
+}
+
+void GalleryWindowTest::growsUntilNothingIsCutOff()
+{
+    QFETCH(QString, title);
+    GalleryWindow window(options(title));
+    window.setAttribute(Qt::WA_DontShowOnScreen);
+    window.show();
+    window.resize(300, 200);
+    window.growToPage();
+    const auto *area =
+        qobject_cast<QScrollArea *>(window.findChild<QStackedWidget *>()->currentWidget());
+    QCOMPARE(area->horizontalScrollBar()->maximum(), 0);
+    QCOMPARE(area->verticalScrollBar()->maximum(), 0);
+    QVERIFY(area->widget()->height() >= area->widget()->minimumSizeHint().height());
+}
+
+void GalleryWindowTest::codeCanBeSelected()
+{
+    const Gallery gallery("Buttons");
+    const auto *code = gallery.stack->currentWidget()->findChild<QLabel *>("code");
+    QVERIFY(code->textInteractionFlags() & Qt::TextSelectableByMouse);
+    QVERIFY(code->textInteractionFlags() & Qt::TextSelectableByKeyboard);
+    QVERIFY(code->text().contains("new VemoButton("));
+}
+
+void GalleryWindowTest::theFocusedEntryIsMarked()
+{
+    Gallery gallery;
+    const QPixmap focused = gallery.list->grab();
+    gallery.search->setFocus();
+    QVERIFY(gallery.list->grab().toImage() != focused.toImage());
+}
+
+VEMO_TEST_MAIN(GalleryWindowTest)
+#include "tst_gallerywindow.moc"
