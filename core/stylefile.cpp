@@ -3,6 +3,8 @@
 
 #include "core/textscan_p.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr QChar kLineBreak = QLatin1Char('\n');
@@ -14,39 +16,42 @@ int behindLine(const QString &text, int from)
     return lineBreak < 0 ? text.size() : lineBreak + 1;
 }
 
-/// Leaves out what stands between "/" + second and the next closer on the same line, both included.
-QString withoutRuns(const QString &text, QChar second, QLatin1String closer)
+/// Removes what stands between "/" + second and the next closer on the same line, both included.
+void removeRuns(QString &text, QChar second, QStringView closer)
 {
-    QString kept;
-    kept.reserve(text.size());
+    QChar *const start = text.data();
+    QChar *kept = start;
     int copied = 0;
+    const auto keepUpTo = [&](int end) { kept = std::copy(start + copied, start + end, kept); };
     int lineEnd = 0;
     int slash = text.indexOf(QLatin1Char('/'));
     while (slash >= 0 && slash + 1 < text.size()) {
         int next = slash + 1;
-        if (text[next] == second) {
+        if (start[next] == second) {
             // Once a line, however many comments are on it.
             if (lineEnd <= slash)
                 lineEnd = behindLine(text, slash);
-            const QStringView rest = QStringView(text).mid(slash + 2, lineEnd - slash - 2);
-            const int length = static_cast<int>(rest.indexOf(closer));
+            const QChar *found =
+                std::search(start + slash + 2, start + lineEnd, closer.begin(), closer.end());
             next = lineEnd;
-            if (length >= 0) {
-                next = slash + 2 + length + closer.size();
-                kept.append(text.constData() + copied, slash - copied);
+            if (found != start + lineEnd) {
+                next = static_cast<int>(found - start + closer.size());
+                keepUpTo(slash);
                 copied = next;
             }
         }
         slash = text.indexOf(QLatin1Char('/'), next);
     }
-    return copied == 0 ? text : kept.append(text.constData() + copied, text.size() - copied);
+    keepUpTo(text.size());
+    text.truncate(static_cast<int>(kept - start));
 }
 
 /// text with "\n" behind every line, the last one too.
 QString withLineBreaks(QString text)
 {
     // Files are read without any "\r"; only a folder's name can bring one.
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    if (text.contains(QLatin1Char('\r')))
+        text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     if (text.endsWith(QLatin1Char('\r')))
         text.chop(1);
     else if (text.isEmpty() || text.endsWith(kLineBreak))
@@ -68,24 +73,26 @@ QString keyOf(QStringView header)
 
 } // namespace
 
-QString withoutComments(const QString &text)
+QString withoutComments(QString text)
 {
     if (!isWellFormed(text))
         return text;
     // In this order: "/", a slash-star comment and "/" leave a "//" behind, which is a comment too.
-    return withoutRuns(withoutRuns(text, QLatin1Char('*'), QLatin1String("*/")), QLatin1Char('/'),
-        QLatin1String("\n"));
+    removeRuns(text, QLatin1Char('*'), u"*/");
+    removeRuns(text, QLatin1Char('/'), u"\n");
+    return text;
 }
 
-void storeSections(const QString &text, std::map<QString, QString> &sections)
+void storeSections(QString text, std::map<QString, QString> &sections)
 {
-    const QString lines = withLineBreaks(text);
+    const QString lines = withLineBreaks(std::move(text));
     QString key;
     QString section;
     int sectionStart = 0;
     const auto takeLinesUpTo = [&](int end) {
         if (end == sectionStart)
             return;
+        section.reserve(section.size() + 1 + end - sectionStart);
         section.append(kLineBreak);
         section.append(lines.constData() + sectionStart, end - 1 - sectionStart);
     };

@@ -10,8 +10,8 @@
 
 /// text without its comments: first each slash-star comment that ends on its own line, then each
 /// "//" comment together with its line break.
-VEMO_TEST_EXPORT QString withoutComments(const QString &text);
+VEMO_TEST_EXPORT QString withoutComments(QString text);
 
 /// Cuts text at its header lines ("== key ==") and stores the sections, each beginning with a line
 /// break, under their keys.
-VEMO_TEST_EXPORT void storeSections(const QString &text, std::map<QString, QString> &sections);
+VEMO_TEST_EXPORT void storeSections(QString text, std::map<QString, QString> &sections);

@@ -22,14 +22,14 @@ void StyleManager::initialize(const std::vector<QString> &paths)
     for (const QString &path : paths) {
         // Deliberate: a file that can't be opened leaves only its line break, and no warning.
         if (QFile::exists(path))
-            text += textOfFile(path) + QLatin1Char('\n');
+            text.append(textOfFile(path)).append(QLatin1Char('\n'));
         else
             qCWarning(vemoLog) << "file" << path << "not exist";
     }
     // "TMPIMG_LOC" holds "IMG_LOC", so it goes first.
     text.replace(QLatin1String("TMPIMG_LOC"), ImageManager::getInstance().getTempImageFolder());
     text.replace(QLatin1String("IMG_LOC"), ImageManager::getInstance().getImageFolder());
-    storeSections(withoutComments(text), m_style_sheets);
+    storeSections(withoutComments(std::move(text)), m_style_sheets);
 }
 
 QString StyleManager::getStyleSheet(const QString &key, bool unscaled) const
