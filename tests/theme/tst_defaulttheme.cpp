@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/defaulttheme.h>
+
+#include "support/vemotest.h"
+
+#include <vemo/componentstrings.h>
+#include <vemo/stylemanager.h>
+#include <vemo/uipathmanager.h>
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+namespace {
+
+/// Installs the theme as the scenario says; the rest is what the parent reads.
+int installAndReport(const QString &scenario)
+{
+    const QTemporaryDir folder;
+    const QStringList parts = scenario.split('|'); // language, then the user data folder below
+    const auto mode = parts.value(2) == "preload" ? ImageManager::PRELOAD : ImageManager::LAZY_LOAD;
+    const bool isDone = installDefaultTheme(folder.path() + parts.value(1), parts[0], mode);
+    const QString report = QString("<%1|%2|%3|%4>")
+                               .arg(isDone)
+                               .arg(UIPathManager::getInstance().getPath("resource_path"))
+                               .arg(QDir(folder.path() + "/data/tmp_images").exists())
+                               .arg(ComponentStrings::getInstance().getString("no.such.key"));
+    std::fputs(qPrintable(report), stderr);
+    return 0;
+}
+
+/// A key and text of the English table, read as a plain file.
+QPair<QString, QString> anEnglishText()
+{
+    QFile file(":/vemo/theme/strings/enu.json");
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QJsonObject table = QJsonDocument::fromJson(file.readAll()).object();
+    return {table.begin().key(), table.begin().value().toString()};
+}
+
+} // namespace
+
+class DefaultThemeTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aFolderThatCannotBeWrittenIsRefused_data();
+    void aFolderThatCannotBeWrittenIsRefused();
+    void refusedItRegistersNothing();
+    void aMissingFolderIsMade();
+    void oneCallStartsEverythingFromResources_data();
+    void oneCallStartsEverythingFromResources();
+    void anUnknownLanguageIsShownInEnglish_data();
+    void anUnknownLanguageIsShownInEnglish();
+
+private:
+    QTemporaryDir m_folder;
+};
+
+void DefaultThemeTest::aFolderThatCannotBeWrittenIsRefused_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("none") << "";
+    QTest::newRow("a resource") << ":/vemo/theme";
+    QTest::newRow("a file in its place") << m_folder.path() + "/file";
+    QTest::newRow("below a file") << m_folder.path() + "/file/data";
+    QTest::newRow("where nobody can write") << "/proc/vemo";
+}
+
+void DefaultThemeTest::aFolderThatCannotBeWrittenIsRefused()
+{
+    QFETCH(QString, folder);
+    QFile file(m_folder.path() + "/file");
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(!installDefaultTheme(folder, "enu", ImageManager::LAZY_LOAD));
+    QCOMPARE(messages.take(), QStringList("Cannot write to user data folder \"" + folder + '"'));
+}
+
+void DefaultThemeTest::refusedItRegistersNothing()
+{
+    // A name longer than any file system takes.
+    const ChildResult child = runChild("enu|/" + QString(300, 'x') + '|');
+    QVERIFY2(child.errorOutput.contains("<0||0|no.such.key>"), qPrintable(child.errorOutput));
+    QVERIFY(child.errorOutput.contains("Cannot find path by key \"resource_path\""));
+}
+
+void DefaultThemeTest::aMissingFolderIsMade()
+{
+    const ChildResult child = runChild("enu|/data|lazy");
+    QVERIFY2(child.errorOutput.contains("<1|:/vemo/theme|1|no.such.key>"),
+        qPrintable(child.errorOutput));
+}
+
+void DefaultThemeTest::oneCallStartsEverythingFromResources_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("preloaded") << int(ImageManager::PRELOAD);
+    QTest::newRow("lazy") << int(ImageManager::LAZY_LOAD);
+}
+
+void DefaultThemeTest::oneCallStartsEverythingFromResources()
+{
+    QFETCH(int, mode);
+    const auto type = static_cast<ImageManager::InitializeType>(mode);
+    QVERIFY(installDefaultTheme(m_folder.path(), "enu", type));
+    messages.take(); // Of registering the folders once more.
+    const UIPathManager &paths = UIPathManager::getInstance();
+    QCOMPARE(paths.getPath("resource_path"), QString(":/vemo/theme"));
+    QCOMPARE(paths.getPath("user_data_path"), m_folder.path());
+    QCOMPARE(ImageManager::getInstance().getImageFolder(), QString(":/vemo/theme/images"));
+    QVERIFY(!getGlobalImage("folder").isNull());
+    QVERIFY(getStyleSheet("component.apply_button").contains("QPushButton"));
+    const auto [key, text] = anEnglishText();
+    QVERIFY(!key.isEmpty());
+    QCOMPARE(ComponentStrings::getInstance().getString(key), text);
+}
+
+void DefaultThemeTest::anUnknownLanguageIsShownInEnglish_data()
+{
+    QTest::addColumn<QString>("code");
+    for (const char *code : {"xyz", "", "ENU", "../nothing", "enu.json"})
+        QTest::newRow(code) << code;
+    QTest::newRow("any text") << QString::fromUtf8("中文😀");
+}
+
+void DefaultThemeTest::anUnknownLanguageIsShownInEnglish()
+{
+    QFETCH(QString, code);
+    QVERIFY(installDefaultTheme(m_folder.path(), code, ImageManager::LAZY_LOAD));
+    const QString warning = "No strings for language \"" + code + '"';
+    QCOMPARE(messages.take().filter("language"), QStringList(warning));
+    const auto [key, text] = anEnglishText();
+    QCOMPARE(ComponentStrings::getInstance().getString(key), text);
+}
+
+VEMO_TEST_MAIN_WITH_CHILD(DefaultThemeTest, installAndReport)
+#include "tst_defaulttheme.moc"
