@@ -143,9 +143,13 @@ void ImageManager::load(Image &image)
         const int logical = qRound(base * factor);
         return qRound(logical * ratio);
     };
+    QString missingPath;
     for (size_t state = 0; state < kStates; ++state) {
-        const QImage artwork = readPicture(getImageFullPath(image.fileNames[state]));
+        const QString path = getImageFullPath(image.fileNames[state]);
+        // States without a picture all have the empty file name: one look at that file will do.
+        const QImage artwork = path == missingPath ? QImage() : readPicture(path);
         if (artwork.isNull()) {
+            missingPath = path;
             image.fileNames[state].clear();
             continue;
         }
