@@ -127,7 +127,9 @@ QWidget *GalleryWindow::newSidebar()
     const int margin = scaled(kSidebarMargin);
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(scaled(kSidebarGap));
-    layout->addWidget(named("sidebarTitle", new QLabel(windowTitle())));
+    auto *title = named("sidebarTitle", new QLabel(windowTitle()));
+    title->setIndent(0);
+    layout->addWidget(title);
     layout->addWidget(m_search);
     layout->addWidget(m_nothingFound);
     layout->addWidget(m_list, 1);

@@ -9,6 +9,7 @@
 
 #include <vemo/vemobutton.h>
 
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -80,6 +81,8 @@ private Q_SLOTS:
     void growsUntilNothingIsCutOff();
     void codeCanBeSelected();
     void theFocusedEntryIsMarked();
+    void everyControlHasANameForScreenReaders_data();
+    void everyControlHasANameForScreenReaders();
 };
 
 void GalleryWindowTest::initTestCase()
@@ -253,6 +256,30 @@ void GalleryWindowTest::theFocusedEntryIsMarked()
     const QPixmap focused = gallery.list->grab();
     gallery.search->setFocus();
     QVERIFY(gallery.list->grab().toImage() != focused.toImage());
+}
+
+void GalleryWindowTest::everyControlHasANameForScreenReaders_data()
+{
+    everyPageIsBuiltWithoutAWarning_data();
+}
+
+void GalleryWindowTest::everyControlHasANameForScreenReaders()
+{
+    QFETCH(QString, title);
+    const Gallery gallery(title);
+    int controls = 0;
+    for (QWidget *widget : gallery.window.findChildren<QWidget *>()) {
+        // Parts that Qt makes for itself are read out with the widget that they belong to.
+        const bool isPart = widget->objectName().startsWith("qt_") || widget->focusProxy();
+        if (isPart || !widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
+            continue;
+        const QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(widget);
+        QVERIFY2(reader && !reader->text(QAccessible::Name).isEmpty(),
+            qPrintable(
+                QString("%1 %2").arg(widget->metaObject()->className(), widget->objectName())));
+        ++controls;
+    }
+    QVERIFY(controls >= 3); // the search field, the list and the page at least
 }
 
 VEMO_TEST_MAIN(GalleryWindowTest)
