@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QList>
+#include <QTableWidget>
+
+#include <memory>
+
+class QMenu;
+class QPushButton;
+class QSignalMapper;
+class QToolButton;
+
+/// A folder path as a row of buttons, one for each part, that lead to that part.
+///
+/// Where the row is wider than the bar, its right end shows, and a folder button at the left has a
+/// menu of the parts that are out of sight. The bar itself goes nowhere: it asks, and the host
+/// answers with refresh(). Load pictures and style files before.
+///
+///     auto *path = new VemoButtonPath(this);
+///     connect(path, SIGNAL(sigUpdatePath(QString)), this, SLOT(slotOpenFolder(QString)));
+///     path->refresh("home/projects/2026");
+class VEMO_EXPORT VemoButtonPath : public QTableWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VemoButtonPath(QWidget *parent = nullptr);
+    ~VemoButtonPath() override;
+
+    /// Shows path, its parts separated by "/"; empty parts are left out. May be called from a slot
+    /// of sigUpdatePath().
+    void refresh(QString path);
+
+    /// The path up to a column, without a slash in front: names are in even columns, the arrows
+    /// between them in odd ones, up to which the path ends in a slash.
+    QString getPath(int index);
+
+Q_SIGNALS:
+    /// The user asks for the path up to one of the parts.
+    void sigUpdatePath(QString path);
+
+public Q_SLOTS:
+    void slotUpdatePath(QString path);
+    void slotPathBarClicked(int btn_id);
+
+protected:
+    /// Fits menu and scroll position to the new width.
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void setupFolderButton();
+    void clearRow();
+    void addButton(QPushButton *button, int column, const QString &style);
+    void addNames(const QStringList &parts);
+    void updateColumnSize();
+    void setChangeFolderBtn(int width);
+    void addFolder(int column);
+
+    QList<QPushButton *> m_buttons; ///< by column
+    std::unique_ptr<QMenu> m_folder_menu;
+    QToolButton *m_change_folder_button = nullptr;
+    int m_view_width = 0; ///< in screen pixels
+    QSignalMapper *m_menu_mapper = nullptr; ///< entry of the folder menu to its column
+    QSignalMapper *m_name_mapper = nullptr; ///< name button to its column
+};

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QLineEdit>
+
+class QMenu;
+class VemoIconButton;
+
+/// A search line: it hands on the keyword on Return, and has a button at its left end that can open
+/// a menu, as the Down key does.
+///
+/// It filters nothing itself and keeps silent while the user types. Load pictures and style files
+/// before.
+///
+///     auto *filter = new VemoFilterBar(this);
+///     filter->setMenu(kindsMenu);
+///     connect(filter, SIGNAL(sigKeywordChanged(QString)), this, SLOT(slotFilter(QString)));
+class VEMO_EXPORT VemoFilterBar : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit VemoFilterBar(QWidget *parent = nullptr);
+
+    /// The menu stays the caller's; a null one, as at first, opens nothing.
+    void setMenu(QMenu *menu);
+
+Q_SIGNALS:
+    /// The whole text, also when it is empty or the same as before.
+    void sigKeywordChanged(QString keyword);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private Q_SLOTS:
+    void slotKeywordChange();
+
+private:
+    VemoIconButton *m_dropdown_button;
+};

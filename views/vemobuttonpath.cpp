@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemobuttonpath.h>
+
+#include "core/scaling_p.h"
+
+#include <vemo/imagemanager.h>
+#include <vemo/stylemanager.h>
+
+#include <QHeaderView>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalMapper>
+#include <QToolButton>
+
+namespace {
+
+// In design pixels.
+constexpr int kBarHeight = 28;
+constexpr int kArrowWidth = 6;
+constexpr int kNameHeight = 26;
+constexpr int kNamePadding = 16;
+constexpr int kFolderButtonSize = 26;
+
+constexpr int kFolderIconSize = 20; // deliberate: not scaled
+
+bool isArrow(int column)
+{
+    return column % 2 != 0;
+}
+
+QPushButton *newButton()
+{
+    auto *button = new QPushButton;
+    button->setFlat(true);
+    return button;
+}
+
+QPushButton *newArrow(const QIcon &icon)
+{
+    QPushButton *arrow = newButton();
+    arrow->setIcon(icon);
+    arrow->setFixedSize(scaled(kArrowWidth), scaled(kBarHeight));
+    return arrow;
+}
+
+/// An ampersand alone would turn the letter behind it into a shortcut.
+QString captionOf(QString part)
+{
+    return part.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString partOf(QString caption)
+{
+    return caption.replace(QLatin1String("&&"), QLatin1String("&"));
+}
+
+} // namespace
+
+VemoButtonPath::VemoButtonPath(QWidget *parent)
+    : QTableWidget(parent), m_folder_menu(new QMenu), m_change_folder_button(new QToolButton),
+      m_menu_mapper(new QSignalMapper(this)), m_name_mapper(new QSignalMapper(this))
+{
+    insertRow(0);
+    horizontalHeader()->hide();
+    verticalHeader()->hide();
+    setShowGrid(false);
+    setSelectionMode(QAbstractItemView::NoSelection);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setFocusPolicy(Qt::NoFocus);
+    setFixedHeight(scaled(kBarHeight));
+    // The style's own least width is more than an arrow's.
+    horizontalHeader()->setMinimumSectionSize(0);
+    // The cells are there for their buttons only: no editor, and Tab goes from button to button.
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+
+    setupFolderButton();
+    connect(m_menu_mapper, SIGNAL(mappedInt(int)), this, SLOT(slotPathBarClicked(int)));
+    connect(m_name_mapper, SIGNAL(mappedInt(int)), this, SLOT(slotPathBarClicked(int)));
+    setStyleSheet(getStyleSheet("component.button_path"));
+}
+
+VemoButtonPath::~VemoButtonPath() = default;
+
+void VemoButtonPath::refresh(QString path)
+{
+    m_view_width = horizontalScrollBar()->pageStep();
+    m_change_folder_button->hide();
+    m_folder_menu->clear();
+    clearRow();
+    addNames(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
+    updateColumnSize();
+}
+
+QString VemoButtonPath::getPath(int index)
+{
+    QString path;
+    const int end = qMin(index, m_buttons.size() - 1);
+    for (int column = 0; column <= end; ++column)
+        path += isArrow(column) ? QStringLiteral("/") : partOf(m_buttons.at(column)->text());
+    return path;
+}
+
+void VemoButtonPath::slotUpdatePath(QString path)
+{
+    refresh(path);
+}
+
+void VemoButtonPath::slotPathBarClicked(int btn_id)
+{
+    Q_EMIT sigUpdatePath(getPath(btn_id));
+}
+
+void VemoButtonPath::resizeEvent(QResizeEvent *event)
+{
+    QTableWidget::resizeEvent(event);
+    if (m_view_width == horizontalScrollBar()->pageStep())
+        return;
+    m_view_width = horizontalScrollBar()->pageStep();
+    m_change_folder_button->hide();
+    m_folder_menu->clear();
+    updateColumnSize();
+}
+
+void VemoButtonPath::setupFolderButton()
+{
+    m_folder_menu->setStyleSheet(getStyleSheet("component.menu"));
+    m_change_folder_button->setMenu(m_folder_menu.get());
+    m_change_folder_button->setIcon(getGlobalImage("folder"));
+    m_change_folder_button->setIconSize(QSize(kFolderIconSize, kFolderIconSize));
+    m_change_folder_button->setPopupMode(QToolButton::InstantPopup);
+    m_change_folder_button->hide();
+    m_change_folder_button->setParent(this);
+    m_change_folder_button->setStyleSheet(getStyleSheet("component.button_path_change_folder_btn"));
+    m_change_folder_button->setFixedSize(scaled(kFolderButtonSize), scaled(kFolderButtonSize));
+    m_change_folder_button->move(scaled(1), scaled(1));
+}
+
+void VemoButtonPath::clearRow()
+{
+    while (!m_buttons.isEmpty())
+        delete m_buttons.takeFirst();
+    clear();
+    setColumnCount(0);
+}
+
+/// Styled last, in its place, a button's sheet is worked out once.
+void VemoButtonPath::addButton(QPushButton *button, int column, const QString &style)
+{
+    m_buttons.append(button);
+    setCellWidget(0, column, button);
+    button->setStyleSheet(style);
+}
+
+void VemoButtonPath::addNames(const QStringList &parts)
+{
+    if (parts.isEmpty())
+        return;
+    const QString arrowStyle = getStyleSheet("component.button_path_arrow");
+    const QString nameStyle = getStyleSheet("component.button_path_name_button");
+    const QIcon arrowIcon(getGlobalImage("bt_next"));
+    const double factor = DPIinfo::getInstance().getDPI();
+
+    // All columns at once: one by one, each would move all those before it.
+    setColumnCount(2 * parts.size() - 1);
+    for (int i = 0; i < parts.size(); ++i) {
+        if (i > 0)
+            addButton(newArrow(arrowIcon), 2 * i - 1, arrowStyle);
+        QPushButton *name = newButton();
+        name->setText(captionOf(parts.at(i)));
+        name->setFixedHeight(scaled(kNameHeight));
+        addButton(name, 2 * i, nameStyle);
+        name->ensurePolished();
+        const int textWidth = name->fontMetrics().boundingRect(parts.at(i)).width();
+        name->setFixedWidth(truncToInt(factor * (textWidth + kNamePadding)));
+        connect(name, SIGNAL(clicked(bool)), m_name_mapper, SLOT(map()));
+        m_name_mapper->setMapping(name, 2 * i);
+        setColumnWidth(2 * i, name->width());
+    }
+}
+
+void VemoButtonPath::updateColumnSize()
+{
+    int total = 0;
+    for (int column = 0; column < columnCount(); ++column) {
+        if (isArrow(column))
+            setColumnWidth(column, scaled(kArrowWidth));
+        total += columnWidth(column);
+    }
+    if (total > m_view_width)
+        setChangeFolderBtn(total);
+}
+
+/// For a row that is wider than the bar: its width, in screen pixels.
+void VemoButtonPath::setChangeFolderBtn(int width)
+{
+    m_change_folder_button->show();
+    const int overflow = width - m_view_width;
+    int left = 0;
+    for (int column = 0; column < columnCount(); ++column) {
+        const int right = left + columnWidth(column);
+        if (!isArrow(column) && !(overflow <= left && overflow >= right)) {
+            addFolder(column);
+            // The first part that reaches into the visible row is the last one to be listed.
+            if (overflow < right)
+                break;
+        }
+        left = right;
+    }
+    // Left to itself, the scroll bar learns of new widths only later.
+    updateGeometries();
+    horizontalScrollBar()->setValue(horizontalScrollBar()->maximum());
+}
+
+void VemoButtonPath::addFolder(int column)
+{
+    auto *folder = new QAction(m_buttons.at(column)->text(), m_folder_menu.get());
+    m_folder_menu->addAction(folder);
+    connect(folder, SIGNAL(triggered(bool)), m_menu_mapper, SLOT(map()));
+    m_menu_mapper->setMapping(folder, column);
+}

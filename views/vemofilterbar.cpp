@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemofilterbar.h>
+
+#include "core/scaling_p.h"
+
+#include <vemo/stylemanager.h>
+#include <vemo/vemoiconbutton.h>
+
+#include <QKeyEvent>
+
+namespace {
+
+// In design pixels.
+constexpr int kHeight = 28;
+constexpr int kButtonLeft = 4;
+constexpr int kButtonTop = 2;
+constexpr int kButtonWidth = 34;
+constexpr int kButtonHeight = 24;
+
+} // namespace
+
+VemoFilterBar::VemoFilterBar(QWidget *parent)
+    : QLineEdit(parent), m_dropdown_button(new VemoIconButton(QStringLiteral("bt_search_dropdown")))
+{
+    setAttribute(Qt::WA_MacShowFocusRect, false);
+
+    m_dropdown_button->setFocusPolicy(Qt::NoFocus);
+    m_dropdown_button->setParent(this);
+    m_dropdown_button->setStyleSheet(getStyleSheet("component.filter_search_button"));
+    m_dropdown_button->move(scaled(kButtonLeft), scaled(kButtonTop));
+    m_dropdown_button->setCursor(Qt::ArrowCursor);
+    m_dropdown_button->setFixedSize(scaled(kButtonWidth), scaled(kButtonHeight));
+
+    setStyleSheet(
+        getStyleSheet("component.lineedit") + getStyleSheet("component.filter_bar_padding"));
+    setFixedHeight(scaled(kHeight));
+    connect(this, SIGNAL(returnPressed()), this, SLOT(slotKeywordChange()));
+}
+
+void VemoFilterBar::setMenu(QMenu *menu)
+{
+    m_dropdown_button->setMenu(menu);
+}
+
+void VemoFilterBar::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Down) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    // The menu runs a loop of its own, in which the bar may come to its end.
+    if (m_dropdown_button->menu())
+        m_dropdown_button->showMenu();
+}
+
+void VemoFilterBar::slotKeywordChange()
+{
+    Q_EMIT sigKeywordChanged(text());
+}
