@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
+#include "gallery/controlsnapshots.h"
+#include "gallery/page.h"
+#include "gallery/pageregistry.h"
+
+#include <vemo/imagemanager.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemobutton.h>
+#include <vemo/vemomenu.h>
+
+#include <QAbstractItemView>
+#include <QLabel>
+#include <QStandardItemModel>
+
+namespace {
+
+const QStringList kStates {"", "Live", "Rest", "Hover", "Pressed", "Keyboard focus", "Disabled"};
+
+const QString kText = QStringLiteral("Text");
+
+template <typename Widget> Widget *named(Widget *widget, const QString &name)
+{
+    widget->setAccessibleName(name);
+    return widget;
+}
+
+template <typename Widget> Widget *disabled(Widget *widget)
+{
+    widget->setEnabled(false);
+    return widget;
+}
+
+VemoCheckBox *newCheckBox(Qt::CheckState state)
+{
+    auto *box = new VemoCheckBox(kText);
+    box->setTristate(state == Qt::PartiallyChecked);
+    box->setCheckState(state);
+    return box;
+}
+
+QList<QWidget *> statesOf(const QString &name, Qt::CheckState checked)
+{
+    const auto shot = [&](QStyle::State state) {
+        auto *box = new CheckBoxSnapshot(checked, state);
+        box->setText(kText);
+        return box;
+    };
+    return {note(name), newCheckBox(checked), shot(QStyle::State_None),
+        shot(QStyle::State_MouseOver), shot(QStyle::State_MouseOver | QStyle::State_Sunken),
+        shot(QStyle::State_HasFocus), disabled(newCheckBox(checked))};
+}
+
+void addCheckBoxes(Page &page)
+{
+    page.addSection("Check boxes");
+    page.addTable(kStates,
+        {statesOf("Unchecked", Qt::Unchecked), statesOf("Checked", Qt::Checked),
+            statesOf("Indeterminate", Qt::PartiallyChecked)});
+    page.addRow({new VemoCheckBox("Keep a copy on this computer"),
+        new VemoCheckBox("Eine Kopie auf diesem Rechner behalten"),
+        new VemoCheckBox("在此计算机上保留副本"), disabled(new VemoCheckBox("Not available"))});
+    page.addCode("auto *keep = new VemoCheckBox(tr(\"Keep a copy on this computer\"), page);");
+}
+
+VemoRadioButton *newRadioButton(bool isChecked)
+{
+    auto *button = new VemoRadioButton(kText);
+    button->setAutoExclusive(false);
+    button->setChecked(isChecked);
+    return button;
+}
+
+QList<QWidget *> statesOf(const QString &name, bool isChecked)
+{
+    const auto shot = [&](QStyle::State state) {
+        auto *button = new RadioButtonSnapshot(isChecked, state);
+        button->setText(kText);
+        return button;
+    };
+    return {note(name), newRadioButton(isChecked), shot(QStyle::State_None),
+        shot(QStyle::State_MouseOver), shot(QStyle::State_MouseOver | QStyle::State_Sunken),
+        shot(QStyle::State_HasFocus), disabled(newRadioButton(isChecked))};
+}
+
+void addRadioButtons(Page &page)
+{
+    page.addSection("Radio buttons");
+    page.addTable(kStates, {statesOf("Off", false), statesOf("On", true)});
+    auto *daily = new VemoRadioButton("Daily");
+    daily->setChecked(true);
+    page.addRow({daily, new VemoRadioButton("Wöchentlich, jeweils am Montag"),
+        new VemoRadioButton("每月第一天"), disabled(new VemoRadioButton("Not available"))});
+    page.addCode("auto *daily = new VemoRadioButton(tr(\"Daily\"), page);");
+}
+
+const QStringList kPeriods {"Minutes", "Hours", "Days", "Weeks", "Months", "Quarters", "Years"};
+
+VemoComboBox *newComboBox(const QStringList &items)
+{
+    auto *box = named(new VemoComboBox, "Period");
+    box->addItems(items);
+    return box;
+}
+
+/// What the list of a combo box looks like when it is open, with the pointer on the second row.
+QPixmap openList()
+{
+    VemoComboBox box;
+    box.addItems(kPeriods);
+    qobject_cast<QStandardItemModel *>(box.model())->item(3)->setEnabled(false);
+    QWidget *list = box.view()->parentWidget();
+    list->resize(scaled(160), scaled(28) * 5 + 2);
+    box.view()->setCurrentIndex(box.model()->index(1, 0));
+    return list->grab();
+}
+
+void addComboBoxes(Page &page)
+{
+    const auto shot = [](QStyle::State state) {
+        return named(new ComboBoxSnapshot("Minutes", state), "Period");
+    };
+    page.addSection("Combo boxes", "The list opens two pixels below the box, wherever it stands.");
+    page.addTable(kStates,
+        {{note("Closed"), newComboBox(kPeriods), shot(QStyle::State_None),
+            shot(QStyle::State_MouseOver), shot(QStyle::State_On), shot(QStyle::State_HasFocus),
+            disabled(newComboBox(kPeriods))}});
+    VemoComboBox *editable = newComboBox(kPeriods);
+    editable->setEditable(true);
+    page.addRow({captioned(picture(openList()), "The open list"), captioned(editable, "Editable"),
+        captioned(newComboBox({"Jede volle Stunde", "Täglich um Mitternacht"}), "German"),
+        captioned(newComboBox({"每天午夜", "每小时"}), "Chinese")});
+    page.addCode(R"(auto *period = new VemoComboBox(page);
+period->addItems({tr("Minutes"), tr("Hours")});)");
+}
+
+void fill(QMenu *menu)
+{
+    const auto addCheckable = [menu](const QString &text, bool isChecked) {
+        QAction *action = menu->addAction(text);
+        action->setCheckable(true);
+        action->setChecked(isChecked);
+        return action;
+    };
+    menu->setStyleSheet(getStyleSheet("component.menu"));
+    menu->addAction(QIcon(getGlobalImage("bt_folder")), "Open")
+        ->setShortcut(QKeySequence("Ctrl+O"));
+    menu->addAction(QIcon(getGlobalImage("bt_edit")), "Rename")->setShortcut(QKeySequence("F2"));
+    menu->addAction("Move")->setEnabled(false);
+    menu->addSeparator();
+    addCheckable("Show hidden files", true);
+    addCheckable("Show previews", false);
+    addCheckable("Show sizes", true)->setEnabled(false);
+    menu->addSeparator();
+    QMenu *share = menu->addMenu("Share");
+    share->setStyleSheet(getStyleSheet("component.menu"));
+    share->addAction("By link");
+    share->addAction("By mail");
+    menu->addMenu("Export")->setEnabled(false);
+}
+
+QPixmap openMenu()
+{
+    QMenu menu;
+    fill(&menu);
+    menu.ensurePolished();
+    menu.resize(menu.sizeHint());
+    menu.setActiveAction(menu.actions().at(1));
+    return menu.grab();
+}
+
+void addMenus(Page &page)
+{
+    auto *button = new VemoButton("Open the menu", VemoButton::CANCEL);
+    auto *menu = new VemoMenu(button);
+    fill(menu);
+    QObject::connect(button, &VemoButton::clicked, menu,
+        [=] { menu->popup(button->mapToGlobal(QPoint(0, button->height()))); });
+    page.addSection("Menus",
+        "Icons, shortcuts, check marks, separators, sub-menus and disabled entries. The menu moves "
+        "itself into the primary screen.");
+    page.addRow({picture(openMenu()), captioned(button, "Live")});
+    page.addCode(R"(auto *menu = new VemoMenu(this);
+menu->setStyleSheet(getStyleSheet("component.menu"));)");
+}
+
+void build(Page &page)
+{
+    page.addSummary("Check boxes, radio buttons, combo boxes and menus.");
+    addCheckBoxes(page);
+    addRadioButtons(page);
+    addComboBoxes(page);
+    addMenus(page);
+}
+
+const PageEntry entry(26, "Choices",
+    "VemoCheckBox VemoRadioButton VemoComboBox VemoMenu check radio combo menu shortcut", build);
+
+} // namespace

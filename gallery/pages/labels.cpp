@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
+#include "gallery/page.h"
+#include "gallery/pageregistry.h"
+
+#include <vemo/linklabel.h>
+#include <vemo/tooltiptext.h>
+#include <vemo/vemolabel.h>
+
+#include <QVariant>
+
+namespace {
+
+const char *const kTexts[] = {
+    "Deleted files stay in the archive for thirty days. After that they are gone for good, and "
+    "nobody can bring them back.",
+    "Gelöschte Dateien bleiben dreißig Tage lang im Archiv. Danach sind sie endgültig entfernt und "
+    "lassen sich nicht wiederherstellen.",
+    "已删除的文件会在存档中保留三十天。此后，这些文件将被永久删除，任何人都无法恢复。",
+};
+
+VemoLabel *newWrappedLabel(const char *text, int width)
+{
+    auto *label = new VemoLabel(text);
+    label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Minimum);
+    label->setFixedWidth(scaled(width));
+    label->setAlignment(Qt::AlignTop);
+    return label;
+}
+
+void addPlain(Page &page)
+{
+    auto *disabled = new VemoLabel("Not available in this version");
+    disabled->setEnabled(false);
+    page.addSection("Text labels");
+    page.addRow({captioned(new VemoLabel("Backup of this computer"), "Rest"),
+        captioned(disabled, "Disabled")});
+    page.addCode("auto *title = new VemoLabel(tr(\"Backup of this computer\"), page);");
+}
+
+void addWrapped(Page &page)
+{
+    page.addSection("Wrapped text",
+        "With word wrap and the vertical policy Minimum a label is never lower than its text.");
+    for (const char *text : kTexts)
+        page.addRow({newWrappedLabel(text, 160), newWrappedLabel(text, 400)});
+    page.addCode(R"(label->setWordWrap(true);
+label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);)");
+}
+
+ClickableLabel *newCountingLabel()
+{
+    auto *label = new ClickableLabel("Press me with any mouse button");
+    QObject::connect(label, &ClickableLabel::clicked, label, [label] {
+        const int presses = label->property("presses").toInt() + 1;
+        label->setProperty("presses", presses);
+        label->setText(QString("Pressed %1 times").arg(presses));
+    });
+    return label;
+}
+
+LinkLabel *newLink(const QString &text, const QString &link)
+{
+    auto *label = new LinkLabel(text);
+    label->setHyperLink(link);
+    label->setStyleSheet("QLabel { color: #1769E0; } QLabel:disabled { color: #9AA5B1; }");
+    QObject::connect(label, &LinkLabel::clicked, label,
+        [label] { label->setText("Would open " + label->getHyperLink()); });
+    return label;
+}
+
+void addClickable(Page &page)
+{
+    LinkLabel *plain = newLink("Release notes", "https://vemo.invalid/notes");
+    plain->setHoverUnderline(false);
+    LinkLabel *disabled = newLink("Store", "https://vemo.invalid/store");
+    disabled->setEnabled(false);
+    page.addSection("Labels to press",
+        "A clickable label reports each press. A link label also shows a hand, and underlines its "
+        "text, under the pointer; opening the link is left to its owner.");
+    page.addRow({captioned(newCountingLabel(), "ClickableLabel"),
+        captioned(newLink("Licence terms", "https://vemo.invalid/licence"), "LinkLabel"),
+        captioned(plain, "Without underline"), captioned(disabled, "Disabled")});
+    page.addCode(R"(auto *link = new LinkLabel(tr("Licence terms"), about);
+link->setHyperLink("https://vemo.invalid/licence");
+connect(link, SIGNAL(clicked()), this, SLOT(slotOpenLicence())); // reads getHyperLink())");
+}
+
+void addToolTips(Page &page)
+{
+    const QString name = "<draft>   \"Q3 & Q4\".txt\nsecond line";
+    QLabel *asItIs = text("Point here: the text as it is");
+    asItIs->setToolTip(name);
+    QLabel *escaped = text("Point here: the text escaped");
+    escaped->setToolTip(getHtmlEscapedStringForToolTip(name));
+    page.addSection("Tool tips of plain text",
+        "Line breaks and runs of blanks stay, and nothing in the text is taken for mark-up.");
+    page.addRow({asItIs, escaped});
+    page.addCode("label->setToolTip(getHtmlEscapedStringForToolTip(fileName));");
+}
+
+void build(Page &page)
+{
+    page.addSummary("Text that grows with its lines, text that can be pressed, and links.");
+    addPlain(page);
+    addWrapped(page);
+    addClickable(page);
+    addToolTips(page);
+}
+
+const PageEntry entry(
+    22, "Labels", "VemoLabel ClickableLabel LinkLabel tooltip text hyperlink wrap", build);
+
+} // namespace
