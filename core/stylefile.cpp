@@ -16,6 +16,19 @@ int behindLine(const QString &text, int from)
     return lineBreak < 0 ? text.size() : lineBreak + 1;
 }
 
+/// Where placeholder is next, from on; -1 for nowhere. Looks for its "G" first, which style files
+/// hardly have elsewhere: one character is found much faster than a word.
+int indexOfPlaceholder(const QString &text, QLatin1String placeholder, int from)
+{
+    constexpr QLatin1Char rare('G');
+    const auto offset = static_cast<int>(placeholder.indexOf(rare));
+    for (int at = text.indexOf(rare, from + offset); at >= 0; at = text.indexOf(rare, at + 1)) {
+        if (QStringView(text).mid(at - offset).startsWith(placeholder))
+            return at - offset;
+    }
+    return -1;
+}
+
 /// Removes what stands between "/" + second and the next closer on the same line, both included.
 void removeRuns(QString &text, QChar second, QStringView closer)
 {
@@ -72,6 +85,20 @@ QString keyOf(QStringView header)
 }
 
 } // namespace
+
+QString withFolder(const QString &text, QLatin1String placeholder, const QString &folder)
+{
+    QString result;
+    int copied = 0;
+    for (int found = indexOfPlaceholder(text, placeholder, 0); found >= 0;
+         found = indexOfPlaceholder(text, placeholder, copied)) {
+        if (copied == 0)
+            result.reserve(text.size() + text.size() / 8);
+        result.append(text.constData() + copied, found - copied).append(folder);
+        copied = found + placeholder.size();
+    }
+    return copied == 0 ? text : result.append(text.constData() + copied, text.size() - copied);
+}
 
 QString withoutComments(QString text)
 {

@@ -8,6 +8,10 @@
 
 #include <map>
 
+/// text with folder in the place of every placeholder, which is a word with a "G".
+VEMO_TEST_EXPORT QString withFolder(
+    const QString &text, QLatin1String placeholder, const QString &folder);
+
 /// text without its comments: first each slash-star comment that ends on its own line, then each
 /// "//" comment together with its line break.
 VEMO_TEST_EXPORT QString withoutComments(QString text);

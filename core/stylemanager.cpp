@@ -27,8 +27,9 @@ void StyleManager::initialize(const std::vector<QString> &paths)
             qCWarning(vemoLog) << "file" << path << "not exist";
     }
     // "TMPIMG_LOC" holds "IMG_LOC", so it goes first.
-    text.replace(QLatin1String("TMPIMG_LOC"), ImageManager::getInstance().getTempImageFolder());
-    text.replace(QLatin1String("IMG_LOC"), ImageManager::getInstance().getImageFolder());
+    const ImageManager &images = ImageManager::getInstance();
+    text = withFolder(text, QLatin1String("TMPIMG_LOC"), images.getTempImageFolder());
+    text = withFolder(text, QLatin1String("IMG_LOC"), images.getImageFolder());
     storeSections(withoutComments(std::move(text)), m_style_sheets);
 }
 
