@@ -130,8 +130,8 @@ void LocalPeer::watchFiles()
     if (files.isEmpty() || !m_receiver.isListening())
         return;
     m_watcher = std::make_unique<QFileSystemWatcher>(files);
-    connect(m_watcher.get(), SIGNAL(fileChanged(QString)), this, SLOT(restoreFiles()),
-        Qt::QueuedConnection);
+    connect(m_watcher.get(),
+        SIGNAL(fileChanged(QString)), this, SLOT(restoreFiles()), Qt::QueuedConnection);
 }
 
 void LocalPeer::restoreFiles()

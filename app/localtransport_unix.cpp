@@ -102,8 +102,8 @@ struct LocalStream::Handle
 
 LocalStream::LocalStream(std::unique_ptr<Handle> handle) : m_handle(std::move(handle))
 {
-    connect(&m_handle->notifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), this,
-        SIGNAL(readyRead()));
+    connect(&m_handle->notifier,
+        SIGNAL(activated(QSocketDescriptor,QSocketNotifier::Type)), this, SIGNAL(readyRead()));
 }
 
 LocalStream::~LocalStream() = default;
@@ -182,8 +182,8 @@ bool LocalListener::listen(const QString &address, QString *refusal)
         return false;
     }
     m_handle = std::make_unique<Handle>(address, std::move(socket));
-    connect(&m_handle->notifier, SIGNAL(activated(QSocketDescriptor, QSocketNotifier::Type)), this,
-        SLOT(acceptWaiting()));
+    connect(&m_handle->notifier,
+        SIGNAL(activated(QSocketDescriptor,QSocketNotifier::Type)), this, SLOT(acceptWaiting()));
     setPaused(isPaused);
     return true;
 }

@@ -19,7 +19,7 @@ constexpr int kIdleCheckInterval = 250; // Milliseconds.
 MessageReceiver::MessageReceiver()
 {
     m_idleCheck.setInterval(kIdleCheckInterval);
-    connect(&m_listener, SIGNAL(streamOpened(LocalStream *)), this, SLOT(addStream(LocalStream *)));
+    connect(&m_listener, SIGNAL(streamOpened(LocalStream*)), this, SLOT(addStream(LocalStream*)));
     connect(&m_idleCheck, SIGNAL(timeout()), this, SLOT(dropIdle()));
 }
 

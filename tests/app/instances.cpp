@@ -36,6 +36,7 @@ struct Instance
     std::function<bool()> isRunning;
     std::function<bool(const QString &, int)> sendMessage;
     std::function<void()> unlock;
+    std::function<QString()> id;
     QStringList received;
 };
 
@@ -82,6 +83,10 @@ QByteArray obey(Instance &instance, const QByteArray &command)
         return QByteArray::number(instance.received.size());
     if (verb == "last")
         return instance.received.isEmpty() ? "none" : digestOf(instance.received.last());
+    if (verb == "id")
+        return instance.id().toUtf8();
+    if (verb == "platform") // the one in use and the one in the environment
+        return QGuiApplication::platformName().toUtf8() + ' ' + qgetenv("QT_QPA_PLATFORM");
     if (verb == "unlock")
         instance.unlock();
     return "done";
@@ -113,21 +118,31 @@ int runPeer(int &argc, char **argv)
     LocalPeer peer {QString()};
     Instance instance {[&] { return peer.isClient(); },
         [&](const QString &message, int timeout) { return peer.sendMessage(message, timeout); },
-        [&] { peer.unlock(); }, {}};
+        [&] { peer.unlock(); }, [&] { return peer.id(); }, {}};
     QObject::connect(&peer, &LocalPeer::messageReceived, &app,
+        [&](const QString &message) { instance.received += message; });
+    return obeyAll(instance);
+}
+
+int runWholeApplication(QtSingleApplication &app)
+{
+    Instance instance {[&] { return app.isRunning(); },
+        [&](const QString &message, int timeout) { return app.sendMessage(message, timeout); },
+        [&] { app.unlock(); }, [&] { return app.id(); }, {}};
+    QObject::connect(&app, &QtSingleApplication::messageReceived, &app,
         [&](const QString &message) { instance.received += message; });
     return obeyAll(instance);
 }
 
 int runApplication(int &argc, char **argv)
 {
+    const QString id = qEnvironmentVariable("VEMO_TEST_ID");
+    if (!id.isNull()) {
+        QtSingleApplication app(id, argc, argv);
+        return runWholeApplication(app);
+    }
     QtSingleApplication app(argc, argv, false);
-    Instance instance {[&] { return app.isRunning(); },
-        [&](const QString &message, int timeout) { return app.sendMessage(message, timeout); },
-        [&] { app.unlock(); }, {}};
-    QObject::connect(&app, &QtSingleApplication::messageReceived, &app,
-        [&](const QString &message) { instance.received += message; });
-    return obeyAll(instance);
+    return runWholeApplication(app);
 }
 
 } // namespace
@@ -155,12 +170,18 @@ QString OwnTemporaryFolder::lockPath() const
     return socketPath() + QLatin1String("-lockfile");
 }
 
-ChildInstance::ChildInstance(Kind kind)
+ChildInstance::ChildInstance(Kind kind, const QStringList &environment)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QLatin1String(kScenarioVariable),
+    QProcessEnvironment changed = QProcessEnvironment::systemEnvironment();
+    changed.insert(QLatin1String(kScenarioVariable),
         kind == Peer ? QStringLiteral("peer") : QStringLiteral("application"));
-    m_process.setProcessEnvironment(environment);
+    for (const QString &change : environment) {
+        const QString name = change.section(QLatin1Char('='), 0, 0);
+        changed.remove(name);
+        if (name != change)
+            changed.insert(name, change.mid(name.size() + 1));
+    }
+    m_process.setProcessEnvironment(changed);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QCoreApplication::applicationFilePath(), QStringList());
 }

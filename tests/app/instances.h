@@ -35,7 +35,8 @@ public:
         Peer, ///< its part that talks to other processes alone, which starts faster
     };
 
-    explicit ChildInstance(Kind kind = Peer);
+    /// environment holds "NAME=value", and "NAME" for a variable to remove.
+    explicit ChildInstance(Kind kind = Peer, const QStringList &environment = {});
     ~ChildInstance();
 
     /// Tells command, without waiting for the answer.
