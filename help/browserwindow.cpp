@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/browserwindow.h>
+
+#include "core/scaling_p.h"
+#include "help/helplimits_p.h"
+#include "help/htmltextbrowser_p.h"
+#include "help/replylimit_p.h"
+
+#include <vemo/stylemanager.h>
+
+#include <QGuiApplication>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QPointer>
+#include <QScreen>
+#include <QShortcut>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kWidth = 760; // In design pixels, 96 dpi.
+constexpr int kHeight = 560;
+
+QSize firstSize()
+{
+    // Where the screen is small, it leaves room for the window's frame.
+    const QSize most = QGuiApplication::primaryScreen()->availableSize() * 0.9;
+    return QSize(scaled(kWidth), scaled(kHeight)).boundedTo(most);
+}
+
+} // namespace
+
+const int BrowserWindow::TIMEOUT;
+
+BrowserWindow::BrowserWindow(QWidget *parent)
+    : QDialog(parent), m_text_browser(new HtmlTextBrowser(this))
+{
+    m_text_browser->setOpenExternalLinks(true);
+    init();
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_text_browser);
+    setWindowModality(Qt::ApplicationModal);
+    setStyleSheet(getStyleSheet("component.scrollbar"));
+    makeShortcuts();
+    resize(firstSize());
+}
+
+BrowserWindow::~BrowserWindow()
+{
+    delete m_timer;
+    // While a reply is in hand its manager is still at work further down the call stack.
+    if (m_replies_in_hand > 0)
+        m_network_manager->deleteLater();
+    else
+        delete m_network_manager;
+}
+
+void BrowserWindow::init()
+{
+    m_network_manager = new QNetworkAccessManager;
+    connect(m_network_manager, SIGNAL(finished(QNetworkReply *)),
+        SLOT(slotReceiveReply(QNetworkReply *)));
+    m_timer = new QTimer;
+    m_timer->setSingleShot(true);
+    connect(m_timer, SIGNAL(timeout()), SLOT(slotQueryTimeout()));
+    connect(m_text_browser, SIGNAL(textChanged()), SLOT(slotPageChanged()));
+}
+
+void BrowserWindow::makeShortcuts()
+{
+    const auto add = [this](const QKeySequence &keys, QObject *receiver, const char *slot) {
+        connect(new QShortcut(keys, this), SIGNAL(activated()), receiver, slot);
+    };
+    add(QKeySequence(Qt::CTRL + Qt::Key_Plus), m_text_browser, SLOT(zoomIn()));
+    add(QKeySequence(Qt::CTRL + Qt::Key_Equal), m_text_browser, SLOT(zoomIn()));
+    add(QKeySequence(Qt::CTRL + Qt::Key_Minus), m_text_browser, SLOT(zoomOut()));
+    add(QKeySequence(Qt::CTRL + Qt::Key_0), this, SLOT(slotResetZoom()));
+    add(QKeySequence(Qt::Key_F7), this, SLOT(slotToggleTextCursor()));
+}
+
+void BrowserWindow::reload(const QUrl &url)
+{
+    m_url = url;
+    reload();
+}
+
+void BrowserWindow::reload()
+{
+    m_timer->stop();
+    m_timer->setInterval(0);
+    query();
+}
+
+void BrowserWindow::query()
+{
+    m_timer->start(TIMEOUT);
+    QNetworkReply *reply = m_network_manager->get(QNetworkRequest(m_url));
+    connect(this, SIGNAL(sigAbortRequest()), reply, SLOT(abort()));
+    limitReply(reply, kMostPageBytes);
+}
+
+void BrowserWindow::slotQueryTimeout()
+{
+    Q_EMIT sigAbortRequest();
+}
+
+void BrowserWindow::slotReceiveReply(QNetworkReply *reply)
+{
+    // Deliberate: an earlier fetch that ends leaves a later one without a time limit.
+    m_timer->stop();
+    reply->deleteLater();
+    const QPointer<BrowserWindow> self(this);
+    ++m_replies_in_hand;
+    if (reply->error() != QNetworkReply::NoError)
+        fallbackOffline();
+    else
+        showPage(reply);
+    if (self)
+        --m_replies_in_hand;
+}
+
+void BrowserWindow::showPage(QNetworkReply *reply)
+{
+    const QByteArray body = reply->readAll();
+    m_text_browser->setPageUrl(reply->url());
+    // The length is given so that a zero byte doesn't end the text.
+    m_text_browser->setHtmlContent(QString::fromUtf8(body.constData(), body.size()));
+}
+
+void BrowserWindow::fallbackOffline() { }
+
+void BrowserWindow::slotPageChanged()
+{
+    if (windowTitle() != m_page_title)
+        return; // The host's own.
+    m_page_title = m_text_browser->documentTitle();
+    setWindowTitle(m_page_title);
+}
+
+void BrowserWindow::slotResetZoom()
+{
+    m_text_browser->setFont(QFont());
+}
+
+void BrowserWindow::slotToggleTextCursor()
+{
+    m_text_browser->setTextInteractionFlags(
+        m_text_browser->textInteractionFlags() ^ Qt::TextSelectableByKeyboard);
+}

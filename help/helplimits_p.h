@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// Internal header, not part of the interface: it may change without notice.
+#pragma once
+
+#include <QtGlobal>
+
+// What a server, which can't be trusted, may make the help windows take.
+
+/// Bytes of a page, after decompression; a larger one counts as failed.
+constexpr qint64 kMostPageBytes = 32 * 1024 * 1024;
+/// Bytes of a picture, after decompression; a larger one stays missing.
+constexpr qint64 kMostPictureBytes = 64 * 1024 * 1024;
+/// Pixels of a picture on a page from the network; a larger one stays missing.
+constexpr qint64 kMostPicturePixels = 64 * 1024 * 1024;
+/// Pictures of one page that are fetched at once: each takes a thread of the network's.
+constexpr int kMostDownloadsAtOnce = 64;

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "help/htmltextbrowser_p.h"
+
+#include "core/logging_p.h"
+#include "help/helplimits_p.h"
+#include "help/imagedownloader_p.h"
+#include "help/pagedocument_p.h"
+#include "help/picturefolder_p.h"
+#include "help/picturescan_p.h"
+#include "help/weburl_p.h"
+
+#include <QDesktopServices>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int kPausePerWork = 4;
+
+/// Keeps a view's place while what it shows changes: the line at its upper edge stays there.
+class ReadingPlace
+{
+public:
+    explicit ReadingPlace(QTextBrowser *browser)
+        : m_browser(browser), m_is_at_top(browser->verticalScrollBar()->value() == 0),
+          m_line(browser->cursorForPosition(QPoint(0, 0))), m_top(browser->cursorRect(m_line).top())
+    {
+    }
+    void restore() const
+    {
+        QScrollBar *bar = m_browser->verticalScrollBar();
+        if (!m_is_at_top)
+            bar->setValue(bar->value() + m_browser->cursorRect(m_line).top() - m_top);
+    }
+
+private:
+    QTextBrowser *m_browser;
+    bool m_is_at_top;
+    QTextCursor m_line;
+    int m_top;
+};
+
+} // namespace
+
+HtmlTextBrowser::HtmlTextBrowser(QWidget *parent) : QTextBrowser(parent)
+{
+    setDocument(new PageDocument(this));
+    setPageUrl(QUrl());
+    connect(this, SIGNAL(anchorClicked(QUrl)), SLOT(slotOpenLink(QUrl)));
+    m_show_timer.setSingleShot(true);
+    connect(&m_show_timer, SIGNAL(timeout()), SLOT(slotShowArrivedPictures()));
+}
+
+HtmlTextBrowser::~HtmlTextBrowser() = default; // The downloaders are children.
+
+void HtmlTextBrowser::setPageUrl(const QUrl &url)
+{
+    const bool isLocal = url.isLocalFile() || url.scheme() == QLatin1String("qrc");
+    m_page_url = url;
+    page()->setLocalFilesAllowed(isLocal);
+    // Left alone, the base class looks for relative links, and those to files, on the disk.
+    setOpenLinks(isLocal);
+}
+
+void HtmlTextBrowser::setHtmlContent(const QString &html)
+{
+    page()->forgetPictures();
+    m_replaced_source = source();
+    const BaseAddress base = Qt::mightBeRichText(html) ? findBaseAddress(html) : BaseAddress();
+    if (base.start >= 0) {
+        m_base_url = html.mid(base.start, base.end - base.start);
+        downloadPictures(pictureSources(html, base.end));
+    }
+    setText(html);
+}
+
+void HtmlTextBrowser::downloadPictures(const QStringList &sources)
+{
+    const QString folder = pictureFolder();
+    if (!preparePictureFolder())
+        qCWarning(vemoLog) << "Cannot keep pictures in a folder that is not the user's own"
+                           << folder;
+    setSearchPaths(QStringList(folder) + searchPaths());
+    ++m_page_number;
+    for (const QString &source : sources)
+        m_turns[m_page_number].waiting.enqueue(makeDownloader(source));
+    startDownloads(m_page_number);
+}
+
+ImageDownloader *HtmlTextBrowser::makeDownloader(const QString &source)
+{
+    const QString name = source.mid(source.lastIndexOf(QLatin1Char('/')) + 1);
+    const QString url = m_base_url + source; // Joined as they stand: deliberately not resolved.
+    // A page refers to ../image/name, too, and by way of the search path this is where it gets.
+    auto *downloader =
+        new ImageDownloader(pictureFolder() + QLatin1String("/../image/") + name, url);
+    downloader->setParent(this);
+    connect(downloader, SIGNAL(sigDownloadFinish(QString, int)),
+        SLOT(slotDownloadFinished(QString, int)));
+    m_downloads.insert(url, downloader);
+    m_page_numbers.insert(downloader, m_page_number);
+    return downloader;
+}
+
+void HtmlTextBrowser::startDownloads(int page)
+{
+    const auto turns = m_turns.find(page);
+    if (turns == m_turns.end())
+        return;
+    while (turns->running < kMostDownloadsAtOnce && !turns->waiting.isEmpty()) {
+        ++turns->running;
+        begin(turns->waiting.dequeue());
+    }
+    if (turns->running == 0)
+        m_turns.erase(turns);
+}
+
+void HtmlTextBrowser::begin(ImageDownloader *downloader)
+{
+    if (page()->areLocalFilesAllowed() || isWebUrl(QUrl(downloader->url())))
+        downloader->start();
+    else
+        downloader->refuse();
+}
+
+void HtmlTextBrowser::slotDownloadFinished(QString url, int res)
+{
+    Q_UNUSED(res) // Deliberate: the view is refreshed after a failure, too.
+    auto *downloader = qobject_cast<ImageDownloader *>(sender());
+    ImageDownloader *stored = m_downloads.value(url);
+    // A later download of the same address may have taken this one's entry.
+    if (!downloader || downloader == stored) {
+        m_downloads.remove(url);
+        downloader = stored;
+    }
+    if (downloader)
+        release(downloader);
+    // Where a link had led to a file before this page, reload() would bring the file back.
+    if (source().isEmpty() || source() != m_replaced_source)
+        reloadInPlace();
+    if (!m_show_timer.isActive())
+        m_show_timer.start(m_show_pause);
+}
+
+void HtmlTextBrowser::release(ImageDownloader *downloader)
+{
+    const int page = m_page_numbers.take(downloader);
+    m_arrived.insert(QFileInfo(downloader->localPath()).fileName());
+    downloader->deleteLater();
+    if (!m_turns[page].waiting.removeOne(downloader))
+        --m_turns[page].running;
+    startDownloads(page);
+}
+
+void HtmlTextBrowser::reloadInPlace()
+{
+    const int column = horizontalScrollBar()->value();
+    const int row = verticalScrollBar()->value();
+    reload();
+    horizontalScrollBar()->setValue(column);
+    verticalScrollBar()->setValue(row);
+}
+
+/// Lays the page out with the pictures that have arrived: reload() alone doesn't, a text that was
+/// set has no source to load again. Many pictures share one turn.
+void HtmlTextBrowser::slotShowArrivedPictures()
+{
+    QElapsedTimer timer;
+    timer.start();
+    const ReadingPlace place(this);
+    page()->forgetPictures(m_arrived);
+    m_arrived.clear();
+    document()->markContentsDirty(0, document()->characterCount());
+    place.restore();
+    // A long page with many pictures must leave time for its reader.
+    m_show_pause = kPausePerWork * int(timer.elapsed());
+}
+
+void HtmlTextBrowser::slotOpenLink(const QUrl &link)
+{
+    if (openLinks())
+        return; // The base class goes on by itself.
+    if (link.isRelative() && link.path().isEmpty()) {
+        scrollToAnchor(link.fragment());
+        return;
+    }
+    const QUrl target = m_page_url.resolved(link);
+    if (!target.isRelative() && !target.isLocalFile() && target.scheme() != QLatin1String("qrc"))
+        QDesktopServices::openUrl(target);
+}
+
+PageDocument *HtmlTextBrowser::page() const
+{
+    return static_cast<PageDocument *>(document());
+}

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "help/imagedownloader_p.h"
+
+#include "help/helplimits_p.h"
+#include "help/picturefolder_p.h"
+#include "help/replylimit_p.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+
+ImageDownloader::ImageDownloader(const QString &localPath, const QString &url)
+    : m_local_path(localPath), m_url(url)
+{
+}
+
+ImageDownloader::~ImageDownloader()
+{
+    if (m_network_manager)
+        m_network_manager->deleteLater();
+}
+
+void ImageDownloader::start()
+{
+    m_network_manager = new QNetworkAccessManager;
+    connect(m_network_manager, SIGNAL(finished(QNetworkReply *)), this,
+        SLOT(slotFinishDownload(QNetworkReply *)));
+    QNetworkReply *reply = m_network_manager->get(QNetworkRequest(QUrl(m_url)));
+    limitReply(reply, kMostPictureBytes);
+}
+
+void ImageDownloader::refuse()
+{
+    QMetaObject::invokeMethod(this, "slotFinishRefused", Qt::QueuedConnection);
+}
+
+void ImageDownloader::slotFinishDownload(QNetworkReply *reply)
+{
+    reply->deleteLater();
+    const bool isReceived = reply->error() == QNetworkReply::NoError;
+    if (isReceived)
+        writePicture(m_local_path, reply->readAll());
+    finish(isReceived ? 0 : -1);
+}
+
+void ImageDownloader::slotFinishRefused()
+{
+    finish(-1);
+}
+
+void ImageDownloader::finish(int result)
+{
+    m_result = result;
+    m_finished = true;
+    Q_EMIT sigDownloadFinish(m_url, m_result);
+}

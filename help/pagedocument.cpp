@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "help/pagedocument_p.h"
+
+#include "core/logging_p.h"
+#include "help/helplimits_p.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QTextBrowser>
+
+namespace {
+
+/// What the text engine itself draws for a missing picture. It must get one: left without, it would
+/// open the address that the page gives as a file.
+QPixmap missingPicture()
+{
+    return QPixmap(QStringLiteral(":/qt-project.org/styles/commonstyle/images/file-16.png"));
+}
+
+QPixmap readPicture(const QString &file)
+{
+    QImageReader reader(file);
+    // The content decides, not the name, and few bytes can be a picture that fills the memory.
+    reader.setDecideFormatFromContent(true);
+    const QSize size = reader.size();
+    if (qint64(size.width()) * size.height() > kMostPicturePixels) {
+        qCWarning(vemoLog) << "Picture is too large" << file;
+        return {};
+    }
+    return QPixmap::fromImageReader(&reader);
+}
+
+QString fileName(const QString &path)
+{
+    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+} // namespace
+
+PageDocument::PageDocument(QTextBrowser *browser) : QTextDocument(browser), m_browser(browser) { }
+
+void PageDocument::setLocalFilesAllowed(bool allowed)
+{
+    m_local_files_allowed = allowed;
+}
+
+void PageDocument::forgetPictures()
+{
+    m_pictures.clear();
+    m_missing.clear();
+}
+
+void PageDocument::forgetPictures(const QSet<QString> &fileNames)
+{
+    m_missing.clear();
+    for (auto picture = m_pictures.begin(); picture != m_pictures.end();) {
+        if (fileNames.contains(fileName(picture.key())))
+            picture = m_pictures.erase(picture);
+        else
+            ++picture;
+    }
+}
+
+QVariant PageDocument::loadResource(int type, const QUrl &name)
+{
+    // An address that holds its own data reads nothing.
+    if (m_local_files_allowed || name.scheme() == QLatin1String("data"))
+        return QTextDocument::loadResource(type, name);
+    if (type == ImageResource)
+        return picture(name);
+    QFile file(fileInSearchPaths(name));
+    const bool isOpen = !file.fileName().isEmpty() && file.open(QIODevice::ReadOnly);
+    return isOpen ? QVariant(file.readAll()) : QVariant();
+}
+
+/// The file that name refers to by the browser's search paths; empty where there is none, and where
+/// it lies outside of them, be it by a link.
+QString PageDocument::fileInSearchPaths(const QUrl &name) const
+{
+    const QString path = name.path();
+    if (!name.scheme().isEmpty() || !name.host().isEmpty() || path.isEmpty()
+        || QDir::isAbsolutePath(path))
+        return {};
+    const QStringList folders = m_browser->searchPaths();
+    for (const QString &folder : folders) {
+        const QFileInfo candidate(folder + QLatin1Char('/') + path);
+        if (!candidate.isFile() || !candidate.isReadable())
+            continue;
+        const QString file = candidate.canonicalFilePath();
+        const QString inside = QFileInfo(folder).canonicalFilePath() + QLatin1Char('/');
+        return file.startsWith(inside) ? file : QString();
+    }
+    return {};
+}
+
+QPixmap PageDocument::picture(const QUrl &name)
+{
+    const QString key = name.path();
+    const auto known = m_pictures.constFind(key);
+    if (known != m_pictures.constEnd())
+        return *known;
+    if (!m_missing.contains(key)) {
+        const QString file = fileInSearchPaths(name);
+        const QPixmap pixmap = file.isEmpty() ? QPixmap() : readPicture(file);
+        if (!pixmap.isNull())
+            return *m_pictures.insert(key, pixmap);
+        m_missing.insert(key);
+    }
+    return missingPicture();
+}

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "help/picturefolder_p.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryFile>
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <type_traits>
+
+namespace {
+
+constexpr QFile::Permissions kPrivate = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+QString outerFolder()
+{
+    return QDir::tempPath() + QLatin1String("/kestrava_help");
+}
+
+/// The user's id, as the system notes it on a file that the user makes; none where that fails.
+std::optional<uint> userId()
+{
+    static std::optional<uint> id;
+    QTemporaryFile own;
+    if (!id && own.open())
+        id = QFileInfo(own.fileName()).ownerId();
+    return id;
+}
+
+bool isOwnFolder(const QString &path)
+{
+    const QFileInfo info(path);
+    return !info.isSymLink() && info.isDir() && userId() == info.ownerId();
+}
+
+bool makePrivate(const QString &path)
+{
+    return isOwnFolder(path) && QFile::setPermissions(path, kPrivate);
+}
+
+bool isDeviceName(const QString &name)
+{
+    // Windows looks at the name before the first dot only, whatever blanks end it.
+    static const QRegularExpression device(
+        QStringLiteral(
+            "^(CON|PRN|AUX|NUL|CONIN\\$|CONOUT\\$|(COM|LPT)[0-9\u00B9\u00B2\u00B3]) *(\\.|$)"),
+        QRegularExpression::CaseInsensitiveOption);
+    return device.match(name).hasMatch();
+}
+
+std::filesystem::path nativePath(const QString &path)
+{
+    if constexpr (std::is_same_v<std::filesystem::path::value_type, wchar_t>)
+        return path.toStdWString();
+    else
+        return QFile::encodeName(path).toStdString();
+}
+
+} // namespace
+
+QString pictureFolder()
+{
+    return outerFolder() + QLatin1String("/image");
+}
+
+bool preparePictureFolder()
+{
+    QDir().mkpath(pictureFolder());
+    return makePrivate(outerFolder()) && makePrivate(pictureFolder());
+}
+
+bool isSafePictureName(const QString &name)
+{
+    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
+        return false;
+    const bool isPlain = std::none_of(name.begin(), name.end(), [](QChar c) {
+        return c.unicode() < 0x20 || c.unicode() == 0x7F || c == QLatin1Char('/')
+            || c == QLatin1Char('\\') || c == QLatin1Char(':');
+    });
+    return isPlain && !isDeviceName(name);
+}
+
+void writePicture(const QString &path, const QByteArray &bytes)
+{
+    const QFileInfo target(path);
+    if (!isSafePictureName(target.fileName()) || !isOwnFolder(outerFolder())
+        || !isOwnFolder(pictureFolder()))
+        return;
+    if (target.exists() && !target.isWritable())
+        return;
+    QTemporaryFile part(pictureFolder() + QLatin1String("/.part-XXXXXX"));
+    if (!part.open() || part.write(bytes) != bytes.size() || !part.flush())
+        return;
+    part.close();
+    // A link in the way is replaced, never followed.
+    std::error_code error;
+    std::filesystem::rename(nativePath(part.fileName()), nativePath(path), error);
+    if (!error)
+        part.setAutoRemove(false);
+}

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QDialog>
+#include <QUrl>
+
+class HtmlTextBrowser;
+class QNetworkAccessManager;
+class QNetworkReply;
+class QTimer;
+
+/// An application-modal window that fetches one web page and shows it, pictures included.
+///
+/// Nothing is fetched before reload(). A fetch that fails, or takes longer than TIMEOUT, leaves the
+/// view as it was and calls fallbackOffline(), which a derived class overrides to show something
+/// else. Redirects are not followed. Style files must be loaded before; without the section
+/// "component.scrollbar" there is a warning and the scroll bars look plain.
+///
+/// Links open in the user's web browser. A page from the network can't make the window read local
+/// files, nor any address that is not http or https; a page from a file can. A page of more than
+/// 32 MiB counts as failed, and is warned about; a picture of more than 64 MiB stays missing. No
+/// more than 64 pictures of a page are fetched at once.
+///
+/// Ctrl with the wheel, plus, minus and 0 zooms, F7 lets the arrow keys move a text cursor (with
+/// Shift: select), Escape closes. The title is the page's own, unless the host sets one.
+///
+///     auto *window = new BrowserWindow(this);
+///     window->setAttribute(Qt::WA_DeleteOnClose);
+///     window->reload(QUrl(QStringLiteral("https://www.example.com/news.html")));
+///     window->show();
+class VEMO_EXPORT BrowserWindow : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// How long a page may take to arrive, in milliseconds.
+    static const int TIMEOUT = 10000;
+
+    explicit BrowserWindow(QWidget *parent);
+    ~BrowserWindow() override;
+
+    /// Fetches url. An earlier fetch that still runs goes on, too.
+    void reload(const QUrl &url);
+    /// Fetches the same page again; an empty address, which fails, where there was none yet.
+    void reload();
+
+Q_SIGNALS:
+    /// Makes every fetch that still runs fail.
+    void sigAbortRequest();
+
+private Q_SLOTS:
+    void slotReceiveReply(QNetworkReply *reply);
+    void slotQueryTimeout();
+    void slotPageChanged();
+    void slotResetZoom();
+    void slotToggleTextCursor();
+
+private:
+    friend class HelpWindow; // It shows its local page in this window's text browser.
+
+    void init();
+    void query();
+    /// Called whenever a fetch failed. May delete the window.
+    virtual void fallbackOffline();
+
+    void makeShortcuts();
+    void showPage(QNetworkReply *reply);
+
+    QUrl m_url;
+    QNetworkAccessManager *m_network_manager = nullptr;
+    QTimer *m_timer = nullptr;
+    HtmlTextBrowser *m_text_browser = nullptr;
+    QString m_page_title;
+    int m_replies_in_hand = 0;
+};
