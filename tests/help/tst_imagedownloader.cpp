@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+#include "help/helphost.h"
+#include "help/imagedownloader_p.h"
+#include "help/picturefolder_p.h"
+#include "help/testserver.h"
+#include "support/vemotest.h"
+
+#include <QNetworkAccessManager>
+
+class tst_imagedownloader : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void itsSignalAndSlotHaveTheirNames();
+    void itIsUnfinishedUntilTheAnswerCame();
+    void theAnswersBodyBecomesTheFile_data();
+    void theAnswersBodyBecomesTheFile();
+    void aFailedDownloadKeepsTheEarlierFile_data();
+    void aFailedDownloadKeepsTheEarlierFile();
+    void aFileThatCannotBeWrittenIsNoError();
+    void aPictureOverTheLimitFailsWithOneWarning_data();
+    void aPictureOverTheLimitFailsWithOneWarning();
+    void aRefusedDownloadFailsLaterWithoutARequest();
+    void deletedAtAnyMomentItSaysNothing_data();
+    void deletedAtAnyMomentItSaysNothing();
+
+private:
+    QString file(const QString &name) const
+    {
+        return m_host.pictureFolder() + QLatin1Char('/') + name;
+    }
+    /// Fetches path into the file "a.png" and returns the result.
+    int download(const QUrl &url);
+
+    HelpHost m_host;
+};
+
+static constexpr qint64 kMebibyte = 1024 * 1024;
+
+void tst_imagedownloader::init()
+{
+    VemoTest::init();
+    QVERIFY(preparePictureFolder());
+    QFile::remove(file("a.png"));
+}
+
+int tst_imagedownloader::download(const QUrl &url)
+{
+    ImageDownloader downloader(file("a.png"), url.toString());
+    QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString, int)));
+    downloader.start();
+    if (!finished.wait(30000) || finished.size() != 1 || !downloader.isFinished())
+        return -99;
+    const int result = finished.at(0).at(1).toInt();
+    const bool isTheSame = result == downloader.result() && finished.at(0).at(0) == url.toString();
+    return isTheSame ? result : -98;
+}
+
+void tst_imagedownloader::itsSignalAndSlotHaveTheirNames()
+{
+    const QMetaObject &meta = ImageDownloader::staticMetaObject;
+    const QMetaMethod finish = meta.method(meta.indexOfSignal("sigDownloadFinish(QString,int)"));
+    QCOMPARE(finish.parameterNames(), QList<QByteArray>({"url", "res"}));
+    const QMetaMethod slot = meta.method(meta.indexOfSlot("slotFinishDownload(QNetworkReply*)"));
+    QCOMPARE(slot.parameterNames(), QList<QByteArray>({"reply"}));
+    QCOMPARE(slot.access(), QMetaMethod::Private);
+}
+
+void tst_imagedownloader::itIsUnfinishedUntilTheAnswerCame()
+{
+    ImageDownloader downloader(file("a.png"), QStringLiteral("http://127.0.0.1/a.png"));
+    QVERIFY(!downloader.isFinished());
+    QCOMPARE(downloader.result(), 0);
+    QVERIFY(!downloader.parent());
+}
+
+void tst_imagedownloader::theAnswersBodyBecomesTheFile_data()
+{
+    QTest::addColumn<Answer>("answer");
+    QTest::addColumn<QByteArray>("content");
+
+    Answer chunked;
+    chunked.bytes =
+        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n2\r\nde\r\n0\r\n\r\n";
+    Answer endedByClosing;
+    endedByClosing.bytes = "HTTP/1.1 200 OK\r\n\r\nuntil the end";
+    Answer inPieces;
+    inPieces.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 30000\r\n\r\n";
+    inPieces.tail = QByteArray(1000, 'x');
+    inPieces.tailCount = 30;
+
+    QTest::newRow("with a length") << page("bytes") << QByteArray("bytes");
+    QTest::newRow("zero bytes inside") << page(QByteArray("a\0b", 3)) << QByteArray("a\0b", 3);
+    QTest::newRow("empty") << page("") << QByteArray("");
+    QTest::newRow("204") << status("204 No Content") << QByteArray("");
+    QTest::newRow("chunked") << chunked << QByteArray("abcde");
+    QTest::newRow("ended by closing") << endedByClosing << QByteArray("until the end");
+    QTest::newRow("in pieces") << inPieces << QByteArray(30000, 'x');
+    QTest::newRow("a redirect's own body")
+        << status("302 Found", "Location: /other\r\n", "moved") << QByteArray("moved");
+    QTest::newRow("5 MiB") << page(QByteArray(5 * kMebibyte, 'y'))
+                           << QByteArray(5 * kMebibyte, 'y');
+}
+
+void tst_imagedownloader::theAnswersBodyBecomesTheFile()
+{
+    QFETCH(const Answer, answer);
+    TestServer server;
+    server.setAnswer("/a.png", answer);
+    QCOMPARE(download(server.url("/a.png")), 0);
+    QVERIFY(QFile::exists(file("a.png")));
+    const QByteArray content = fileBytes(file("a.png"));
+    QTEST(content, "content");
+}
+
+void tst_imagedownloader::aFailedDownloadKeepsTheEarlierFile_data()
+{
+    QTest::addColumn<Answer>("answer");
+
+    Answer tooShort;
+    tooShort.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nhalf";
+    Answer reset = tooShort;
+    reset.end = Answer::RESET;
+
+    QTest::newRow("404") << status("404 Not Found", {}, "not this one");
+    QTest::newRow("401") << status("401 Unauthorized");
+    QTest::newRow("500") << status("500 Internal Server Error", {}, "nor this one");
+    QTest::newRow("closed before its length") << tooShort;
+    QTest::newRow("reset") << reset;
+    QTest::newRow("no answer") << Answer();
+}
+
+void tst_imagedownloader::aFailedDownloadKeepsTheEarlierFile()
+{
+    QFETCH(const Answer, answer);
+    writePicture(file("a.png"), "earlier");
+    TestServer server;
+    server.setAnswer("/a.png", answer);
+    QCOMPARE(download(server.url("/a.png")), -1);
+    QCOMPARE(fileBytes(file("a.png")), QByteArray("earlier"));
+}
+
+void tst_imagedownloader::aFileThatCannotBeWrittenIsNoError()
+{
+    TestServer server;
+    server.setAnswer("/a.png", page("bytes"));
+    QVERIFY(QDir().mkpath(file("a.png")));
+    QCOMPARE(download(server.url("/a.png")), 0);
+    QVERIFY(QFileInfo(file("a.png")).isDir());
+    QVERIFY(QDir().rmdir(file("a.png")));
+}
+
+void tst_imagedownloader::aPictureOverTheLimitFailsWithOneWarning_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<bool>("isTaken");
+    QTest::newRow("64 MiB") << 64 * kMebibyte << true;
+    QTest::newRow("one byte more") << 64 * kMebibyte + 1 << false;
+    QTest::newRow("for ever") << qint64(-1) << false;
+}
+
+void tst_imagedownloader::aPictureOverTheLimitFailsWithOneWarning()
+{
+    QFETCH(const qint64, size);
+    QFETCH(const bool, isTaken);
+    Answer answer;
+    answer.bytes =
+        "HTTP/1.1 200 OK\r\n\r\n" + QByteArray(size < 0 ? 0 : int(size % kMebibyte), 'x');
+    answer.tail = QByteArray(kMebibyte, 'x');
+    answer.tailCount = size < 0 ? -1 : int(size / kMebibyte);
+    TestServer server;
+    server.setAnswer("/a.png", answer);
+    const QUrl url = server.url("/a.png");
+    QCOMPARE(download(url), isTaken ? 0 : -1);
+    QCOMPARE(QFileInfo(file("a.png")).size(), isTaken ? size : 0);
+    const QString warning = QStringLiteral("Too much data from \"%1\"").arg(url.toString());
+    QCOMPARE(messages.take(), isTaken ? QStringList() : QStringList(warning));
+}
+
+void tst_imagedownloader::aRefusedDownloadFailsLaterWithoutARequest()
+{
+    TestServer server;
+    ImageDownloader downloader(file("a.png"), server.url("/a.png").toString());
+    QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString, int)));
+    downloader.refuse();
+    QVERIFY(finished.isEmpty());
+    QVERIFY(finished.wait());
+    QCOMPARE(finished.at(0), QVariantList({server.url("/a.png").toString(), -1}));
+    QVERIFY(server.requests().isEmpty());
+}
+
+void tst_imagedownloader::deletedAtAnyMomentItSaysNothing_data()
+{
+    QTest::addColumn<bool>("waitForTheRequest");
+    QTest::newRow("at once") << false;
+    QTest::newRow("while the server answers") << true;
+}
+
+void tst_imagedownloader::deletedAtAnyMomentItSaysNothing()
+{
+    QFETCH(const bool, waitForTheRequest);
+    Answer answer;
+    answer.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nhalf";
+    answer.end = Answer::KEEP_OPEN;
+    TestServer server;
+    server.setAnswer("/a.png", answer);
+    auto *downloader = new ImageDownloader(file("a.png"), server.url("/a.png").toString());
+    QSignalSpy finished(downloader, SIGNAL(sigDownloadFinish(QString, int)));
+    downloader->start();
+    if (waitForTheRequest)
+        QTRY_COMPARE(server.requests().size(), 1);
+    delete downloader;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    QVERIFY(finished.isEmpty());
+    QVERIFY(!QFile::exists(file("a.png")));
+}
+
+VEMO_TEST_MAIN(tst_imagedownloader)
+#include "tst_imagedownloader.moc"

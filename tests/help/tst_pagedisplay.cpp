@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "help/helphost.h"
+#include "help/htmltextbrowser_p.h"
+#include "help/imagedownloader_p.h"
+#include "help/testserver.h"
+#include "support/vemotest.h"
+
+#include <QScrollBar>
+
+class tst_pagedisplay : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void picturesAppearAtTheirNaturalSize_data();
+    void picturesAppearAtTheirNaturalSize();
+    void aPictureThatChangedIsShownAnew();
+    void pagesGrowWithTheirPictures();
+    void theLineAtTheUpperEdgeStaysThere();
+    void aReaderAtTheTopStaysAtTheTop();
+    void theSelectionStays();
+    void aPageFromAFileShowsPicturesBesideIt();
+    void aPageReplacesTheFileThatALinkLedTo();
+
+private:
+    QString html(const QString &body) const
+    {
+        return QStringLiteral("<html><base href=\"%1\"><body>%2</body></html>")
+            .arg(m_server->url().toString(), body);
+    }
+    bool isIdle() const { return m_browser->findChildren<ImageDownloader *>().isEmpty(); }
+    int redPixels() const { return countPixels(m_browser.data(), Qt::red); }
+    QString textAtTheTop() const
+    {
+        QTextCursor line = m_browser->cursorForPosition(QPoint(0, 0));
+        line.select(QTextCursor::BlockUnderCursor);
+        return line.selectedText().trimmed();
+    }
+    void scrollToTheMiddle();
+
+    HelpHost m_host;
+    QScopedPointer<TestServer> m_server;
+    QScopedPointer<HtmlTextBrowser> m_browser;
+};
+
+/// An answer that comes so late that the page has been laid out and painted before.
+static Answer latePicture(const QSize &size)
+{
+    const QByteArray bytes = pictureBytes(size, Qt::red);
+    Answer answer;
+    answer.bytes =
+        "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(bytes.size()) + "\r\n\r\n";
+    answer.tail = bytes;
+    answer.tailCount = 1;
+    answer.tailPause = 100;
+    return answer;
+}
+
+static QString lines(int count)
+{
+    QString html;
+    for (int i = 0; i < count; ++i)
+        html += QStringLiteral("<p>line %1</p>").arg(i);
+    return html;
+}
+
+void tst_pagedisplay::init()
+{
+    VemoTest::init();
+    m_server.reset(new TestServer);
+    m_server->setAnswer({}, latePicture({50, 40}));
+    m_browser.reset(new HtmlTextBrowser(nullptr));
+    m_browser->resize(350, 250);
+    m_browser->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_browser.data()));
+}
+
+void tst_pagedisplay::cleanup()
+{
+    m_browser.reset();
+    m_server.reset();
+    QDir(m_host.tempFolder() + QLatin1String("/kestrava_help")).removeRecursively();
+    VemoTest::cleanup();
+}
+
+void tst_pagedisplay::picturesAppearAtTheirNaturalSize_data()
+{
+    QTest::addColumn<QString>("body");
+    QTest::addColumn<int>("pixels");
+    const int one = 50 * 40;
+    QTest::newRow("one") << "<img src=\"a.png\">" << one;
+    QTest::newRow("below text") << "<p>text<p><img src=\"a.png\"><p>text" << one;
+    QTest::newRow("by the parent folder") << "<img src=\"../image/a.png\">" << one;
+    QTest::newRow("by its own folder") << "<img src=\"./a.png\">" << one;
+    QTest::newRow("twice") << "<img src=\"a.png\"><br><img src=\"a.png\">" << 2 * one;
+    QTest::newRow("two") << "<img src=\"a.png\"> <img src=\"b.png\">" << 2 * one;
+    QTest::newRow("with a size of the page's")
+        << "<img width=\"20\" height=\"10\" src=\"a.png\">" << 200;
+    QTest::newRow("in a table") << "<table><tr><td><img src=\"a.png\"></td></tr></table>" << one;
+    QTest::newRow("in a folder that is not there") << "<img src=\"x/a.png\">" << 0;
+    QTest::newRow("by a root path") << "<img src=\"/a.png\">" << 0;
+    QTest::newRow("by a query") << "<img src=\"a.png?v=1\">" << 0;
+}
+
+void tst_pagedisplay::picturesAppearAtTheirNaturalSize()
+{
+    QFETCH(const QString, body);
+    QFETCH(const int, pixels);
+    m_browser->setHtmlContent(html(body));
+    QCOMPARE(redPixels(), 0); // Painted once without.
+    QTRY_VERIFY(isIdle());
+    const qreal ratio = m_browser->devicePixelRatioF();
+    QTRY_COMPARE(redPixels(), int(pixels * ratio * ratio));
+}
+
+void tst_pagedisplay::aPictureThatChangedIsShownAnew()
+{
+    m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">")));
+    QTRY_VERIFY(redPixels() > 0);
+    m_server->setAnswer({}, page(pictureBytes({50, 40}, Qt::blue)));
+    m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">")));
+    QTRY_VERIFY(countPixels(m_browser.data(), Qt::blue) > 0);
+    QCOMPARE(redPixels(), 0);
+}
+
+void tst_pagedisplay::pagesGrowWithTheirPictures()
+{
+    m_server->setAnswer({}, latePicture({50, 1000}));
+    m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">")));
+    QCOMPARE(m_browser->verticalScrollBar()->maximum(), 0);
+    QTRY_VERIFY(m_browser->verticalScrollBar()->maximum() > 700);
+}
+
+void tst_pagedisplay::scrollToTheMiddle()
+{
+    QScrollBar *bar = m_browser->verticalScrollBar();
+    QTRY_VERIFY(bar->maximum() > 1000);
+    bar->setValue(bar->maximum() / 2);
+}
+
+void tst_pagedisplay::theLineAtTheUpperEdgeStaysThere()
+{
+    m_server->setAnswer("/a.png", latePicture({50, 300}));
+    m_server->setAnswer("/b.png", latePicture({50, 300}));
+    m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">") + lines(200)
+        + QStringLiteral("<img src=\"b.png\">")));
+    scrollToTheMiddle();
+    const QString line = textAtTheTop();
+    const int before = m_browser->verticalScrollBar()->value();
+    QVERIFY(line.startsWith(QLatin1String("line ")));
+    QTRY_VERIFY(isIdle());
+    // The picture above makes the page longer, by its height less the sign that stood there before.
+    QTRY_VERIFY(m_browser->verticalScrollBar()->value() > before + 200);
+    QCOMPARE(textAtTheTop(), line);
+}
+
+void tst_pagedisplay::aReaderAtTheTopStaysAtTheTop()
+{
+    m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">") + lines(100)));
+    QTRY_VERIFY(redPixels() > 0);
+    QCOMPARE(m_browser->verticalScrollBar()->value(), 0);
+}
+
+void tst_pagedisplay::theSelectionStays()
+{
+    m_browser->setHtmlContent(html(QStringLiteral("<p>chosen words</p><img src=\"a.png\">")));
+    QVERIFY(m_browser->find(QStringLiteral("chosen")));
+    QTRY_VERIFY(redPixels() > 0);
+    QCOMPARE(m_browser->textCursor().selectedText(), QStringLiteral("chosen"));
+}
+
+void tst_pagedisplay::aPageFromAFileShowsPicturesBesideIt()
+{
+    m_host.addHelpFile(QStringLiteral("enu/a.png"), pictureBytes({50, 40}, Qt::red));
+    m_browser->setSearchPaths({m_host.helpPath() + QLatin1String("/enu")});
+    m_browser->setPageUrl(
+        QUrl::fromLocalFile(m_host.helpPath() + QLatin1String("/enu/index.html")));
+    m_browser->setHtmlContent(QStringLiteral("<html><img src=\"a.png\"></html>"));
+    QVERIFY(redPixels() > 0);
+    QVERIFY(m_server->requests().isEmpty());
+}
+
+void tst_pagedisplay::aPageReplacesTheFileThatALinkLedTo()
+{
+    m_host.addHelpFile(QStringLiteral("enu/other.html"), "<html>other</html>");
+    m_browser->setSource(QUrl::fromLocalFile(m_host.helpPath() + QLatin1String("/enu/other.html")));
+    QCOMPARE(m_browser->toPlainText(), QStringLiteral("other"));
+    m_browser->setHtmlContent(html(QStringLiteral("new <img src=\"a.png\">")));
+    QTRY_VERIFY(isIdle());
+    QVERIFY(m_browser->toPlainText().startsWith(QLatin1String("new")));
+}
+
+VEMO_TEST_MAIN(tst_pagedisplay)
+#include "tst_pagedisplay.moc"
