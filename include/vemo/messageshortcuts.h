@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QString>
+
+class QWidget;
+struct MsgBoxCustomBtnText;
+
+/// \file
+/// One call to tell or ask the user something, and wait for it.
+///
+/// With a parent the message is a VemoMessageSheet over the parent's window, dimmed by a VemoMask;
+/// give a widget as wide as the window, since the sheet's width comes from it. The title is not
+/// shown. Window and parent may be deleted meanwhile. Each call leaves its hidden mask behind in
+/// the window, MASK_BYTES; all of them together make a later resize of the window slower.
+///
+/// Without a parent it is a styled QMessageBox.
+///
+/// A confirmation returns QDialogButtonBox::Apply for yes, on both ways. Compare with nothing else:
+/// no is Discard from a sheet, Cancel from a message box, and 0 from a sheet that ended unanswered.
+///
+///     if (showConfirmMsg(tr("Delete"), tr("Delete %1?").arg(name), window)
+///         == QDialogButtonBox::Apply)
+///         deleteIt();
+
+VEMO_EXPORT int showConfirmMsg(
+    const QString &title, const QString &text, QWidget *parent, bool showIcon = true);
+
+/// An empty caption means the default; resetText is not used.
+VEMO_EXPORT int showConfirmMsgCustomBtn(const QString &title, const QString &text,
+    const MsgBoxCustomBtnText &buttons, QWidget *parent, bool showIcon = true);
+
+VEMO_EXPORT void showInfoMsg(
+    const QString &title, const QString &text, QWidget *parent, bool showIcon = true);
+
+/// Asks whether to upgrade, and deliberately drops the answer.
+VEMO_EXPORT void showUpgradingMsg(
+    const QString &title, const QString &text, QWidget *parent, bool showIcon = true);
+
+VEMO_EXPORT void showWarningMsg(const QString &title, const QString &text,
+    const QString &informativeText, QWidget *parent, bool showIcon = true);
+VEMO_EXPORT void showWarningMsg(
+    const QString &title, const QString &text, QWidget *parent, bool showIcon = true);

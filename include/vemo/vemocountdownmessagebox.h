@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QMessageBox>
+#include <QTimer>
+
+/// A message box that answers itself: the OK button counts down, and below 0 the default button is
+/// clicked.
+///
+/// It counts from the start value, 10 unless set otherwise, in steps of one second unless set
+/// otherwise, anew each time it is shown; so it stays for one period more than the start value. It
+/// begins with an OK button, which is the default one. Install the string "ok" before.
+///
+///     VemoCountdownMessageBox box(window);
+///     box.setText(tr("The computer is about to restart."));
+///     box.setStartValue(30);
+///     box.exec();
+class VEMO_EXPORT VemoCountdownMessageBox : public QMessageBox
+{
+    Q_OBJECT
+
+public:
+    explicit VemoCountdownMessageBox(QWidget *parent = nullptr);
+    ~VemoCountdownMessageBox() override;
+
+    /// Counts from the next show on; a negative value counts as 0.
+    void setStartValue(int value);
+    int startValue() const { return m_start_value; }
+
+    /// In milliseconds, from the next tick on; a negative value counts as 0.
+    void setPeriod(int msecs);
+    int period() const { return m_timer.interval(); }
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private Q_SLOTS:
+    void slotTick();
+
+private:
+    void showCounter();
+
+    QTimer m_timer;
+    int m_start_value;
+    int m_counter;
+};

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+#include <vemo/vemosheet.h>
+
+#include <QMessageBox>
+
+class QLineEdit;
+class VemoInputSheetPrivate;
+
+/// A sheet that asks for one line of text: a prompt, a line edit, OK and cancel.
+///
+/// exec() runs it modally as a message sheet does, and returns QDialogButtonBox::Ok, Discard (which
+/// deliberately is the cancel button) or 0. Return and Enter press OK also from the line edit. It
+/// checks nothing: set a validator on getLineEdit() where that is needed.
+///
+/// Sheet and window may be deleted while it runs: exec() returns 0 then. Hold it by a pointer where
+/// that can happen, never on the stack. The sheet is 40 design pixels narrower than the parent
+/// given to the constructor, 480 at most. Load the style files and the strings "ok" and "cancel"
+/// before.
+///
+///     QPointer<VemoInputSheet> sheet = new VemoInputSheet(tr("Name of the folder:"), window);
+///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+///     if (sheet->exec() == QDialogButtonBox::Ok)
+///         makeFolder(sheet->getContent());
+class VEMO_EXPORT VemoInputSheet : public VemoSheet
+{
+    Q_OBJECT
+
+public:
+    VemoInputSheet(const QString &text, QWidget *parent);
+    explicit VemoInputSheet(QWidget *parent);
+    ~VemoInputSheet() override;
+
+    /// Shows the sheet and waits for its end. Returns the pressed button or what done() was given;
+    /// 0 after quit(), after the sheet's own death, and where the application quits meanwhile.
+    int exec();
+
+    /// Shows the sheet, its line edit focused, and returns at once; finished() tells the end.
+    virtual void showSheet();
+
+    QString getContent() const;
+    QLineEdit *getLineEdit() const;
+
+    /// Null where the sheet has no such button.
+    QAbstractButton *button(QMessageBox::StandardButton which) const;
+
+    /// The prompt, as rich text: escape what is not yours. Deliberately, a length such as "12px" in
+    /// it is scaled for the screen like those of a style sheet.
+    void setText(const QString &text);
+
+    /// Null is ignored. Other buttons stay as they are.
+    void setDefaultButton(QPushButton *button);
+
+    /// Whether the window's Close item and Close events are blocked; true from the start.
+    void setBlockWindowButton(bool isBlocked);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+public Q_SLOTS:
+    void done(int ret);
+    void quit();
+    void buttonClick(QAbstractButton *which);
+
+private:
+    VemoInputSheetPrivate *m_d;
+    bool m_block_window_button = true;
+};

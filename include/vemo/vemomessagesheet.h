@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+#include <vemo/vemosheet.h>
+
+#include <QDialogButtonBox>
+#include <QMessageBox>
+
+class VemoMessageSheetPrivate;
+
+/// Captions for the buttons of a message; an empty one means the default.
+struct VEMO_EXPORT MsgBoxCustomBtnText
+{
+    MsgBoxCustomBtnText() = default;
+    MsgBoxCustomBtnText(const QString &apply, const QString &cancel)
+        : applyText(apply), cancelText(cancel)
+    {
+    }
+
+    QString applyText; ///< of the OK or the Apply button
+    QString cancelText; ///< of the button that cancels
+    QString resetText; ///< of the Reset button
+};
+
+/// A message box drawn as a sheet over its window: an icon, a text, an optional informative text,
+/// an optional check box that must be ticked first, and buttons.
+///
+/// exec() runs it modally: it takes the keys and the Close events of its window, greys out the
+/// window's Close item (on Windows), gives the keyboard focus back at the end, and returns the
+/// pressed button, a QDialogButtonBox::StandardButton, or 0. Escape presses the cancel button,
+/// which deliberately is Discard; Return, Enter and Space press OK or Apply.
+///
+/// Sheet and window may be deleted while it runs: exec() returns 0 then. Hold it by a pointer where
+/// that can happen, never on the stack. For a plain question, showConfirmMsg() does it all.
+///
+/// The width comes from the parent given to the constructor: 40 design pixels less than it, 540 at
+/// most, but 480 over a parent of exactly 540. Load the style files, the strings ("ok", "cancel",
+/// "reset", "wizard_client_upgrade") and the catalogue before.
+///
+///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
+///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+///     if (sheet->exec() == QDialogButtonBox::Apply)
+///         deleteIt();
+class VEMO_EXPORT VemoMessageSheet : public VemoSheet
+{
+    Q_OBJECT
+
+public:
+    enum MessageType {
+        App = 0, ///< the application's picture, no buttons
+        Information = 1, ///< OK
+        Warning = 2, ///< OK
+        Confirm = 3, ///< Apply and Discard
+        ConfirmReset = 4, ///< Apply, Discard and Reset
+        Upgrading = 5, ///< Apply, captioned "wizard_client_upgrade", and Discard
+        WarningConfirm = 6, ///< Apply and Discard
+        Processing = 7, ///< no icon but what is set, no buttons
+    };
+
+    /// A sheet for work that goes on: moviePath is a file that QMovie reads, shown 32 design pixels
+    /// wide and high. It ends with done() or quit().
+    VemoMessageSheet(const QString &text, const QString &moviePath, QWidget *parent);
+    VemoMessageSheet(MessageType type, const QString &text, const QString &informativeText,
+        QWidget *parent, bool showIcon = true);
+    VemoMessageSheet(MessageType type, const QString &text, const MsgBoxCustomBtnText &captions,
+        QWidget *parent, bool showIcon = true);
+    VemoMessageSheet(MessageType type, const QString &text, QWidget *parent, bool showIcon = true);
+    explicit VemoMessageSheet(MessageType type, QWidget *parent, bool showIcon = true);
+    ~VemoMessageSheet() override;
+
+    /// Shows the sheet and waits for its end. Returns the pressed button or what done() was given;
+    /// 0 after quit(), after the sheet's own death, and where the application quits meanwhile.
+    int exec();
+
+    /// Shows the sheet and returns at once; finished() tells the end.
+    virtual void showSheet();
+
+    /// Null where the sheet has no such button.
+    QAbstractButton *button(QMessageBox::StandardButton which) const;
+
+    /// Plain or rich text; links open in the browser. An empty text removes its label.
+    void setText(const QString &text);
+    /// styleSheet, if not empty, replaces "component.message_sheet_informative_text" when the label
+    /// is made, until the next of the setters that build the sheet anew.
+    void setInformativeText(const QString &text, const QString &styleSheet = {});
+    void setIcon(const QPixmap &icon);
+
+    /// These three build the sheet anew; deliberately, custom captions are lost by it.
+    void setIconVisible(bool isVisible);
+    void setMessageType(MessageType type);
+    /// on: Apply is enabled only while the box with this text is checked.
+    void setDoubleConfirmCheckBox(bool on, const QString &text);
+
+    /// Whether the window's Close item and Close events are blocked; true from the start.
+    void setBlockWindowButton(bool isBlocked);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+public Q_SLOTS:
+    void done(int ret);
+    void quit();
+    void buttonClick(QAbstractButton *which);
+
+protected:
+    bool focusNextPrevChild(bool next) override;
+    void showEvent(QShowEvent *event) override;
+
+private Q_SLOTS:
+    void slotChangeApplyButtonStatus(int state);
+
+private:
+    friend class VemoMessageSheetPrivate;
+
+    VemoMessageSheetPrivate *m_d;
+    bool m_block_window_button = true;
+};

@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+// The second half of the companion: where its parts stand, and how the keyboard reaches them.
+#include "sheets/vemomessagesheet_p.h"
+
+#include "core/scaling_p.h"
+
+#include <vemo/accessiblefilter.h>
+
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// Lengths in design pixels.
+constexpr double kMargin = 20;
+constexpr double kBottomMargin = 10;
+constexpr double kIconGap = 20;
+constexpr double kInformativeGap = 10;
+constexpr double kConfirmGap = 10;
+constexpr double kButtonGap = 20;
+constexpr double kWidest = 540;
+constexpr double kOverWidest = 480;
+constexpr double kBesides = 40;
+
+template <typename Layout> Layout *tight(Layout *layout)
+{
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    return layout;
+}
+
+/// The width of a sheet over a parent, both in design pixels.
+int widthOver(double parentWidth)
+{
+    // Deliberate: over exactly the widest it is narrower than over both of its neighbours.
+    if (parentWidth == kWidest)
+        return truncToInt(kOverWidest);
+    return std::max(0, truncToInt(std::min(kWidest, parentWidth - kBesides)));
+}
+
+} // namespace
+
+void VemoMessageSheetPrivate::layOut()
+{
+    delete q->layout();
+    auto *column = tight(new QVBoxLayout(q));
+    column->setContentsMargins(
+        scaled(kMargin), scaled(kMargin), scaled(kMargin), scaled(kBottomMargin));
+    auto *row = tight(new QHBoxLayout);
+    auto *texts = tight(new QVBoxLayout);
+
+    iconLabel->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
+    iconLabel->setVisible(hasIcon());
+    if (hasIcon()) {
+        row->addWidget(iconLabel, 0, Qt::AlignTop);
+        row->addSpacing(scaled(kIconGap));
+    }
+    row->addLayout(texts);
+    if (textLabel)
+        texts->addWidget(textLabel);
+    if (informativeLabel) {
+        texts->addSpacing(scaled(kInformativeGap));
+        texts->addWidget(informativeLabel);
+    }
+
+    column->addLayout(row);
+    if (doubleConfirm) {
+        column->addSpacing(scaled(kConfirmGap));
+        column->addWidget(confirmContainer);
+    }
+    if (!buttonBox->buttons().isEmpty()) {
+        column->addSpacing(scaled(kButtonGap));
+        column->addWidget(buttonBox);
+    }
+    takeSize();
+}
+
+/// A new part of a visible sheet would only show, and count in the layout, later.
+void VemoMessageSheetPrivate::showNewParts() const
+{
+    QWidgetList parts {textLabel, informativeLabel};
+    const auto buttons = buttonBox->buttons();
+    std::copy(buttons.begin(), buttons.end(), std::back_inserter(parts));
+    for (QWidget *part : qAsConst(parts)) {
+        if (part)
+            part->show();
+    }
+}
+
+void VemoMessageSheetPrivate::takeSize()
+{
+    if (q->isVisible())
+        showNewParts();
+    q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
+    const QWidget *parent = q->parentWidget();
+    const double factor = DPIinfo::getInstance().getDPI();
+    q->setFixedWidth(scaled(parent ? widthOver(parent->width() / factor) : kWidest));
+    // From the polish on the band counts, and the labels know their fonts.
+    q->ensurePolished();
+    fitLabels();
+    q->updateGeometry();
+    q->adjustSize();
+}
+
+/// The labels' heights before any layout, so that the first one is right.
+void VemoMessageSheetPrivate::fitLabels()
+{
+    const QMargins band = q->contentsMargins();
+    int width = q->width() - band.left() - band.right() - 2 * scaled(kMargin);
+    if (hasIcon())
+        width -= iconLabel->sizeHint().width() + scaled(kIconGap);
+    for (MessageLabel *label : {textLabel, informativeLabel}) {
+        if (label)
+            label->fitTo(std::max(0, width));
+    }
+}
+
+bool VemoMessageSheetPrivate::hasIcon() const
+{
+    return iconLabel->movie() || !iconLabel->pixmap(Qt::ReturnByValue).isNull();
+}
+
+QPushButton *VemoMessageSheetPrivate::button(QDialogButtonBox::StandardButton which) const
+{
+    return buttonBox->button(which);
+}
+
+void VemoMessageSheetPrivate::takeFocus()
+{
+    if (textLabel) {
+        textLabel->setFocus(Qt::TabFocusReason);
+        return;
+    }
+    // Without a text the keys would go on to what is behind the sheet.
+    collectFocus();
+    QWidget *taker = firstFocus ? firstFocus : q;
+    taker->setFocus(Qt::TabFocusReason);
+}
+
+void VemoMessageSheetPrivate::collectFocus()
+{
+    focusList = accessibleList(q, AccessibleFilter({}, Qt::TabFocus));
+    const auto isDisabled = [](const QWidget *widget) { return !widget->isEnabled(); };
+    focusList.erase(
+        std::remove_if(focusList.begin(), focusList.end(), isDisabled), focusList.end());
+    firstFocus = focusList.isEmpty() ? nullptr : focusList.first();
+    lastFocus = focusList.isEmpty() ? nullptr : focusList.last();
+}
+
+void VemoMessageSheetPrivate::restrictedFocus(QObject *from, QKeyEvent *key)
+{
+    if (from->isWidgetType())
+        moveFocus(static_cast<QWidget *>(from), key->key() == Qt::Key_Tab);
+}
+
+void VemoMessageSheetPrivate::moveFocus(QWidget *from, bool isForward)
+{
+    collectFocus();
+    if (from->isWindow() && focusList.contains(from->focusWidget()))
+        from = from->focusWidget();
+    // What is disabled or hidden in the sheet is passed over.
+    const auto isStop = [this](QWidget *widget) {
+        return widget->focusPolicy() != Qt::NoFocus
+            && (focusList.contains(widget) || !q->isAncestorOf(widget));
+    };
+    QWidget *next = from;
+    do {
+        next = isForward ? next->nextInFocusChain() : next->previousInFocusChain();
+    } while (next != from && !isStop(next));
+    if (!focusList.contains(next))
+        next = isForward ? firstFocus : lastFocus;
+    if (next)
+        next->setFocus(Qt::TabFocusReason);
+}
+
+void VemoMessageSheetPrivate::press(QKeyEvent *key)
+{
+    switch (key->key()) {
+    case Qt::Key_Escape:
+        clickFirst({QDialogButtonBox::Discard});
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        clickFirst({QDialogButtonBox::Ok, QDialogButtonBox::Apply});
+        break;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        restrictedFocus(q->window(), key);
+        break;
+    default:
+        break;
+    }
+}
+
+void VemoMessageSheetPrivate::clickFirst(
+    std::initializer_list<QDialogButtonBox::StandardButton> candidates) const
+{
+    for (const auto which : candidates) {
+        if (QPushButton *present = button(which)) {
+            present->click();
+            return;
+        }
+    }
+}

@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+#include "sheets/modalrun_p.h"
+
+#include "sheets/closeitem_p.h"
+
+#include <vemo/vemosheet.h>
+
+#include <QAccessible>
+#include <QEventLoop>
+#include <QPointer>
+#include <QVector>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+CloseItemRoutine closeItemRoutine = setCloseItemEnabled;
+
+void enableCloseItem(const QWidget *window, bool isEnabled)
+{
+    // Asking a window without a platform window for its id would make one.
+    const QWindow *handle = window ? window->windowHandle() : nullptr;
+    if (handle && handle->handle() && handle->winId() != 0)
+        closeItemRoutine(handle->winId(), isEnabled);
+}
+
+void announce(VemoSheet *sheet, QAccessible::Event what)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(sheet, what);
+    QAccessible::updateAccessibility(&event);
+}
+
+bool isWithin(const QWidget *widget, const QWidget *sheet)
+{
+    return widget && sheet && (widget == sheet || sheet->isAncestorOf(widget));
+}
+
+} // namespace
+
+CloseItemRoutine exchangeCloseItemRoutine(CloseItemRoutine routine)
+{
+    return std::exchange(closeItemRoutine, routine);
+}
+
+/// One time that a sheet took over its window. The stack frame of the loop shares it, since the
+/// sheet may die while the loop runs.
+struct ModalRun::Run
+{
+    explicit Run(VemoSheet *taker) : sheet(taker), window(taker->window())
+    {
+        if (!window->focusWidget())
+            return;
+        focus = window->focusWidget();
+        hadFocus = true;
+    }
+    ~Run() { close(); }
+    Q_DISABLE_COPY(Run)
+
+    /// All that are open, over any window, the latest last.
+    static QVector<Run *> &open()
+    {
+        static QVector<Run *> runs;
+        return runs;
+    }
+
+    bool isOpen() const { return open().contains(const_cast<Run *>(this)); }
+    void close() { open().removeOne(this); }
+
+    QPointer<VemoSheet> sheet;
+    QPointer<QWidget> window;
+    QPointer<QWidget> focus; ///< what had the window's focus before
+    bool hadFocus = false;
+    bool isGreyed = false;
+    bool isDone = false; ///< ended by end(), so that the result counts
+    int result = 0;
+    QEventLoop *loop = nullptr; ///< owned by exec(), so that nobody deletes it while it runs
+};
+
+ModalRun::ModalRun(VemoSheet *sheet) : m_sheet(sheet) { }
+
+ModalRun::~ModalRun()
+{
+    abandon();
+}
+
+bool ModalRun::isOpen() const
+{
+    return m_run && m_run->isOpen();
+}
+
+void ModalRun::begin(bool greysCloseItem)
+{
+    if (!isOpen()) {
+        m_run = std::make_shared<Run>(m_sheet);
+        Run::open().append(m_run.get());
+    }
+    const std::shared_ptr<Run> run = m_run;
+    m_sheet->show();
+    if (!run->sheet || !run->window)
+        return;
+    if (greysCloseItem) {
+        enableCloseItem(run->window, false);
+        run->isGreyed = true;
+    }
+    run->window->installEventFilter(run->sheet);
+    announce(run->sheet, QAccessible::DialogStart);
+}
+
+int ModalRun::exec()
+{
+    if (!m_run)
+        return 0;
+    if (m_run->loop)
+        replaceRun();
+    const std::shared_ptr<Run> run = m_run;
+    run->loop = new QEventLoop(m_sheet);
+    run->loop->exec();
+    delete std::exchange(run->loop, nullptr);
+
+    const QPointer<VemoSheet> sheet = run->sheet;
+    if (!sheet) {
+        restoreWindow(*run);
+    } else if (m_run == run && run->isOpen()) {
+        // The application quits: the sheet goes, but it was not answered.
+        undo(run->isGreyed);
+        if (sheet)
+            sheet->hide();
+    }
+    return run->isDone ? run->result : 0;
+}
+
+void ModalRun::end(int result, bool restoresCloseItem)
+{
+    // A slot of finished() that ends the sheet once more would go on for ever.
+    if (m_isFinishing && !isOpen())
+        return;
+    const QPointer<VemoSheet> sheet(m_sheet);
+    if (m_run && m_run->loop) {
+        m_run->isDone = true;
+        m_run->result = result;
+        m_run->loop->exit(result);
+    }
+    undo(restoresCloseItem);
+    if (sheet)
+        sheet->hide();
+    if (!sheet)
+        return;
+    const bool wasFinishing = std::exchange(m_isFinishing, true);
+    Q_EMIT sheet->finished(result);
+    if (sheet)
+        m_isFinishing = wasFinishing;
+}
+
+void ModalRun::abandon()
+{
+    if (!m_run)
+        return;
+    const std::shared_ptr<Run> run = std::exchange(m_run, nullptr);
+    passFocusOn(*run);
+    if (run->loop) {
+        // The loop runs on its own stack frame, which deletes it.
+        run->loop->setParent(nullptr);
+        run->loop->exit(0);
+    } else if (run->isOpen() && run->focus) {
+        // Later, since the whole window may be about to go.
+        QMetaObject::invokeMethod(
+            run->focus, [run] { restoreWindow(*run); }, Qt::QueuedConnection);
+    }
+    run->close();
+}
+
+/// Exec was entered again while its loop runs: the new run takes over from the old one.
+void ModalRun::replaceRun()
+{
+    const std::shared_ptr<Run> old = m_run;
+    m_run = std::make_shared<Run>(m_sheet);
+    m_run->focus = old->focus;
+    m_run->hadFocus = old->hadFocus;
+    m_run->isGreyed = old->isGreyed;
+    old->close();
+    Run::open().append(m_run.get());
+    if (!old->isDone)
+        old->loop->exit(0);
+}
+
+void ModalRun::undo(bool restoresCloseItem)
+{
+    QWidget *window = m_sheet->window();
+    const std::shared_ptr<Run> run = m_run;
+    if (restoresCloseItem || (run && run->isGreyed))
+        enableCloseItem(window, true);
+    window->removeEventFilter(m_sheet);
+    if (!isOpen())
+        return;
+    run->isGreyed = false;
+    run->close();
+    if (run->window && run->window != window)
+        run->window->removeEventFilter(m_sheet);
+    announce(m_sheet, QAccessible::DialogEnd);
+    giveFocusBack(*run);
+}
+
+/// The sheets over this one gave their focus back to it; from now on they give it where this one
+/// would have.
+void ModalRun::passFocusOn(const Run &run) const
+{
+    for (Run *other : qAsConst(Run::open())) {
+        if (other == &run || !isWithin(other->focus, m_sheet))
+            continue;
+        other->focus = run.focus;
+        other->hadFocus = run.hadFocus;
+    }
+}
+
+void ModalRun::giveFocusBack(const Run &run) const
+{
+    passFocusOn(run);
+    QWidget *now = run.window ? run.window->focusWidget() : nullptr;
+    const auto isWithOther = [&](const Run *other) { return isWithin(now, other->sheet); };
+    if (!run.window || std::any_of(Run::open().begin(), Run::open().end(), isWithOther))
+        return;
+    if (run.focus && run.focus->isVisibleTo(run.window))
+        run.focus->setFocus(Qt::OtherFocusReason);
+    else if (!run.hadFocus && isWithin(now, m_sheet))
+        now->clearFocus();
+}
+
+void ModalRun::restoreWindow(Run &run)
+{
+    if (std::exchange(run.isGreyed, false))
+        enableCloseItem(run.window, true);
+    if (run.window && run.focus && !run.window->focusWidget())
+        run.focus->setFocus(Qt::OtherFocusReason);
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemocountdownmessagebox.h>
+
+#include <vemo/componentstrings.h>
+
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kStartValue = 10;
+constexpr int kPeriod = 1000; // Milliseconds.
+constexpr int kClickTime = 100; // Milliseconds.
+
+} // namespace
+
+VemoCountdownMessageBox::VemoCountdownMessageBox(QWidget *parent)
+    : QMessageBox(parent), m_start_value(kStartValue), m_counter(kStartValue)
+{
+    setStandardButtons(QMessageBox::Ok);
+    setDefaultButton(QMessageBox::Ok);
+    m_timer.setInterval(kPeriod);
+    connect(&m_timer, SIGNAL(timeout()), this, SLOT(slotTick()));
+}
+
+VemoCountdownMessageBox::~VemoCountdownMessageBox() = default;
+
+void VemoCountdownMessageBox::setStartValue(int value)
+{
+    m_start_value = std::max(0, value);
+    if (!isVisible())
+        m_counter = m_start_value;
+}
+
+void VemoCountdownMessageBox::setPeriod(int msecs)
+{
+    m_timer.setInterval(std::max(0, msecs));
+}
+
+void VemoCountdownMessageBox::showEvent(QShowEvent *event)
+{
+    m_counter = m_start_value;
+    showCounter();
+    m_timer.start();
+    QMessageBox::showEvent(event);
+}
+
+void VemoCountdownMessageBox::hideEvent(QHideEvent *event)
+{
+    m_timer.stop();
+    QMessageBox::hideEvent(event);
+}
+
+void VemoCountdownMessageBox::slotTick()
+{
+    if (--m_counter >= 0) {
+        showCounter();
+        return;
+    }
+    m_timer.stop();
+    if (QPushButton *button = defaultButton())
+        button->animateClick(kClickTime);
+}
+
+void VemoCountdownMessageBox::showCounter()
+{
+    if (QAbstractButton *ok = button(QMessageBox::Ok)) {
+        ok->setText(QStringLiteral("%1(%2)").arg(
+            ComponentStrings::getInstance().getString(QStringLiteral("ok")),
+            QString::number(m_counter)));
+    }
+}

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemoinputsheet.h>
+
+#include "core/scaling_p.h"
+#include "sheets/messagelabel_p.h"
+#include "sheets/modalrun_p.h"
+#include "sheets/sheetparts_p.h"
+
+#include <vemo/componentstrings.h>
+
+#include <QBoxLayout>
+#include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+
+#include <algorithm>
+
+namespace {
+
+// Lengths in design pixels.
+constexpr double kMargin = 10;
+constexpr double kPromptGap = 8;
+constexpr double kFieldHeight = 28;
+constexpr double kButtonGap = 24;
+constexpr double kWidest = 480;
+constexpr double kBesides = 40;
+
+/// The width of a sheet over a parent, both in design pixels. Deliberate: not that of a message.
+int widthOver(double parentWidth)
+{
+    return truncToInt(std::clamp(parentWidth - kBesides, 0.0, kWidest));
+}
+
+QString stringOf(const char *key)
+{
+    return ComponentStrings::getInstance().getString(QLatin1String(key));
+}
+
+} // namespace
+
+class VemoInputSheetPrivate : public QObject
+{
+public:
+    explicit VemoInputSheetPrivate(VemoInputSheet *sheet);
+
+    void changeText(const QString &text);
+    void layOut();
+    void click(QDialogButtonBox::StandardButton which) const;
+
+    VemoInputSheet *q;
+    MessageLabel *label; ///< the prompt
+    QLineEdit *lineEdit;
+    QDialogButtonBox *buttonBox;
+    ModalRun run;
+
+private:
+    void dressButtons();
+    void takeSize();
+};
+
+VemoInputSheetPrivate::VemoInputSheetPrivate(VemoInputSheet *sheet)
+    : QObject(sheet), q(sheet), label(new MessageLabel(sheet)), lineEdit(new QLineEdit(sheet)),
+      buttonBox(new QDialogButtonBox(sheet)), run(sheet)
+{
+    q->setStyleSheet(getStyleSheet("component.message_sheet_other"));
+    dressButtons();
+    connect(buttonBox, SIGNAL(clicked(QAbstractButton *)), q, SLOT(buttonClick(QAbstractButton *)));
+}
+
+void VemoInputSheetPrivate::dressButtons()
+{
+    // Deliberate: the cancel button is Discard, as in a message.
+    buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Discard);
+    QPushButton *ok = buttonBox->button(QDialogButtonBox::Ok);
+    dressButton(ok, stringOf("ok"), "component.apply_button");
+    ok->setDefault(true);
+    dressButton(buttonBox->button(QDialogButtonBox::Discard), stringOf("cancel"),
+        "component.cancel_button");
+}
+
+void VemoInputSheetPrivate::changeText(const QString &text)
+{
+    // Deliberate: what looks like a length in the host's own text is scaled along.
+    const QString prompt = QStringLiteral("<p style='line-height: 20px;'>%1</p>").arg(text);
+    label->setText(DPIinfo::getInstance().getScaledStyleSheet(prompt));
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop);
+    label->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum);
+    q->setAccessibleName(spoken(text));
+    lineEdit->setAccessibleName(spoken(text));
+}
+
+void VemoInputSheetPrivate::layOut()
+{
+    delete q->layout();
+    auto *column = new QVBoxLayout(q);
+    const int margin = scaled(kMargin);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(0);
+    lineEdit->setFixedHeight(scaled(kFieldHeight));
+    lineEdit->setStyleSheet(getStyleSheet("component.lineedit"));
+    column->addWidget(label);
+    column->addSpacing(scaled(kPromptGap));
+    column->addWidget(lineEdit);
+    if (!buttonBox->buttons().isEmpty()) {
+        column->addSpacing(scaled(kButtonGap));
+        column->addWidget(buttonBox);
+    }
+    takeSize();
+}
+
+void VemoInputSheetPrivate::takeSize()
+{
+    q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
+    const QWidget *parent = q->parentWidget();
+    const double factor = DPIinfo::getInstance().getDPI();
+    q->setFixedWidth(scaled(parent ? widthOver(parent->width() / factor) : kWidest));
+    // From the polish on the band counts, and the prompt knows its font.
+    q->ensurePolished();
+    const QMargins band = q->contentsMargins();
+    const int width = q->width() - band.left() - band.right() - 2 * scaled(kMargin);
+    label->fitTo(std::max(0, width));
+    q->updateGeometry();
+    q->adjustSize();
+}
+
+void VemoInputSheetPrivate::click(QDialogButtonBox::StandardButton which) const
+{
+    if (QPushButton *present = buttonBox->button(which))
+        present->click();
+}
+
+VemoInputSheet::VemoInputSheet(const QString &text, QWidget *parent)
+    : VemoSheet(parent), m_d(new VemoInputSheetPrivate(this))
+{
+    m_d->changeText(text);
+    m_d->layOut();
+}
+
+VemoInputSheet::VemoInputSheet(QWidget *parent)
+    : VemoSheet(parent), m_d(new VemoInputSheetPrivate(this))
+{
+    m_d->layOut();
+}
+
+VemoInputSheet::~VemoInputSheet()
+{
+    m_d->run.abandon();
+}
+
+int VemoInputSheet::exec()
+{
+    const QPointer<VemoInputSheet> self(this);
+    m_d->run.begin(m_block_window_button);
+    if (self)
+        setFocus(Qt::TabFocusReason);
+    if (self)
+        m_d->lineEdit->setFocus(Qt::OtherFocusReason);
+    return self ? m_d->run.exec() : 0;
+}
+
+void VemoInputSheet::showSheet()
+{
+    const QPointer<VemoInputSheet> self(this);
+    m_d->run.begin(false);
+    if (self)
+        m_d->lineEdit->setFocus(Qt::OtherFocusReason);
+}
+
+QString VemoInputSheet::getContent() const
+{
+    return m_d->lineEdit->text();
+}
+
+QLineEdit *VemoInputSheet::getLineEdit() const
+{
+    return m_d->lineEdit;
+}
+
+QAbstractButton *VemoInputSheet::button(QMessageBox::StandardButton which) const
+{
+    return m_d->buttonBox->button(static_cast<QDialogButtonBox::StandardButton>(which));
+}
+
+void VemoInputSheet::setText(const QString &text)
+{
+    m_d->changeText(text);
+    m_d->layOut();
+}
+
+void VemoInputSheet::setDefaultButton(QPushButton *button)
+{
+    if (button)
+        button->setDefault(true);
+}
+
+void VemoInputSheet::setBlockWindowButton(bool isBlocked)
+{
+    m_block_window_button = isBlocked;
+}
+
+bool VemoInputSheet::eventFilter(QObject *watched, QEvent *event)
+{
+    if (m_block_window_button && event->type() == QEvent::Close) {
+        event->ignore();
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress || watched != window())
+        return VemoSheet::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent *>(event)->key()) {
+    case Qt::Key_Escape:
+        m_d->click(QDialogButtonBox::Discard);
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        m_d->click(QDialogButtonBox::Ok);
+        break;
+    default:
+        break;
+    }
+    // Every key, so that the window behind the sheet gets none.
+    return true;
+}
+
+void VemoInputSheet::done(int ret)
+{
+    m_d->run.end(ret, m_block_window_button);
+}
+
+void VemoInputSheet::quit()
+{
+    done(0);
+}
+
+void VemoInputSheet::buttonClick(QAbstractButton *which)
+{
+    done(m_d->buttonBox->standardButton(which));
+}

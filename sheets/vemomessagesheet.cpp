@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemomessagesheet.h>
+
+#include "sheets/vemomessagesheet_p.h"
+
+#include <vemo/clickablelabel.h>
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QMovie>
+#include <QPushButton>
+
+VemoMessageSheet::VemoMessageSheet(const QString &text, const QString &moviePath, QWidget *parent)
+    : VemoSheet(parent), m_d(new VemoMessageSheetPrivate(this, Processing, true))
+{
+    m_d->dress({});
+    m_d->showMovie(moviePath);
+    m_d->changeText(text);
+    m_d->layOut();
+}
+
+VemoMessageSheet::VemoMessageSheet(MessageType type, const QString &text,
+    const QString &informativeText, QWidget *parent, bool showIcon)
+    : VemoSheet(parent), m_d(new VemoMessageSheetPrivate(this, type, showIcon))
+{
+    m_d->dress({});
+    m_d->changeText(text);
+    m_d->changeInformativeText(informativeText, {});
+    m_d->layOut();
+}
+
+VemoMessageSheet::VemoMessageSheet(MessageType type, const QString &text,
+    const MsgBoxCustomBtnText &captions, QWidget *parent, bool showIcon)
+    : VemoSheet(parent), m_d(new VemoMessageSheetPrivate(this, type, showIcon))
+{
+    m_d->dress(captions);
+    m_d->changeText(text);
+    m_d->layOut();
+}
+
+VemoMessageSheet::VemoMessageSheet(
+    MessageType type, const QString &text, QWidget *parent, bool showIcon)
+    : VemoMessageSheet(type, text, MsgBoxCustomBtnText(), parent, showIcon)
+{
+}
+
+VemoMessageSheet::VemoMessageSheet(MessageType type, QWidget *parent, bool showIcon)
+    : VemoMessageSheet(type, QString(), MsgBoxCustomBtnText(), parent, showIcon)
+{
+}
+
+VemoMessageSheet::~VemoMessageSheet()
+{
+    m_d->run.abandon();
+}
+
+int VemoMessageSheet::exec()
+{
+    const QPointer<VemoMessageSheet> self(this);
+    m_d->run.begin(m_block_window_button);
+    if (self)
+        m_d->takeFocus();
+    if (!self)
+        return 0;
+    if (m_d->type == Processing && m_d->movie && m_d->movie->isValid())
+        m_d->movie->start();
+    return m_d->run.exec();
+}
+
+void VemoMessageSheet::showSheet()
+{
+    m_d->run.begin(false);
+}
+
+QAbstractButton *VemoMessageSheet::button(QMessageBox::StandardButton which) const
+{
+    return m_d->button(static_cast<QDialogButtonBox::StandardButton>(which));
+}
+
+void VemoMessageSheet::setText(const QString &text)
+{
+    m_d->changeText(text);
+    m_d->layOut();
+}
+
+void VemoMessageSheet::setInformativeText(const QString &text, const QString &styleSheet)
+{
+    m_d->changeInformativeText(text, styleSheet);
+    m_d->layOut();
+}
+
+void VemoMessageSheet::setIcon(const QPixmap &icon)
+{
+    m_d->iconLabel->setPixmap(icon);
+    m_d->layOut();
+}
+
+void VemoMessageSheet::setIconVisible(bool isVisible)
+{
+    m_d->showIcon = isVisible;
+    m_d->rebuild();
+}
+
+void VemoMessageSheet::setMessageType(MessageType type)
+{
+    m_d->type = type;
+    m_d->rebuild();
+}
+
+void VemoMessageSheet::setDoubleConfirmCheckBox(bool on, const QString &text)
+{
+    m_d->doubleConfirm = on;
+    m_d->rebuild();
+    if (!on)
+        return;
+    m_d->confirmLabel->setText(text);
+    m_d->confirmCheckBox->setAccessibleName(text);
+}
+
+void VemoMessageSheet::setBlockWindowButton(bool isBlocked)
+{
+    m_block_window_button = isBlocked;
+}
+
+bool VemoMessageSheet::eventFilter(QObject *watched, QEvent *event)
+{
+    if (m_block_window_button && event->type() == QEvent::Close) {
+        event->ignore();
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress || watched != window() || !isVisible())
+        return VemoSheet::eventFilter(watched, event);
+    m_d->press(static_cast<QKeyEvent *>(event));
+    // Every key, so that the window behind the sheet gets none.
+    return true;
+}
+
+void VemoMessageSheet::done(int ret)
+{
+    m_d->run.end(ret, m_block_window_button);
+}
+
+void VemoMessageSheet::quit()
+{
+    done(0);
+}
+
+void VemoMessageSheet::buttonClick(QAbstractButton *which)
+{
+    done(m_d->buttonBox->standardButton(which));
+}
+
+bool VemoMessageSheet::focusNextPrevChild(bool next)
+{
+    // Qt moves the focus before the window ever sees the Tab key.
+    m_d->moveFocus(window(), next);
+    return true;
+}
+
+void VemoMessageSheet::showEvent(QShowEvent *event)
+{
+    m_d->buttonBox->setFocusPolicy(Qt::NoFocus);
+    for (const auto which : {QDialogButtonBox::Ok, QDialogButtonBox::Discard}) {
+        if (QPushButton *button = m_d->button(which))
+            button->setFocusPolicy(Qt::StrongFocus);
+    }
+    m_d->collectFocus();
+    VemoSheet::showEvent(event);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void VemoMessageSheet::slotChangeApplyButtonStatus(int state)
+{
+    if (QPushButton *apply = m_d->button(QDialogButtonBox::Apply))
+        apply->setEnabled(state == Qt::Checked);
+}

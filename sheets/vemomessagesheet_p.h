@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// Internal header, not part of the interface: it may change without notice.
+#pragma once
+
+#include "sheets/messagelabel_p.h"
+#include "sheets/modalrun_p.h"
+
+#include <vemo/vemomessagesheet.h>
+
+#include <QPointer>
+
+#include <initializer_list>
+
+class ClickableLabel;
+class QCheckBox;
+class QKeyEvent;
+class QMovie;
+class QPushButton;
+
+/// The parts of one message sheet, how they are dressed, laid out and reached by the keyboard.
+class VemoMessageSheetPrivate : public QObject
+{
+public:
+    VemoMessageSheetPrivate(
+        VemoMessageSheet *sheet, VemoMessageSheet::MessageType messageType, bool isIconShown);
+
+    /// Everything but the texts and the layout, which the constructors do once at their end.
+    void dress(const MsgBoxCustomBtnText &captions);
+    void layOut();
+    /// What the setters do: deliberately with empty captions.
+    void rebuild();
+
+    void showMovie(const QString &path);
+    void changeText(const QString &text);
+    void changeInformativeText(const QString &text, const QString &styleSheet);
+
+    bool hasIcon() const;
+    QPushButton *button(QDialogButtonBox::StandardButton which) const;
+    void clickFirst(std::initializer_list<QDialogButtonBox::StandardButton> candidates) const;
+
+    void takeFocus();
+    void collectFocus();
+    /// Gives the focus to the next widget of the sheet: forward for Tab, else backward.
+    void restrictedFocus(QObject *from, QKeyEvent *key);
+    void moveFocus(QWidget *from, bool isForward);
+    /// The keys that reach the window.
+    void press(QKeyEvent *key);
+
+    VemoMessageSheet *q;
+    MessageLabel *textLabel = nullptr; ///< null while the text is empty
+    MessageLabel *informativeLabel = nullptr; ///< null while the informative text is empty
+    QLabel *iconLabel;
+    VemoMessageSheet::MessageType type;
+    QDialogButtonBox *buttonBox;
+    ModalRun run;
+    bool showIcon;
+    QCheckBox *confirmCheckBox = nullptr;
+    ClickableLabel *confirmLabel = nullptr;
+    QWidget *confirmContainer;
+    bool doubleConfirm = false;
+    QList<QWidget *> focusList; ///< among these Tab cycles; collected anew before each use
+    QWidget *firstFocus = nullptr;
+    QWidget *lastFocus = nullptr;
+    QMovie *movie = nullptr;
+
+private:
+    void showTypeIcon();
+    void dressButtons(const MsgBoxCustomBtnText &captions);
+    void dressConfirmRow();
+    void removeConfirmRow();
+    void dressLabels();
+    MessageLabel *newLabel(const QString &styleSheet);
+    void showNewParts() const;
+    void takeSize();
+    void fitLabels();
+};

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+#include "sheets/vemomessagesheet_p.h"
+
+#include "core/scaling_p.h"
+#include "sheets/sheetparts_p.h"
+
+#include <vemo/clickablelabel.h>
+#include <vemo/componentstrings.h>
+#include <vemo/imagemanager.h>
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QMovie>
+#include <QProxyStyle>
+
+#include <iterator>
+#include <utility>
+
+namespace {
+
+using Button = QDialogButtonBox;
+
+// Lengths in design pixels.
+constexpr double kConfirmSpacing = 8;
+constexpr double kConfirmHeight = 32;
+constexpr double kButtonHeight = 32;
+constexpr double kButtonWidth = 100;
+constexpr double kMovieSize = 32;
+
+constexpr const char *kProcessingSheet = "component.message_sheet_processing";
+constexpr const char *kOtherSheet = "component.message_sheet_other";
+constexpr const char *kText = "component.message_sheet_text";
+constexpr const char *kInformativeText = "component.message_sheet_informative_text";
+
+struct TypeLook
+{
+    const char *icon; ///< a catalogue name; null: none
+    int buttons;
+    const char *styleKey;
+};
+
+constexpr int kConfirmButtons = Button::Apply | Button::Discard;
+constexpr TypeLook kLooks[] = {
+    {"app_img", Button::NoButton, kProcessingSheet},
+    {"icon_information", Button::Ok, kOtherSheet},
+    {"icon_warning", Button::Ok, kOtherSheet},
+    {"icon_question", kConfirmButtons, kOtherSheet},
+    {"icon_question", kConfirmButtons | Button::Reset, kOtherSheet},
+    {"icon_information", kConfirmButtons, kOtherSheet},
+    {"icon_warning", kConfirmButtons, kOtherSheet},
+    {nullptr, Button::NoButton, kProcessingSheet},
+};
+constexpr TypeLook kUnknownLook {nullptr, Button::NoButton, kOtherSheet};
+
+const TypeLook &lookOf(int type)
+{
+    const bool isKnown = type >= 0 && type < static_cast<int>(std::size(kLooks));
+    return isKnown ? kLooks[type] : kUnknownLook;
+}
+
+/// Puts the buttons in the order of Windows on every platform.
+class DialogButtonBoxStyle : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+        QStyleHintReturn *returnData) const override
+    {
+        if (hint == SH_DialogButtonLayout)
+            return QDialogButtonBox::WinLayout;
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+};
+
+QString captionOf(const QString &custom, const char *key)
+{
+    return custom.isEmpty() ? ComponentStrings::getInstance().getString(QLatin1String(key))
+                            : custom;
+}
+
+void giveButtonSize(QPushButton *button)
+{
+    button->setFixedHeight(scaled(kButtonHeight));
+    button->setMinimumWidth(scaled(kButtonWidth));
+}
+
+void discard(QWidget *widget)
+{
+    widget->hide();
+    // Not at once: it may be in the middle of a signal.
+    widget->deleteLater();
+}
+
+} // namespace
+
+VemoMessageSheetPrivate::VemoMessageSheetPrivate(
+    VemoMessageSheet *sheet, VemoMessageSheet::MessageType messageType, bool isIconShown)
+    : QObject(sheet), q(sheet), iconLabel(new QLabel(sheet)), type(messageType),
+      buttonBox(new QDialogButtonBox(sheet)), run(sheet), showIcon(isIconShown),
+      confirmContainer(new QWidget(sheet))
+{
+    confirmContainer->hide();
+    auto *style = new DialogButtonBoxStyle;
+    style->setParent(buttonBox);
+    buttonBox->setStyle(style);
+    connect(buttonBox, SIGNAL(clicked(QAbstractButton *)), q, SLOT(buttonClick(QAbstractButton *)));
+}
+
+void VemoMessageSheetPrivate::dress(const MsgBoxCustomBtnText &captions)
+{
+    const TypeLook &look = lookOf(type);
+    q->setStyleSheet(getStyleSheet(look.styleKey));
+    showTypeIcon();
+    buttonBox->setStandardButtons(Button::StandardButtons(look.buttons));
+    dressButtons(captions);
+    if (doubleConfirm)
+        dressConfirmRow();
+    else
+        removeConfirmRow();
+    dressLabels();
+    for (const auto which : {Button::Ok, Button::Apply, Button::Discard, Button::Reset}) {
+        if (QPushButton *present = button(which))
+            present->installEventFilter(q);
+    }
+}
+
+void VemoMessageSheetPrivate::rebuild()
+{
+    dress({});
+    layOut();
+}
+
+void VemoMessageSheetPrivate::showTypeIcon()
+{
+    const TypeLook &look = lookOf(type);
+    if (!showIcon)
+        iconLabel->clear();
+    else if (look.icon)
+        iconLabel->setPixmap(getGlobalImage(look.icon));
+    else if (type == VemoMessageSheet::Processing && movie)
+        iconLabel->setMovie(movie);
+    else
+        iconLabel->clear();
+}
+
+void VemoMessageSheetPrivate::dressButtons(const MsgBoxCustomBtnText &captions)
+{
+    const bool isUpgrading = type == VemoMessageSheet::Upgrading;
+    for (const auto which : {Button::Ok, Button::Apply}) {
+        QPushButton *apply = button(which);
+        if (!apply)
+            continue;
+        dressButton(apply,
+            captionOf(captions.applyText, isUpgrading ? "wizard_client_upgrade" : "ok"),
+            "component.apply_button");
+        apply->setDefault(true);
+        giveButtonSize(apply);
+    }
+    if (QPushButton *cancel = button(Button::Discard)) {
+        dressButton(cancel, captionOf(captions.cancelText, "cancel"), "component.cancel_button");
+        giveButtonSize(cancel);
+    }
+    // Deliberate: this one alone keeps its natural size.
+    if (QPushButton *reset = button(Button::Reset))
+        dressButton(reset, captionOf(captions.resetText, "reset"), "component.reset_button");
+}
+
+void VemoMessageSheetPrivate::dressConfirmRow()
+{
+    removeConfirmRow();
+    if (QPushButton *apply = button(Button::Apply))
+        apply->setEnabled(false);
+    confirmCheckBox = new QCheckBox(confirmContainer);
+    confirmCheckBox->setStyleSheet(getStyleSheet("component.checkbox_warning"));
+    confirmCheckBox->setFixedHeight(scaled(kConfirmHeight));
+    connect(confirmCheckBox, SIGNAL(stateChanged(int)), q, SLOT(slotChangeApplyButtonStatus(int)));
+
+    confirmLabel = new ClickableLabel(QString(), confirmContainer);
+    confirmLabel->setStyleSheet(getStyleSheet("component.label_checkbox_warning"));
+    confirmLabel->setWordWrap(true);
+    confirmLabel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    connect(confirmLabel, SIGNAL(clicked()), confirmCheckBox, SLOT(click()));
+
+    auto *row = new QHBoxLayout(confirmContainer);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(scaled(kConfirmSpacing));
+    row->addWidget(confirmCheckBox);
+    row->addWidget(confirmLabel);
+    confirmContainer->show();
+}
+
+void VemoMessageSheetPrivate::removeConfirmRow()
+{
+    if (!confirmCheckBox)
+        return;
+    disconnect(confirmCheckBox, nullptr, q, nullptr);
+    discard(confirmCheckBox);
+    discard(confirmLabel);
+    confirmCheckBox = nullptr;
+    confirmLabel = nullptr;
+    delete confirmContainer->layout();
+    confirmContainer->hide();
+}
+
+void VemoMessageSheetPrivate::dressLabels()
+{
+    if (textLabel)
+        textLabel->setStyleSheet(getStyleSheet(kText));
+    // Deliberate: a style of its own given to the informative text ends here.
+    if (informativeLabel)
+        informativeLabel->setStyleSheet(getStyleSheet(kInformativeText));
+}
+
+void VemoMessageSheetPrivate::showMovie(const QString &path)
+{
+    movie = new QMovie(path);
+    movie->setParent(this);
+    movie->setScaledSize({scaled(kMovieSize), scaled(kMovieSize)});
+    iconLabel->setMovie(movie);
+}
+
+void VemoMessageSheetPrivate::changeText(const QString &text)
+{
+    if (text.isEmpty()) {
+        if (textLabel)
+            discard(std::exchange(textLabel, nullptr));
+    } else {
+        if (!textLabel) {
+            textLabel = newLabel(getStyleSheet(kText));
+            textLabel->setAlignment(Qt::AlignTop);
+            textLabel->setTextInteractionFlags(Qt::TextSelectableByMouse
+                | Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+            // The flags take the focus policy along.
+            textLabel->setFocusPolicy(Qt::StrongFocus);
+        }
+        textLabel->setText(text);
+    }
+    q->setAccessibleName(spoken(text));
+}
+
+void VemoMessageSheetPrivate::changeInformativeText(const QString &text, const QString &styleSheet)
+{
+    if (text.isEmpty()) {
+        if (informativeLabel)
+            discard(std::exchange(informativeLabel, nullptr));
+    } else {
+        if (!informativeLabel) {
+            informativeLabel =
+                newLabel(styleSheet.isEmpty() ? getStyleSheet(kInformativeText) : styleSheet);
+            informativeLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+            informativeLabel->setTextInteractionFlags(Qt::TextInteractionFlags(
+                q->style()->styleHint(QStyle::SH_MessageBox_TextInteractionFlags, nullptr, q)));
+            informativeLabel->setFocusPolicy(Qt::StrongFocus);
+        }
+        informativeLabel->setText(text);
+    }
+    q->setAccessibleDescription(spoken(text));
+}
+
+MessageLabel *VemoMessageSheetPrivate::newLabel(const QString &styleSheet)
+{
+    auto *label = new MessageLabel(q);
+    label->setStyleSheet(styleSheet);
+    label->setWordWrap(true);
+    label->setOpenExternalLinks(true);
+    label->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum);
+    label->installEventFilter(q);
+    return label;
+}

@@ -1,0 +1,598 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemomessagesheet.h>
+
+#include "core/scaling_p.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/clickablelabel.h>
+#include <vemo/componentstrings.h>
+#include <vemo/imagemanager.h>
+#include <vemo/stylemanager.h>
+
+#include <QCheckBox>
+#include <QLayout>
+#include <QMovie>
+#include <QPushButton>
+#include <QStyle>
+
+namespace {
+
+using Sheet = VemoMessageSheet;
+using Button = QDialogButtonBox;
+
+const QString kBusy = QStringLiteral(":/vemo/theme/images/busy.gif");
+
+QString string(const char *key)
+{
+    return ComponentStrings::getInstance().getString(key);
+}
+
+QPushButton *buttonOf(const Sheet &sheet, int which)
+{
+    return static_cast<QPushButton *>(sheet.button(QMessageBox::StandardButton(which)));
+}
+
+/// The label that shows text, for texts and captions alike; null: none does.
+QLabel *labelOf(const Sheet &sheet, const QString &text)
+{
+    for (QLabel *label : sheet.findChildren<QLabel *>()) {
+        if (label->text() == text && label->isVisibleTo(&sheet))
+            return label;
+    }
+    return nullptr;
+}
+
+/// The one label without a text is the icon's.
+QLabel *iconOf(const Sheet &sheet)
+{
+    return sheet.findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly).constFirst();
+}
+
+QImage iconImage(const Sheet &sheet)
+{
+    return iconOf(sheet)->pixmap(Qt::ReturnByValue).toImage();
+}
+
+int buttonsOf(const Sheet &sheet)
+{
+    return sheet.findChild<QDialogButtonBox *>()->standardButtons();
+}
+
+} // namespace
+
+class VemoMessageSheetTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void typeChoosesIconButtonsAndStyle_data();
+    void typeChoosesIconButtonsAndStyle();
+    void newTypeTakesTheLookOfThatType_data();
+    void newTypeTakesTheLookOfThatType();
+    void captionsAreTheDefaultOnes_data();
+    void captionsAreTheDefaultOnes();
+    void customCaptionsReplaceTheDefaultOnes_data();
+    void customCaptionsReplaceTheDefaultOnes();
+    void rebuildForgetsCustomCaptions_data();
+    void rebuildForgetsCustomCaptions();
+    void buttonsHaveTheirSizesAndStyles();
+    void buttonsStandInTheOrderOfWindows();
+    void busySheetShowsItsMovie();
+    void busySheetWithoutAMovieFileStillWorks();
+    void hiddenIconLeavesItsPlace();
+    void iconSetByHandTakesPartInTheLayout();
+    void widthComesFromTheParent_data();
+    void widthComesFromTheParent();
+    void widthIsCappedWithoutAParent();
+    void contentStandsInsideTheBandAndTheMargins();
+    void textIsShownAsAskedFor();
+    void informativeTextIsShownAsAskedFor();
+    void informativeStyleIsItsOwnUntilARebuild();
+    void emptyTextRemovesItsLabelAndShrinksTheSheet_data();
+    void emptyTextRemovesItsLabelAndShrinksTheSheet();
+    void heightFollowsTheText();
+    void captionTogglesTheBox();
+    void applyIsEnabledExactlyWhileTheBoxIsChecked();
+    void confirmRowComesAndGoes();
+    void clickAfterRebuildsFinishesOnce();
+};
+
+void VemoMessageSheetTest::typeChoosesIconButtonsAndStyle_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("icon");
+    QTest::addColumn<int>("buttons");
+    QTest::addColumn<QString>("style");
+    const QString processing = "component.message_sheet_processing";
+    const QString other = "component.message_sheet_other";
+    const int confirm = Button::Apply | Button::Discard;
+    QTest::newRow("App") << 0 << "app_img" << 0 << processing;
+    QTest::newRow("Information") << 1 << "icon_information" << int(Button::Ok) << other;
+    QTest::newRow("Warning") << 2 << "icon_warning" << int(Button::Ok) << other;
+    QTest::newRow("Confirm") << 3 << "icon_question" << confirm << other;
+    QTest::newRow("ConfirmReset") << 4 << "icon_question" << (confirm | Button::Reset) << other;
+    QTest::newRow("Upgrading") << 5 << "icon_information" << confirm << other;
+    QTest::newRow("WarningConfirm") << 6 << "icon_warning" << confirm << other;
+    QTest::newRow("Processing") << 7 << QString() << 0 << processing;
+    QTest::newRow("above the last") << 8 << QString() << 0 << other;
+    QTest::newRow("far above") << 4711 << QString() << 0 << other;
+    QTest::newRow("negative") << -1 << QString() << 0 << other;
+}
+
+void VemoMessageSheetTest::typeChoosesIconButtonsAndStyle()
+{
+    QFETCH(const int, type);
+    QFETCH(const QString, icon);
+    QFETCH(const int, buttons);
+    QFETCH(const QString, style);
+    QWidget window;
+    const Sheet sheet(Sheet::MessageType(type), "text", &window);
+    QCOMPARE(iconImage(sheet), icon.isEmpty() ? QImage() : getGlobalImage(icon).toImage());
+    QCOMPARE(iconOf(sheet)->isVisibleTo(&sheet), !icon.isEmpty());
+    QCOMPARE(buttonsOf(sheet), buttons);
+    QCOMPARE(sheet.styleSheet(), getStyleSheet(style));
+    QVERIFY(labelOf(sheet, "text"));
+}
+
+void VemoMessageSheetTest::newTypeTakesTheLookOfThatType_data()
+{
+    typeChoosesIconButtonsAndStyle_data();
+}
+
+void VemoMessageSheetTest::newTypeTakesTheLookOfThatType()
+{
+    QFETCH(const int, type);
+    QFETCH(const QString, icon);
+    QFETCH(const int, buttons);
+    QFETCH(const QString, style);
+    QWidget window;
+    Sheet sheet(Sheet::ConfirmReset, &window);
+    sheet.setMessageType(Sheet::MessageType(type));
+    QCOMPARE(iconImage(sheet), icon.isEmpty() ? QImage() : getGlobalImage(icon).toImage());
+    QCOMPARE(buttonsOf(sheet), buttons);
+    QCOMPARE(sheet.styleSheet(), getStyleSheet(style));
+}
+
+void VemoMessageSheetTest::captionsAreTheDefaultOnes_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("button");
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("OK") << 1 << int(Button::Ok) << string("ok");
+    QTest::newRow("Apply") << 3 << int(Button::Apply) << string("ok");
+    QTest::newRow("Discard") << 3 << int(Button::Discard) << string("cancel");
+    QTest::newRow("Reset") << 4 << int(Button::Reset) << string("reset");
+    QTest::newRow("Upgrade") << 5 << int(Button::Apply) << string("wizard_client_upgrade");
+    QTest::newRow("no Upgrade") << 5 << int(Button::Discard) << string("cancel");
+}
+
+void VemoMessageSheetTest::captionsAreTheDefaultOnes()
+{
+    QFETCH(const int, type);
+    QFETCH(const int, button);
+    QFETCH(const QString, caption);
+    QWidget window;
+    const Sheet sheet(Sheet::MessageType(type), "text", &window);
+    QCOMPARE(buttonOf(sheet, button)->text(), caption);
+    QCOMPARE(buttonOf(sheet, Button::YesToAll), nullptr);
+}
+
+void VemoMessageSheetTest::customCaptionsReplaceTheDefaultOnes_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QStringList>("given");
+    QTest::addColumn<QStringList>("shown"); // of Apply or Ok, Discard, Reset
+    const QString ok = string("ok");
+    const QString cancel = string("cancel");
+    const QString reset = string("reset");
+    QTest::newRow("OK") << 1 << QStringList {"Fine", "x", "x"} << QStringList {"Fine"};
+    QTest::newRow("both") << 3 << QStringList {"Yes", "No", {}} << QStringList {"Yes", "No"};
+    QTest::newRow("one") << 3 << QStringList {{}, "No", {}} << QStringList {ok, "No"};
+    QTest::newRow("none") << 4 << QStringList {{}, {}, {}} << QStringList {ok, cancel, reset};
+    QTest::newRow("all") << 4 << QStringList {"A", "B", "C"} << QStringList {"A", "B", "C"};
+    QTest::newRow("upgrade") << 5 << QStringList {"Go", {}, {}} << QStringList {"Go", cancel};
+}
+
+void VemoMessageSheetTest::customCaptionsReplaceTheDefaultOnes()
+{
+    QFETCH(const int, type);
+    QFETCH(const QStringList, given);
+    QFETCH(const QStringList, shown);
+    MsgBoxCustomBtnText captions(given[0], given[1]);
+    QVERIFY(captions.resetText.isEmpty());
+    captions.resetText = given[2];
+    QWidget window;
+    const Sheet sheet(Sheet::MessageType(type), "text", captions, &window);
+    QStringList texts;
+    for (const int which : {Button::Ok, Button::Apply, Button::Discard, Button::Reset}) {
+        if (const QPushButton *button = buttonOf(sheet, which))
+            texts += button->text();
+    }
+    QCOMPARE(texts, shown);
+}
+
+void VemoMessageSheetTest::rebuildForgetsCustomCaptions_data()
+{
+    QTest::addColumn<int>("setter");
+    QTest::newRow("setIconVisible") << 0;
+    QTest::newRow("setMessageType") << 1;
+    QTest::newRow("setDoubleConfirmCheckBox") << 2;
+}
+
+void VemoMessageSheetTest::rebuildForgetsCustomCaptions()
+{
+    QFETCH(const int, setter);
+    QWidget window;
+    Sheet sheet(Sheet::Confirm, "text", MsgBoxCustomBtnText("Yes", "No"), &window);
+    if (setter == 0)
+        sheet.setIconVisible(true);
+    else if (setter == 1)
+        sheet.setMessageType(Sheet::Confirm);
+    else
+        sheet.setDoubleConfirmCheckBox(false, QString());
+    QCOMPARE(buttonOf(sheet, Button::Apply)->text(), string("ok"));
+    QCOMPARE(buttonOf(sheet, Button::Discard)->text(), string("cancel"));
+    QVERIFY(labelOf(sheet, "text"));
+}
+
+void VemoMessageSheetTest::buttonsHaveTheirSizesAndStyles()
+{
+    QWidget window;
+    const Sheet sheet(Sheet::ConfirmReset, "text", &window);
+    const Sheet information(Sheet::Information, "text", &window);
+    const QPushButton *sized[] = {buttonOf(information, Button::Ok), buttonOf(sheet, Button::Apply),
+        buttonOf(sheet, Button::Discard)};
+    for (const QPushButton *button : sized) {
+        QCOMPARE(button->minimumHeight(), scaled(32));
+        QCOMPARE(button->maximumHeight(), scaled(32));
+        QCOMPARE(button->minimumWidth(), scaled(100));
+    }
+    const QPushButton *reset = buttonOf(sheet, Button::Reset);
+    QCOMPARE(reset->minimumSize(), QSize(0, 0));
+    QCOMPARE(reset->maximumHeight(), QWIDGETSIZE_MAX);
+    QVERIFY(buttonOf(information, Button::Ok)->isDefault());
+    QVERIFY(buttonOf(sheet, Button::Apply)->isDefault());
+    QVERIFY(!buttonOf(sheet, Button::Discard)->isDefault());
+    QCOMPARE(sized[0]->styleSheet(), getStyleSheet("component.apply_button"));
+    QCOMPARE(sized[1]->styleSheet(), getStyleSheet("component.apply_button"));
+    QCOMPARE(sized[2]->styleSheet(), getStyleSheet("component.cancel_button"));
+    QCOMPARE(reset->styleSheet(), getStyleSheet("component.reset_button"));
+}
+
+void VemoMessageSheetTest::buttonsStandInTheOrderOfWindows()
+{
+    QWidget window;
+    window.resize(600, 400);
+    Sheet sheet(Sheet::ConfirmReset, "text", &window);
+    const auto *box = sheet.findChild<QDialogButtonBox *>();
+    QCOMPARE(box->style()->styleHint(QStyle::SH_DialogButtonLayout, nullptr, box),
+        int(QDialogButtonBox::WinLayout));
+    QCOMPARE(box->style()->styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons),
+        QApplication::style()->styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons));
+    window.show();
+    sheet.show();
+    QVERIFY(buttonOf(sheet, Button::Reset)->x() < buttonOf(sheet, Button::Discard)->x());
+    QVERIFY(buttonOf(sheet, Button::Discard)->x() < buttonOf(sheet, Button::Apply)->x());
+}
+
+void VemoMessageSheetTest::busySheetShowsItsMovie()
+{
+    QWidget window;
+    window.resize(600, 400);
+    Sheet sheet("Working", kBusy, &window);
+    QMovie *movie = iconOf(sheet)->movie();
+    QVERIFY(movie && movie->isValid());
+    QCOMPARE(movie->scaledSize(), QSize(scaled(32), scaled(32)));
+    QCOMPARE(movie->state(), QMovie::NotRunning);
+    QVERIFY(labelOf(sheet, "Working"));
+    QCOMPARE(buttonsOf(sheet), 0);
+    // A rebuild keeps it; only a hidden icon takes it away, and a shown one brings it back.
+    sheet.setMessageType(Sheet::Processing);
+    QCOMPARE(iconOf(sheet)->movie(), movie);
+    sheet.setIconVisible(false);
+    QCOMPARE(iconOf(sheet)->movie(), nullptr);
+    sheet.setIconVisible(true);
+    QCOMPARE(iconOf(sheet)->movie(), movie);
+
+    bool wasRunning = false;
+    QTimer::singleShot(0, &sheet, [&] {
+        wasRunning = movie->state() == QMovie::Running;
+        sheet.done(7);
+    });
+    QCOMPARE(sheet.exec(), 7);
+    QVERIFY(wasRunning);
+}
+
+void VemoMessageSheetTest::busySheetWithoutAMovieFileStillWorks()
+{
+    QWidget window;
+    Sheet sheet("Working", "no/such.gif", &window);
+    QVERIFY(labelOf(sheet, "Working"));
+    QTimer::singleShot(0, &sheet, SLOT(quit()));
+    QCOMPARE(sheet.exec(), 0);
+}
+
+void VemoMessageSheetTest::hiddenIconLeavesItsPlace()
+{
+    QWidget window;
+    window.resize(600, 400);
+    Sheet sheet(Sheet::Warning, "text", &window, false);
+    QVERIFY(iconImage(sheet).isNull());
+    QVERIFY(!iconOf(sheet)->isVisibleTo(&sheet));
+    window.show();
+    sheet.show();
+    const int edge = sheet.contentsMargins().left() + scaled(20);
+    QCOMPARE(labelOf(sheet, "text")->x(), edge);
+    sheet.setIconVisible(true);
+    QTRY_COMPARE(labelOf(sheet, "text")->x(), edge + scaled(32) + scaled(20));
+    QCOMPARE(iconOf(sheet)->pos(), QPoint(edge, edge));
+    sheet.setIconVisible(false);
+    QVERIFY(iconImage(sheet).isNull());
+}
+
+void VemoMessageSheetTest::iconSetByHandTakesPartInTheLayout()
+{
+    QWidget window;
+    Sheet sheet(Sheet::Processing, "text", &window);
+    QVERIFY(!iconOf(sheet)->isVisibleTo(&sheet));
+    const int height = sheet.height();
+    QPixmap icon(10, 200);
+    icon.fill(Qt::red);
+    sheet.setIcon(icon);
+    QVERIFY(iconOf(sheet)->isVisibleTo(&sheet));
+    QVERIFY(sheet.height() > height);
+    sheet.setIcon(QPixmap());
+    QVERIFY(!iconOf(sheet)->isVisibleTo(&sheet));
+    QCOMPARE(sheet.height(), height);
+}
+
+void VemoMessageSheetTest::widthComesFromTheParent_data()
+{
+    QTest::addColumn<int>("parentWidth"); // both in design pixels
+    QTest::addColumn<int>("width");
+    QTest::newRow("wide") << 1000 << 540;
+    QTest::newRow("narrow") << 500 << 460;
+    QTest::newRow("exactly the widest") << 540 << 480;
+    QTest::newRow("a little less") << 536 << 496;
+    QTest::newRow("a little more") << 544 << 504;
+    QTest::newRow("as wide as possible") << 580 << 540;
+    QTest::newRow("forty") << 40 << 0;
+    QTest::newRow("less than forty") << 10 << 0;
+}
+
+void VemoMessageSheetTest::widthComesFromTheParent()
+{
+    QFETCH(const int, parentWidth);
+    QFETCH(const int, width);
+    QWidget window;
+    window.resize(scaled(parentWidth), 300);
+    const Sheet sheet(Sheet::Confirm, "text", &window);
+    QCOMPARE(sheet.width(), scaled(width));
+    QCOMPARE(sheet.minimumWidth(), sheet.maximumWidth());
+    QCOMPARE(sheet.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum));
+}
+
+void VemoMessageSheetTest::widthIsCappedWithoutAParent()
+{
+    const Sheet sheet(Sheet::Confirm, "text", nullptr);
+    QCOMPARE(sheet.width(), scaled(540));
+}
+
+void VemoMessageSheetTest::contentStandsInsideTheBandAndTheMargins()
+{
+    QWidget window;
+    window.resize(scaled(700), scaled(500));
+    Sheet sheet(Sheet::Warning, "text", "more", &window);
+    window.show();
+    sheet.show();
+    const int band = scaled(22);
+    const QLabel *text = labelOf(sheet, "text");
+    const QLabel *informative = labelOf(sheet, "more");
+    const auto *box = sheet.findChild<QDialogButtonBox *>();
+    QCOMPARE(iconOf(sheet)->pos(), QPoint(band + scaled(20), band + scaled(20)));
+    QCOMPARE(text->x(), iconOf(sheet)->geometry().right() + 1 + scaled(20));
+    QCOMPARE(text->y(), band + scaled(20));
+    QCOMPARE(text->geometry().right() + 1, sheet.width() - band - scaled(20));
+    QCOMPARE(informative->y(), text->geometry().bottom() + 1 + scaled(10));
+    QCOMPARE(informative->x(), text->x());
+    const int rowBottom =
+        qMax(informative->geometry().bottom(), iconOf(sheet)->geometry().bottom());
+    QCOMPARE(box->y(), rowBottom + 1 + scaled(20));
+    QCOMPARE(sheet.height() - box->geometry().bottom() - 1, band + scaled(10));
+}
+
+void VemoMessageSheetTest::textIsShownAsAskedFor()
+{
+    QWidget window;
+    Sheet sheet(Sheet::Confirm, &window);
+    QVERIFY(!labelOf(sheet, "text"));
+    sheet.setText("text");
+    QLabel *label = labelOf(sheet, "text");
+    QVERIFY(label);
+    QCOMPARE(label->styleSheet(), getStyleSheet("component.message_sheet_text"));
+    QVERIFY(label->wordWrap());
+    QCOMPARE(label->alignment() & Qt::AlignVertical_Mask, Qt::AlignTop);
+    QCOMPARE(label->focusPolicy(), Qt::StrongFocus);
+    QCOMPARE(label->textInteractionFlags(),
+        Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    QVERIFY(label->openExternalLinks());
+    QCOMPARE(label->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
+    QCOMPARE(label->sizePolicy().verticalPolicy(), QSizePolicy::Maximum);
+    sheet.setText("other");
+    QCOMPARE(labelOf(sheet, "other"), label);
+}
+
+void VemoMessageSheetTest::informativeTextIsShownAsAskedFor()
+{
+    QWidget window;
+    const Sheet sheet(Sheet::Warning, "text", "more", &window);
+    const QLabel *label = labelOf(sheet, "more");
+    QVERIFY(label);
+    QCOMPARE(label->styleSheet(), getStyleSheet("component.message_sheet_informative_text"));
+    QVERIFY(label->wordWrap());
+    QCOMPARE(label->alignment(), Qt::AlignLeft | Qt::AlignTop);
+    QCOMPARE(label->focusPolicy(), Qt::StrongFocus);
+    QCOMPARE(label->textInteractionFlags(),
+        Qt::TextInteractionFlags(QApplication::style()->styleHint(
+            QStyle::SH_MessageBox_TextInteractionFlags, nullptr, &sheet)));
+    QVERIFY(label->openExternalLinks());
+    QCOMPARE(label->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
+    QCOMPARE(label->sizePolicy().verticalPolicy(), QSizePolicy::Maximum);
+}
+
+void VemoMessageSheetTest::informativeStyleIsItsOwnUntilARebuild()
+{
+    QWidget window;
+    Sheet sheet(Sheet::Warning, "text", &window);
+    sheet.setInformativeText("more", "QLabel { color: red; }");
+    QCOMPARE(labelOf(sheet, "more")->styleSheet(), "QLabel { color: red; }");
+    sheet.setInformativeText("again", "QLabel { color: blue; }");
+    QCOMPARE(labelOf(sheet, "again")->styleSheet(), "QLabel { color: red; }");
+    sheet.setIconVisible(true);
+    QCOMPARE(labelOf(sheet, "again")->styleSheet(),
+        getStyleSheet("component.message_sheet_informative_text"));
+}
+
+void VemoMessageSheetTest::emptyTextRemovesItsLabelAndShrinksTheSheet_data()
+{
+    QTest::addColumn<bool>("isInformative");
+    QTest::addColumn<bool>("isShown");
+    QTest::newRow("text") << false << false;
+    QTest::newRow("text, shown") << false << true;
+    QTest::newRow("informative text") << true << false;
+    QTest::newRow("informative text, shown") << true << true;
+}
+
+void VemoMessageSheetTest::emptyTextRemovesItsLabelAndShrinksTheSheet()
+{
+    QFETCH(const bool, isInformative);
+    QFETCH(const bool, isShown);
+    QWidget window;
+    window.resize(600, 500);
+    Sheet sheet(Sheet::Information, QString(), &window, false);
+    const int height = sheet.height();
+    const auto set = [&](const QString &text) {
+        if (isInformative)
+            sheet.setInformativeText(text);
+        else
+            sheet.setText(text);
+    };
+    window.show();
+    sheet.setVisible(isShown);
+    set("some text");
+    const QPointer<QLabel> label = labelOf(sheet, "some text");
+    QVERIFY(label);
+    QVERIFY(sheet.height() > height);
+    set(QString());
+    QVERIFY(!labelOf(sheet, "some text"));
+    QCOMPARE(sheet.height(), height);
+    QTRY_VERIFY(!label);
+    set(QString());
+    set("some text");
+    QVERIFY(labelOf(sheet, "some text"));
+}
+
+void VemoMessageSheetTest::heightFollowsTheText()
+{
+    QWidget window;
+    window.resize(scaled(500), 3000);
+    Sheet sheet(Sheet::Information, "short", &window);
+    window.show();
+    sheet.show();
+    const int low = sheet.height();
+    QLabel *label = labelOf(sheet, "short");
+    const int line = label->height();
+    sheet.setText(QString("long words ").repeated(100));
+    QVERIFY(label->height() >= 5 * line);
+    QCOMPARE(label->height(), label->heightForWidth(label->width()));
+    QVERIFY(sheet.height() > low);
+    sheet.setText("short");
+    QCOMPARE(label->height(), line);
+    QCOMPARE(sheet.height(), low);
+}
+
+void VemoMessageSheetTest::captionTogglesTheBox()
+{
+    QWidget window;
+    Sheet sheet(Sheet::WarningConfirm, "text", &window);
+    sheet.setDoubleConfirmCheckBox(true, "I know");
+    auto *caption = qobject_cast<ClickableLabel *>(labelOf(sheet, "I know"));
+    const auto *box = sheet.findChild<QCheckBox *>();
+    QVERIFY(caption && box);
+    QVERIFY(caption->wordWrap());
+    QCOMPARE(caption->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    QCOMPARE(caption->sizePolicy().verticalPolicy(), QSizePolicy::Minimum);
+    QCOMPARE(caption->styleSheet(), getStyleSheet("component.label_checkbox_warning"));
+    QCOMPARE(box->styleSheet(), getStyleSheet("component.checkbox_warning"));
+    QCOMPARE(box->height(), scaled(32));
+    QCOMPARE(box->text(), QString());
+    QCOMPARE(box->accessibleName(), "I know");
+    QVERIFY(!box->isChecked());
+    QTest::mouseClick(caption, Qt::LeftButton);
+    QVERIFY(box->isChecked());
+    QTest::mouseClick(caption, Qt::LeftButton);
+    QVERIFY(!box->isChecked());
+    QCOMPARE(caption->parentWidget()->layout()->spacing(), scaled(8));
+    QCOMPARE(caption->parentWidget()->layout()->contentsMargins(), QMargins());
+}
+
+void VemoMessageSheetTest::applyIsEnabledExactlyWhileTheBoxIsChecked()
+{
+    QWidget window;
+    Sheet sheet(Sheet::WarningConfirm, "text", &window);
+    QVERIFY(buttonOf(sheet, Button::Apply)->isEnabled());
+    sheet.setDoubleConfirmCheckBox(true, "I know");
+    QVERIFY(!buttonOf(sheet, Button::Apply)->isEnabled());
+    auto *box = sheet.findChild<QCheckBox *>();
+    box->setChecked(true);
+    QVERIFY(buttonOf(sheet, Button::Apply)->isEnabled());
+    box->setTristate(true);
+    box->setCheckState(Qt::PartiallyChecked);
+    QVERIFY(!buttonOf(sheet, Button::Apply)->isEnabled());
+    box->setCheckState(Qt::Checked);
+    QVERIFY(buttonOf(sheet, Button::Apply)->isEnabled());
+    box->setChecked(false);
+    QVERIFY(!buttonOf(sheet, Button::Apply)->isEnabled());
+    QVERIFY(buttonOf(sheet, Button::Discard)->isEnabled());
+}
+
+void VemoMessageSheetTest::confirmRowComesAndGoes()
+{
+    QWidget window;
+    window.resize(600, 500);
+    Sheet sheet(Sheet::Confirm, "text", &window);
+    window.show();
+    sheet.show();
+    const int height = sheet.height();
+    QVERIFY(!sheet.findChild<QCheckBox *>());
+    for (int i = 0; i < 2; ++i) {
+        sheet.setDoubleConfirmCheckBox(true, "first");
+        sheet.setDoubleConfirmCheckBox(true, "second");
+        QVERIFY(!labelOf(sheet, "first"));
+        QVERIFY(labelOf(sheet, "second"));
+        QCOMPARE(sheet.height(), height + scaled(10) + scaled(32));
+        sheet.setDoubleConfirmCheckBox(false, "third");
+        QVERIFY(!labelOf(sheet, "second"));
+        QVERIFY(!labelOf(sheet, "third"));
+        QCOMPARE(sheet.height(), height);
+        QVERIFY(buttonOf(sheet, Button::Apply)->isEnabled());
+    }
+    QTRY_VERIFY(!sheet.findChild<QCheckBox *>());
+}
+
+void VemoMessageSheetTest::clickAfterRebuildsFinishesOnce()
+{
+    QWidget window;
+    Sheet sheet(Sheet::Confirm, "text", &window);
+    sheet.setIconVisible(false);
+    sheet.setMessageType(Sheet::ConfirmReset);
+    sheet.setDoubleConfirmCheckBox(true, "sure");
+    QSignalSpy finished(&sheet, SIGNAL(finished(int)));
+    buttonOf(sheet, Button::Reset)->click();
+    QCOMPARE(finished, QList<QVariantList> {{int(Button::Reset)}});
+}
+
+VEMO_TEST_MAIN(VemoMessageSheetTest)
+#include "tst_vemomessagesheet.moc"
