@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/vemosheet.h>
+
+#include <QApplication>
+#include <QPointer>
+#include <QTimer>
+
+#include <functional>
+
+/// Acts once, as soon as the event loop of a sheet runs, and remembers that it did.
+///
+///     SheetDriver driver([&] { QTest::keyClick(&window, Qt::Key_Return); });
+///     QCOMPARE(sheet.exec(), int(QDialogButtonBox::Ok));
+///     QVERIFY(driver.hasActed());
+class SheetDriver : public QObject
+{
+public:
+    explicit SheetDriver(std::function<void()> act) : m_act(std::move(act))
+    {
+        m_timer.setSingleShot(true);
+        QObject::connect(&m_timer, &QTimer::timeout, this, [this] {
+            m_hasActed = true;
+            m_act();
+        });
+        m_timer.start(0);
+    }
+
+    bool hasActed() const { return m_hasActed; }
+
+private:
+    std::function<void()> m_act;
+    QTimer m_timer;
+    bool m_hasActed = false;
+};
+
+/// The sheet that is visible over window; the one on top of several; null without one.
+inline VemoSheet *sheetOver(const QWidget *window)
+{
+    VemoSheet *top = nullptr;
+    for (VemoSheet *sheet : window->findChildren<VemoSheet *>()) {
+        if (sheet->isVisible())
+            top = sheet;
+    }
+    return top;
+}
