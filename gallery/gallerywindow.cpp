@@ -111,6 +111,7 @@ void GalleryWindow::slotFilter(const QString &query)
     if (firstFound >= 0 && (!current || current->isHidden()))
         m_list->setCurrentRow(firstFound);
     m_nothingFound->setVisible(firstFound < 0);
+    m_clear->setVisible(!query.isEmpty());
 }
 
 void GalleryWindow::slotSearch()
@@ -137,7 +138,10 @@ QWidget *GalleryWindow::newSidebar()
     m_search->addAction(QIcon(getGlobalImage("bt_search")), QLineEdit::LeadingPosition);
     m_search->setPlaceholderText("Search (Ctrl+F)");
     m_search->setAccessibleName("Search pages");
-    m_search->setClearButtonEnabled(true);
+    // Not the field's own clear button, which leaks its fading when the window closes meanwhile.
+    m_clear = m_search->addAction(QIcon(getGlobalImage("bt_close")), QLineEdit::TrailingPosition);
+    m_clear->setText("Clear");
+    m_clear->setVisible(false);
     m_search->installEventFilter(this);
     m_list->setAccessibleName("Pages");
     m_list->setFrameShape(QFrame::NoFrame);
@@ -158,6 +162,7 @@ void GalleryWindow::connectParts()
     auto *shortcut = new QShortcut(QKeySequence::Find, this);
     connect(shortcut, SIGNAL(activated()), this, SLOT(slotSearch()));
     connect(m_search, SIGNAL(textChanged(QString)), this, SLOT(slotFilter(QString)));
+    connect(m_clear, SIGNAL(triggered()), m_search, SLOT(clear()));
     connect(m_list, SIGNAL(currentRowChanged(int)), this, SLOT(slotPageChosen(int)));
 }
 

@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+class QAction;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -44,6 +45,7 @@ private:
     const Options m_options;
     const std::vector<PageEntry> m_pages;
     QLineEdit *m_search;
+    QAction *m_clear = nullptr;
     QListWidget *m_list;
     QLabel *m_nothingFound;
     QStackedWidget *m_stack;

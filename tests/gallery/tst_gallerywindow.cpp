@@ -10,6 +10,7 @@
 #include <vemo/vemobutton.h>
 
 #include <QAccessible>
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void arrowsInTheSearchFieldMoveInTheList();
     void arrowsSkipPagesThatTheSearchHides();
     void escapeEmptiesTheSearchField();
+    void theClearButtonShowsBesideTextAndEmptiesIt();
     void growsUntilNothingIsCutOff_data();
     void growsUntilNothingIsCutOff();
     void codeCanBeSelected();
@@ -219,6 +221,18 @@ void GalleryWindowTest::escapeEmptiesTheSearchField()
     QTest::keyClick(gallery.search, Qt::Key_Escape);
     QCOMPARE(gallery.search->text(), QString());
     QCOMPARE(gallery.foundTitles(), pageTitles());
+}
+
+void GalleryWindowTest::theClearButtonShowsBesideTextAndEmptiesIt()
+{
+    const Gallery gallery;
+    QAction *clear = gallery.search->actions().last();
+    QVERIFY(!clear->isVisible());
+    QTest::keyClicks(gallery.search, "icon");
+    QVERIFY(clear->isVisible());
+    clear->trigger();
+    QCOMPARE(gallery.search->text(), QString());
+    QVERIFY(!clear->isVisible());
 }
 
 void GalleryWindowTest::growsUntilNothingIsCutOff_data()
