@@ -20,7 +20,8 @@ double nanoseconds(clockid_t clock)
 
 double heapBytes()
 {
-    return static_cast<double>(mallinfo2().uordblks);
+    const struct mallinfo2 heap = mallinfo2();
+    return static_cast<double>(heap.uordblks + heap.hblkhd);
 }
 
 Meter meterOf(Quantity quantity, bool onX11)

@@ -84,8 +84,7 @@ public:
 
     /// What one call handles; the table tells costs per item.
     void items(int count) { m_items = count; }
-    /// One call a round, its result kept until the clock has stopped: for work of 1 ms or more that
-    /// leaves something behind, such as widgets.
+    /// One call a round, its result kept until the clock has stopped: for 1 ms or more of widgets.
     void once() { m_isOnce = true; }
     /// Counts bytes that stay on the heap instead of time; goals without a reference are in bytes.
     void bytes() { m_quantity = Quantity::Bytes, m_isOnce = true; }
@@ -191,11 +190,7 @@ private:
     QVector<Entry> m_entries;
 };
 
-/// Registers a family of cases before main runs:
-///
-///     static const bool isRegistered = bench::addFamily([](bench::Cases &cases) {
-///         cases.add("style.get", styleGet);
-///     });
+/// Registers a family of cases before main runs, by what initialises a constant of its file.
 bool addFamily(void (*addTo)(Cases &));
 
 /// The cases of all families, in the order of their source files.

@@ -162,7 +162,7 @@ public:
 
     void appendPixels(int pixels)
     {
-        char digits[kLongestPixels];
+        char digits[kLongestPixels] = {};
         const char *end = std::to_chars(digits, digits + kLongestPixels, pixels).ptr;
         for (const char *digit = digits; digit != end; ++digit)
             *m_end++ = QLatin1Char(*digit);
