@@ -7,10 +7,6 @@
 
 #include <cstdlib>
 
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
-#endif
-
 namespace {
 
 int allocations = 0;
@@ -18,6 +14,9 @@ int allocations = 0;
 } // namespace
 
 #if defined(__SANITIZE_ADDRESS__)
+
+extern "C" int __sanitizer_install_malloc_and_free_hooks(
+    void (*allocated)(const volatile void *, size_t), void (*released)(const volatile void *));
 
 static void countAllocation(const volatile void *, size_t)
 {

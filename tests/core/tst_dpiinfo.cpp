@@ -185,6 +185,7 @@ void DPIinfoTest::fractionsCountToTheirLastDigit_data()
     QTest::newRow("far behind, just above") << halfWay + QString(1000, '0') + "1px";
     QTest::newRow("just below") << halfWay.chopped(1) + "4px";
     QTest::newRow("fifteen digits") << "123456.789012345px";
+    QTest::newRow("more digits than a double holds") << "1.9999999999999998px";
     QTest::newRow("sixteen digits") << "1234567.890123456px";
     QTest::newRow("a tiny fraction") << "0." + QString(400, '0') + "1px";
     QTest::newRow("zeros in front") << QString(400, '0') + halfWay + "1px";

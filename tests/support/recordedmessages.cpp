@@ -5,7 +5,12 @@
 
 namespace {
 
-QStringList texts;
+QStringList &texts()
+{
+    static QStringList recorded;
+    return recorded;
+}
+
 QtMessageHandler passOn = nullptr;
 
 /// What a platform without a window manager can't do is no fault of the code under test.
@@ -21,7 +26,7 @@ void record(QtMsgType type, const QMessageLogContext &context, const QString &me
     if (type == QtWarningMsg || type == QtCriticalMsg) {
         const QString category = QString::fromLatin1(context.category);
         const bool isOurs = category == QLatin1String("debug.message");
-        texts += isOurs ? message : category + QLatin1String(": ") + message;
+        texts() += isOurs ? message : category + QLatin1String(": ") + message;
     }
     if (passOn)
         passOn(type, context, message);
@@ -31,7 +36,7 @@ void record(QtMsgType type, const QMessageLogContext &context, const QString &me
 
 void RecordedMessages::start()
 {
-    texts.clear();
+    texts().clear();
     passOn = qInstallMessageHandler(record);
 }
 
@@ -42,5 +47,5 @@ void RecordedMessages::stop()
 
 QStringList RecordedMessages::take()
 {
-    return std::exchange(texts, {});
+    return std::exchange(texts(), {});
 }
