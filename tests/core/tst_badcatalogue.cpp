@@ -116,7 +116,6 @@ void BadCatalogueTest::aReadableCatalogueIsRead_data()
         << QByteArray("{\"images\": [1, [\"x\"], \"folder\", {}]}");
     QTest::newRow("the other key is wrong")
         << QByteArray("{\"tmp_images\": 3, \"images\": [\"folder\"]}");
-    QTest::newRow("the key twice") << QByteArray("{\"images\": [\"x\"], \"images\": [\"folder\"]}");
     QTest::newRow("more keys") << QByteArray("{\"x\": {\"images\": []}, \"images\": [\"folder\"]}");
 }
 
