@@ -67,6 +67,8 @@ void StyleFileTest::commentsAreRemoved_data()
     addText("in a value", "url(http://x/y.png);\nb\n", "url(http:b\n");
     addText("a block comment inside it goes first", "a // /* x */ y\nb\n", "a b\n");
     addText("it does not hide a block comment", "a // /* x\nb */ c\n", "a b */ c\n");
+    addText("slashes inside a block comment", "a /* x // y */ b\nc\n", "a  b\nc\n");
+    addText("a slash in front of a block comment", "a //* x */ b\nc\n", "a / b\nc\n");
     addText("slashes that a block comment kept apart", "a //* x *// b\nc\n", "a c\n");
     addText("one that opens with the first's slash", "a /*/ b\nc\n", "a /*/ b\nc\n");
 }
