@@ -100,8 +100,9 @@ void LinearTest::cuttingTakesTimeInProportion_data()
 {
     QTest::addColumn<QString>("small");
     QTest::addColumn<QString>("large");
-    for (const char *piece : {"/*", "*/", "//", "//\n", "/*\n", "/**/", "/* x */ ", "/*/", "/", "*",
-             "=", "==\n", "==a==\n", "x\n==\n", "\n", "x", "/\n", "\r", "\r\n", "a // b\n==c==\n"}) {
+    for (const char *piece :
+        {"/*", "*/", "//", "//\n", "/*\n", "/**/", "/* x */ ", "/*/", "/", "*", "=", "==\n",
+            "==a==\n", "x\n==\n", "\n", "x", "/\n", "\r", "\r\n", "a // b\n==c==\n"}) {
         const QByteArray name = QByteArray(piece).replace('\n', "\\n").replace('\r', "\\r");
         QTest::newRow(name.constData())
             << repeated(piece, kSmall) << repeated(piece, kSmall * kTimes);
