@@ -12,6 +12,8 @@ class StyleSectionsTest : public VemoTest
 private Q_SLOTS:
     void aMillionRandomTextsAreCutAsTheRulesSay_data();
     void aMillionRandomTextsAreCutAsTheRulesSay();
+    void placeholdersGiveWayAsByReplace_data();
+    void placeholdersGiveWayAsByReplace();
 };
 
 void StyleSectionsTest::aMillionRandomTextsAreCutAsTheRulesSay_data()
@@ -36,6 +38,30 @@ void StyleSectionsTest::aMillionRandomTextsAreCutAsTheRulesSay()
         storeSectionsByRules(plain, expected);
         if (sections != expected)
             QFAIL(QTest::toString(plain));
+    }
+}
+
+void StyleSectionsTest::placeholdersGiveWayAsByReplace_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("plain") << "/usr/share/host/images";
+    QTest::newRow("none") << "";
+    QTest::newRow("a placeholder itself") << "/tmp/IMG_LOC";
+    QTest::newRow("completes a broken one") << "C:/host";
+    QTest::newRow("begins one") << "/IMG_LO";
+}
+
+void StyleSectionsTest::placeholdersGiveWayAsByReplace()
+{
+    QFETCH(QString, folder);
+    const QLatin1String temp("TMPIMG_LOC");
+    const QLatin1String plain("IMG_LOC");
+    RandomTexts texts(1, {temp, plain, "TMP", "IMG_LO", "C", "G", "GIMG", "/", "\n"});
+    for (int i = 0; i < 10000; ++i) {
+        const QString text = texts.next();
+        const QString expected = QString(text).replace(temp, folder).replace(plain, folder);
+        if (withFolder(withFolder(text, temp, folder), plain, folder) != expected)
+            QCOMPARE(withFolder(withFolder(text, temp, folder), plain, folder), expected);
     }
 }
 
