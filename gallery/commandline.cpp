@@ -27,9 +27,9 @@ void declareOptions(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(
         "Shows every Vemo widget in all its states, with the code that made it.");
-    parser.addHelpOption();
-    parser.addVersionOption();
     parser.addOptions({
+        {{"h", kHelp}, "Print this help and leave."},
+        {{"v", kVersion}, "Print the version and leave."},
         {kScreenshots, "Write one PNG file per page into <folder> and leave.", "folder"},
         {kLanguage, "Show the widgets in the language <code>, such as deu.", "code"},
         {kLazy, "Load each picture on its first use (the default)."},

@@ -117,6 +117,7 @@ void CommandLineTest::listHasEveryPageOnItsLine()
 void CommandLineTest::helpNamesEveryOption()
 {
     const QString help = read({"--help"}).answer;
+    QCOMPARE(read({"-h"}).answer, help);
     for (const char *option :
         {"screenshots", "language", "lazy", "preload", "user-folder", "page", "list", "version"})
         QVERIFY2(help.contains(QString("--%1").arg(option)), option);

@@ -90,7 +90,7 @@ void GalleryProgramTest::writesOnePictureForEachPage_data()
     const bool isFirstRun = DPIinfo::getInstance().getDPI() * DPIinfo::getInstance().getDPR() == 1;
     for (const Language &language : languages()) {
         const QString code = language.code;
-        if (isFirstRun && QFile::exists(":/vemo/theme/strings/" + code + ".json"))
+        if (isFirstRun && QFile::exists(VEMO_STRINGS_FOLDER "/" + code + ".json"))
             QTest::newRow(language.code) << QStringList {"--language", code};
     }
 }
