@@ -1,11 +1,12 @@
 # SPDX-License-Identifier: MIT
-# vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...])
+# vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [DISPLAYS option...] [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...])
 #
 # Builds NAME.cpp and registers it once for each logical dpi, and, with SCALE, once more at the first
 # dpi for each device pixel ratio: the screen is measured once a process, so each needs its own.
-# With X11 it also runs at the first dpi on a real X server with a window manager.
+# With X11 it also runs at the first dpi on a real X server with a window manager, and with DISPLAYS
+# on one more for each option of scripts/with-display.
 function(vemo_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "X11" "TIMEOUT" "DPI;SCALE;SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "X11" "TIMEOUT" "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS")
   if(NOT arg_DPI)
     set(arg_DPI 96)
   endif()
@@ -31,6 +32,10 @@ function(vemo_add_test name)
     vemo_register_test(${family}/${name}@x11 ${firstDpi} 1 xcb
       "${PROJECT_SOURCE_DIR}/scripts/with-display" $<TARGET_FILE:${name}>)
   endif()
+  foreach(option IN LISTS arg_DISPLAYS)
+    vemo_register_test(${family}/${name}@x11${option} ${firstDpi} 1 xcb
+      "${PROJECT_SOURCE_DIR}/scripts/with-display" ${option} $<TARGET_FILE:${name}>)
+  endforeach()
 endfunction()
 
 # Registers one run of a test program; uses TIMEOUT of the caller.

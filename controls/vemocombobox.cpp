@@ -21,10 +21,10 @@ QString paddingRules()
 
 QString comboBoxStyle()
 {
-    return getStyleSheet("component.combobox")
-               .arg(paddingRules())
-               .arg(QLatin1String("border: 1px solid #C8D2DC;"))
-        + getStyleSheet("component.scrollbar");
+    const QString box = getStyleSheet("component.combobox")
+                            .arg(paddingRules())
+                            .arg(QLatin1String("border: 1px solid #C8D2DC;"));
+    return box + getStyleSheet("component.scrollbar");
 }
 
 } // namespace

@@ -3,9 +3,10 @@
 
 #include "support/vemotest.h"
 
+#include <QRandomGenerator>
 #include <QVBoxLayout>
 
-#include <memory>
+#include <functional>
 
 class AccessibleFilterTest : public VemoTest
 {
@@ -28,6 +29,8 @@ private Q_SLOTS:
     void adjustSetsThePolicyOfEachWidget();
     void agreesWithTheOracle_data();
     void agreesWithTheOracle();
+    void oneHundredThousandWidgetsAgreeWithTheOracle_data();
+    void oneHundredThousandWidgetsAgreeWithTheOracle();
 };
 
 namespace {
@@ -51,6 +54,50 @@ struct Form : QWidget
     QWidget second {&group};
     QWidget plain {this};
     QWidget last {this};
+};
+
+/// Chains of widgets, each in the one before it, under one root; every third takes the focus.
+/// Marked as visible, since Qt itself would take too deep a recursion to show them.
+struct Forest
+{
+    Forest(int chains, int levels) : levels(levels)
+    {
+        widgets += new QWidget;
+        for (int chain = 0; chain < chains; ++chain) {
+            QWidget *parent = root();
+            for (int level = 0; level < levels; ++level) {
+                parent = new QWidget(parent);
+                widgets += parent;
+            }
+        }
+        for (int i = 0; i < widgets.size(); ++i) {
+            widgets[i]->setAttribute(Qt::WA_WState_Visible);
+            widgets[i]->setFocusPolicy(i % 3 == 0 ? Qt::StrongFocus : Qt::NoFocus);
+        }
+        // Each widget's end would search all that Qt has posted for its beginning.
+        QCoreApplication::removePostedEvents(nullptr);
+    }
+
+    ~Forest()
+    {
+        // Chain by chain from the first on, each from its end: without recursion or search.
+        for (int start = 1; start < widgets.size(); start += levels) {
+            for (int i = start + levels; i-- > start;)
+                remove(widgets[i]);
+        }
+        remove(root());
+    }
+
+    static void remove(QWidget *widget)
+    {
+        widget->setAttribute(Qt::WA_WState_Visible, false);
+        delete widget;
+    }
+
+    QWidget *root() const { return widgets.first(); }
+
+    int levels;
+    Widgets widgets; ///< parents before children
 };
 
 /// The definition, step by step.
@@ -254,6 +301,37 @@ void AccessibleFilterTest::agreesWithTheOracle()
     QCOMPARE(accessibleList(&root, filter), expected(&root, [&](QWidget *widget) {
         return widget->focusPolicy() >= int(Qt::ClickFocus) && !excluded.contains(widget);
     }));
+}
+
+void AccessibleFilterTest::oneHundredThousandWidgetsAgreeWithTheOracle_data()
+{
+    QTest::addColumn<int>("chains");
+    QTest::addColumn<int>("levels");
+    QTest::newRow("wide") << 100000 << 1;
+    QTest::newRow("deep and wide") << 1000 << 100;
+    QTest::newRow("deep") << 400 << 250;
+    QTest::newRow("one chain") << 1 << 3000;
+}
+
+void AccessibleFilterTest::oneHundredThousandWidgetsAgreeWithTheOracle()
+{
+    QFETCH(int, chains);
+    QFETCH(int, levels);
+    const Forest forest(chains, levels);
+    QCOMPARE(forest.widgets.size(), chains * levels + 1);
+    Widgets excluded;
+    for (int i = 0; i < forest.widgets.size(); i += 10)
+        excluded += forest.widgets[i];
+
+    QVERIFY(accessibleList(forest.root(), AccessibleFilter()) == forest.widgets);
+    Widgets focusable;
+    for (int i = 0; i < forest.widgets.size(); ++i) {
+        if (i % 10 != 0 && i % 3 == 0)
+            focusable += forest.widgets[i];
+    }
+    QVERIFY(accessibleList(forest.root(), excluded) == focusable);
+    const AccessibleFilter filter(excluded, Qt::StrongFocus);
+    QVERIFY(accessibleList(forest.root(), filter) == focusable);
 }
 
 VEMO_TEST_MAIN(AccessibleFilterTest)

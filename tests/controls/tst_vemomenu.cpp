@@ -5,6 +5,7 @@
 #include "support/vemotest.h"
 
 #include <QScreen>
+#include <QWindow>
 
 class VemoMenuTest : public VemoTest
 {
@@ -15,7 +16,8 @@ private Q_SLOTS:
     void placesItselfInTheAvailableArea_data();
     void placesItselfInTheAvailableArea();
     void jumpsToZeroEvenWhereTheAreaStartsFurtherRight();
-    void comesToThePrimaryScreenFromAnother();
+    void goesByThePrimaryScreenOnAnother_data();
+    void goesByThePrimaryScreenOnAnother();
     void placesItselfAtEachShow();
     void popupIsInsideToo();
     void triggersActionsByMouse();
@@ -40,6 +42,8 @@ int expected(int position, int length, int first, int last)
 class Menu : public VemoMenu
 {
 public:
+    using VemoMenu::VemoMenu;
+
     /// Shows the menu at a position, hides it again and returns where it stood.
     QPoint shownAt(const QPoint &position)
     {
@@ -105,13 +109,13 @@ void VemoMenuTest::placesItselfInTheAvailableArea_data()
         << QPoint(kInside, kInside) << tall << QPoint(kInside, a.bottom() - tall.height());
     QTest::newRow("taller than it, below it")
         << QPoint(kInside, a.bottom() + 9) << tall << QPoint(kInside, a.bottom() - tall.height());
-    const QSize wide(a.width() + 50, 80);
+    const QSize wide(a.right() + 60, 80);
     QTest::newRow("wider than it, from its inside")
         << QPoint(kInside, kInside) << wide << QPoint(a.right() - wide.width(), kInside);
     QTest::newRow("wider than it, from its left: both tests fire")
         << QPoint(-20, kInside) << wide << QPoint(a.right() - (-20 + wide.width()), kInside);
     QTest::newRow("larger both ways, from its corner")
-        << QPoint(-20, -30) << QSize(wide.width(), tall.height())
+        << QPoint(-20, -30) << QSize(wide.width(), tall.height() + a.top())
         << QPoint(a.right() + 20 - wide.width(), a.bottom() + 30 - tall.height());
 }
 
@@ -138,18 +142,34 @@ void VemoMenuTest::jumpsToZeroEvenWhereTheAreaStartsFurtherRight()
     QCOMPARE(menu.shownAt({area().left(), kInside}), QPoint(area().left(), kInside));
 }
 
-void VemoMenuTest::comesToThePrimaryScreenFromAnother()
+void VemoMenuTest::goesByThePrimaryScreenOnAnother_data()
 {
-    if (QGuiApplication::screens().size() < 2)
+    QTest::addColumn<QPoint>("position");
+    QTest::addColumn<QPoint>("result");
+    const QRect a = area();
+    QTest::newRow("inside both") << QPoint(kInside, kInside) << QPoint(kInside, kInside);
+    QTest::newRow("beyond the other, inside the primary") << QPoint(780, 580) << QPoint(780, 580);
+    QTest::newRow("left of both") << QPoint(-30, kInside) << QPoint(0, kInside);
+    QTest::newRow("beyond both") << QPoint(5000, 5000) << QPoint(a.right() - 120, a.bottom() - 80);
+}
+
+void VemoMenuTest::goesByThePrimaryScreenOnAnother()
+{
+    QFETCH(QPoint, position);
+    QFETCH(QPoint, result);
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    if (screens.size() < 2)
         QSKIP("Needs a second screen");
-    const QRect other = QGuiApplication::screens().at(1)->availableGeometry();
     Menu menu;
     menu.setFixedSize(120, 80);
-    QVERIFY(!area().intersects(other));
-    QCOMPARE(menu.shownAt(other.center()),
-        QPoint(expected(other.center().x(), 120, area().left(), area().right()),
-            expected(other.center().y(), 80, area().top(), area().bottom())));
-    QVERIFY(area().contains(menu.geometry()));
+    menu.winId();
+    menu.windowHandle()->setScreen(screens[1]);
+    menu.move(position);
+    menu.show();
+    QCOMPARE(menu.windowHandle()->screen(), screens[1]);
+    QCOMPARE(menu.pos(), result);
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QCOMPARE(menu.windowHandle()->position(), result);
 }
 
 void VemoMenuTest::placesItselfAtEachShow()
