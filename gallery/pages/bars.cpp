@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
+#include "gallery/page.h"
+#include "gallery/pageregistry.h"
+
+#include <vemo/stylemanager.h>
+#include <vemo/vemobuttonpath.h>
+#include <vemo/vemofilterbar.h>
+#include <vemo/vemomenu.h>
+
+#include <QLabel>
+#include <QSlider>
+#include <QVBoxLayout>
+
+namespace {
+
+// In design pixels.
+constexpr int kLeastWidth = 120;
+constexpr int kMostWidth = 640;
+constexpr int kFilterWidth = 320;
+
+const char *const kDeepPath = "home/Projects/2026/R&D/Prototypes/Paging bar/Drawings";
+
+VemoButtonPath *pathBar(const QString &path, int width)
+{
+    auto *bar = new VemoButtonPath;
+    bar->setFixedWidth(scaled(width));
+    bar->refresh(path);
+    QObject::connect(bar, &VemoButtonPath::sigUpdatePath, bar, &VemoButtonPath::slotUpdatePath);
+    return bar;
+}
+
+/// A path bar and a slider for its width.
+QWidget *resizablePath()
+{
+    auto *specimen = new QWidget;
+    auto *layout = new QVBoxLayout(specimen);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(scaled(12));
+    VemoButtonPath *bar = pathBar(kDeepPath, kMostWidth);
+    auto *slider = new QSlider(Qt::Horizontal);
+    slider->setAccessibleName("Width of the bar");
+    slider->setFixedWidth(scaled(kMostWidth));
+    slider->setRange(kLeastWidth, kMostWidth);
+    slider->setValue(kMostWidth);
+    QObject::connect(slider, &QSlider::valueChanged, bar,
+        [bar](int width) { bar->setFixedWidth(scaled(width)); });
+    layout->addWidget(bar, 0, Qt::AlignLeft);
+    layout->addWidget(slider, 0, Qt::AlignLeft);
+    return specimen;
+}
+
+void addPaths(Page &page)
+{
+    page.addSection("A path and its width",
+        "Drag the slider: where the row is too wide, its right end shows, and the folder button "
+        "has "
+        "a menu of the parts that are out of sight. A click on a part cuts the path there.");
+    page.add(resizablePath());
+    page.addRow({captioned(pathBar(kDeepPath, 320), "Too narrow"),
+        captioned(pathBar("home/Pictures", 320), "Fits")});
+    page.addRow(
+        {captioned(pathBar("Persönlicher Ordner/Geschäftsunterlagen/Übersicht", 320), "German"),
+            captioned(pathBar("主目录/项目资料/二〇二六年", 320), "Chinese")});
+    page.addCode(R"(auto *path = new VemoButtonPath(this);
+connect(path, SIGNAL(sigUpdatePath(QString)), this, SLOT(slotOpenFolder(QString)));
+path->refresh("home/Projects/2026"); // also when slotOpenFolder() has opened it)");
+}
+
+VemoFilterBar *filterBar(const QString &text)
+{
+    auto *bar = new VemoFilterBar;
+    bar->setFixedWidth(scaled(kFilterWidth));
+    bar->setPlaceholderText("Filter, then press Return");
+    bar->setText(text);
+    return bar;
+}
+
+VemoFilterBar *withMenu(VemoFilterBar *bar)
+{
+    auto *menu = new VemoMenu(bar);
+    menu->setStyleSheet(getStyleSheet("component.menu"));
+    for (const char *kind : {"All files", "Documents", "Pictures", "Archives"}) {
+        QAction *action = menu->addAction(kind);
+        action->setCheckable(true);
+        action->setChecked(menu->actions().size() == 1);
+    }
+    bar->setMenu(menu);
+    return bar;
+}
+
+/// Says below the bar what it has emitted.
+QWidget *livingFilter()
+{
+    auto *specimen = new QWidget;
+    auto *layout = new QVBoxLayout(specimen);
+    layout->setContentsMargins(0, 0, 0, 0);
+    VemoFilterBar *bar = withMenu(filterBar(QString()));
+    QLabel *keyword = note("No keyword yet");
+    QObject::connect(bar, &VemoFilterBar::sigKeywordChanged, keyword,
+        [keyword](const QString &text) { keyword->setText("Keyword: " + text); });
+    layout->addWidget(bar);
+    layout->addWidget(keyword);
+    return specimen;
+}
+
+void addFilters(Page &page)
+{
+    VemoFilterBar *disabled = filterBar("report");
+    disabled->setEnabled(false);
+    page.addSection("A filter with a menu",
+        "Return hands the keyword on; Down, or a click on the button, opens the menu.");
+    page.addRow({livingFilter(), captioned(disabled, "Disabled")});
+    page.addRow({captioned(filterBar("Jahresabschlussberichte der Abteilungen 2026"), "German"),
+        captioned(filterBar("年度报告"), "Chinese")});
+    page.addCode(R"(auto *filter = new VemoFilterBar(this);
+filter->setMenu(kindsMenu); // which stays yours
+connect(filter, SIGNAL(sigKeywordChanged(QString)), this, SLOT(slotFilter(QString)));)");
+}
+
+void build(Page &page)
+{
+    page.addSummary("VemoButtonPath shows where the user is, VemoFilterBar what is looked for.");
+    addPaths(page);
+    addFilters(page);
+}
+
+const PageEntry entry(
+    53, "Path and filter", "VemoButtonPath VemoFilterBar breadcrumb folder search menu", build);
+
+} // namespace

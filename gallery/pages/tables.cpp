@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
+#include "gallery/page.h"
+#include "gallery/pageregistry.h"
+
+#include <vemo/imagemanager.h>
+#include <vemo/vemotablewidget.h>
+
+#include <QHeaderView>
+
+namespace {
+
+constexpr int kFewRows = 150; // design pixels
+constexpr int kManyRows = 240;
+
+void addFile(QTableWidget *table, const QString &picture, const QStringList &cells)
+{
+    const int row = table->rowCount();
+    table->insertRow(row);
+    for (int column = 0; column < cells.size(); ++column)
+        table->setItem(row, column, new QTableWidgetItem(cells.at(column)));
+    table->item(row, 0)->setIcon(getGlobalImage(picture));
+}
+
+VemoTableWidget *sized(VemoTableWidget *widget, int height)
+{
+    widget->setFixedHeight(scaled(height));
+    return widget;
+}
+
+VemoTableWidget *fileTable()
+{
+    VemoTableColumnsInfo columns;
+    columns.addColumn("Name", 160, true, 0.7);
+    columns.addColumn("Owner", 80, true, 0.3);
+    columns.addColumn("Changed", 110, true, 0.0);
+    columns.addColumn("Size", 80, false, 0.0);
+    auto *widget = new VemoTableWidget(columns, nullptr);
+    QTableWidget *table = widget->getTable();
+    addFile(table, "folder", {"Projects", "Ada", "2026-11-20", ""});
+    addFile(table, "pdf", {"Annual report.pdf", "Grace", "2026-11-18", "1.2 MB"});
+    addFile(
+        table, "image", {"Jahresübersicht der Abteilungen.png", "Änne", "2026-10-02", "640 KB"});
+    addFile(table, "doc", {"年度报告（最终版）.docx", "王小明", "2026-09-30", "88 KB"});
+    table->selectRow(1);
+    return sized(widget, kFewRows);
+}
+
+VemoTableWidget *sortedTable()
+{
+    VemoTableColumnsInfo columns;
+    columns.addColumn("Number", 160, true, 0.5);
+    columns.addColumn("Square", 160, true, 0.5);
+    auto *widget = new VemoTableWidget(columns, nullptr);
+    QTableWidget *table = widget->getTable();
+    table->setRowCount(200);
+    for (int row = 0; row < table->rowCount(); ++row) {
+        const int values[] = {row, row * row};
+        for (int column = 0; column < 2; ++column) {
+            auto *item = new QTableWidgetItem;
+            item->setData(Qt::DisplayRole, values[column]);
+            item->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+            table->setItem(row, column, item);
+        }
+    }
+    QHeaderView *header = widget->getHeader();
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setSortIndicator(0, Qt::AscendingOrder);
+    QObject::connect(header, &QHeaderView::sortIndicatorChanged, table,
+        [table](int column, Qt::SortOrder order) { table->sortItems(column, order); });
+    return sized(widget, kManyRows);
+}
+
+VemoTableWidget *wideTable()
+{
+    VemoTableColumnsInfo columns;
+    for (int column = 1; column <= 16; ++column)
+        columns.addColumn(QString("Column %1").arg(column), 120, true, 0.0);
+    auto *widget = new VemoTableWidget(columns, nullptr);
+    QTableWidget *table = widget->getTable();
+    table->setRowCount(3);
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 16; ++column) {
+            table->setItem(
+                row, column, new QTableWidgetItem(QString("%1.%2").arg(column + 1).arg(row + 1)));
+        }
+    }
+    return sized(widget, kFewRows);
+}
+
+VemoTableWidget *disabledTable()
+{
+    VemoTableWidget *widget = fileTable();
+    widget->setEnabled(false);
+    return widget;
+}
+
+void build(Page &page)
+{
+    page.addSummary(
+        "VemoTableWidget is a read-only table of whole rows under a header of its own.");
+    page.addSection("Fixed, proportional and draggable columns",
+        "Name and Owner share the free width, 70 to 30; Changed can be dragged and stays as it is; "
+        "Size is fixed. Make the window wider.");
+    page.add(fileTable());
+    page.addCode(R"(VemoTableColumnsInfo columns;
+columns.addColumn("Name", 160, true, 0.7); // at least 160 wide
+columns.addColumn("Changed", 110, true, 0.0);
+columns.addColumn("Size", 80, false, 0.0);
+auto *files = new VemoTableWidget(columns, this);)");
+    page.addSection("More rows than fit",
+        "The header reaches over the scroll bar. Here the host "
+        "has wired its clicks: they sort.");
+    page.add(sortedTable());
+    page.addCode(R"(files->getHeader()->setSectionsClickable(true);
+files->getHeader()->setSortIndicatorShown(true);
+connect(files->getHeader(), SIGNAL(sortIndicatorChanged(int, Qt::SortOrder)),
+    this, SLOT(slotSort(int, Qt::SortOrder)));)");
+    page.addSection("More columns than fit", "The header scrolls sideways with the table.");
+    page.add(wideTable());
+    page.addSection("Disabled");
+    page.add(disabledTable());
+}
+
+const PageEntry entry(51, "Table",
+    "VemoTableWidget VemoTableColumnsInfo ResizeSignalTableWidget header columns rows sort", build);
+
+} // namespace

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
+#include "gallery/page.h"
+#include "gallery/pageregistry.h"
+
+#include <vemo/filesystemtreewidgetitem.h>
+#include <vemo/imagemanager.h>
+#include <vemo/itemdelegate.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemomenu.h>
+#include <vemo/vemotreewidget.h>
+
+#include <QHBoxLayout>
+#include <QMouseEvent>
+
+namespace {
+
+// In design pixels.
+constexpr int kTreeHeight = 300;
+constexpr int kSmallTreeHeight = 120;
+
+FileSystemTreeWidgetItem *folder(
+    const QString &name, const QList<FileSystemTreeWidgetItem *> &children = {})
+{
+    auto *item = new FileSystemTreeWidgetItem;
+    item->setText(0, name);
+    item->setPath(name);
+    item->setIcon(0, getGlobalImage("folder"));
+    item->setFlags(item->flags() | Qt::ItemIsEditable);
+    item->setTreeWidgetItemStatus(FileSystemTreeWidgetItem::LOADED);
+    for (FileSystemTreeWidgetItem *child : children)
+        item->addChild(child);
+    return item;
+}
+
+FileSystemTreeWidgetItem *removedFolder(const QString &name)
+{
+    FileSystemTreeWidgetItem *item = folder(name);
+    item->setRemoved(true);
+    item->setIcon(0, getGlobalImage("folder_removed"));
+    return item;
+}
+
+/// Without the check box flag the tree draws it as disabled; it can be selected all the same.
+FileSystemTreeWidgetItem *readOnlyFolder(const QString &name)
+{
+    FileSystemTreeWidgetItem *item = folder(name);
+    item->setRO(true);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    return item;
+}
+
+FileSystemTreeWidgetItem *checked(FileSystemTreeWidgetItem *item, Qt::CheckState state)
+{
+    item->setCheckState(0, state);
+    return item;
+}
+
+VemoTreeWidget *newTree(int height)
+{
+    auto *tree = new VemoTreeWidget;
+    tree->setHeaderHidden(true);
+    tree->setStyleSheet(getStyleSheet("component.tree") + getStyleSheet("component.scrollbar"));
+    tree->setBackgroundColor("#DCEBFB", "#EEF3F8");
+    auto *delegate = new ItemDelegate;
+    delegate->setParent(tree);
+    tree->setItemDelegate(delegate);
+    tree->setFixedHeight(scaled(height));
+    return tree;
+}
+
+/// Rename and sort, at the item that was right-clicked.
+void showMenu(VemoTreeWidget *tree, const QMouseEvent *event)
+{
+    QTreeWidgetItem *item = tree->itemAt(event->pos());
+    auto *menu = new VemoMenu(tree);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setStyleSheet(getStyleSheet("component.menu"));
+    QAction *rename = menu->addAction("Rename");
+    rename->setEnabled(item && (item->flags() & Qt::ItemIsEditable));
+    QObject::connect(rename, &QAction::triggered, tree, [tree, item] { tree->editItem(item); });
+    QObject::connect(menu->addAction("Sort by name"), &QAction::triggered, tree,
+        [tree] { tree->sortItems(0, Qt::AscendingOrder); });
+    menu->popup(event->globalPos());
+}
+
+VemoTreeWidget *folderTree()
+{
+    VemoTreeWidget *tree = newTree(kTreeHeight);
+    FileSystemTreeWidgetItem *home = folder("home",
+        {folder("Documents", {folder("2025"), folder("2026")}), folder("Pictures"),
+            removedFolder("Old drafts (removed)"), readOnlyFolder("System (read-only)"),
+            folder("Gemeinsame Projektunterlagen der Abteilungen"), folder("项目资料")});
+    tree->addTopLevelItem(home);
+    tree->addTopLevelItem(folder("Shared", {folder("Team")}));
+    home->setExpanded(true);
+    home->child(0)->setExpanded(true);
+    tree->setCurrentItem(home->child(1));
+    QObject::connect(tree, &VemoTreeWidget::sigMouseRightClickEvent, tree,
+        [tree](QMouseEvent *event) { showMenu(tree, event); });
+    return tree;
+}
+
+VemoTreeWidget *editedTree()
+{
+    VemoTreeWidget *tree = newTree(kSmallTreeHeight);
+    tree->addTopLevelItem(folder("New folder"));
+    tree->addTopLevelItem(folder("Pictures"));
+    tree->editItem(tree->topLevelItem(0));
+    return tree;
+}
+
+VemoTreeWidget *checkedTree()
+{
+    VemoTreeWidget *tree = newTree(kSmallTreeHeight);
+    FileSystemTreeWidgetItem *documents =
+        checked(folder("Documents",
+                    {checked(folder("2025"), Qt::Checked), checked(folder("2026"), Qt::Unchecked)}),
+            Qt::PartiallyChecked);
+    tree->addTopLevelItem(documents);
+    tree->addTopLevelItem(checked(folder("Pictures"), Qt::Checked));
+    documents->setExpanded(true);
+    return tree;
+}
+
+QWidget *sideBySide(const QList<QWidget *> &widgets)
+{
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(scaled(16));
+    for (QWidget *widget : widgets)
+        layout->addWidget(widget);
+    return row;
+}
+
+void build(Page &page)
+{
+    page.addSummary(
+        "VemoTreeWidget highlights whole rows, FileSystemTreeWidgetItem knows its node, "
+        "ItemDelegate renames it in place.");
+    page.addSection("Folders",
+        "Right-click for a menu, press F2 to rename. A row without a check box flag, such as the "
+        "read-only one, is drawn as disabled.");
+    page.add(folderTree());
+    page.addCode(R"(auto *folders = new VemoTreeWidget(this);
+folders->setStyleSheet(getStyleSheet("component.tree"));
+folders->setBackgroundColor("#DCEBFB", "#EEF3F8");
+folders->setItemDelegate(delegate); // new ItemDelegate, its parent the tree
+connect(folders, SIGNAL(sigMouseRightClickEvent(QMouseEvent *)), this,
+    SLOT(slotShowMenu(QMouseEvent *)));)");
+    page.addSection("Renaming and check boxes",
+        "The editor takes no name that begins with a full stop or holds \\ / : * ? \" < > or |.");
+    page.add(sideBySide({editedTree(), checkedTree()}));
+}
+
+const PageEntry entry(52, "Tree",
+    "VemoTreeWidget FileSystemTreeWidgetItem ItemDelegate folder rename removed read-only", build);
+
+} // namespace
