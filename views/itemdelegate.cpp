@@ -56,6 +56,8 @@ void ItemDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
 {
     if (auto *lineEdit = qobject_cast<QLineEdit *>(editor))
         setupEditor(lineEdit);
+    // A screen reader says which name is being changed.
+    editor->setAccessibleName(index.data().toString());
     QItemDelegate::setEditorData(editor, index);
 }
 

@@ -39,6 +39,7 @@ QPushButton *newButton()
 QPushButton *newArrow(const QIcon &icon)
 {
     QPushButton *arrow = newButton();
+    arrow->setFocusPolicy(Qt::NoFocus); // it does nothing
     arrow->setIcon(icon);
     arrow->setFixedSize(scaled(kArrowWidth), scaled(kBarHeight));
     return arrow;
@@ -72,7 +73,7 @@ VemoButtonPath::VemoButtonPath(QWidget *parent)
     setFixedHeight(scaled(kBarHeight));
     // The style's own least width is more than an arrow's.
     horizontalHeader()->setMinimumSectionSize(0);
-    // The cells are there for their buttons only: no editor, and Tab goes from button to button.
+    // The cells are there for their buttons only: no editor, and Tab goes from name to name.
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
 
@@ -204,8 +205,10 @@ void VemoButtonPath::setChangeFolderBtn(int width)
         if (!isArrow(column) && !(overflow <= left && overflow >= right)) {
             addFolder(column);
             // The first part that reaches into the visible row is the last one to be listed.
-            if (overflow < right)
+            if (overflow < right) {
+                m_change_folder_button->setAccessibleName(getPath(column));
                 break;
+            }
         }
         left = right;
     }

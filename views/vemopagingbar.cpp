@@ -39,6 +39,7 @@ VemoIconButton *navigationButton(const char *picture, const char *toolTipKey)
 {
     auto *button = new VemoIconButton(QLatin1String(picture));
     button->setToolTip(text(toolTipKey));
+    button->setAccessibleName(button->toolTip());
     return button;
 }
 

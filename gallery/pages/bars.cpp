@@ -71,6 +71,7 @@ VemoFilterBar *filterBar(const QString &text)
 {
     auto *bar = new VemoFilterBar;
     bar->setFixedWidth(scaled(kFilterWidth));
+    bar->setAccessibleName("Filter");
     bar->setPlaceholderText("Filter, then press Return");
     bar->setText(text);
     return bar;

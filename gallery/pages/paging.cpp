@@ -45,6 +45,7 @@ public:
         layout->addWidget(&m_table);
         layout->addWidget(&m_bar);
         setFixedHeight(scaled(kListHeight));
+        m_table.getTable()->setAccessibleName("Documents");
         connect(&m_bar, &VemoPagingBar::sigPageChanged, this, [this] { fill(); });
         connect(&m_bar, &VemoPagingBar::sigRefresh, this, [this] { fill(); });
         m_bar.setItemCount(kItems);

@@ -22,8 +22,9 @@ void addFile(QTableWidget *table, const QString &picture, const QStringList &cel
     table->item(row, 0)->setIcon(getGlobalImage(picture));
 }
 
-VemoTableWidget *sized(VemoTableWidget *widget, int height)
+VemoTableWidget *finished(VemoTableWidget *widget, const QString &name, int height)
 {
+    widget->getTable()->setAccessibleName(name);
     widget->setFixedHeight(scaled(height));
     return widget;
 }
@@ -43,7 +44,7 @@ VemoTableWidget *fileTable()
         table, "image", {"Jahresübersicht der Abteilungen.png", "Änne", "2026-10-02", "640 KB"});
     addFile(table, "doc", {"年度报告（最终版）.docx", "王小明", "2026-09-30", "88 KB"});
     table->selectRow(1);
-    return sized(widget, kFewRows);
+    return finished(widget, "Files", kFewRows);
 }
 
 VemoTableWidget *sortedTable()
@@ -69,7 +70,7 @@ VemoTableWidget *sortedTable()
     header->setSortIndicator(0, Qt::AscendingOrder);
     QObject::connect(header, &QHeaderView::sortIndicatorChanged, table,
         [table](int column, Qt::SortOrder order) { table->sortItems(column, order); });
-    return sized(widget, kManyRows);
+    return finished(widget, "Squares", kManyRows);
 }
 
 VemoTableWidget *wideTable()
@@ -86,7 +87,7 @@ VemoTableWidget *wideTable()
                 row, column, new QTableWidgetItem(QString("%1.%2").arg(column + 1).arg(row + 1)));
         }
     }
-    return sized(widget, kFewRows);
+    return finished(widget, "Many columns", kFewRows);
 }
 
 VemoTableWidget *disabledTable()

@@ -56,9 +56,10 @@ FileSystemTreeWidgetItem *checked(FileSystemTreeWidgetItem *item, Qt::CheckState
     return item;
 }
 
-VemoTreeWidget *newTree(int height)
+VemoTreeWidget *newTree(const QString &name, int height)
 {
     auto *tree = new VemoTreeWidget;
+    tree->setAccessibleName(name);
     tree->setHeaderHidden(true);
     tree->setStyleSheet(getStyleSheet("component.tree") + getStyleSheet("component.scrollbar"));
     tree->setBackgroundColor("#DCEBFB", "#EEF3F8");
@@ -86,7 +87,7 @@ void showMenu(VemoTreeWidget *tree, const QMouseEvent *event)
 
 VemoTreeWidget *folderTree()
 {
-    VemoTreeWidget *tree = newTree(kTreeHeight);
+    VemoTreeWidget *tree = newTree("Folders", kTreeHeight);
     FileSystemTreeWidgetItem *home = folder("home",
         {folder("Documents", {folder("2025"), folder("2026")}), folder("Pictures"),
             removedFolder("Old drafts (removed)"), readOnlyFolder("System (read-only)"),
@@ -103,7 +104,7 @@ VemoTreeWidget *folderTree()
 
 VemoTreeWidget *editedTree()
 {
-    VemoTreeWidget *tree = newTree(kSmallTreeHeight);
+    VemoTreeWidget *tree = newTree("A folder being renamed", kSmallTreeHeight);
     tree->addTopLevelItem(folder("New folder"));
     tree->addTopLevelItem(folder("Pictures"));
     tree->editItem(tree->topLevelItem(0));
@@ -112,7 +113,7 @@ VemoTreeWidget *editedTree()
 
 VemoTreeWidget *checkedTree()
 {
-    VemoTreeWidget *tree = newTree(kSmallTreeHeight);
+    VemoTreeWidget *tree = newTree("Folders to check", kSmallTreeHeight);
     FileSystemTreeWidgetItem *documents =
         checked(folder("Documents",
                     {checked(folder("2025"), Qt::Checked), checked(folder("2026"), Qt::Unchecked)}),

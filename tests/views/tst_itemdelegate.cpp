@@ -140,6 +140,7 @@ void ItemDelegateTest::dressesTheEditor()
     const Tree tree;
     QCOMPARE(tree.editor()->styleSheet(), getStyleSheet("component.tree_item"));
     QVERIFY(!tree.editor()->testAttribute(Qt::WA_MacShowFocusRect));
+    QCOMPARE(tree.editor()->accessibleName(), QString("Projects"));
 }
 
 void ItemDelegateTest::fillsTheEditorWithTheWholeName()

@@ -71,7 +71,7 @@ private Q_SLOTS:
     void deletesTheOldButtons();
     void mayBeRefreshedByItsOwnSignal();
     void survivesItsDeletionByItsOwnSignal();
-    void takesTheKeyboardFromButtonToButton();
+    void takesTheKeyboardFromNameToName();
     void opensNoEditor();
     void holdsLongPaths_data();
     void holdsLongPaths();
@@ -325,17 +325,14 @@ void VemoButtonPathTest::survivesItsDeletionByItsOwnSignal()
     QTRY_VERIFY(!guard);
 }
 
-void VemoButtonPathTest::takesTheKeyboardFromButtonToButton()
+void VemoButtonPathTest::takesTheKeyboardFromNameToName()
 {
     Path path("a/b");
     QVERIFY(QTest::qWaitForWindowExposed(&path.bar));
     QApplication::setActiveWindow(path.bar.window());
     path.button(0)->setFocus();
-    for (const int column : {1, 2}) {
-        QTest::keyClick(path.bar.window()->windowHandle(), Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget(), path.button(column));
-    }
-    QTest::keyClick(path.bar.window()->windowHandle(), Qt::Key_Backtab);
+    QTest::keyClick(path.bar.window()->windowHandle(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), path.button(2));
     QTest::keyClick(path.bar.window()->windowHandle(), Qt::Key_Backtab);
     QCOMPARE(QApplication::focusWidget(), path.button(0));
 }

@@ -185,6 +185,7 @@ void VemoPagingBarTest::takesItsPictures()
     const VemoIconButton *button =
         toolTipKey.isEmpty() ? paging.refresh() : paging.navigation(qPrintable(toolTipKey));
     QVERIFY(button);
+    QVERIFY(!button->accessibleName().isEmpty());
     const QPixmap expected = getGlobalImage(picture);
     QCOMPARE(button->icon().pixmap(expected.size() / expected.devicePixelRatio()).toImage(),
         expected.toImage());
