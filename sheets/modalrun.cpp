@@ -70,6 +70,13 @@ struct ModalRun::Run
     bool isOpen() const { return open().contains(const_cast<Run *>(this)); }
     void close() { open().removeOne(this); }
 
+    /// The loop outlives its sheet: its own stack frame deletes it.
+    void releaseLoop() const
+    {
+        if (loop)
+            loop->setParent(nullptr);
+    }
+
     QPointer<VemoSheet> sheet;
     QPointer<QWidget> window;
     QPointer<QWidget> focus; ///< what had the window's focus before
@@ -95,6 +102,8 @@ bool ModalRun::isOpen() const
 void ModalRun::begin(bool greysCloseItem)
 {
     if (!isOpen()) {
+        if (m_run)
+            m_run->releaseLoop();
         m_run = std::make_shared<Run>(m_sheet);
         Run::open().append(m_run.get());
     }
@@ -162,8 +171,7 @@ void ModalRun::abandon()
     const std::shared_ptr<Run> run = std::exchange(m_run, nullptr);
     passFocusOn(*run);
     if (run->loop) {
-        // The loop runs on its own stack frame, which deletes it.
-        run->loop->setParent(nullptr);
+        run->releaseLoop();
         run->loop->exit(0);
     } else if (run->isOpen() && run->focus) {
         // Later, since the whole window may be about to go.
@@ -181,6 +189,7 @@ void ModalRun::replaceRun()
     m_run->focus = old->focus;
     m_run->hadFocus = old->hadFocus;
     m_run->isGreyed = old->isGreyed;
+    old->releaseLoop();
     old->close();
     Run::open().append(m_run.get());
     if (!old->isDone)
