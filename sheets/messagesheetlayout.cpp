@@ -101,21 +101,33 @@ void VemoMessageSheetPrivate::takeSize()
     q->setFixedWidth(scaled(parent ? widthOver(parent->width() / factor) : kWidest));
     // From the polish on the band counts, and the labels know their fonts.
     q->ensurePolished();
+    fitButtons();
     fitLabels();
     q->updateGeometry();
     q->adjustSize();
 }
 
+int VemoMessageSheetPrivate::contentWidth() const
+{
+    const QMargins band = q->contentsMargins();
+    return std::max(0, q->width() - band.left() - band.right() - 2 * scaled(kMargin));
+}
+
+/// Side by side, but one above the other where they would overlap.
+void VemoMessageSheetPrivate::fitButtons()
+{
+    buttonBox->setOrientation(Qt::Horizontal);
+    if (buttonBox->minimumSizeHint().width() > contentWidth())
+        buttonBox->setOrientation(Qt::Vertical);
+}
+
 /// The labels' heights before any layout, so that the first one is right.
 void VemoMessageSheetPrivate::fitLabels()
 {
-    const QMargins band = q->contentsMargins();
-    int width = q->width() - band.left() - band.right() - 2 * scaled(kMargin);
-    if (hasIcon())
-        width -= iconLabel->sizeHint().width() + scaled(kIconGap);
+    const int iconWidth = hasIcon() ? iconLabel->sizeHint().width() + scaled(kIconGap) : 0;
     for (MessageLabel *label : {textLabel, informativeLabel}) {
         if (label)
-            label->fitTo(std::max(0, width));
+            label->fitTo(std::max(0, contentWidth() - iconWidth));
     }
 }
 

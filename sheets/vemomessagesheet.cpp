@@ -138,6 +138,8 @@ bool VemoMessageSheet::eventFilter(QObject *watched, QEvent *event)
 
 void VemoMessageSheet::done(int ret)
 {
+    if (m_d->movie)
+        m_d->movie->stop();
     m_d->run.end(ret, m_block_window_button);
 }
 

@@ -72,5 +72,7 @@ private:
     MessageLabel *newLabel(const QString &styleSheet);
     void showNewParts() const;
     void takeSize();
+    int contentWidth() const;
+    void fitButtons();
     void fitLabels();
 };

@@ -215,6 +215,8 @@ void VemoMessageSheetPrivate::showMovie(const QString &path)
     movie = new QMovie(path);
     movie->setParent(this);
     movie->setScaledSize({scaled(kMovieSize), scaled(kMovieSize)});
+    // Until it runs, it has a size only from here on.
+    movie->jumpToFrame(0);
     iconLabel->setMovie(movie);
 }
 

@@ -35,8 +35,10 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 /// that can happen, never on the stack. For a plain question, showConfirmMsg() does it all.
 ///
 /// The width comes from the parent given to the constructor: 40 design pixels less than it, 540 at
-/// most, but 480 over a parent of exactly 540. Load the style files, the strings ("ok", "cancel",
-/// "reset", "wizard_client_upgrade") and the catalogue before.
+/// most, but 480 over a parent of exactly 540. Buttons that don't fit side by side stand one above
+/// the other. The height is what the text needs: a window too low for it squeezes the sheet. Load
+/// the style files, the strings ("ok", "cancel", "reset", "wizard_client_upgrade") and the
+/// catalogue before.
 ///
 ///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
@@ -47,7 +49,7 @@ class VEMO_EXPORT VemoMessageSheet : public VemoSheet
     Q_OBJECT
 
 public:
-    enum MessageType {
+    enum MessageType : int {
         App = 0, ///< the application's picture, no buttons
         Information = 1, ///< OK
         Warning = 2, ///< OK

@@ -79,6 +79,7 @@ private Q_SLOTS:
     void rebuildForgetsCustomCaptions();
     void buttonsHaveTheirSizesAndStyles();
     void buttonsStandInTheOrderOfWindows();
+    void buttonsThatDoNotFitStandOneAboveTheOther();
     void busySheetShowsItsMovie();
     void busySheetWithoutAMovieFileStillWorks();
     void hiddenIconLeavesItsPlace();
@@ -264,7 +265,7 @@ void VemoMessageSheetTest::buttonsHaveTheirSizesAndStyles()
 void VemoMessageSheetTest::buttonsStandInTheOrderOfWindows()
 {
     QWidget window;
-    window.resize(600, 400);
+    window.resize(scaled(600), scaled(400));
     Sheet sheet(Sheet::ConfirmReset, "text", &window);
     const auto *box = sheet.findChild<QDialogButtonBox *>();
     QCOMPARE(box->style()->styleHint(QStyle::SH_DialogButtonLayout, nullptr, box),
@@ -277,6 +278,23 @@ void VemoMessageSheetTest::buttonsStandInTheOrderOfWindows()
     QVERIFY(buttonOf(sheet, Button::Discard)->x() < buttonOf(sheet, Button::Apply)->x());
 }
 
+void VemoMessageSheetTest::buttonsThatDoNotFitStandOneAboveTheOther()
+{
+    QWidget window;
+    window.resize(scaled(300), scaled(600));
+    Sheet sheet(Sheet::ConfirmReset, "text", &window);
+    window.show();
+    sheet.show();
+    const QRect apply = buttonOf(sheet, Button::Apply)->geometry();
+    const QRect discard = buttonOf(sheet, Button::Discard)->geometry();
+    const QRect reset = buttonOf(sheet, Button::Reset)->geometry();
+    QVERIFY(!apply.intersects(discard) && !discard.intersects(reset) && !apply.intersects(reset));
+    QVERIFY(apply.width() >= buttonOf(sheet, Button::Apply)->sizeHint().width());
+    QCOMPARE(apply.x(), discard.x());
+    sheet.setMessageType(Sheet::Information);
+    QCOMPARE(sheet.findChild<QDialogButtonBox *>()->orientation(), Qt::Horizontal);
+}
+
 void VemoMessageSheetTest::busySheetShowsItsMovie()
 {
     QWidget window;
@@ -286,6 +304,7 @@ void VemoMessageSheetTest::busySheetShowsItsMovie()
     QVERIFY(movie && movie->isValid());
     QCOMPARE(movie->scaledSize(), QSize(scaled(32), scaled(32)));
     QCOMPARE(movie->state(), QMovie::NotRunning);
+    QCOMPARE(iconOf(sheet)->sizeHint(), movie->scaledSize());
     QVERIFY(labelOf(sheet, "Working"));
     QCOMPARE(buttonsOf(sheet), 0);
     // A rebuild keeps it; only a hidden icon takes it away, and a shown one brings it back.
@@ -303,6 +322,7 @@ void VemoMessageSheetTest::busySheetShowsItsMovie()
     });
     QCOMPARE(sheet.exec(), 7);
     QVERIFY(wasRunning);
+    QCOMPARE(movie->state(), QMovie::NotRunning);
 }
 
 void VemoMessageSheetTest::busySheetWithoutAMovieFileStillWorks()
