@@ -117,7 +117,7 @@ int VemoMessageSheetPrivate::contentWidth() const
 void VemoMessageSheetPrivate::fitButtons()
 {
     buttonBox->setOrientation(Qt::Horizontal);
-    if (buttonBox->minimumSizeHint().width() > contentWidth())
+    if (buttonBox->sizeHint().width() > contentWidth())
         buttonBox->setOrientation(Qt::Vertical);
 }
 
