@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "app/messagereader_p.h"
+
+#include <QTextCodec>
+#include <QtEndian>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kHeaderSize = sizeof(quint32);
+constexpr int kChunkSize = 64 * 1024;
+constexpr int kGrowth = 256; // Bytes taken at least, when a message comes in small pieces.
+constexpr size_t kChunksPerStep = 16;
+
+} // namespace
+
+MessageReader::MessageReader() = default;
+
+MessageReader::~MessageReader() = default;
+
+MessageReader::State MessageReader::take(const char *bytes, int count)
+{
+    const int headerPart = takeHeader(bytes, count);
+    if (m_header.size() < kHeaderSize)
+        return Receiving;
+    if (m_announced > kMaxSize)
+        return TooLong;
+    const quint32 missing = m_announced - m_received;
+    takeBody(bytes + headerPart, int(std::min(quint32(count - headerPart), missing)));
+    return m_received == m_announced ? Received : Receiving;
+}
+
+int MessageReader::takeHeader(const char *bytes, int count)
+{
+    const int part = std::min(count, kHeaderSize - m_header.size());
+    m_header.append(bytes, part);
+    if (m_header.size() == kHeaderSize)
+        m_announced = qFromBigEndian<quint32>(m_header.constData());
+    return part;
+}
+
+void MessageReader::takeBody(const char *bytes, int count)
+{
+    while (count > 0) {
+        if (m_chunks.empty() || m_chunks.back().size() == kChunkSize)
+            m_chunks.emplace_back();
+        QByteArray &chunk = m_chunks.back();
+        const int part = std::min(count, kChunkSize - chunk.size());
+        // An array that grows on its own would double.
+        if (chunk.capacity() < chunk.size() + part)
+            chunk.reserve(std::min(kChunkSize, chunk.size() + std::max(part, kGrowth)));
+        chunk.append(bytes, part);
+        bytes += part;
+        count -= part;
+        m_received += quint32(part);
+    }
+}
+
+bool MessageReader::decodeSome()
+{
+    if (!m_decoder) {
+        // A byte order mark at the beginning is part of the message.
+        m_decoder.reset(QTextCodec::codecForName("UTF-8")->makeDecoder(QTextCodec::IgnoreHeader));
+        m_text.reserve(int(m_received));
+    }
+    const size_t end = std::min(m_chunks.size(), m_decodedChunks + kChunksPerStep);
+    for (; m_decodedChunks < end; ++m_decodedChunks) {
+        m_text += m_decoder->toUnicode(m_chunks[m_decodedChunks]);
+        m_chunks[m_decodedChunks].clear();
+    }
+    if (end < m_chunks.size())
+        return false;
+    if (m_decoder->needsMoreData())
+        m_text += QChar(QChar::ReplacementCharacter);
+    return true;
+}

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "app/messagereceiver_p.h"
+
+#include "app/incomingmessage_p.h"
+
+#include <QPointer>
+
+namespace {
+
+constexpr int kMaxConnections = 400; // Leaves the host most of the usual 1024 descriptors.
+constexpr int kIdleLimit = 5000; // Milliseconds.
+// Milliseconds; holds while kMaxConnections are open and others wait outside, so that a crowd of
+// silent ones can't keep a talking one out until it gives up.
+constexpr int kCrowdedIdleLimit = 1500;
+constexpr int kIdleCheckInterval = 250; // Milliseconds.
+
+} // namespace
+
+MessageReceiver::MessageReceiver()
+{
+    m_idleCheck.setInterval(kIdleCheckInterval);
+    connect(&m_listener, SIGNAL(streamOpened(LocalStream*)), this, SLOT(addStream(LocalStream*)));
+    connect(&m_idleCheck, SIGNAL(timeout()), this, SLOT(dropIdle()));
+}
+
+MessageReceiver::~MessageReceiver()
+{
+    stop(LocalListener::KeepFile);
+}
+
+bool MessageReceiver::listen(const QString &address, QString *refusal)
+{
+    return m_listener.listen(address, refusal);
+}
+
+void MessageReceiver::stop(LocalListener::CloseMode mode)
+{
+    m_listener.close(mode);
+    // None of them is in the middle of a call to us: they leave the list before they hand out.
+    qDeleteAll(m_messages);
+    m_messages.clear();
+    m_idleCheck.stop();
+}
+
+void MessageReceiver::addStream(LocalStream *stream)
+{
+    auto *message = new IncomingMessage(stream, this);
+    connect(message, SIGNAL(finished()), this, SLOT(removeFinished()));
+    connect(message, SIGNAL(received(QString)), this, SIGNAL(messageReceived(QString)));
+    m_messages.append(message);
+    adjustToCrowd();
+}
+
+void MessageReceiver::removeFinished()
+{
+    auto *message = qobject_cast<IncomingMessage *>(sender());
+    m_messages.removeOne(message);
+    message->deleteLater();
+    adjustToCrowd();
+}
+
+void MessageReceiver::dropIdle()
+{
+    // A message that turns out to be whole may set off anything, this object's end included.
+    const QPointer<MessageReceiver> self(this);
+    const int limit = isCrowded() ? kCrowdedIdleLimit : kIdleLimit;
+    QVector<QPointer<IncomingMessage>> messages;
+    for (IncomingMessage *message : qAsConst(m_messages))
+        messages.append(message);
+    for (const QPointer<IncomingMessage> &message : qAsConst(messages)) {
+        if (self && message)
+            message->dropIfIdle(limit);
+    }
+}
+
+bool MessageReceiver::isCrowded() const
+{
+    return m_messages.size() >= kMaxConnections;
+}
+
+void MessageReceiver::adjustToCrowd()
+{
+    m_listener.setPaused(isCrowded());
+    if (m_messages.isEmpty())
+        m_idleCheck.stop();
+    else if (!m_idleCheck.isActive())
+        m_idleCheck.start();
+}
