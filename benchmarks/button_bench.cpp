@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
+#include "benchmarks/paintedgrid.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemoiconbutton.h>
-
-#include <QCoreApplication>
-#include <QGridLayout>
 
 namespace {
 
@@ -21,21 +19,9 @@ struct Role
     const char *key;
 };
 
-/// Buttons in the grid of a host that has been shown and painted. The host is large enough to leave
-/// each its own size, and an icon button that learns its picture's size when shown is laid out
-/// anew.
 template <typename Make> std::unique_ptr<QWidget> paintedButtons(Make make)
 {
-    auto host = std::make_unique<QWidget>();
-    host->resize(1300, 1100);
-    auto *grid = new QGridLayout(host.get());
-    grid->setColumnStretch(kColumns, 1);
-    grid->setRowStretch(kButtons / kColumns, 1);
-    for (int i = 0; i < kButtons; ++i)
-        grid->addWidget(make(), i / kColumns, i % kColumns);
-    host->show();
-    QCoreApplication::processEvents();
-    return host;
+    return bench::paintedGrid({1300, 1100}, kButtons, kColumns, make);
 }
 
 QString caption()

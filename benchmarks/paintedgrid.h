@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QWidget>
+
+#include <memory>
+
+namespace bench {
+
+/// Widgets, one for each call of make, in the grid of a host that has been shown and painted. The
+/// host is to be large enough to leave each its own size; a widget that learns its size when it is
+/// shown is laid out anew.
+template <typename Make>
+std::unique_ptr<QWidget> paintedGrid(const QSize &hostSize, int count, int columns, Make make)
+{
+    auto host = std::make_unique<QWidget>();
+    host->resize(hostSize);
+    auto *grid = new QGridLayout(host.get());
+    grid->setColumnStretch(columns, 1);
+    grid->setRowStretch(count / columns, 1);
+    for (int i = 0; i < count; ++i)
+        grid->addWidget(make(), i / columns, i % columns);
+    host->show();
+    QCoreApplication::processEvents();
+    return host;
+}
+
+} // namespace bench
