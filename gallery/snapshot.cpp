@@ -49,6 +49,7 @@ void ButtonSnapshot::paintEvent(QPaintEvent *)
 IconButtonSnapshot::IconButtonSnapshot(const QString &name, QStyle::State state)
     : VemoIconButton(name), m_picture(pictureOf(name, state)), m_state(completed(state))
 {
+    setAccessibleName(name);
     freeze(this);
 }
 
