@@ -28,8 +28,6 @@ void enableCloseItem(const QWidget *window, bool isEnabled)
 
 void announce(VemoSheet *sheet, QAccessible::Event what)
 {
-    if (!QAccessible::isActive())
-        return;
     QAccessibleEvent event(sheet, what);
     QAccessible::updateAccessibility(&event);
 }
@@ -50,12 +48,9 @@ CloseItemRoutine exchangeCloseItemRoutine(CloseItemRoutine routine)
 /// sheet may die while the loop runs.
 struct ModalRun::Run
 {
-    explicit Run(VemoSheet *taker) : sheet(taker), window(taker->window())
+    explicit Run(VemoSheet *taker)
+        : sheet(taker), window(taker->window()), focus(window->focusWidget())
     {
-        if (!window->focusWidget())
-            return;
-        focus = window->focusWidget();
-        hadFocus = true;
     }
     ~Run() { close(); }
     Q_DISABLE_COPY(Run)
@@ -80,7 +75,6 @@ struct ModalRun::Run
     QPointer<VemoSheet> sheet;
     QPointer<QWidget> window;
     QPointer<QWidget> focus; ///< what had the window's focus before
-    bool hadFocus = false;
     bool isGreyed = false;
     bool isDone = false; ///< ended by end(), so that the result counts
     int result = 0;
@@ -187,7 +181,6 @@ void ModalRun::replaceRun()
     const std::shared_ptr<Run> old = m_run;
     m_run = std::make_shared<Run>(m_sheet);
     m_run->focus = old->focus;
-    m_run->hadFocus = old->hadFocus;
     m_run->isGreyed = old->isGreyed;
     old->releaseLoop();
     old->close();
@@ -218,30 +211,35 @@ void ModalRun::undo(bool restoresCloseItem)
 void ModalRun::passFocusOn(const Run &run) const
 {
     for (Run *other : qAsConst(Run::open())) {
-        if (other == &run || !isWithin(other->focus, m_sheet))
-            continue;
-        other->focus = run.focus;
-        other->hadFocus = run.hadFocus;
+        if (other != &run && isWithin(other->focus, m_sheet))
+            other->focus = run.focus;
     }
 }
 
 void ModalRun::giveFocusBack(const Run &run) const
 {
     passFocusOn(run);
-    QWidget *now = run.window ? run.window->focusWidget() : nullptr;
-    const auto isWithOther = [&](const Run *other) { return isWithin(now, other->sheet); };
-    if (!run.window || std::any_of(Run::open().begin(), Run::open().end(), isWithOther))
+    if (!run.window || isFocusInOpenSheet(run.window))
         return;
+    QWidget *now = run.window->focusWidget();
     if (run.focus && run.focus->isVisibleTo(run.window))
         run.focus->setFocus(Qt::OtherFocusReason);
-    else if (!run.hadFocus && isWithin(now, m_sheet))
+    else if (isWithin(now, m_sheet))
         now->clearFocus();
 }
 
+bool ModalRun::isFocusInOpenSheet(const QWidget *window)
+{
+    const QVector<Run *> &runs = Run::open();
+    return std::any_of(runs.begin(), runs.end(),
+        [=](const Run *run) { return isWithin(window->focusWidget(), run->sheet); });
+}
+
+/// After the death of the sheet.
 void ModalRun::restoreWindow(Run &run)
 {
     if (std::exchange(run.isGreyed, false))
         enableCloseItem(run.window, true);
-    if (run.window && run.focus && !run.window->focusWidget())
+    if (run.window && run.focus && !isFocusInOpenSheet(run.window))
         run.focus->setFocus(Qt::OtherFocusReason);
 }

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 
+class QWidget;
 class VemoSheet;
 
 /// What sheets share of taking over their window: the event loop, the window's Close item, the
@@ -45,6 +46,7 @@ private:
     void undo(bool restoresCloseItem);
     void passFocusOn(const Run &run) const;
     void giveFocusBack(const Run &run) const;
+    static bool isFocusInOpenSheet(const QWidget *window);
     static void restoreWindow(Run &run);
 
     VemoSheet *m_sheet;

@@ -4,8 +4,10 @@
 #include <vemo/vemosheet.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QPointer>
 #include <QTimer>
+#include <QtTest>
 
 #include <functional>
 
@@ -23,6 +25,8 @@ public:
         QObject::connect(&m_timer, &QTimer::timeout, this, [this] {
             m_hasActed = true;
             m_act();
+            if (QTest::currentTestFailed())
+                endAll();
         });
         m_timer.start(0);
     }
@@ -30,6 +34,17 @@ public:
     bool hasActed() const { return m_hasActed; }
 
 private:
+    /// A failed check left its sheet open, and the test would wait for it for ever.
+    static void endAll()
+    {
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            for (VemoSheet *sheet : window->findChildren<VemoSheet *>())
+                QMetaObject::invokeMethod(sheet, "quit");
+            if (auto *dialog = qobject_cast<QDialog *>(window))
+                dialog->reject();
+        }
+    }
+
     std::function<void()> m_act;
     QTimer m_timer;
     bool m_hasActed = false;

@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/messageshortcuts.h>
+
+#include "sheets/sheetdriver.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/componentstrings.h>
+#include <vemo/imagemanager.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemomask.h>
+#include <vemo/vemomessagesheet.h>
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+using Button = QDialogButtonBox;
+
+constexpr int kNoResult = -1;
+const QString kTitle = QStringLiteral("the title");
+const QString kText = QStringLiteral("the text");
+
+/// A shortcut, called with a parent or without.
+using Call = std::function<int(QWidget *parent, bool showIcon)>;
+
+int noResult()
+{
+    return kNoResult;
+}
+
+struct Shortcut
+{
+    const char *name;
+    Call call;
+    const char *sheetIcon;
+    int sheetButtons;
+    QMessageBox::Icon boxIcon;
+    const char *boxStyleKey;
+    QString more = {};
+    QStringList captions = {}; // Apply or OK, then cancel; empty: the default ones.
+};
+
+QVector<Shortcut> shortcuts()
+{
+    const int confirm = Button::Apply | Button::Discard;
+    const MsgBoxCustomBtnText half(QString(), "No");
+    const QString ok = ComponentStrings::getInstance().getString("ok");
+    return {
+        {"showConfirmMsg",
+            [](auto *p, bool icon) { return showConfirmMsg(kTitle, kText, p, icon); },
+            "icon_question", confirm, QMessageBox::Question, "component.confirm_message_box"},
+        {"showConfirmMsgCustomBtn",
+            [](auto *p, bool icon) {
+                return showConfirmMsgCustomBtn(kTitle, kText, {"Yes", "No"}, p, icon);
+            },
+            "icon_question", confirm, QMessageBox::Question, "component.confirm_message_box", {},
+            {"Yes", "No"}},
+        {"showConfirmMsgCustomBtn, one caption",
+            [=](auto *p, bool icon) {
+                return showConfirmMsgCustomBtn(kTitle, kText, half, p, icon);
+            },
+            "icon_question", confirm, QMessageBox::Question, "component.confirm_message_box", {},
+            {ok, "No"}},
+        {"showInfoMsg",
+            [](auto *p, bool icon) { return showInfoMsg(kTitle, kText, p, icon), noResult(); },
+            "icon_information", Button::Ok, QMessageBox::Information, "component.info_message_box"},
+        {"showUpgradingMsg",
+            [](auto *p, bool icon) { return showUpgradingMsg(kTitle, kText, p, icon), noResult(); },
+            "icon_information", confirm, QMessageBox::Warning, "component.upgrading_message_box"},
+        {"showWarningMsg with more",
+            [](auto *p, bool icon) {
+                return showWarningMsg(kTitle, kText, "more", p, icon), noResult();
+            },
+            "icon_warning", Button::Ok, QMessageBox::Warning, "component.warning_message_box",
+            "more"},
+        {"showWarningMsg",
+            [](auto *p, bool icon) { return showWarningMsg(kTitle, kText, p, icon), noResult(); },
+            "icon_warning", Button::Ok, QMessageBox::Warning, "component.warning_message_box"},
+    };
+}
+
+QStringList textsOf(const QWidget *sheet)
+{
+    QStringList texts;
+    for (const QLabel *label : sheet->findChildren<QLabel *>()) {
+        if (!label->text().isEmpty())
+            texts += label->text();
+    }
+    for (const QPushButton *button : sheet->findChildren<QPushButton *>())
+        texts += button->text();
+    return texts;
+}
+
+QMessageBox *shownBox()
+{
+    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(const Shortcut *)
+
+class MessageShortcutsTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void withAParentItIsASheet_data() { addShortcuts(); }
+    void withAParentItIsASheet();
+    void withoutAParentItIsABox_data() { addShortcuts(); }
+    void withoutAParentItIsABox();
+    void iconCanBeLeftOut_data() { addShortcuts(); }
+    void iconCanBeLeftOut();
+    void confirmationTellsTheAnswer_data();
+    void confirmationTellsTheAnswer();
+    void boxTellsTheAnswer_data();
+    void boxTellsTheAnswer();
+    void eachCallLeavesOneHiddenMask();
+    void shadeIsBlackAtTwenty();
+    void coversTheWindowOfAnInnerParent();
+
+private:
+    static void addShortcuts();
+};
+
+void MessageShortcutsTest::addShortcuts()
+{
+    static const QVector<Shortcut> all = shortcuts();
+    QTest::addColumn<const Shortcut *>("shortcut");
+    for (const Shortcut &shortcut : all)
+        QTest::newRow(shortcut.name) << &shortcut;
+}
+
+void MessageShortcutsTest::withAParentItIsASheet()
+{
+    QFETCH(const Shortcut *, shortcut);
+    QWidget window;
+    window.resize(600, 400);
+    window.show();
+    QPointer<VemoMessageSheet> shown;
+    const SheetDriver driver([&] {
+        auto *sheet = qobject_cast<VemoMessageSheet *>(sheetOver(&window));
+        shown = sheet;
+        const auto *box = sheet->findChild<QDialogButtonBox *>();
+        QCOMPARE(int(box->standardButtons()), shortcut->sheetButtons);
+        QCOMPARE(sheet->findChild<QLabel *>()->pixmap(Qt::ReturnByValue).toImage(),
+            getGlobalImage(shortcut->sheetIcon).toImage());
+        const QStringList texts = textsOf(sheet);
+        QVERIFY(texts.contains(kText));
+        QVERIFY(!texts.contains(kTitle));
+        QVERIFY(shortcut->more.isEmpty() || texts.contains(shortcut->more));
+        for (const QString &caption : shortcut->captions)
+            QVERIFY(texts.contains(caption));
+        sheet->quit();
+    });
+    QVERIFY(shortcut->call(&window, true) <= 0);
+    QVERIFY(driver.hasActed());
+    QVERIFY(!shown);
+    QVERIFY(window.windowTitle() != kTitle);
+}
+
+void MessageShortcutsTest::withoutAParentItIsABox()
+{
+    QFETCH(const Shortcut *, shortcut);
+    const bool isConfirm = shortcut->boxIcon == QMessageBox::Question;
+    const SheetDriver driver([&] {
+        QMessageBox *box = shownBox();
+        QVERIFY(box);
+        QCOMPARE(box->parentWidget(), nullptr);
+        QCOMPARE(box->icon(), shortcut->boxIcon);
+        QCOMPARE(box->windowTitle(), kTitle);
+        QCOMPARE(box->text(), kText);
+        QCOMPARE(box->informativeText(), shortcut->more);
+        QCOMPARE(box->styleSheet(), getStyleSheet(shortcut->boxStyleKey));
+        const auto yes = isConfirm ? QMessageBox::Apply : QMessageBox::Ok;
+        const QMessageBox::StandardButtons all = isConfirm ? yes | QMessageBox::Cancel : yes;
+        QCOMPARE(box->standardButtons(), all);
+        QCOMPARE(box->button(yes)->text(),
+            shortcut->captions.value(0, ComponentStrings::getInstance().getString("ok")));
+        QCOMPARE(box->button(yes)->styleSheet(), getStyleSheet("component.apply_button"));
+        if (isConfirm) {
+            const QAbstractButton *cancel = box->button(QMessageBox::Cancel);
+            QCOMPARE(cancel->text(),
+                shortcut->captions.value(1, ComponentStrings::getInstance().getString("cancel")));
+            QCOMPARE(cancel->styleSheet(), getStyleSheet("component.cancel_button"));
+        }
+        for (const QWidget *widget : QApplication::allWidgets())
+            QVERIFY(!qobject_cast<const VemoSheet *>(widget)
+                && !qobject_cast<const VemoMask *>(widget));
+        box->button(yes)->click();
+    });
+    QCOMPARE(shortcut->call(nullptr, true), isConfirm ? int(QMessageBox::Apply) : kNoResult);
+    QVERIFY(driver.hasActed());
+}
+
+void MessageShortcutsTest::iconCanBeLeftOut()
+{
+    QFETCH(const Shortcut *, shortcut);
+    QWidget window;
+    window.show();
+    const SheetDriver overWindow([&] {
+        auto *sheet = qobject_cast<VemoMessageSheet *>(sheetOver(&window));
+        QVERIFY(sheet->findChild<QLabel *>()->pixmap(Qt::ReturnByValue).isNull());
+        sheet->quit();
+    });
+    shortcut->call(&window, false);
+    const SheetDriver alone([&] {
+        QCOMPARE(shownBox()->icon(), QMessageBox::NoIcon);
+        shownBox()->reject();
+    });
+    shortcut->call(nullptr, false);
+    QVERIFY(overWindow.hasActed() && alone.hasActed());
+}
+
+void MessageShortcutsTest::confirmationTellsTheAnswer_data()
+{
+    QTest::addColumn<bool>("isCustom");
+    QTest::addColumn<int>("button");
+    QTest::addColumn<int>("result");
+    for (const bool isCustom : {false, true}) {
+        const char *name = isCustom ? "custom" : "plain";
+        QTest::addRow("%s, yes", name) << isCustom << int(Button::Apply) << 0x2000000;
+        QTest::addRow("%s, no", name) << isCustom << int(Button::Discard) << int(Button::Discard);
+        QTest::addRow("%s, quit", name) << isCustom << 0 << 0;
+    }
+}
+
+void MessageShortcutsTest::confirmationTellsTheAnswer()
+{
+    QFETCH(const bool, isCustom);
+    QFETCH(const int, button);
+    QFETCH(const int, result);
+    QWidget window;
+    window.show();
+    const SheetDriver driver([&] {
+        auto *sheet = qobject_cast<VemoMessageSheet *>(sheetOver(&window));
+        if (button == 0)
+            sheet->quit();
+        else
+            sheet->button(QMessageBox::StandardButton(button))->click();
+    });
+    QCOMPARE(isCustom ? showConfirmMsgCustomBtn(kTitle, kText, {"Yes", "No"}, &window)
+                      : showConfirmMsg(kTitle, kText, &window),
+        result);
+}
+
+void MessageShortcutsTest::boxTellsTheAnswer_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::newRow("yes") << int(QMessageBox::Apply);
+    QTest::newRow("no") << int(QMessageBox::Cancel);
+}
+
+void MessageShortcutsTest::boxTellsTheAnswer()
+{
+    QFETCH(const int, button);
+    const SheetDriver driver(
+        [&] { shownBox()->button(QMessageBox::StandardButton(button))->click(); });
+    QCOMPARE(showConfirmMsg(kTitle, kText, nullptr), button);
+}
+
+void MessageShortcutsTest::eachCallLeavesOneHiddenMask()
+{
+    QWidget window;
+    window.show();
+    for (int calls = 1; calls <= 2; ++calls) {
+        const SheetDriver driver([&] { QTest::keyClick(&window, Qt::Key_Return); });
+        showInfoMsg(kTitle, kText, &window);
+        const auto masks = window.findChildren<VemoMask *>();
+        QCOMPARE(masks.size(), calls);
+        for (const VemoMask *mask : masks)
+            QVERIFY(!mask->isVisible());
+        QVERIFY(window.findChildren<VemoSheet *>().isEmpty());
+    }
+}
+
+void MessageShortcutsTest::shadeIsBlackAtTwenty()
+{
+    QWidget window;
+    window.show();
+    const SheetDriver driver([&] {
+        QCOMPARE(
+            window.findChild<VemoMask *>()->palette().color(QPalette::Window), QColor(0, 0, 0, 20));
+        QTest::keyClick(&window, Qt::Key_Return);
+    });
+    showInfoMsg(kTitle, kText, &window);
+    QVERIFY(driver.hasActed());
+}
+
+void MessageShortcutsTest::coversTheWindowOfAnInnerParent()
+{
+    QWidget window;
+    window.resize(500, 400);
+    QWidget inner(&window);
+    inner.resize(300, 30);
+    window.show();
+    const SheetDriver driver([&] {
+        const auto *mask = window.findChild<VemoMask *>();
+        QCOMPARE(mask->parentWidget(), &window);
+        QCOMPARE(mask->size(), window.size());
+        QTest::keyClick(&window, Qt::Key_Return);
+    });
+    showInfoMsg(kTitle, kText, &inner);
+    QVERIFY(driver.hasActed());
+}
+
+VEMO_TEST_MAIN(MessageShortcutsTest)
+#include "tst_messageshortcuts.moc"

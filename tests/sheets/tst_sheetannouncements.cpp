@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// What a screen reader is told while sheets come, change and go.
+#include "sheets/anysheet.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <QAccessible>
+
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
+namespace {
+
+using Announcement = QPair<QAccessible::Event, QObject *>;
+
+QVector<Announcement> announced;
+
+void record(QAccessibleEvent *event)
+{
+    announced += {event->type(), event->object()};
+}
+
+} // namespace
+
+class SheetAnnouncementsTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void comesAndGoesAsADialog_data();
+    void comesAndGoesAsADialog();
+    void changedTextsAreAnnounced();
+};
+
+void SheetAnnouncementsTest::initTestCase()
+{
+    startDefaultTheme();
+    // As if a screen reader were running.
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+    QAccessible::installUpdateHandler(record);
+}
+
+void SheetAnnouncementsTest::comesAndGoesAsADialog_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("message") << "message";
+    QTest::newRow("input") << "input";
+}
+
+void SheetAnnouncementsTest::comesAndGoesAsADialog()
+{
+    QFETCH(const QString, kind);
+    QWidget window;
+    window.show();
+    const AnySheet any(kind, &window);
+    announced.clear();
+    any.execUntil([&] {
+        QCOMPARE(announced.count({QAccessible::DialogStart, any.sheet()}), 1);
+        QCOMPARE(announced.count({QAccessible::DialogEnd, any.sheet()}), 0);
+        any.done(0);
+    });
+    QCOMPARE(announced.count({QAccessible::DialogEnd, any.sheet()}), 1);
+    QCOMPARE(announced.count({QAccessible::Alert, any.sheet()}), kind == "message" ? 1 : 0);
+}
+
+void SheetAnnouncementsTest::changedTextsAreAnnounced()
+{
+    QWidget window;
+    VemoMessageSheet sheet(VemoMessageSheet::Warning, "text", "more", &window);
+    announced.clear();
+    sheet.setText("other");
+    QCOMPARE(announced.count({QAccessible::NameChanged, &sheet}), 1);
+    sheet.setInformativeText("still more");
+    QCOMPARE(announced.count({QAccessible::DescriptionChanged, &sheet}), 1);
+    QCOMPARE(sheet.accessibleName(), "other");
+    QCOMPARE(sheet.accessibleDescription(), "still more");
+}
+
+VEMO_TEST_MAIN(SheetAnnouncementsTest)
+#include "tst_sheetannouncements.moc"
