@@ -29,20 +29,13 @@ bool isArrow(int column)
     return column % 2 != 0;
 }
 
-QPushButton *newButton()
+/// Made in its place and not shown yet, a button works out its sheet only once.
+QPushButton *newButton(QWidget *parent, const QString &style)
 {
-    auto *button = new QPushButton;
+    auto *button = new QPushButton(parent);
     button->setFlat(true);
+    button->setStyleSheet(style);
     return button;
-}
-
-QPushButton *newArrow(const QIcon &icon)
-{
-    QPushButton *arrow = newButton();
-    arrow->setFocusPolicy(Qt::NoFocus); // it does nothing
-    arrow->setIcon(icon);
-    arrow->setFixedSize(scaled(kArrowWidth), scaled(kBarHeight));
-    return arrow;
 }
 
 /// An ampersand alone would turn the letter behind it into a shortcut.
@@ -91,7 +84,7 @@ void VemoButtonPath::refresh(QString path)
     m_change_folder_button->hide();
     m_folder_menu->clear();
     clearRow();
-    addNames(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
+    addParts(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
     updateColumnSize();
 }
 
@@ -147,38 +140,49 @@ void VemoButtonPath::clearRow()
     setColumnCount(0);
 }
 
-/// Styled last, in its place, a button's sheet is worked out once.
-void VemoButtonPath::addButton(QPushButton *button, int column, const QString &style)
+void VemoButtonPath::addButton(QPushButton *button)
 {
+    setCellWidget(0, m_buttons.size(), button);
     m_buttons.append(button);
-    setCellWidget(0, column, button);
-    button->setStyleSheet(style);
 }
 
-void VemoButtonPath::addNames(const QStringList &parts)
+void VemoButtonPath::addArrow(const QIcon &icon, const QString &style)
+{
+    QPushButton *arrow = newButton(viewport(), style);
+    arrow->setFocusPolicy(Qt::NoFocus); // it does nothing
+    arrow->setIcon(icon);
+    arrow->setFixedSize(scaled(kArrowWidth), scaled(kBarHeight));
+    addButton(arrow);
+}
+
+void VemoButtonPath::addName(const QString &part, const QString &style)
+{
+    const int column = m_buttons.size();
+    QPushButton *name = newButton(viewport(), style);
+    name->setText(captionOf(part));
+    name->ensurePolished(); // which may give it another font
+    const int textWidth = name->fontMetrics().boundingRect(part).width();
+    name->setFixedSize(scaled(textWidth + kNamePadding), scaled(kNameHeight));
+    connect(name, SIGNAL(clicked(bool)), m_name_mapper, SLOT(map()));
+    m_name_mapper->setMapping(name, column);
+    setColumnWidth(column, name->width());
+    addButton(name);
+}
+
+void VemoButtonPath::addParts(const QStringList &parts)
 {
     if (parts.isEmpty())
         return;
     const QString arrowStyle = getStyleSheet("component.button_path_arrow");
     const QString nameStyle = getStyleSheet("component.button_path_name_button");
     const QIcon arrowIcon(getGlobalImage("bt_next"));
-    const double factor = DPIinfo::getInstance().getDPI();
 
     // All columns at once: one by one, each would move all those before it.
     setColumnCount(2 * parts.size() - 1);
-    for (int i = 0; i < parts.size(); ++i) {
-        if (i > 0)
-            addButton(newArrow(arrowIcon), 2 * i - 1, arrowStyle);
-        QPushButton *name = newButton();
-        name->setText(captionOf(parts.at(i)));
-        name->setFixedHeight(scaled(kNameHeight));
-        addButton(name, 2 * i, nameStyle);
-        name->ensurePolished();
-        const int textWidth = name->fontMetrics().boundingRect(parts.at(i)).width();
-        name->setFixedWidth(truncToInt(factor * (textWidth + kNamePadding)));
-        connect(name, SIGNAL(clicked(bool)), m_name_mapper, SLOT(map()));
-        m_name_mapper->setMapping(name, 2 * i);
-        setColumnWidth(2 * i, name->width());
+    for (const QString &part : parts) {
+        if (!m_buttons.isEmpty())
+            addArrow(arrowIcon, arrowStyle);
+        addName(part, nameStyle);
     }
 }
 

@@ -7,7 +7,12 @@
 #include <QPainter>
 #include <QPersistentModelIndex>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollBar>
+
+#include <algorithm>
+#include <functional>
+#include <vector>
 
 namespace {
 
@@ -26,7 +31,70 @@ void drawHighlight(QPainter *painter, QRect row, const QColor &color)
     painter->restore();
 }
 
+/// The rows that a selection touches, be it in one column only.
+class TouchedRows
+{
+public:
+    explicit TouchedRows(const QItemSelection &selection)
+    {
+        m_runs.reserve(selection.size());
+        for (const QItemSelectionRange &range : selection)
+            m_runs.push_back({range.parent().internalPointer(), range.top(), range.bottom()});
+        std::sort(m_runs.begin(), m_runs.end());
+        joinRuns();
+    }
+
+    bool contains(const QModelIndex &index) const
+    {
+        const Run row {index.parent().internalPointer(), index.row(), index.row()};
+        auto run = std::upper_bound(m_runs.begin(), m_runs.end(), row);
+        if (run == m_runs.begin())
+            return false;
+        --run;
+        return run->parent == row.parent && run->bottom >= row.top;
+    }
+
+private:
+    struct Run
+    {
+        const void *parent;
+        int top;
+        int bottom;
+
+        bool operator<(const Run &other) const
+        {
+            return parent != other.parent ? std::less<>()(parent, other.parent) : top < other.top;
+        }
+    };
+
+    /// Makes one run of those that share rows, so that a row can only be in the one that begins
+    /// last before it.
+    void joinRuns()
+    {
+        size_t joined = 0;
+        for (size_t i = 1; i < m_runs.size(); ++i) {
+            Run &last = m_runs[joined];
+            if (m_runs[i].parent == last.parent && m_runs[i].top <= last.bottom)
+                last.bottom = qMax(last.bottom, m_runs[i].bottom);
+            else
+                m_runs[++joined] = m_runs[i];
+        }
+        if (!m_runs.empty())
+            m_runs.resize(joined + 1);
+    }
+
+    std::vector<Run> m_runs;
+};
+
 } // namespace
+
+/// What is read once a paint instead of once a row: asking for the pointer may be a round trip to
+/// the display, and asking the selection model is a walk over all that is selected.
+struct VemoTreeWidget::Paint
+{
+    QPoint pointer;
+    TouchedRows touchedRows;
+};
 
 VemoTreeWidget::VemoTreeWidget(QWidget *parent) : QTreeWidget(parent) { }
 
@@ -82,10 +150,9 @@ void VemoTreeWidget::focusInEvent(QFocusEvent * /*event*/)
 
 void VemoTreeWidget::paintEvent(QPaintEvent *event)
 {
-    // Asking for the pointer may be a round trip to the display: once a paint, not once a row.
-    m_pointer_in_paint = mapFromGlobal(QCursor::pos());
+    const Paint paint {mapFromGlobal(QCursor::pos()), TouchedRows(selectionModel()->selection())};
+    const QScopedValueRollback<const Paint *> whilePainting(m_paint, &paint);
     QTreeWidget::paintEvent(event);
-    m_pointer_in_paint.reset();
 }
 
 void VemoTreeWidget::drawRow(
@@ -94,7 +161,7 @@ void VemoTreeWidget::drawRow(
     const QTreeWidgetItem *item = itemFromIndex(index);
     QStyleOptionViewItem row = option;
     if (item) {
-        if (selectionModel()->isRowSelected(index.row(), index.parent()))
+        if (isSelected(index))
             drawHighlight(painter, option.rect, m_selected_color);
         else if (isHovered(option.rect))
             drawHighlight(painter, option.rect, m_hover_color);
@@ -105,10 +172,17 @@ void VemoTreeWidget::drawRow(
     QTreeView::drawRow(painter, row, index);
 }
 
+bool VemoTreeWidget::isSelected(const QModelIndex &index) const
+{
+    if (m_paint && !m_paint->touchedRows.contains(index))
+        return false;
+    return selectionModel()->isRowSelected(index.row(), index.parent());
+}
+
 /// Whether the pointer is over the row that is drawn at rect.
 bool VemoTreeWidget::isHovered(const QRect &rect) const
 {
-    const QPoint pointer = m_pointer_in_paint ? *m_pointer_in_paint : mapFromGlobal(QCursor::pos());
+    const QPoint pointer = m_paint ? m_paint->pointer : mapFromGlobal(QCursor::pos());
     // Deliberate: one pixel lower, and the pointer is taken in the tree, not in its viewport.
     return rect.translated(0, 1).contains(pointer);
 }

@@ -53,8 +53,10 @@ protected:
 private:
     void setupFolderButton();
     void clearRow();
-    void addButton(QPushButton *button, int column, const QString &style);
-    void addNames(const QStringList &parts);
+    void addButton(QPushButton *button);
+    void addArrow(const QIcon &icon, const QString &style);
+    void addName(const QString &part, const QString &style);
+    void addParts(const QStringList &parts);
     void updateColumnSize();
     void setChangeFolderBtn(int width);
     void addFolder(int column);

@@ -6,8 +6,6 @@
 #include <QColor>
 #include <QTreeWidget>
 
-#include <optional>
-
 /// A tree that paints a rounded highlight behind selected and hovered rows and tells the host of
 /// key presses and right clicks.
 ///
@@ -49,9 +47,12 @@ protected:
         const QModelIndex &index) const override;
 
 private:
+    struct Paint;
+
+    bool isSelected(const QModelIndex &index) const;
     bool isHovered(const QRect &rect) const;
 
     QColor m_selected_color;
     QColor m_hover_color;
-    std::optional<QPoint> m_pointer_in_paint; ///< set while the viewport is painted
+    const Paint *m_paint = nullptr; ///< set while the viewport is painted
 };

@@ -11,6 +11,7 @@
 
 #include <QHeaderView>
 #include <QPainter>
+#include <QRandomGenerator>
 #include <QScrollBar>
 
 namespace {
@@ -74,6 +75,7 @@ class VemoTreeWidgetTest : public VemoTest
 private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void highlightsSelectedRows();
+    void highlightsExactlyTheRowsThatAreSelectedAsAWhole();
     void highlightsTheRowUnderThePointer();
     void showsTheSelectionUnderThePointer();
     void readsThePointerAfreshForEachPaint();
@@ -96,6 +98,39 @@ void VemoTreeWidgetTest::highlightsSelectedRows()
     tree.topLevelItem(0)->setSelected(true);
     tree.topLevelItem(2)->setSelected(true);
     QCOMPARE(tree.grounds(), QList<QColor>({kSelected, kGround, kSelected}));
+}
+
+void VemoTreeWidgetTest::highlightsExactlyTheRowsThatAreSelectedAsAWhole()
+{
+    Tree tree;
+    tree.clear();
+    tree.setColumnCount(2);
+    tree.setSelectionMode(QAbstractItemView::MultiSelection);
+    tree.setSelectionBehavior(QAbstractItemView::SelectItems);
+    for (int folder = 0; folder < 3; ++folder) {
+        auto *item = new QTreeWidgetItem(&tree);
+        for (int child = 0; child < 3; ++child)
+            new QTreeWidgetItem(item);
+    }
+    tree.expandAll();
+    tree.resize(300, 500);
+    const QItemSelectionModel *selection = tree.selectionModel();
+    QRandomGenerator random(7);
+    int selected = 0;
+    for (int round = 0; round < 60; ++round) {
+        const QModelIndex index =
+            tree.indexAt({int(random.bounded(250)), int(random.bounded(300))});
+        if (index.isValid())
+            tree.selectionModel()->select(index, QItemSelectionModel::Toggle);
+        for (QTreeWidgetItemIterator item(&tree); *item; ++item) {
+            const QModelIndex row = tree.indexFromItem(*item);
+            const bool isSelected = selection->isRowSelected(row.row(), row.parent());
+            const QPoint probe = tree.visualItemRect(*item).center();
+            QCOMPARE(pixelAt(tree.viewport(), probe), isSelected ? kSelected : kGround);
+            selected += isSelected;
+        }
+    }
+    QVERIFY(selected > 60);
 }
 
 void VemoTreeWidgetTest::highlightsTheRowUnderThePointer()

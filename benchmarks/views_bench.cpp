@@ -1,0 +1,471 @@
+// SPDX-License-Identifier: MIT
+#include "benchmarks/fixture.h"
+#include "benchmarks/harness.h"
+#include "core/scaling_p.h"
+
+#include <vemo/filesystemtreewidgetitem.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemobutton.h>
+#include <vemo/vemobuttonpath.h>
+#include <vemo/vemoiconbutton.h>
+#include <vemo/vemopagingbar.h>
+#include <vemo/vemopagingmodel.h>
+#include <vemo/vemotablewidget.h>
+#include <vemo/vemotreewidget.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QWindow>
+
+namespace {
+
+/// Everything that is shown late, such as the layout of a table, and the paint.
+void process()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+/// What isn't on the screen yet isn't painted; a window manager takes its time.
+void waitUntilExposed(const QWidget &window)
+{
+    const QDeadlineTimer deadline(5000);
+    while (!window.windowHandle()->isExposed() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    process();
+}
+
+// Tables
+
+constexpr int kFillRows = 10'000;
+constexpr int kFillColumns = 20;
+constexpr int kResizeRows = 100;
+
+/// The least width, in design pixels, is that of the stock table's sections.
+VemoTableColumnsInfo equalColumns(int count)
+{
+    VemoTableColumnsInfo columns;
+    for (int column = 0; column < count; ++column)
+        columns.addColumn(QString::number(column), 28, true, 1.0 / count);
+    return columns;
+}
+
+void fill(QTableWidget *table, int rows)
+{
+    table->setRowCount(rows);
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < table->columnCount(); ++column)
+            table->setItem(row, column, new QTableWidgetItem(QStringLiteral("cell")));
+    }
+}
+
+QString tableStyle()
+{
+    return getStyleSheet("component.table") + getStyleSheet("component.scrollbar");
+}
+
+std::unique_ptr<QTableWidget> stockTable(int columns)
+{
+    auto table = std::make_unique<QTableWidget>(0, columns);
+    table->setStyleSheet(tableStyle());
+    table->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header"));
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    table->verticalHeader()->setDefaultSectionSize(scaled(28));
+    table->verticalHeader()->hide();
+    table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table->setShowGrid(false);
+    return table;
+}
+
+void tableFill(bench::Case &c)
+{
+    bench::useTheme();
+    c.goal(1.05, 0.95);
+    c.once();
+    c.items(kFillRows * kFillColumns);
+    c.resultsDiffer(); // The header looks otherwise.
+    c.reference(QStringLiteral("QTableWidget"), []() -> std::unique_ptr<QWidget> {
+        auto table = stockTable(kFillColumns);
+        fill(table.get(), kFillRows);
+        return table;
+    });
+    c.ours([]() -> std::unique_ptr<QWidget> {
+        auto widget = std::make_unique<VemoTableWidget>(equalColumns(kFillColumns), nullptr);
+        fill(widget->getTable(), kFillRows);
+        return widget;
+    });
+}
+
+/// Between two widths in turn, laid out and painted each time.
+template <typename Widget> int resized(Widget &widget)
+{
+    const int width = widget.width() == 900 ? 700 : 900;
+    widget.resize(width, 500);
+    process();
+    return widget.height();
+}
+
+bench::Cases::Setup tableResize(int columns)
+{
+    return [columns](bench::Case &c) {
+        bench::useTheme();
+        const std::shared_ptr<QTableWidget> stock = stockTable(columns);
+        const auto ours = std::make_shared<VemoTableWidget>(equalColumns(columns), nullptr);
+        fill(stock.get(), kResizeRows);
+        fill(ours->getTable(), kResizeRows);
+        stock->show();
+        ours->show();
+        c.goal(columns == 5 ? 1.10 : 1.05, 0.95);
+        c.reference(QStringLiteral("QTableWidget, Stretch"), [stock] { return resized(*stock); });
+        c.ours([ours] { return resized(*ours); });
+    };
+}
+
+// Trees
+
+constexpr int kTreeItems = 100'000;
+constexpr int kTreeGroup = 100;
+constexpr int kScrollItems = 10'000;
+
+QString nameOf(int number)
+{
+    return QString::number(number * 7919 % 1'000'003);
+}
+
+/// Folders of a hundred items each.
+template <typename Item> std::unique_ptr<QTreeWidget> filled(std::unique_ptr<QTreeWidget> tree)
+{
+    tree->setUniformRowHeights(true);
+    QList<QTreeWidgetItem *> folders;
+    for (int i = 0; i < kTreeItems / kTreeGroup; ++i) {
+        auto *folder = new Item;
+        folder->setText(0, nameOf(i));
+        for (int j = 1; j < kTreeGroup; ++j) {
+            auto *item = new Item;
+            item->setText(0, nameOf(i * kTreeGroup + j));
+            folder->addChild(item);
+        }
+        folders << folder;
+    }
+    tree->addTopLevelItems(folders);
+    return tree;
+}
+
+std::unique_ptr<QTreeWidget> stockTree()
+{
+    return filled<QTreeWidgetItem>(std::make_unique<QTreeWidget>());
+}
+
+std::unique_ptr<QTreeWidget> ourTree()
+{
+    return filled<FileSystemTreeWidgetItem>(std::make_unique<VemoTreeWidget>());
+}
+
+void treeBuild(bench::Case &c)
+{
+    bench::useTheme();
+    c.goal(1.05);
+    c.once();
+    c.items(kTreeItems);
+    c.resultsDiffer(); // Ours highlights the row under the pointer.
+    c.reference(
+        QStringLiteral("QTreeWidget"), []() -> std::unique_ptr<QWidget> { return stockTree(); });
+    c.ours([]() -> std::unique_ptr<QWidget> { return ourTree(); });
+}
+
+/// A tree that a step is done to, made anew before each call.
+using Step = void (*)(QTreeWidget &tree);
+
+bench::Cases::Setup treeStep(Step step)
+{
+    return [step](bench::Case &c) {
+        bench::useTheme();
+        const auto tree = std::make_shared<std::unique_ptr<QTreeWidget>>();
+        const auto run = [tree, step] {
+            step(**tree);
+            return (*tree)->topLevelItem(0)->text(0);
+        };
+        c.goal(1.05);
+        c.once();
+        c.items(kTreeItems);
+        c.reference(QStringLiteral("QTreeWidget"), run, [tree] { *tree = stockTree(); });
+        c.ours(run, [tree] { *tree = ourTree(); });
+    };
+}
+
+void sortTree(QTreeWidget &tree)
+{
+    tree.sortItems(0, Qt::AscendingOrder);
+}
+
+void expandTree(QTreeWidget &tree)
+{
+    tree.expandAll();
+}
+
+/// A flat tree, shown, with so many selected rows apart from each other.
+template <typename Tree, typename Item>
+std::shared_ptr<QTreeWidget> scrollTree(int ranges, const QString &style)
+{
+    auto tree = std::make_shared<Tree>();
+    tree->setStyleSheet(style);
+    tree->setHeaderHidden(true);
+    tree->setUniformRowHeights(true);
+    tree->setSelectionMode(QAbstractItemView::MultiSelection);
+    tree->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    QList<QTreeWidgetItem *> items;
+    for (int i = 0; i < kScrollItems; ++i) {
+        items << new Item;
+        items.last()->setText(0, nameOf(i));
+    }
+    tree->addTopLevelItems(items);
+    for (int i = 0; i < ranges; ++i)
+        items.at(i * (kScrollItems / ranges))->setSelected(true);
+    tree->resize(400, 600);
+    tree->show();
+    waitUntilExposed(*tree);
+    return tree;
+}
+
+/// One frame of a scroll through the rows.
+int scrolled(QTreeWidget &tree)
+{
+    QScrollBar *bar = tree.verticalScrollBar();
+    bar->setValue(bar->value() + 37 < bar->maximum() ? bar->value() + 37 : 0);
+    tree.viewport()->repaint();
+    return tree.topLevelItemCount();
+}
+
+bench::Cases::Setup treeScroll(int ranges)
+{
+    return [ranges](bench::Case &c) {
+        bench::useTheme();
+        const QString style = getStyleSheet("component.tree");
+        // A stock tree paints its selection itself.
+        QString stockStyle = style;
+        stockStyle.replace(QLatin1String("selection-background-color: transparent"),
+            QLatin1String("selection-background-color: #DCEBFB"));
+        const auto stock = scrollTree<QTreeWidget, QTreeWidgetItem>(ranges, stockStyle);
+        const auto ours = scrollTree<VemoTreeWidget, FileSystemTreeWidgetItem>(ranges, style);
+        c.check([=] { return stockStyle != style; });
+        static_cast<VemoTreeWidget &>(*ours).setBackgroundColor(
+            QColor("#DCEBFB"), QColor("#EEF3F8"));
+        c.goal(ranges == 1000 ? 1.25 : 1.10, 1.06);
+        c.goalOnX11(1.2);
+        c.reference(QStringLiteral("QTreeWidget"), [stock] { return scrolled(*stock); });
+        c.ours([ours] { return scrolled(*ours); });
+    };
+}
+
+// Path
+
+QStringList pathParts(int count)
+{
+    QStringList parts;
+    for (int part = 0; part < count; ++part)
+        parts << QStringLiteral("Folder %1").arg(part);
+    return parts;
+}
+
+/// A row of buttons in a window, made anew from a path.
+class ButtonRow
+{
+public:
+    explicit ButtonRow(bool isStyled)
+        : m_name_style(isStyled ? getStyleSheet("component.button_path_name_button") : QString()),
+          m_arrow_style(isStyled ? getStyleSheet("component.button_path_arrow") : QString())
+    {
+        m_window.resize(900, scaled(28));
+        m_window.show();
+        process();
+    }
+
+    int refresh(const QStringList &parts)
+    {
+        delete m_row;
+        m_row = new QWidget(&m_window);
+        auto *layout = new QHBoxLayout(m_row);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+        const QIcon arrow(getGlobalImage("bt_next"));
+        for (const QString &part : parts) {
+            if (layout->count() > 0) {
+                auto *button = newButton(m_arrow_style);
+                button->setIcon(arrow);
+                button->setFixedSize(scaled(6), scaled(28));
+                layout->addWidget(button);
+            }
+            auto *button = newButton(m_name_style);
+            button->setText(part);
+            button->setFixedHeight(scaled(26));
+            button->setFixedWidth(scaled(button->fontMetrics().boundingRect(part).width() + 16));
+            layout->addWidget(button);
+        }
+        m_row->adjustSize();
+        m_row->show();
+        process();
+        return layout->count();
+    }
+
+private:
+    static QPushButton *newButton(const QString &style)
+    {
+        auto *button = new QPushButton;
+        button->setFlat(true);
+        button->setStyleSheet(style);
+        return button;
+    }
+
+    QWidget m_window;
+    QWidget *m_row = nullptr;
+    QString m_name_style;
+    QString m_arrow_style;
+};
+
+bench::Cases::Setup pathRefresh(int depth)
+{
+    return [depth](bench::Case &c) {
+        bench::useTheme();
+        const QStringList parts = pathParts(depth);
+        const auto stock = std::make_shared<ButtonRow>(true);
+        const auto bare = std::make_shared<ButtonRow>(false);
+        const auto ours = std::make_shared<VemoButtonPath>();
+        ours->resize(900, ours->height());
+        ours->show();
+        process();
+        if (depth == 5)
+            c.goal(1.1, 0.95);
+        else
+            c.goal(0.9, 0.75);
+        c.reference(
+            QStringLiteral("button row, sheet each"), [=] { return stock->refresh(parts); });
+        c.limit(QStringLiteral("no sheet"), [=] { return bare->refresh(parts); });
+        c.ours([=] {
+            ours->refresh(parts.join(QLatin1Char('/')));
+            process();
+            return ours->columnCount();
+        });
+    };
+}
+
+// Paging
+
+constexpr int kPages = 1000;
+constexpr int kNavigation = 4;
+constexpr int kNumbers = 5;
+
+/// The keyboard focus stays off the buttons: its ring takes longer to draw.
+void showBar(QWidget &bar)
+{
+    bar.resize(700, scaled(32));
+    bar.setFocusPolicy(Qt::StrongFocus);
+    bar.show();
+    process();
+    bar.setFocus();
+}
+
+/// What a host would build of stock buttons, on a bar that is styled alike.
+class StockPaging
+{
+public:
+    StockPaging()
+    {
+        auto *bar = new QWidget;
+        bar->setObjectName(QStringLiteral("PAGINGBARBORDER"));
+        bar->setStyleSheet(getStyleSheet("component.paging_bar_border"));
+        auto *windowLayout = new QHBoxLayout(&m_window);
+        windowLayout->setContentsMargins(0, 0, 0, 0);
+        windowLayout->addWidget(bar);
+        auto *layout = new QHBoxLayout(bar);
+        layout->setContentsMargins(0, 0, 0, 0);
+        for (int i = 0; i < kNavigation; ++i) {
+            m_navigation[i] = new QToolButton;
+            m_navigation[i]->setIcon(getGlobalImage("bt_pagebar_next"));
+            m_navigation[i]->setStyleSheet(getStyleSheet("component.icon_button"));
+            layout->addWidget(m_navigation[i]);
+        }
+        for (int i = 0; i < kNumbers; ++i) {
+            m_numbers[i] = new QPushButton;
+            m_numbers[i]->setFlat(true);
+            m_numbers[i]->setFixedHeight(scaled(24));
+            m_numbers[i]->setMinimumWidth(scaled(24));
+            m_numbers[i]->setStyleSheet(getStyleSheet(
+                i == 2 ? "component.select_paging_button" : "component.nonselect_paging_button"));
+            layout->addWidget(m_numbers[i]);
+        }
+        layout->addStretch();
+        showBar(m_window);
+    }
+
+    int setPage(int page)
+    {
+        for (int i = 0; i < kNumbers; ++i) {
+            const int number = page - 2 + i;
+            const bool exists = number > 0 && number <= kPages;
+            m_numbers[i]->setText(exists ? QString::number(number) : QStringLiteral(" "));
+            m_numbers[i]->setEnabled(exists);
+        }
+        for (int i = 0; i < kNavigation; ++i)
+            m_navigation[i]->setEnabled(i < 2 ? page != 1 : page < kPages);
+        process();
+        return page;
+    }
+
+private:
+    QWidget m_window;
+    QToolButton *m_navigation[kNavigation] = {};
+    QPushButton *m_numbers[kNumbers] = {};
+};
+
+struct OurPaging
+{
+    VemoPagingModel model {10, nullptr};
+    VemoPagingBar bar {&model, nullptr};
+
+    OurPaging() { showBar(bar); }
+    int setPage(int page)
+    {
+        model.setNowPage(page);
+        bar.setItemCount(10 * kPages);
+        process();
+        return model.nowPage();
+    }
+};
+
+void pagingSet(bench::Case &c)
+{
+    bench::useTheme();
+    const auto stock = std::make_shared<StockPaging>();
+    const auto ours = std::make_shared<OurPaging>();
+    const auto stockPage = std::make_shared<int>(0);
+    const auto ourPage = std::make_shared<int>(0);
+    c.goal(1.1, 1.0);
+    c.reference(QStringLiteral("9 styled stock buttons, on a styled bar"),
+        [=] { return stock->setPage(*stockPage = *stockPage % kPages + 1); });
+    c.ours([=] { return ours->setPage(*ourPage = *ourPage % kPages + 1); });
+}
+
+void viewCases(bench::Cases &cases)
+{
+    cases.add(QStringLiteral("table.fill"), tableFill);
+    for (const int columns : {5, 20, 80})
+        cases.add(QStringLiteral("table.resize/%1").arg(columns), tableResize(columns));
+    cases.add(QStringLiteral("tree.build"), treeBuild);
+    cases.add(QStringLiteral("tree.sort"), treeStep(sortTree));
+    cases.add(QStringLiteral("tree.expand"), treeStep(expandTree));
+    for (const int ranges : {0, 100, 1000})
+        cases.add(QStringLiteral("tree.scroll/%1 ranges").arg(ranges), treeScroll(ranges));
+    for (const int depth : {5, 50, 500})
+        cases.add(QStringLiteral("path.refresh/%1").arg(depth), pathRefresh(depth));
+    cases.add(QStringLiteral("paging.set/painted"), pagingSet);
+}
+
+const bool isRegistered = bench::addFamily(viewCases);
+
+} // namespace
