@@ -43,6 +43,8 @@ AccessibleFilter::AccessibleFilter(const QList<QWidget *> &widgets, Qt::FocusPol
 {
 }
 
+// Lists and filters are taken by value: that is how the functions are declared.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded)
 {
     const QSet<QWidget *> excludedSet = setOf(excluded);
@@ -51,6 +53,7 @@ QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded)
     });
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 QList<QWidget *> accessibleList(QWidget *root, AccessibleFilter filter)
 {
     const QSet<QWidget *> excludedSet = setOf(filter.filterWidgets());

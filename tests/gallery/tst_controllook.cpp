@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "gallery/controlsnapshots.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/stylemanager.h>
+#include <vemo/vemomenu.h>
+
+#include <QLineEdit>
+#include <QtMath>
+
+/// That the theme shows the states of the small controls apart, and moves nothing between them.
+class ControlLookTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void statesLookDifferent_data();
+    void statesLookDifferent();
+    void focusMovesNothing_data();
+    void focusMovesNothing();
+    void errorShowsInEveryStateOfAField();
+    void sheetsMayGiveAFieldALowerHeight();
+    void menuEntriesLookDifferent();
+    void menuTextsLineUp();
+};
+
+namespace {
+
+using Make = QWidget *(*)(QStyle::State);
+
+template <Qt::CheckState checkState> QWidget *newCheckBox(QStyle::State state)
+{
+    auto *box = new CheckBoxSnapshot(checkState, state);
+    box->setText("Text");
+    return box;
+}
+
+template <bool isChecked> QWidget *newRadioButton(QStyle::State state)
+{
+    auto *button = new RadioButtonSnapshot(isChecked, state);
+    button->setText("Text");
+    return button;
+}
+
+QWidget *newComboBox(QStyle::State state)
+{
+    return new ComboBoxSnapshot("Text", state);
+}
+
+template <bool isWrong> QWidget *newField(QStyle::State state)
+{
+    auto *edit = new LineEditSnapshot("Text", state);
+    edit->setError(isWrong);
+    return edit;
+}
+
+const QStyle::State kPressed = QStyle::State_Sunken | QStyle::State_MouseOver;
+
+QImage pictureOf(Make make, QStyle::State state, bool isEnabled = true)
+{
+    const QScopedPointer<QWidget> widget(make(state));
+    widget->setEnabled(isEnabled);
+    widget->resize(widget->sizeHint());
+    return widget->grab().toImage();
+}
+
+void rows()
+{
+    QTest::addColumn<Make>("make");
+    QTest::addColumn<bool>("canBePressed");
+    const auto row = [](const char *name, Make make, bool canBePressed) {
+        QTest::newRow(name) << make << canBePressed;
+    };
+    row("check box, unchecked", newCheckBox<Qt::Unchecked>, true);
+    row("check box, checked", newCheckBox<Qt::Checked>, true);
+    row("check box, indeterminate", newCheckBox<Qt::PartiallyChecked>, true);
+    row("radio button, off", newRadioButton<false>, true);
+    row("radio button, on", newRadioButton<true>, true);
+    row("combo box", newComboBox, false);
+    row("field", newField<false>, false);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Make)
+
+void ControlLookTest::statesLookDifferent_data()
+{
+    rows();
+}
+
+void ControlLookTest::statesLookDifferent()
+{
+    QFETCH(Make, make);
+    QFETCH(bool, canBePressed);
+    QVector<QImage> looks {pictureOf(make, QStyle::State_None),
+        pictureOf(make, QStyle::State_MouseOver), pictureOf(make, QStyle::State_HasFocus),
+        pictureOf(make, QStyle::State_None, false)};
+    if (canBePressed)
+        looks += pictureOf(make, kPressed);
+    for (int i = 0; i < looks.size(); ++i) {
+        for (int j = 0; j < i; ++j)
+            QVERIFY2(looks[i] != looks[j], qPrintable(QString("%1 is like %2").arg(i).arg(j)));
+    }
+}
+
+void ControlLookTest::focusMovesNothing_data()
+{
+    rows();
+    QTest::newRow("field with an error") << Make(newField<true>) << false;
+}
+
+void ControlLookTest::focusMovesNothing()
+{
+    QFETCH(Make, make);
+    const QImage rest = pictureOf(make, QStyle::State_None);
+    const QImage focused = pictureOf(make, QStyle::State_HasFocus);
+    QCOMPARE(focused.size(), rest.size());
+    // The text's ink is where it was.
+    const auto ink = [](const QImage &picture) {
+        const int frame = 4 * qCeil(picture.devicePixelRatio());
+        QRegion region;
+        for (int y = frame; y < picture.height() - frame; ++y) {
+            for (int x = frame; x < picture.width() - frame; ++x) {
+                if (picture.pixelColor(x, y).lightness() < 60)
+                    region += QRect(x, y, 1, 1);
+            }
+        }
+        return region;
+    };
+    QVERIFY(!ink(rest).isEmpty());
+    QCOMPARE(ink(focused).boundingRect().topLeft(), ink(rest).boundingRect().topLeft());
+}
+
+void ControlLookTest::errorShowsInEveryStateOfAField()
+{
+    for (const QStyle::State state :
+        {QStyle::State_None, QStyle::State_MouseOver, QStyle::State_HasFocus})
+        QVERIFY(pictureOf(newField<true>, state) != pictureOf(newField<false>, state));
+}
+
+void ControlLookTest::sheetsMayGiveAFieldALowerHeight()
+{
+    QLineEdit field;
+    field.setStyleSheet(getStyleSheet("component.lineedit"));
+    field.setFixedHeight(20);
+    field.show();
+    QCOMPARE(field.height(), 20);
+    QCOMPARE(field.minimumHeight(), 20);
+}
+
+namespace {
+
+QMenu *newMenu()
+{
+    auto *menu = new VemoMenu;
+    menu->setStyleSheet(getStyleSheet("component.menu"));
+    menu->addAction(QIcon(getGlobalImage("bt_edit")), "Same text");
+    menu->addAction("Same text");
+    QAction *checked = menu->addAction("Same text");
+    checked->setCheckable(true);
+    checked->setChecked(true);
+    menu->addAction("Same text")->setEnabled(false);
+    menu->resize(menu->sizeHint());
+    return menu;
+}
+
+/// An entry of a menu, without what stands at its left and right.
+QImage entry(QMenu *menu, int index)
+{
+    const QRect area = menu->actionGeometry(menu->actions().at(index));
+    return menu->grab(area.adjusted(area.height() * 3 / 4, 0, -area.height() / 2, 0)).toImage();
+}
+
+} // namespace
+
+void ControlLookTest::menuEntriesLookDifferent()
+{
+    const QScopedPointer<QMenu> menu(newMenu());
+    const QImage rest = entry(menu.data(), 1);
+    QVERIFY(entry(menu.data(), 3) != rest);
+    menu->setActiveAction(menu->actions().at(1));
+    QVERIFY(entry(menu.data(), 1) != rest);
+}
+
+void ControlLookTest::menuTextsLineUp()
+{
+    const QScopedPointer<QMenu> menu(newMenu());
+    const auto textStart = [&](int index) {
+        const QImage picture = entry(menu.data(), index);
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                if (picture.pixelColor(x, y).lightness() < 120)
+                    return qRound(x / picture.devicePixelRatio());
+            }
+        }
+        return -1;
+    };
+    QVERIFY(textStart(1) > 0);
+    // Icons take Qt's own width, which rounds otherwise than the theme's lengths.
+    QVERIFY(qAbs(textStart(0) - textStart(1)) <= 2);
+    QCOMPARE(textStart(2), textStart(1));
+}
+
+VEMO_TEST_MAIN(ControlLookTest)
+#include "tst_controllook.moc"
