@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemotimecombobox.h>
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QRegularExpressionValidator>
+#include <QStandardItemModel>
+
+#include <limits>
+
+namespace {
+
+constexpr int kTimeLength = 5; // HH:mm
+
+QString twoDigits(const QString &part)
+{
+    return part.size() < 2 ? part.rightJustified(2, QLatin1Char('0')) : part;
+}
+
+/// The time in full that was typed: "9" is 09:00. A single minute digit is one of the units: "9:5"
+/// is 09:05.
+QString completed(const QString &typed)
+{
+    const QStringList parts = typed.split(QLatin1Char(':'));
+    const QString minutes = parts.size() == 1 ? QString() : parts[1];
+    return twoDigits(parts[0]) + QLatin1Char(':') + twoDigits(minutes);
+}
+
+bool isEnter(const QEvent *event)
+{
+    const int key = static_cast<const QKeyEvent *>(event)->key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
+
+VemoTimeComboBox::VemoTimeComboBox(QWidget *parent)
+    : VemoComboBox(parent), m_max_visible(maxVisibleItems())
+{
+    installEventFilter(this);
+    view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+}
+
+void VemoTimeComboBox::setEditable(bool editable)
+{
+    if (isEditable() == editable)
+        return;
+    QComboBox::setEditable(editable);
+    if (editable) {
+        setUpEditing();
+        insertCustomItem();
+    } else if (customItem()) {
+        removeItem(m_custom_row.row());
+        adjustMaxVisibleItems();
+    }
+}
+
+void VemoTimeComboBox::setCurrentText(const std::string &text)
+{
+    const QString time = QString::fromStdString(text);
+    restoreCustomItem();
+    const int row = rowOf(time);
+    if (!isEditable()) {
+        setCurrentIndex(qMax(row, 0));
+    } else if (row < 0) {
+        fillCustomItem(time);
+        setCurrentIndex(m_custom_index);
+    } else {
+        setItemVisible(false);
+        setCurrentIndex(row);
+    }
+}
+
+void VemoTimeComboBox::setDefault(const std::string &text)
+{
+    const QString time = QString::fromStdString(text);
+    restoreCustomItem();
+    const int row = rowOf(time);
+    if (!isEditable()) {
+        m_default_index = qMax(row, 0);
+    } else if (row < 0) {
+        fillCustomItem(time);
+        m_default_index = m_custom_index;
+    } else {
+        setItemVisible(false);
+        m_default_index = row;
+    }
+}
+
+void VemoTimeComboBox::setCustomText(const QString &text)
+{
+    m_custom_text = text;
+}
+
+void VemoTimeComboBox::setMaxVisibleItems(int count)
+{
+    m_max_visible = count;
+    adjustMaxVisibleItems();
+}
+
+bool VemoTimeComboBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress && isEnter(event)) {
+        clearFocus();
+    } else if (event->type() == QEvent::FocusIn) {
+        // Where items were put before the custom one it has moved.
+        if (customItem() && currentIndex() == m_custom_row.row())
+            setItemText(currentIndex(), currentText().left(kTimeLength));
+    } else if (event->type() == QEvent::FocusOut) {
+        correctTime();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void VemoTimeComboBox::setItemVisible(bool visible)
+{
+    if (QStandardItem *item = customItem()) {
+        if (auto *list = qobject_cast<QListView *>(view()))
+            list->setRowHidden(m_custom_index, !visible);
+        item->setEnabled(visible);
+    }
+    adjustMaxVisibleItems();
+}
+
+void VemoTimeComboBox::adjustMaxVisibleItems()
+{
+    const QStandardItem *item = isEditable() ? customItem() : nullptr;
+    const bool isHidden = item && !item->isEnabled();
+    const bool hasRoom = m_max_visible < std::numeric_limits<int>::max();
+    QComboBox::setMaxVisibleItems(isHidden && hasRoom ? m_max_visible + 1 : m_max_visible);
+}
+
+void VemoTimeComboBox::correctTime()
+{
+    const QString typed = currentText().left(kTimeLength);
+    restoreCustomItem();
+    if (typed.isEmpty()) {
+        selectDefault();
+        return;
+    }
+    const QString time = completed(typed);
+    const int row = rowOf(time);
+    if (!isEditable()) {
+        setCurrentIndex(qMax(row, 0));
+    } else if (row < 0 || row == m_custom_index) {
+        fillCustomItem(time);
+        setCurrentIndex(m_custom_index);
+        // Deliberate: another time in the same row is a change, too.
+        Q_EMIT currentIndexChanged(m_custom_index);
+    } else {
+        setItemVisible(false);
+        setCurrentIndex(row);
+    }
+}
+
+void VemoTimeComboBox::setUpEditing()
+{
+    if (!m_validator) {
+        const QRegularExpression time(
+            QStringLiteral(R"(^(?:\d|[01]\d|2[0-3])(?:|:|:\d|:[0-5]\d)$)"));
+        m_validator = new QRegularExpressionValidator(time, this);
+    }
+    lineEdit()->setValidator(m_validator);
+    lineEdit()->setFocusPolicy(Qt::StrongFocus);
+    // A completer would make 14:30 of 14:3, and Return would add what was typed as an item.
+    setCompleter(nullptr);
+    setInsertPolicy(NoInsert);
+}
+
+void VemoTimeComboBox::insertCustomItem()
+{
+    m_custom_index = qMin(m_custom_index, count());
+    insertItem(m_custom_index, QString());
+    m_custom_row = model()->index(m_custom_index, modelColumn(), rootModelIndex());
+    setItemVisible(false);
+}
+
+// The caller may have cleared the items, the custom one with them, or put some before it.
+void VemoTimeComboBox::restoreCustomItem()
+{
+    if (customItem())
+        m_custom_index = m_custom_row.row();
+    else if (isEditable())
+        insertCustomItem();
+}
+
+QStandardItem *VemoTimeComboBox::customItem() const
+{
+    const auto *items = qobject_cast<const QStandardItemModel *>(model());
+    const bool isThere = items && m_custom_row.isValid() && m_custom_row.model() == items;
+    return isThere ? items->itemFromIndex(m_custom_row) : nullptr;
+}
+
+int VemoTimeComboBox::rowOf(const QString &text) const
+{
+    return findData(text, Qt::DisplayRole, Qt::MatchCaseSensitive);
+}
+
+void VemoTimeComboBox::fillCustomItem(const QString &time)
+{
+    const QString suffix = m_custom_text.isEmpty() ? QString() : QLatin1Char(' ') + m_custom_text;
+    if (customItem())
+        setItemText(m_custom_index, time + suffix);
+    setItemVisible(true);
+}
+
+void VemoTimeComboBox::selectDefault()
+{
+    const bool isBeyond = m_default_index >= count();
+    setItemVisible(isBeyond);
+    setCurrentIndex(isBeyond ? m_custom_index : m_default_index);
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/vemocombobox.h>
+
+#include <QPersistentModelIndex>
+
+#include <string>
+
+class QStandardItem;
+class QValidator;
+
+/// A combo box for a time of day. Its items are times written HH:mm, which the caller adds; where
+/// it is editable the user may also type one, which is completed when the field loses the focus: 9
+/// becomes 09:00, and 9:5 becomes 09:05.
+///
+/// While it is editable a custom item stands in front of the caller's, hidden until it has a time
+/// to show that is not among them: rows count from 1 then. Call setDefault() after setEditable(),
+/// whose custom item shifts the rows. It relies on QComboBox's own model and view.
+///
+/// Load the style files before. It belongs to its parent.
+///
+///     auto *start = new VemoTimeComboBox(page);
+///     start->addItems({ "00:00", "06:00", "12:00", "18:00" });
+///     start->setEditable(true);
+///     start->setDefault("06:00");
+class VEMO_EXPORT VemoTimeComboBox : public VemoComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit VemoTimeComboBox(QWidget *parent = nullptr);
+
+    /// Whether a time may be typed; at first not. Inserts the custom item, or removes it. It hides
+    /// a function of QComboBox that is not virtual: call it through this class.
+    void setEditable(bool editable);
+
+    /// Selects the item of this very text. Where there is none an editable box shows the text, as
+    /// it stands, in the custom item, and any other selects its first row.
+    void setCurrentText(const std::string &text);
+
+    /// Which item an emptied field returns to; at first that of row 0. A text that is not among the
+    /// items goes into the custom item, or means row 0 where the box is not editable.
+    void setDefault(const std::string &text);
+
+    /// What follows a typed time, after one blank, from the next one on; at first nothing.
+    void setCustomText(const QString &text);
+
+    /// How many rows the list shows at most. A hidden custom item takes none of them: then
+    /// maxVisibleItems() is one more.
+    void setMaxVisibleItems(int count);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void setItemVisible(bool visible);
+    void adjustMaxVisibleItems();
+    void correctTime();
+    void setUpEditing();
+    void insertCustomItem();
+    void restoreCustomItem();
+    QStandardItem *customItem() const;
+    int rowOf(const QString &text) const;
+    void fillCustomItem(const QString &time);
+    void selectDefault();
+
+    int m_custom_index = 0;
+    int m_default_index = 0;
+    int m_max_visible;
+    QString m_custom_text;
+    QPersistentModelIndex m_custom_row;
+    QValidator *m_validator = nullptr;
+};

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/vemotest.h"
+
+#include <vemo/vemotimecombobox.h>
+
+#include <QLineEdit>
+#include <QListView>
+#include <QStandardItemModel>
+
+inline QString timeOf(int hour, int minute)
+{
+    return QString::asprintf("%02d:%02d", hour, minute);
+}
+
+inline QStringList halfHours()
+{
+    QStringList times;
+    for (int minute = 0; minute < 24 * 60; minute += 30)
+        times += timeOf(minute / 60, minute % 60);
+    return times;
+}
+
+enum Kind { Plain, Editable };
+
+/// A box of half hours that is told of the focus by send().
+struct Box : VemoTimeComboBox
+{
+    explicit Box(Kind kind = Editable, const QStringList &times = halfHours())
+        : VemoTimeComboBox(nullptr)
+    {
+        addItems(times);
+        setEditable(kind == Editable);
+    }
+
+    QStandardItem *item(int row) const
+    {
+        return static_cast<QStandardItemModel *>(model())->item(row);
+    }
+    bool isRowShown(int row) const { return !static_cast<QListView *>(view())->isRowHidden(row); }
+    bool isCustomShown() const
+    {
+        const bool isShown = isRowShown(0);
+        if (item(0)->isEnabled() != isShown)
+            qWarning("row and flag of the custom item differ");
+        return isShown;
+    }
+    void send(QEvent::Type type)
+    {
+        QFocusEvent event(type, Qt::OtherFocusReason);
+        QCoreApplication::sendEvent(this, &event);
+    }
+    void leaveWith(const QString &typed)
+    {
+        lineEdit()->setText(typed);
+        send(QEvent::FocusOut);
+    }
+};
+
+/// A box with the focus, in an active window beside another field.
+struct Form
+{
+    explicit Form(Kind kind = Editable, const QStringList &times = halfHours()) : box(kind, times)
+    {
+        box.setParent(&window);
+        other.setParent(&window);
+        other.move(0, 60);
+        window.resize(300, 120);
+        window.show();
+        window.activateWindow();
+        isActive = QTest::qWaitForWindowActive(&window);
+        box.setFocus();
+        box.clearEditText();
+    }
+    void type(const QString &text)
+    {
+        for (const QChar character : text)
+            QTest::keyClick(window.windowHandle(), character.toLatin1());
+    }
+    void press(Qt::Key key) { QTest::keyClick(window.windowHandle(), key); }
+
+    QWidget window;
+    QLineEdit other;
+    Box box;
+    bool isActive = false;
+};
