@@ -33,14 +33,16 @@ class Descriptor
 public:
     explicit Descriptor(int number) : m_number(number) { }
     Descriptor(Descriptor &&other) noexcept : m_number(std::exchange(other.m_number, -1)) { }
-    ~Descriptor()
-    {
-        if (m_number >= 0)
-            ::close(m_number);
-    }
+    ~Descriptor() { close(); }
     Q_DISABLE_COPY(Descriptor)
 
     int number() const { return m_number; }
+    bool isOpen() const { return m_number >= 0; }
+    void close()
+    {
+        if (isOpen())
+            ::close(std::exchange(m_number, -1));
+    }
 
 private:
     int m_number;
@@ -110,7 +112,7 @@ LocalStream::~LocalStream() = default;
 
 int LocalStream::read(char *bytes, int size)
 {
-    if (!m_handle)
+    if (!m_handle->descriptor.isOpen())
         return -1;
     const ssize_t count = recv(m_handle->descriptor.number(), bytes, size_t(size), 0);
     if (count > 0)
@@ -121,25 +123,26 @@ int LocalStream::read(char *bytes, int size)
 
 void LocalStream::stopReading()
 {
-    if (m_handle)
-        m_handle->notifier.setEnabled(false);
+    m_handle->notifier.setEnabled(false);
 }
 
 void LocalStream::finish(const QByteArray &bytes)
 {
     // A few bytes always find room: nothing was written on this connection before.
-    if (m_handle)
+    if (m_handle->descriptor.isOpen())
         send(m_handle->descriptor.number(), bytes.constData(), size_t(bytes.size()), MSG_NOSIGNAL);
     close();
 }
 
 void LocalStream::close()
 {
-    if (!m_handle)
+    if (!m_handle->descriptor.isOpen())
         return;
+    // The notifier itself may be what calls us: it stays.
+    m_handle->notifier.setEnabled(false);
     // Shut down for all who may have a copy of the descriptor, such as a process being started.
     shutdown(m_handle->descriptor.number(), SHUT_RDWR);
-    m_handle.reset();
+    m_handle->descriptor.close();
 }
 
 struct LocalListener::Handle
@@ -215,7 +218,7 @@ void LocalListener::acceptWaiting()
     for (int i = 0; i < kAcceptsPerEvent && m_handle && !m_handle->isPaused; ++i) {
         Descriptor socket(
             accept4(m_handle->descriptor.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-        if (socket.number() < 0) {
+        if (!socket.isOpen()) {
             if (errno != EAGAIN && errno != EINTR && errno != ECONNABORTED)
                 pauseAfterError();
             return;
