@@ -3,6 +3,7 @@
 
 option(BUILD_SHARED_LIBS "Build shared libraries" ON)
 option(VEMO_BUILD_GALLERY "Build the gallery" ${PROJECT_IS_TOP_LEVEL})
+option(VEMO_BUILD_EXAMPLES "Build the examples" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(VEMO_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)

@@ -5,8 +5,8 @@
 #include "gallery/screenshots.h"
 
 #include <vemo/defaulttheme.h>
+#include <vemo/qtsingleapplication.h>
 
-#include <QApplication>
 #include <QTextStream>
 
 namespace {
@@ -36,9 +36,10 @@ bool hasDisplay()
         || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-int runWindow(const Options &options)
+int runWindow(QtSingleApplication &app, const Options &options)
 {
     GalleryWindow window(options);
+    app.setActivationWindow(&window);
     window.show();
     return QApplication::exec();
 }
@@ -55,7 +56,7 @@ void setLook()
     }
 }
 
-int run(const Options &options)
+int run(QtSingleApplication &app, const Options &options)
 {
     setLook();
     if (!installDefaultTheme(options.userFolder, options.language, options.pictures))
@@ -64,7 +65,7 @@ int run(const Options &options)
             kFailure);
     installGalleryStyle();
     if (options.screenshots.isEmpty())
-        return runWindow(options);
+        return runWindow(app, options);
     const QString error = writeScreenshots(options);
     return error.isEmpty() ? 0 : fail(error, kFailure);
 }
@@ -88,6 +89,9 @@ int main(int argc, char **argv)
     }
     // Without it Qt draws icons at half their pixels where the screen has two to a point.
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication app(argc, argv);
-    return run(line.options);
+    QtSingleApplication app(argc, argv);
+    // Pictures are written whatever else runs; of the window there is one.
+    if (line.options.screenshots.isEmpty() && app.sendMessage(QString()))
+        return 0;
+    return run(app, line.options);
 }

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+// A program that runs once and restarts itself, as after an update.
+#include "restartwindow.h"
+
+#include <vemo/DefaultTheme>
+#include <vemo/QtSingleApplication>
+
+#include <QStandardPaths>
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setApplicationName("vemo-restart-example");
+    QtSingleApplication app(argc, argv);
+    if (app.sendMessage(QCoreApplication::arguments().mid(1).join(' ')))
+        return 0;
+
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    if (!installDefaultTheme(folder, "enu", ImageManager::LAZY_LOAD))
+        return 1;
+    RestartWindow window(&app);
+    app.setActivationWindow(&window);
+    window.show();
+    return QtSingleApplication::exec();
+}
