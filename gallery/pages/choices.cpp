@@ -15,9 +15,12 @@
 
 namespace {
 
-const QStringList kStates {"", "Live", "Rest", "Hover", "Pressed", "Keyboard focus", "Disabled"};
+QStringList states()
+{
+    return {"", "Live", "Rest", "Hover", "Pressed", "Keyboard focus", "Disabled"};
+}
 
-const QString kText = QStringLiteral("Text");
+constexpr const char *kText = "Text";
 
 template <typename Widget> Widget *named(Widget *widget, const QString &name)
 {
@@ -54,7 +57,7 @@ QList<QWidget *> statesOf(const QString &name, Qt::CheckState checked)
 void addCheckBoxes(Page &page)
 {
     page.addSection("Check boxes");
-    page.addTable(kStates,
+    page.addTable(states(),
         {statesOf("Unchecked", Qt::Unchecked), statesOf("Checked", Qt::Checked),
             statesOf("Indeterminate", Qt::PartiallyChecked)});
     page.addRow({new VemoCheckBox("Keep a copy on this computer"),
@@ -86,7 +89,7 @@ QList<QWidget *> statesOf(const QString &name, bool isChecked)
 void addRadioButtons(Page &page)
 {
     page.addSection("Radio buttons");
-    page.addTable(kStates, {statesOf("Off", false), statesOf("On", true)});
+    page.addTable(states(), {statesOf("Off", false), statesOf("On", true)});
     auto *daily = new VemoRadioButton("Daily");
     daily->setChecked(true);
     page.addRow({daily, new VemoRadioButton("Wöchentlich, jeweils am Montag"),
@@ -94,7 +97,10 @@ void addRadioButtons(Page &page)
     page.addCode("auto *daily = new VemoRadioButton(tr(\"Daily\"), page);");
 }
 
-const QStringList kPeriods {"Minutes", "Hours", "Days", "Weeks", "Months", "Quarters", "Years"};
+QStringList periods()
+{
+    return {"Minutes", "Hours", "Days", "Weeks", "Months", "Quarters", "Years"};
+}
 
 VemoComboBox *newComboBox(const QStringList &items)
 {
@@ -107,7 +113,7 @@ VemoComboBox *newComboBox(const QStringList &items)
 QPixmap openList()
 {
     VemoComboBox box;
-    box.addItems(kPeriods);
+    box.addItems(periods());
     qobject_cast<QStandardItemModel *>(box.model())->item(3)->setEnabled(false);
     QWidget *list = box.view()->parentWidget();
     list->resize(scaled(160), scaled(28) * 5 + 2);
@@ -121,11 +127,11 @@ void addComboBoxes(Page &page)
         return named(new ComboBoxSnapshot("Minutes", state), "Period");
     };
     page.addSection("Combo boxes", "The list opens two pixels below the box, wherever it stands.");
-    page.addTable(kStates,
-        {{note("Closed"), newComboBox(kPeriods), shot(QStyle::State_None),
+    page.addTable(states(),
+        {{note("Closed"), newComboBox(periods()), shot(QStyle::State_None),
             shot(QStyle::State_MouseOver), shot(QStyle::State_On), shot(QStyle::State_HasFocus),
-            disabled(newComboBox(kPeriods))}});
-    VemoComboBox *editable = newComboBox(kPeriods);
+            disabled(newComboBox(periods()))}});
+    VemoComboBox *editable = newComboBox(periods());
     editable->setEditable(true);
     page.addRow({captioned(picture(openList()), "The open list"), captioned(editable, "Editable"),
         captioned(newComboBox({"Jede volle Stunde", "Täglich um Mitternacht"}), "German"),

@@ -4,6 +4,8 @@
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
+#include <vemo/stylemanager.h>
+
 #include <QScreen>
 #include <QWindow>
 
@@ -12,6 +14,7 @@ class VemoMenuTest : public VemoTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
     void isAMenuClassOfItsOwnWithoutStyle();
     void placesItselfInTheAvailableArea_data();
     void placesItselfInTheAvailableArea();
@@ -20,6 +23,7 @@ private Q_SLOTS:
     void goesByThePrimaryScreenOnAnother();
     void placesItselfAtEachShow();
     void popupIsInsideToo();
+    void menuWithMoreEntriesThanTheScreenHoldsScrolls();
     void triggersActionsByMouse();
 };
 
@@ -188,6 +192,25 @@ void VemoMenuTest::popupIsInsideToo()
         menu.addAction(text);
     menu.popup({area().right(), area().bottom()});
     QVERIFY(area().contains(menu.geometry()));
+}
+
+void VemoMenuTest::menuWithMoreEntriesThanTheScreenHoldsScrolls()
+{
+    Menu menu;
+    menu.setStyleSheet(getStyleSheet("component.menu"));
+    for (int i = 1; i <= 300; ++i)
+        menu.addAction(QString("Entry %1").arg(i));
+    QVERIFY(menu.sizeHint().height() >= area().height());
+    QSignalSpy last(menu.actions().last(), SIGNAL(triggered()));
+    menu.popup({kInside, area().bottom() - 10});
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QVERIFY(menu.height() <= area().height());
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Down}) // The first doesn't scroll.
+        QTest::keyClick(&menu, key);
+    QCOMPARE(menu.activeAction(), menu.actions().last());
+    QVERIFY(menu.rect().intersects(menu.actionGeometry(menu.activeAction())));
+    QTest::keyClick(&menu, Qt::Key_Return);
+    QCOMPARE(last.count(), 1);
 }
 
 void VemoMenuTest::triggersActionsByMouse()

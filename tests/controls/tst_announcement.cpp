@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/linklabel.h>
+#include <vemo/vemobutton.h>
+#include <vemo/vemocheckbox.h>
+#include <vemo/vemocombobox.h>
+#include <vemo/vemolabel.h>
+#include <vemo/vemolineedit.h>
+#include <vemo/vemoradiobutton.h>
+
+#include <QAccessible>
+#include <QLineEdit>
+
+/// What assistive tools are told about each control.
+class AnnouncementTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void roleAndTextAreAnnounced_data();
+    void roleAndTextAreAnnounced();
+    void buddyNamesAControlWithoutText();
+    void stateOfACheckBoxIsAnnounced();
+};
+
+namespace {
+
+using Make = QWidget *(*)(const QString &text);
+
+template <typename Control> QWidget *newControl(const QString &text)
+{
+    return new Control(text);
+}
+
+QWidget *newButton(const QString &text)
+{
+    return new VemoButton(text, VemoButton::APPLY);
+}
+
+QString nameOf(QWidget *widget)
+{
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Make)
+
+void AnnouncementTest::roleAndTextAreAnnounced_data()
+{
+    QTest::addColumn<Make>("make");
+    QTest::addColumn<int>("role");
+    const auto row = [](const char *name, Make make, QAccessible::Role role) {
+        QTest::newRow(name) << make << int(role);
+    };
+    row("button", newButton, QAccessible::PushButton);
+    row("check box", newControl<VemoCheckBox>, QAccessible::CheckBox);
+    row("radio button", newControl<VemoRadioButton>, QAccessible::RadioButton);
+    row("label", newControl<VemoLabel>, QAccessible::StaticText);
+    row("clickable label", newControl<ClickableLabel>, QAccessible::StaticText);
+    row("link label", newControl<LinkLabel>, QAccessible::StaticText);
+}
+
+void AnnouncementTest::roleAndTextAreAnnounced()
+{
+    QFETCH(Make, make);
+    QFETCH(int, role);
+    const QScopedPointer<QWidget> control(make("Keep a copy"));
+    QCOMPARE(int(QAccessible::queryAccessibleInterface(control.data())->role()), role);
+    QCOMPARE(nameOf(control.data()), QString("Keep a copy"));
+}
+
+void AnnouncementTest::buddyNamesAControlWithoutText()
+{
+    QWidget window;
+    QLabel caption("&Period", &window);
+    VemoComboBox box(&window);
+    caption.setBuddy(&box);
+    QCOMPARE(QAccessible::queryAccessibleInterface(&box)->role(), QAccessible::ComboBox);
+    QCOMPARE(nameOf(&box), QString("Period"));
+
+    VemoLineEdit edit(&window);
+    edit.getPreLabel()->setText("&Name");
+    edit.getPreLabel()->setBuddy(edit.getLineEdit());
+    QCOMPARE(QAccessible::queryAccessibleInterface(edit.getLineEdit())->role(),
+        QAccessible::EditableText);
+    QCOMPARE(nameOf(edit.getLineEdit()), QString("Name"));
+}
+
+void AnnouncementTest::stateOfACheckBoxIsAnnounced()
+{
+    VemoCheckBox box("Keep a copy");
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&box);
+    QVERIFY(!accessible->state().checked);
+    box.setChecked(true);
+    QVERIFY(accessible->state().checked);
+    box.setTristate(true);
+    box.setCheckState(Qt::PartiallyChecked);
+    QVERIFY(accessible->state().checkStateMixed);
+}
+
+VEMO_TEST_MAIN(AnnouncementTest)
+#include "tst_announcement.moc"
