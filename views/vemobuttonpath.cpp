@@ -13,6 +13,8 @@
 #include <QSignalMapper>
 #include <QToolButton>
 
+#include <utility>
+
 namespace {
 
 // In design pixels.
@@ -78,7 +80,7 @@ VemoButtonPath::VemoButtonPath(QWidget *parent)
 
 VemoButtonPath::~VemoButtonPath() = default;
 
-void VemoButtonPath::refresh(QString path)
+void VemoButtonPath::refresh(QString path) // NOLINT: by value, as the slot of its signal is
 {
     m_view_width = horizontalScrollBar()->pageStep();
     m_change_folder_button->hide();
@@ -99,7 +101,7 @@ QString VemoButtonPath::getPath(int index)
 
 void VemoButtonPath::slotUpdatePath(QString path)
 {
-    refresh(path);
+    refresh(std::move(path));
 }
 
 void VemoButtonPath::slotPathBarClicked(int btn_id)

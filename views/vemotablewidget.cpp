@@ -172,11 +172,14 @@ void VemoTableWidget::setupLayout()
 
 void VemoTableWidget::connectParts()
 {
-    connect(m_header, SIGNAL(sectionResized(int, int, int)), this,
-        SLOT(slotSectionResized(int, int, int)));
-    connect(m_table->verticalScrollBar(), SIGNAL(rangeChanged(int, int)), this,
-        SLOT(slotVerticalScrollRangeChanged(int, int)));
+    // Spaces would have to be taken out of each signature when connecting.
+    // clang-format off
+    connect(m_header, SIGNAL(sectionResized(int,int,int)),
+        this, SLOT(slotSectionResized(int,int,int)));
+    connect(m_table->verticalScrollBar(), SIGNAL(rangeChanged(int,int)),
+        this, SLOT(slotVerticalScrollRangeChanged(int,int)));
     connect(m_table->horizontalScrollBar(), SIGNAL(valueChanged(int)),
         m_header_scroll_area->horizontalScrollBar(), SLOT(setValue(int)));
     connect(m_table, SIGNAL(sigResized(QSize)), this, SLOT(slotTableResized(QSize)));
+    // clang-format on
 }

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -26,7 +27,7 @@ void drawHighlight(QPainter *painter, QRect row, const QColor &color)
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(QBrush(color, Qt::SolidPattern));
-    painter->setPen(QColor("#FFFFFF"));
+    painter->setPen(QColor(0xFFFFFF));
     painter->drawRoundedRect(row, inset, inset, Qt::AbsoluteSize);
     painter->restore();
 }
@@ -100,8 +101,8 @@ VemoTreeWidget::VemoTreeWidget(QWidget *parent) : QTreeWidget(parent) { }
 
 void VemoTreeWidget::setBackgroundColor(QColor selected, QColor hover)
 {
-    m_selected_color = selected;
-    m_hover_color = hover;
+    m_selected_color = std::move(selected);
+    m_hover_color = std::move(hover);
 }
 
 void VemoTreeWidget::updateScrollArea(QTreeWidgetItem *item)

@@ -62,7 +62,7 @@ VemoTreeWidget *newTree(const QString &name, int height)
     tree->setAccessibleName(name);
     tree->setHeaderHidden(true);
     tree->setStyleSheet(getStyleSheet("component.tree") + getStyleSheet("component.scrollbar"));
-    tree->setBackgroundColor("#DCEBFB", "#EEF3F8");
+    tree->setBackgroundColor(0xDCEBFB, 0xEEF3F8);
     auto *delegate = new ItemDelegate;
     delegate->setParent(tree);
     tree->setItemDelegate(delegate);
