@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "help/picturescan_p.h"
 
-#include <QSet>
-#include <QStringView>
+#include <QHash>
+
+#include <vector>
 
 namespace {
 
@@ -10,6 +11,53 @@ const QLatin1String kBase("<base href=\"");
 const QLatin1String kPicture("<img");
 const QLatin1String kSource("src=\"");
 constexpr QLatin1Char kQuote('"');
+
+/// Texts in the order of their first coming. A page may name thousands of pictures: this allocates
+/// for none of them.
+class DistinctTexts
+{
+public:
+    void add(QStringView text)
+    {
+        if (2 * m_hashes.size() >= m_slots.size())
+            grow();
+        const uint hash = qHash(text, m_seed);
+        int &slot = slotOf(hash, text);
+        if (slot != kFree)
+            return;
+        slot = int(m_texts.size());
+        m_texts.append(text);
+        m_hashes.push_back(hash);
+    }
+
+    const QVector<QStringView> &texts() const { return m_texts; }
+
+private:
+    /// Where the number of text stands, or would.
+    int &slotOf(uint hash, QStringView text)
+    {
+        size_t place = hash & (m_slots.size() - 1);
+        while (m_slots[place] != kFree
+            && (m_hashes[m_slots[place]] != hash || m_texts.at(m_slots[place]) != text))
+            place = (place + 1) & (m_slots.size() - 1);
+        return m_slots[place];
+    }
+
+    void grow()
+    {
+        m_slots.assign(m_slots.size() * 4, kFree);
+        for (int i = 0; i < m_texts.size(); ++i)
+            slotOf(m_hashes[i], m_texts.at(i)) = i;
+    }
+
+    static constexpr int kFree = -1;
+    static constexpr size_t kFirstSlots = 64; // A power of two.
+
+    QVector<QStringView> m_texts;
+    std::vector<uint> m_hashes;
+    std::vector<int> m_slots = std::vector<int>(kFirstSlots, kFree);
+    uint m_seed = uint(qGlobalQHashSeed());
+};
 
 } // namespace
 
@@ -23,26 +71,21 @@ BaseAddress findBaseAddress(const QString &html)
     return end < 0 ? BaseAddress {} : BaseAddress {start, end};
 }
 
-QStringList pictureSources(const QString &html, int from)
+QVector<QStringView> pictureSources(const QString &html, int from)
 {
-    QStringList sources;
-    QSet<QStringView> seen;
+    DistinctTexts sources;
     int position = from;
     for (;;) {
         const int picture = html.indexOf(kPicture, position);
         if (picture < 0)
-            return sources;
+            return sources.texts();
         // Also found in a later tag, where this one has no source.
         position = html.indexOf(kSource, picture);
         if (position < 0)
-            return sources;
+            return sources.texts();
         const int start = position + kSource.size();
         const int quote = html.indexOf(kQuote, start);
         const int end = quote < 0 ? html.size() : quote;
-        const QStringView source = QStringView(html).mid(start, end - start);
-        const int seenBefore = seen.size();
-        seen.insert(source);
-        if (seen.size() != seenBefore)
-            sources += source.toString();
+        sources.add(QStringView(html).mid(start, end - start));
     }
 }

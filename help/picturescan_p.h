@@ -4,7 +4,8 @@
 
 #include "core/testexport_p.h"
 
-#include <QStringList>
+#include <QStringView>
+#include <QVector>
 
 /// Where the base address of a page stands in its text; start is -1 where there is none.
 struct BaseAddress
@@ -15,5 +16,6 @@ struct BaseAddress
 
 VEMO_TEST_EXPORT BaseAddress findBaseAddress(const QString &html);
 
-/// The sources of all pictures in html from position on, each once, in their order.
-VEMO_TEST_EXPORT QStringList pictureSources(const QString &html, int from);
+/// The sources of all pictures in html from position on, each once, in their order; they last as
+/// long as html.
+VEMO_TEST_EXPORT QVector<QStringView> pictureSources(const QString &html, int from);
