@@ -1,20 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/browserwindow.h>
 
+#include "core/logging_p.h"
 #include "core/scaling_p.h"
 #include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
+#include "help/pagenesting_p.h"
 #include "help/replylimit_p.h"
+#include "help/weburl_p.h"
 
 #include <vemo/stylemanager.h>
 
+#include <QAction>
 #include <QGuiApplication>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QPointer>
 #include <QScreen>
-#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -28,6 +31,14 @@ QSize firstSize()
     // Where the screen is small, it leaves room for the window's frame.
     const QSize most = QGuiApplication::primaryScreen()->availableSize() * 0.9;
     return QSize(scaled(kWidth), scaled(kHeight)).boundedTo(most);
+}
+
+void addShortcut(QWidget *window, int keys, QObject *receiver, const char *slot)
+{
+    auto *action = new QAction(window);
+    action->setShortcut(QKeySequence(keys));
+    window->addAction(action);
+    QObject::connect(action, SIGNAL(triggered()), receiver, slot);
 }
 
 } // namespace
@@ -60,8 +71,8 @@ BrowserWindow::~BrowserWindow()
 void BrowserWindow::init()
 {
     m_network_manager = new QNetworkAccessManager;
-    connect(m_network_manager, SIGNAL(finished(QNetworkReply *)),
-        SLOT(slotReceiveReply(QNetworkReply *)));
+    connect(m_network_manager,
+        SIGNAL(finished(QNetworkReply*)), SLOT(slotReceiveReply(QNetworkReply*)));
     m_timer = new QTimer;
     m_timer->setSingleShot(true);
     connect(m_timer, SIGNAL(timeout()), SLOT(slotQueryTimeout()));
@@ -70,14 +81,11 @@ void BrowserWindow::init()
 
 void BrowserWindow::makeShortcuts()
 {
-    const auto add = [this](const QKeySequence &keys, QObject *receiver, const char *slot) {
-        connect(new QShortcut(keys, this), SIGNAL(activated()), receiver, slot);
-    };
-    add(QKeySequence(Qt::CTRL + Qt::Key_Plus), m_text_browser, SLOT(zoomIn()));
-    add(QKeySequence(Qt::CTRL + Qt::Key_Equal), m_text_browser, SLOT(zoomIn()));
-    add(QKeySequence(Qt::CTRL + Qt::Key_Minus), m_text_browser, SLOT(zoomOut()));
-    add(QKeySequence(Qt::CTRL + Qt::Key_0), this, SLOT(slotResetZoom()));
-    add(QKeySequence(Qt::Key_F7), this, SLOT(slotToggleTextCursor()));
+    addShortcut(this, Qt::CTRL + Qt::Key_Plus, m_text_browser, SLOT(zoomIn()));
+    addShortcut(this, Qt::CTRL + Qt::Key_Equal, m_text_browser, SLOT(zoomIn()));
+    addShortcut(this, Qt::CTRL + Qt::Key_Minus, m_text_browser, SLOT(zoomOut()));
+    addShortcut(this, Qt::CTRL + Qt::Key_0, this, SLOT(slotResetZoom()));
+    addShortcut(this, Qt::Key_F7, this, SLOT(slotToggleTextCursor()));
 }
 
 void BrowserWindow::reload(const QUrl &url)
@@ -124,9 +132,15 @@ void BrowserWindow::slotReceiveReply(QNetworkReply *reply)
 void BrowserWindow::showPage(QNetworkReply *reply)
 {
     const QByteArray body = reply->readAll();
-    m_text_browser->setPageUrl(reply->url());
     // The length is given so that a zero byte doesn't end the text.
-    m_text_browser->setHtmlContent(QString::fromUtf8(body.constData(), body.size()));
+    const QString html = QString::fromUtf8(body.constData(), body.size());
+    if (isWebUrl(reply->url()) && isNestedTooDeeply(html)) {
+        qCWarning(vemoLog) << "Page is nested too deeply" << reply->url().toString();
+        fallbackOffline();
+        return;
+    }
+    m_text_browser->setPageUrl(reply->url());
+    m_text_browser->setHtmlContent(html);
 }
 
 void BrowserWindow::fallbackOffline() { }

@@ -7,10 +7,15 @@
 // What a server, which can't be trusted, may make the help windows take.
 
 /// Bytes of a page, after decompression; a larger one counts as failed.
-constexpr qint64 kMostPageBytes = 32 * 1024 * 1024;
+constexpr qint64 kMostPageBytes = qint64(32) * 1024 * 1024;
 /// Bytes of a picture, after decompression; a larger one stays missing.
-constexpr qint64 kMostPictureBytes = 64 * 1024 * 1024;
+constexpr qint64 kMostPictureBytes = qint64(64) * 1024 * 1024;
 /// Pixels of a picture on a page from the network; a larger one stays missing.
-constexpr qint64 kMostPicturePixels = 64 * 1024 * 1024;
+constexpr qint64 kMostPicturePixels = qint64(64) * 1024 * 1024;
 /// Pictures of one page that are fetched at once: each takes a thread of the network's.
 constexpr int kMostDownloadsAtOnce = 64;
+/// Tables inside each other; a page with more counts as failed. The text engine takes twice as long
+/// for each: seconds for twenty, hours for thirty.
+constexpr int kMostNestedTables = 12;
+/// Tags of any kind inside each other; a page with more counts as failed.
+constexpr int kMostNestedTags = 1000;

@@ -2,6 +2,7 @@
 #include "help/htmltextbrowser_p.h"
 
 #include "core/logging_p.h"
+#include "core/scaling_p.h"
 #include "help/helplimits_p.h"
 #include "help/imagedownloader_p.h"
 #include "help/pagedocument_p.h"
@@ -16,6 +17,7 @@
 
 namespace {
 
+constexpr int kMargin = 12; // In design pixels, 96 dpi.
 constexpr int kPausePerWork = 4;
 
 /// Keeps a view's place while what it shows changes: the line at its upper edge stays there.
@@ -47,6 +49,7 @@ HtmlTextBrowser::HtmlTextBrowser(QWidget *parent) : QTextBrowser(parent)
 {
     setDocument(new PageDocument(this));
     setPageUrl(QUrl());
+    document()->setDocumentMargin(scaled(kMargin));
     connect(this, SIGNAL(anchorClicked(QUrl)), SLOT(slotOpenLink(QUrl)));
     m_show_timer.setSingleShot(true);
     connect(&m_show_timer, SIGNAL(timeout()), SLOT(slotShowArrivedPictures()));
@@ -75,7 +78,7 @@ void HtmlTextBrowser::setHtmlContent(const QString &html)
     setText(html);
 }
 
-void HtmlTextBrowser::downloadPictures(const QStringList &sources)
+void HtmlTextBrowser::downloadPictures(const QVector<QStringView> &sources)
 {
     const QString folder = pictureFolder();
     if (!preparePictureFolder())
@@ -83,8 +86,8 @@ void HtmlTextBrowser::downloadPictures(const QStringList &sources)
                            << folder;
     setSearchPaths(QStringList(folder) + searchPaths());
     ++m_page_number;
-    for (const QString &source : sources)
-        m_turns[m_page_number].waiting.enqueue(makeDownloader(source));
+    for (const QStringView source : sources)
+        m_turns[m_page_number].waiting.enqueue(makeDownloader(source.toString()));
     startDownloads(m_page_number);
 }
 
@@ -96,8 +99,8 @@ ImageDownloader *HtmlTextBrowser::makeDownloader(const QString &source)
     auto *downloader =
         new ImageDownloader(pictureFolder() + QLatin1String("/../image/") + name, url);
     downloader->setParent(this);
-    connect(downloader, SIGNAL(sigDownloadFinish(QString, int)),
-        SLOT(slotDownloadFinished(QString, int)));
+    connect(downloader,
+        SIGNAL(sigDownloadFinish(QString,int)), SLOT(slotDownloadFinished(QString,int)));
     m_downloads.insert(url, downloader);
     m_page_numbers.insert(downloader, m_page_number);
     return downloader;
@@ -124,7 +127,7 @@ void HtmlTextBrowser::begin(ImageDownloader *downloader)
         downloader->refuse();
 }
 
-void HtmlTextBrowser::slotDownloadFinished(QString url, int res)
+void HtmlTextBrowser::slotDownloadFinished(const QString &url, int res)
 {
     Q_UNUSED(res) // Deliberate: the view is refreshed after a failure, too.
     auto *downloader = qobject_cast<ImageDownloader *>(sender());
@@ -169,9 +172,8 @@ void HtmlTextBrowser::slotShowArrivedPictures()
     QElapsedTimer timer;
     timer.start();
     const ReadingPlace place(this);
-    page()->forgetPictures(m_arrived);
+    page()->renewPictures(m_arrived);
     m_arrived.clear();
-    document()->markContentsDirty(0, document()->characterCount());
     place.restore();
     // A long page with many pictures must leave time for its reader.
     m_show_pause = kPausePerWork * int(timer.elapsed());

@@ -34,7 +34,7 @@ public:
     void setPageUrl(const QUrl &url);
 
 private Q_SLOTS:
-    void slotDownloadFinished(QString url, int res);
+    void slotDownloadFinished(const QString &url, int res);
     void slotShowArrivedPictures();
     void slotOpenLink(const QUrl &link);
 
@@ -45,7 +45,7 @@ private:
         QQueue<ImageDownloader *> waiting;
     };
 
-    void downloadPictures(const QStringList &sources);
+    void downloadPictures(const QVector<QStringView> &sources);
     ImageDownloader *makeDownloader(const QString &source);
     void startDownloads(int page);
     void begin(ImageDownloader *downloader);

@@ -23,8 +23,8 @@ ImageDownloader::~ImageDownloader()
 void ImageDownloader::start()
 {
     m_network_manager = new QNetworkAccessManager;
-    connect(m_network_manager, SIGNAL(finished(QNetworkReply *)), this,
-        SLOT(slotFinishDownload(QNetworkReply *)));
+    connect(m_network_manager,
+        SIGNAL(finished(QNetworkReply*)), this, SLOT(slotFinishDownload(QNetworkReply*)));
     QNetworkReply *reply = m_network_manager->get(QNetworkRequest(QUrl(m_url)));
     limitReply(reply, kMostPictureBytes);
 }

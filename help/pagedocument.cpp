@@ -8,9 +8,14 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QTextBlock>
 #include <QTextBrowser>
 
+#include <algorithm>
+
 namespace {
+
+constexpr int kNeighbours = 1000; // Characters.
 
 /// What the text engine itself draws for a missing picture. It must get one: left without, it would
 /// open the address that the page gives as a file.
@@ -39,7 +44,11 @@ QString fileName(const QString &path)
 
 } // namespace
 
-PageDocument::PageDocument(QTextBrowser *browser) : QTextDocument(browser), m_browser(browser) { }
+PageDocument::PageDocument(QTextBrowser *browser)
+    : QTextDocument(browser), m_browser(browser), m_missing_picture(missingPicture())
+{
+    connect(this, &QTextDocument::contentsChanged, this, [this] { m_is_indexed = false; });
+}
 
 void PageDocument::setLocalFilesAllowed(bool allowed)
 {
@@ -61,6 +70,40 @@ void PageDocument::forgetPictures(const QSet<QString> &fileNames)
         else
             ++picture;
     }
+}
+
+void PageDocument::renewPictures(const QSet<QString> &fileNames)
+{
+    forgetPictures(fileNames);
+    QVector<int> positions;
+    for (const QString &name : fileNames)
+        positions += pictureIndex().values(name).toVector();
+    std::sort(positions.begin(), positions.end());
+    // Neighbours share one run: each costs the layout a walk over the whole page.
+    for (int first = 0, next = 0; first < positions.size(); first = next) {
+        next = first + 1;
+        while (next < positions.size() && positions.at(next) - positions.at(next - 1) < kNeighbours)
+            ++next;
+        markContentsDirty(positions.at(first), positions.at(next - 1) - positions.at(first) + 1);
+    }
+}
+
+/// Where the pictures stand: looked up once for each text, a page may have ten thousand.
+const QMultiHash<QString, int> &PageDocument::pictureIndex()
+{
+    if (m_is_indexed)
+        return m_picture_index;
+    m_picture_index.clear();
+    for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextFragment fragment = part.fragment();
+            const QString name = fileName(fragment.charFormat().toImageFormat().name());
+            for (int i = 0; !name.isEmpty() && i < fragment.length(); ++i)
+                m_picture_index.insert(name, fragment.position() + i);
+        }
+    }
+    m_is_indexed = true;
+    return m_picture_index;
 }
 
 QVariant PageDocument::loadResource(int type, const QUrl &name)
@@ -108,5 +151,5 @@ QPixmap PageDocument::picture(const QUrl &name)
             return *m_pictures.insert(key, pixmap);
         m_missing.insert(key);
     }
-    return missingPicture();
+    return m_missing_picture;
 }

@@ -19,20 +19,25 @@ public:
     bool areLocalFilesAllowed() const { return m_local_files_allowed; }
     void setLocalFilesAllowed(bool allowed);
 
-    /// Forgets all pictures, or those of these file names and the missing ones, which may have come
-    /// by now. What is laid out stays as it is.
+    /// Forgets all pictures, for another page.
     void forgetPictures();
-    void forgetPictures(const QSet<QString> &fileNames);
+    /// Looks for the pictures of these file names anew and lays the text out again around them.
+    void renewPictures(const QSet<QString> &fileNames);
 
 protected:
     QVariant loadResource(int type, const QUrl &name) override;
 
 private:
+    void forgetPictures(const QSet<QString> &fileNames);
+    const QMultiHash<QString, int> &pictureIndex();
     QString fileInSearchPaths(const QUrl &name) const;
     QPixmap picture(const QUrl &name);
 
     QTextBrowser *m_browser;
+    QPixmap m_missing_picture;
     bool m_local_files_allowed = false;
     QHash<QString, QPixmap> m_pictures; // By their path on the page.
     QSet<QString> m_missing;
+    QMultiHash<QString, int> m_picture_index; // Positions in the text, by file name.
+    bool m_is_indexed = false;
 };

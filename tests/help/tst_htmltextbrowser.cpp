@@ -34,6 +34,7 @@ private Q_SLOTS:
     void aNewPageDoesNotCancelDownloads();
     void theSameAddressTwiceAtOnceIsFetchedTwice();
     void noMoreThanSixtyFourAtOnce();
+    void everyPictureIsFetchedHoweverMany();
     void pagesTakeTheirTurnsApart();
     void deletedWhileDownloadsRun_data();
     void deletedWhileDownloadsRun();
@@ -347,6 +348,16 @@ void tst_htmltextbrowser::noMoreThanSixtyFourAtOnce()
     QCOMPARE(m_server->requestCount("/p0.png"), 0);
     m_server.reset(); // Breaks them off: the others' turn. They fail, nobody is there any more.
     QTRY_VERIFY(isIdle());
+}
+
+void tst_htmltextbrowser::everyPictureIsFetchedHoweverMany()
+{
+    m_server->setAnswer({}, page("bytes"));
+    QSignalSpy reloads(m_browser.data(), SIGNAL(sourceChanged(QUrl)));
+    m_browser->setHtmlContent(html(pictures(300)));
+    QTRY_VERIFY_WITH_TIMEOUT(isIdle(), 30000);
+    QCOMPARE(reloads.size(), 300);
+    QCOMPARE(QDir(m_host.pictureFolder()).entryList(QDir::Files).size(), 300);
 }
 
 void tst_htmltextbrowser::pagesTakeTheirTurnsApart()

@@ -50,7 +50,7 @@ void tst_imagedownloader::init()
 int tst_imagedownloader::download(const QUrl &url)
 {
     ImageDownloader downloader(file("a.png"), url.toString());
-    QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString, int)));
+    QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString,int)));
     downloader.start();
     if (!finished.wait(30000) || finished.size() != 1 || !downloader.isFinished())
         return -99;
@@ -184,7 +184,7 @@ void tst_imagedownloader::aRefusedDownloadFailsLaterWithoutARequest()
 {
     TestServer server;
     ImageDownloader downloader(file("a.png"), server.url("/a.png").toString());
-    QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString, int)));
+    QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString,int)));
     downloader.refuse();
     QVERIFY(finished.isEmpty());
     QVERIFY(finished.wait());
@@ -208,7 +208,7 @@ void tst_imagedownloader::deletedAtAnyMomentItSaysNothing()
     TestServer server;
     server.setAnswer("/a.png", answer);
     auto *downloader = new ImageDownloader(file("a.png"), server.url("/a.png").toString());
-    QSignalSpy finished(downloader, SIGNAL(sigDownloadFinish(QString, int)));
+    QSignalSpy finished(downloader, SIGNAL(sigDownloadFinish(QString,int)));
     downloader->start();
     if (waitForTheRequest)
         QTRY_COMPARE(server.requests().size(), 1);

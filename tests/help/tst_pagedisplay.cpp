@@ -18,6 +18,7 @@ private Q_SLOTS:
     void picturesAppearAtTheirNaturalSize_data();
     void picturesAppearAtTheirNaturalSize();
     void aPictureThatChangedIsShownAnew();
+    void anotherPageShowsItsOwnPictures();
     void pagesGrowWithTheirPictures();
     void theLineAtTheUpperEdgeStaysThere();
     void aReaderAtTheTopStaysAtTheTop();
@@ -124,6 +125,18 @@ void tst_pagedisplay::aPictureThatChangedIsShownAnew()
     m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">")));
     QTRY_VERIFY(countPixels(m_browser.data(), Qt::blue) > 0);
     QCOMPARE(redPixels(), 0);
+}
+
+void tst_pagedisplay::anotherPageShowsItsOwnPictures()
+{
+    m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">")));
+    QTRY_VERIFY(redPixels() > 0);
+    m_server->setAnswer("/b.png", latePicture({50, 60}));
+    m_browser->setHtmlContent(html(QStringLiteral("<img src=\"b.png\">")));
+    QCOMPARE(redPixels(), 0);
+    QTRY_VERIFY(isIdle());
+    const qreal ratio = m_browser->devicePixelRatioF();
+    QTRY_COMPARE(redPixels(), int(50 * 60 * ratio * ratio));
 }
 
 void tst_pagedisplay::pagesGrowWithTheirPictures()

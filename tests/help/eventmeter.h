@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QApplication>
+#include <QThread>
+
+#include <ctime>
+
+/// An application that knows the most processor time of its thread that one event has taken.
+class EventMeter : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    void reset() { m_most = 0; }
+    double mostMilliseconds() const { return m_most; }
+    /// Who got that event.
+    QString receiver() const { return m_receiver; }
+
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        // Events inside of events are part of the outer one; those of other threads come by, too.
+        if (QThread::currentThread() != thread() || m_is_measuring)
+            return QApplication::notify(receiver, event);
+        m_is_measuring = true;
+        const QString name = QString::fromLatin1("%1, event %2")
+                                 .arg(QString::fromLatin1(receiver->metaObject()->className()))
+                                 .arg(event->type());
+        const double start = now();
+        const bool result = QApplication::notify(receiver, event);
+        const double spent = now() - start;
+        if (spent > m_most)
+            m_receiver = name;
+        m_most = qMax(m_most, spent);
+        m_is_measuring = false;
+        return result;
+    }
+
+private:
+    static double now()
+    {
+        timespec time {};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return time.tv_sec * 1e3 + time.tv_nsec / 1e6;
+    }
+
+    double m_most = 0;
+    QString m_receiver;
+    bool m_is_measuring = false;
+};
