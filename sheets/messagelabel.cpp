@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/messagelabel_p.h"
 
+#include <QEvent>
+
 void MessageLabel::fit()
 {
     // A label never asks for less than its minimum height, so a fixed one would only ever grow.
     setMinimumHeight(0);
     setMaximumHeight(QWIDGETSIZE_MAX);
-    const int height = heightForWidth(width());
+    const int height = QLabel::heightForWidth(width());
     // A text without word wrap has no height for a width.
+    m_fittedWidth = height >= 0 ? width() : -1;
     if (height >= 0)
         setFixedHeight(height);
 }
@@ -19,8 +22,31 @@ void MessageLabel::fitTo(int width)
     fit();
 }
 
+QSize MessageLabel::sizeHint() const
+{
+    return isFitted() ? QSize(m_fittedWidth, minimumHeight()) : QLabel::sizeHint();
+}
+
+QSize MessageLabel::minimumSizeHint() const
+{
+    return isFitted() ? QSize(0, minimumHeight()) : QLabel::minimumSizeHint();
+}
+
+int MessageLabel::heightForWidth(int width) const
+{
+    return width == m_fittedWidth ? minimumHeight() : QLabel::heightForWidth(width);
+}
+
+void MessageLabel::changeEvent(QEvent *event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        m_fittedWidth = -1;
+}
+
 void MessageLabel::resizeEvent(QResizeEvent *event)
 {
     QLabel::resizeEvent(event);
-    fit();
+    if (width() != m_fittedWidth)
+        fit();
 }

@@ -18,6 +18,18 @@ public:
     /// Takes on width and the height that goes with it, before any layout does.
     void fitTo(int width);
 
+    // Once fitted it answers from what it knows: laying a text out anew, and above all guessing a
+    // good width for it, takes long, and layouts ask often.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
+
 protected:
+    void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+
+private:
+    bool isFitted() const { return m_fittedWidth >= 0; }
+
+    int m_fittedWidth = -1; ///< the width that the fixed height goes with; -1: none does
 };

@@ -44,7 +44,7 @@ int widthOver(double parentWidth)
 
 } // namespace
 
-void VemoMessageSheetPrivate::layOut()
+void VemoMessageSheetPrivate::layOut(const QWidget *over)
 {
     delete q->layout();
     auto *column = tight(new QVBoxLayout(q));
@@ -76,7 +76,7 @@ void VemoMessageSheetPrivate::layOut()
         column->addSpacing(scaled(kButtonGap));
         column->addWidget(buttonBox);
     }
-    takeSize();
+    takeSize(over);
 }
 
 /// A new part of a visible sheet would only show, and count in the layout, later.
@@ -91,14 +91,13 @@ void VemoMessageSheetPrivate::showNewParts() const
     }
 }
 
-void VemoMessageSheetPrivate::takeSize()
+void VemoMessageSheetPrivate::takeSize(const QWidget *over)
 {
     if (q->isVisible())
         showNewParts();
     q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
-    const QWidget *parent = q->parentWidget();
     const double factor = DPIinfo::getInstance().getDPI();
-    q->setFixedWidth(scaled(parent ? widthOver(parent->width() / factor) : kWidest));
+    q->setFixedWidth(scaled(over ? widthOver(over->width() / factor) : kWidest));
     // From the polish on the band counts, and the labels know their fonts.
     q->ensurePolished();
     fitButtons();

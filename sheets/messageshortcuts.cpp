@@ -2,17 +2,14 @@
 #include <vemo/messageshortcuts.h>
 
 #include "sheets/sheetparts_p.h"
+#include "sheets/vemomessagesheet_p.h"
 
 #include <vemo/componentstrings.h>
-#include <vemo/vemomask.h>
-#include <vemo/vemomessagesheet.h>
 
 #include <QMessageBox>
 #include <QPointer>
 
 namespace {
-
-const QColor kShade(0, 0, 0, 20);
 
 /// What one shortcut shows, whichever way it goes.
 struct Message
@@ -33,13 +30,13 @@ QString captionOr(const QString &custom, const char *key)
                             : custom;
 }
 
-int runSheet(VemoMessageSheet *sheet, const QWidget *parent)
+int runSheet(const Message &message, QWidget *parent)
 {
     // On the heap, since it may die with its window while it runs.
-    const QPointer<VemoMessageSheet> held = sheet;
-    VemoMask::createMask(sheet, parent->window(), kShade);
+    const QPointer<VemoMessageSheet> sheet = VemoMessageSheetPrivate::newMaskedSheet(message.type,
+        message.text, message.informativeText, message.captions, parent, message.showIcon);
     const int result = sheet->exec();
-    delete held.data();
+    delete sheet.data();
     return result;
 }
 
@@ -74,6 +71,11 @@ int runBox(const Message &message)
     return box.exec();
 }
 
+int run(const Message &message, QWidget *parent)
+{
+    return parent ? runSheet(message, parent) : runBox(message);
+}
+
 } // namespace
 
 int showConfirmMsg(const QString &title, const QString &text, QWidget *parent, bool showIcon)
@@ -84,42 +86,32 @@ int showConfirmMsg(const QString &title, const QString &text, QWidget *parent, b
 int showConfirmMsgCustomBtn(const QString &title, const QString &text,
     const MsgBoxCustomBtnText &buttons, QWidget *parent, bool showIcon)
 {
-    constexpr auto type = VemoMessageSheet::Confirm;
-    if (parent)
-        return runSheet(new VemoMessageSheet(type, text, buttons, parent, showIcon), parent);
-    return runBox({type, QMessageBox::Question, "component.confirm_message_box", title, text,
-        showIcon, buttons});
+    return run({VemoMessageSheet::Confirm, QMessageBox::Question, "component.confirm_message_box",
+                   title, text, showIcon, buttons},
+        parent);
 }
 
 void showInfoMsg(const QString &title, const QString &text, QWidget *parent, bool showIcon)
 {
-    constexpr auto type = VemoMessageSheet::Information;
-    if (parent)
-        runSheet(new VemoMessageSheet(type, text, parent, showIcon), parent);
-    else
-        runBox(
-            {type, QMessageBox::Information, "component.info_message_box", title, text, showIcon});
+    run({VemoMessageSheet::Information, QMessageBox::Information, "component.info_message_box",
+            title, text, showIcon},
+        parent);
 }
 
 void showUpgradingMsg(const QString &title, const QString &text, QWidget *parent, bool showIcon)
 {
-    constexpr auto type = VemoMessageSheet::Upgrading;
-    if (parent)
-        runSheet(new VemoMessageSheet(type, text, parent, showIcon), parent);
-    else // Deliberate: the box warns.
-        runBox(
-            {type, QMessageBox::Warning, "component.upgrading_message_box", title, text, showIcon});
+    // Deliberate: the box warns.
+    run({VemoMessageSheet::Upgrading, QMessageBox::Warning, "component.upgrading_message_box",
+            title, text, showIcon},
+        parent);
 }
 
 void showWarningMsg(const QString &title, const QString &text, const QString &informativeText,
     QWidget *parent, bool showIcon)
 {
-    constexpr auto type = VemoMessageSheet::Warning;
-    if (parent)
-        runSheet(new VemoMessageSheet(type, text, informativeText, parent, showIcon), parent);
-    else
-        runBox({type, QMessageBox::Warning, "component.warning_message_box", title, text, showIcon,
-            {}, informativeText});
+    run({VemoMessageSheet::Warning, QMessageBox::Warning, "component.warning_message_box", title,
+            text, showIcon, {}, informativeText},
+        parent);
 }
 
 void showWarningMsg(const QString &title, const QString &text, QWidget *parent, bool showIcon)

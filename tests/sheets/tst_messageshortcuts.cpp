@@ -121,6 +121,8 @@ private Q_SLOTS:
     void eachCallLeavesOneHiddenMask();
     void shadeIsBlackAtTwenty();
     void coversTheWindowOfAnInnerParent();
+    void sheetLooksLikeOneMadeByHand_data();
+    void sheetLooksLikeOneMadeByHand();
 
 private:
     static void addShortcuts();
@@ -305,6 +307,45 @@ void MessageShortcutsTest::coversTheWindowOfAnInnerParent()
     });
     showInfoMsg(kTitle, kText, &inner);
     QVERIFY(driver.hasActed());
+}
+
+void MessageShortcutsTest::sheetLooksLikeOneMadeByHand_data()
+{
+    QTest::addColumn<int>("parentWidth");
+    QTest::newRow("wide") << 700;
+    QTest::newRow("narrow") << 420;
+}
+
+void MessageShortcutsTest::sheetLooksLikeOneMadeByHand()
+{
+    QFETCH(const int, parentWidth);
+    const auto look = [](QWidget &window) {
+        QTest::qWait(0); // Both laid out and focused alike.
+        return sheetOver(&window)->grab().toImage();
+    };
+    QImage ours;
+    QImage byHand;
+    QWidget window;
+    window.resize(800, 600);
+    QWidget parent(&window);
+    parent.resize(parentWidth, 30);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const SheetDriver first([&] {
+        ours = look(window);
+        QTest::keyClick(&window, Qt::Key_Return);
+    });
+    showWarningMsg(kTitle, kText, "more", &parent);
+
+    VemoMessageSheet sheet(VemoMessageSheet::Warning, kText, "more", &parent);
+    VemoMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
+    const SheetDriver second([&] {
+        byHand = look(window);
+        QTest::keyClick(&window, Qt::Key_Return);
+    });
+    sheet.exec();
+    QCOMPARE(ours.size(), byHand.size());
+    QCOMPARE(ours, byHand);
 }
 
 VEMO_TEST_MAIN(MessageShortcutsTest)
