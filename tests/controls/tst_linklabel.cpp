@@ -31,6 +31,8 @@ private Q_SLOTS:
     void doesNotTouchAHandThatIsGoneAlready();
     void entersAfreshAfterItWasHidden();
     void followsTheRealPointer();
+    void endsUnderTheRealPointerWithoutAHand_data();
+    void endsUnderTheRealPointerWithoutAHand();
 };
 
 namespace {
@@ -88,6 +90,13 @@ struct Window : QWidget
         frame.setMinimumSize(200, 60);
         label->resize(100, 40);
         show();
+    }
+
+    void pointAtLabel()
+    {
+        QVERIFY(QTest::qWaitForWindowExposed(this));
+        QTest::mouseMove(windowHandle(), {1, 1});
+        QTest::mouseMove(windowHandle(), label->mapTo(this, label->rect().center()));
     }
 
     QLabel frame;
@@ -335,15 +344,30 @@ void LinkLabelTest::entersAfreshAfterItWasHidden()
 void LinkLabelTest::followsTheRealPointer()
 {
     Window window;
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    const QPoint inside = window.label->mapTo(&window, window.label->rect().center());
-    QTest::mouseMove(window.windowHandle(), {1, 1});
-    QTest::mouseMove(window.windowHandle(), inside);
-    QTRY_VERIFY(window.label->font().underline());
+    QTRY_VERIFY((window.pointAtLabel(), window.label->font().underline()));
     QCOMPARE(QApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
-    window.label->hide();
-    QCoreApplication::processEvents();
+    QTest::mouseMove(window.windowHandle(), {1, 1});
+    QTRY_VERIFY(!window.label->font().underline());
     QCOMPARE(takeOverrideCursors(), Shapes());
+}
+
+void LinkLabelTest::endsUnderTheRealPointerWithoutAHand_data()
+{
+    endingRows();
+}
+
+void LinkLabelTest::endsUnderTheRealPointerWithoutAHand()
+{
+    QFETCH(Ending, end);
+    Window window;
+    QTRY_VERIFY((window.pointAtLabel(), window.label->font().underline()));
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    end(window.label);
+    // Whatever Qt has to say about it, now and when the pointer moves on.
+    QCoreApplication::processEvents();
+    QTest::mouseMove(window.windowHandle(), {1, 1});
+    QCoreApplication::processEvents();
+    QCOMPARE(takeOverrideCursors(), Shapes({Qt::WaitCursor}));
 }
 
 VEMO_TEST_MAIN(LinkLabelTest)
