@@ -76,6 +76,9 @@ void HtmlTextBrowser::setHtmlContent(const QString &html)
         downloadPictures(pictureSources(html, base.end));
     }
     setText(html);
+    // In a view that its layout has not yet given its size, the base class scrolls to a cut first
+    // line.
+    verticalScrollBar()->setValue(0);
 }
 
 void HtmlTextBrowser::downloadPictures(const QVector<QStringView> &sources)

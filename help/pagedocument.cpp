@@ -24,13 +24,13 @@ QPixmap missingPicture()
     return QPixmap(QStringLiteral(":/qt-project.org/styles/commonstyle/images/file-16.png"));
 }
 
-QPixmap readPicture(const QString &file)
+QPixmap readPicture(const QString &file, bool isOfAnySize)
 {
     QImageReader reader(file);
     // The content decides, not the name, and few bytes can be a picture that fills the memory.
     reader.setDecideFormatFromContent(true);
     const QSize size = reader.size();
-    if (qint64(size.width()) * size.height() > kMostPicturePixels) {
+    if (!isOfAnySize && qint64(size.width()) * size.height() > kMostPicturePixels) {
         qCWarning(vemoLog) << "Picture is too large" << file;
         return {};
     }
@@ -109,17 +109,23 @@ const QMultiHash<QString, int> &PageDocument::pictureIndex()
 QVariant PageDocument::loadResource(int type, const QUrl &name)
 {
     // An address that holds its own data reads nothing.
-    if (m_local_files_allowed || name.scheme() == QLatin1String("data"))
+    const bool isData = name.scheme() == QLatin1String("data");
+    if (type == ImageResource && !isData) {
+        const QPixmap found = picture(name);
+        if (!found.isNull())
+            return found;
+        if (!m_local_files_allowed)
+            return m_missing_picture;
+    }
+    if (m_local_files_allowed || isData)
         return QTextDocument::loadResource(type, name);
-    if (type == ImageResource)
-        return picture(name);
     QFile file(fileInSearchPaths(name));
     const bool isOpen = !file.fileName().isEmpty() && file.open(QIODevice::ReadOnly);
     return isOpen ? QVariant(file.readAll()) : QVariant();
 }
 
-/// The file that name refers to by the browser's search paths; empty where there is none, and where
-/// it lies outside of them, be it by a link.
+/// The file that name refers to by the browser's search paths; empty where there is none, and, on a
+/// page from the network, where it lies outside of them, be it by a link.
 QString PageDocument::fileInSearchPaths(const QUrl &name) const
 {
     const QString path = name.path();
@@ -133,23 +139,26 @@ QString PageDocument::fileInSearchPaths(const QUrl &name) const
             continue;
         const QString file = candidate.canonicalFilePath();
         const QString inside = QFileInfo(folder).canonicalFilePath() + QLatin1Char('/');
-        return file.startsWith(inside) ? file : QString();
+        return m_local_files_allowed || file.startsWith(inside) ? file : QString();
     }
     return {};
 }
 
+/// The picture in the search paths; null where there is none. The base class would keep the first
+/// one that it sees, while downloads bring new ones.
 QPixmap PageDocument::picture(const QUrl &name)
 {
-    const QString key = name.path();
+    const QString key = name.toString();
     const auto known = m_pictures.constFind(key);
     if (known != m_pictures.constEnd())
         return *known;
-    if (!m_missing.contains(key)) {
-        const QString file = fileInSearchPaths(name);
-        const QPixmap pixmap = file.isEmpty() ? QPixmap() : readPicture(file);
-        if (!pixmap.isNull())
-            return *m_pictures.insert(key, pixmap);
+    if (m_missing.contains(key))
+        return {};
+    const QString file = fileInSearchPaths(name);
+    const QPixmap pixmap = file.isEmpty() ? QPixmap() : readPicture(file, m_local_files_allowed);
+    if (pixmap.isNull())
         m_missing.insert(key);
-    }
-    return m_missing_picture;
+    else
+        m_pictures.insert(key, pixmap);
+    return pixmap;
 }

@@ -36,7 +36,7 @@ private:
     QTextBrowser *m_browser;
     QPixmap m_missing_picture;
     bool m_local_files_allowed = false;
-    QHash<QString, QPixmap> m_pictures; // By their path on the page.
+    QHash<QString, QPixmap> m_pictures; // By their address on the page.
     QSet<QString> m_missing;
     QMultiHash<QString, int> m_picture_index; // Positions in the text, by file name.
     bool m_is_indexed = false;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
 #include "gallery/commandline.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
@@ -63,9 +64,13 @@ QString htmlOf(const HelpPage &page, const QString &base)
 {
     QString html = QString("<html><head>%1<title>%2</title></head><body><h2>%2</h2><p>%3</p>")
                        .arg(base, page.title, page.intro);
-    for (int i = 0; i < kPictures; ++i)
-        html +=
-            QString("<p><img src=\"%1.png\"> &nbsp;%2</p>").arg(kPictureNames[i], page.steps[i]);
+    for (int i = 0; i < kPictures; ++i) {
+        const QPixmap pixmap = getGlobalImage(kPictureNames[i]);
+        html += QString("<p><img src=\"%1.png\" width=\"%2\"> &nbsp;%3</p>")
+                    .arg(kPictureNames[i])
+                    .arg(qRound(pixmap.width() / pixmap.devicePixelRatio()))
+                    .arg(page.steps[i]);
+    }
     return html + QString("<p>%1</p></body></html>").arg(page.more);
 }
 
@@ -117,7 +122,7 @@ QWidget *pictureOf(BrowserWindow &window, int reloads)
     while ((view->toPlainText().isEmpty() || *left > 0) && !timer.hasExpired(kPatience))
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 50);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    window.resize(window.width() * 3 / 4, window.height() * 2 / 3);
+    window.resize(scaled(560), scaled(380));
     return picture(window.grab());
 }
 

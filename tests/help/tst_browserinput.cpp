@@ -26,6 +26,7 @@ private Q_SLOTS:
     void cleanup();
 
     void itOpensAtASensibleSize();
+    void aPageThatComesBeforeTheWindowIsShownBeginsAtItsTop();
     void theTitleIsThePagesUnlessTheHostSetOne();
     void escapeCloses();
     void theTextIsCopiedByTheKeyboard();
@@ -81,6 +82,14 @@ void tst_browserinput::itOpensAtASensibleSize()
     QVERIFY(size.width() < screen.width() && size.height() < screen.height());
     QVERIFY(size.width() == scaled(760) || size.width() > screen.width() * 0.85);
     QVERIFY(size.height() == scaled(560) || size.height() > screen.height() * 0.85);
+}
+
+void tst_browserinput::aPageThatComesBeforeTheWindowIsShownBeginsAtItsTop()
+{
+    showPage(
+        "<html><h1>Heading</h1>" + QByteArray("<p>a line of text</p>").repeated(200) + "</html>");
+    QVERIFY(view()->verticalScrollBar()->maximum() > 0);
+    QCOMPARE(view()->verticalScrollBar()->value(), 0);
 }
 
 void tst_browserinput::theTitleIsThePagesUnlessTheHostSetOne()

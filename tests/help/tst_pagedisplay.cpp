@@ -17,6 +17,7 @@ private Q_SLOTS:
 
     void picturesAppearAtTheirNaturalSize_data();
     void picturesAppearAtTheirNaturalSize();
+    void aPictureThatChangedIsShownAnew_data();
     void aPictureThatChangedIsShownAnew();
     void anotherPageShowsItsOwnPictures();
     void pagesGrowWithTheirPictures();
@@ -117,8 +118,17 @@ void tst_pagedisplay::picturesAppearAtTheirNaturalSize()
     QTRY_COMPARE(redPixels(), int(pixels * ratio * ratio));
 }
 
+void tst_pagedisplay::aPictureThatChangedIsShownAnew_data()
+{
+    QTest::addColumn<QUrl>("url");
+    QTest::newRow("page from the network") << QUrl(QStringLiteral("https://help.vemo.invalid/"));
+    QTest::newRow("page from a file") << QUrl(QStringLiteral("file:///help/page.html"));
+}
+
 void tst_pagedisplay::aPictureThatChangedIsShownAnew()
 {
+    QFETCH(const QUrl, url);
+    m_browser->setPageUrl(url);
     m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">")));
     QTRY_VERIFY(redPixels() > 0);
     m_server->setAnswer({}, page(pictureBytes({50, 40}, Qt::blue)));
