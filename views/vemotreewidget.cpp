@@ -141,11 +141,10 @@ void VemoTreeWidget::focusInEvent(QFocusEvent * /*event*/)
         setCurrentItem(itemAt(QPoint(0, 0)));
         return;
     }
-    const QPointer<VemoTreeWidget> self(this);
     const QPersistentModelIndex current = indexFromItem(currentItem());
     setCurrentItem(itemAt(QPoint(-1, -1)));
-    // A slot may have deleted the item, or the tree.
-    if (self && current.isValid())
+    // A slot may have deleted the item and chosen another.
+    if (current.isValid())
         setCurrentItem(itemFromIndex(current));
 }
 

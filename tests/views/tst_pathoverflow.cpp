@@ -79,6 +79,7 @@ private Q_SLOTS:
     void listsThePartsThatAreOutOfSight_data();
     void listsThePartsThatAreOutOfSight();
     void showsTheRightEndOfTheRow();
+    void showsTheRightEndAtOnce();
     void keepsAmpersandsOfAPartInTheMenu();
     void asksForThePathOfAMenuEntry();
     void opensItsMenuOnPress();
@@ -145,6 +146,18 @@ void PathOverflowTest::showsTheRightEndOfTheRow()
     QCoreApplication::processEvents();
     const QWidget *last = path.bar.cellWidget(0, 8);
     QCOMPARE(last->x() + last->width(), path.bar.viewport()->width());
+}
+
+void PathOverflowTest::showsTheRightEndAtOnce()
+{
+    Path path;
+    path.bar.refresh("a");
+    path.bar.resize(scaled(100), path.bar.height());
+    QCoreApplication::processEvents();
+    path.bar.refresh(kPath);
+    const int hidden = path.rowWidth() - path.bar.viewport()->width();
+    QVERIFY(hidden > 0);
+    QCOMPARE(path.bar.horizontalScrollBar()->value(), hidden);
 }
 
 void PathOverflowTest::keepsAmpersandsOfAPartInTheMenu()

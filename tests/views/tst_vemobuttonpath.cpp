@@ -12,9 +12,19 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QTemporaryFile>
 #include <QToolButton>
 
 namespace {
+
+void setStyle(const char *key, const QString &section)
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write(QString("== %1 ==\n%2\n").arg(key, section).toUtf8());
+    file.close();
+    StyleManager::getInstance().initialize({file.fileName()});
+}
 
 struct Path
 {
@@ -61,6 +71,7 @@ private Q_SLOTS:
     void dressesArrowButtons();
     void makesANameAsWideAsItsText_data();
     void makesANameAsWideAsItsText();
+    void makesANameAsWideAsTheFontOfItsStyleNeeds();
     void makesColumnsAsWideAsTheirButtons();
     void putsButtonsSideBySide();
     void asksForThePathOfAClickedName_data();
@@ -220,6 +231,20 @@ void VemoButtonPathTest::makesANameAsWideAsItsText()
     const Path path(part);
     const int text = path.button(0)->fontMetrics().boundingRect(part).width();
     QCOMPARE(path.button(0)->width(), int(DPIinfo::getInstance().getDPI() * (text + 16)));
+}
+
+void VemoButtonPathTest::makesANameAsWideAsTheFontOfItsStyleNeeds()
+{
+    const char *key = "component.button_path_name_button";
+    const QString themeStyle = getStyleSheet(key, true);
+    setStyle(key, "QPushButton { font-size: 40px; }");
+    Path path("My Documents");
+    setStyle(key, themeStyle);
+    QCOMPARE(path.button(0)->font().pixelSize(), scaled(40));
+    const int text = path.button(0)->fontMetrics().boundingRect("My Documents").width();
+    QCOMPARE(path.button(0)->width(), int(DPIinfo::getInstance().getDPI() * (text + 16)));
+    path.bar.refresh("My Documents");
+    QVERIFY(path.button(0)->width() < text);
 }
 
 void VemoButtonPathTest::makesColumnsAsWideAsTheirButtons()

@@ -89,6 +89,7 @@ private Q_SLOTS:
     void drawsNothingForAnInvalidIndex();
     void drawsRowsWithoutACheckBoxAsDisabled();
     void restoresThePainter();
+    void holdsManyItemsOfAllNames();
 };
 
 void VemoTreeWidgetTest::highlightsSelectedRows()
@@ -296,6 +297,26 @@ void VemoTreeWidgetTest::restoresThePainter()
     tree.drawRow(&painter, option, tree.indexFromItem(tree.topLevelItem(1)));
     QCOMPARE(painter.pen().color(), QColor(Qt::blue));
     QVERIFY(!(painter.renderHints() & QPainter::Antialiasing));
+}
+
+void VemoTreeWidgetTest::holdsManyItemsOfAllNames()
+{
+    const QStringList names {"R&D", "\"a\" 'b'", "", QString::fromUtf8("שלום"),
+        QString::fromUtf8("e\xCC\x81"), QString(4096, 'm'), "home"};
+    Tree tree;
+    QList<QTreeWidgetItem *> items;
+    for (int i = 0; i < 100'000; ++i) {
+        auto *item = i % 2 ? new FileSystemTreeWidgetItem : new QTreeWidgetItem;
+        item->setText(0, names.at(i % names.size()));
+        items << item;
+    }
+    tree.addTopLevelItems(items);
+    tree.setUniformRowHeights(true);
+    tree.sortItems(0, Qt::DescendingOrder);
+    tree.setCurrentItem(items.last());
+    tree.scrollToItem(items.last());
+    QVERIFY(!tree.grab().isNull());
+    QVERIFY(tree.viewport()->rect().intersects(tree.visualItemRect(items.last())));
 }
 
 VEMO_TEST_MAIN(VemoTreeWidgetTest)
