@@ -74,6 +74,19 @@ void allowManyDescriptors()
     setrlimit(RLIMIT_NOFILE, &limit);
 }
 
+/// Until the returned limit is set again, the process can open nothing more.
+rlimit takeDescriptorsAway()
+{
+    rlimit usual = {};
+    getrlimit(RLIMIT_NOFILE, &usual);
+    const int firstFree = dup(STDIN_FILENO);
+    close(firstFree);
+    rlimit none = usual;
+    none.rlim_cur = rlim_t(firstFree);
+    setrlimit(RLIMIT_NOFILE, &none);
+    return usual;
+}
+
 } // namespace
 
 class HostilePeersTest : public VemoTest
@@ -337,30 +350,23 @@ void HostilePeersTest::readsWhatHasComeBeforeItCallsThatIdle()
 
 void HostilePeersTest::goesOnWhenThereAreDescriptorsAgain()
 {
-    std::vector<RawPeer> all;
-    for (int i = 0; i < 10; ++i) {
-        all.emplace_back(m_address);
-        all.back().send(frame(QByteArray::number(i)));
+    const QStringList warning(
+        QStringLiteral("Cannot accept messages of other instances for now: \"%1\"")
+            .arg(qt_error_string(EMFILE)));
+    for (int round = 1; round <= 2; ++round) {
+        std::vector<RawPeer> all;
+        for (int i = 0; i < 10; ++i) {
+            all.emplace_back(m_address);
+            all.back().send(frame(QByteArray::number(i)));
+        }
+        const rlimit usual = takeDescriptorsAway();
+        QElapsedTimer clock;
+        clock.start();
+        QTRY_VERIFY(clock.hasExpired(500)); // Fails again and again, and says so once.
+        setrlimit(RLIMIT_NOFILE, &usual);
+        QCOMPARE(messages.take(), warning);
+        QTRY_COMPARE(m_received->size(), 10 * round);
     }
-    rlimit usual = {};
-    getrlimit(RLIMIT_NOFILE, &usual);
-    rlimit none = usual;
-    const int firstFree = dup(STDIN_FILENO);
-    close(firstFree);
-    none.rlim_cur = rlim_t(firstFree);
-    setrlimit(RLIMIT_NOFILE, &none);
-    QStringList said;
-    QTRY_VERIFY(!(said += messages.take()).isEmpty());
-    QElapsedTimer clock;
-    clock.start();
-    // Some more failures, of which nothing is said.
-    QTRY_VERIFY(clock.hasExpired(500));
-    setrlimit(RLIMIT_NOFILE, &usual);
-    QTRY_COMPARE(m_received->size(), 10);
-    said += messages.take();
-    QCOMPARE(said,
-        QStringList(QStringLiteral("Cannot accept messages of other instances for now: \"%1\"")
-                        .arg(qt_error_string(EMFILE))));
 }
 
 int main(int argc, char **argv)

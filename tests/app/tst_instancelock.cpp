@@ -198,10 +198,11 @@ void InstanceLockTest::refusesWhatIsNotAFileOfOurs_data()
         unlink((path + "-second").constData());
         QCOMPARE(link(path.constData(), (path + "-second").constData()), 0);
     });
+    if (geteuid() != 0)
+        return; // Only root can give a file away.
     row("another user's", "it belongs to another user", [](const QByteArray &path) {
         writeFile(path, 0666);
-        if (chown(path.constData(), 12345, gid_t(-1)) != 0)
-            QSKIP("Only root can make another user's file");
+        QCOMPARE(chown(path.constData(), 12345, gid_t(-1)), 0);
     });
 }
 

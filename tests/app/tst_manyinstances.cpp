@@ -47,6 +47,7 @@ private Q_SLOTS:
     void areOnePrimaryWhenAllStartAtOnce();
     void handTheRoleOverAThousandTimes();
     void areOnePrimaryWhenTwoWantTheUnlockedRole();
+    void areOnePrimaryAgainWhateverACleanerRemoves();
     void sendTenThousandMessagesInOrder();
     void sendTheirMessagesWholeWhateverTheirLength_data();
     void sendTheirMessagesWholeWhateverTheirLength();
@@ -140,6 +141,29 @@ void ManyInstancesTest::areOnePrimaryWhenTwoWantTheUnlockedRole()
         QCOMPARE(other->ask("send hello"), QByteArray("sent"));
         primary = std::move(next);
     }
+}
+
+void ManyInstancesTest::areOnePrimaryAgainWhateverACleanerRemoves()
+{
+    const OwnTemporaryFolder folder;
+    auto instances = startMany(5, ChildInstance::Peer);
+    for (int i = 0; i < 200; ++i) {
+        // The removals meet them while they look for their role, and put their files back.
+        for (auto &instance : instances)
+            instance->tell("role");
+        QFile::remove(i % 3 == 0 ? folder.socketPath() : folder.lockPath());
+        QFile::remove(i % 2 == 0 ? folder.socketPath() : folder.lockPath());
+        for (auto &instance : instances)
+            QVERIFY(!instance->answer().isEmpty());
+        // Two may still believe in their role; whoever is asked sees.
+        for (auto &instance : instances)
+            instance->ask("role");
+        const auto primaries = std::count_if(instances.begin(), instances.end(),
+            [](auto &instance) { return instance->isPrimary(); });
+        QCOMPARE(primaries, 1);
+    }
+    ChildInstance sender;
+    QCOMPARE(sender.ask("send hello"), QByteArray("sent"));
 }
 
 void ManyInstancesTest::sendTenThousandMessagesInOrder()
