@@ -66,6 +66,7 @@ void VemoTimeComboBox::setCurrentText(const std::string &text)
     } else if (row < 0) {
         fillCustomItem(time);
         setCurrentIndex(m_custom_index);
+        showBeginning();
     } else {
         setItemVisible(false);
         setCurrentIndex(row);
@@ -146,6 +147,7 @@ void VemoTimeComboBox::correctTime()
     } else if (row < 0 || row == m_custom_index) {
         fillCustomItem(time);
         setCurrentIndex(m_custom_index);
+        showBeginning();
         // Deliberate: another time in the same row is a change, too.
         Q_EMIT currentIndexChanged(m_custom_index);
     } else {
@@ -203,6 +205,13 @@ void VemoTimeComboBox::fillCustomItem(const QString &time)
     if (customItem())
         setItemText(m_custom_index, time + suffix);
     setItemVisible(true);
+}
+
+// Where the custom text leaves no room for the time.
+void VemoTimeComboBox::showBeginning()
+{
+    if (!hasFocus())
+        lineEdit()->setCursorPosition(0);
 }
 
 void VemoTimeComboBox::selectDefault()

@@ -62,6 +62,7 @@ private:
     QStandardItem *customItem() const;
     int rowOf(const QString &text) const;
     void fillCustomItem(const QString &time);
+    void showBeginning();
     void selectDefault();
 
     int m_custom_index = 0;

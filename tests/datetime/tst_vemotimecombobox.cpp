@@ -337,6 +337,7 @@ void VemoTimeComboBoxTest::showsACustomTextOfAnyLength()
     form.type("7:45");
     form.press(Qt::Key_Return);
     QCOMPARE(form.box.currentText().size(), 5 + 1 + 10000);
+    QCOMPARE(form.box.lineEdit()->cursorPosition(), 0);
     form.box.showPopup();
     QVERIFY(form.box.view()->isVisible());
     form.box.hidePopup();
