@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "datetime/daycalendar_p.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QSpinBox>
+#include <QTableView>
+
+namespace {
+
+// Of 255.
+constexpr int kHoverTint = 24;
+constexpr int kOutOfRangeVeil = 150;
+
+QColor withAlpha(QColor colour, int alpha)
+{
+    colour.setAlpha(alpha);
+    return colour;
+}
+
+bool isEnter(const QKeyEvent *event)
+{
+    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+}
+
+} // namespace
+
+DayCalendar::DayCalendar(QWidget *parent)
+    : QCalendarWidget(parent),
+      m_grid(findChild<QTableView *>(QStringLiteral("qt_calendar_calendarview"))),
+      m_year_edit(findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit")))
+{
+    m_year_edit->installEventFilter(this);
+    // So that the grid repaints the day that the pointer enters or leaves.
+    m_grid->viewport()->setAttribute(Qt::WA_Hover);
+}
+
+bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
+{
+    // The list of a combo box would take it for itself, and close.
+    if (watched == m_year_edit && event->type() == QEvent::ShortcutOverride
+        && isEnter(static_cast<QKeyEvent *>(event))) {
+        event->accept();
+        return true;
+    }
+    return QCalendarWidget::eventFilter(watched, event);
+}
+
+void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
+{
+    QCalendarWidget::paintCell(painter, rect, date);
+    const QPalette &colours = m_grid->palette();
+    const bool isInRange = date >= minimumDate() && date <= maximumDate();
+    if (!isInRange)
+        painter->fillRect(rect, withAlpha(colours.color(QPalette::Base), kOutOfRangeVeil));
+    else if (date != selectedDate() && isPointedAt(rect))
+        painter->fillRect(rect, withAlpha(colours.color(QPalette::Highlight), kHoverTint));
+    if (date == QDate::currentDate()) {
+        painter->setPen(colours.color(QPalette::Highlight));
+        painter->drawRect(rect.adjusted(0, 0, -1, -1));
+    }
+}
+
+bool DayCalendar::isPointedAt(const QRect &cell) const
+{
+    const QWidget *days = m_grid->viewport();
+    return isEnabled() && days->underMouse() && cell.contains(days->mapFromGlobal(QCursor::pos()));
+}

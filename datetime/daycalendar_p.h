@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Internal header, not part of the interface: it may change without notice.
+#pragma once
+
+#include <QCalendarWidget>
+
+class QSpinBox;
+class QTableView;
+
+/// Qt's calendar, which also shows which day is today, which one the pointer is on, and which ones
+/// are out of range. The colours are those of the day grid's palette. The Return that ends the
+/// typing of a year does not close a pop-up.
+class DayCalendar : public QCalendarWidget
+{
+public:
+    explicit DayCalendar(QWidget *parent);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override;
+
+private:
+    bool isPointedAt(const QRect &cell) const;
+
+    QTableView *m_grid;
+    QSpinBox *m_year_edit;
+};

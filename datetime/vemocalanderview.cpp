@@ -1,0 +1,299 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemocalanderview.h>
+
+#include "core/scaling_p.h"
+#include "datetime/daycalendar_p.h"
+
+#include <vemo/componentstrings.h>
+#include <vemo/imagemanager.h>
+#include <vemo/mousebuttonfilter.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemobutton.h>
+
+#include <QAction>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QTextCharFormat>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+// In design pixels.
+constexpr int kTodayHeight = 24;
+constexpr int kWeekdayHeight = 30;
+
+constexpr int kColumnWidth = 30; // Screen pixels: deliberately not scaled.
+constexpr int kDaysOfWeek = 7;
+constexpr int kShortMonth = 3; // Characters, whatever the language.
+
+constexpr auto kPrevious = "qt_calendar_prevmonth";
+constexpr auto kNext = "qt_calendar_nextmonth";
+constexpr auto kMonth = "qt_calendar_monthbutton";
+constexpr auto kYear = "qt_calendar_yearbutton";
+constexpr auto kYearEdit = "qt_calendar_yearedit";
+constexpr auto kBar = "qt_calendar_navigationbar";
+constexpr auto kGrid = "qt_calendar_calendarview";
+constexpr auto kWeekdays = "qt_calendar_weekdayview";
+constexpr auto kToday = "qt_calendar_today_button";
+
+constexpr const char *kMonthKeys[] = {"month_jan", "month_feb", "month_mar", "month_apr",
+    "month_may", "month_jun", "month_jul", "month_aug", "month_sep", "month_oct", "month_nov",
+    "month_dec"};
+constexpr const char *kWeekdayKeys[] = {
+    "sunday", "monday", "tuesday", "wednesday", "thursday", "friday", "saturday"};
+
+QString text(const char *key)
+{
+    return ComponentStrings::getInstance().getString(QLatin1String(key));
+}
+
+template <typename Part> Part *part(const QObject *owner, const char *name)
+{
+    return owner->findChild<Part *>(QLatin1String(name));
+}
+
+void setPicture(QToolButton *button, const char *name)
+{
+    const QPixmap picture =
+        ImageManager::getInstance().getImage(QLatin1String(name), ImageManager::NORMAL);
+    button->setIcon(picture);
+    button->setIconSize(picture.size() / DPIinfo::getInstance().getDPR());
+}
+
+} // namespace
+
+VemoCalanderView::VemoCalanderView(QWidget *parent) : QAbstractItemView(parent)
+{
+    auto *layout = new QVBoxLayout(this);
+    auto *today = new VemoButton(text("today"), VemoButton::CANCEL);
+    today->setFixedHeight(scaled(kTodayHeight));
+    m_calendar = new DayCalendar(this);
+    today->setObjectName(QLatin1String(kToday));
+    layout->addWidget(m_calendar);
+    layout->addWidget(today, 0, Qt::AlignHCenter);
+
+    setSelectionMode(NoSelection);
+    setUpCalendar();
+    setAccessibleName(text("accessible_calendar"));
+    handleNavigationBar();
+    handleWeekdayHeader();
+    handleTabOrder();
+    nameParts();
+    connectParts();
+}
+
+VemoCalanderView::~VemoCalanderView() = default;
+
+void VemoCalanderView::setCurrentPage(int year, int month)
+{
+    m_calendar->setCurrentPage(year, month);
+}
+
+void VemoCalanderView::setMinimumDate(const QDate &date)
+{
+    m_calendar->setMinimumDate(date);
+}
+
+void VemoCalanderView::setMaximumDate(const QDate &date)
+{
+    m_calendar->setMaximumDate(date);
+}
+
+bool VemoCalanderView::eventFilter(QObject * /*watched*/, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key == Qt::Key_Tab)
+        focusNextChild();
+    else if (key == Qt::Key_Backtab)
+        focusPreviousChild();
+    else
+        return false;
+
+    auto *grid = part<QTableView>(this, kGrid);
+    const QModelIndex day = grid->currentIndex();
+    if (grid->hasFocus() && day.isValid()) {
+        // Moves the focus frame on to the day, which would not be painted again otherwise.
+        grid->setCurrentIndex({});
+        grid->setCurrentIndex(day);
+    }
+    return true;
+}
+
+QRect VemoCalanderView::visualRect(const QModelIndex & /*index*/) const
+{
+    return {0, 0, 0, 0};
+}
+
+void VemoCalanderView::scrollTo(const QModelIndex & /*index*/, ScrollHint /*hint*/) { }
+
+QModelIndex VemoCalanderView::indexAt(const QPoint & /*point*/) const
+{
+    return {};
+}
+
+void VemoCalanderView::selectToday()
+{
+    m_calendar->setSelectedDate(QDate::currentDate());
+    Q_EMIT sigDateSelect(QDate::currentDate());
+}
+
+QModelIndex VemoCalanderView::moveCursor(
+    CursorAction /*cursorAction*/, Qt::KeyboardModifiers /*modifiers*/)
+{
+    return {};
+}
+
+int VemoCalanderView::horizontalOffset() const
+{
+    return 0;
+}
+
+int VemoCalanderView::verticalOffset() const
+{
+    return 0;
+}
+
+bool VemoCalanderView::isIndexHidden(const QModelIndex & /*index*/) const
+{
+    return true;
+}
+
+void VemoCalanderView::setSelection(
+    const QRect & /*rect*/, QItemSelectionModel::SelectionFlags /*command*/)
+{
+}
+
+QRegion VemoCalanderView::visualRegionForSelection(const QItemSelection & /*selection*/) const
+{
+    return {};
+}
+
+void VemoCalanderView::pageChanged(int, int month)
+{
+    showMonthName(month);
+}
+
+// Not connected: Qt's own menu changes the page, which shows the name.
+void VemoCalanderView::slotMonthTriggered(QAction *action)
+{
+    showMonthName(action->data().toInt());
+}
+
+void VemoCalanderView::setUpCalendar()
+{
+    m_calendar->setFirstDayOfWeek(Qt::Sunday);
+    m_calendar->setHorizontalHeaderFormat(QCalendarWidget::NoHorizontalHeader);
+    m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    // Deliberate: weekends are black, not Qt's red.
+    QTextCharFormat weekend = m_calendar->weekdayTextFormat(Qt::Saturday);
+    weekend.setForeground(QBrush(Qt::black, Qt::SolidPattern));
+    m_calendar->setWeekdayTextFormat(Qt::Saturday, weekend);
+    m_calendar->setWeekdayTextFormat(Qt::Sunday, weekend);
+}
+
+void VemoCalanderView::handleNavigationBar()
+{
+    auto *previous = part<QToolButton>(this, kPrevious);
+    auto *next = part<QToolButton>(this, kNext);
+    for (QToolButton *button :
+        {previous, next, part<QToolButton>(this, kMonth), part<QToolButton>(this, kYear)})
+        button->setFocusPolicy(Qt::StrongFocus);
+    previous->setAccessibleName(text("accessible_calendar_prev_month"));
+    next->setAccessibleName(text("accessible_calendar_next_month"));
+    setPicture(previous, "bt_pagebar_backend");
+    setPicture(next, "bt_pagebar_nextend");
+    part<QSpinBox>(this, kYearEdit)->setAttribute(Qt::WA_MacShowFocusRect, false);
+
+    auto *bar = part<QWidget>(this, kBar);
+    bar->setAutoFillBackground(false);
+    auto *filter = new MouseButtonFilter;
+    filter->setParent(this);
+    bar->installEventFilter(filter);
+    handleMonthMenu();
+}
+
+void VemoCalanderView::handleMonthMenu()
+{
+    auto *button = part<QToolButton>(this, kMonth);
+    for (const char *key : kMonthKeys)
+        m_month_names += text(key);
+    for (QAction *action : button->menu()->actions())
+        action->setText(m_month_names.value(action->data().toInt() - 1).left(kShortMonth));
+    showMonthName(QDate::currentDate().month());
+}
+
+void VemoCalanderView::handleWeekdayHeader()
+{
+    m_weekday_header = new QTableWidget(0, kDaysOfWeek);
+    m_weekday_header->setFocusPolicy(Qt::NoFocus);
+    m_weekday_header->setObjectName(QLatin1String(kWeekdays));
+    m_weekday_header->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header"));
+    m_weekday_header->setStyleSheet(getStyleSheet("component.table"));
+    m_weekday_header->setFixedHeight(scaled(kWeekdayHeight));
+    m_weekday_header->horizontalHeader()->hide();
+    m_weekday_header->verticalHeader()->hide();
+    m_weekday_header->insertRow(0);
+    for (int column = 0; column < kDaysOfWeek; ++column) {
+        auto *item = new QTableWidgetItem(text(kWeekdayKeys[column]).left(1));
+        item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+        m_weekday_header->setItem(0, column, item);
+    }
+    m_weekday_header->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_weekday_header->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    m_weekday_header->setEditTriggers(NoEditTriggers);
+    m_weekday_header->setSelectionMode(NoSelection);
+    m_weekday_header->setFrameStyle(0);
+    m_weekday_header->setShowGrid(false);
+    part<QTableView>(this, kGrid)->horizontalHeader()->setDefaultSectionSize(kColumnWidth);
+    m_weekday_header->horizontalHeader()->setDefaultSectionSize(kColumnWidth);
+    m_weekday_header->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    qobject_cast<QVBoxLayout *>(m_calendar->layout())->insertWidget(1, m_weekday_header);
+}
+
+void VemoCalanderView::handleTabOrder()
+{
+    // The calendar would send Tab past its buttons, straight to the grid, its focus proxy.
+    m_calendar->setFocusProxy(nullptr);
+    m_calendar->setFocusPolicy(Qt::NoFocus);
+    QWidget *before = this;
+    for (const char *name : {kPrevious, kNext, kMonth, kYear, kYearEdit, kGrid, kToday}) {
+        auto *after = part<QWidget>(this, name);
+        setTabOrder(before, after);
+        before = after;
+    }
+    setTabOrder(before, this);
+}
+
+void VemoCalanderView::nameParts()
+{
+    auto *grid = part<QTableView>(this, kGrid);
+    grid->setAccessibleName(accessibleName());
+    part<QSpinBox>(this, kYearEdit)->setAccessibleName(accessibleName());
+    // A day announces its number only; this says of which month.
+    const auto describeDay = [this, grid] {
+        grid->setAccessibleDescription(m_calendar->selectedDate().toString(Qt::ISODate));
+    };
+    connect(m_calendar, &QCalendarWidget::selectionChanged, grid, describeDay);
+    describeDay();
+}
+
+void VemoCalanderView::connectParts()
+{
+    for (const char *name : {kYear, kYearEdit, kGrid, kToday})
+        part<QWidget>(this, name)->installEventFilter(this);
+    connect(m_calendar, SIGNAL(activated(QDate)), this, SIGNAL(sigDateSelect(QDate)));
+    connect(m_calendar, SIGNAL(clicked(QDate)), this, SIGNAL(sigDateSelect(QDate)));
+    connect(part<VemoButton>(this, kToday), SIGNAL(clicked()), this, SLOT(selectToday()));
+    connect(m_calendar, SIGNAL(currentPageChanged(int, int)), this, SLOT(pageChanged(int, int)));
+}
+
+void VemoCalanderView::showMonthName(int month)
+{
+    part<QToolButton>(this, kMonth)->setText(m_month_names.value(month - 1));
+}

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemodateselector.h>
+
+#include "core/scaling_p.h"
+
+#include <vemo/mousebuttonfilter.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemocalanderview.h>
+
+#include <QDate>
+
+#include <utility>
+
+namespace {
+
+// In design pixels.
+constexpr int kCalendarWidth = 280;
+constexpr int kCalendarHeight = 260;
+constexpr int kFieldHeight = 32;
+
+void ignoreMouse(QObject *filter, QWidget *widget)
+{
+    filter->setParent(widget);
+    widget->installEventFilter(filter);
+}
+
+} // namespace
+
+VemoDateSelector::VemoDateSelector(QString placeholder, QWidget *parent)
+    : QComboBox(parent), m_calendar_view(new VemoCalanderView(nullptr)),
+      m_placeholder(std::move(placeholder))
+{
+    setView(m_calendar_view);
+    // A release in the calendar would count as one on a row of the list, and close it. So would a
+    // press that no part of it takes, on a day out of range.
+    ignoreMouse(new MouseReleaseFilter, view());
+    ignoreMouse(new MouseReleaseFilter, view()->viewport());
+    ignoreMouse(new MouseButtonFilter, view());
+    showPlaceholder();
+    connect(m_calendar_view, SIGNAL(sigDateSelect(QDate)), this, SLOT(dateSelect(QDate)));
+    setUpSizes();
+    setStyleSheet(getStyleSheet("component.date_selector") + getStyleSheet("component.menu"));
+}
+
+VemoDateSelector::~VemoDateSelector() = default;
+
+void VemoDateSelector::clearDate()
+{
+    const QDate today = QDate::currentDate();
+    clear();
+    showPlaceholder();
+    setCurrentIndex(0);
+    m_calendar_view->setCurrentPage(today.year(), today.month());
+}
+
+VemoCalanderView *VemoDateSelector::getCalendarView()
+{
+    return m_calendar_view;
+}
+
+void VemoDateSelector::dateSelect(const QDate &date)
+{
+    clear();
+    if (!date.isValid()) {
+        showPlaceholder();
+        return;
+    }
+    addItem(date.toString(QStringLiteral("yyyy-MM-dd")), date);
+    setCurrentIndex(0);
+    m_calendar_view->setCurrentPage(date.year(), date.month());
+    update();
+    hidePopup();
+}
+
+void VemoDateSelector::showPlaceholder()
+{
+    addItem(m_placeholder, QDate());
+}
+
+void VemoDateSelector::setUpSizes()
+{
+    view()->setFixedWidth(scaled(kCalendarWidth));
+    view()->setFixedHeight(scaled(kCalendarHeight));
+    setFixedHeight(scaled(kFieldHeight));
+    // The list of a wider field would be as wide, with nothing beside the calendar.
+    view()->parentWidget()->setMaximumWidth(view()->width());
+}

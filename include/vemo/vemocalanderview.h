@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QAbstractItemView>
+#include <QDate>
+#include <QStringList>
+
+class QAction;
+class QCalendarWidget;
+class QTableWidget;
+
+/// A month calendar with translated names, a weekday row, arrows of the library's pictures and a
+/// "today" button below. Tab walks through all its parts. (The class is meant to be spelt this
+/// way.)
+///
+/// It is an item view only so that a combo box can take it for its list, as VemoDateSelector does;
+/// it shows no model. Pictures, style files and strings must be loaded before: the names are those
+/// of the language at construction, and a missing one shows its key. It sets no style sheet on
+/// itself; the section "component.date_selector" dresses it where an ancestor has it set, or you
+/// set it. The view belongs to its parent and owns its parts, which keep the object names of
+/// QCalendarWidget's own ("qt_calendar_prevmonth", ...).
+///
+///     auto *calendar = new VemoCalanderView(page);
+///     calendar->setMinimumDate(QDate::currentDate());
+///     connect(calendar, SIGNAL(sigDateSelect(QDate)), this, SLOT(slotDateSelect(QDate)));
+class VEMO_EXPORT VemoCalanderView : public QAbstractItemView
+{
+    Q_OBJECT
+
+public:
+    explicit VemoCalanderView(QWidget *parent);
+    ~VemoCalanderView() override;
+
+    /// Shows a month; the selected day stays.
+    void setCurrentPage(int year, int month);
+    /// The first day that can be picked. Where it lies after the last one, it becomes both.
+    void setMinimumDate(const QDate &date);
+    /// The last day that can be picked. Where it lies before the first one, it becomes both.
+    void setMaximumDate(const QDate &date);
+
+    // The view shows no model: these do nothing and answer that there is nothing.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    QRect visualRect(const QModelIndex &index) const override;
+    void scrollTo(const QModelIndex &index, ScrollHint hint) override;
+    QModelIndex indexAt(const QPoint &point) const override;
+
+public Q_SLOTS:
+    /// Selects today as far as the range allows, and reports today in any case.
+    void selectToday();
+
+Q_SIGNALS:
+    /// A day was picked: by a click, by Return, or by the today button. A double click, which also
+    /// activates the day, reports it twice.
+    void sigDateSelect(QDate date);
+
+protected:
+    QModelIndex moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) override;
+    int horizontalOffset() const override;
+    int verticalOffset() const override;
+    bool isIndexHidden(const QModelIndex &index) const override;
+    void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) override;
+    QRegion visualRegionForSelection(const QItemSelection &selection) const override;
+
+private Q_SLOTS:
+    void pageChanged(int, int month);
+    void slotMonthTriggered(QAction *action);
+
+private:
+    void handleNavigationBar();
+    void handleMonthMenu();
+    void handleWeekdayHeader();
+    void handleTabOrder();
+    void setUpCalendar();
+    void connectParts();
+    void nameParts();
+    void showMonthName(int month);
+
+    QTableWidget *m_weekday_header = nullptr;
+    QStringList m_month_names;
+    QCalendarWidget *m_calendar = nullptr;
+};

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vemo/export.h>
+
+#include <QComboBox>
+#include <QString>
+
+class QDate;
+class VemoCalanderView;
+
+/// A date field: a combo box that opens a whole month calendar. Its single item shows the date as
+/// "yyyy-MM-dd", or a placeholder while there is none; the item's data holds the date, null for the
+/// placeholder.
+///
+/// It has no signal of its own: listen to getCalendarView()'s sigDateSelect(QDate), or to those of
+/// QComboBox. Picking a date closes the calendar. The field is 32 design pixels high, the calendar
+/// 280 x 260. Load pictures, style files and strings before. It belongs to its parent.
+///
+///     auto *from = new VemoDateSelector(tr("Any date"), page);
+///     from->getCalendarView()->setMaximumDate(QDate::currentDate());
+///     const QDate date = from->currentData().toDate(); // null while none is chosen
+class VEMO_EXPORT VemoDateSelector : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit VemoDateSelector(QString placeholder, QWidget *parent = nullptr);
+    ~VemoDateSelector() override;
+
+    /// Back to the placeholder; the calendar shows the current month.
+    void clearDate();
+
+    /// The calendar that opens, which is the field's own.
+    VemoCalanderView *getCalendarView();
+
+public Q_SLOTS:
+    /// Shows date and closes the calendar. An invalid date shows the placeholder and leaves the
+    /// calendar as it is.
+    void dateSelect(const QDate &date);
+
+private:
+    void showPlaceholder();
+    void setUpSizes();
+
+    VemoCalanderView *m_calendar_view;
+    QString m_placeholder;
+};

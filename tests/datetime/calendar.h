@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/vemotest.h"
+
+#include <vemo/vemobutton.h>
+#include <vemo/vemocalanderview.h>
+
+#include <QCalendarWidget>
+#include <QHeaderView>
+#include <QMenu>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QTimer>
+#include <QToolButton>
+
+/// The parts of a calendar view, by their object names.
+struct Parts
+{
+    explicit Parts(const QObject *view)
+        : calendar(view->findChild<QCalendarWidget *>()),
+          previous(view->findChild<QToolButton *>("qt_calendar_prevmonth")),
+          next(view->findChild<QToolButton *>("qt_calendar_nextmonth")),
+          month(view->findChild<QToolButton *>("qt_calendar_monthbutton")),
+          year(view->findChild<QToolButton *>("qt_calendar_yearbutton")),
+          yearEdit(view->findChild<QSpinBox *>("qt_calendar_yearedit")),
+          bar(view->findChild<QWidget *>("qt_calendar_navigationbar")),
+          grid(view->findChild<QTableView *>("qt_calendar_calendarview")),
+          weekdays(view->findChild<QTableWidget *>("qt_calendar_weekdayview")),
+          today(view->findChild<VemoButton *>("qt_calendar_today_button"))
+    {
+    }
+
+    /// Where a day of the page that is shown stands, in the grid's viewport.
+    QRect cell(int day) const
+    {
+        const QAbstractItemModel *days = grid->model();
+        bool hasBegun = false;
+        for (int row = 0; row < days->rowCount(); ++row) {
+            for (int column = 0; column < days->columnCount(); ++column) {
+                const QModelIndex index = days->index(row, column);
+                const QRect place = grid->visualRect(index);
+                const int number = index.data().toInt();
+                hasBegun |= number == 1 && !place.isEmpty();
+                if (hasBegun && number == day)
+                    return place;
+            }
+        }
+        return {};
+    }
+    void clickDay(int day) const
+    {
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell(day).center());
+    }
+    /// Opens the month menu, which runs a loop of its own, and picks a month in it.
+    void pickMonth(int number) const
+    {
+        QTimer::singleShot(0, month, [this, number] {
+            QMenu *menu = month->menu();
+            const QRect entry = menu->actionGeometry(menu->actions().at(number - 1));
+            QTest::mouseClick(menu, Qt::LeftButton, {}, entry.center());
+        });
+        QTest::mousePress(month, Qt::LeftButton);
+    }
+
+    QCalendarWidget *calendar;
+    QToolButton *previous;
+    QToolButton *next;
+    QToolButton *month;
+    QToolButton *year;
+    QSpinBox *yearEdit;
+    QWidget *bar;
+    QTableView *grid;
+    QTableWidget *weekdays;
+    VemoButton *today;
+};
+
+inline QStringList englishMonths()
+{
+    return {"January", "February", "March", "April", "May", "June", "July", "August", "September",
+        "October", "November", "December"};
+}
