@@ -53,12 +53,19 @@ struct Parts
         QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell(day).center());
     }
     /// Opens the month menu, which runs a loop of its own, and picks a month in it.
-    void pickMonth(int number) const
+    void pickMonth(int number, bool byMouse = false) const
     {
-        QTimer::singleShot(0, month, [this, number] {
+        QTimer::singleShot(0, month, [this, number, byMouse] {
             QMenu *menu = month->menu();
-            const QRect entry = menu->actionGeometry(menu->actions().at(number - 1));
-            QTest::mouseClick(menu, Qt::LeftButton, {}, entry.center());
+            QAction *entry = menu->actions().at(number - 1);
+            if (byMouse) {
+                QTest::mouseMove(menu, menu->actionGeometry(entry).center());
+                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
+            } else {
+                menu->setActiveAction(entry);
+                QTest::keyClick(menu, Qt::Key_Return);
+            }
+            menu->close();
         });
         QTest::mousePress(month, Qt::LeftButton);
     }

@@ -381,6 +381,8 @@ void VemoCalanderViewTest::picksAMonthFromTheMenu()
     view.parts.pickMonth(11);
     QCOMPARE(view.parts.calendar->monthShown(), 11);
     QCOMPARE(view.parts.month->text(), QString("November"));
+    view.parts.pickMonth(2, true);
+    QCOMPARE(view.parts.month->text(), QString("February"));
     QCOMPARE(view.picks.size(), 0);
 }
 
