@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QEventLoop>
 #include <QPointer>
+#include <QTimer>
 #include <QVector>
 #include <QWindow>
 
@@ -167,12 +168,19 @@ void ModalRun::abandon()
     if (run->loop) {
         run->releaseLoop();
         run->loop->exit(0);
-    } else if (run->isOpen() && run->focus) {
+    } else if (run->isOpen() && run->focus && !isAnyOver(run->window, m_sheet)) {
         // Later, since the whole window may be about to go.
-        QMetaObject::invokeMethod(
-            run->focus, [run] { restoreWindow(*run); }, Qt::QueuedConnection);
+        QTimer::singleShot(0, run->focus, SLOT(setFocus()));
     }
     run->close();
+}
+
+/// Whether another sheet is open over window.
+bool ModalRun::isAnyOver(const QWidget *window, const VemoSheet *but)
+{
+    const QVector<Run *> &runs = Run::open();
+    return std::any_of(runs.begin(), runs.end(),
+        [=](const Run *run) { return run->window == window && run->sheet != but; });
 }
 
 /// Exec was entered again while its loop runs: the new run takes over from the old one.

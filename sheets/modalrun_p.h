@@ -46,6 +46,7 @@ private:
     void undo(bool restoresCloseItem);
     void passFocusOn(const Run &run) const;
     void giveFocusBack(const Run &run) const;
+    static bool isAnyOver(const QWidget *window, const VemoSheet *but);
     static bool isFocusInOpenSheet(const QWidget *window);
     static void restoreWindow(Run &run);
 

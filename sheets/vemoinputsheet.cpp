@@ -65,7 +65,7 @@ VemoInputSheetPrivate::VemoInputSheetPrivate(VemoInputSheet *sheet)
 {
     q->setStyleSheet(getStyleSheet("component.message_sheet_other"));
     dressButtons();
-    connect(buttonBox, SIGNAL(clicked(QAbstractButton *)), q, SLOT(buttonClick(QAbstractButton *)));
+    connect(buttonBox, SIGNAL(clicked(QAbstractButton*)), q, SLOT(buttonClick(QAbstractButton*)));
 }
 
 void VemoInputSheetPrivate::dressButtons()

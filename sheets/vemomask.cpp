@@ -62,6 +62,7 @@ public:
     QWidget *widget = nullptr; ///< only compared, never followed: it may die before the mask
 };
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value as everybody calls it.
 QWidget *VemoMask::createMask(QWidget *widget, QWidget *parent, QColor color)
 {
     if (widget && !parent)

@@ -105,7 +105,7 @@ VemoMessageSheetPrivate::VemoMessageSheetPrivate(
     auto *style = new DialogButtonBoxStyle;
     style->setParent(buttonBox);
     buttonBox->setStyle(style);
-    connect(buttonBox, SIGNAL(clicked(QAbstractButton *)), q, SLOT(buttonClick(QAbstractButton *)));
+    connect(buttonBox, SIGNAL(clicked(QAbstractButton*)), q, SLOT(buttonClick(QAbstractButton*)));
 }
 
 VemoMessageSheet *VemoMessageSheetPrivate::newMaskedSheet(VemoMessageSheet::MessageType type,
@@ -154,11 +154,9 @@ void VemoMessageSheetPrivate::rebuild()
 void VemoMessageSheetPrivate::showTypeIcon()
 {
     const TypeLook &look = lookOf(type);
-    if (!showIcon)
-        iconLabel->clear();
-    else if (look.icon)
+    if (showIcon && look.icon)
         iconLabel->setPixmap(getGlobalImage(look.icon));
-    else if (type == VemoMessageSheet::Processing && movie)
+    else if (showIcon && type == VemoMessageSheet::Processing && movie)
         iconLabel->setMovie(movie);
     else
         iconLabel->clear();

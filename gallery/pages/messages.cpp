@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "gallery/page.h"
+#include "gallery/pageregistry.h"
+#include "gallery/sheetstage.h"
+
+#include <vemo/messageshortcuts.h>
+#include <vemo/vemobutton.h>
+#include <vemo/vemocountdownmessagebox.h>
+#include <vemo/vemomessagesheet.h>
+
+#include <QTimer>
+
+namespace {
+
+using Sheet = VemoMessageSheet;
+
+const QString kBusy = QStringLiteral(":/vemo/theme/images/busy.gif");
+constexpr int kBusyTime = 3000; // Milliseconds.
+constexpr QSize kStage(420, 320);
+constexpr QSize kNarrowStage(270, 290);
+
+const char *const kGerman =
+    "Die Verbindungseinstellungen wurden geändert. Möchten Sie die Änderungen übernehmen oder alle "
+    "Einstellungen auf die Werkseinstellungen zurücksetzen?";
+const char *const kChinese = "无法连接到服务器。请检查您的网络连接，然后重试。如果问题仍然存在，"
+                             "请联系系统管理员以获取更多信息和帮助。";
+
+QString longText()
+{
+    return QString("This message is long, and the sheet grows with it. ").repeated(40).left(2000);
+}
+
+Sheet *newDoubleConfirm(QWidget *window)
+{
+    auto *sheet = new Sheet(Sheet::WarningConfirm, "Delete the folder for good?",
+        "All 1,204 files in it are removed from the server.", window);
+    sheet->setDoubleConfirmCheckBox(true, "I know that nobody can bring them back.");
+    return sheet;
+}
+
+int runBusy(QWidget *window)
+{
+    auto *sheet = new Sheet("Copying 1,204 files ...", kBusy, window);
+    QTimer::singleShot(kBusyTime, sheet, SLOT(quit()));
+    return execOver(sheet, window);
+}
+
+/// A button that shows a message of a type.
+QWidget *newTypeButton(const QString &caption, Sheet::MessageType type, QLabel *result)
+{
+    return newAskingButton(caption, result, [=](QWidget *window) {
+        auto *sheet = new Sheet(type, "Shall the 1,204 files be sent to the archive?",
+            QString("This is a message of the type %1.").arg(caption), window);
+        // These two have no buttons.
+        if (type == Sheet::App || type == Sheet::Processing)
+            QTimer::singleShot(kBusyTime, sheet, SLOT(quit()));
+        return execOver(sheet, window);
+    });
+}
+
+void addTypes(Page &page)
+{
+    auto *result = text("Result: none yet");
+    page.addSection("Types, live",
+        "Each opens over this window, takes its keys (Return, Escape, Tab) and tells its result. "
+        "Those without buttons go by themselves.");
+    page.addRow({newTypeButton("App", Sheet::App, result),
+        newTypeButton("Information", Sheet::Information, result),
+        newTypeButton("Warning", Sheet::Warning, result),
+        newTypeButton("Confirm", Sheet::Confirm, result)});
+    page.addRow({newTypeButton("ConfirmReset", Sheet::ConfirmReset, result),
+        newTypeButton("Upgrading", Sheet::Upgrading, result),
+        newTypeButton("WarningConfirm", Sheet::WarningConfirm, result),
+        newAskingButton("Processing", result, runBusy),
+        newAskingButton("Double confirm", result,
+            [](QWidget *window) { return execOver(newDoubleConfirm(window), window); })});
+    page.add(result);
+    page.addCode(R"(QPointer<VemoMessageSheet> sheet =
+    new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
+VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+if (sheet->exec() == QDialogButtonBox::Apply)
+    deleteIt();
+delete sheet;)");
+}
+
+QWidget *newTextButton(const QString &caption, const QString &text, QLabel *result)
+{
+    return newAskingButton(caption, result,
+        [=](QWidget *window) { return execOver(new Sheet(Sheet::Confirm, text, window), window); });
+}
+
+void addTexts(Page &page)
+{
+    auto *result = text("Result: none yet");
+    page.addSection("Texts, live", "Links open in the browser; the height follows the text.");
+    page.addRow({newTextButton("Deutsch", kGerman, result), newTextButton("中文", kChinese, result),
+        newTextButton("Rich text",
+            "<b>Version 2</b> is here. See the <a href='https://vemo.invalid'>notes</a>:<ul>"
+            "<li>faster</li><li>smaller</li></ul>",
+            result),
+        newTextButton("2,000 characters", longText(), result)});
+    page.add(result);
+}
+
+void addShortcuts(Page &page)
+{
+    const QString title = "Vemo";
+    auto *result = text("Result: none yet");
+    const auto newShortcut = [=](const QString &caption, const std::function<int(QWidget *)> &ask) {
+        return newAskingButton(caption, result, ask);
+    };
+    page.addSection("Shortcuts, live", "One call each. Without a parent it is a message box.");
+    page.addRow({newShortcut("showConfirmMsg",
+                     [=](QWidget *w) { return showConfirmMsg(title, "Send the report?", w); }),
+        newShortcut("showConfirmMsgCustomBtn",
+            [=](QWidget *w) {
+                return showConfirmMsgCustomBtn(title, "Send the report?", {"Send", "Keep"}, w);
+            }),
+        newShortcut("showInfoMsg",
+            [=](QWidget *w) { return showInfoMsg(title, "The report is sent.", w), 0; }),
+        newShortcut("showWarningMsg", [=](QWidget *w) {
+            return showWarningMsg(title, "The report was not sent.", "No network.", w), 0;
+        })});
+    page.addRow(
+        {newShortcut("showUpgradingMsg",
+             [=](QWidget *w) { return showUpgradingMsg(title, "Version 2 is here.", w), 0; }),
+            newShortcut("Without a parent",
+                [=](QWidget *) { return showConfirmMsg(title, "Send the report?", nullptr); }),
+            newShortcut("Countdown", [](QWidget *window) {
+                VemoCountdownMessageBox box(window);
+                box.setText("The computer is about to restart.");
+                box.setStartValue(5);
+                return box.exec();
+            })});
+    page.add(result);
+    page.addCode(R"(if (showConfirmMsg(tr("Vemo"), tr("Send the report?"), window)
+    == QDialogButtonBox::Apply)
+    send();)");
+}
+
+QLabel *stage(const QSize &size, const std::function<VemoSheet *(QWidget *)> &newSheet)
+{
+    return picture(sheetOverWindow(size, newSheet));
+}
+
+void addLooks(Page &page)
+{
+    page.addSection("As they look");
+    page.addRow({stage(kStage,
+                     [](QWidget *w) {
+                         return new Sheet(Sheet::Confirm, "Send the report to the archive?", w);
+                     }),
+        stage(kStage, newDoubleConfirm)});
+    page.addRow({stage(kStage,
+                     [](QWidget *w) {
+                         return new Sheet(Sheet::ConfirmReset, kGerman,
+                             MsgBoxCustomBtnText("Änderungen übernehmen", "Verwerfen"), w);
+                     }),
+        stage(kStage, [](QWidget *w) { return new Sheet(Sheet::Warning, kChinese, w); })});
+    page.addRow({stage(kStage, [](QWidget *w) { return new Sheet("Copying ...", kBusy, w); }),
+        stage(kNarrowStage, [](QWidget *w) {
+            return new Sheet(Sheet::ConfirmReset, "Keep the settings in this narrow window?", w);
+        })});
+}
+
+void build(Page &page)
+{
+    page.addSummary("Messages drawn as a sheet over their window, and shortcuts for them.");
+    addTypes(page);
+    addTexts(page);
+    addShortcuts(page);
+    addLooks(page);
+}
+
+const PageEntry entry(40, "Messages",
+    "VemoMessageSheet MsgBoxCustomBtnText VemoCountdownMessageBox showConfirmMsg showInfoMsg "
+    "showWarningMsg showUpgradingMsg dialog modal question warning busy countdown",
+    build);
+
+} // namespace

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "gallery/page.h"
+#include "gallery/pageregistry.h"
+#include "gallery/sheetstage.h"
+
+#include <vemo/vemobutton.h>
+#include <vemo/vemoinputsheet.h>
+#include <vemo/vemolabel.h>
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize kStage(420, 250);
+
+VemoSheet *newInput(QWidget *window)
+{
+    auto *sheet = new VemoInputSheet("Name of the new folder:", window);
+    sheet->getLineEdit()->setText("Reports 2026");
+    sheet->getLineEdit()->selectAll();
+    return sheet;
+}
+
+void addInput(Page &page)
+{
+    auto *result = text("Result: none yet");
+    auto *content = note("Content: none yet");
+    auto *ask = newAskingButton("Ask for a name", result, [content](QWidget *window) {
+        const QPointer<QLabel> held = content;
+        QPointer<VemoInputSheet> sheet =
+            new VemoInputSheet("Name of the new folder, in <b>small letters</b>:", window);
+        sheet->getLineEdit()->setValidator(
+            new QRegularExpressionValidator(QRegularExpression("[a-z ]*"), sheet->getLineEdit()));
+        VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+        const int code = sheet->exec();
+        if (held && sheet)
+            held->setText("Content: " + sheet->getContent());
+        delete sheet;
+        return code;
+    });
+    page.addSection("Input sheet", "Return in the field presses OK, Escape cancels.");
+    page.addRow({ask, result, content});
+    page.add(picture(sheetOverWindow(kStage, newInput)));
+    page.addCode(R"(QPointer<VemoInputSheet> sheet = new VemoInputSheet(tr("Name:"), window);
+VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+if (sheet->exec() == QDialogButtonBox::Ok)
+    makeFolder(sheet->getContent());
+delete sheet;)");
+}
+
+VemoSheet *newOwnSheet(QWidget *window)
+{
+    auto *content = new QWidget;
+    auto *column = new QVBoxLayout(content);
+    column->addWidget(new VemoLabel("Any widget fits into the frame."));
+    auto *close = new VemoButton("Close", VemoButton::APPLY);
+    column->addWidget(close, 0, Qt::AlignRight);
+    auto *sheet = new VemoSheet(window);
+    sheet->setWidget(content);
+    sheet->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    QObject::connect(close, &VemoButton::clicked, sheet, &VemoSheet::deleteLater);
+    return sheet;
+}
+
+void addFrame(Page &page)
+{
+    auto *show = new VemoButton("Show a sheet of our own", VemoButton::DEFAULT);
+    QObject::connect(show, &VemoButton::clicked, show, [show] {
+        QWidget *window = show->window();
+        VemoMask::createMask(newOwnSheet(window), window, QColor(0, 0, 0, 20))->show();
+    });
+    page.addSection("Frame and mask",
+        "The frame draws the shadow around any content; the mask dims the window and holds the "
+        "frame in its middle.");
+    page.add(picture(sheetOverWindow(kStage, newOwnSheet)));
+    page.addRow({show});
+    page.addCode(R"(auto *sheet = new VemoSheet(window);
+sheet->setWidget(content);
+sheet->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+sheet->show();)");
+}
+
+void build(Page &page)
+{
+    page.addSummary("Panels over a dimmed window: one that asks for a line of text, and the frame "
+                    "for sheets of your own.");
+    addInput(page);
+    addFrame(page);
+}
+
+const PageEntry entry(42, "Sheets", "VemoSheet VemoInputSheet VemoMask prompt dialog modal", build);
+
+} // namespace

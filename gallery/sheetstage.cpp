@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "gallery/sheetstage.h"
+
+#include "core/scaling_p.h"
+
+#include <vemo/stylemanager.h>
+#include <vemo/vemobutton.h>
+#include <vemo/vemosheet.h>
+
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QMetaEnum>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kFields = 7;
+
+/// Something to lie behind a sheet.
+void fill(QWidget *window)
+{
+    auto *column = new QVBoxLayout(window);
+    for (int i = 1; i <= kFields; ++i) {
+        auto *field = new QLineEdit(QString("Report %1, sent to everybody in the team").arg(i));
+        field->setStyleSheet(getStyleSheet("component.lineedit"));
+        column->addWidget(field);
+    }
+    column->addStretch();
+}
+
+QString resultText(int code)
+{
+    const QMetaEnum buttons = QMetaEnum::fromType<QDialogButtonBox::StandardButtons>();
+    const char *name = code == 0 ? "none" : buttons.valueToKey(code);
+    return QString("Result: %1 (%2)").arg(name ? name : "?").arg(code);
+}
+
+} // namespace
+
+QPixmap sheetOverWindow(const QSize &size, const std::function<VemoSheet *(QWidget *)> &newSheet)
+{
+    QWidget window;
+    window.setObjectName("stage");
+    window.setStyleSheet("#stage { background: #F5F7FA; }");
+    window.resize(scaled(size.width()), scaled(size.height()));
+    window.setAttribute(Qt::WA_DontShowOnScreen);
+    fill(&window);
+    VemoSheet *sheet = newSheet(&window);
+    VemoMask::createMask(sheet, &window, QColor(0, 0, 0, 20));
+    sheet->show();
+    window.show();
+    return window.grab();
+}
+
+VemoButton *newAskingButton(
+    const QString &caption, QLabel *result, const std::function<int(QWidget *)> &ask)
+{
+    auto *button = new VemoButton(caption, VemoButton::DEFAULT);
+    QObject::connect(button, &VemoButton::clicked, result, [=] {
+        const QPointer<QLabel> held = result;
+        result->setText("Waiting for an answer ...");
+        const int code = ask(result->window());
+        if (held)
+            held->setText(resultText(code));
+    });
+    return button;
+}
