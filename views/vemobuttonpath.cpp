@@ -148,11 +148,13 @@ void VemoButtonPath::addButton(QPushButton *button)
     m_buttons.append(button);
 }
 
-void VemoButtonPath::addArrow(const QIcon &icon, const QString &style)
+void VemoButtonPath::addArrow(const QPixmap &picture, const QString &style)
 {
     QPushButton *arrow = newButton(viewport(), style);
     arrow->setFocusPolicy(Qt::NoFocus); // it does nothing
-    arrow->setIcon(icon);
+    arrow->setIcon(picture);
+    // In a larger box Qt would draw a fine picture as a coarse, larger one.
+    arrow->setIconSize(picture.size() / picture.devicePixelRatio());
     arrow->setFixedSize(scaled(kArrowWidth), scaled(kBarHeight));
     addButton(arrow);
 }
@@ -177,13 +179,13 @@ void VemoButtonPath::addParts(const QStringList &parts)
         return;
     const QString arrowStyle = getStyleSheet("component.button_path_arrow");
     const QString nameStyle = getStyleSheet("component.button_path_name_button");
-    const QIcon arrowIcon(getGlobalImage("bt_next"));
+    const QPixmap arrow = getGlobalImage("bt_next");
 
     // All columns at once: one by one, each would move all those before it.
     setColumnCount(2 * parts.size() - 1);
     for (const QString &part : parts) {
         if (!m_buttons.isEmpty())
-            addArrow(arrowIcon, arrowStyle);
+            addArrow(arrow, arrowStyle);
         addName(part, nameStyle);
     }
 }

@@ -54,7 +54,7 @@ private:
     void setupFolderButton();
     void clearRow();
     void addButton(QPushButton *button);
-    void addArrow(const QIcon &icon, const QString &style);
+    void addArrow(const QPixmap &picture, const QString &style);
     void addName(const QString &part, const QString &style);
     void addParts(const QStringList &parts);
     void updateColumnSize();

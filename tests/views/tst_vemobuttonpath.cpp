@@ -211,6 +211,7 @@ void VemoButtonPathTest::dressesArrowButtons()
     QCOMPARE(arrow->size(), QSize(scaled(6), scaled(28)));
     QCOMPARE(arrow->minimumSize(), arrow->maximumSize());
     const QPixmap expected = getGlobalImage("bt_next");
+    QCOMPARE(arrow->iconSize(), expected.size() / expected.devicePixelRatio());
     QCOMPARE(arrow->icon().pixmap(expected.size() / expected.devicePixelRatio()).toImage(),
         expected.toImage());
 }
