@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/linklabel.h>
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QVector>
@@ -24,9 +25,48 @@ void removeTopmostHand()
         QGuiApplication::setOverrideCursor(above.takeLast());
 }
 
+/// Tells assistive tools that a label is a link, and lets them press it.
+class AccessibleLink : public QAccessibleWidget
+{
+public:
+    explicit AccessibleLink(LinkLabel *label) : QAccessibleWidget(label, QAccessible::Link) { }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString given = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && given.isEmpty() ? label()->text() : given;
+    }
+
+    QStringList actionNames() const override { return {pressAction()}; }
+
+    void doAction(const QString &name) override
+    {
+        if (name == pressAction() && label()->isEnabled())
+            Q_EMIT label()->clicked();
+    }
+
+private:
+    LinkLabel *label() const { return static_cast<LinkLabel *>(widget()); }
+};
+
+QAccessibleInterface *newAccessibleLink(const QString &className, QObject *object)
+{
+    // Deliberate: a link label has no meta-object of its own, so it goes by its base's name.
+    if (className != QLatin1String(ClickableLabel::staticMetaObject.className()))
+        return nullptr;
+    auto *label = dynamic_cast<LinkLabel *>(object);
+    return label ? new AccessibleLink(label) : nullptr;
+}
+
 } // namespace
 
-LinkLabel::LinkLabel(const QString &text, QLabel *parent) : ClickableLabel(text, parent) { }
+LinkLabel::LinkLabel(const QString &text, QLabel *parent) : ClickableLabel(QString(), parent)
+{
+    // Qt keeps a factory only once.
+    QAccessible::installFactory(newAccessibleLink);
+    // Not before: at its first text Qt settles what a label is to assistive tools.
+    setText(text);
+}
 
 LinkLabel::~LinkLabel()
 {

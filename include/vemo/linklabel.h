@@ -4,7 +4,8 @@
 #include <vemo/clickablelabel.h>
 
 /// A clickable label that looks like a hyperlink under the pointer (pointing hand, underline) and
-/// carries its target. It does not open the target: that is its owner's part.
+/// carries its target. It does not open the target: that is its owner's part. Assistive tools find
+/// a link, and can press it.
 ///
 /// The hand is an override cursor of the application. Should the label be hidden, disabled or
 /// deleted under the pointer, it takes back the hand that it set, and no other cursor.

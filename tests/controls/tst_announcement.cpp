@@ -24,6 +24,8 @@ private Q_SLOTS:
     void roleAndTextAreAnnounced();
     void buddyNamesAControlWithoutText();
     void stateOfACheckBoxIsAnnounced();
+    void linkIsPressedByAssistiveTools();
+    void nameOfALinkMayBeGiven();
 };
 
 namespace {
@@ -61,7 +63,7 @@ void AnnouncementTest::roleAndTextAreAnnounced_data()
     row("radio button", newControl<VemoRadioButton>, QAccessible::RadioButton);
     row("label", newControl<VemoLabel>, QAccessible::StaticText);
     row("clickable label", newControl<ClickableLabel>, QAccessible::StaticText);
-    row("link label", newControl<LinkLabel>, QAccessible::StaticText);
+    row("link label", newControl<LinkLabel>, QAccessible::Link);
 }
 
 void AnnouncementTest::roleAndTextAreAnnounced()
@@ -100,6 +102,29 @@ void AnnouncementTest::stateOfACheckBoxIsAnnounced()
     box.setTristate(true);
     box.setCheckState(Qt::PartiallyChecked);
     QVERIFY(accessible->state().checkStateMixed);
+}
+
+void AnnouncementTest::linkIsPressedByAssistiveTools()
+{
+    LinkLabel link("Licence");
+    QSignalSpy clicks(&link, SIGNAL(clicked()));
+    QAccessibleActionInterface *actions =
+        QAccessible::queryAccessibleInterface(&link)->actionInterface();
+    QCOMPARE(actions->actionNames(), QStringList(QAccessibleActionInterface::pressAction()));
+    actions->doAction(QAccessibleActionInterface::setFocusAction());
+    QCOMPARE(clicks.count(), 0);
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(clicks.count(), 1);
+    link.setEnabled(false);
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(clicks.count(), 1);
+}
+
+void AnnouncementTest::nameOfALinkMayBeGiven()
+{
+    LinkLabel link("here");
+    link.setAccessibleName("Licence terms");
+    QCOMPARE(nameOf(&link), QString("Licence terms"));
 }
 
 VEMO_TEST_MAIN(AnnouncementTest)
