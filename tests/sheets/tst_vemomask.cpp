@@ -37,6 +37,7 @@ private Q_SLOTS:
     void isVisibleExactlyWhileTheWidgetIs();
     void waitsForTheWidgetWhenTheWindowShowsLater();
     void showsWithAWindowShownAfterTheWidget();
+    void comesBackWithItsWindow();
     void hidesWhenTheVisibleWidgetIsDeleted();
     void diesWithTheWindow();
     void filtersLetEveryEventPass();
@@ -211,6 +212,18 @@ void VemoMaskTest::showsWithAWindowShownAfterTheWidget()
     sheet->hide();
     window.show();
     QVERIFY(!sheet->parentWidget()->isVisible());
+}
+
+void VemoMaskTest::comesBackWithItsWindow()
+{
+    QWidget window;
+    QWidget *sheet = VemoMask::createMask(plainSheet(nullptr), &window, kShade);
+    window.show();
+    sheet->show();
+    window.hide();
+    window.show();
+    QVERIFY(sheet->isVisible());
+    QVERIFY(sheet->parentWidget()->isVisible());
 }
 
 void VemoMaskTest::hidesWhenTheVisibleWidgetIsDeleted()
