@@ -10,7 +10,7 @@ namespace {
 
 // Of 255.
 constexpr int kHoverTint = 24;
-constexpr int kOutOfRangeVeil = 150;
+constexpr int kVeil = 150;
 
 QColor withAlpha(QColor colour, int alpha)
 {
@@ -51,8 +51,8 @@ void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &d
     QCalendarWidget::paintCell(painter, rect, date);
     const QPalette &colours = m_grid->palette();
     const bool isInRange = date >= minimumDate() && date <= maximumDate();
-    if (!isInRange)
-        painter->fillRect(rect, withAlpha(colours.color(QPalette::Base), kOutOfRangeVeil));
+    if (!isInRange || !isEnabled())
+        painter->fillRect(rect, withAlpha(colours.color(QPalette::Base), kVeil));
     else if (date != selectedDate() && isPointedAt(rect))
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Highlight), kHoverTint));
     if (date == QDate::currentDate()) {
@@ -64,5 +64,5 @@ void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &d
 bool DayCalendar::isPointedAt(const QRect &cell) const
 {
     const QWidget *days = m_grid->viewport();
-    return isEnabled() && days->underMouse() && cell.contains(days->mapFromGlobal(QCursor::pos()));
+    return days->underMouse() && cell.contains(days->mapFromGlobal(QCursor::pos()));
 }

@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
+#include "gallery/page.h"
+#include "gallery/pageregistry.h"
+
+#include <vemo/stylemanager.h>
+#include <vemo/vemobutton.h>
+#include <vemo/vemocalanderview.h>
+#include <vemo/vemocheckbox.h>
+#include <vemo/vemodateselector.h>
+#include <vemo/vemolineedit.h>
+#include <vemo/vemotimecombobox.h>
+
+#include <QCalendarWidget>
+#include <QDate>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTime>
+
+namespace {
+
+// In design pixels.
+constexpr int kFieldWidth = 180;
+constexpr int kTimeWidth = 180;
+constexpr int kGap = 12;
+
+constexpr int kLogLines = 6;
+constexpr int kMinutesApart = 30;
+constexpr int kRange = 10; // Days before and after today.
+
+/// The last signals, the newest first.
+class SignalLog
+{
+public:
+    SignalLog() : m_label(note("No signal yet" + QString(kLogLines - 1, '\n')))
+    {
+        m_label->setAccessibleName("Signals");
+    }
+    QLabel *label() const { return m_label; }
+
+    void watch(const QString &name, VemoDateSelector *field) const
+    {
+        QObject::connect(field->getCalendarView(), &VemoCalanderView::sigDateSelect, m_label,
+            [label = m_label, name](const QDate &date) {
+                write(label, name, "sigDateSelect " + date.toString(Qt::ISODate));
+            });
+        watchIndex(name, field);
+    }
+    void watch(const QString &name, VemoCalanderView *calendar) const
+    {
+        QObject::connect(calendar, &VemoCalanderView::sigDateSelect, m_label,
+            [label = m_label, name](const QDate &date) {
+                write(label, name, "sigDateSelect " + date.toString(Qt::ISODate));
+            });
+    }
+    void watchIndex(const QString &name, QComboBox *box) const
+    {
+        QObject::connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), m_label,
+            [label = m_label, name, box](int index) {
+                write(label, name,
+                    QString("currentIndexChanged %1, \"%2\"").arg(index).arg(box->currentText()));
+            });
+    }
+
+private:
+    static void write(QLabel *label, const QString &name, const QString &signal)
+    {
+        QStringList lines = label->property("lines").toStringList();
+        lines.prepend(name + ": " + signal);
+        lines = lines.mid(0, kLogLines);
+        label->setProperty("lines", lines);
+        label->setText(lines.join('\n') + QString(kLogLines - lines.size(), '\n'));
+    }
+
+    QLabel *m_label;
+};
+
+/// Widgets side by side.
+QWidget *row(const QList<QWidget *> &widgets)
+{
+    auto *host = new QWidget;
+    auto *layout = new QHBoxLayout(host);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(scaled(kGap));
+    for (QWidget *widget : widgets)
+        layout->addWidget(widget);
+    return host;
+}
+
+VemoDateSelector *dateField(const QString &placeholder, const QString &name)
+{
+    auto *field = new VemoDateSelector(placeholder, nullptr);
+    field->setFixedWidth(scaled(kFieldWidth));
+    field->setAccessibleName(name);
+    return field;
+}
+
+void limit(VemoCalanderView *calendar)
+{
+    calendar->setMinimumDate(QDate::currentDate().addDays(-kRange));
+    calendar->setMaximumDate(QDate::currentDate().addDays(kRange));
+}
+
+/// What a date field looks like when it is open.
+QPixmap openField(bool isLimited)
+{
+    VemoDateSelector field("Any date", nullptr);
+    VemoCalanderView *calendar = field.getCalendarView();
+    if (isLimited)
+        limit(calendar);
+    calendar->findChild<QCalendarWidget *>()->setSelectedDate(QDate::currentDate().addDays(3));
+    QWidget *list = calendar->parentWidget();
+    list->resize(calendar->size());
+    return list->grab();
+}
+
+void addFields(Page &page)
+{
+    const SignalLog log;
+    VemoDateSelector *any = dateField("Any date", "Date");
+    VemoDateSelector *limited = dateField("Within ten days", "Date within ten days");
+    limit(limited->getCalendarView());
+    VemoDateSelector *chosen = dateField("Any date", "Chosen date");
+    chosen->dateSelect(QDate::currentDate());
+    VemoDateSelector *disabled = dateField("Any date", "Disabled date");
+    disabled->setEnabled(false);
+    log.watch("Live", any);
+    log.watch("Limited", limited);
+    log.watch("Chosen", chosen);
+    auto *clear = new VemoButton("Clear", VemoButton::CANCEL);
+    QObject::connect(clear, &VemoButton::clicked, any, &VemoDateSelector::clearDate);
+
+    page.addSection("Date fields", "A field opens a whole calendar, and shows what is picked.");
+    page.addRow({captioned(row({any, clear}), "Live"), captioned(limited, "Ten days around today"),
+        captioned(chosen, "A date chosen"), captioned(disabled, "Disabled")});
+    page.addRow({captioned(dateField("Beliebiges Datum", "German date"), "German"),
+        captioned(dateField("任何日期", "Chinese date"), "Chinese")});
+    page.addRow({captioned(picture(openField(false)), "The open calendar"),
+        captioned(picture(openField(true)), "With a range")});
+    page.add(log.label());
+    page.addCode(R"(auto *from = new VemoDateSelector(tr("Any date"), page);
+from->getCalendarView()->setMaximumDate(QDate::currentDate());
+const QDate date = from->currentData().toDate(); // null while none is chosen)");
+}
+
+VemoCalanderView *calendar()
+{
+    auto *view = new VemoCalanderView(nullptr);
+    view->setStyleSheet(getStyleSheet("component.date_selector") + getStyleSheet("component.menu"));
+    view->setFixedSize(scaled(280), scaled(260));
+    return view;
+}
+
+void addCalendars(Page &page)
+{
+    const SignalLog log;
+    VemoCalanderView *any = calendar();
+    VemoCalanderView *limited = calendar();
+    limit(limited);
+    VemoCalanderView *disabled = calendar();
+    disabled->setEnabled(false);
+    log.watch("Live", any);
+    log.watch("Limited", limited);
+    page.addSection("Calendars",
+        "The view of a date field stands alone, too, dressed by the field's style. Today has a "
+        "frame. Tab walks through its parts; Return picks the day.");
+    page.addRow({captioned(any, "Live"), captioned(limited, "Ten days around today"),
+        captioned(disabled, "Disabled")});
+    page.add(log.label());
+    page.addCode(R"(auto *calendar = new VemoCalanderView(page);
+connect(calendar, SIGNAL(sigDateSelect(QDate)), this, SLOT(slotDateSelect(QDate)));)");
+}
+
+VemoTimeComboBox *timeBox(bool isEditable, const QString &name)
+{
+    auto *box = new VemoTimeComboBox(nullptr);
+    for (int minute = 0; minute < 24 * 60; minute += kMinutesApart)
+        box->addItem(QTime(0, 0).addSecs(minute * 60).toString("HH:mm"));
+    box->setEditable(isEditable);
+    box->setDefault("08:00");
+    box->setCurrentText("08:00");
+    box->setFixedWidth(scaled(kTimeWidth));
+    box->setAccessibleName(name);
+    return box;
+}
+
+VemoTimeComboBox *customTimeBox(const QString &time, const QString &text, const QString &name)
+{
+    VemoTimeComboBox *box = timeBox(true, name);
+    box->setCustomText(text);
+    box->setCurrentText(time.toStdString());
+    return box;
+}
+
+/// A box with a switch for typing and a field for the custom text.
+QWidget *livingTime(const SignalLog &log)
+{
+    VemoTimeComboBox *box = timeBox(true, "Time");
+    log.watchIndex("Live", box);
+    auto *editable = new VemoCheckBox("Editable");
+    editable->setChecked(true);
+    QObject::connect(
+        editable, &VemoCheckBox::toggled, box, [box](bool isOn) { box->setEditable(isOn); });
+    auto *custom = new VemoLineEdit;
+    custom->setFixedWidth(scaled(kTimeWidth));
+    custom->getLineEdit()->setPlaceholderText("Custom text");
+    custom->getLineEdit()->setAccessibleName("Custom text");
+    QObject::connect(custom->getLineEdit(), &QLineEdit::textChanged, box,
+        [box](const QString &text) { box->setCustomText(text); });
+    return row({box, editable, custom});
+}
+
+void addTimes(Page &page)
+{
+    const SignalLog log;
+    VemoTimeComboBox *plain = timeBox(false, "Plain time");
+    log.watchIndex("Plain", plain);
+    VemoTimeComboBox *disabled = timeBox(true, "Disabled time");
+    disabled->setEnabled(false);
+    page.addSection("Times of day",
+        "Type 9:5 and leave the field: it is completed, and shown though it is not in the list. "
+        "An emptied field returns to 08:00.");
+    page.addRow({captioned(livingTime(log), "Live")});
+    page.addRow({captioned(plain, "Not editable"), captioned(disabled, "Disabled")});
+    page.addRow({captioned(customTimeBox("07:45", "(own time)", "Own time"), "Custom text"),
+        captioned(customTimeBox("07:45", "(selbst gewählt)", "German time"), "German"),
+        captioned(customTimeBox("07:45", "（自定义）", "Chinese time"), "Chinese")});
+    page.add(log.label());
+    page.addCode(R"(auto *start = new VemoTimeComboBox(page);
+start->addItems({"00:00", "06:00", "12:00", "18:00"});
+start->setEditable(true);
+start->setDefault("06:00");)");
+}
+
+void build(Page &page)
+{
+    page.addSummary("A date field, the calendar that it opens, and a box for a time of day.");
+    addFields(page);
+    addCalendars(page);
+    addTimes(page);
+}
+
+const PageEntry entry(60, "Date and time",
+    "VemoDateSelector VemoCalanderView VemoTimeComboBox calendar month day today clock", build);
+
+} // namespace
