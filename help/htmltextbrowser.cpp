@@ -88,19 +88,19 @@ void HtmlTextBrowser::downloadPictures(const QVector<QStringView> &sources)
         qCWarning(vemoLog) << "Cannot keep pictures in a folder that is not the user's own"
                            << folder;
     setSearchPaths(QStringList(folder) + searchPaths());
-    ++m_page_number;
+    Turns &turns = m_turns[++m_page_number];
+    turns.areLocalFilesAllowed = page()->areLocalFilesAllowed();
     for (const QStringView source : sources)
-        m_turns[m_page_number].waiting.enqueue(makeDownloader(source.toString()));
+        turns.waiting.enqueue(makeDownloader(source.toString(), folder));
     startDownloads(m_page_number);
 }
 
-ImageDownloader *HtmlTextBrowser::makeDownloader(const QString &source)
+ImageDownloader *HtmlTextBrowser::makeDownloader(const QString &source, const QString &folder)
 {
     const QString name = source.mid(source.lastIndexOf(QLatin1Char('/')) + 1);
     const QString url = m_base_url + source; // Joined as they stand: deliberately not resolved.
     // A page refers to ../image/name, too, and by way of the search path this is where it gets.
-    auto *downloader =
-        new ImageDownloader(pictureFolder() + QLatin1String("/../image/") + name, url);
+    auto *downloader = new ImageDownloader(folder + QLatin1String("/../image/") + name, url);
     downloader->setParent(this);
     connect(downloader,
         SIGNAL(sigDownloadFinish(QString,int)), SLOT(slotDownloadFinished(QString,int)));
@@ -116,18 +116,14 @@ void HtmlTextBrowser::startDownloads(int page)
         return;
     while (turns->running < kMostDownloadsAtOnce && !turns->waiting.isEmpty()) {
         ++turns->running;
-        begin(turns->waiting.dequeue());
+        ImageDownloader *downloader = turns->waiting.dequeue();
+        if (turns->areLocalFilesAllowed || isWebUrl(QUrl(downloader->url())))
+            downloader->start();
+        else
+            downloader->refuse();
     }
     if (turns->running == 0)
         m_turns.erase(turns);
-}
-
-void HtmlTextBrowser::begin(ImageDownloader *downloader)
-{
-    if (page()->areLocalFilesAllowed() || isWebUrl(QUrl(downloader->url())))
-        downloader->start();
-    else
-        downloader->refuse();
 }
 
 void HtmlTextBrowser::slotDownloadFinished(const QString &url, int res)

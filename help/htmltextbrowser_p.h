@@ -41,14 +41,14 @@ private Q_SLOTS:
 private:
     struct Turns
     {
+        bool areLocalFilesAllowed = false; // As they were for the page.
         int running = 0;
         QQueue<ImageDownloader *> waiting;
     };
 
     void downloadPictures(const QVector<QStringView> &sources);
-    ImageDownloader *makeDownloader(const QString &source);
+    ImageDownloader *makeDownloader(const QString &source, const QString &folder);
     void startDownloads(int page);
-    void begin(ImageDownloader *downloader);
     void release(ImageDownloader *downloader);
     void reloadInPlace();
     PageDocument *page() const;

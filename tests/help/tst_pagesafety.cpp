@@ -28,6 +28,7 @@ private Q_SLOTS:
     void dataInsideThePageIsShown();
     void picturesAreOnlyFetchedFromTheWeb_data();
     void picturesAreOnlyFetchedFromTheWeb();
+    void aLaterPageFromAFileGivesNoLeaveToAnEarlierOne();
     void aPageFromAFileMayFetchFiles();
     void aPictureThatWouldFillTheMemoryIsLeftOut();
     void aBrokenPictureIsMissing_data();
@@ -176,6 +177,19 @@ void tst_pagesafety::picturesAreOnlyFetchedFromTheWeb()
     QCOMPARE(reloads.size(), 1); // It takes its way as a failed download.
     QVERIFY(QDir(m_host.pictureFolder()).isEmpty());
     QCOMPARE(countPixels(m_browser.data(), Qt::red), 0);
+}
+
+void tst_pagesafety::aLaterPageFromAFileGivesNoLeaveToAnEarlierOne()
+{
+    QString html = QStringLiteral("<html><base href=\"file://%1/\">").arg(m_host.helpPath());
+    for (int i = 0; i < 100; ++i)
+        html += QStringLiteral("<img src=\"%1secret.png\">").arg(QStringLiteral("./").repeated(i));
+    m_browser->setHtmlContent(html);
+    m_browser->setPageUrl(
+        QUrl::fromLocalFile(m_host.helpPath() + QLatin1String("/page/index.html")));
+    m_browser->setHtmlContent(QStringLiteral("<html>local</html>"));
+    QTRY_VERIFY(isIdle());
+    QVERIFY(QDir(m_host.pictureFolder()).isEmpty());
 }
 
 void tst_pagesafety::aPageFromAFileMayFetchFiles()
