@@ -119,7 +119,9 @@ void storeSections(QString text, std::map<QString, QString> &sections)
     const auto takeLinesUpTo = [&](int end) {
         if (end == sectionStart)
             return;
-        section.reserve(section.size() + 1 + end - sectionStart);
+        // Only the first time: to grow a carried text by just what is added would copy it each time.
+        if (section.isEmpty())
+            section.reserve(1 + end - sectionStart);
         section.append(kLineBreak);
         section.append(lines.constData() + sectionStart, end - 1 - sectionStart);
     };
