@@ -223,7 +223,8 @@ void VemoCalanderView::handleMonthMenu()
     auto *button = part<QToolButton>(this, kMonth);
     for (const char *key : kMonthKeys)
         m_month_names += text(key);
-    for (QAction *action : button->menu()->actions())
+    const QList<QAction *> entries = button->menu()->actions();
+    for (QAction *action : entries)
         action->setText(m_month_names.value(action->data().toInt() - 1).left(kShortMonth));
     showMonthName(QDate::currentDate().month());
 }
@@ -240,7 +241,7 @@ void VemoCalanderView::handleWeekdayHeader()
     m_weekday_header->verticalHeader()->hide();
     m_weekday_header->insertRow(0);
     for (int column = 0; column < kDaysOfWeek; ++column) {
-        auto *item = new QTableWidgetItem(text(kWeekdayKeys[column]).left(1));
+        auto *item = new QTableWidgetItem(text(kWeekdayKeys[column]).mid(0, 1));
         item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
         m_weekday_header->setItem(0, column, item);
     }
@@ -290,10 +291,12 @@ void VemoCalanderView::connectParts()
     connect(m_calendar, SIGNAL(activated(QDate)), this, SIGNAL(sigDateSelect(QDate)));
     connect(m_calendar, SIGNAL(clicked(QDate)), this, SIGNAL(sigDateSelect(QDate)));
     connect(part<VemoButton>(this, kToday), SIGNAL(clicked()), this, SLOT(selectToday()));
-    connect(m_calendar, SIGNAL(currentPageChanged(int, int)), this, SLOT(pageChanged(int, int)));
+    // clang-format off
+    connect(m_calendar, SIGNAL(currentPageChanged(int,int)), this, SLOT(pageChanged(int,int)));
+    // clang-format on
 }
 
 void VemoCalanderView::showMonthName(int month)
 {
-    part<QToolButton>(this, kMonth)->setText(m_month_names.value(month - 1));
+    part<QToolButton>(this, kMonth)->setText(m_month_names.value(qMax(month, 0) - 1));
 }
