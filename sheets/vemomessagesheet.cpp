@@ -164,6 +164,8 @@ bool VemoMessageSheet::focusNextPrevChild(bool next)
 
 void VemoMessageSheet::showEvent(QShowEvent *event)
 {
+    // Else its policy would become that of its first button, which is its focus proxy.
+    m_d->buttonBox->setFocusProxy(nullptr);
     m_d->buttonBox->setFocusPolicy(Qt::NoFocus);
     for (const auto which : {QDialogButtonBox::Ok, QDialogButtonBox::Discard}) {
         if (QPushButton *button = m_d->button(which))

@@ -9,6 +9,7 @@
 #include <vemo/imagemanager.h>
 #include <vemo/vemomask.h>
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QMovie>
@@ -74,6 +75,17 @@ public:
     }
 };
 
+/// One for all sheets: a style must outlive the buttons, which a child of their box would not.
+QStyle *buttonBoxStyle()
+{
+    static QPointer<QStyle> style;
+    if (!style) {
+        style = new DialogButtonBoxStyle;
+        style->setParent(qApp);
+    }
+    return style;
+}
+
 QString captionOf(const QString &custom, const char *key)
 {
     return custom.isEmpty() ? ComponentStrings::getInstance().getString(QLatin1String(key))
@@ -102,9 +114,7 @@ VemoMessageSheetPrivate::VemoMessageSheetPrivate(
       confirmContainer(new QWidget(sheet))
 {
     confirmContainer->hide();
-    auto *style = new DialogButtonBoxStyle;
-    style->setParent(buttonBox);
-    buttonBox->setStyle(style);
+    buttonBox->setStyle(buttonBoxStyle());
     connect(buttonBox, SIGNAL(clicked(QAbstractButton*)), q, SLOT(buttonClick(QAbstractButton*)));
 }
 

@@ -296,7 +296,8 @@ QStringList deaths(const QString &run)
 {
     QStringList moments {"while shown"};
     if (hasButtons(run))
-        moments << "in pressed"
+        moments << "with a focused button"
+                << "in pressed"
                 << "in clicked"
                 << "in finished";
     if (!isShortcut(run))
@@ -320,6 +321,12 @@ void arm(const QStringList &name, Scene &scene, VemoSheet *sheet, Outcome &outco
         return;
     }
     QAbstractButton *yes = yesButton(sheet);
+    if (moment == "with a focused button") {
+        QApplication::setActiveWindow(scene.window);
+        yes->setFocus();
+        die();
+        return;
+    }
     // In pressed the answer is not given yet, so only what outlives that gets it.
     const bool isAnswered =
         moment != "in pressed" || name[3] == "deleteLater" || name[2] == "parent";

@@ -73,7 +73,7 @@ template <typename Window> struct Scene
 int expected(const QString &what)
 {
     const QHash<QString, int> codes {{"Ok", Button::Ok}, {"Apply", Button::Apply},
-        {"Discard", Button::Discard}, {"nothing", kNothing}};
+        {"Discard", Button::Discard}, {"Reset", Button::Reset}, {"nothing", kNothing}};
     return codes.value(what, -2);
 }
 
@@ -229,6 +229,9 @@ void MessageSheetKeysTest::tabCyclesWithinTheSheet_data()
     QTest::newRow("Information") << 1 << QStringList {"Ok", "text"} << QStringList {"Ok", "text"};
     QTest::newRow("Confirm") << 3 << QStringList {"Discard", "Apply", "text"}
                              << QStringList {"Apply", "Discard", "text"};
+    // Deliberate: forward goes round Reset, which is the first in the chain and the last child.
+    QTest::newRow("ConfirmReset") << 4 << QStringList {"Discard", "Apply", "text"}
+                                  << QStringList {"Apply", "Discard", "Reset", "text"};
     QTest::newRow("Processing") << 7 << QStringList {"text"} << QStringList {"text"};
 }
 
