@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "datetime/daycalendar_p.h"
 
+#include <QHoverEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QSpinBox>
@@ -33,6 +34,7 @@ DayCalendar::DayCalendar(QWidget *parent)
     m_year_edit->installEventFilter(this);
     // So that the grid repaints the day that the pointer enters or leaves.
     m_grid->viewport()->setAttribute(Qt::WA_Hover);
+    m_grid->viewport()->installEventFilter(this);
 }
 
 bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
@@ -42,6 +44,12 @@ bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
         && isEnter(static_cast<QKeyEvent *>(event))) {
         event->accept();
         return true;
+    }
+    if (watched == m_grid->viewport()) {
+        if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove)
+            m_pointer = static_cast<QHoverEvent *>(event)->pos();
+        else if (event->type() == QEvent::HoverLeave)
+            m_pointer = kNowhere;
     }
     return QCalendarWidget::eventFilter(watched, event);
 }
@@ -53,16 +61,10 @@ void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &d
     const bool isInRange = date >= minimumDate() && date <= maximumDate();
     if (!isInRange || !isEnabled())
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Base), kVeil));
-    else if (date != selectedDate() && isPointedAt(rect))
+    else if (date != selectedDate() && rect.contains(m_pointer))
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Highlight), kHoverTint));
     if (date == QDate::currentDate()) {
         painter->setPen(colours.color(QPalette::Highlight));
         painter->drawRect(rect.adjusted(0, 0, -1, -1));
     }
-}
-
-bool DayCalendar::isPointedAt(const QRect &cell) const
-{
-    const QWidget *days = m_grid->viewport();
-    return days->underMouse() && cell.contains(days->mapFromGlobal(QCursor::pos()));
 }

@@ -21,8 +21,9 @@ protected:
     void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override;
 
 private:
-    bool isPointedAt(const QRect &cell) const;
+    static constexpr QPoint kNowhere {-1, -1};
 
     QTableView *m_grid;
     QSpinBox *m_year_edit;
+    QPoint m_pointer = kNowhere;
 };

@@ -10,6 +10,7 @@
 #include <vemo/stylemanager.h>
 
 #include <QAction>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QTextCharFormat>
@@ -168,7 +169,17 @@ void VemoCalanderViewTest::dressesTheNavigationBar()
     const Parts parts(&view);
     for (const QToolButton *button : {parts.previous, parts.next, parts.month, parts.year})
         QCOMPARE(button->focusPolicy(), Qt::StrongFocus);
-    const auto showsPicture = [](const QToolButton *button, const char *name) {
+    struct LargeIcons : QProxyStyle
+    {
+        int pixelMetric(
+            PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
+        {
+            return metric == PM_ButtonIconSize ? 99
+                                               : QProxyStyle::pixelMetric(metric, option, widget);
+        }
+    } largeIcons;
+    const auto showsPicture = [&](QToolButton *button, const char *name) {
+        button->setStyle(&largeIcons); // which has no say
         const QPixmap expected = getGlobalImage(name);
         QCOMPARE(button->iconSize(), expected.size() / DPIinfo::getInstance().getDPR());
         QCOMPARE(button->icon().pixmap(button->iconSize()).toImage(), expected.toImage());
