@@ -75,7 +75,8 @@ public:
     /// 0 after quit(), after the sheet's own death, and where the application quits meanwhile.
     int exec();
 
-    /// Shows the sheet and returns at once; finished() tells the end.
+    /// Shows the sheet and returns at once; finished() tells the end. The Close item stays as it
+    /// is, and the busy animation stands still.
     virtual void showSheet();
 
     /// Null where the sheet has no such button.
