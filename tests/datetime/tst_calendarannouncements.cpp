@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// What a screen reader is told while a day is looked for by keyboard.
+#include "datetime/calendar.h"
+#include "support/testhost.h"
+
+#include <QAccessible>
+
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
+namespace {
+
+QStringList announced;
+
+void record(QAccessibleEvent *event)
+{
+    const QAccessibleInterface *part = event->accessibleInterface();
+    if (event->type() == QAccessible::Focus && part)
+        announced += part->text(QAccessible::Name);
+    else if (event->type() == QAccessible::DescriptionChanged && part)
+        announced += part->text(QAccessible::Description);
+}
+
+} // namespace
+
+class CalendarAnnouncementsTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void theDayWithTheFocusIsAnnouncedWithItsMonth();
+};
+
+void CalendarAnnouncementsTest::initTestCase()
+{
+    startDefaultTheme();
+    // As if a screen reader were running.
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+    QAccessible::installUpdateHandler(record);
+}
+
+void CalendarAnnouncementsTest::theDayWithTheFocusIsAnnouncedWithItsMonth()
+{
+    VemoCalanderView view(nullptr);
+    const Parts parts(&view);
+    parts.calendar->setSelectedDate({2024, 3, 30});
+    view.show();
+    view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    parts.grid->setFocus();
+    for (const QDate &day : {QDate(2024, 3, 31), QDate(2024, 4, 1)}) {
+        announced.clear();
+        QTest::keyClick(view.windowHandle(), Qt::Key_Right);
+        QVERIFY(announced.contains(QString::number(day.day())));
+        QVERIFY(announced.contains(day.toString(Qt::ISODate)));
+    }
+}
+
+VEMO_TEST_MAIN(CalendarAnnouncementsTest)
+#include "tst_calendarannouncements.moc"
