@@ -40,8 +40,9 @@ public:
     /// The last day that can be picked. Where it lies before the first one, it becomes both.
     void setMaximumDate(const QDate &date);
 
-    // The view shows no model: these do nothing and answer that there is nothing.
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+    // The view shows no model: these do nothing and answer that there is nothing.
     QRect visualRect(const QModelIndex &index) const override;
     void scrollTo(const QModelIndex &index, ScrollHint hint) override;
     QModelIndex indexAt(const QPoint &point) const override;
