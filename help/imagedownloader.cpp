@@ -4,10 +4,23 @@
 #include "help/helplimits_p.h"
 #include "help/picturefolder_p.h"
 #include "help/replylimit_p.h"
+#include "help/wholepicture_p.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+
+namespace {
+
+/// Whether body may lack its end though the network reports no error: it doesn't always for a
+/// connection that breaks off, unless the answer has told a length.
+bool mayBeCutOff(const QNetworkReply *reply, const QByteArray &body)
+{
+    const QVariant length = reply->header(QNetworkRequest::ContentLengthHeader);
+    return !length.isValid() || length.toLongLong() != body.size();
+}
+
+} // namespace
 
 ImageDownloader::ImageDownloader(const QString &localPath, const QString &url)
     : m_local_path(localPath), m_url(url)
@@ -37,10 +50,20 @@ void ImageDownloader::refuse()
 void ImageDownloader::slotFinishDownload(QNetworkReply *reply)
 {
     reply->deleteLater();
-    const bool isReceived = reply->error() == QNetworkReply::NoError;
-    if (isReceived)
-        writePicture(m_local_path, reply->readAll());
+    const bool isReceived = reply->error() == QNetworkReply::NoError && keep(reply);
     finish(isReceived ? 0 : -1);
+}
+
+/// Makes reply's body the file; false where that is worse than the file that stands there.
+bool ImageDownloader::keep(QNetworkReply *reply) const
+{
+    const QByteArray body = reply->readAll();
+    // Half a picture is better than none, but not than a whole one.
+    if (mayBeCutOff(reply, body) && !isWholePicture(body)
+        && isWholePicture(keptPicture(m_local_path)))
+        return false;
+    writePicture(m_local_path, body);
+    return true;
 }
 
 void ImageDownloader::slotFinishRefused()

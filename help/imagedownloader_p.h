@@ -9,7 +9,8 @@
 class QNetworkAccessManager;
 class QNetworkReply;
 
-/// Fetches one picture into one file. There is no time limit.
+/// Fetches one picture into one file. There is no time limit. Where the file already is a whole
+/// picture, a body that may have been cut off and is none counts as failed.
 class VEMO_TEST_EXPORT ImageDownloader : public QObject
 {
     Q_OBJECT
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void slotFinishRefused();
 
 private:
+    bool keep(QNetworkReply *reply) const;
     void finish(int result);
 
     QString m_local_path;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "help/picturefolder_p.h"
 
+#include "help/helplimits_p.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -100,4 +102,14 @@ void writePicture(const QString &path, const QByteArray &bytes)
     std::filesystem::rename(nativePath(part.fileName()), nativePath(path), error);
     if (!error)
         part.setAutoRemove(false);
+}
+
+QByteArray keptPicture(const QString &path)
+{
+    const QFileInfo target(path);
+    if (!isSafePictureName(target.fileName()) || target.isSymLink() || !target.isFile()
+        || target.size() > kMostPictureBytes)
+        return {};
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }

@@ -4,6 +4,7 @@
 
 #include "core/testexport_p.h"
 
+#include <QByteArray>
 #include <QString>
 
 /// The folder that downloaded pictures are kept in, under the system's temporary folder.
@@ -19,3 +20,7 @@ VEMO_TEST_EXPORT bool isSafePictureName(const QString &name);
 /// Writes bytes as the picture folder's file path, in one step: whoever reads it meanwhile gets the
 /// old picture or the new one. A file that can't be written is left out silently.
 VEMO_TEST_EXPORT void writePicture(const QString &path, const QByteArray &bytes);
+
+/// The bytes of the picture folder's file path; empty where there is none, or none that
+/// writePicture() would have written.
+VEMO_TEST_EXPORT QByteArray keptPicture(const QString &path);

@@ -20,6 +20,10 @@ private Q_SLOTS:
     void theAnswersBodyBecomesTheFile();
     void aFailedDownloadKeepsTheEarlierFile_data();
     void aFailedDownloadKeepsTheEarlierFile();
+    void whatMayBeHalfNeverReplacesAWholePicture_data();
+    void whatMayBeHalfNeverReplacesAWholePicture();
+    void whatMayBeHalfReplacesWhatIsNotWhole_data();
+    void whatMayBeHalfReplacesWhatIsNotWhole();
     void aFileThatCannotBeWrittenIsNoError();
     void aPictureOverTheLimitFailsWithOneWarning_data();
     void aPictureOverTheLimitFailsWithOneWarning();
@@ -141,6 +145,78 @@ void tst_imagedownloader::aFailedDownloadKeepsTheEarlierFile()
     server.setAnswer("/a.png", answer);
     QCOMPARE(download(server.url("/a.png")), -1);
     QCOMPARE(fileBytes(file("a.png")), QByteArray("earlier"));
+}
+
+/// An answer that tells no length.
+static Answer untilClosing(const QByteArray &body)
+{
+    Answer answer;
+    answer.bytes = "HTTP/1.1 200 OK\r\n\r\n" + body;
+    return answer;
+}
+
+/// One chunk, with the mark that ends all chunks or broken off without it.
+static Answer chunked(const QByteArray &body, bool isEnded)
+{
+    Answer answer;
+    answer.bytes = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
+        + QByteArray::number(body.size(), 16) + "\r\n" + body + (isEnded ? "\r\n0\r\n\r\n" : "");
+    return answer;
+}
+
+void tst_imagedownloader::whatMayBeHalfNeverReplacesAWholePicture_data()
+{
+    QTest::addColumn<Answer>("answer");
+    QTest::addColumn<QByteArray>("taken");
+
+    const QByteArray whole = pictureBytes({20, 20}, Qt::blue);
+    const QByteArray half = whole.left(whole.size() / 2);
+    Answer insideAChunk = chunked(whole, true);
+    insideAChunk.bytes.chop(40);
+    const QByteArray none;
+    QTest::newRow("half, without a length") << untilClosing(half) << none;
+    QTest::newRow("without its last byte") << untilClosing(whole.chopped(1)) << none;
+    QTest::newRow("nothing, without a length") << untilClosing({}) << none;
+    QTest::newRow("a page, without a length") << untilClosing("<html>error</html>") << none;
+    QTest::newRow("half, ended chunks") << chunked(half, true) << none;
+    QTest::newRow("half, broken off between chunks") << chunked(half, false) << none;
+    QTest::newRow("broken off inside a chunk") << insideAChunk << none;
+    QTest::newRow("whole, without a length") << untilClosing(whole) << whole;
+    QTest::newRow("whole, chunked") << chunked(whole, true) << whole;
+    QTest::newRow("a page with its length") << page("<html>") << QByteArray("<html>");
+    QTest::newRow("half with the half's length") << page(half) << half;
+}
+
+void tst_imagedownloader::whatMayBeHalfNeverReplacesAWholePicture()
+{
+    QFETCH(const Answer, answer);
+    QFETCH(const QByteArray, taken);
+    const QByteArray earlier = pictureBytes({10, 10}, Qt::red);
+    writePicture(file("a.png"), earlier);
+    TestServer server;
+    server.setAnswer("/a.png", answer);
+    QCOMPARE(download(server.url("/a.png")), taken.isEmpty() ? -1 : 0);
+    QCOMPARE(fileBytes(file("a.png")), taken.isEmpty() ? earlier : taken);
+}
+
+void tst_imagedownloader::whatMayBeHalfReplacesWhatIsNotWhole_data()
+{
+    QTest::addColumn<QByteArray>("earlier");
+    QTest::newRow("no file") << QByteArray();
+    QTest::newRow("text") << QByteArray("earlier");
+    QTest::newRow("another half") << pictureBytes({10, 10}, Qt::red).chopped(1);
+}
+
+void tst_imagedownloader::whatMayBeHalfReplacesWhatIsNotWhole()
+{
+    QFETCH(const QByteArray, earlier);
+    if (!earlier.isEmpty())
+        writePicture(file("a.png"), earlier);
+    const QByteArray half = pictureBytes({20, 20}, Qt::blue).chopped(10);
+    TestServer server;
+    server.setAnswer("/a.png", untilClosing(half));
+    QCOMPARE(download(server.url("/a.png")), 0);
+    QCOMPARE(fileBytes(file("a.png")), half);
 }
 
 void tst_imagedownloader::aFileThatCannotBeWrittenIsNoError()

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void longNamesAreWrittenAsFarAsTheFileSystemTakesThem_data();
     void longNamesAreWrittenAsFarAsTheFileSystemTakesThem();
     void unsafeNamesAreNotWritten();
+    void onlyPlainFilesAreKeptPictures();
 
 private:
     QString outer() const { return m_temp->filePath(QStringLiteral("kestrava_help")); }
@@ -230,6 +231,21 @@ void tst_picturefolder::unsafeNamesAreNotWritten()
     QVERIFY(QDir(image()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
     QCOMPARE(
         QDir(outer()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("image"));
+}
+
+void tst_picturefolder::onlyPlainFilesAreKeptPictures()
+{
+    QVERIFY(preparePictureFolder());
+    const QString outside = m_temp->filePath(QStringLiteral("outside.png"));
+    QFile file(outside);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("outside") == 7);
+    file.close();
+    QVERIFY(QFile::link(outside, image() + "/link.png"));
+    QVERIFY(QDir().mkdir(image() + "/folder.png"));
+    writePicture(image() + "/a.png", "bytes");
+    QCOMPARE(keptPicture(image() + "/../image/a.png"), QByteArray("bytes"));
+    for (const char *name : {"missing.png", "link.png", "folder.png", "..", ""})
+        QVERIFY2(keptPicture(image() + '/' + name).isEmpty(), name);
 }
 
 VEMO_TEST_MAIN(tst_picturefolder)
