@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kMargin = 12; // In design pixels, 96 dpi.
 constexpr int kPausePerWork = 4;
+constexpr int kStartsPerEvent = 8; // Each makes a thread.
 
 /// Keeps a view's place while what it shows changes: the line at its upper edge stays there.
 class ReadingPlace
@@ -102,8 +103,8 @@ ImageDownloader *HtmlTextBrowser::makeDownloader(const QString &source, const QS
     // A page refers to ../image/name, too, and by way of the search path this is where it gets.
     auto *downloader = new ImageDownloader(folder + QLatin1String("/../image/") + name, url);
     downloader->setParent(this);
-    connect(downloader,
-        SIGNAL(sigDownloadFinish(QString,int)), SLOT(slotDownloadFinished(QString,int)));
+    connect(downloader, &ImageDownloader::sigDownloadFinish, this,
+        &HtmlTextBrowser::slotDownloadFinished); // Not by name: there may be ten thousand.
     m_downloads.insert(url, downloader);
     m_page_numbers.insert(downloader, m_page_number);
     return downloader;
@@ -114,7 +115,13 @@ void HtmlTextBrowser::startDownloads(int page)
     const auto turns = m_turns.find(page);
     if (turns == m_turns.end())
         return;
-    while (turns->running < kMostDownloadsAtOnce && !turns->waiting.isEmpty()) {
+    for (int started = 0; turns->running < kMostDownloadsAtOnce && !turns->waiting.isEmpty();
+         ++started) {
+        if (started == kStartsPerEvent) {
+            QMetaObject::invokeMethod(
+                this, [this, page] { startDownloads(page); }, Qt::QueuedConnection);
+            return;
+        }
         ++turns->running;
         ImageDownloader *downloader = turns->waiting.dequeue();
         if (turns->areLocalFilesAllowed || isWebUrl(QUrl(downloader->url())))

@@ -36,7 +36,7 @@ public:
         return result;
     }
 
-private:
+    /// The processor time of the calling thread, in milliseconds.
     static double now()
     {
         timespec time {};
@@ -44,6 +44,7 @@ private:
         return time.tv_sec * 1e3 + time.tv_nsec / 1e6;
     }
 
+private:
     double m_most = 0;
     QString m_receiver;
     bool m_is_measuring = false;
