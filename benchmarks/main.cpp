@@ -45,7 +45,7 @@ int refuse(const QString &sentence)
 
 bool isWanted(const QString &name, const QStringList &filters)
 {
-    return filters.isEmpty()
+    return filters.isEmpty() || filters.contains(QLatin1Char('=') + name)
         || std::any_of(filters.begin(), filters.end(),
             [&](const QString &filter) { return name.contains(filter); });
 }
@@ -104,7 +104,8 @@ int main(int argc, char *argv[])
         QStringLiteral("15"));
     parser.addOptions({listOption, roundsOption});
     parser.addPositionalArgument(QStringLiteral("filter"),
-        QStringLiteral("Only cases with this in their name."), QStringLiteral("[filter...]"));
+        QStringLiteral("Only cases with this in their name, or, after \"=\", of this name."),
+        QStringLiteral("[filter...]"));
     if (!parser.parse(QCoreApplication::arguments()))
         return refuse(parser.errorText());
     if (parser.isSet(helpOption))
