@@ -27,7 +27,7 @@ QPalette lightPalette()
          })
         palette.setColor(role, QColor(colour));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor("#9AA5B1"));
+        palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA5, 0xB1));
     return palette;
 }
 

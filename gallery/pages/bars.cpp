@@ -126,7 +126,7 @@ void build(Page &page)
     addFilters(page);
 }
 
-const PageEntry entry(
+const PageEntry entry( // clazy:exclude=non-pod-global-static
     53, "Path and filter", "VemoButtonPath VemoFilterBar breadcrumb folder search menu", build);
 
 } // namespace

@@ -34,7 +34,8 @@ constexpr Role kRoles[] = {
 
 constexpr int kPageNumberWidth = 28; // design pixels
 
-const QStringList kStates {"Live", "Rest", "Hover", "Pressed", "Keyboard focus", "Disabled"};
+const QStringList kStates {// clazy:exclude=non-pod-global-static
+    "Live", "Rest", "Hover", "Pressed", "Keyboard focus", "Disabled"};
 
 template <typename Button> Button *disabled(Button *button)
 {
@@ -197,7 +198,7 @@ void build(Page &page)
     addIconSources(page);
 }
 
-const PageEntry entry(
+const PageEntry entry( // clazy:exclude=non-pod-global-static
     20, "Buttons", "VemoButton VemoIconButton push tool role icon apply cancel red paging", build);
 
 } // namespace

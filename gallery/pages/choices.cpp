@@ -199,7 +199,7 @@ void build(Page &page)
     addMenus(page);
 }
 
-const PageEntry entry(26, "Choices",
+const PageEntry entry(26, "Choices", // clazy:exclude=non-pod-global-static
     "VemoCheckBox VemoRadioButton VemoComboBox VemoMenu check radio combo menu shortcut", build);
 
 } // namespace

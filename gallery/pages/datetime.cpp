@@ -241,7 +241,7 @@ void build(Page &page)
     addTimes(page);
 }
 
-const PageEntry entry(60, "Date and time",
+const PageEntry entry(60, "Date and time", // clazy:exclude=non-pod-global-static
     "VemoDateSelector VemoCalanderView VemoTimeComboBox calendar month day today clock", build);
 
 } // namespace

@@ -153,7 +153,7 @@ const QList<QWidget *> order = accessibleList(page, filter);)");
     page.add(stage);
 }
 
-const PageEntry entry(
+const PageEntry entry( // clazy:exclude=non-pod-global-static
     30, kTitle, "accessibleList AccessibleFilter adjustFocusPolicy keyboard tab focus", build);
 
 } // namespace

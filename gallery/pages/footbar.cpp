@@ -96,7 +96,7 @@ void build(Page &page)
     addFilters(page);
 }
 
-const PageEntry entry(
+const PageEntry entry( // clazy:exclude=non-pod-global-static
     28, "Foot bar", "VemoFootbar MouseButtonFilter MouseReleaseFilter footer buttons mouse", build);
 
 } // namespace

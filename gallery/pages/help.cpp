@@ -188,7 +188,7 @@ void build(Page &page)
     addFetchedPage(page, helpPath);
 }
 
-const PageEntry entry(
+const PageEntry entry( // clazy:exclude=non-pod-global-static
     80, "Help", "HelpWindow BrowserWindow HelpContext online offline html", build);
 
 } // namespace

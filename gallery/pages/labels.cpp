@@ -109,7 +109,7 @@ void build(Page &page)
     addToolTips(page);
 }
 
-const PageEntry entry(
+const PageEntry entry( // clazy:exclude=non-pod-global-static
     22, "Labels", "VemoLabel ClickableLabel LinkLabel tooltip text hyperlink wrap", build);
 
 } // namespace

@@ -172,7 +172,7 @@ void build(Page &page)
     addLooks(page);
 }
 
-const PageEntry entry(40, "Messages",
+const PageEntry entry(40, "Messages", // clazy:exclude=non-pod-global-static
     "VemoMessageSheet MsgBoxCustomBtnText VemoCountdownMessageBox showConfirmMsg showInfoMsg "
     "showWarningMsg showUpgradingMsg dialog modal question warning busy countdown",
     build);

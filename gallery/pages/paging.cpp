@@ -141,7 +141,7 @@ bar->reset(); // and in slotFillTable(): from model->startItem() on, model->rowL
     addFooters(page);
 }
 
-const PageEntry entry(
+const PageEntry entry( // clazy:exclude=non-pod-global-static
     50, "Paging", "VemoPagingBar VemoPagingModel PagingFooterInfo page list footer refresh", build);
 
 } // namespace

@@ -22,8 +22,9 @@
 namespace {
 
 /// One extension for each type of file, and one that no type has.
-const QStringList kExtensions {"mdb", "ai", "mp3", "bkpi", "docx", "exe", "fla", "html", "idn",
-    "jpg", "iso", "cpp", "pdf", "ppt", "psd", "swf", "ttf", "txt", "mp4", "xlsx", "zip", "other"};
+const QStringList kExtensions {// clazy:exclude=non-pod-global-static
+    "mdb", "ai", "mp3", "bkpi", "docx", "exe", "fla", "html", "idn", "jpg", "iso", "cpp", "pdf",
+    "ppt", "psd", "swf", "ttf", "txt", "mp4", "xlsx", "zip", "other"};
 
 constexpr int kPictureGap = 6; // design pixels
 
@@ -34,9 +35,10 @@ QStringList catalogueNames()
     QFile file(UIPathManager::getInstance().getPath("resource_path") + "/images.json");
     if (!file.open(QIODevice::ReadOnly))
         return {};
+    const QJsonObject catalogue = QJsonDocument::fromJson(file.readAll()).object();
+    const QJsonArray listed = catalogue["images"].toArray();
     QStringList names;
-    for (const QJsonValue &name :
-        QJsonDocument::fromJson(file.readAll()).object()["images"].toArray())
+    for (const QJsonValue &name : listed)
         names << name.toString();
     names.sort();
     return names;
@@ -168,7 +170,8 @@ void addPictures(Page &page)
 {
     QList<QWidget *> withStates;
     QList<QWidget *> single;
-    for (const QString &name : withoutFileTypes(catalogueNames())) {
+    const QStringList names = withoutFileTypes(catalogueNames());
+    for (const QString &name : names) {
         const bool isSingle = !hasState(name, ImageManager::HOVER);
         (isSingle ? single : withStates) << statesOf(name);
     }
@@ -189,7 +192,7 @@ void build(Page &page)
     addFileTypes(page);
 }
 
-const PageEntry entry(10, "Resources",
+const PageEntry entry(10, "Resources", // clazy:exclude=non-pod-global-static
     "ImageManager FileTypeMap VemoLocale DPIinfo UIPathManager picture icon language dpi folder",
     build);
 

@@ -124,7 +124,7 @@ connect(files->getHeader(), SIGNAL(sortIndicatorChanged(int, Qt::SortOrder)),
     page.add(disabledTable());
 }
 
-const PageEntry entry(51, "Table",
+const PageEntry entry(51, "Table", // clazy:exclude=non-pod-global-static
     "VemoTableWidget VemoTableColumnsInfo ResizeSignalTableWidget header columns rows sort", build);
 
 } // namespace

@@ -155,7 +155,7 @@ connect(folders, SIGNAL(sigMouseRightClickEvent(QMouseEvent *)), this,
     page.add(sideBySide({editedTree(), checkedTree()}));
 }
 
-const PageEntry entry(52, "Tree",
+const PageEntry entry(52, "Tree", // clazy:exclude=non-pod-global-static
     "VemoTreeWidget FileSystemTreeWidgetItem ItemDelegate folder rename removed read-only", build);
 
 } // namespace
