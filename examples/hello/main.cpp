@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// The smallest host: the default theme, one window, one sheet over it.
+//
+//     hello-example [PICTURE]    with a file name, writes a picture of its window and ends
+#include <vemo/DefaultTheme>
+#include <vemo/VemoButton>
+#include <vemo/VemoMask>
+#include <vemo/VemoMessageSheet>
+
+#include <QApplication>
+#include <QStandardPaths>
+#include <QVBoxLayout>
+
+int main(int argc, char **argv)
+{
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("vemo-hello-example");
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    if (!installDefaultTheme(cache, "enu", ImageManager::LAZY_LOAD))
+        return 1;
+
+    QWidget window;
+    window.setWindowTitle("Hello");
+    window.resize(480, 320);
+    auto *greet = new VemoButton("Say hello", VemoButton::APPLY);
+    auto *layout = new QVBoxLayout(&window);
+    layout->addWidget(greet, 0, Qt::AlignCenter);
+
+    auto *sheet =
+        new VemoMessageSheet(VemoMessageSheet::Information, "Hello from Vemo Widgets.", &window);
+    VemoMask::createMask(sheet, &window, QColor(0, 0, 0, 20));
+    QObject::connect(greet, &VemoButton::clicked, sheet, &VemoMessageSheet::showSheet);
+    window.show();
+    sheet->showSheet();
+
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() > 1)
+        return window.grab().save(arguments.at(1)) ? 0 : 1;
+    return QApplication::exec();
+}

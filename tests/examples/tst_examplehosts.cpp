@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+// The example hosts as a user starts them.
+#include "support/vemotest.h"
+
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+struct Run
+{
+    int exitCode = -1;
+    QString errors;
+};
+
+/// What the platform says about itself is no warning of the host.
+QString withoutPlatformTalk(const QString &errors)
+{
+    return errors.split('\n', Qt::SkipEmptyParts)
+        .filter(QRegularExpression("^(?!This plugin does not support|QStandardPaths: )"))
+        .join('\n');
+}
+
+Run runHost(const QString &program, const QStringList &arguments, const QString &cache)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CACHE_HOME", cache);
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {
+        process.exitCode(), withoutPlatformTalk(QString::fromUtf8(process.readAllStandardError()))};
+}
+
+bool holds(const QImage &picture, const QColor &colour)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixelColor(x, y) == colour)
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+class ExampleHostsTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsItsSheetAndWarnsOfNothing_data();
+    void showsItsSheetAndWarnsOfNothing();
+    void endsWithAnErrorWhereItCannotStart_data();
+    void endsWithAnErrorWhereItCannotStart();
+
+private:
+    QTemporaryDir m_folder;
+};
+
+void ExampleHostsTest::showsItsSheetAndWarnsOfNothing_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QColor>("button");
+    const QColor blue("#1769E0");
+    const QColor brown("#9A4A1B");
+    QTest::newRow("hello") << VEMO_HELLO_PROGRAM << QStringList() << blue;
+    QTest::newRow("own resources, English") << VEMO_OWN_PROGRAM << QStringList("enu") << brown;
+    QTest::newRow("own resources, German") << VEMO_OWN_PROGRAM << QStringList("deu") << brown;
+    QTest::newRow("own resources, a language it lacks")
+        << VEMO_OWN_PROGRAM << QStringList("jpn") << brown;
+}
+
+void ExampleHostsTest::showsItsSheetAndWarnsOfNothing()
+{
+    QFETCH(const QString, program);
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QColor, button);
+    const QString path = m_folder.filePath("window.png");
+    const Run run = runHost(program, arguments + QStringList(path), m_folder.filePath("cache"));
+    QCOMPARE(run.errors, QString());
+    QCOMPARE(run.exitCode, 0);
+    const QImage picture(path);
+    QVERIFY(QFile::remove(path));
+    QCOMPARE(picture.pixelColor(picture.rect().center()), QColor(Qt::white)); // the sheet's body
+    QVERIFY(holds(picture, button));
+}
+
+void ExampleHostsTest::endsWithAnErrorWhereItCannotStart_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QString>("cache");
+    QTest::addColumn<QString>("error");
+    const QString file = VEMO_HELLO_PROGRAM; // no folder can be made below a file
+    QTest::newRow("hello, no cache folder")
+        << VEMO_HELLO_PROGRAM << file
+        << QString("debug.message: Cannot write to user data folder \"%1/vemo-hello-example\"")
+               .arg(file);
+}
+
+void ExampleHostsTest::endsWithAnErrorWhereItCannotStart()
+{
+    QFETCH(const QString, program);
+    QFETCH(const QString, cache);
+    QFETCH(const QString, error);
+    const Run run = runHost(program, {}, cache);
+    QCOMPARE(run.errors, error);
+    QCOMPARE(run.exitCode, 1);
+}
+
+VEMO_TEST_MAIN(ExampleHostsTest)
+#include "tst_examplehosts.moc"
