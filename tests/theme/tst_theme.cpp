@@ -67,8 +67,6 @@ private Q_SLOTS:
     void everyColourOfAStyleFileIsOfThePalette();
     void everyLengthSurvivesScalingOnce_data();
     void everyLengthSurvivesScalingOnce();
-    void everyLanguageHasEveryString_data();
-    void everyLanguageHasEveryString();
 };
 
 void ThemeTest::everyStyleKeyOfTheLibraryHasASection()
@@ -157,34 +155,6 @@ void ThemeTest::everyLengthSurvivesScalingOnce()
     QFETCH(QString, length);
     QVERIFY(length.size() <= 3);
     QVERIFY(!length.contains('.'));
-}
-
-void ThemeTest::everyLanguageHasEveryString_data()
-{
-    QTest::addColumn<QString>("file");
-    for (const QString &file : themeFiles("strings", "*.json"))
-        QTest::newRow(qPrintable(file)) << file;
-}
-
-void ThemeTest::everyLanguageHasEveryString()
-{
-    QFETCH(QString, file);
-    const auto table = [](const QString &name) {
-        const QString text = textOf(":/vemo/theme/strings/" + name);
-        return QJsonDocument::fromJson(text.toUtf8()).object().toVariantMap();
-    };
-    const QVariantMap english = table("enu.json");
-    const QVariantMap translated = table(file);
-    QCOMPARE(translated.keys(), english.keys());
-    for (const QString &key : english.keys()) {
-        const QString text = translated[key].toString();
-        QVERIFY2(!text.isEmpty(), qPrintable(key));
-        QStringList expected = captures(english[key].toString(), "(%\\w+)");
-        QStringList found = captures(text, "(%\\w+)");
-        expected.sort();
-        found.sort();
-        QCOMPARE(found, expected);
-    }
 }
 
 VEMO_TEST_MAIN(ThemeTest)
