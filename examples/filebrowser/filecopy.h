@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+
+#include <sys/stat.h>
+
+/// Copies the content, permissions and times of one file, a piece at a time.
+class FileCopy
+{
+public:
+    /// Where something went wrong: with what is read the rest can still be copied.
+    enum class Side { None, Reading, Writing };
+
+    FileCopy() = default;
+    ~FileCopy() { close(); }
+    Q_DISABLE_COPY(FileCopy)
+
+    /// Starts a copy at a path where nothing may be yet.
+    Side open(const QByteArray &from, const QByteArray &to);
+    bool isOpen() const { return m_from >= 0; }
+    /// Copies the next piece; after the last one the file is complete and closed.
+    Side copySome();
+    void close();
+
+    int error() const { return m_error; }
+    qint64 copiedBytes() const { return m_copied; }
+
+private:
+    Side fail(Side side);
+    Side finish();
+
+    int m_from = -1;
+    int m_to = -1;
+    int m_error = 0;
+    qint64 m_copied = 0;
+    struct stat m_status = {};
+    QByteArray m_piece;
+};

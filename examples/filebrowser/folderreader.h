@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fileentry.h"
+
+#include <QObject>
+#include <QTimer>
+#include <QVector>
+
+struct OpenFolder;
+
+/// Reads a folder from the event loop, a few milliseconds at a time, so that the window goes on
+/// answering whatever the folder holds. A folder that is gone or can't be read gives failed().
+///
+///     connect(reader, SIGNAL(entriesRead(QVector<FileEntry>)), ...);
+///     reader->read(folder);
+class FolderReader : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit FolderReader(QObject *parent = nullptr);
+    ~FolderReader() override;
+
+    /// Starts anew; of a folder that is being read nothing more is heard.
+    void read(const QString &folder);
+    QString folder() const { return m_path; }
+
+Q_SIGNALS:
+    /// What one slice has found, never empty, in the file system's order.
+    void entriesRead(const QVector<FileEntry> &entries);
+    void finished();
+    void failed(const QString &reason);
+
+private Q_SLOTS:
+    void slotReadOn();
+
+private:
+    int open();
+    void stop();
+    void report(const QVector<FileEntry> &entries, bool atEnd, int error);
+
+    QString m_path;
+    QTimer m_slice;
+    OpenFolder *m_folder = nullptr;
+    quint64 m_reading = 0; ///< Counts calls of read(), so that a slice notices a new one.
+};

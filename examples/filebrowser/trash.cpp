@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "trash.h"
+
+#include "nativename.h"
+#include "safemove.h"
+
+#include <QDateTime>
+#include <QStandardPaths>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr char kInfoSuffix[] = ".trashinfo";
+
+struct Trash
+{
+    QByteArray path; // Empty: there is none.
+    QByteArray pathsStartAfter; // What its records leave out of the paths they name.
+};
+
+QByteArray parentOf(const QByteArray &path)
+{
+    const int slash = path.lastIndexOf('/');
+    return slash > 0 ? path.left(slash) : QByteArray("/");
+}
+
+bool makeFolders(const QByteArray &path)
+{
+    struct stat status = {};
+    if (stat(path.constData(), &status) == 0)
+        return S_ISDIR(status.st_mode);
+    return path != "/" && makeFolders(parentOf(path)) && mkdir(path.constData(), S_IRWXU) == 0;
+}
+
+dev_t fileSystemOf(const QByteArray &path)
+{
+    struct stat status = {};
+    return stat(path.constData(), &status) == 0 ? status.st_dev : 0;
+}
+
+QByteArray topOfFileSystem(const QByteArray &folder)
+{
+    QByteArray top = folder;
+    while (top != "/" && fileSystemOf(parentOf(top)) == fileSystemOf(folder))
+        top = parentOf(top);
+    return top;
+}
+
+/// A trash that somebody else could have put there, or that leads elsewhere, is not ours.
+bool isOurFolder(const QByteArray &path)
+{
+    struct stat status = {};
+    return lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode)
+        && status.st_uid == getuid();
+}
+
+bool isSharedByUsers(const QByteArray &path)
+{
+    struct stat status = {};
+    return lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode)
+        && (status.st_mode & S_ISVTX);
+}
+
+Trash trashFor(const QByteArray &folder)
+{
+    const QByteArray home = toNativeName(
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash");
+    if (makeFolders(home) && fileSystemOf(home) == fileSystemOf(folder))
+        return {home, QByteArray()};
+    const QByteArray top = topOfFileSystem(folder);
+    const QByteArray prefix = top.endsWith('/') ? top : top + '/';
+    const QByteArray user = QByteArray::number(qulonglong(getuid()));
+    const QByteArray shared = prefix + ".Trash/" + user;
+    if (isSharedByUsers(prefix + ".Trash") && makeFolders(shared) && isOurFolder(shared))
+        return {shared, prefix};
+    const QByteArray own = prefix + ".Trash-" + user;
+    if (makeFolders(own) && isOurFolder(own))
+        return {own, prefix};
+    return {};
+}
+
+/// Claims a name in the trash by its record; EEXIST if it has been taken.
+int writeRecord(const QByteArray &recordPath, const QByteArray &originalPath)
+{
+    const int record = open(recordPath.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (record < 0)
+        return errno;
+    const QByteArray text = "[Trash Info]\nPath=" + originalPath.toPercentEncoding("/")
+        + "\nDeletionDate=" + QDateTime::currentDateTime().toString(Qt::ISODate).toLatin1() + '\n';
+    const bool isWritten = write(record, text.constData(), size_t(text.size())) == text.size();
+    const int error = isWritten ? 0 : errno;
+    close(record);
+    if (!isWritten)
+        unlink(recordPath.constData());
+    return isWritten ? 0 : error ? error : ENOSPC;
+}
+
+/// The n-th name to try, short enough for its record's.
+QByteArray candidate(const QByteArray &name, int n)
+{
+    const QByteArray ending = n == 1 ? QByteArray() : '-' + QByteArray::number(n);
+    const int room = NAME_MAX - int(sizeof kInfoSuffix) + 1 - ending.size();
+    return cutName(name, room) + ending;
+}
+
+int moveInto(const Trash &trash, const QByteArray &path, QByteArray *trashed)
+{
+    const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
+    const QByteArray original = path.mid(trash.pathsStartAfter.size());
+    for (int n = 1; n < INT_MAX; ++n) {
+        const QByteArray record = trash.path + "/info/" + candidate(name, n) + kInfoSuffix;
+        int error = writeRecord(record, original);
+        if (error == 0) {
+            *trashed = trash.path + "/files/" + candidate(name, n);
+            error = moveWithoutReplacing(path, *trashed);
+            if (error == 0)
+                return 0;
+            unlink(record.constData());
+        }
+        if (error != EEXIST)
+            return error;
+    }
+    return EEXIST;
+}
+
+} // namespace
+
+int moveToSharedTrash(const QByteArray &path, QByteArray *trashed)
+{
+    struct stat status = {};
+    if (lstat(path.constData(), &status) != 0)
+        return errno;
+    char *resolved = realpath(parentOf(path).constData(), nullptr);
+    if (!resolved)
+        return errno;
+    const QByteArray folder(resolved);
+    free(resolved);
+    const Trash trash = trashFor(folder);
+    if (trash.path.isEmpty())
+        return EXDEV;
+    if (!makeFolders(trash.path + "/files") || !makeFolders(trash.path + "/info"))
+        return errno;
+    const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
+    return moveInto(trash, folder.endsWith('/') ? folder + name : folder + '/' + name, trashed);
+}

@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+#include "treecopy.h"
+
+#include "nativename.h"
+#include "safemove.h"
+
+#include <QRandomGenerator>
+
+#include <cerrno>
+#include <climits>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
+
+QByteArray lastName(const QByteArray &path)
+{
+    return path.mid(path.lastIndexOf('/') + 1);
+}
+
+/// Hidden, and never met twice.
+QByteArray temporaryName()
+{
+    return ".copying-" + QByteArray::number(QRandomGenerator::system()->generate64(), 16);
+}
+
+QByteArray targetOfLink(const QByteArray &path)
+{
+    QByteArray target(PATH_MAX, Qt::Uninitialized);
+    const ssize_t size = readlink(path.constData(), target.data(), size_t(target.size()));
+    return size < 0 ? QByteArray() : target.left(int(size));
+}
+
+void keepTimes(const QByteArray &path, const struct stat &status)
+{
+    const timespec times[] = {status.st_atim, status.st_mtim};
+    utimensat(AT_FDCWD, path.constData(), times, AT_SYMLINK_NOFOLLOW);
+}
+
+bool removeCreated(const QByteArray &path, bool isFolder)
+{
+    return (isFolder ? rmdir(path.constData()) : unlink(path.constData())) == 0;
+}
+
+} // namespace
+
+QByteArray nameOfCopy(const QByteArray &name, int n, bool isFolder)
+{
+    if (n == 1)
+        return name;
+    const QByteArray number = " (" + QByteArray::number(n) + ')';
+    const int dot = isFolder ? -1 : name.lastIndexOf('.');
+    // The dot of a hidden file begins its name, and what is too long is no ending.
+    const bool hasEnding = dot > 0 && name.size() - dot < NAME_MAX / 2;
+    const QByteArray ending = number + (hasEnding ? name.mid(dot) : QByteArray());
+    return cutName(hasEnding ? name.left(dot) : name, NAME_MAX - ending.size()) + ending;
+}
+
+TreeCopy::TreeCopy(const CopyPlan &plan, const QByteArray &targetFolder)
+    : m_items(plan.items()), m_target(targetFolder == "/" ? QByteArray() : targetFolder),
+      m_temporary(m_target + '/' + temporaryName()), m_unfinished(m_items.size())
+{
+}
+
+TreeCopy::~TreeCopy()
+{
+    while (undoStep()) { }
+}
+
+qint64 TreeCopy::doneBytes() const
+{
+    if (!m_file.isOpen())
+        return m_done;
+    // A file that grows meanwhile doesn't count for more than was planned.
+    return m_done + qMin(m_file.copiedBytes(), m_items.at(m_next - 1).size);
+}
+
+QByteArray TreeCopy::currentName() const
+{
+    return m_items.isEmpty() ? QByteArray() : lastName(m_items.at(qMax(m_next - 1, 0)).from);
+}
+
+TreeCopy::State TreeCopy::step()
+{
+    if (m_file.isOpen())
+        return copyOn();
+    if (m_next < m_items.size())
+        return begin(m_items.at(m_next++));
+    if (m_unfinished == 0)
+        return place();
+    finishFolder(m_items.at(--m_unfinished));
+    return Working;
+}
+
+/// What can't be read is left out, unless it is the source itself; what can't be written ends it.
+TreeCopy::State TreeCopy::report(const CopyItem &item, FileCopy::Side side, int error)
+{
+    m_problems += problemLine(item.from, error);
+    m_done += item.size + 1;
+    return side == FileCopy::Side::Reading && !item.below.isEmpty() ? Working : Failed;
+}
+
+TreeCopy::State TreeCopy::begin(const CopyItem &item)
+{
+    const QByteArray to = m_temporary + item.below;
+    switch (item.kind) {
+    case CopyItem::Folder:
+        return makeFolder(item, to);
+    case CopyItem::Link:
+        return makeLink(item, to);
+    case CopyItem::Other:
+        return report(item, FileCopy::Side::Reading, EOPNOTSUPP);
+    case CopyItem::File:
+        break;
+    }
+    const FileCopy::Side side = m_file.open(item.from, to);
+    if (side != FileCopy::Side::None)
+        return report(item, side, m_file.error());
+    m_created += {to, false};
+    return Working;
+}
+
+TreeCopy::State TreeCopy::makeFolder(const CopyItem &item, const QByteArray &to)
+{
+    if (mkdir(to.constData(), S_IRWXU) != 0)
+        return report(item, FileCopy::Side::Writing, errno);
+    m_created += {to, true};
+    m_done += 1;
+    return Working;
+}
+
+TreeCopy::State TreeCopy::makeLink(const CopyItem &item, const QByteArray &to)
+{
+    const QByteArray target = targetOfLink(item.from);
+    if (target.isEmpty())
+        return report(item, FileCopy::Side::Reading, errno);
+    if (symlink(target.constData(), to.constData()) != 0)
+        return report(item, FileCopy::Side::Writing, errno);
+    m_created += {to, false};
+    struct stat status = {};
+    if (lstat(item.from.constData(), &status) == 0)
+        keepTimes(to, status);
+    m_done += 1;
+    return Working;
+}
+
+TreeCopy::State TreeCopy::copyOn()
+{
+    const CopyItem &item = m_items.at(m_next - 1);
+    const FileCopy::Side side = m_file.copySome();
+    if (side == FileCopy::Side::None) {
+        if (!m_file.isOpen())
+            m_done += item.size + 1;
+        return Working;
+    }
+    const State state = report(item, side, m_file.error());
+    // Half a file would pass for a whole one.
+    if (state == Working && removeCreated(m_created.last().path, false))
+        m_created.removeLast();
+    return state;
+}
+
+/// Last, since a folder that may not be written couldn't be filled, and filling changes its time.
+void TreeCopy::finishFolder(const CopyItem &item) const
+{
+    struct stat status = {};
+    if (item.kind != CopyItem::Folder || lstat(item.from.constData(), &status) != 0)
+        return;
+    const QByteArray path = m_temporary + item.below;
+    chmod(path.constData(), status.st_mode & kPermissions);
+    keepTimes(path, status);
+}
+
+TreeCopy::State TreeCopy::place()
+{
+    if (m_items.isEmpty())
+        return Failed;
+    const CopyItem &source = m_items.first();
+    for (int n = 1; n < INT_MAX; ++n) {
+        const QByteArray path =
+            m_target + '/' + nameOfCopy(lastName(source.from), n, source.kind == CopyItem::Folder);
+        const int error = moveWithoutReplacing(m_temporary, path);
+        if (error == 0) {
+            m_path = path;
+            m_created.clear();
+            return Done;
+        }
+        if (error != EEXIST)
+            return report(source, FileCopy::Side::Writing, error);
+    }
+    return Failed;
+}
+
+bool TreeCopy::undoStep()
+{
+    m_file.close();
+    if (m_created.isEmpty())
+        return false;
+    const Created last = m_created.takeLast();
+    if (removeCreated(last.path, last.isFolder) || errno != EACCES)
+        return true;
+    // Its folder has the permissions of the source's already.
+    const QByteArray folder = last.path.left(last.path.lastIndexOf('/'));
+    if (folder.startsWith(m_temporary) && chmod(folder.constData(), S_IRWXU) == 0)
+        removeCreated(last.path, last.isFolder);
+    return true;
+}

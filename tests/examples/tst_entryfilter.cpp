@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+#include "examples/filebrowser/entryfilter.h"
+
+#include "support/vemotest.h"
+
+namespace {
+
+FileEntry entry(const QString &name, bool isFolder = false, const QDateTime &modified = {})
+{
+    FileEntry entry;
+    entry.name = name;
+    entry.isFolder = isFolder;
+    entry.modified = modified;
+    return entry;
+}
+
+QStringList namesOf(const QVector<FileEntry> &entries)
+{
+    QStringList names;
+    for (const FileEntry &entry : entries)
+        names += entry.name;
+    return names;
+}
+
+} // namespace
+
+class EntryFilterTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anEmptyFilterLetsEverythingPass();
+    void theTextIsAnyPartOfTheName_data();
+    void theTextIsAnyPartOfTheName();
+    void theKindIsThatOfTheSuffix_data();
+    void theKindIsThatOfTheSuffix();
+    void foldersPassEveryKind();
+    void bothDaysCount_data();
+    void bothDaysCount();
+    void anEntryWithoutATimePassesNoDate();
+    void allPartsOfTheFilterMustAgree();
+    void foldersComeFirst();
+    void namesAreOrderedAsPeopleDo();
+    void namesThatSortAlikeKeepTheirOrder();
+    void aHundredThousandNamesAreSorted();
+};
+
+void EntryFilterTest::anEmptyFilterLetsEverythingPass()
+{
+    QVERIFY(EntryFilter().accepts(entry("a")));
+    QVERIFY(EntryFilter().accepts(entry(QString(), true)));
+}
+
+void EntryFilterTest::theTextIsAnyPartOfTheName_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("passes");
+    QTest::newRow("all of it") << "Report.txt" << true;
+    QTest::newRow("the start") << "Rep" << true;
+    QTest::newRow("the middle") << "ort.t" << true;
+    QTest::newRow("another case") << "REPORT" << true;
+    QTest::newRow("something else") << "repart" << false;
+    QTest::newRow("no wildcard") << "*.txt" << false;
+    QTest::newRow("a blank") << " " << false;
+}
+
+void EntryFilterTest::theTextIsAnyPartOfTheName()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, passes);
+    EntryFilter filter;
+    filter.text = text;
+    QCOMPARE(filter.accepts(entry("Report.txt")), passes);
+    QCOMPARE(filter.accepts(entry("Report.txt", true)), passes);
+}
+
+void EntryFilterTest::theKindIsThatOfTheSuffix_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<bool>("passes");
+    QTest::newRow("its kind") << "a.png"
+                              << "image" << true;
+    QTest::newRow("another case") << "a.PNG"
+                                  << "image" << true;
+    QTest::newRow("another kind") << "a.png"
+                                  << "video" << false;
+    QTest::newRow("a kind that begins alike") << "a.acc"
+                                              << "a" << false;
+    QTest::newRow("the last suffix") << "a.tar.gz"
+                                     << "zip" << true;
+    QTest::newRow("an unknown suffix") << "a.qqq"
+                                       << "xxx" << true;
+    QTest::newRow("no suffix") << "png"
+                               << "xxx" << true;
+    QTest::newRow("a dot at the end") << "png."
+                                      << "xxx" << true;
+    QTest::newRow("a hidden file") << ".png"
+                                   << "image" << true;
+}
+
+void EntryFilterTest::theKindIsThatOfTheSuffix()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, kind);
+    QFETCH(bool, passes);
+    EntryFilter filter;
+    filter.kind = kind;
+    QCOMPARE(filter.accepts(entry(name)), passes);
+}
+
+void EntryFilterTest::foldersPassEveryKind()
+{
+    EntryFilter filter;
+    filter.kind = "video";
+    QVERIFY(filter.accepts(entry("a.png", true)));
+}
+
+void EntryFilterTest::bothDaysCount_data()
+{
+    QTest::addColumn<QDate>("from");
+    QTest::addColumn<QDate>("to");
+    QTest::addColumn<bool>("passes");
+    const QDate day(2024, 2, 29);
+    QTest::newRow("that day") << day << day << true;
+    QTest::newRow("from that day") << day << QDate() << true;
+    QTest::newRow("to that day") << QDate() << day << true;
+    QTest::newRow("from the next") << day.addDays(1) << QDate() << false;
+    QTest::newRow("to the one before") << QDate() << day.addDays(-1) << false;
+    QTest::newRow("around it") << day.addYears(-1) << day.addYears(1) << true;
+    QTest::newRow("the wrong way round") << day.addDays(1) << day.addDays(-1) << false;
+}
+
+void EntryFilterTest::bothDaysCount()
+{
+    QFETCH(QDate, from);
+    QFETCH(QDate, to);
+    QFETCH(bool, passes);
+    EntryFilter filter;
+    filter.from = from;
+    filter.to = to;
+    const QDate day(2024, 2, 29);
+    for (const QDateTime &time : {day.startOfDay(), day.endOfDay(), day.endOfDay().toUTC()})
+        QCOMPARE(filter.accepts(entry("a", false, time)), passes);
+}
+
+void EntryFilterTest::anEntryWithoutATimePassesNoDate()
+{
+    EntryFilter filter;
+    filter.from = QDate(1970, 1, 1);
+    QVERIFY(!filter.accepts(entry("a")));
+}
+
+void EntryFilterTest::allPartsOfTheFilterMustAgree()
+{
+    EntryFilter filter;
+    filter.text = "a";
+    filter.kind = "image";
+    filter.from = QDate(2024, 1, 1);
+    const QDateTime late(QDate(2024, 6, 1), QTime(12, 0));
+    QVERIFY(filter.accepts(entry("a.png", false, late)));
+    QVERIFY(!filter.accepts(entry("b.png", false, late)));
+    QVERIFY(!filter.accepts(entry("a.txt", false, late)));
+    QVERIFY(!filter.accepts(entry("a.png", false, late.addYears(-1))));
+}
+
+void EntryFilterTest::foldersComeFirst()
+{
+    QVector<FileEntry> entries {entry("a"), entry("z", true), entry("b"), entry("y", true)};
+    sortEntries(entries);
+    QCOMPARE(namesOf(entries), QStringList({"y", "z", "a", "b"}));
+}
+
+void EntryFilterTest::namesAreOrderedAsPeopleDo()
+{
+    const QStringList ordered {"2 b", "10 a", "apple", "Banana", QString::fromUtf8("Ägypten") + "x",
+        "cherry", "file 2", "file 10"};
+    QVector<FileEntry> entries;
+    for (const QString &name : ordered)
+        entries.prepend(entry(name));
+    sortEntries(entries);
+    QCOMPARE(namesOf(entries),
+        QStringList({"2 b", "10 a", QString::fromUtf8("Ägypten") + "x", "apple", "Banana", "cherry",
+            "file 2", "file 10"}));
+}
+
+void EntryFilterTest::namesThatSortAlikeKeepTheirOrder()
+{
+    QVector<FileEntry> entries {entry("same"), entry("same"), entry("same")};
+    for (int i = 0; i < entries.size(); ++i)
+        entries[i].size = i;
+    sortEntries(entries);
+    for (int i = 0; i < entries.size(); ++i)
+        QCOMPARE(entries.at(i).size, i);
+}
+
+void EntryFilterTest::aHundredThousandNamesAreSorted()
+{
+    constexpr int kCount = 100000;
+    QVector<FileEntry> entries;
+    for (int i = 0; i < kCount; ++i)
+        entries += entry("file " + QString::number((i * 7919LL) % kCount));
+    sortEntries(entries);
+    QCOMPARE(entries.size(), kCount);
+    for (int i = 0; i < kCount; ++i)
+        QCOMPARE(entries.at(i).name, "file " + QString::number(i));
+}
+
+VEMO_TEST_MAIN(EntryFilterTest)
+#include "tst_entryfilter.moc"
