@@ -17,7 +17,7 @@ public:
     /// By path below the folder: a file's content, "-> target" of a link, and "path/" of a folder.
     using Contents = QMap<QByteArray, QByteArray>;
 
-    /// In another folder than the one for temporary files.
+    /// In memory where that can be had, or in the folder given.
     explicit DiskFolder(const QByteArray &parent = {});
     ~DiskFolder();
     Q_DISABLE_COPY(DiskFolder)
