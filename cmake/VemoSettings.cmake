@@ -40,5 +40,15 @@ add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_S
 find_program(VEMO_CCACHE ccache)
 if(VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
-    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=true ${VEMO_CCACHE})
+    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=true
+    CCACHE_SLOPPINESS=pch_defines,time_macros ${VEMO_CCACHE})
 endif()
+
+# Reads these headers once for all sources of the target, which halves the time of a test's build.
+# Not for the library itself: there each file proves that it includes what it uses.
+function(vemo_precompile_qt target)
+  target_precompile_headers(${target} PRIVATE ${ARGN})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${target} PUBLIC -fpch-preprocess) # asked for by ccache
+  endif()
+endfunction()

@@ -19,6 +19,7 @@ function(vemo_add_test name)
   add_executable(${name} ${name}.cpp ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE VemoTestSupport ${arg_LIBRARIES})
+  target_precompile_headers(${name} REUSE_FROM VemoTestSupport)
 
   list(GET arg_DPI 0 firstDpi)
   foreach(dpi IN LISTS arg_DPI)
