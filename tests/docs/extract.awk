@@ -1,0 +1,34 @@
+# SPDX-License-Identifier: MIT
+# Makes one C++ file of the ```cpp blocks of all documentation pages, so that they are compiled: a
+# block with includes stands at file scope, any other becomes a member function of DocHost.
+#
+#     awk -f extract.awk PAGE... > snippets.cpp
+
+FNR == 1 { isCode = 0 }
+
+/^```cpp$/ {
+  isCode = 1
+  isFile = 0
+  body = ""
+  place = sprintf("#line %d \"%s\"\n", FNR + 1, FILENAME)
+  next
+}
+
+/^```$/ && isCode {
+  isCode = 0
+  ++count
+  if (isFile)
+    files = files "#define main page_main_" count "\n" place body "#undef main\n"
+  else
+    bodies = bodies "struct Page" count " : DocHost\n{\n    void run();\n};\n" \
+      "void Page" count "::run()\n{\n" place body "}\n"
+  next
+}
+
+isCode {
+  if ($0 ~ /^#include/)
+    isFile = 1
+  body = body $0 "\n"
+}
+
+END { printf "%s#include \"docs/snippets.h\"\n%s", files, bodies }

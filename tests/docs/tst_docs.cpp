@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+// What the documentation points at exists, and what exists is documented.
+#include "support/vemotest.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QRegularExpression>
+
+namespace {
+
+constexpr qint64 kMostPictureBytes = 2 * 1024 * 1024; // of all pictures: a clone stays quick
+
+const QDir &root()
+{
+    static const QDir dir(VEMO_SOURCE_DIR);
+    return dir;
+}
+
+QString textOf(const QString &path)
+{
+    QFile file(root().filePath(path));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QStringList filesIn(const QString &folder, const QString &pattern)
+{
+    QStringList paths;
+    const QStringList names = QDir(root().filePath(folder)).entryList({pattern}, QDir::Files);
+    for (const QString &name : names)
+        paths << folder + '/' + name;
+    return paths;
+}
+
+QStringList pages()
+{
+    QStringList paths = filesIn(".", "*.md") + filesIn("docs", "*.md");
+    paths << "theme/README.md"
+          << "benchmarks/README.md"
+          << "examples/ownresources/README.md";
+    return paths;
+}
+
+/// The targets of links and pictures in Markdown, but not those in code.
+QStringList targetsIn(QString text)
+{
+    static const QRegularExpression code("^```.*?^```$",
+        QRegularExpression::MultilineOption | QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression target("\\]\\(([^)\\s]+)\\)|<img src=\"([^\"]+)\"");
+    text.remove(code);
+    QStringList targets;
+    for (auto match = target.globalMatch(text); match.hasNext();) {
+        const QRegularExpressionMatch found = match.next();
+        targets << (found.captured(1).isEmpty() ? found.captured(2) : found.captured(1));
+    }
+    return targets;
+}
+
+/// The name by which a link finds a heading: "Who owns what" becomes "who-owns-what".
+QStringList anchorsOf(const QString &text)
+{
+    static const QRegularExpression heading("^#+ (.*)$", QRegularExpression::MultilineOption);
+    static const QRegularExpression others("[^\\w\\- ]");
+    QStringList anchors;
+    for (auto match = heading.globalMatch(text); match.hasNext();)
+        anchors << match.next().captured(1).toLower().remove(others).replace(' ', '-');
+    return anchors;
+}
+
+QStringList exportedNames()
+{
+    static const QRegularExpression name(
+        "^(?:class|struct) (?:VEMO_EXPORT )?(\\w+)[^;]*$|^VEMO_(?:THEME_)?EXPORT .*\\b(\\w+)\\($|"
+        "^VEMO_EXPORT .*\\b(\\w+)\\(",
+        QRegularExpression::MultilineOption);
+    QStringList names;
+    for (const QString &path : filesIn("include/vemo", "*.h")) {
+        const QString text = textOf(path);
+        for (auto match = name.globalMatch(text); match.hasNext();)
+            names << match.next().capturedTexts().last();
+    }
+    return names;
+}
+
+/// Pictures that pages and headers name.
+QSet<QString> namedPictures()
+{
+    static const QRegularExpression picture(
+        "images/([\\w-]+\\.png)|\\\\image html ([\\w-]+\\.png)");
+    QSet<QString> names;
+    for (const QString &path : pages() + filesIn("include/vemo", "*.h")) {
+        const QString text = textOf(path);
+        for (auto match = picture.globalMatch(text); match.hasNext();)
+            names << match.next().capturedTexts().last();
+    }
+    return names;
+}
+
+} // namespace
+
+class DocsTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyLinkLeadsSomewhere_data();
+    void everyLinkLeadsSomewhere();
+    void everyNameOfTheInterfaceIsInAGuide();
+    void picturesAreThoseThatAreShown();
+};
+
+void DocsTest::everyLinkLeadsSomewhere_data()
+{
+    QTest::addColumn<QString>("page");
+    const QStringList paths = pages();
+    for (const QString &path : paths)
+        QTest::newRow(qPrintable(path)) << path;
+}
+
+void DocsTest::everyLinkLeadsSomewhere()
+{
+    QFETCH(const QString, page);
+    const QString text = textOf(page);
+    QVERIFY(!text.isEmpty());
+    for (const QString &target : targetsIn(text)) {
+        if (target.startsWith("https://"))
+            continue;
+        const QString file = target.section('#', 0, 0);
+        const QString path = file.isEmpty() ? page : QFileInfo(page).path() + '/' + file;
+        QVERIFY2(QFileInfo::exists(root().filePath(path)), qPrintable(target));
+        const QString anchor = target.section('#', 1);
+        QVERIFY2(anchor.isEmpty() || anchorsOf(textOf(path)).contains(anchor), qPrintable(target));
+    }
+}
+
+void DocsTest::everyNameOfTheInterfaceIsInAGuide()
+{
+    QString guides;
+    for (const QString &path : filesIn("docs", "*.md"))
+        guides += textOf(path);
+    const QStringList names = exportedNames();
+    QVERIFY(names.size() >= 50);
+    for (const QString &name : names) {
+        const QRegularExpression word("\\b" + name + "\\b");
+        QVERIFY2(word.match(guides).hasMatch(), qPrintable(name));
+    }
+}
+
+void DocsTest::picturesAreThoseThatAreShown()
+{
+    qint64 bytes = 0;
+    QSet<QString> existing;
+    for (const QString &path : filesIn("docs/images", "*.png")) {
+        const QFileInfo file(root().filePath(path));
+        bytes += file.size();
+        existing << file.fileName();
+    }
+    const QSet<QString> named = namedPictures();
+    QCOMPARE((existing - named).values(), QStringList());
+    QCOMPARE((named - existing).values(), QStringList());
+    QVERIFY2(bytes <= kMostPictureBytes, qPrintable(QString::number(bytes)));
+}
+
+VEMO_TEST_MAIN(DocsTest)
+#include "tst_docs.moc"
