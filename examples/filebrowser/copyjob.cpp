@@ -133,7 +133,7 @@ void CopyJob::report()
     const QPointer<CopyJob> self(this);
     if (m_phase == Phase::Ended)
         m_slice.stop();
-    if (m_phase != Phase::Undoing)
+    if (!m_isCancelled)
         Q_EMIT progress(
             m_done + (m_tree ? m_tree->doneBytes() : 0), m_total, fromNativeName(m_name));
     if (self && m_phase == Phase::Ended && !m_slice.isActive())

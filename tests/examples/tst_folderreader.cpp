@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "childworld.h"
 #include "diskfolder.h"
 #include "examples/filebrowser/folderreader.h"
 #include "examples/filebrowser/nativename.h"
@@ -10,9 +11,6 @@
 #include <utime.h>
 
 namespace {
-
-constexpr unsigned kNobody = 65534;
-const char kFolderVariable[] = "VEMO_TEST_FOLDER";
 
 /// What one reading of a folder has told.
 class Reading : public QObject
@@ -58,11 +56,11 @@ QMap<QString, FileEntry> entriesOf(const QString &folder)
 
 int readWithoutRights(const QString &)
 {
-    if (setuid(kNobody) != 0)
-        return 2;
+    if (!ChildWorld::becomeNobody())
+        return ChildWorld::kCannot;
     FolderReader reader;
     Reading reading(&reader);
-    reader.read(qEnvironmentVariable(kFolderVariable));
+    reader.read(ChildWorld::folder());
     while (reading.ends == 0 && reading.reasons.isEmpty())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     return reading.reasons == QStringList(systemReason(EACCES)) ? 0 : 1;
@@ -253,8 +251,7 @@ void FolderReaderTest::aFolderWithoutRightsFails()
     if (getuid() != 0)
         QSKIP("Only root can become somebody else");
     const DiskFolder folder; // Made by mkdtemp(): nobody else may read it.
-    const QString variable = QString("%1=%2").arg(kFolderVariable, folder.path());
-    const ChildResult result = runChild("unreadable", {variable});
+    const ChildResult result = runChild("unreadable", {ChildWorld::variableFor(folder.path())});
     QCOMPARE(result.status, QProcess::NormalExit);
     QCOMPARE(result.exitCode, 0);
 }

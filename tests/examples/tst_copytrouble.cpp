@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "childworld.h"
+#include "copying.h"
+#include "diskfolder.h"
+
+#include "support/vemotest.h"
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/// A disk of 1 MB takes the small file, not the large one.
+int copyToFullDisk()
+{
+    const QByteArray folder = ChildWorld::folder();
+    if (!ChildWorld::mountMemory(folder + "/disk", "size=1m"))
+        return ChildWorld::kCannot;
+    const QString path = QString::fromUtf8(folder);
+    Copying copying({path + "/large", path + "/small"}, path + "/disk");
+    copying.waitForEnd();
+    const bool isTold = copying.problems == QStringList(problem("large", ENOSPC));
+    const bool isCopied = copying.copied == QStringList(path + "/disk/small");
+    return isTold && isCopied
+            && QDir(path + "/disk").entryList(QDir::Hidden | QDir::Files).size() == 1
+        ? 0
+        : 1;
+}
+
+/// Stops writing in the middle of a file without a mount.
+int copyBeyondTheLimit()
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit = {100000, 100000};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const QString path = QString::fromUtf8(ChildWorld::folder());
+    Copying copying({path + "/folder", path + "/small"}, path + "/disk");
+    copying.waitForEnd();
+    const bool isTold = copying.problems == QStringList(problem("large", EFBIG));
+    return isTold && copying.copied == QStringList(path + "/disk/small") ? 0 : 1;
+}
+
+/// An unreadable file is left out of its folder; a target that may not be written gets nothing.
+int copyWithoutRights()
+{
+    if (!ChildWorld::becomeNobody())
+        return ChildWorld::kCannot;
+    const QString path = QString::fromUtf8(ChildWorld::folder());
+    Copying readable({path + "/folder"}, path + "/disk");
+    readable.waitForEnd();
+    Copying unwritable({path + "/small"}, path + "/folder");
+    unwritable.waitForEnd();
+    readable.problems.sort();
+    const QStringList unread {problem("secret file", EACCES), problem("secret folder", EACCES)};
+    return readable.problems == unread && readable.copied.size() == 1
+            && unwritable.problems == QStringList(problem("small", EACCES))
+            && unwritable.copied.isEmpty()
+        ? 0
+        : 1;
+}
+
+int runScenario(const QString &scenario)
+{
+    if (scenario == "full disk")
+        return copyToFullDisk();
+    return scenario == "limit" ? copyBeyondTheLimit() : copyWithoutRights();
+}
+
+} // namespace
+
+class CopyTroubleTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void troubleLeavesNothingHalfDone_data();
+    void troubleLeavesNothingHalfDone();
+};
+
+void CopyTroubleTest::troubleLeavesNothingHalfDone_data()
+{
+    QTest::addColumn<QString>("scenario");
+    QTest::addColumn<DiskFolder::Contents>("onDisk");
+    using Contents = DiskFolder::Contents;
+    QTest::newRow("a full disk") << "full disk" << Contents {};
+    QTest::newRow("a file beyond the limit") << "limit" << Contents {{"disk/small", "content"}};
+    QTest::newRow("no rights") << "rights"
+                               << Contents {
+                                      {"disk/folder/", {}}, {"disk/folder/secret folder/", {}}};
+}
+
+void CopyTroubleTest::troubleLeavesNothingHalfDone()
+{
+    QFETCH(QString, scenario);
+    QFETCH(DiskFolder::Contents, onDisk);
+    if (getuid() != 0)
+        QSKIP("Only root can make such trouble");
+    const DiskFolder folder;
+    folder.makeFolder("disk");
+    folder.makeFolder("folder");
+    folder.write("small", "content");
+    const bool isSecret = scenario == "rights";
+    folder.write(isSecret ? "folder/secret file" : "large", QByteArray(2000000, 'l'));
+    if (isSecret)
+        folder.makeFolder("folder/secret folder");
+    else
+        folder.write("folder/large", QByteArray(2000000, 'l'));
+    chmod(folder.native("disk").constData(), 0777);
+    chmod(folder.native(".").constData(), 0755);
+    chmod(folder.native("folder/secret file").constData(), 0);
+    chmod(folder.native("folder/secret folder").constData(), 0);
+    DiskFolder::Contents expected = folder.contents();
+    for (auto i = onDisk.cbegin(); i != onDisk.cend(); ++i)
+        expected.insert(i.key(), i.value());
+
+    const ChildResult result = runChild(scenario, {ChildWorld::variableFor(folder.path())});
+    QCOMPARE(result.status, QProcess::NormalExit);
+    if (result.exitCode == ChildWorld::kCannot)
+        QSKIP("No file system may be mounted here");
+    QCOMPARE(result.exitCode, 0);
+    COMPARE_CONTENTS(folder.contents(), (expected));
+}
+
+VEMO_TEST_MAIN_WITH_CHILD(CopyTroubleTest, runScenario)
+#include "tst_copytrouble.moc"
