@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "visual/baselinetest.h"
+
+#include "support/testhost.h"
+#include "visual/boxfont.h"
+#include "visual/comparison.h"
+
+#include <vemo/dpiinfo.h>
+
+#include <QStyleFactory>
+
+#include <cstdio>
+
+namespace {
+
+const QVector<QPair<State, const char *>> kNames {{State::Rest, "rest"}, {State::Hover, "hover"},
+    {State::Pressed, "pressed"}, {State::Focus, "focus"}, {State::Disabled, "disabled"}};
+
+bool isUpdating()
+{
+    return qEnvironmentVariableIsSet("VEMO_UPDATE_BASELINES");
+}
+
+/// "1", "1.5", and "1x2" at a device pixel ratio of 2.
+QString factor()
+{
+    const DPIinfo &screen = DPIinfo::getInstance();
+    const QString dpi = QString::number(screen.getDPI());
+    return screen.getDPR() > 1 ? QString("%1x%2").arg(dpi).arg(screen.getDPR()) : dpi;
+}
+
+QString folder()
+{
+    return QStringLiteral(VEMO_BASELINES "/") + factor();
+}
+
+/// What the script that renews the pictures reads.
+void tell(const char *what, const QString &path)
+{
+    std::printf("%s baselines%s\n", what, qPrintable(path.mid(int(qstrlen(VEMO_BASELINES)))));
+}
+
+} // namespace
+
+void addStates(Looks &looks, const QString &name, const NewWidget &make,
+    const QVector<State> &states, const QSize &size)
+{
+    addPartStates(
+        looks, name, make, [](QWidget *widget) { return widget; }, states, size);
+}
+
+void addPartStates(Looks &looks, const QString &name, const NewWidget &make, const PartOf &part,
+    const QVector<State> &states, const QSize &size)
+{
+    for (const auto &[state, suffix] : kNames) {
+        if (!states.contains(state))
+            continue;
+        looks.append({name + '-' + suffix, [=, state = state] {
+                          QWidget *widget = make();
+                          Stage stage(widget, size);
+                          stage.put(state, part(widget));
+                          return stage.picture();
+                      }});
+    }
+}
+
+void BaselineTest::initTestCase()
+{
+    startDefaultTheme();
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    QApplication::setStyle(QStyleFactory::create("fusion"));
+    QApplication::setPalette(QPalette(QColor(0xFFFFFF), QColor(0xF5F7FA)));
+    QApplication::setFont(boxFont());
+    QApplication::setCursorFlashTime(0);
+    QApplication::setEffectEnabled(Qt::UI_General, false);
+}
+
+void BaselineTest::looksAsStored_data()
+{
+    QTest::addColumn<Look>("look");
+    for (const Look &look : looks())
+        QTest::newRow(qPrintable(look.name)) << look;
+}
+
+void BaselineTest::looksAsStored()
+{
+    QFETCH(Look, look);
+    const QString file = QString("%1-%2.png").arg(m_family, look.name);
+    const QString path = folder() + '/' + file;
+    const QImage picture = look.take();
+    const QString problem =
+        compareWithFile(picture, path, QString(VEMO_DIFFERENCES "/%1/%2").arg(factor(), file));
+    if (isUpdating() && !problem.isEmpty()) {
+        const bool isNew = !QFile::exists(path);
+        QVERIFY(storePicture(picture, path));
+        tell(isNew ? "added" : "changed", path);
+        return;
+    }
+    QVERIFY2(problem.isEmpty(), qPrintable(problem));
+}
+
+void BaselineTest::everyStoredPictureIsLookedAt()
+{
+    QStringList left = QDir(folder()).entryList({m_family + "-*.png"}, QDir::Files);
+    QVERIFY(isUpdating() || !left.isEmpty());
+    for (const Look &look : looks())
+        left.removeOne(QString("%1-%2.png").arg(m_family, look.name));
+    if (isUpdating()) {
+        for (const QString &file : qAsConst(left)) {
+            const QString path = folder() + '/' + file;
+            QVERIFY(QFile::remove(path));
+            tell("removed", path);
+        }
+        return;
+    }
+    QVERIFY2(left.isEmpty(), qPrintable(left.join('\n')));
+}
+
+// Else a state was not reached, or the theme doesn't show it. What is disabled may look alike.
+void BaselineTest::noTwoStoredPicturesAreAlike()
+{
+    QVector<QPair<QString, QImage>> earlier;
+    for (const QString &file : QDir(folder()).entryList({m_family + "-*.png"}, QDir::Files)) {
+        const QImage picture(folder() + '/' + file);
+        for (const auto &[otherFile, other] : qAsConst(earlier)) {
+            if (file.endsWith("disabled.png") && otherFile.endsWith("disabled.png"))
+                continue;
+            const bool isAlike =
+                picture.size() == other.size() && compared(other, picture).isEqual();
+            QVERIFY2(!isAlike, qPrintable(QString("%1 is like %2").arg(file, otherFile)));
+        }
+        earlier.append({file, picture});
+    }
+}

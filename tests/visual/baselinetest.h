@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/vemotest.h"
+#include "visual/stage.h"
+
+#include <functional>
+
+/// A picture to compare with the one stored under "FAMILY-NAME.png".
+struct Look
+{
+    QString name;
+    std::function<QImage()> take;
+};
+
+Q_DECLARE_METATYPE(Look)
+
+using Looks = QVector<Look>;
+using NewWidget = std::function<QWidget *()>;
+using PartOf = std::function<QWidget *(QWidget *)>;
+
+/// Every state of a widget that takes the focus.
+const QVector<State> kAllStates {
+    State::Rest, State::Hover, State::Pressed, State::Focus, State::Disabled};
+
+/// Appends looks of a widget, "NAME-rest", "NAME-hover" and so on. size is in design pixels.
+void addStates(Looks &looks, const QString &name, const NewWidget &make,
+    const QVector<State> &states = kAllStates, const QSize &size = {});
+
+/// The same where it is a part of the widget that is in the state.
+void addPartStates(Looks &looks, const QString &name, const NewWidget &make, const PartOf &part,
+    const QVector<State> &states, const QSize &size = {});
+
+/// Base of the tests that compare what widgets look like with pictures in baselines/FACTOR/. With
+/// VEMO_UPDATE_BASELINES in the environment they store what differs instead: see
+/// scripts/update-baselines.
+class BaselineTest : public VemoTest
+{
+    Q_OBJECT
+
+protected:
+    explicit BaselineTest(const QString &family) : m_family(family) { }
+
+    virtual Looks looks() const = 0;
+
+private Q_SLOTS:
+    void initTestCase();
+    void looksAsStored_data();
+    void looksAsStored();
+    void everyStoredPictureIsLookedAt();
+    void noTwoStoredPicturesAreAlike();
+
+private:
+    QString m_family;
+};

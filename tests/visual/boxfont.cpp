@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "visual/boxfont.h"
+
+#include <QDataStream>
+#include <QFontDatabase>
+#include <QVector>
+
+namespace {
+
+// In units of the font, 1000 to the em; the lines are as high as those of a usual sans serif.
+constexpr qint16 kAscent = 930;
+constexpr qint16 kDescent = -240;
+constexpr qint16 kAdvance = 600;
+constexpr qint16 kBoxLeft = 50;
+constexpr qint16 kBoxWidth = 500;
+constexpr qint16 kBoxHeight = 550;
+
+enum Glyph : quint16 { kMissing, kBox, kBlank, kGlyphs };
+
+template <typename... Values> QByteArray bytes(Values... values)
+{
+    QByteArray out;
+    QDataStream stream(&out, QIODevice::WriteOnly); // big-endian, as fonts are
+    (stream << ... << values);
+    return out;
+}
+
+QByteArray boxOutline()
+{
+    constexpr quint8 kOnCurve = 1;
+    QByteArray glyph = bytes(qint16(1), kBoxLeft, qint16(0), qint16(kBoxLeft + kBoxWidth),
+        kBoxHeight, quint16(3), quint16(0), kOnCurve, kOnCurve, kOnCurve, kOnCurve);
+    // Four corners, each as its way from the one before.
+    glyph += bytes(kBoxLeft, qint16(0), kBoxWidth, qint16(0));
+    glyph += bytes(qint16(0), kBoxHeight, qint16(0), qint16(-kBoxHeight));
+    return glyph + QByteArray((4 - glyph.size() % 4) % 4, '\0');
+}
+
+QByteArray head()
+{
+    return bytes(quint32(0x00010000), quint32(0x00010000), quint32(0), quint32(0x5F0F3CF5),
+               quint16(3), quint16(1000), qint64(0), qint64(0))
+        + bytes(qint16(0), kDescent, kAdvance, kAscent, quint16(0), quint16(8), qint16(2),
+            qint16(1), qint16(0));
+}
+
+QByteArray horizontalHeader()
+{
+    return bytes(quint32(0x00010000), kAscent, kDescent, qint16(0), kAdvance, kBoxLeft, kBoxLeft,
+               qint16(kBoxLeft + kBoxWidth), qint16(1))
+        + QByteArray(14, '\0') + bytes(quint16(kGlyphs));
+}
+
+QByteArray maximums()
+{
+    return bytes(quint32(0x00010000), quint16(kGlyphs), quint16(4), quint16(1), quint16(0),
+               quint16(0), quint16(2))
+        + QByteArray(16, '\0');
+}
+
+/// Ranges of characters that share a glyph.
+QByteArray characterMap()
+{
+    struct Range
+    {
+        quint32 first, last, glyph;
+    };
+    const QVector<Range> ranges {{0x20, 0x20, kBlank}, {0x21, 0x9F, kBox}, {0xA0, 0xA0, kBlank},
+        {0xA1, 0x17F, kBox}, {0x2010, 0x2027, kBox}};
+    QByteArray groups;
+    for (const Range &range : ranges)
+        groups += bytes(range.first, range.last, range.glyph);
+    constexpr quint32 kStart = 12;
+    constexpr int kHeader = 16;
+    return bytes(quint16(0), quint16(1), quint16(3), quint16(10), kStart)
+        + bytes(quint16(13), quint16(0), quint32(kHeader + groups.size()), quint32(0),
+            quint32(ranges.size()))
+        + groups;
+}
+
+QByteArray nameTable(const QString &family)
+{
+    QByteArray text;
+    for (const QChar letter : family)
+        text += bytes(letter.unicode());
+    constexpr quint16 kFamily = 1;
+    constexpr quint16 kEnglish = 0x409;
+    return bytes(quint16(0), quint16(1), quint16(18), quint16(3), quint16(1), kEnglish, kFamily,
+               quint16(text.size()), quint16(0))
+        + text;
+}
+
+QByteArray fontFile(const QString &family)
+{
+    const QByteArray box = boxOutline();
+    const quint32 length = box.size();
+    QByteArray widths;
+    for (int glyph = 0; glyph < kGlyphs; ++glyph)
+        widths += bytes(kAdvance, glyph == kBlank ? qint16(0) : kBoxLeft);
+    const QVector<QPair<QByteArray, QByteArray>> tables {{"cmap", characterMap()},
+        {"glyf", box + box}, {"head", head()}, {"hhea", horizontalHeader()}, {"hmtx", widths},
+        {"loca", bytes(quint32(0), length, 2 * length, 2 * length)}, {"maxp", maximums()},
+        {"name", nameTable(family)}};
+
+    QByteArray file = bytes(quint32(0x00010000), quint16(tables.size()), quint16(128), quint16(3),
+        quint16(tables.size() * 16 - 128));
+    QByteArray content;
+    const int start = file.size() + tables.size() * 16;
+    for (const auto &[tag, table] : tables) {
+        file += tag + bytes(quint32(0), quint32(start + content.size()), quint32(table.size()));
+        content += table + QByteArray((4 - table.size() % 4) % 4, '\0');
+    }
+    return file + content;
+}
+
+} // namespace
+
+QFont boxFont()
+{
+    static const QString family = QStringLiteral("Vemo Boxes");
+    static const int id = QFontDatabase::addApplicationFontFromData(fontFile(family));
+    if (id < 0)
+        qFatal("The font of boxes can't be loaded");
+    QFont font(family, 9);
+    font.setStyleStrategy(QFont::NoAntialias);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}

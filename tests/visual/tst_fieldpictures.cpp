@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "visual/baselinetest.h"
+
+#include <vemo/linklabel.h>
+#include <vemo/vemofilterbar.h>
+#include <vemo/vemoiconbutton.h>
+#include <vemo/vemolabel.h>
+#include <vemo/vemolineedit.h>
+#include <vemo/vemomenu.h>
+
+#include <QLabel>
+
+namespace {
+
+constexpr QSize kFieldSize(72, 0);
+constexpr QSize kFilterSize(112, 0);
+const QVector<State> kFieldStates {State::Rest, State::Hover, State::Focus, State::Disabled};
+
+VemoLineEdit *newField(bool hasError = false)
+{
+    auto *edit = new VemoLineEdit;
+    edit->getLineEdit()->setText("ab");
+    edit->setError(hasError);
+    return edit;
+}
+
+VemoLineEdit *newEmptyField()
+{
+    auto *edit = new VemoLineEdit;
+    edit->getLineEdit()->setPlaceholderText("abc");
+    return edit;
+}
+
+VemoLineEdit *newReadOnlyField()
+{
+    VemoLineEdit *edit = newField();
+    edit->getLineEdit()->setReadOnly(true);
+    return edit;
+}
+
+VemoLineEdit *newLabelledField()
+{
+    VemoLineEdit *edit = newField();
+    edit->getPreLabel()->setText("cd");
+    edit->getPostLabel()->setText("ef");
+    return edit;
+}
+
+QWidget *lineEditOf(QWidget *widget)
+{
+    return static_cast<VemoLineEdit *>(widget)->getLineEdit();
+}
+
+/// With the second of its characters selected.
+QImage selectedText()
+{
+    VemoLineEdit *edit = newField();
+    Stage stage(edit, kFieldSize);
+    stage.put(State::Focus, edit->getLineEdit());
+    edit->getLineEdit()->setSelection(1, 1);
+    return stage.picture();
+}
+
+VemoFilterBar *newFilterBar(const QString &text)
+{
+    auto *bar = new VemoFilterBar;
+    bar->setPlaceholderText("abcd");
+    bar->setText(text);
+    bar->setMenu(new VemoMenu(bar));
+    return bar;
+}
+
+QWidget *newFilledFilterBar()
+{
+    return newFilterBar("ab");
+}
+
+void addFields(Looks &looks)
+{
+    const auto add = [&looks](
+                         const QString &name, const NewWidget &make, const QVector<State> &states) {
+        addPartStates(looks, name, make, lineEditOf, states, kFieldSize);
+    };
+    add(
+        "text", [] { return newField(); }, kFieldStates);
+    add("error", [] { return newField(true); }, {State::Rest, State::Focus, State::Disabled});
+    add("empty", newEmptyField, {State::Rest, State::Disabled});
+    add("read-only", newReadOnlyField, {State::Rest, State::Focus});
+    looks.append({"selected-text", selectedText});
+    addStates(looks, "labelled", newLabelledField, {State::Rest, State::Disabled}, {112, 0});
+}
+
+} // namespace
+
+class FieldPictures : public BaselineTest
+{
+    Q_OBJECT
+
+public:
+    FieldPictures() : BaselineTest("field") { }
+
+protected:
+    Looks looks() const override;
+};
+
+Looks FieldPictures::looks() const
+{
+    Looks looks;
+    addFields(looks);
+    addStates(looks, "filter", newFilledFilterBar, kFieldStates, kFilterSize);
+    addStates(
+        looks, "filter-empty", [] { return newFilterBar({}); }, {State::Rest}, kFilterSize);
+    addPartStates(
+        looks, "filter-kinds", newFilledFilterBar,
+        [](QWidget *bar) { return bar->findChild<VemoIconButton *>(); }, {State::Hover},
+        kFilterSize);
+    addStates(looks, "label", [] { return new VemoLabel("ab"); }, {State::Rest, State::Disabled});
+    addStates(looks, "link", [] { return new LinkLabel("ab"); }, {State::Rest, State::Hover});
+    return looks;
+}
+
+VEMO_TEST_MAIN(FieldPictures)
+#include "tst_fieldpictures.moc"
