@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr QSize kFieldSize(72, 0);
+constexpr QSize kFieldSize(96, 0);
 constexpr QSize kFilterSize(112, 0);
 const QVector<State> kFieldStates {State::Rest, State::Hover, State::Focus, State::Disabled};
 
