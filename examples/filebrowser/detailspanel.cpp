@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "detailspanel.h"
+
+#include "core/scaling_p.h"
+#include "datefilter.h"
+#include "kinds.h"
+#include "paths.h"
+#include "texts.h"
+
+#include <vemo/imagemanager.h>
+#include <vemo/tooltiptext.h>
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+// In design pixels.
+constexpr int kWidth = 272;
+constexpr int kMargin = 16;
+constexpr int kGap = 12;
+constexpr int kSmallGap = 8;
+constexpr int kFactGap = 4;
+constexpr int kCaptionWidth = 84;
+
+const QString kNothing = QString::fromUtf8("–"); // clazy:exclude=non-pod-global-static
+
+/// One line that is cut where it is too long; the tool tip has it whole.
+class ShortLabel : public QLabel
+{
+public:
+    explicit ShortLabel(const char *name)
+    {
+        setObjectName(name);
+        setTextFormat(Qt::PlainText);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    }
+
+    void showText(const QString &whole)
+    {
+        m_whole = whole;
+        setToolTip(getHtmlEscapedStringForToolTip(whole));
+        cut();
+    }
+
+    void resizeEvent(QResizeEvent *event) override
+    {
+        QLabel::resizeEvent(event);
+        cut();
+    }
+
+private:
+    void cut() { setText(fontMetrics().elidedText(m_whole, Qt::ElideMiddle, width())); }
+
+    QString m_whole;
+};
+
+void showWhole(QLabel *label, const QString &whole)
+{
+    static_cast<ShortLabel *>(label)->showText(whole);
+}
+
+QLabel *newCaption(const char *name, const QString &caption)
+{
+    auto *label = new QLabel(caption);
+    label->setObjectName(name);
+    return label;
+}
+
+} // namespace
+
+DetailsPanel::DetailsPanel(QWidget *parent)
+    : QFrame(parent), m_picture(new QLabel), m_name(new ShortLabel("detailsName")),
+      m_kind(new ShortLabel("detailsKind")), m_size(new ShortLabel("detailsSize")),
+      m_modified(new ShortLabel("detailsModified")), m_created(new ShortLabel("detailsCreated")),
+      m_place(new ShortLabel("detailsPlace")), m_access(new ShortLabel("detailsAccess")),
+      m_dates(new DateFilter(this))
+{
+    setObjectName("detailsPanel");
+    setFixedWidth(scaled(kWidth));
+    auto *column = new QVBoxLayout(this);
+    const int margin = scaled(kMargin);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(scaled(kSmallGap));
+    column->addLayout(newHeading());
+    auto *facts = new QGridLayout;
+    facts->setHorizontalSpacing(scaled(kSmallGap));
+    facts->setVerticalSpacing(scaled(kFactGap));
+    facts->setColumnMinimumWidth(0, scaled(kCaptionWidth));
+    facts->setColumnStretch(1, 1);
+    addFact(facts, "fact_size", m_size);
+    addFact(facts, "fact_modified", m_modified);
+    addFact(facts, "fact_created", m_created);
+    addFact(facts, "fact_place", m_place);
+    addFact(facts, "fact_access", m_access);
+    column->addLayout(facts);
+    column->addSpacing(scaled(kGap));
+    auto *line = new QFrame;
+    line->setObjectName("line");
+    column->addWidget(line);
+    column->addSpacing(scaled(kSmallGap));
+    column->addWidget(newCaption("panelCaption", text("changed_between")));
+    column->addWidget(m_dates);
+    column->addStretch();
+}
+
+QLayout *DetailsPanel::newHeading()
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(scaled(kGap));
+    auto *lines = new QVBoxLayout;
+    lines->setSpacing(0);
+    lines->addWidget(m_name);
+    lines->addWidget(m_kind);
+    row->addWidget(m_picture, 0, Qt::AlignVCenter);
+    row->addLayout(lines, 1);
+    return row;
+}
+
+void DetailsPanel::addFact(QGridLayout *layout, const char *caption, QLabel *value)
+{
+    const int row = layout->rowCount();
+    layout->addWidget(newCaption("factCaption", text(caption)), row, 0);
+    layout->addWidget(value, row, 1);
+}
+
+void DetailsPanel::showHeading(const QString &name, const QPixmap &picture)
+{
+    m_picture->setPixmap(picture);
+    showWhole(m_name, name);
+}
+
+void DetailsPanel::showFacts(const QStringList &values)
+{
+    QLabel *const labels[] = {m_kind, m_size, m_modified, m_created, m_place, m_access};
+    for (int i = 0; i < 6; ++i)
+        showWhole(labels[i], values.value(i).isEmpty() ? kNothing : values.at(i));
+}
+
+void DetailsPanel::showEntry(const QString &folder, const FileEntry &entry)
+{
+    showHeading(displayName(entry.name), pictureOf(entry));
+    const QString kind = kindText(kindOf(entry));
+    showFacts({entry.isLink ? text("link_to", kind) : kind,
+        entry.isFolder ? QString() : sizeText(entry.size), dateText(entry.modified),
+        dateText(entry.created), displayName(folder),
+        text(entry.isWritable ? "access_write" : "access_read")});
+}
+
+void DetailsPanel::showSelection(int count)
+{
+    showHeading(text("selected", numberText(count)), getGlobalImage("xxx"));
+    showFacts({text("several")});
+}
+
+void DetailsPanel::showFolder(const QString &folder)
+{
+    showHeading(displayName(nameOf(folder)), getGlobalImage("folder"));
+    showFacts({kindText("folder"), {}, {}, {}, displayName(parentPath(folder)),
+        text(isWritableFolder(folder) ? "access_write" : "access_read")});
+}

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fileentry.h"
+
+#include <QFrame>
+
+class DateFilter;
+class QGridLayout;
+class QLabel;
+
+/// What is known of the selected entry, and below it the filter by the last change.
+class DetailsPanel : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit DetailsPanel(QWidget *parent);
+
+    void showEntry(const QString &folder, const FileEntry &entry);
+    void showSelection(int count);
+    /// Nothing is selected.
+    void showFolder(const QString &folder);
+    DateFilter *dateFilter() const { return m_dates; }
+
+private:
+    QLayout *newHeading();
+    void addFact(QGridLayout *layout, const char *caption, QLabel *value);
+    void showHeading(const QString &name, const QPixmap &picture);
+    void showFacts(const QStringList &values);
+
+    QLabel *m_picture;
+    QLabel *m_name;
+    QLabel *m_kind;
+    QLabel *m_size;
+    QLabel *m_modified;
+    QLabel *m_created;
+    QLabel *m_place;
+    QLabel *m_access;
+    DateFilter *m_dates;
+};

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "folderlisting.h"
+
+#include "folderreader.h"
+
+#include <algorithm>
+#include <utility>
+
+bool ListingFilter::isEmpty() const
+{
+    return text.isEmpty() && kind.isEmpty() && !from.isValid() && !to.isValid();
+}
+
+bool ListingFilter::accepts(const FileEntry &entry) const
+{
+    const EntryFilter days {text, kind, from.date(), to.date()};
+    return days.accepts(entry) && !(from.isValid() && entry.modified < from)
+        && !(to.isValid() && entry.modified > to);
+}
+
+FolderListing::FolderListing(QObject *parent) : QObject(parent), m_reader(new FolderReader(this))
+{
+    connect(m_reader, &FolderReader::entriesRead, this, &FolderListing::slotEntriesRead);
+    connect(m_reader, &FolderReader::finished, this, &FolderListing::slotFinished);
+    connect(m_reader, &FolderReader::failed, this, &FolderListing::slotFailed);
+}
+
+QVector<FileEntry> FolderListing::page(int start, int length) const
+{
+    QVector<FileEntry> entries;
+    const int end = std::min(start + length, m_shown.size());
+    for (int i = std::max(start, 0); i < end; ++i)
+        entries += m_entries.at(m_shown.at(i));
+    return entries;
+}
+
+int FolderListing::indexOf(const QString &name) const
+{
+    const auto found = std::find_if(m_shown.begin(), m_shown.end(),
+        [&](int index) { return m_entries.at(index).name == name; });
+    return found == m_shown.end() ? -1 : int(found - m_shown.begin());
+}
+
+void FolderListing::read(const QString &folder)
+{
+    m_incoming.clear();
+    m_is_reading = true;
+    m_reader->read(folder);
+    if (std::exchange(m_folder, folder) == folder)
+        return;
+    m_entries.clear();
+    applyFilter();
+}
+
+void FolderListing::setFilter(const ListingFilter &filter)
+{
+    m_filter = filter;
+    applyFilter();
+}
+
+void FolderListing::slotEntriesRead(const QVector<FileEntry> &entries)
+{
+    m_incoming += entries;
+    Q_EMIT progressed(m_incoming.size());
+}
+
+void FolderListing::slotFinished()
+{
+    m_is_reading = false;
+    m_entries = std::exchange(m_incoming, {});
+    sortEntries(m_entries);
+    applyFilter();
+}
+
+void FolderListing::slotFailed(const QString &reason)
+{
+    m_is_reading = false;
+    m_incoming.clear();
+    Q_EMIT failed(m_folder, reason);
+}
+
+void FolderListing::applyFilter()
+{
+    m_shown.clear();
+    m_shown.reserve(m_entries.size());
+    for (int i = 0; i < m_entries.size(); ++i) {
+        if (m_filter.accepts(m_entries.at(i)))
+            m_shown += i;
+    }
+    Q_EMIT changed();
+}

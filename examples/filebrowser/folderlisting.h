@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "entryfilter.h"
+#include "fileentry.h"
+
+#include <QDateTime>
+#include <QObject>
+#include <QVector>
+
+class FolderReader;
+
+/// What the table is to show: the filter of the name and the kind, and the moments between which an
+/// entry was changed last. An invalid moment is no limit.
+struct ListingFilter
+{
+    QString text;
+    QString kind;
+    QDateTime from;
+    QDateTime to; ///< counts too
+
+    bool isEmpty() const;
+    bool accepts(const FileEntry &entry) const;
+};
+
+/// The entries of one folder, sorted and filtered, read without ever holding up the window.
+class FolderListing : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit FolderListing(QObject *parent);
+
+    QString folder() const { return m_folder; }
+    bool isReading() const { return m_is_reading; }
+    const ListingFilter &filter() const { return m_filter; }
+    /// How many entries the folder has, and how many of them pass the filter.
+    int total() const { return m_entries.size(); }
+    int count() const { return m_shown.size(); }
+    QVector<FileEntry> page(int start, int length) const;
+    /// The place of a name among those that pass the filter; -1 if it is not there.
+    int indexOf(const QString &name) const;
+
+    /// Forgets all entries at once when the folder is another one than before. The entries of the
+    /// same folder stay until they are read anew.
+    void read(const QString &folder);
+    void setFilter(const ListingFilter &filter);
+
+Q_SIGNALS:
+    /// So many entries have been found until now.
+    void progressed(int count);
+    /// The entries, or those that pass the filter, are others now.
+    void changed();
+    void failed(const QString &folder, const QString &reason);
+
+private Q_SLOTS:
+    void slotEntriesRead(const QVector<FileEntry> &entries);
+    void slotFinished();
+    void slotFailed(const QString &reason);
+
+private:
+    void applyFilter();
+
+    FolderReader *m_reader;
+    QString m_folder;
+    ListingFilter m_filter;
+    QVector<FileEntry> m_incoming;
+    QVector<FileEntry> m_entries;
+    QVector<int> m_shown; ///< indices into m_entries
+    bool m_is_reading = false;
+};

@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: MIT
+#include "foldertree.h"
+
+#include "core/scaling_p.h"
+#include "entryfilter.h"
+#include "folderreader.h"
+#include "kinds.h"
+#include "paths.h"
+#include "texts.h"
+
+#include <vemo/itemdelegate.h>
+#include <vemo/stylemanager.h>
+#include <vemo/tooltiptext.h>
+
+#include <QDir>
+#include <QHeaderView>
+#include <QSet>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <iterator>
+#include <memory>
+
+namespace {
+
+constexpr int kIndentation = 16; // design pixels
+constexpr int kIconSize = 16; // design pixels
+constexpr int kMostChildren = 1000; // More would hold up the window, and nobody scrolls that far.
+
+FileSystemTreeWidgetItem *folderItem(QTreeWidgetItem *item)
+{
+    return static_cast<FileSystemTreeWidgetItem *>(item);
+}
+
+bool isOnTheWay(const QString &folder, const QString &target)
+{
+    return target == folder || target.startsWith(childPath(folder, {}));
+}
+
+/// The path of the child of folder that target is, or lies in.
+QString stepTo(const QString &folder, const QString &target)
+{
+    const QString start = childPath(folder, {});
+    return start + target.mid(start.size()).section('/', 0, 0);
+}
+
+} // namespace
+
+FolderTree::FolderTree(QWidget *parent) : VemoTreeWidget(parent)
+{
+    setObjectName("folderTree");
+    setUpLook();
+    m_home = addRoot(text("home"), QDir::homePath());
+    m_computer = addRoot(text("computer"), "/");
+    connect(this, &QTreeWidget::itemClicked, this, &FolderTree::choose);
+    connect(this, &QTreeWidget::itemActivated, this, &FolderTree::choose);
+    connect(this, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem *item) {
+        if (folderItem(item)->isFakeChildExist())
+            load(folderItem(item));
+    });
+}
+
+void FolderTree::setUpLook()
+{
+    setAccessibleName(text("accessible_folders"));
+    setHeaderHidden(true);
+    setIndentation(scaled(kIndentation));
+    setIconSize(QSize(scaled(kIconSize), scaled(kIconSize)));
+    setUniformRowHeights(true);
+    setStyleSheet(getStyleSheet("component.tree") + getStyleSheet("component.scrollbar"));
+    setBackgroundColor(0xDCEBFB, 0xEEF3F8);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    auto *delegate = new ItemDelegate;
+    delegate->setParent(this);
+    setItemDelegate(delegate);
+}
+
+FolderTree::Item *FolderTree::addRoot(const QString &caption, const QString &path)
+{
+    Item *item = newFolderItem(path, caption);
+    addTopLevelItem(item);
+    return item;
+}
+
+FolderTree::Item *FolderTree::newFolderItem(const QString &path, const QString &caption) const
+{
+    FileEntry folder;
+    folder.isFolder = true;
+    auto *item = new Item;
+    item->setPath(path);
+    item->setText(0, caption);
+    item->setIcon(0, pictureOf(folder));
+    item->setToolTip(0, getHtmlEscapedStringForToolTip(displayName(path)));
+    addPlaceholder(item, text("reading"));
+    return item;
+}
+
+/// Stands for what is not known yet; it makes the arrow that opens the folder.
+void FolderTree::addPlaceholder(Item *item, const QString &caption) const
+{
+    auto *placeholder = new Item;
+    placeholder->setFake(true);
+    placeholder->setText(0, caption);
+    // Without the flag of the check box the tree draws it as disabled.
+    placeholder->setFlags(Qt::ItemIsEnabled);
+    item->addChild(placeholder);
+    item->setFakeChildExist(true);
+}
+
+void FolderTree::dropPlaceholder(Item *item) const
+{
+    for (int i = item->childCount() - 1; i >= 0; --i) {
+        if (folderItem(item->child(i))->isFake())
+            delete item->takeChild(i);
+    }
+    item->setFakeChildExist(false);
+}
+
+void FolderTree::focusInEvent(QFocusEvent *event)
+{
+    // Without a current item the first row would be shown as if the user were there.
+    if (currentItem())
+        VemoTreeWidget::focusInEvent(event);
+    else
+        QTreeWidget::focusInEvent(event);
+}
+
+void FolderTree::choose(QTreeWidgetItem *item)
+{
+    if (!folderItem(item)->isFake())
+        Q_EMIT folderChosen(folderItem(item)->getPath());
+}
+
+void FolderTree::load(Item *item)
+{
+    if (item->getTreeWidgetItemStatus() == Item::LOADING)
+        return;
+    item->setTreeWidgetItemStatus(Item::LOADING);
+    auto *reader = new FolderReader(this);
+    const auto folders = std::make_shared<QVector<FileEntry>>();
+    const QString path = item->getPath();
+    connect(reader, &FolderReader::entriesRead, this, [folders](const QVector<FileEntry> &entries) {
+        std::copy_if(entries.begin(), entries.end(), std::back_inserter(*folders),
+            [](const FileEntry &entry) { return entry.isFolder; });
+    });
+    connect(reader, &FolderReader::finished, this, [this, reader, folders, path] {
+        reader->deleteLater();
+        fill(path, *folders);
+    });
+    connect(reader, &FolderReader::failed, this, [this, reader, path] {
+        reader->deleteLater();
+        giveUp(path);
+    });
+    reader->read(path);
+}
+
+void FolderTree::fill(const QString &path, QVector<FileEntry> folders)
+{
+    Item *item = find(path);
+    if (!item)
+        return;
+    // Hidden folders would bury the others; the list on the right has them.
+    folders.erase(std::remove_if(folders.begin(), folders.end(),
+                      [](const FileEntry &entry) { return entry.name.startsWith('.'); }),
+        folders.end());
+    sortEntries(folders);
+    item->setTreeWidgetItemStatus(Item::LOADED);
+    updateChildren(item, folders);
+    walkToTarget();
+}
+
+void FolderTree::giveUp(const QString &path)
+{
+    Item *item = find(path);
+    if (!item)
+        return;
+    item->setTreeWidgetItemStatus(Item::FAILED);
+    dropPlaceholder(item);
+    walkToTarget();
+}
+
+/// Keeps the items of folders that are still there, with all that is known of them.
+void FolderTree::updateChildren(Item *item, const QVector<FileEntry> &folders)
+{
+    const QVector<FileEntry> shown = folders.mid(0, kMostChildren);
+    dropPlaceholder(item);
+    dropVanished(item, shown);
+    for (int i = 0; i < shown.size(); ++i) {
+        const QString path = childPath(item->getPath(), shown.at(i).name);
+        if (i >= item->childCount() || folderItem(item->child(i))->getPath() != path)
+            item->insertChild(i, newFolderItem(path, displayName(shown.at(i).name)));
+    }
+    if (folders.size() > kMostChildren)
+        addPlaceholder(item, text("more_folders", numberText(folders.size() - kMostChildren)));
+    item->setFakeChildExist(false);
+}
+
+void FolderTree::dropVanished(Item *item, const QVector<FileEntry> &folders) const
+{
+    QSet<QString> paths;
+    for (const FileEntry &folder : folders)
+        paths.insert(childPath(item->getPath(), folder.name));
+    for (int i = item->childCount() - 1; i >= 0; --i) {
+        const QString path = folderItem(item->child(i))->getPath();
+        // One that the list leaves out may still be there since the user is in it.
+        const bool isLeftOut = nameOf(path).startsWith('.') && isFolderAt(path);
+        if (!paths.contains(path) && !isLeftOut)
+            delete item->takeChild(i);
+    }
+}
+
+void FolderTree::showFolder(const QString &path)
+{
+    m_target = path;
+    walkToTarget();
+}
+
+void FolderTree::refresh(const QString &path)
+{
+    Item *item = find(path);
+    if (item && item->getTreeWidgetItemStatus() != Item::NORMAL)
+        load(item);
+}
+
+FolderTree::Item *FolderTree::rootFor(const QString &path) const
+{
+    return isOnTheWay(m_home->getPath(), path) ? m_home : m_computer;
+}
+
+FolderTree::Item *FolderTree::childFor(Item *item, const QString &path) const
+{
+    for (int i = 0; i < item->childCount(); ++i) {
+        if (folderItem(item->child(i))->getPath() == path)
+            return folderItem(item->child(i));
+    }
+    return nullptr;
+}
+
+FolderTree::Item *FolderTree::find(const QString &path) const
+{
+    Item *item = rootFor(path);
+    while (item && item->getPath() != path)
+        item = childFor(item, stepTo(item->getPath(), path));
+    return item;
+}
+
+/// Goes as far towards the folder to show as is known, and has the next one read.
+void FolderTree::walkToTarget()
+{
+    if (m_target.isEmpty())
+        return;
+    Item *item = rootFor(m_target);
+    while (item->getPath() != m_target) {
+        const auto status = item->getTreeWidgetItemStatus();
+        const QString step = stepTo(item->getPath(), m_target);
+        Item *child = childFor(item, step);
+        if (!child && (status == Item::NORMAL || status == Item::LOADING)) {
+            load(item);
+            return;
+        }
+        if (!child) {
+            // A hidden one, one beyond the most, or one in a folder that can't be read.
+            child = newFolderItem(step, displayName(nameOf(step)));
+            item->addChild(child);
+        }
+        item->setExpanded(true);
+        item = child;
+    }
+    makeCurrent(item);
+}
+
+void FolderTree::makeCurrent(Item *item)
+{
+    m_target.clear();
+    const QSignalBlocker quiet(this);
+    setCurrentItem(item);
+    scrollToItem(item, QAbstractItemView::PositionAtCenter);
+    updateScrollArea(item);
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fileentry.h"
+
+#include <vemo/filesystemtreewidgetitem.h>
+#include <vemo/vemotreewidget.h>
+
+#include <QVector>
+
+/// The folders from the home folder and from the root on. What is in a folder is read when it is
+/// first opened, from the event loop; until then a placeholder stands in it.
+class FolderTree : public VemoTreeWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FolderTree(QWidget *parent);
+
+    /// Makes the folder the current one as soon as all on the way to it is read. Emits nothing.
+    void showFolder(const QString &path);
+    /// Reads anew what is in the folder, if it has been read before.
+    void refresh(const QString &path);
+
+Q_SIGNALS:
+    /// By a click or by Enter.
+    void folderChosen(const QString &path);
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+
+private:
+    using Item = FileSystemTreeWidgetItem;
+
+    void setUpLook();
+    Item *addRoot(const QString &caption, const QString &path);
+    Item *newFolderItem(const QString &path, const QString &caption) const;
+    void addPlaceholder(Item *item, const QString &caption) const;
+    void dropPlaceholder(Item *item) const;
+
+    void choose(QTreeWidgetItem *item);
+    void load(Item *item);
+    void fill(const QString &path, QVector<FileEntry> folders);
+    void giveUp(const QString &path);
+    void updateChildren(Item *item, const QVector<FileEntry> &folders);
+    void dropVanished(Item *item, const QVector<FileEntry> &folders) const;
+
+    Item *rootFor(const QString &path) const;
+    Item *childFor(Item *item, const QString &path) const;
+    Item *find(const QString &path) const;
+    void walkToTarget();
+    void makeCurrent(Item *item);
+
+    Item *m_home = nullptr;
+    Item *m_computer = nullptr;
+    QString m_target; ///< the folder to show
+};

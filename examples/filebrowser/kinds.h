@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fileentry.h"
+
+#include <QPixmap>
+#include <QStringList>
+
+/// The type name of FileTypeMap for an entry, or "folder".
+QString kindOf(const FileEntry &entry);
+
+/// The kinds that the filter offers, in the order of its menu.
+QStringList offeredKinds();
+
+/// isRemoved: the picture for an entry that is known to be gone.
+QPixmap pictureOf(const FileEntry &entry, bool isRemoved = false);

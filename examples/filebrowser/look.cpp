@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "look.h"
+
+#include "languages.h"
+
+#include <vemo/componentstrings.h>
+#include <vemo/defaulttheme.h>
+#include <vemo/stylemanager.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QFont>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QPalette>
+
+#include <tuple>
+
+namespace {
+
+constexpr int kDesktopFontSize = 10; // points
+
+QPalette lightPalette()
+{
+    QPalette palette;
+    for (const auto &[role, colour] : {
+             std::make_tuple(QPalette::Window, "#F5F7FA"),
+             std::make_tuple(QPalette::WindowText, "#1F2933"),
+             std::make_tuple(QPalette::Base, "#FFFFFF"),
+             std::make_tuple(QPalette::AlternateBase, "#F5F7FA"),
+             std::make_tuple(QPalette::Text, "#1F2933"),
+             std::make_tuple(QPalette::Button, "#FFFFFF"),
+             std::make_tuple(QPalette::ButtonText, "#1F2933"),
+             std::make_tuple(QPalette::PlaceholderText, "#52606D"),
+             std::make_tuple(QPalette::Highlight, "#1769E0"),
+             std::make_tuple(QPalette::HighlightedText, "#FFFFFF"),
+             std::make_tuple(QPalette::Link, "#1769E0"),
+             std::make_tuple(QPalette::ToolTipBase, "#FFFFFF"),
+             std::make_tuple(QPalette::ToolTipText, "#1F2933"),
+         })
+        palette.setColor(role, QColor(colour));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA5, 0xB1));
+    return palette;
+}
+
+void insertStrings(QMap<QString, QString> &strings, const QString &path)
+{
+    QFile file(path);
+    // A language without a file of its own keeps the English texts.
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const QJsonObject table = QJsonDocument::fromJson(file.readAll()).object();
+    for (auto entry = table.begin(); entry != table.end(); ++entry)
+        strings.insert(entry.key(), entry.value().toString());
+}
+
+/// installStrings() replaces the whole table, so that the theme's texts have to be in it, too.
+void installOwnStrings(const QString &languageCode)
+{
+    QMap<QString, QString> strings;
+    for (const QString &code : {QString("enu"), languageCode}) {
+        insertStrings(strings, QString(":/vemo/theme/strings/%1.json").arg(code));
+        insertStrings(strings, QString(":/filebrowser/strings/%1.json").arg(code));
+    }
+    ComponentStrings::getInstance().installStrings(strings);
+}
+
+void setApplicationLook()
+{
+    QApplication::setStyle("fusion");
+    QApplication::setPalette(lightPalette());
+    if (QGuiApplication::platformName() == "offscreen") {
+        // Its font is larger than that of any desktop.
+        QFont font = QApplication::font();
+        font.setPointSize(kDesktopFontSize);
+        QApplication::setFont(font);
+    }
+}
+
+} // namespace
+
+static void initializeResources()
+{
+    Q_INIT_RESOURCE(filebrowser);
+}
+
+bool startLook(const QString &userFolder, const QString &languageCode)
+{
+    initializeResources();
+    QLocale::setDefault(localeOf(languageCode));
+    setApplicationLook();
+    if (!installDefaultTheme(userFolder, languageCode, ImageManager::LAZY_LOAD))
+        return false;
+    installOwnStrings(languageCode);
+    StyleManager::getInstance().initialize({QString(":/filebrowser/filebrowser.qss")});
+    return true;
+}
+
+QString windowStyle()
+{
+    return getStyleSheet("filebrowser.window");
+}

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QString;
+
+/// Starts everything that widgets look up: the default theme in the language, this program's own
+/// strings and styles on top of it, and how dates and numbers are written. Call it once, before the
+/// first widget; false where userFolder can't be written.
+bool startLook(const QString &userFolder, const QString &languageCode);
+
+/// The section for the program's window. Its rules go by object name: a rule that matches every
+/// QWidget would take the ground off the masks of sheets.
+QString windowStyle();

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "questions.h"
+
+#include "texts.h"
+
+#include <vemo/stylemanager.h>
+#include <vemo/vemoinputsheet.h>
+#include <vemo/vemomask.h>
+#include <vemo/vemomessagesheet.h>
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QPointer>
+#include <QValidator>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kNamesShown = 5;
+const QColor kDim(0, 0, 0, 20);
+
+/// Keeps out what no name can hold; everything else that is wrong is told, not swallowed.
+class NameValidator : public QValidator
+{
+public:
+    using QValidator::QValidator;
+
+    State validate(QString &input, int & /*pos*/) const override
+    {
+        return input.contains('/') || input.contains(QChar(0)) ? Invalid : Acceptable;
+    }
+};
+
+/// Runs the sheet, and deletes it and its mask unless the window took them along.
+template <typename Sheet, typename Result>
+Result run(Sheet *newSheet, QWidget *window, const std::function<Result(Sheet *, int)> &resultOf)
+{
+    const QPointer<Sheet> sheet = newSheet;
+    VemoMask::createMask(newSheet, window, kDim);
+    const QPointer<QWidget> mask = newSheet->parentWidget();
+    const int code = newSheet->exec();
+    Result result = sheet ? resultOf(newSheet, code) : Result();
+    delete mask.data();
+    return result;
+}
+
+QString problemLine(const QString &problem)
+{
+    // A blank line keeps the place, so that the sheet does not jump.
+    const QString line = problem.isEmpty() ? QString("&nbsp;") : problem.toHtmlEscaped();
+    return QString("<br><span style='color: #C93A3A'>%1</span>").arg(line);
+}
+
+QString listOf(const QStringList &names)
+{
+    QStringList lines;
+    for (const QString &name : names.mid(0, kNamesShown))
+        lines << markedText("list_line", {name});
+    if (names.size() > kNamesShown)
+        lines << markedText("and_more", {numberText(names.size() - kNamesShown)});
+    return "<qt>" + lines.join("<br>") + "</qt>";
+}
+
+} // namespace
+
+bool isSheetOpen(const QWidget *window)
+{
+    const auto sheets = window->findChildren<VemoSheet *>();
+    return std::any_of(
+        sheets.begin(), sheets.end(), [](const VemoSheet *sheet) { return sheet->isVisible(); });
+}
+
+void tell(QWidget *window, const QString &message, const QString &reason)
+{
+    auto *sheet = new VemoMessageSheet(VemoMessageSheet::Warning, message, reason, window);
+    sheet->setObjectName("messageSheet");
+    run<VemoMessageSheet, bool>(sheet, window, [](VemoMessageSheet *, int) { return true; });
+}
+
+QString askName(QWidget *window, const QString &prompt, const QString &name,
+    const std::function<QString(const QString &)> &problemOf)
+{
+    const QString question = prompt.toHtmlEscaped();
+    auto *sheet = new VemoInputSheet(question + problemLine({}), window);
+    sheet->setObjectName("nameSheet");
+    QLineEdit *field = sheet->getLineEdit();
+    field->setObjectName("nameField");
+    field->setAccessibleName(prompt);
+    field->setValidator(new NameValidator(field));
+    const auto check = [=](const QString &entered) {
+        const QString problem = problemOf(entered);
+        sheet->button(QMessageBox::Ok)->setEnabled(problem.isEmpty() && entered != name);
+        sheet->setText(question + problemLine(entered == name ? QString() : problem));
+    };
+    QObject::connect(field, &QLineEdit::textChanged, sheet, check);
+    field->setText(name);
+    field->selectAll();
+    check(name);
+    return run<VemoInputSheet, QString>(sheet, window, [](VemoInputSheet *ended, int code) {
+        return code == QDialogButtonBox::Ok ? ended->getContent() : QString();
+    });
+}
+
+bool askTrash(QWidget *window, const QStringList &names)
+{
+    const QString question = names.size() == 1 ? richText("trash_one", names)
+                                               : richText("trash_many", {numberText(names.size())});
+    auto *sheet = new VemoMessageSheet(VemoMessageSheet::WarningConfirm, question,
+        names.size() == 1 ? QString() : listOf(names), window);
+    sheet->setObjectName("trashSheet");
+    sheet->setDoubleConfirmCheckBox(true, text("trash_sure"));
+    // Only now, since the check box gives the buttons their own captions back.
+    QAbstractButton *apply = sheet->button(QMessageBox::Apply);
+    apply->setText(text("trash_button"));
+    apply->setStyleSheet(getStyleSheet("component.red_button"));
+    return run<VemoMessageSheet, bool>(sheet, window,
+        [](VemoMessageSheet *, int code) { return code == QDialogButtonBox::Apply; });
+}

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "texts.h"
+
+#include <vemo/componentstrings.h>
+
+#include <QDateTime>
+#include <QLocale>
+
+namespace {
+
+constexpr int kLongestShown = 120; // characters of a name in a sheet
+constexpr int kLongestRun = 24; // characters before a line may break
+const QChar kBreak(0x200B); // takes no room
+
+bool turnsDirection(QChar c)
+{
+    return (c.unicode() >= 0x202A && c.unicode() <= 0x202E)
+        || (c.unicode() >= 0x2066 && c.unicode() <= 0x2069);
+}
+
+QChar visible(QChar c)
+{
+    if (c == '\n' || c == '\r' || c.unicode() == 0x2028 || c.unicode() == 0x2029)
+        return QChar(0x21B5); // arrow of the Return key
+    if (c == '\t')
+        return QChar(0x21E5); // arrow of the Tab key
+    // A surrogate without its other half stands for a byte that is no letter.
+    const bool isNoLetter = c.unicode() < 0x20 || (c.unicode() >= 0x7F && c.unicode() < 0xA0)
+        || c.isSurrogate() || turnsDirection(c);
+    return isNoLetter ? QChar(QChar::ReplacementCharacter) : c;
+}
+
+QString elided(const QString &name)
+{
+    if (name.size() <= kLongestShown)
+        return name;
+    const int half = kLongestShown / 2;
+    return name.left(half) + QChar(0x2026) + name.right(half);
+}
+
+/// A name without blanks would otherwise be wider than its sheet.
+QString breakable(const QString &name)
+{
+    QString result;
+    int run = 0;
+    for (const QChar c : name) {
+        run = c.isSpace() ? 0 : run + 1;
+        if (run > kLongestRun && !c.isLowSurrogate() && !c.isMark()) {
+            result += kBreak;
+            run = 1;
+        }
+        result += c;
+    }
+    return result;
+}
+
+QString markedUp(const QString &value)
+{
+    return QString("<b>%1</b>").arg(breakable(elided(displayName(value))).toHtmlEscaped());
+}
+
+} // namespace
+
+QString text(const char *key)
+{
+    return ComponentStrings::getInstance().getString(QLatin1String("filebrowser.") + key);
+}
+
+QString text(const char *key, const QString &first)
+{
+    return text(key).arg(first);
+}
+
+QString text(const char *key, const QString &first, const QString &second)
+{
+    return text(key).arg(first, second);
+}
+
+QString markedText(const char *key, const QStringList &values)
+{
+    QString html = text(key).toHtmlEscaped();
+    if (values.size() == 1)
+        html = html.arg(markedUp(values.at(0)));
+    else if (values.size() == 2)
+        html = html.arg(markedUp(values.at(0)), markedUp(values.at(1)));
+    return html.replace('\n', "<br>");
+}
+
+QString richText(const char *key, const QStringList &values)
+{
+    return "<qt>" + markedText(key, values) + "</qt>";
+}
+
+QString displayName(const QString &name)
+{
+    QString result = name;
+    for (int i = 0; i < name.size(); ++i) {
+        const bool isPair =
+            name.at(i).isHighSurrogate() && i + 1 < name.size() && name.at(i + 1).isLowSurrogate();
+        if (isPair)
+            ++i;
+        else
+            result[i] = visible(name.at(i));
+    }
+    return result;
+}
+
+QString sizeText(qint64 bytes)
+{
+    return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat);
+}
+
+QString dateText(const QDateTime &moment)
+{
+    return moment.isValid() ? QLocale().toString(moment, QLocale::ShortFormat) : QString();
+}
+
+QString numberText(int number)
+{
+    return QLocale().toString(number);
+}
+
+QString kindText(const QString &kind)
+{
+    return text(("kind_" + kind).toLatin1().constData());
+}

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "topbar.h"
+
+#include "actions.h"
+#include "core/scaling_p.h"
+#include "kinds.h"
+#include "texts.h"
+
+#include <vemo/filetypemap.h>
+#include <vemo/imagemanager.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemobuttonpath.h>
+#include <vemo/vemofilterbar.h>
+#include <vemo/vemoiconbutton.h>
+#include <vemo/vemomenu.h>
+
+#include <QActionGroup>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QStringList>
+
+namespace {
+
+// In design pixels.
+constexpr int kMargin = 8;
+constexpr int kGap = 8;
+constexpr int kSmallGap = 4;
+constexpr int kButtonSize = 28;
+constexpr int kFilterWidth = 236;
+
+/// Shows one picture for its action, and does what the action does.
+class ActionButton : public VemoIconButton
+{
+public:
+    ActionButton(QAction *action, const QString &picture)
+        : VemoIconButton(picture), m_action(action)
+    {
+        setObjectName(QString(action->objectName()).replace("Action", "Button"));
+        setAccessibleName(action->text());
+        setToolTip(action->toolTip());
+        setFixedSize(scaled(kButtonSize), scaled(kButtonSize));
+        setCheckable(action->isCheckable());
+        connect(this, &QToolButton::clicked, action, &QAction::trigger);
+        connect(action, &QAction::changed, this, [this] { follow(); });
+        follow();
+    }
+
+private:
+    void follow()
+    {
+        setEnabled(m_action->isEnabled());
+        setChecked(m_action->isChecked());
+    }
+
+    QAction *m_action;
+};
+
+} // namespace
+
+TopBar::TopBar(const Actions &actions, QWidget *parent)
+    : QFrame(parent), m_path(new VemoButtonPath), m_filter(new VemoFilterBar),
+      m_kinds(new VemoMenu(this)), m_kind_group(new QActionGroup(this))
+{
+    setObjectName("topBar");
+    m_path->setObjectName("pathBar");
+    m_path->setAccessibleName(text("accessible_path"));
+    setUpFilter();
+    auto *layout = new QHBoxLayout(this);
+    const int margin = scaled(kMargin);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(scaled(kSmallGap));
+    layout->addWidget(newButton(actions.up, "bt_up"));
+    layout->addSpacing(scaled(kGap - kSmallGap));
+    layout->addWidget(m_path, 1);
+    layout->addSpacing(scaled(kGap - kSmallGap));
+    layout->addWidget(m_filter);
+    layout->addSpacing(scaled(kGap - kSmallGap));
+    layout->addWidget(newButton(actions.newFolder, "bt_new_folder"));
+    layout->addWidget(newButton(actions.rename, "bt_edit"));
+    layout->addWidget(newButton(actions.trash, "bt_delete"));
+    layout->addWidget(newButton(actions.details, "bt_calendar"));
+    layout->addWidget(newButton(actions.help, "bt_help"));
+    connect(m_path, &VemoButtonPath::sigUpdatePath, this, &TopBar::choosePart);
+}
+
+QWidget *TopBar::newButton(QAction *action, const QString &picture)
+{
+    return new ActionButton(action, picture);
+}
+
+void TopBar::setUpFilter()
+{
+    m_filter->setObjectName("filterBar");
+    m_filter->setFixedWidth(scaled(kFilterWidth));
+    m_filter->setAccessibleName(text("accessible_filter"));
+    m_filter->installEventFilter(this);
+    m_kinds->setObjectName("kindMenu");
+    m_kinds->setStyleSheet(getStyleSheet("component.menu"));
+    addKind(QString());
+    m_kinds->addSeparator();
+    for (const QString &kind : offeredKinds())
+        addKind(kind);
+    m_filter->setMenu(m_kinds);
+    m_kind_group->actions().constFirst()->setChecked(true);
+    connect(m_filter, &VemoFilterBar::sigKeywordChanged, this, [this](const QString &keyword) {
+        m_filter_text = keyword;
+        Q_EMIT filterChanged();
+    });
+    connect(m_kind_group, &QActionGroup::triggered, this, [this] {
+        showKind();
+        Q_EMIT filterChanged();
+    });
+    showKind();
+}
+
+/// The field tells which kind is chosen while the menu is shut.
+void TopBar::showKind()
+{
+    const QString kind = filterKind();
+    m_filter->setPlaceholderText(
+        kind.isEmpty() ? text("filter_hint") : text("filter_hint_kind", kindText(kind)));
+}
+
+void TopBar::addKind(const QString &kind)
+{
+    QAction *action = m_kinds->addAction(kind.isEmpty() ? text("all_kinds") : kindText(kind));
+    action->setObjectName(kind.isEmpty() ? QString("kind_all") : "kind_" + kind);
+    action->setCheckable(true);
+    action->setData(kind);
+    m_kind_group->addAction(action);
+}
+
+void TopBar::showFolder(const QString &folder)
+{
+    m_folder = folder;
+    // A first part for the root, which has no name of its own.
+    m_path->refresh(text("computer") + '/' + displayName(folder));
+}
+
+/// What the bar shows of a name may not be the name: only how many parts there are counts.
+void TopBar::choosePart(const QString &shownPath)
+{
+    const QStringList parts = m_folder.split('/', Qt::SkipEmptyParts);
+    Q_EMIT folderChosen('/' + parts.mid(0, shownPath.count('/')).join('/'));
+}
+
+QString TopBar::filterText() const
+{
+    return m_filter_text;
+}
+
+QString TopBar::filterKind() const
+{
+    return m_kind_group->checkedAction()->data().toString();
+}
+
+void TopBar::clearFilter()
+{
+    m_filter->clear();
+    m_filter_text.clear();
+    m_kind_group->actions().constFirst()->setChecked(true);
+    showKind();
+    Q_EMIT filterChanged();
+}
+
+void TopBar::focusFilter()
+{
+    m_filter->setFocus(Qt::ShortcutFocusReason);
+    m_filter->selectAll();
+}
+
+bool TopBar::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isEscape = watched == m_filter && event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape;
+    if (!isEscape)
+        return QFrame::eventFilter(watched, event);
+    clearFilter();
+    return true;
+}
