@@ -130,6 +130,7 @@ QWidget *GalleryWindow::newSidebar()
     layout->setSpacing(scaled(kSidebarGap));
     auto *title = named("sidebarTitle", new QLabel(windowTitle()));
     title->setIndent(0);
+    title->setWordWrap(true);
     layout->addWidget(title);
     layout->addWidget(m_search);
     layout->addWidget(m_nothingFound);

@@ -22,7 +22,7 @@ namespace {
 
 // In design pixels.
 constexpr int kFieldWidth = 180;
-constexpr int kTimeWidth = 180;
+constexpr int kTimeWidth = 200;
 constexpr int kGap = 12;
 
 constexpr int kLogLines = 6;

@@ -2,7 +2,6 @@
 // The gallery as a user starts it.
 #include "support/vemotest.h"
 
-#include "gallery/languages.h"
 #include "gallery/pageregistry.h"
 #include "gallery/screenshots.h"
 
@@ -86,13 +85,11 @@ void GalleryProgramTest::writesOnePictureForEachPage_data()
     QTest::newRow("lazy") << QStringList("--lazy");
     QTest::newRow("preload") << QStringList("--preload");
     QTest::newRow("default") << QStringList();
-    // What a language says is the same at every factor: one of them is enough.
-    const bool isFirstRun = DPIinfo::getInstance().getDPI() * DPIinfo::getInstance().getDPR() == 1;
-    for (const Language &language : languages()) {
-        const QString code = language.code;
-        if (isFirstRun && QFile::exists(VEMO_STRINGS_FOLDER "/" + code + ".json"))
-            QTest::newRow(language.code) << QStringList {"--language", code};
-    }
+    // What a language says is the same at every factor; tst_languages walks the pages in each.
+    if (DPIinfo::getInstance().getDPI() * DPIinfo::getInstance().getDPR() != 1)
+        return;
+    for (const char *code : {"deu", "cht", "rus"})
+        QTest::newRow(code) << QStringList {"--language", code};
 }
 
 void GalleryProgramTest::writesOnePictureForEachPage()

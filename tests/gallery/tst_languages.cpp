@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+// The gallery's pages in every language, at the window's own size.
+#include "core/scaling_p.h"
+#include "gallery/gallerywindow.h"
+#include "gallery/languages.h"
+#include "gallery/look.h"
+#include "support/clippedtext.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/componentstrings.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemocalanderview.h>
+#include <vemo/vemoinputsheet.h>
+#include <vemo/vemomessagesheet.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLayout>
+
+namespace {
+
+const QString kText =
+    QStringLiteral("A text of some length"); // clazy:exclude=non-pod-global-static
+
+} // namespace
+
+class LanguagesTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void aPageIsWholeAndWritesNoWarning_data() { addLanguages(); }
+    void aPageIsWholeAndWritesNoWarning();
+    void aMessageSheetIsWhole_data() { addLanguages(); }
+    void aMessageSheetIsWhole();
+    void aCalendarShowsEveryMonthWhole_data() { addLanguages(); }
+    void aCalendarShowsEveryMonthWhole();
+
+private:
+    static void addLanguages();
+
+    QTemporaryDir m_userFolder;
+};
+
+namespace {
+
+QMap<QString, QString> stringsOf(const QString &code)
+{
+    QFile file(QString(":/vemo/theme/strings/%1.json").arg(code));
+    QMap<QString, QString> strings;
+    if (!file.open(QIODevice::ReadOnly))
+        return strings;
+    const QJsonObject table = QJsonDocument::fromJson(file.readAll()).object();
+    for (auto entry = table.begin(); entry != table.end(); ++entry)
+        strings.insert(entry.key(), entry->toString());
+    return strings;
+}
+
+} // namespace
+
+void LanguagesTest::initTestCase()
+{
+    QApplication::setPalette(lightPalette());
+    QFont font = QApplication::font();
+    font.setPointSize(10); // As on a desktop; the offscreen platform's is larger.
+    QApplication::setFont(font);
+    startDefaultTheme();
+    installGalleryStyle();
+}
+
+void LanguagesTest::addLanguages()
+{
+    QTest::addColumn<QString>("code");
+    for (const Language &language : languages())
+        QTest::newRow(language.code) << QString(language.code);
+}
+
+void LanguagesTest::aPageIsWholeAndWritesNoWarning()
+{
+    QFETCH(QString, code);
+    ComponentStrings::getInstance().installStrings(stringsOf(code));
+    Options options;
+    options.language = code;
+    options.userFolder = m_userFolder.path();
+    GalleryWindow window(options);
+    window.setAttribute(Qt::WA_DontShowOnScreen);
+    window.layout()->setSizeConstraint(QLayout::SetNoConstraint);
+    window.show();
+    QStringList clipped;
+    for (int index = 0; index < pageTitles().size(); ++index) {
+        window.showPage(index);
+        window.growToPage();
+        for (const QString &line : clippedTexts(&window)) {
+            if (!clipped.contains(line))
+                qInfo("%s: %s", qPrintable(pageTitles().at(index)), qPrintable(line));
+            clipped += line;
+        }
+    }
+    QVERIFY2(clipped.isEmpty(), "Clipped are the texts above.");
+}
+
+void LanguagesTest::aMessageSheetIsWhole()
+{
+    using Sheet = VemoMessageSheet;
+    QFETCH(QString, code);
+    ComponentStrings::getInstance().installStrings(stringsOf(code));
+    for (const auto type : {Sheet::App, Sheet::Information, Sheet::Warning, Sheet::Confirm,
+             Sheet::ConfirmReset, Sheet::Upgrading, Sheet::WarningConfirm}) {
+        QWidget window;
+        window.resize(scaled(420), scaled(320));
+        Sheet sheet(type, kText, kText, &window);
+        sheet.setDoubleConfirmCheckBox(type == Sheet::WarningConfirm, kText);
+        window.show();
+        sheet.show();
+        QCOMPARE(clippedTexts(&sheet).join('\n'), QString());
+    }
+    QWidget window;
+    VemoInputSheet input(kText, &window);
+    window.show();
+    input.show();
+    QCOMPARE(clippedTexts(&input).join('\n'), QString());
+}
+
+void LanguagesTest::aCalendarShowsEveryMonthWhole()
+{
+    QFETCH(QString, code);
+    ComponentStrings::getInstance().installStrings(stringsOf(code));
+    VemoCalanderView calendar(nullptr);
+    calendar.setStyleSheet(
+        getStyleSheet("component.date_selector") + getStyleSheet("component.menu"));
+    calendar.show();
+    for (int month = 1; month <= 12; ++month) {
+        calendar.setCurrentPage(2026, month);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        QCOMPARE(clippedTexts(&calendar).join('\n'), QString());
+    }
+}
+
+VEMO_TEST_MAIN(LanguagesTest)
+#include "tst_languages.moc"
