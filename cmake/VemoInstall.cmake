@@ -1,23 +1,89 @@
 # SPDX-License-Identifier: MIT
-# What leaves the build tree: libraries, headers, pkg-config file, CMake package.
+# What leaves the build tree, in four components: Runtime, Development, Designer and Gallery.
+# The installed folder may be moved as a whole: nothing in it names the prefix.
 
 include(CMakePackageConfigHelpers)
-include(ECMGeneratePkgConfigFile)
 
-install(TARGETS VemoWidgets VemoTheme EXPORT VemoWidgetsTargets)
+set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/VemoWidgets)
+set(dataDir ${CMAKE_INSTALL_DATADIR}/vemowidgets)
+
+# Sets OUTVAR to the way from one folder of the installation to another.
+function(vemo_way_to outVar from to)
+  cmake_path(ABSOLUTE_PATH from BASE_DIRECTORY "/prefix")
+  cmake_path(ABSOLUTE_PATH to BASE_DIRECTORY "/prefix")
+  cmake_path(RELATIVE_PATH to BASE_DIRECTORY "${from}")
+  string(REGEX REPLACE "/$" "" to "${to}")
+  set(${outVar} "${to}" PARENT_SCOPE)
+endfunction()
+
+# vemo_install_program(TARGET COMPONENT FOLDER): a program or plug-in that finds the libraries
+# wherever the prefix lies.
+function(vemo_install_program target component folder)
+  vemo_way_to(libraries "${folder}" "${CMAKE_INSTALL_LIBDIR}")
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
+  install(TARGETS ${target}
+    RUNTIME DESTINATION "${folder}" COMPONENT ${component}
+    LIBRARY DESTINATION "${folder}" COMPONENT ${component})
+endfunction()
+
+set_target_properties(VemoTheme PROPERTIES INSTALL_RPATH "$ORIGIN")
+install(TARGETS VemoWidgets VemoTheme EXPORT VemoWidgetsTargets
+  RUNTIME COMPONENT Runtime
+  LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
+  ARCHIVE COMPONENT Development)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/licenses/vemowidgets COMPONENT Runtime)
+
 install(FILES ${VEMO_HEADERS} ${VEMO_FORWARDING_HEADERS}
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo)
-install(EXPORT VemoWidgetsTargets NAMESPACE Vemo::
-  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VemoWidgets)
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo COMPONENT Development)
+install(DIRECTORY "${VEMO_THEME_FOLDER}/" theme/images
+  DESTINATION ${dataDir}/theme COMPONENT Development)
+install(FILES theme/README.md DESTINATION ${dataDir}/theme COMPONENT Development)
 
+# CMake
+install(EXPORT VemoWidgetsTargets NAMESPACE Vemo:: DESTINATION ${packageDir} COMPONENT Development)
 configure_package_config_file(cmake/VemoWidgetsConfig.cmake.in
-  "${CMAKE_CURRENT_BINARY_DIR}/VemoWidgetsConfig.cmake"
-  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VemoWidgets)
+  "${CMAKE_CURRENT_BINARY_DIR}/VemoWidgetsConfig.cmake" INSTALL_DESTINATION ${packageDir})
 install(
   FILES "${CMAKE_CURRENT_BINARY_DIR}/VemoWidgetsConfig.cmake"
     "${CMAKE_CURRENT_BINARY_DIR}/VemoWidgetsConfigVersion.cmake"
-  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VemoWidgets)
+  DESTINATION ${packageDir} COMPONENT Development)
 
-ecm_generate_pkgconfig_file(BASE_NAME vemowidgets LIB_NAME VemoWidgets
-  DEPS "Qt5Widgets Qt5Network" INCLUDE_INSTALL_DIR ${CMAKE_INSTALL_INCLUDEDIR}
-  DESCRIPTION "${PROJECT_DESCRIPTION}" INSTALL)
+# pkg-config and qmake
+set(staticDefine "")
+set(pkgConfigDefine "")
+if(NOT BUILD_SHARED_LIBS)
+  set(staticDefine "VEMO_STATIC")
+  set(pkgConfigDefine "-DVEMO_STATIC")
+endif()
+vemo_way_to(pkgConfigToPrefix "${CMAKE_INSTALL_LIBDIR}/pkgconfig" "")
+vemo_way_to(dataToInclude "${dataDir}" "${CMAKE_INSTALL_INCLUDEDIR}")
+vemo_way_to(dataToLib "${dataDir}" "${CMAKE_INSTALL_LIBDIR}")
+foreach(file IN ITEMS vemowidgets.pc vemowidgets-theme.pc vemowidgets.pri)
+  configure_file(cmake/${file}.in "${CMAKE_CURRENT_BINARY_DIR}/${file}" @ONLY)
+endforeach()
+install(
+  FILES "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets.pc"
+    "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets-theme.pc"
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets.pri"
+  DESTINATION ${dataDir} COMPONENT Development)
+
+# vemo_install_host(TARGET NAME): the program NAME with its entry in the desktop's menu.
+function(vemo_install_host target name)
+  if(NOT TARGET ${target})
+    return()
+  endif()
+  vemo_install_program(${target} Gallery ${CMAKE_INSTALL_BINDIR})
+  install(FILES packaging/${name}.desktop
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT Gallery)
+  install(FILES packaging/${name}.svg
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT Gallery)
+  install(FILES packaging/${name}.1
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Gallery)
+endfunction()
+
+vemo_install_host(vemo-gallery vemo-gallery)
+vemo_install_host(filebrowser vemo-filebrowser)
+if(TARGET VemoDesigner)
+  vemo_install_program(VemoDesigner Designer ${VEMO_INSTALL_QTPLUGINDIR}/designer)
+endif()

@@ -1,7 +1,14 @@
 # SPDX-License-Identifier: MIT
 # Options, language level, warnings and tools that hold for every target.
 
-option(BUILD_SHARED_LIBS "Build shared libraries" ON)
+# As part of another project the library takes over that project's settings and leaves none behind:
+# what is set below ends with this project's folder.
+if(PROJECT_IS_TOP_LEVEL)
+  option(BUILD_SHARED_LIBS "Build shared libraries" ON)
+elseif(NOT DEFINED BUILD_SHARED_LIBS)
+  set(BUILD_SHARED_LIBS ON)
+endif()
+option(VEMO_INSTALL "Install the library" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_GALLERY "Build the gallery" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_EXAMPLES "Build the examples" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
@@ -14,6 +21,8 @@ find_package(ECM 5.100 REQUIRED NO_MODULE)
 list(APPEND CMAKE_MODULE_PATH "${ECM_MODULE_PATH}")
 include(ECMEnableSanitizers)
 include(GNUInstallDirs)
+set(VEMO_INSTALL_QTPLUGINDIR "${CMAKE_INSTALL_LIBDIR}/qt5/plugins" CACHE STRING
+  "Where Qt's plug-ins go, below the prefix")
 
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -38,9 +47,9 @@ add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_S
 
 # One compiler cache serves every checkout: paths below the source folder don't count.
 find_program(VEMO_CCACHE ccache)
-if(VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+if(PROJECT_IS_TOP_LEVEL AND VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
-    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=true
+    CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=true
     CCACHE_SLOPPINESS=pch_defines,time_macros ${VEMO_CCACHE})
 endif()
 
