@@ -20,7 +20,6 @@
 #include <QLabel>
 #include <QLayout>
 #include <QPainter>
-#include <QTemporaryDir>
 #include <QTextStream>
 
 namespace {
@@ -147,9 +146,10 @@ int main(int argc, char **argv)
     font.setPointSize(kFontSize);
     QApplication::setFont(font);
 
-    const QTemporaryDir cache;
+    // The resources page shows its name.
+    const QString cache = QDir::temp().filePath("vemo-doc-pictures");
     const QDir folder(arguments.at(1));
-    if (!folder.mkpath(".") || !installDefaultTheme(cache.path(), "enu", ImageManager::LAZY_LOAD))
+    if (!folder.mkpath(".") || !installDefaultTheme(cache, "enu", ImageManager::LAZY_LOAD))
         return 1;
     installGalleryStyle();
     return saveGallery(folder) && saveCountdown(folder) ? 0 : 1;

@@ -12,20 +12,25 @@ class QWidget;
 ///     // Only what the Tab key stops at, without the close button.
 ///     const AccessibleFilter filter({ closeButton }, Qt::StrongFocus);
 ///     const QList<QWidget *> order = accessibleList(window, filter);
+///
+/// \image html focus-order-order.png
 class VEMO_EXPORT AccessibleFilter
 {
 public:
     /// Leaves nothing out: no widgets, and the level Qt::NoFocus.
     AccessibleFilter() = default;
+    /// Leaves out widgets, and what takes less focus than level. The widgets stay the caller's.
     AccessibleFilter(const QList<QWidget *> &widgets, Qt::FocusPolicy level);
 
     /// The widgets never listed; their children still are. Pointers are compared, never followed.
     const QList<QWidget *> &filterWidgets() const { return m_filter_widgets; }
+    /// Replaces the widgets never listed.
     void setFilterWidgets(const QList<QWidget *> &widgets) { m_filter_widgets = widgets; }
 
     /// The least focus policy that is listed. Policies are compared as the integers they are:
     /// NoFocus 0, TabFocus 1, ClickFocus 2, StrongFocus 11, WheelFocus 15.
     Qt::FocusPolicy focusLevel() const { return m_focus_level; }
+    /// Replaces the least focus policy.
     void setFocusLevel(Qt::FocusPolicy level) { m_focus_level = level; }
 
 private:

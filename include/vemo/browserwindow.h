@@ -31,6 +31,8 @@ class QTimer;
 ///     window->setAttribute(Qt::WA_DeleteOnClose);
 ///     window->reload(QUrl(QStringLiteral("https://www.example.com/news.html")));
 ///     window->show();
+///
+/// \image html help-a-page-with-pictures-to-fetch.png
 class VEMO_EXPORT BrowserWindow : public QDialog
 {
     Q_OBJECT
@@ -39,6 +41,7 @@ public:
     /// How long a page may take to arrive, in milliseconds.
     static const int TIMEOUT = 10000;
 
+    /// Empty, without a page to fetch.
     explicit BrowserWindow(QWidget *parent);
     ~BrowserWindow() override;
 

@@ -12,14 +12,18 @@
 ///
 ///     auto *title = new ClickableLabel(tr("Details"), header);
 ///     connect(title, SIGNAL(clicked()), this, SLOT(slotToggleDetails()));
+///
+/// \image html labels-labels-to-press.png
 class VEMO_EXPORT ClickableLabel : public QLabel
 {
     Q_OBJECT
 
 public:
+    /// A label with a text; no resources are needed.
     explicit ClickableLabel(const QString &text, QWidget *parent = nullptr);
 
 Q_SIGNALS:
+    /// A mouse button, any of them, was pressed on the label.
     void clicked();
 
 protected:

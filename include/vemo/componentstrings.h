@@ -13,9 +13,12 @@
 ///
 ///     ComponentStrings::getInstance().installStrings({ { "common.ok", tr("OK") } });
 ///     button->setText(ComponentStrings::getInstance().getString("common.ok"));
+///
+/// \image html resources-language-codes.png
 class VEMO_EXPORT ComponentStrings
 {
 public:
+    /// The one instance, made on first use; it lives until the process ends.
     static ComponentStrings &getInstance();
 
     /// Replaces the whole table: keys of an earlier table that this one lacks are gone.

@@ -12,9 +12,13 @@
 /// screen both values are 1.
 ///
 ///     const int rowHeight = int(DPIinfo::getInstance().getDPI() * 28); // 35 at 120 dpi
+///
+/// \image html resources-screen.png
 class VEMO_EXPORT DPIinfo
 {
 public:
+    /// The one instance. Its first call measures the primary screen; the application object must
+    /// exist.
     static DPIinfo &getInstance();
 
     /// The scale factor: logical dots per inch / 96, so 1.5 at 144 dpi. Not dots per inch.

@@ -15,6 +15,8 @@
 ///     item->setText(0, tr("Projects"));
 ///     item->setPath("home/projects");
 ///     tree->addTopLevelItem(item);
+///
+/// \image html tree-folders.png
 class VEMO_EXPORT FileSystemTreeWidgetItem : public QTreeWidgetItem
 {
 public:
@@ -26,43 +28,59 @@ public:
         FAILED = 3, ///< its children can't be listed
     };
 
+    /// An item of the type QTreeWidgetItem::Type that belongs to nobody yet: empty, all flags off.
     FileSystemTreeWidgetItem();
+    /// Copies the fields and the columns, but neither children nor tree.
     FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &other);
+    /// As a copy: other stays where it is in its tree.
     FileSystemTreeWidgetItem(FileSystemTreeWidgetItem &&other) noexcept;
+    /// Copies the fields and the columns.
     FileSystemTreeWidgetItem &operator=(const FileSystemTreeWidgetItem &other);
+    /// As the copying assignment.
     FileSystemTreeWidgetItem &operator=(FileSystemTreeWidgetItem &&other) noexcept;
     ~FileSystemTreeWidgetItem() override;
 
     /// By the text of the sort column; but no item is less than one whose path is "home".
     bool operator<(const QTreeWidgetItem &other) const override;
 
+    /// The path, empty until set.
     const QString &getPath() const;
+    /// Any text, such as "home/projects"; "home" has a meaning for sorting.
     void setPath(const QString &path);
 
     /// The view that the node is shown in.
     unsigned long long getBelongViewId() const;
+    /// Stores the view's number, which is the host's; 0 at first.
     void setBelongViewId(unsigned long long id);
 
+    /// The node's number, 0 until set.
     unsigned long long getNodeId() const;
+    /// Stores the node's number, which is the host's.
     void setNodeId(unsigned long long id);
 
     /// A row that stands in for what is not there (yet).
     bool isFake() const;
+    /// Marks a row that stands in; false at first.
     void setFake(bool fake);
 
     /// The node is deleted, but still shown.
     bool isRemoved() const;
+    /// Marks the node as deleted; false at first.
     void setRemoved(bool removed);
 
     /// The node is read-only.
     bool getRO() const;
+    /// Marks the node as read-only; false at first.
     void setRO(bool readOnly);
 
     /// The item has a fake child, so that it can be expanded before its children are known.
     bool isFakeChildExist() const;
+    /// Notes whether there is a fake child; adds and removes none.
     void setFakeChildExist(bool exists);
 
+    /// How much of the node is known; NORMAL until set.
     ItemStatus getTreeWidgetItemStatus() const;
+    /// Stores how much is known; loads nothing.
     void setTreeWidgetItemStatus(ItemStatus status);
 
 private:

@@ -14,14 +14,22 @@
 ///
 ///     const QString icon = FileTypeMap::getInstance().getFiletypeMapping(info.suffix(), false);
 ///     item->setIcon(QIcon(imageFolder + "/" + icon));
+///
+/// \image html resources-file-types.png
 class VEMO_EXPORT FileTypeMap
 {
 public:
+    /// Orders extensions without regard to case: "DOC" and "doc" are one.
+    ///
+    ///     CaseLessCompare()("a", "B"); // true
     struct VEMO_EXPORT CaseLessCompare
     {
+        /// Whether a stands before b.
         bool operator()(const QString &a, const QString &b) const;
     };
 
+    /// The one instance, made on first use; it lives until the process ends. The first call fills
+    /// the map.
     static FileTypeMap &getInstance();
 
     /// The icon of an extension, which is given without its dot and in any case; with removed, the

@@ -6,6 +6,12 @@
 #include <QString>
 
 /// Which page of the online help to show.
+///
+///     HelpContext context;
+///     context.lang = "enu";
+///     context.link = "backup.html";
+///
+/// \image html help-the-local-help.png
 struct HelpContext
 {
     QString lang; ///< Three-letter language code, as VemoLocale::getDefaultLanguage() gives it.
@@ -28,6 +34,8 @@ struct HelpContext
 ///     context.helpPath = QCoreApplication::applicationDirPath() + QLatin1String("/help");
 ///     context.link = QStringLiteral("backup.html");
 ///     HelpWindow(context, this).exec();
+///
+/// \image html help-the-local-help.png
 class VEMO_EXPORT HelpWindow : public BrowserWindow
 {
     Q_OBJECT
@@ -40,6 +48,7 @@ public:
     /// time until a host sets another.
     static QUrl knowledgeBaseUrl();
 
+    /// Starts to fetch the page at once; the context is copied. Style files must be loaded.
     HelpWindow(const HelpContext &context, QWidget *parent);
 
 private:

@@ -19,9 +19,12 @@
 ///     ImageManager::getInstance().initialize(ImageManager::LAZY_LOAD);
 ///     label->setPixmap(getGlobalImage("folder"));
 ///     button->setIcon(getGlobalImage("folder", ImageManager::HOVER));
+///
+/// \image html resources-pictures-with-states.png
 class VEMO_EXPORT ImageManager
 {
 public:
+    /// The state of a control that a picture is for.
     enum ImageType {
         NORMAL = 0, ///< at rest; also stands in for a missing state
         HOVER = 1, ///< file name + "_hover"
@@ -29,11 +32,13 @@ public:
         DISABLE = 3, ///< file name + "_disable"
     };
 
+    /// When pictures are loaded.
     enum InitializeType {
         PRELOAD = 0, ///< every picture is loaded by initialize()
         LAZY_LOAD = 1, ///< the states of a name are loaded when it is first asked for
     };
 
+    /// The one instance, made on first use; it lives until the process ends.
     static ImageManager &getInstance();
 
     /// Reads the catalogue and writes the temporary pictures. A catalogue or picture that is
@@ -45,8 +50,10 @@ public:
     /// and a warning.
     QPixmap getImage(const QString &name, ImageType type);
 
-    /// The two folders, as style sheets name them. Before initialize() both end the process.
+    /// The folder of the pictures, as style sheets name it. Before initialize() this call warns
+    /// "ImageManager is not initialized" and ends the process.
     const QString &getImageFolder() const;
+    /// The folder of the temporary pictures. Before initialize() it ends the process, too.
     const QString &getTempImageFolder() const;
 
 private:
@@ -76,8 +83,9 @@ private:
     QHash<QString, Image> m_images;
 };
 
-/// ImageManager::getImage() of the one instance; the 8-bit name is Latin-1.
+/// ImageManager::getImage() of the one instance; an 8-bit name is Latin-1.
 VEMO_EXPORT QPixmap getGlobalImage(
     const QString &name, ImageManager::ImageType type = ImageManager::NORMAL);
+/// The same with an 8-bit name.
 VEMO_EXPORT QPixmap getGlobalImage(
     const char *name, ImageManager::ImageType type = ImageManager::NORMAL);

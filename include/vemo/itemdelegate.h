@@ -13,11 +13,14 @@
 ///     auto *delegate = new ItemDelegate;
 ///     delegate->setParent(tree);
 ///     tree->setItemDelegate(delegate);
+///
+/// \image html tree-renaming-and-check-boxes.png
 class VEMO_EXPORT ItemDelegate : public QItemDelegate
 {
     Q_OBJECT
 
 public:
+    /// Made without a parent.
     ItemDelegate();
 
     bool eventFilter(QObject *object, QEvent *event) override;

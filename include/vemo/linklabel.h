@@ -13,6 +13,8 @@
 ///     auto *link = new LinkLabel(tr("Licence"), about);
 ///     link->setHyperLink("https://example.com/licence");
 ///     connect(link, SIGNAL(clicked()), this, SLOT(slotOpenLicence())); // reads getHyperLink()
+///
+/// \image html labels-labels-to-press.png
 class VEMO_EXPORT LinkLabel : public ClickableLabel
 {
 public:
@@ -20,7 +22,9 @@ public:
     explicit LinkLabel(const QString &text, QLabel *parent = nullptr);
     ~LinkLabel() override;
 
+    /// Stores the target, as any text; nothing checks it.
     void setHyperLink(const QString &link) { m_hyperLink = link; }
+    /// The target that was set.
     QString getHyperLink() const { return m_hyperLink; } ///< empty until set
 
     /// Whether the text is underlined while the pointer is over it, which it is by default; takes

@@ -25,21 +25,29 @@ struct MsgBoxCustomBtnText;
 ///         == QDialogButtonBox::Apply)
 ///         deleteIt();
 
+/// Asks whether to go on: type Confirm, without a parent "component.confirm_message_box". showIcon
+/// false leaves out the picture. Returns the answer, as said above.
 VEMO_EXPORT int showConfirmMsg(
     const QString &title, const QString &text, QWidget *parent, bool showIcon = true);
 
-/// An empty caption means the default; resetText is not used.
+/// showConfirmMsg() with captions of your own. An empty caption means the default; resetText is not
+/// used.
 VEMO_EXPORT int showConfirmMsgCustomBtn(const QString &title, const QString &text,
     const MsgBoxCustomBtnText &buttons, QWidget *parent, bool showIcon = true);
 
+/// Tells something: type Information, without a parent "component.info_message_box".
 VEMO_EXPORT void showInfoMsg(
     const QString &title, const QString &text, QWidget *parent, bool showIcon = true);
 
-/// Asks whether to upgrade, and deliberately drops the answer.
+/// Asks whether to upgrade, and deliberately drops the answer: type Upgrading, without a parent
+/// "component.upgrading_message_box" and the warning picture.
 VEMO_EXPORT void showUpgradingMsg(
     const QString &title, const QString &text, QWidget *parent, bool showIcon = true);
 
+/// Warns, with a second text below the first: type Warning, without a parent
+/// "component.warning_message_box".
 VEMO_EXPORT void showWarningMsg(const QString &title, const QString &text,
     const QString &informativeText, QWidget *parent, bool showIcon = true);
+/// The same without the second text.
 VEMO_EXPORT void showWarningMsg(
     const QString &title, const QString &text, QWidget *parent, bool showIcon = true);

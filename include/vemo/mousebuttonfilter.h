@@ -13,9 +13,12 @@
 ///     auto *filter = new MouseButtonFilter;
 ///     filter->setParent(preview);
 ///     preview->installEventFilter(filter);
+///
+/// \image html foot-bar-mouse-filters.png
 class VEMO_EXPORT MouseButtonFilter : public QObject
 {
 public:
+    /// Made without a parent, and filters nothing until it is installed.
     MouseButtonFilter();
 
     bool eventFilter(QObject *object, QEvent *event) override;
@@ -27,9 +30,12 @@ public:
 ///     auto *filter = new MouseReleaseFilter;
 ///     filter->setParent(button);
 ///     button->installEventFilter(filter);
+///
+/// \image html foot-bar-mouse-filters.png
 class VEMO_EXPORT MouseReleaseFilter : public QObject
 {
 public:
+    /// Made without a parent, and filters nothing until it is installed.
     MouseReleaseFilter();
 
     bool eventFilter(QObject *object, QEvent *event) override;

@@ -31,6 +31,8 @@ class LocalPeer;
 /// A message is any text of up to 16 MiB in UTF-8. It is received without blocking, however slow
 /// its sender; one that is longer, broken off, or silent for 5 seconds is dropped with a warning.
 /// Not for a program that wants one instance a document: give each its own id.
+///
+/// \image html gallery.png
 class VEMO_EXPORT QtSingleApplication : public QApplication
 {
     Q_OBJECT
@@ -48,12 +50,14 @@ public:
     /// Whether another process is the primary instance. Where none is, this one becomes it.
     bool isRunning();
 
+    /// What makes processes instances of one application.
     QString id() const;
 
     /// The window that activateWindow() brings to the front, no window by default; it stays the
     /// caller's, and may be deleted at any time. With activateOnMessage a message does so too,
     /// before messageReceived() is emitted.
     void setActivationWindow(QWidget *window, bool activateOnMessage = true);
+    /// The window that was set; null without one, and after its death.
     QWidget *activationWindow() const;
 
     /// As isRunning(), for programs that were written before it took the role. The argument means

@@ -18,9 +18,12 @@
 ///
 ///     StyleManager::getInstance().initialize({ ":/styles/buttons.qss", ":/styles/own.qss" });
 ///     button->setStyleSheet(getStyleSheet("component.red_button"));
+///
+/// \image html fields-states.png
 class VEMO_EXPORT StyleManager
 {
 public:
+    /// The one instance, made on first use; it lives until the process ends.
     static StyleManager &getInstance();
 
     /// Reads all files, in order; of two sections with one key the later one wins, also over an
@@ -40,4 +43,5 @@ private:
 
 /// StyleManager::getStyleSheet() of the one instance; the 8-bit key is Latin-1.
 VEMO_EXPORT QString getStyleSheet(const QString &key, bool unscaled = false);
+/// The same with an 8-bit key.
 VEMO_EXPORT QString getStyleSheet(const char *key, bool unscaled = false);

@@ -16,9 +16,12 @@
 ///     const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
 ///     UIPathManager::getInstance().setPath("resource_path", ":/vemo/theme");
 ///     UIPathManager::getInstance().setPath("user_data_path", cache);
+///
+/// \image html resources-folders.png
 class VEMO_EXPORT UIPathManager
 {
 public:
+    /// The one instance, made on first use; it lives until the process ends.
     static UIPathManager &getInstance();
 
     /// Stores path under key. An existing key is overwritten, with a warning that names the new

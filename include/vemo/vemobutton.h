@@ -13,11 +13,14 @@
 ///     auto *save = new VemoButton(tr("Save"), VemoButton::APPLY);
 ///     layout->addWidget(save);
 ///     connect(save, SIGNAL(clicked()), this, SLOT(slotSave()));
+///
+/// \image html buttons-roles-and-states.png
 class VEMO_EXPORT VemoButton : public QPushButton
 {
     Q_OBJECT
 
 public:
+    /// The number for the constructor, and the style section that it chooses.
     enum Role {
         APPLY = 0, ///< "component.apply_button"
         CANCEL = 1, ///< "component.cancel_button"

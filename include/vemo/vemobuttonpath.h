@@ -22,11 +22,15 @@ class QToolButton;
 ///     auto *path = new VemoButtonPath(this);
 ///     connect(path, SIGNAL(sigUpdatePath(QString)), this, SLOT(slotOpenFolder(QString)));
 ///     path->refresh("home/projects/2026");
+///
+/// \image html path-and-filter-a-path-and-its-width.png
 class VEMO_EXPORT VemoButtonPath : public QTableWidget
 {
     Q_OBJECT
 
 public:
+    /// An empty bar, 28 design pixels high. Pictures "bt_next" and "folder" and the sections
+    /// "component.button_path" and its like should be there; what is missing warns and looks plain.
     explicit VemoButtonPath(QWidget *parent = nullptr);
     ~VemoButtonPath() override;
 
@@ -43,7 +47,9 @@ Q_SIGNALS:
     void sigUpdatePath(QString path);
 
 public Q_SLOTS:
+    /// The same as refresh(), for a connection.
     void slotUpdatePath(QString path);
+    /// Emits sigUpdatePath() with the path up to a column.
     void slotPathBarClicked(int btn_id);
 
 protected:

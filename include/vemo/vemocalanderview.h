@@ -25,11 +25,14 @@ class QTableWidget;
 ///     auto *calendar = new VemoCalanderView(page);
 ///     calendar->setMinimumDate(QDate::currentDate());
 ///     connect(calendar, SIGNAL(sigDateSelect(QDate)), this, SLOT(slotDateSelect(QDate)));
+///
+/// \image html date-and-time-calendars.png
 class VEMO_EXPORT VemoCalanderView : public QAbstractItemView
 {
     Q_OBJECT
 
 public:
+    /// Shows the current month, with nothing picked but today.
     explicit VemoCalanderView(QWidget *parent);
     ~VemoCalanderView() override;
 
@@ -43,8 +46,11 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     // The view shows no model: these do nothing and answer that there is nothing.
+    /// Always empty.
     QRect visualRect(const QModelIndex &index) const override;
+    /// Does nothing.
     void scrollTo(const QModelIndex &index, ScrollHint hint) override;
+    /// Always invalid.
     QModelIndex indexAt(const QPoint &point) const override;
 
 public Q_SLOTS:

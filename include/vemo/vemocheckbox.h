@@ -11,10 +11,13 @@
 ///     auto *keep = new VemoCheckBox(tr("Keep a copy"), page);
 ///     connect(keep, SIGNAL(toggled(bool)), this, SLOT(slotKeepChanged(bool)));
 ///     layout->addWidget(keep);
+///
+/// \image html choices-check-boxes.png
 class VEMO_EXPORT VemoCheckBox : public QCheckBox
 {
     Q_OBJECT
 
 public:
+    /// An unchecked box; looks its style up.
     explicit VemoCheckBox(const QString &text = QString(), QWidget *parent = nullptr);
 };

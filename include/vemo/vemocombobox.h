@@ -16,11 +16,14 @@
 ///     auto *unit = new VemoComboBox(page);
 ///     unit->addItems({ tr("Days"), tr("Weeks") });
 ///     connect(unit, SIGNAL(currentIndexChanged(int)), this, SLOT(slotUnitChanged(int)));
+///
+/// \image html choices-combo-boxes.png
 class VEMO_EXPORT VemoComboBox : public QComboBox
 {
     Q_OBJECT
 
 public:
+    /// An empty box; looks its styles up.
     explicit VemoComboBox(QWidget *parent = nullptr);
 
     /// Opens the list; the box gives up the keyboard focus.

@@ -17,20 +17,25 @@
 ///     box.setText(tr("The computer is about to restart."));
 ///     box.setStartValue(30);
 ///     box.exec();
+///
+/// \image html messages-countdown.png
 class VEMO_EXPORT VemoCountdownMessageBox : public QMessageBox
 {
     Q_OBJECT
 
 public:
+    /// A message box with an OK button, not yet counting.
     explicit VemoCountdownMessageBox(QWidget *parent = nullptr);
     ~VemoCountdownMessageBox() override;
 
     /// Counts from the next show on; a negative value counts as 0.
     void setStartValue(int value);
+    /// What the next show begins with.
     int startValue() const { return m_start_value; }
 
     /// In milliseconds, from the next tick on; a negative value counts as 0.
     void setPeriod(int msecs);
+    /// Milliseconds between two ticks.
     int period() const { return m_timer.interval(); }
 
 protected:

@@ -20,11 +20,14 @@ class VemoCalanderView;
 ///     auto *from = new VemoDateSelector(tr("Any date"), page);
 ///     from->getCalendarView()->setMaximumDate(QDate::currentDate());
 ///     const QDate date = from->currentData().toDate(); // null while none is chosen
+///
+/// \image html date-and-time-date-fields.png
 class VEMO_EXPORT VemoDateSelector : public QComboBox
 {
     Q_OBJECT
 
 public:
+    /// Shows the placeholder, which may be empty and is kept.
     explicit VemoDateSelector(QString placeholder, QWidget *parent = nullptr);
     ~VemoDateSelector() override;
 

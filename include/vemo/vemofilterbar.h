@@ -17,11 +17,14 @@ class VemoIconButton;
 ///     auto *filter = new VemoFilterBar(this);
 ///     filter->setMenu(kindsMenu);
 ///     connect(filter, SIGNAL(sigKeywordChanged(QString)), this, SLOT(slotFilter(QString)));
+///
+/// \image html path-and-filter-a-filter-with-a-menu.png
 class VEMO_EXPORT VemoFilterBar : public QLineEdit
 {
     Q_OBJECT
 
 public:
+    /// An empty line, 28 design pixels high, with the picture "bt_search_dropdown" on its button.
     explicit VemoFilterBar(QWidget *parent = nullptr);
 
     /// The menu stays the caller's; a null one, as at first, opens nothing.

@@ -19,21 +19,27 @@ class QHBoxLayout;
 ///     bar->pushLeftWidget(new VemoButton(tr("Help"), VemoButton::DEFAULT));
 ///     bar->pushRightWidget(new VemoButton(tr("Save"), VemoButton::APPLY));
 ///     bar->init();
+///
+/// \image html foot-bar-two-groups.png
 class VEMO_EXPORT VemoFootbar : public QWidget
 {
 public:
+    /// An empty bar.
     explicit VemoFootbar(QWidget *parent = nullptr);
 
-    /// Add to the end of a group. A widget that is deleted before init() is left out.
+    /// Adds a widget to the end of the left group. A widget that is deleted before init() is left
+    /// out.
     void pushLeftWidget(QWidget *widget);
+    /// The same for the right group, from left to right.
     void pushRightWidget(QWidget *widget);
 
     /// Lays out the pushed widgets, each vertically centred, with margins of 20, 8, 20 and 8 and a
     /// spacing of 10 design pixels. A second call adds them, and the gap between them, again.
     void init();
 
-    /// In design pixels. Call them after init(), which sets its own values.
+    /// Around the widgets, in design pixels. Call it after init(), which sets its own values.
     void setMargins(int left, int top, int right, int bottom);
+    /// Between the widgets, in design pixels; also after init().
     void setSpacing(int spacing);
 
 private:

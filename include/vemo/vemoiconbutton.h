@@ -15,6 +15,8 @@
 ///     auto *refresh = new VemoIconButton("bt_pagebar_refresh");
 ///     refresh->setAccessibleName(tr("Refresh"));
 ///     layout->addWidget(refresh);
+///
+/// \image html buttons-icon-buttons.png
 class VEMO_EXPORT VemoIconButton : public QToolButton
 {
     Q_OBJECT
@@ -26,18 +28,22 @@ public:
     /// The four states of a catalogue name; a missing state shows the normal picture.
     explicit VemoIconButton(const QString &name);
 
+    /// Takes the four states of a catalogue name, as the constructor does.
     void setAllIcon(const QString &name);
 
     /// Sets all four pictures and the size: that of picture over the screen's pixel ratio.
     void setDefaultIcon(const QPixmap &picture);
 
-    /// Each replaces one picture, which shows from the next change of state on.
+    /// The picture under the pointer, from the next change of state on.
     void setHoverIcon(const QPixmap &picture);
+    /// The picture while pressed, from the next change of state on.
     void setPressIcon(const QPixmap &picture);
+    /// The picture while disabled, from the next change of state on.
     void setDisableIcon(const QPixmap &picture);
 
-    /// Force a look from outside, for instance in a row that highlights as a whole.
+    /// Shows the hover picture from outside, for instance in a row that highlights as a whole.
     void applyHoverStyle();
+    /// Shows the picture of rest again.
     void applyNormalStyle();
 
 protected:

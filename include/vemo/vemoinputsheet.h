@@ -24,12 +24,16 @@ class VemoInputSheetPrivate;
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 ///     if (sheet->exec() == QDialogButtonBox::Ok)
 ///         makeFolder(sheet->getContent());
+///
+/// \image html sheets-input-sheet.png
 class VEMO_EXPORT VemoInputSheet : public VemoSheet
 {
     Q_OBJECT
 
 public:
+    /// With a prompt, as setText() takes it. The parent gives the width: take the window.
     VemoInputSheet(const QString &text, QWidget *parent);
+    /// Without a prompt.
     explicit VemoInputSheet(QWidget *parent);
     ~VemoInputSheet() override;
 
@@ -40,7 +44,9 @@ public:
     /// Shows the sheet, its line edit focused, and returns at once; finished() tells the end.
     virtual void showSheet();
 
+    /// The text of the line edit, also after the end.
     QString getContent() const;
+    /// The line edit, which stays the sheet's.
     QLineEdit *getLineEdit() const;
 
     /// Null where the sheet has no such button.
@@ -59,8 +65,11 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
+    /// Ends the sheet: exec() returns ret, finished(ret) is emitted, the window gets its keys back.
     void done(int ret);
+    /// done() with 0.
     void quit();
+    /// done() with the code of that button; the sheet's own buttons are connected to it.
     void buttonClick(QAbstractButton *which);
 
 private:

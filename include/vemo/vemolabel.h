@@ -15,11 +15,15 @@
 ///     auto *hint = new VemoLabel(tr("Files are kept for 30 days ..."), page);
 ///     hint->setWordWrap(true);
 ///     hint->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+///
+/// \image html labels-wrapped-text.png
 class VEMO_EXPORT VemoLabel : public QLabel
 {
 public:
+    /// With a text, plain or rich as QLabel takes it; looks its style up.
     explicit VemoLabel(
         const QString &text, QWidget *parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
+    /// Without a text.
     explicit VemoLabel(QWidget *parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
 
     void resizeEvent(QResizeEvent *event) override;

@@ -20,21 +20,26 @@ class QLineEdit;
 ///     days->getPreLabel()->setText(tr("Keep for"));
 ///     days->setValidator([](const QString &text) { return text.toInt() > 0; });
 ///     days->setError(!days->validate());
+///
+/// \image html fields-captions-and-units.png
 class VEMO_EXPORT VemoLineEdit : public QWidget
 {
     Q_OBJECT
 
 public:
+    /// Three empty parts in a row; looks their styles up.
     explicit VemoLineEdit(QWidget *parent = nullptr);
 
+    /// The text of the field.
     QString getEditText() const;
 
     /// The field. Unless the host names it for assistive tools, it is announced under the text of
     /// the label before it.
     QLineEdit *getLineEdit() const { return m_line_edit; }
 
-    /// The labels before and after the field. They start empty, and empty still take their place.
+    /// The label before the field. Both labels start empty, and empty still take their place.
     QLabel *getPreLabel() const { return m_pre_label; }
+    /// The label after the field, such as a unit.
     QLabel *getPostLabel() const { return m_post_label; }
 
     /// Sets the field's dynamic property "error", by which style sheets can tell it.
@@ -42,10 +47,12 @@ public:
 
     /// The check that validate() makes; null, as at first, accepts every text.
     void setValidator(bool (*validator)(const QString &));
+    /// The check's answer for the present text; true without a check.
     bool validate() const;
 
-    /// Around and between the parts, in design pixels; all 0 at first.
+    /// Around the parts, in design pixels; all 0 at first.
     void setMargins(int left, int top, int right, int bottom);
+    /// Between the parts, in design pixels; 0 at first.
     void setSpacing(int spacing);
 
 protected:

@@ -12,9 +12,12 @@
 ///
 ///     const QString code = VemoLocale::getInstance().getDefaultLanguage();
 ///     strings.load(QStringLiteral(":/strings/%1.json").arg(code));
+///
+/// \image html resources-language-codes.png
 class VEMO_EXPORT VemoLocale
 {
 public:
+    /// The one instance, made on first use; it lives until the process ends.
     static VemoLocale &getInstance();
 
     /// The code for the system's locale; "enu" for a language without one.

@@ -17,6 +17,8 @@ class VemoMaskPrivate;
 ///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Information, tr("Done."), window);
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 ///     sheet->exec();
+///
+/// \image html sheets-frame-and-mask.png
 class VEMO_EXPORT VemoMask : public QFrame
 {
     Q_OBJECT

@@ -13,11 +13,14 @@
 ///     auto *menu = new VemoMenu(this);
 ///     menu->setStyleSheet(getStyleSheet("component.menu"));
 ///     menu->addAction(tr("Rename"), this, SLOT(slotRename()));
+///
+/// \image html choices-menus.png
 class VEMO_EXPORT VemoMenu : public QMenu
 {
     Q_OBJECT
 
 public:
+    /// An empty menu.
     explicit VemoMenu(QWidget *parent = nullptr);
 
 protected:

@@ -10,9 +10,16 @@
 class VemoMessageSheetPrivate;
 
 /// Captions for the buttons of a message; an empty one means the default.
+///
+///     const MsgBoxCustomBtnText captions(tr("Replace"), tr("Keep both"));
+///     showConfirmMsgCustomBtn(tr("Copy"), tr("The file exists."), captions, window);
+///
+/// \image html messages-as-they-look.png
 struct VEMO_EXPORT MsgBoxCustomBtnText
 {
+    /// All captions by default.
     MsgBoxCustomBtnText() = default;
+    /// Captions for two buttons; that of Reset stays empty.
     MsgBoxCustomBtnText(const QString &apply, const QString &cancel)
         : applyText(apply), cancelText(cancel)
     {
@@ -44,11 +51,14 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 ///     if (sheet->exec() == QDialogButtonBox::Apply)
 ///         deleteIt();
+///
+/// \image html messages-as-they-look.png
 class VEMO_EXPORT VemoMessageSheet : public VemoSheet
 {
     Q_OBJECT
 
 public:
+    /// Which picture and which buttons a sheet has; the numbers are part of the interface.
     enum MessageType : int {
         App = 0, ///< the application's picture, no buttons
         Information = 1, ///< OK
@@ -63,11 +73,16 @@ public:
     /// A sheet for work that goes on: moviePath is a file that QMovie reads, shown 32 design pixels
     /// wide and high. It ends with done() or quit().
     VemoMessageSheet(const QString &text, const QString &moviePath, QWidget *parent);
+    /// With a second text below the first. showIcon false leaves out the type's picture. The parent
+    /// gives the width: take the window.
     VemoMessageSheet(MessageType type, const QString &text, const QString &informativeText,
         QWidget *parent, bool showIcon = true);
+    /// With captions of your own.
     VemoMessageSheet(MessageType type, const QString &text, const MsgBoxCustomBtnText &captions,
         QWidget *parent, bool showIcon = true);
+    /// With the type's own captions.
     VemoMessageSheet(MessageType type, const QString &text, QWidget *parent, bool showIcon = true);
+    /// Without a text.
     explicit VemoMessageSheet(MessageType type, QWidget *parent, bool showIcon = true);
     ~VemoMessageSheet() override;
 
@@ -87,10 +102,13 @@ public:
     /// styleSheet, if not empty, replaces "component.message_sheet_informative_text" when the label
     /// is made, until the next of the setters that build the sheet anew.
     void setInformativeText(const QString &text, const QString &styleSheet = {});
+    /// Any picture; a null one leaves its place to the text.
     void setIcon(const QPixmap &icon);
 
-    /// These three build the sheet anew; deliberately, custom captions are lost by it.
+    /// Whether the picture is shown. This and the next two build the sheet anew; deliberately,
+    /// custom captions are lost by it.
     void setIconVisible(bool isVisible);
+    /// Another picture, other buttons; custom captions are lost.
     void setMessageType(MessageType type);
     /// on: Apply is enabled only while the box with this text is checked.
     void setDoubleConfirmCheckBox(bool on, const QString &text);
@@ -101,8 +119,11 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
+    /// Ends the sheet: exec() returns ret, finished(ret) is emitted, the window gets its keys back.
     void done(int ret);
+    /// done() with 0.
     void quit();
+    /// done() with the code of that button; the sheet's own buttons are connected to it.
     void buttonClick(QAbstractButton *which);
 
 protected:

@@ -18,8 +18,13 @@ class VemoIconButton;
 class VemoPagingModel;
 
 /// One label at the right of a VemoPagingBar.
+///
+///     bar->setFooterInfos({ { tr("350 items"), 0 }, { tr("3 selected"), 120 } });
+///
+/// \image html paging-footer-labels.png
 struct VEMO_EXPORT PagingFooterInfo
 {
+    /// What the label shows.
     QString text;
     int width = 0; ///< in design pixels; 0: as wide as the text, or as the label was before
 };
@@ -35,6 +40,8 @@ struct VEMO_EXPORT PagingFooterInfo
 ///     connect(bar, SIGNAL(sigPageChanged()), this, SLOT(slotFillTable()));
 ///     bar->setItemCount(items.size());
 ///     bar->setFooterText(tr("%n item(s)", nullptr, items.size()));
+///
+/// \image html paging-where-the-list-stands.png
 class VEMO_EXPORT VemoPagingBar : public QWidget
 {
     Q_OBJECT
@@ -45,8 +52,9 @@ public:
     VemoPagingBar(VemoPagingModel *model, QWidget *parent);
     ~VemoPagingBar() override;
 
-    /// The two steps of the constructor; there is no need to call them again.
+    /// Builds the parts; already done by the constructor.
     virtual void initializeUI();
+    /// Connects the buttons; already done by the constructor.
     void connectSignals();
 
     /// Stays on the current page, even if there are too few items for it now, and emits nothing.
@@ -55,10 +63,12 @@ public:
     /// Goes to page 1 and emits sigPageChanged().
     void reset();
 
+    /// The refresh button is shown at first.
     void setRefreshButtonHidden(bool hidden);
 
     /// One footer label without a fixed width.
     void setFooterText(const QString &text);
+    /// One footer label.
     void setFooterInfo(const PagingFooterInfo &info);
 
     /// The labels from right to left. One that exists gets the new text, and its width if that is
@@ -68,6 +78,7 @@ public:
 Q_SIGNALS:
     /// The user, or reset(), chose a page, be it the current one; it is in the model's nowPage().
     void sigPageChanged();
+    /// The refresh button was clicked; the bar itself does nothing about it.
     void sigRefresh();
 
 private Q_SLOTS:

@@ -14,21 +14,28 @@
 ///     model.setItemCount(120);
 ///     model.setNowPage(3);
 ///     show(items.mid(model.startItem(), model.rowLimit())); // from item 100 on
+///
+/// \image html paging-a-list-of-10-000-items.png
 class VEMO_EXPORT VemoPagingModel : public QObject // clazy:exclude=missing-qobject-macro
 {
 public:
+    /// Page 1 of no items, with that many rows to a page.
     VemoPagingModel(int rowLimit, QObject *parent);
 
+    /// Rows of a page.
     int rowLimit() const;
 
     /// A row limit of 0 puts everything on one page: pageCount() then is 1, with a warning.
     void setRowLimit(int rowLimit);
 
+    /// Items of the whole list; 0 at first.
     int itemCount() const;
+    /// Stores the number; the current page stays as it is.
     void setItemCount(int itemCount);
 
     /// Counted from 1, which it is at first.
     int nowPage() const;
+    /// Stores the page; whether there is such a page is not looked at.
     void setNowPage(int nowPage);
 
     /// At least 1, also without items.

@@ -12,10 +12,13 @@
 ///     auto *daily = new VemoRadioButton(tr("Daily"), page);
 ///     auto *weekly = new VemoRadioButton(tr("Weekly"), page);
 ///     daily->setChecked(true);
+///
+/// \image html choices-radio-buttons.png
 class VEMO_EXPORT VemoRadioButton : public QRadioButton
 {
     Q_OBJECT
 
 public:
+    /// An unchecked button; looks its style up.
     explicit VemoRadioButton(const QString &text = QString(), QWidget *parent = nullptr);
 };

@@ -25,11 +25,14 @@ class QPainter;
 ///     sheet->setWidget(new QCalendarWidget);
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 ///     sheet->show();
+///
+/// \image html sheets-frame-and-mask.png
 class VEMO_EXPORT VemoSheet : public QFrame
 {
     Q_OBJECT
 
 public:
+    /// An empty frame, a child of parent.
     explicit VemoSheet(QWidget *parent);
     ~VemoSheet() override;
 

@@ -13,6 +13,12 @@ class QHeaderView;
 class QScrollArea;
 
 /// The columns of a VemoTableWidget, from left to right.
+///
+///     VemoTableColumnsInfo columns;
+///     columns.addColumn(tr("Name"), 120, true, 1.0);
+///     columns.addColumn(tr("Size"), 80, false, 0.0);
+///
+/// \image html table-fixed-proportional-and-draggable-columns.png
 class VEMO_EXPORT VemoTableColumnsInfo
 {
 public:
@@ -38,12 +44,18 @@ private:
     std::vector<Column> m_columns;
 };
 
-/// A table that says when it is resized, before it lays itself out anew.
+/// A table that says when it is resized, before it lays itself out anew. It needs no resources.
+///
+///     auto *table = new ResizeSignalTableWidget(0, 3);
+///     connect(table, SIGNAL(sigResized(QSize)), this, SLOT(slotFitColumns(QSize)));
+///
+/// \image html table-more-columns-than-fit.png
 class VEMO_EXPORT ResizeSignalTableWidget : public QTableWidget
 {
     Q_OBJECT
 
 public:
+    /// An empty table without a parent.
     ResizeSignalTableWidget(int rows, int columns);
 
 Q_SIGNALS:
@@ -67,16 +79,20 @@ protected:
 ///     columns.addColumn(tr("Size"), 80, false, 0.0);
 ///     auto *files = new VemoTableWidget(columns, this);
 ///     files->getTable()->setRowCount(1);
+///
+/// \image html table-fixed-proportional-and-draggable-columns.png
 class VEMO_EXPORT VemoTableWidget : public QWidget
 {
     Q_OBJECT
 
 public:
+    /// The columns are copied, and can't be changed later.
     VemoTableWidget(const VemoTableColumnsInfo &columns, QWidget *parent);
     ~VemoTableWidget() override;
 
-    /// Both stay the widget's. The header has one section more than the table has columns.
+    /// The header; it stays the widget's. It has one section more than the table has columns.
     QHeaderView *getHeader();
+    /// The table; it stays the widget's. Fill it as any QTableWidget.
     QTableWidget *getTable();
 
 public Q_SLOTS:

@@ -24,11 +24,14 @@ class QValidator;
 ///     start->addItems({ "00:00", "06:00", "12:00", "18:00" });
 ///     start->setEditable(true);
 ///     start->setDefault("06:00");
+///
+/// \image html date-and-time-times-of-day.png
 class VEMO_EXPORT VemoTimeComboBox : public VemoComboBox
 {
     Q_OBJECT
 
 public:
+    /// An empty box that can't be typed into.
     explicit VemoTimeComboBox(QWidget *parent = nullptr);
 
     /// Whether a time may be typed; at first not. Inserts the custom item, or removes it. It hides

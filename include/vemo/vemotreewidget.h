@@ -18,11 +18,14 @@
 ///     folders->setBackgroundColor("#DCEBFB", "#EEF3F8");
 ///     connect(folders, SIGNAL(sigMouseRightClickEvent(QMouseEvent *)), this,
 ///         SLOT(slotShowMenu(QMouseEvent *)));
+///
+/// \image html tree-folders.png
 class VEMO_EXPORT VemoTreeWidget : public QTreeWidget
 {
     Q_OBJECT
 
 public:
+    /// An empty tree without colours.
     explicit VemoTreeWidget(QWidget *parent = nullptr);
 
     /// Colours behind selected and hovered rows; invalid ones, as at first, paint black.
@@ -33,8 +36,9 @@ public:
     void updateScrollArea(QTreeWidgetItem *item);
 
 Q_SIGNALS:
-    /// Both come before the tree handles the event itself.
+    /// A key was pressed; before the tree handles it.
     void sigKeyPressEvent(QKeyEvent *);
+    /// The right button was pressed, anywhere on the tree; before the tree handles it.
     void sigMouseRightClickEvent(QMouseEvent *event);
 
 protected:

@@ -105,6 +105,8 @@ private Q_SLOTS:
     void everyLinkLeadsSomewhere_data();
     void everyLinkLeadsSomewhere();
     void everyNameOfTheInterfaceIsInAGuide();
+    void everyClassHasAPictureAndAnExample_data();
+    void everyClassHasAPictureAndAnExample();
     void picturesAreThoseThatAreShown();
 };
 
@@ -143,6 +145,28 @@ void DocsTest::everyNameOfTheInterfaceIsInAGuide()
         const QRegularExpression word("\\b" + name + "\\b");
         QVERIFY2(word.match(guides).hasMatch(), qPrintable(name));
     }
+}
+
+void DocsTest::everyClassHasAPictureAndAnExample_data()
+{
+    QTest::addColumn<QString>("comment");
+    static const QRegularExpression type(
+        "((?:^///.*\\n)*)^(?:class|struct) (?:VEMO_EXPORT )?(\\w+)[^;]*$",
+        QRegularExpression::MultilineOption);
+    for (const QString &path : filesIn("include/vemo", "*.h")) {
+        const QString text = textOf(path);
+        for (auto match = type.globalMatch(text); match.hasNext();) {
+            const QRegularExpressionMatch found = match.next();
+            QTest::newRow(qPrintable(found.captured(2))) << found.captured(1);
+        }
+    }
+}
+
+void DocsTest::everyClassHasAPictureAndAnExample()
+{
+    QFETCH(const QString, comment);
+    QVERIFY(comment.contains("\n///     "));
+    QVERIFY(comment.contains("\n/// \\image html "));
 }
 
 void DocsTest::picturesAreThoseThatAreShown()

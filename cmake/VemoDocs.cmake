@@ -1,0 +1,38 @@
+# SPDX-License-Identifier: MIT
+# The API reference, made by the target "docs" alone: build/PRESET/api/html/index.html, and, for Qt
+# Assistant and Qt Creator and for the references of other projects, vemowidgets.qch and .tags, which
+# are installed where they have been made.
+
+find_package(Doxygen QUIET)
+get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+cmake_path(GET qmake PARENT_PATH qtTools)
+find_program(VEMO_QHELPGENERATOR qhelpgenerator HINTS "${qtTools}")
+
+set(VEMO_API_FOLDER "${PROJECT_BINARY_DIR}/api")
+set(VEMO_API_QCH NO)
+if(VEMO_QHELPGENERATOR)
+  set(VEMO_API_QCH YES)
+endif()
+configure_file(docs/api/Doxyfile.in "${PROJECT_BINARY_DIR}/Doxyfile" @ONLY)
+
+if(DOXYGEN_FOUND)
+  add_custom_target(docs
+    COMMAND ${CMAKE_COMMAND} -E rm -rf "${VEMO_API_FOLDER}"
+    COMMAND ${CMAKE_COMMAND} -E make_directory "${VEMO_API_FOLDER}"
+    COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen "XDG_RUNTIME_DIR=${VEMO_API_FOLDER}"
+      "${DOXYGEN_EXECUTABLE}" "${PROJECT_BINARY_DIR}/Doxyfile"
+    COMMAND ${CMAKE_COMMAND} "-DFILE=${VEMO_API_FOLDER}/vemowidgets.tags"
+      "-DFOLDER=${PROJECT_SOURCE_DIR}/include/" -P "${PROJECT_SOURCE_DIR}/docs/api/relative.cmake"
+    COMMENT "Writing the API reference"
+    VERBATIM)
+else()
+  add_custom_target(docs
+    COMMAND ${CMAKE_COMMAND} -E echo "Doxygen is missing: install the packages of the group docs in scripts/packages and configure again."
+    COMMAND ${CMAKE_COMMAND} -E false
+    VERBATIM)
+endif()
+
+if(VEMO_INSTALL)
+  install(FILES "${VEMO_API_FOLDER}/vemowidgets.qch" "${VEMO_API_FOLDER}/vemowidgets.tags"
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vemowidgets COMPONENT Development OPTIONAL)
+endif()
