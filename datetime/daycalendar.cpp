@@ -50,6 +50,8 @@ bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
             m_pointer = static_cast<QHoverEvent *>(event)->pos();
         else if (event->type() == QEvent::HoverLeave)
             m_pointer = kNowhere;
+        else if (event->type() == QEvent::Paint)
+            m_today = QDate::currentDate(); // Asks the system; too dear for each day.
     }
     return QCalendarWidget::eventFilter(watched, event);
 }
@@ -63,7 +65,7 @@ void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &d
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Base), kVeil));
     else if (date != selectedDate() && rect.contains(m_pointer))
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Highlight), kHoverTint));
-    if (date == QDate::currentDate()) {
+    if (date == m_today) {
         painter->setPen(colours.color(QPalette::Highlight));
         painter->drawRect(rect.adjusted(0, 0, -1, -1));
     }

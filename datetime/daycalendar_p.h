@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QCalendarWidget>
+#include <QDate>
 
 class QSpinBox;
 class QTableView;
@@ -26,4 +27,5 @@ private:
     QTableView *m_grid;
     QSpinBox *m_year_edit;
     QPoint m_pointer = kNowhere;
+    QDate m_today; // Of the last painting.
 };
