@@ -231,11 +231,12 @@ void VemoCalanderView::handleMonthMenu()
 
 void VemoCalanderView::handleWeekdayHeader()
 {
-    m_weekday_header = new QTableWidget(0, kDaysOfWeek);
+    m_weekday_header = new QTableWidget(0, kDaysOfWeek, m_calendar);
+    qobject_cast<QVBoxLayout *>(m_calendar->layout())->insertWidget(1, m_weekday_header);
     m_weekday_header->setFocusPolicy(Qt::NoFocus);
     m_weekday_header->setObjectName(QLatin1String(kWeekdays));
-    m_weekday_header->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header"));
-    m_weekday_header->setStyleSheet(getStyleSheet("component.table"));
+    const QString headerStyle = getStyleSheet("component.table_header");
+    const QString style = getStyleSheet("component.table");
     m_weekday_header->setFixedHeight(scaled(kWeekdayHeight));
     m_weekday_header->horizontalHeader()->hide();
     m_weekday_header->verticalHeader()->hide();
@@ -254,7 +255,9 @@ void VemoCalanderView::handleWeekdayHeader()
     part<QTableView>(this, kGrid)->horizontalHeader()->setDefaultSectionSize(kColumnWidth);
     m_weekday_header->horizontalHeader()->setDefaultSectionSize(kColumnWidth);
     m_weekday_header->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    qobject_cast<QVBoxLayout *>(m_calendar->layout())->insertWidget(1, m_weekday_header);
+    // Last, and the header's after the table's: in its place and as it is, each is styled once.
+    m_weekday_header->setStyleSheet(style);
+    m_weekday_header->horizontalHeader()->setStyleSheet(headerStyle);
 }
 
 void VemoCalanderView::handleTabOrder()
