@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemocombobox.h>
 
+#include "controls/popuppainting_p.h"
+
 #include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
 
 #include <QAbstractItemView>
+#include <QEvent>
 #include <QStyledItemDelegate>
 
 namespace {
@@ -27,6 +30,31 @@ QString comboBoxStyle()
     return box + getStyleSheet("component.scrollbar");
 }
 
+void placeBelow(const QWidget &box, QWidget *popup)
+{
+    popup->move(box.mapToGlobal(QPoint(0, 0)) + QPoint(0, box.height() + kListGap));
+}
+
+// Places the list before it is seen: otherwise it would flash up where Qt puts it.
+class PlaceBeforeShown : public QObject
+{
+public:
+    PlaceBeforeShown(const QComboBox &box, QWidget *popup) : QObject(popup), m_box(box)
+    {
+        popup->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *popup, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show)
+            placeBelow(m_box, static_cast<QWidget *>(popup));
+        return false;
+    }
+
+private:
+    const QComboBox &m_box; // The pop-up is a child of it.
+};
+
 } // namespace
 
 VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
@@ -36,13 +64,16 @@ VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
     auto *delegate = new QStyledItemDelegate;
     view()->setItemDelegate(delegate);
     delegate->setParent(this);
+    paintPopupOnce(this);
+    new PlaceBeforeShown(*this, view()->parentWidget());
 }
 
 void VemoComboBox::showPopup()
 {
     clearFocus();
     QComboBox::showPopup();
+    // Where it is shown with an effect, it does not stand there yet.
     auto *popup = findChild<QFrame *>();
     if (popup)
-        popup->move(mapToGlobal(QPoint(0, 0)) + QPoint(0, height() + kListGap));
+        placeBelow(*this, popup);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemodateselector.h>
 
+#include "controls/popuppainting_p.h"
 #include "core/scaling_p.h"
 
 #include <vemo/mousebuttonfilter.h>
@@ -31,6 +32,7 @@ VemoDateSelector::VemoDateSelector(QString placeholder, QWidget *parent)
       m_placeholder(std::move(placeholder))
 {
     setView(m_calendar_view);
+    paintPopupOnce(this);
     // A release in the calendar would count as one on a row of the list, and close it. So would a
     // press that no part of it takes, on a day out of range.
     ignoreMouse(new MouseReleaseFilter, view());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemocombobox.h>
 
+#include "support/eventcounter.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -27,6 +28,8 @@ private Q_SLOTS:
     void listOpensTwoPixelsBelowAtTheLeft_data();
     void listOpensTwoPixelsBelowAtTheLeft();
     void listFollowsTheBox();
+    void listIsNeverSeenElsewhere();
+    void listIsPaintedOnceEachTimeItOpens();
     void emptyBoxOpensNothing();
     void rowIsPickedByMouseAndByKeyboard();
     void editableBoxOpensBelowToo();
@@ -175,6 +178,41 @@ void VemoComboBoxTest::listFollowsTheBox()
     box.showPopup();
     QCOMPARE(box.popup()->pos(), box.expectedPosition());
     box.hidePopup();
+}
+
+void VemoComboBoxTest::listIsNeverSeenElsewhere()
+{
+    QWidget window;
+    Box box;
+    box.setParent(&window);
+    showAt(window, {100, 100});
+    const EventCounter moves(box.popup(), QEvent::Move,
+        [&box] { return box.popup()->windowHandle() && box.popup()->windowHandle()->isVisible(); });
+    for (int opening = 1; opening <= 2; ++opening) {
+        box.move(opening * 10, opening * 20);
+        box.showPopup();
+        QCOMPARE(box.popup()->pos(), box.expectedPosition());
+        box.hidePopup();
+    }
+    QCOMPARE(moves.count(), 0);
+}
+
+void VemoComboBoxTest::listIsPaintedOnceEachTimeItOpens()
+{
+    QWidget window;
+    Box box;
+    box.setParent(&window);
+    showAt(window, {100, 100});
+    const EventCounter lists(box.view()->viewport(), QEvent::Paint);
+    const EventCounter popups(box.popup(), QEvent::Paint);
+    for (int opening = 1; opening <= 3; ++opening) {
+        box.showPopup();
+        QVERIFY(QTest::qWaitForWindowExposed(box.popup()));
+        QTRY_COMPARE(lists.count(), opening);
+        QCOMPARE(popups.count(), opening);
+        box.hidePopup();
+        QCoreApplication::processEvents();
+    }
 }
 
 void VemoComboBoxTest::emptyBoxOpensNothing()

@@ -3,6 +3,7 @@
 
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
+#include "support/eventcounter.h"
 #include "support/testhost.h"
 
 #include <vemo/stylemanager.h>
@@ -11,6 +12,8 @@
 #include <QListView>
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 namespace {
 
@@ -78,6 +81,7 @@ private Q_SLOTS:
     void joinsTwoStyles();
     void opensTheWholeCalendar_data();
     void opensTheWholeCalendar();
+    void paintsEveryPartOnceEachTimeItOpens();
     void showsADate_data();
     void showsADate();
     void showsThePlaceholderForNoDate();
@@ -166,6 +170,26 @@ void VemoDateSelectorTest::opensTheWholeCalendar()
     QVERIFY(!last.isEmpty());
     QVERIFY(form.parts.cell(1).height() >= form.parts.grid->fontMetrics().height());
     form.selector->hidePopup();
+}
+
+void VemoDateSelectorTest::paintsEveryPartOnceEachTimeItOpens()
+{
+    const Form form;
+    QVERIFY(form.isActive);
+    std::vector<std::unique_ptr<EventCounter>> counters;
+    for (QWidget *part : {form.popup(), form.selector->view()->viewport(), form.parts.bar,
+             static_cast<QWidget *>(form.parts.month), form.parts.weekdays->viewport(),
+             form.parts.grid->viewport(), static_cast<QWidget *>(form.parts.today)})
+        counters.push_back(std::make_unique<EventCounter>(part, QEvent::Paint));
+    for (int opening = 1; opening <= 3; ++opening) {
+        form.selector->dateSelect({2024, opening, 7});
+        form.selector->showPopup();
+        QVERIFY(QTest::qWaitForWindowExposed(form.popup()));
+        for (const auto &counter : counters)
+            QTRY_COMPARE(counter->count(), opening);
+        form.selector->hidePopup();
+        QCoreApplication::processEvents();
+    }
 }
 
 void VemoDateSelectorTest::showsADate_data()
