@@ -14,6 +14,7 @@
 #include <QImage>
 #include <QMap>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSet>
 #include <QSvgRenderer>
 #include <QXmlStreamReader>
@@ -112,6 +113,13 @@ void readColours(const QXmlStreamAttributes &attributes, Drawing &drawing)
     }
 }
 
+void readOmission(const QXmlStreamAttributes &attributes, const Drawing &drawing)
+{
+    const QString state = attributes.value("data-not").toString();
+    if (!state.isEmpty() && !drawing.states.contains(state))
+        fail(drawing.path, "data-not=\"" + state + "\" is none of data-states");
+}
+
 void readRoot(const QXmlStreamAttributes &attributes, Drawing &drawing)
 {
     const QStringList box = attributes.value("viewBox").toString().split(' ');
@@ -147,8 +155,10 @@ Drawing readDrawing(const QString &path)
     readRoot(xml.attributes(), drawing);
     readColours(xml.attributes(), drawing);
     while (!xml.atEnd()) {
-        if (xml.readNext() == QXmlStreamReader::StartElement)
-            readColours(xml.attributes(), drawing);
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        readColours(xml.attributes(), drawing);
+        readOmission(xml.attributes(), drawing);
     }
     if (xml.hasError())
         fail(path, QString("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString()));
@@ -200,11 +210,26 @@ void drawRemovedBadge(QPainter &painter, const QSize &size)
     painter.drawLine(centre - QPointF(2 * unit, 0), centre + QPointF(2 * unit, 0));
 }
 
+// Without the elements that the state leaves out.
+QByteArray reduced(const QByteArray &svg, const QString &state)
+{
+    static const QRegularExpression marked(R"re(<[^<>]*\sdata-not="(\w+)"[^<>]*/>)re");
+    QString text = QString::fromUtf8(svg);
+    auto match = marked.globalMatch(QString(text));
+    while (match.hasNext()) {
+        const QRegularExpressionMatch element = match.next();
+        if (element.captured(1) == state)
+            text.remove(element.captured());
+    }
+    return text.toUtf8();
+}
+
 QImage render(const Picture &picture, qreal degrees = 0)
 {
     const Drawing &drawing = *picture.drawing;
+    const QByteArray svg = reduced(drawing.svg, picture.state);
     QSvgRenderer renderer;
-    if (!renderer.load(recoloured(drawing.svg, states().value(picture.state))))
+    if (!renderer.load(recoloured(svg, states().value(picture.state))))
         fail(drawing.path, "is no drawable SVG");
 
     QImage image(drawing.size * kOversampling, QImage::Format_ARGB32_Premultiplied);

@@ -65,6 +65,7 @@ private Q_SLOTS:
     void onlyTheStatesAskedForAreDrawn();
     void aDrawnStateWinsOverTheDerivedOne();
     void aRemovedPictureHasABadgeThatStandsFree();
+    void aStateLeavesOutWhatIsMarked();
     void aTurningDrawingBecomesAnEndlessAnimation();
     void anAnimationHoldsEveryShadeOfTheDrawing();
     void theSameDrawingGivesTheSameBytes();
@@ -139,6 +140,19 @@ void DrawPicturesTest::aRemovedPictureHasABadgeThatStandsFree()
     QCOMPARE(image.pixelColor(50, 40), QColor(0xC93A3A));
     QCOMPARE(image.pixelColor(50, 34).alpha(), 0); // the cut between badge and picture
     QCOMPARE(image.pixelColor(50, 28), QColor(0x9AA5B1));
+}
+
+void DrawPicturesTest::aStateLeavesOutWhatIsMarked()
+{
+    draw({written("marked",
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 16 16\" "
+        "data-states=\"hover removed\">"
+        "<rect width=\"4\" height=\"4\" fill=\"#52606D\"/>"
+        "<rect data-not=\"removed\" x=\"4\" width=\"4\" height=\"4\" fill=\"#52606D\"/></svg>")});
+    for (const char *name : {"marked.png", "marked_hover.png"})
+        QCOMPARE(drawn(name).pixelColor(24, 8).alpha(), 255);
+    QCOMPARE(drawn("marked_removed.png").pixelColor(8, 8), QColor(0x9AA5B1));
+    QCOMPARE(drawn("marked_removed.png").pixelColor(24, 8).alpha(), 0);
 }
 
 void DrawPicturesTest::aTurningDrawingBecomesAnEndlessAnimation()
@@ -228,6 +242,9 @@ void DrawPicturesTest::aFaultyDrawingIsRefused_data()
                              << "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256";
     QTest::newRow("unknown state") << square("#FFFFFF", "data-states=\"hover glow\"")
                                    << "unknown state \"glow\" in data-states";
+    QTest::newRow("left out of no state")
+        << root + " data-states=\"hover\"><path data-not=\"removed\" fill=\"#FFFFFF\"/></svg>"
+        << "data-not=\"removed\" is none of data-states";
     QTest::newRow("colour by name") << square("red") << "\"red\" is no colour of the palette";
     QTest::newRow("foreign colour")
         << square("#123456") << "\"#123456\" is no colour of the palette";

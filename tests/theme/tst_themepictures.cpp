@@ -38,6 +38,39 @@ QStringList extensions()
         "pdf", "ppt", "psd", "swf", "ttf", "txt", "avi", "xls", "zip", "unknown"};
 }
 
+QStringList fileTypes()
+{
+    QStringList names {"folder"};
+    for (const QString &extension : extensions())
+        names.append(FileTypeMap::getInstance().getFiletypeMapping(extension, false).chopped(4));
+    return names;
+}
+
+// Where the badge of a removed file stands, and the gap around it.
+bool isInBadge(int x, int y)
+{
+    constexpr int kCentre = 50; // of 64 pixels
+    constexpr int kRadius = 19;
+    return (x - kCentre) * (x - kCentre) + (y - kCentre) * (y - kCentre) <= kRadius * kRadius;
+}
+
+// How many pixels hang together with the one at (x, y); takes them from the picture.
+int takeIsland(QImage &picture, int x, int y)
+{
+    QVector<QPoint> border {{x, y}};
+    int size = 0;
+    while (!border.isEmpty()) {
+        const QPoint point = border.takeLast();
+        if (!picture.valid(point) || qAlpha(picture.pixel(point)) < 64)
+            continue;
+        picture.setPixel(point, 0);
+        ++size;
+        for (const QPoint &step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
+            border.append(point + step);
+    }
+    return size;
+}
+
 // How different two pictures look at display size: the mean distance of their coverage.
 double difference(const QImage &a, const QImage &b)
 {
@@ -67,6 +100,8 @@ private Q_SLOTS:
     void everyPictureIsListedOnceAndDrawnAtFourTimesItsSize();
     void everyButtonHasAllStatesAndTheyDiffer();
     void everyFileTypeHasAPictureAndARemovedOne();
+    void aRemovedPictureDiffersByItsBadgeOnly();
+    void aBadgeLeavesNoScraps();
     void noTwoFileTypesLookAlike();
     void theShadowFadesEvenlyAndMeetsAtItsCorners();
     void theBusyAnimationTurns();
@@ -135,6 +170,43 @@ void ThemePicturesTest::everyFileTypeHasAPictureAndARemovedOne()
         }
     }
     QVERIFY(QFile::exists(QString(kImages) + "folder_removed.png"));
+}
+
+// Beside it, what the badge would leave scraps of is left out, and all is of one grey.
+void ThemePicturesTest::aRemovedPictureDiffersByItsBadgeOnly()
+{
+    for (const QString &name : fileTypes()) {
+        const QImage plain = stored(name);
+        const QImage removed = stored(name + "_removed");
+        QCOMPARE(removed.size(), plain.size());
+        for (int y = 0; y < plain.height(); ++y) {
+            for (int x = 0; x < plain.width(); ++x) {
+                if (isInBadge(x, y))
+                    continue;
+                const QRgb pixel = removed.pixel(x, y);
+                QVERIFY2(qAlpha(pixel) <= qAlpha(plain.pixel(x, y)), qPrintable(name));
+                QVERIFY2(qAlpha(pixel) < 255 || qRed(pixel) <= qBlue(pixel), qPrintable(name));
+            }
+        }
+        QCOMPARE(removed.pixelColor(50, 44), QColor(0xC93A3A));
+        QCOMPARE(removed.pixelColor(50, 50), QColor(Qt::white));
+    }
+}
+
+void ThemePicturesTest::aBadgeLeavesNoScraps()
+{
+    constexpr int kSmallest = 36; // what a single dot of the pen covers
+    for (const QString &name : fileTypes()) {
+        QImage removed = stored(name + "_removed");
+        for (int y = 0; y < removed.height(); ++y) {
+            for (int x = 0; x < removed.width(); ++x) {
+                const int size = takeIsland(removed, x, y);
+                const QString scrap =
+                    QString("%1: %2 pixels at %3, %4").arg(name).arg(size).arg(x).arg(y);
+                QVERIFY2(size == 0 || size >= kSmallest, qPrintable(scrap));
+            }
+        }
+    }
 }
 
 void ThemePicturesTest::noTwoFileTypesLookAlike()
