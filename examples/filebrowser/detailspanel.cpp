@@ -22,7 +22,6 @@ constexpr int kMargin = 16;
 constexpr int kGap = 12;
 constexpr int kSmallGap = 8;
 constexpr int kFactGap = 4;
-constexpr int kCaptionWidth = 84;
 
 const QString kNothing = QString::fromUtf8("–"); // clazy:exclude=non-pod-global-static
 
@@ -87,7 +86,6 @@ DetailsPanel::DetailsPanel(QWidget *parent)
     auto *facts = new QGridLayout;
     facts->setHorizontalSpacing(scaled(kSmallGap));
     facts->setVerticalSpacing(scaled(kFactGap));
-    facts->setColumnMinimumWidth(0, scaled(kCaptionWidth));
     facts->setColumnStretch(1, 1);
     addFact(facts, "fact_size", m_size);
     addFact(facts, "fact_modified", m_modified);

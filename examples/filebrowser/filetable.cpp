@@ -8,12 +8,15 @@
 
 #include <vemo/tooltiptext.h>
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QtMath>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -21,6 +24,7 @@ namespace {
 enum Column { NameColumn, SizeColumn, KindColumn, DateColumn };
 
 constexpr int kIconSize = 16; // design pixels
+constexpr int kCellPadding = 20; // design pixels, at both sides together
 
 /// Shows a name that may hold anything, and gives the editor the name as it is.
 class NameItem : public QTableWidgetItem
@@ -35,13 +39,27 @@ public:
     }
 };
 
+/// As wide as the widest of the texts, in design pixels.
+int widthOf(const QStringList &texts)
+{
+    const QFontMetrics metrics(QApplication::font());
+    int width = 0;
+    for (const QString &sample : texts)
+        width = std::max(width, metrics.horizontalAdvance(sample));
+    return qCeil(width / DPIinfo::getInstance().getDPI()) + kCellPadding;
+}
+
+/// Dates and sizes are written differently in each language.
 VemoTableColumnsInfo columns()
 {
+    const QString size = sizeText(1000 * 1024 + 900);
+    const QString morning = dateText(QDateTime(QDate(2028, 12, 28), QTime(10, 58)));
+    const QString evening = dateText(QDateTime(QDate(2028, 12, 28), QTime(22, 58)));
     VemoTableColumnsInfo info;
-    info.addColumn(text("column_name"), 200, true, 0.66);
-    info.addColumn(text("column_size"), 84, false, 0.0);
-    info.addColumn(text("column_kind"), 110, true, 0.34);
-    info.addColumn(text("column_modified"), 148, true, 0.0);
+    info.addColumn(text("column_name"), 180, true, 0.66);
+    info.addColumn(text("column_size"), widthOf({size, text("column_size")}), false, 0.0);
+    info.addColumn(text("column_kind"), 100, true, 0.34);
+    info.addColumn(text("column_modified"), widthOf({morning, evening}), true, 0.0);
     return info;
 }
 
