@@ -14,6 +14,7 @@
 
 #include <QDir>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QSet>
 #include <QSignalBlocker>
 
@@ -278,5 +279,7 @@ void FolderTree::makeCurrent(Item *item)
     const QSignalBlocker quiet(this);
     setCurrentItem(item);
     scrollToItem(item, QAbstractItemView::PositionAtCenter);
+    // Sideways no further than needed.
+    horizontalScrollBar()->setValue(0);
     updateScrollArea(item);
 }
