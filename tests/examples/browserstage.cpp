@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "browserstage.h"
+
+#include "examples/filebrowser/look.h"
+
+#include <vemo/helpwindow.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QTemporaryDir>
+#include <QTextDocument>
+#include <QtTest>
+
+namespace {
+
+constexpr int kWatchTime = 500; // milliseconds
+constexpr int kWatchTimes = 20;
+
+void startOnce()
+{
+    static const QTemporaryDir userFolder;
+    static const bool isStarted = startLook(userFolder.path(), "enu");
+    QVERIFY(isStarted);
+    // Nobody answers there, so that the local pages are shown at once.
+    HelpWindow::setKnowledgeBaseUrl(QUrl("https://127.0.0.1:1"));
+}
+
+/// An X server tells late that a pop-up has the focus. Nobody is quicker than that, but a test is,
+/// and would see the focus taken away from what comes after the pop-up.
+bool isSettled(const QWidget *popup)
+{
+    return QGuiApplication::platformName() != QLatin1String("xcb")
+        || QGuiApplication::focusWindow() == popup->windowHandle();
+}
+
+} // namespace
+
+BrowserStage::BrowserStage()
+{
+    qputenv("HOME", home.path().toUtf8());
+    qputenv("XDG_DATA_HOME", trash.path().toUtf8());
+    startOnce();
+    QObject::connect(&m_watch, &QTimer::timeout, [this] { watchForgottenSheets(); });
+    m_watch.start(kWatchTime);
+}
+
+/// A sheet that the test didn't reckon with would hold it up for ever.
+void BrowserStage::watchForgottenSheets()
+{
+    VemoSheet *sheet = window ? openSheet(window.get()) : nullptr;
+    m_times_seen = sheet && sheet == m_seen ? m_times_seen + 1 : 0;
+    m_seen = sheet;
+    if (m_times_seen < kWatchTimes)
+        return;
+    QTest::qFail(qPrintable("Nobody answered: " + wordsOf(sheet)), __FILE__, __LINE__);
+    QMetaObject::invokeMethod(sheet, "quit");
+}
+
+void BrowserStage::open(const QString &folder)
+{
+    window = std::make_unique<FileWindow>(folder.isEmpty() ? home.path() : folder);
+    window->show();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    waitUntilRead();
+}
+
+void BrowserStage::waitUntilRead() const
+{
+    QTRY_VERIFY(!window->isReading());
+    QCoreApplication::processEvents();
+}
+
+QStringList BrowserStage::names() const
+{
+    QStringList names;
+    for (const FileEntry &entry : window->table()->entries())
+        names += entry.name;
+    return names;
+}
+
+int BrowserStage::rowOf(const QString &name) const
+{
+    return names().indexOf(name);
+}
+
+QPoint BrowserStage::placeOf(const QString &name) const
+{
+    const QTableWidgetItem *item = table()->item(rowOf(name), 0);
+    if (!item)
+        QTest::qFail(qPrintable("There is no row " + name), __FILE__, __LINE__);
+    table()->scrollToItem(item);
+    return table()->visualItemRect(item).center();
+}
+
+QString BrowserStage::footer() const
+{
+    QStringList texts;
+    for (const QLabel *label : part<QWidget>("pagingBar")->findChildren<QLabel *>()) {
+        if (!label->text().isEmpty())
+            texts += label->text();
+    }
+    return texts.join(" | ");
+}
+
+void BrowserStage::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(window->windowHandle(), key, modifiers);
+}
+
+void BrowserStage::type(const QString &letters) const
+{
+    for (const QChar letter : letters)
+        QTest::sendKeyEvent(
+            QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, letter, Qt::NoModifier);
+}
+
+void BrowserStage::click(QWidget *widget, const QPoint &place) const
+{
+    QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, place);
+}
+
+void BrowserStage::clickRow(const QString &name, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, modifiers, placeOf(name));
+}
+
+void BrowserStage::doubleClickRow(const QString &name) const
+{
+    const QPoint place = placeOf(name);
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(table()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+}
+
+OnSheets::OnSheets(const BrowserStage &stage, std::vector<Act> acts, const char *name)
+    : m_window(stage.window.get()), m_acts(std::move(acts)), m_name(QLatin1String(name))
+{
+    QObject::connect(&m_timer, &QTimer::timeout, this, [this] { look(); });
+    m_timer.start(1);
+}
+
+bool OnSheets::isDone() const
+{
+    return m_next == m_acts.size() && !(m_window && openSheet(m_window));
+}
+
+void OnSheets::look()
+{
+    VemoSheet *sheet = m_window ? openSheet(m_window) : nullptr;
+    const bool counts = sheet && (m_name.isEmpty() || sheet->objectName() == m_name);
+    if (!counts || sheet == m_last)
+        return;
+    m_last = sheet;
+    if (m_next < m_acts.size())
+        m_acts.at(m_next++)(sheet);
+    else
+        QTest::qFail(qPrintable("Unexpected: " + wordsOf(sheet)), __FILE__, __LINE__);
+    // Otherwise the test would wait for it for ever.
+    if (QTest::currentTestFailed() && m_last)
+        QMetaObject::invokeMethod(m_last, "quit");
+}
+
+OnPopup::OnPopup(std::function<void(QWidget *)> act) : m_act(std::move(act))
+{
+    QObject::connect(&m_timer, &QTimer::timeout, this, [this] {
+        QWidget *popup = QApplication::activePopupWidget();
+        if (!popup || !isSettled(popup))
+            return;
+        m_timer.stop();
+        m_act(popup);
+        m_isDone = true;
+        if (QTest::currentTestFailed())
+            popup->close();
+    });
+    m_timer.start(1);
+}
+
+SheetLog::SheetLog()
+{
+    qApp->installEventFilter(this);
+}
+
+bool SheetLog::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show && qobject_cast<VemoSheet *>(watched))
+        shown += watched->objectName();
+    return false;
+}
+
+VemoSheet *openSheet(const QWidget *window)
+{
+    VemoSheet *top = nullptr;
+    for (VemoSheet *sheet : window->findChildren<VemoSheet *>()) {
+        if (sheet->isVisible())
+            top = sheet;
+    }
+    return top;
+}
+
+QString wordsOf(const VemoSheet *sheet)
+{
+    QStringList words;
+    for (const QLabel *label : sheet->findChildren<QLabel *>()) {
+        QTextDocument document;
+        document.setHtml(label->text());
+        words += document.toPlainText().remove(QChar(0x200B));
+    }
+    return words.join('\n');
+}

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "diskfolder.h"
+#include "examples/filebrowser/filetable.h"
+#include "examples/filebrowser/filewindow.h"
+
+#include <vemo/vemosheet.h>
+
+#include <QPointer>
+#include <QTableWidget>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// The file browser on a folder of its own, which is also the home folder, with its own trash. The
+/// first one in a process starts the look, in English.
+///
+///     BrowserStage stage;
+///     stage.home.write("a.txt", "hello");
+///     stage.open();
+///     stage.clickRow("a.txt");
+///     stage.press(Qt::Key_F2);
+class BrowserStage
+{
+public:
+    BrowserStage();
+    Q_DISABLE_COPY(BrowserStage)
+
+    /// Opens the window and waits until it has read its folder.
+    void open(const QString &folder = {});
+    void waitUntilRead() const;
+
+    QTableWidget *table() const { return window->table()->getTable(); }
+    QStringList names() const; ///< In the order of the rows.
+    int rowOf(const QString &name) const;
+    QPoint placeOf(const QString &name) const; ///< In the table's viewport.
+    QString footer() const;
+
+    /// With the keyboard of the window, so that it goes where the focus is.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void type(const QString &letters) const;
+    void click(QWidget *widget, const QPoint &place = {}) const;
+    void clickRow(const QString &name, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void doubleClickRow(const QString &name) const;
+
+    template <typename Widget = QWidget> Widget *part(const char *name) const
+    {
+        return window->findChild<Widget *>(QLatin1String(name));
+    }
+
+    DiskFolder home;
+    DiskFolder trash;
+    std::unique_ptr<FileWindow> window;
+
+private:
+    void watchForgottenSheets();
+
+    QTimer m_watch;
+    QPointer<VemoSheet> m_seen;
+    int m_times_seen = 0;
+};
+
+/// Does one thing after another, each as soon as another sheet is over the window than before.
+/// Armed before the sheet opens, which runs a loop of its own.
+///
+///     OnSheets driver(stage, {[&](VemoSheet *sheet) { ... }});
+///     stage.press(Qt::Key_Delete);
+///     QTRY_VERIFY(driver.isDone());
+class OnSheets : public QObject
+{
+public:
+    using Act = std::function<void(VemoSheet *)>;
+
+    /// With a name only sheets of that name count.
+    OnSheets(const BrowserStage &stage, std::vector<Act> acts, const char *name = nullptr);
+
+    /// All has been done, and no sheet is open any more.
+    bool isDone() const;
+
+private:
+    void look();
+
+    QPointer<FileWindow> m_window;
+    std::vector<Act> m_acts;
+    QString m_name;
+    size_t m_next = 0;
+    QPointer<VemoSheet> m_last;
+    QTimer m_timer;
+};
+
+/// Acts on the next pop-up of any kind: a menu runs a loop of its own, too.
+class OnPopup : public QObject
+{
+public:
+    explicit OnPopup(std::function<void(QWidget *)> act);
+    bool isDone() const { return m_isDone; }
+
+private:
+    std::function<void(QWidget *)> m_act;
+    QTimer m_timer;
+    bool m_isDone = false;
+};
+
+/// The names of the sheets that are shown while it lives, also of one that goes at once.
+class SheetLog : public QObject
+{
+public:
+    SheetLog();
+    QStringList shown;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};
+
+VemoSheet *openSheet(const QWidget *window);
+/// What a sheet says, without markup.
+QString wordsOf(const VemoSheet *sheet);
