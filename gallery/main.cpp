@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/commandline.h"
+#include "gallery/demotexts.h"
 #include "gallery/gallerywindow.h"
 #include "gallery/look.h"
 #include "gallery/screenshots.h"
@@ -64,6 +65,7 @@ int run(QtSingleApplication &app, const Options &options)
                         .arg(options.userFolder),
             kFailure);
     installGalleryStyle();
+    setDemoLanguage(options.language);
     if (options.screenshots.isEmpty())
         return runWindow(app, options);
     const QString error = writeScreenshots(options);

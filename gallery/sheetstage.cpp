@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/sheetstage.h"
+#include "gallery/demotexts.h"
 
 #include "core/scaling_p.h"
 
@@ -21,7 +22,7 @@ void fill(QWidget *window)
 {
     auto *column = new QVBoxLayout(window);
     for (int i = 1; i <= kFields; ++i) {
-        auto *field = new QLineEdit(QString("Report %1, sent to everybody in the team").arg(i));
+        auto *field = new QLineEdit(demo("report_line").arg(i));
         field->setStyleSheet(getStyleSheet("component.lineedit"));
         column->addWidget(field);
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
@@ -72,7 +73,7 @@ VemoFilterBar *filterBar(const QString &text)
     auto *bar = new VemoFilterBar;
     bar->setFixedWidth(scaled(kFilterWidth));
     bar->setAccessibleName("Filter");
-    bar->setPlaceholderText("Filter, then press Return");
+    bar->setPlaceholderText(demo("filter_hint"));
     bar->setText(text);
     return bar;
 }
@@ -81,8 +82,8 @@ VemoFilterBar *withMenu(VemoFilterBar *bar)
 {
     auto *menu = new VemoMenu(bar);
     menu->setStyleSheet(getStyleSheet("component.menu"));
-    for (const char *kind : {"All files", "Documents", "Pictures", "Archives"}) {
-        QAction *action = menu->addAction(kind);
+    for (const char *kind : {"all_files", "documents", "pictures", "archives"}) {
+        QAction *action = menu->addAction(demo(kind));
         action->setCheckable(true);
         action->setChecked(menu->actions().size() == 1);
     }

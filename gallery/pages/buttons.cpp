@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 #include "gallery/snapshot.h"
@@ -17,17 +18,17 @@ struct Role
 {
     int role;
     const char *name;
-    const char *caption;
+    const char *caption; ///< a key of demo(), or a page number
     const char *german;
     const char *chinese;
 };
 
 constexpr Role kRoles[] = {
-    {VemoButton::APPLY, "APPLY", "Save", "Änderungen übernehmen und schließen", "保存更改并关闭"},
-    {VemoButton::CANCEL, "CANCEL", "Cancel", "Abbrechen, ohne zu speichern", "取消而不保存"},
-    {VemoButton::DEFAULT, "DEFAULT", "Restore", "Auf Werkseinstellungen zurücksetzen",
+    {VemoButton::APPLY, "APPLY", "save", "Änderungen übernehmen und schließen", "保存更改并关闭"},
+    {VemoButton::CANCEL, "CANCEL", "cancel", "Abbrechen, ohne zu speichern", "取消而不保存"},
+    {VemoButton::DEFAULT, "DEFAULT", "restore", "Auf Werkseinstellungen zurücksetzen",
         "恢复出厂设置"},
-    {VemoButton::RED, "RED", "Delete", "Unwiderruflich vom Datenträger löschen", "从磁盘永久删除"},
+    {VemoButton::RED, "RED", "delete", "Unwiderruflich vom Datenträger löschen", "从磁盘永久删除"},
     {VemoButton::SELECT_PAGING, "SELECT_PAGING", "3", "1000", "三"},
     {VemoButton::NONSELECT_PAGING, "NONSELECT_PAGING", "4", "1001", "四"},
 };
@@ -64,12 +65,13 @@ VemoButton *newButton(const QString &caption, int role)
 
 QList<QWidget *> statesOf(const Role &role)
 {
+    const QString caption = demo(role.caption);
     const auto shot = [&](QStyle::State state) {
-        return sized(new ButtonSnapshot(role.caption, role.role, state), role.role);
+        return sized(new ButtonSnapshot(caption, role.role, state), role.role);
     };
-    return {note(role.name), newButton(role.caption, role.role), shot(QStyle::State_None),
+    return {note(role.name), newButton(caption, role.role), shot(QStyle::State_None),
         shot(QStyle::State_MouseOver), shot(QStyle::State_Sunken), shot(QStyle::State_HasFocus),
-        disabled(newButton(role.caption, role.role))};
+        disabled(newButton(caption, role.role))};
 }
 
 void addRoles(Page &page)
@@ -138,8 +140,8 @@ VemoIconButton *menuButton()
 {
     auto *button = named(new VemoIconButton("bt_more"), "More");
     auto *menu = new QMenu(button);
-    for (const char *text : {"Rename", "Duplicate", "Delete"})
-        menu->addAction(text);
+    for (const char *key : {"rename", "duplicate", "delete"})
+        menu->addAction(demo(key));
     button->setMenu(menu);
     return button;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
 #include "gallery/controlsnapshots.h"
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
@@ -21,6 +22,7 @@ QStringList states()
 }
 
 constexpr const char *kText = "Text";
+constexpr int kEditableWidth = 96; // design pixels
 
 template <typename Widget> Widget *named(Widget *widget, const QString &name)
 {
@@ -60,9 +62,10 @@ void addCheckBoxes(Page &page)
     page.addTable(states(),
         {statesOf("Unchecked", Qt::Unchecked), statesOf("Checked", Qt::Checked),
             statesOf("Indeterminate", Qt::PartiallyChecked)});
-    page.addRow({new VemoCheckBox("Keep a copy on this computer"),
+    page.addRow({new VemoCheckBox(demo("keep_copy")),
         new VemoCheckBox("Eine Kopie auf diesem Rechner behalten"),
-        new VemoCheckBox("在此计算机上保留副本"), disabled(new VemoCheckBox("Not available"))});
+        new VemoCheckBox("在此计算机上保留副本"),
+        disabled(new VemoCheckBox(demo("not_available")))});
     page.addCode("auto *keep = new VemoCheckBox(tr(\"Keep a copy on this computer\"), page);");
 }
 
@@ -90,16 +93,17 @@ void addRadioButtons(Page &page)
 {
     page.addSection("Radio buttons");
     page.addTable(states(), {statesOf("Off", false), statesOf("On", true)});
-    auto *daily = new VemoRadioButton("Daily");
+    auto *daily = new VemoRadioButton(demo("daily"));
     daily->setChecked(true);
     page.addRow({daily, new VemoRadioButton("Wöchentlich, jeweils am Montag"),
-        new VemoRadioButton("每月第一天"), disabled(new VemoRadioButton("Not available"))});
+        new VemoRadioButton("每月第一天"), disabled(new VemoRadioButton(demo("not_available")))});
     page.addCode("auto *daily = new VemoRadioButton(tr(\"Daily\"), page);");
 }
 
 QStringList periods()
 {
-    return {"Minutes", "Hours", "Days", "Weeks", "Months", "Quarters", "Years"};
+    return {demo("minutes"), demo("hours"), demo("days"), demo("weeks"), demo("months"),
+        demo("quarters"), demo("years")};
 }
 
 VemoComboBox *newComboBox(const QStringList &items)
@@ -124,7 +128,7 @@ QPixmap openList()
 void addComboBoxes(Page &page)
 {
     const auto shot = [](QStyle::State state) {
-        return named(new ComboBoxSnapshot("Minutes", state), "Period");
+        return named(new ComboBoxSnapshot(demo("minutes"), state), "Period");
     };
     page.addSection("Combo boxes", "The list opens two pixels below the box, wherever it stands.");
     page.addTable(states(),
@@ -133,6 +137,8 @@ void addComboBoxes(Page &page)
             disabled(newComboBox(periods()))}});
     VemoComboBox *editable = newComboBox(periods());
     editable->setEditable(true);
+    // By its own hint the field would be a little too narrow for the widest item.
+    editable->setMinimumWidth(scaled(kEditableWidth));
     page.addRow({captioned(picture(openList()), "The open list"), captioned(editable, "Editable"),
         captioned(newComboBox({"Jede volle Stunde", "Täglich um Mitternacht"}), "German"),
         captioned(newComboBox({"每天午夜", "每小时"}), "Chinese")});
@@ -149,20 +155,21 @@ void fill(QMenu *menu)
         return action;
     };
     menu->setStyleSheet(getStyleSheet("component.menu"));
-    menu->addAction(QIcon(getGlobalImage("bt_folder")), "Open")
+    menu->addAction(QIcon(getGlobalImage("bt_folder")), demo("open"))
         ->setShortcut(QKeySequence("Ctrl+O"));
-    menu->addAction(QIcon(getGlobalImage("bt_edit")), "Rename")->setShortcut(QKeySequence("F2"));
-    menu->addAction("Move")->setEnabled(false);
+    menu->addAction(QIcon(getGlobalImage("bt_edit")), demo("rename"))
+        ->setShortcut(QKeySequence("F2"));
+    menu->addAction(demo("move"))->setEnabled(false);
     menu->addSeparator();
-    addCheckable("Show hidden files", true);
-    addCheckable("Show previews", false);
-    addCheckable("Show sizes", true)->setEnabled(false);
+    addCheckable(demo("show_hidden"), true);
+    addCheckable(demo("show_previews"), false);
+    addCheckable(demo("show_sizes"), true)->setEnabled(false);
     menu->addSeparator();
-    QMenu *share = menu->addMenu("Share");
+    QMenu *share = menu->addMenu(demo("share"));
     share->setStyleSheet(getStyleSheet("component.menu"));
-    share->addAction("By link");
-    share->addAction("By mail");
-    menu->addMenu("Export")->setEnabled(false);
+    share->addAction(demo("by_link"));
+    share->addAction(demo("by_mail"));
+    menu->addMenu(demo("export"))->setEnabled(false);
 }
 
 QPixmap openMenu()
@@ -177,7 +184,7 @@ QPixmap openMenu()
 
 void addMenus(Page &page)
 {
-    auto *button = new VemoButton("Open the menu", VemoButton::CANCEL);
+    auto *button = new VemoButton(demo("open_menu"), VemoButton::CANCEL);
     auto *menu = new VemoMenu(button);
     fill(menu);
     QObject::connect(button, &VemoButton::clicked, menu,

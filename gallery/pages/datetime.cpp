@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
@@ -21,7 +22,7 @@
 namespace {
 
 // In design pixels.
-constexpr int kFieldWidth = 180;
+constexpr int kFieldWidth = 224;
 constexpr int kTimeWidth = 200;
 constexpr int kGap = 12;
 
@@ -105,7 +106,7 @@ void limit(VemoCalanderView *calendar)
 /// What a date field looks like when it is open.
 QPixmap openField(bool isLimited)
 {
-    VemoDateSelector field("Any date", nullptr);
+    VemoDateSelector field(demo("any_date"), nullptr);
     VemoCalanderView *calendar = field.getCalendarView();
     if (isLimited)
         limit(calendar);
@@ -118,17 +119,17 @@ QPixmap openField(bool isLimited)
 void addFields(Page &page)
 {
     const SignalLog log;
-    VemoDateSelector *any = dateField("Any date", "Date");
-    VemoDateSelector *limited = dateField("Within ten days", "Date within ten days");
+    VemoDateSelector *any = dateField(demo("any_date"), "Date");
+    VemoDateSelector *limited = dateField(demo("within_ten_days"), "Date within ten days");
     limit(limited->getCalendarView());
-    VemoDateSelector *chosen = dateField("Any date", "Chosen date");
+    VemoDateSelector *chosen = dateField(demo("any_date"), "Chosen date");
     chosen->dateSelect(QDate::currentDate());
-    VemoDateSelector *disabled = dateField("Any date", "Disabled date");
+    VemoDateSelector *disabled = dateField(demo("any_date"), "Disabled date");
     disabled->setEnabled(false);
     log.watch("Live", any);
     log.watch("Limited", limited);
     log.watch("Chosen", chosen);
-    auto *clear = new VemoButton("Clear", VemoButton::CANCEL);
+    auto *clear = new VemoButton(demo("clear"), VemoButton::CANCEL);
     QObject::connect(clear, &VemoButton::clicked, any, &VemoDateSelector::clearDate);
 
     page.addSection("Date fields", "A field opens a whole calendar, and shows what is picked.");
@@ -198,13 +199,13 @@ QWidget *livingTime(const SignalLog &log)
 {
     VemoTimeComboBox *box = timeBox(true, "Time");
     log.watchIndex("Live", box);
-    auto *editable = new VemoCheckBox("Editable");
+    auto *editable = new VemoCheckBox(demo("editable"));
     editable->setChecked(true);
     QObject::connect(
         editable, &VemoCheckBox::toggled, box, [box](bool isOn) { box->setEditable(isOn); });
     auto *custom = new VemoLineEdit;
     custom->setFixedWidth(scaled(kTimeWidth));
-    custom->getLineEdit()->setPlaceholderText("Custom text");
+    custom->getLineEdit()->setPlaceholderText(demo("custom_text"));
     custom->getLineEdit()->setAccessibleName("Custom text");
     QObject::connect(custom->getLineEdit(), &QLineEdit::textChanged, box,
         [box](const QString &text) { box->setCustomText(text); });
@@ -223,7 +224,7 @@ void addTimes(Page &page)
         "An emptied field returns to 08:00.");
     page.addRow({captioned(livingTime(log), "Live")});
     page.addRow({captioned(plain, "Not editable"), captioned(disabled, "Disabled")});
-    page.addRow({captioned(customTimeBox("07:45", "(own time)", "Own time"), "Custom text"),
+    page.addRow({captioned(customTimeBox("07:45", demo("own_time"), "Own time"), "Custom text"),
         captioned(customTimeBox("07:45", "(selbst gewählt)", "German time"), "German"),
         captioned(customTimeBox("07:45", "（自定义）", "Chinese time"), "Chinese")});
     page.add(log.label());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
 #include "gallery/controlsnapshots.h"
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
@@ -27,7 +28,7 @@ VemoLineEdit *newEdit(const QString &text)
 
 VemoLineEdit *newSnapshot(QStyle::State state, bool error)
 {
-    auto *edit = new LineEditSnapshot("Invoice", state);
+    auto *edit = new LineEditSnapshot(demo("invoice"), state);
     edit->setError(error);
     edit->getLineEdit()->setAccessibleName("File name");
     return sized(edit);
@@ -36,14 +37,14 @@ VemoLineEdit *newSnapshot(QStyle::State state, bool error)
 VemoLineEdit *newPlaceholder(bool error)
 {
     VemoLineEdit *edit = newEdit({});
-    edit->getLineEdit()->setPlaceholderText("File name");
+    edit->getLineEdit()->setPlaceholderText(demo("name"));
     edit->setError(error);
     return edit;
 }
 
 VemoLineEdit *newReadOnly(bool error)
 {
-    VemoLineEdit *edit = newEdit("Invoice");
+    VemoLineEdit *edit = newEdit(demo("invoice"));
     edit->getLineEdit()->setReadOnly(true);
     edit->setError(error);
     return edit;
@@ -51,7 +52,7 @@ VemoLineEdit *newReadOnly(bool error)
 
 VemoLineEdit *newDisabled(bool error)
 {
-    VemoLineEdit *edit = newEdit("Invoice");
+    VemoLineEdit *edit = newEdit(demo("invoice"));
     edit->setError(error);
     edit->setEnabled(false);
     return edit;
@@ -83,8 +84,8 @@ bool isNumberOfDays(const QString &text)
 void addValidator(Page &page)
 {
     VemoLineEdit *days = newEdit("400");
-    days->getPreLabel()->setText("Keep deleted files for");
-    days->getPostLabel()->setText("days (1 to 365)");
+    days->getPreLabel()->setText(demo("keep_deleted"));
+    days->getPostLabel()->setText(demo("days_limit"));
     days->getLineEdit()->setAccessibleName(QString());
     days->setValidator(isNumberOfDays);
     days->setSpacing(4);
@@ -113,7 +114,7 @@ void addCaptions(Page &page)
     page.addSection("Captions and units",
         "An empty label still takes its place. Assistive tools hear the caption as the field's "
         "name.");
-    page.add(newCaptioned("Name", "Quarterly report", {}));
+    page.add(newCaptioned(demo("name"), demo("report"), {}));
     page.add(newCaptioned("Höchstgeschwindigkeit der Datenübertragung",
         "Donaudampfschifffahrtsgesellschaft", "Megabit je Sekunde"));
     page.add(newCaptioned("文件传输的最高速度", "第三季度报告的最终版本", "兆比特每秒"));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
@@ -40,9 +41,9 @@ QWidget *framed(VemoFootbar *bar)
 void addBars(Page &page)
 {
     page.addSection("Two groups", "Widgets stand in the order in which they were pushed.");
-    page.add(framed(newBar({new VemoButton("Help", VemoButton::DEFAULT)},
-        {new VemoButton("Cancel", VemoButton::CANCEL),
-            new VemoButton("Save", VemoButton::APPLY)})));
+    page.add(framed(newBar({new VemoButton(demo("help"), VemoButton::DEFAULT)},
+        {new VemoButton(demo("cancel"), VemoButton::CANCEL),
+            new VemoButton(demo("save"), VemoButton::APPLY)})));
     page.add(framed(newBar({new VemoCheckBox("Nicht mehr fragen")},
         {new VemoButton("Abbrechen", VemoButton::CANCEL),
             new VemoButton("Änderungen übernehmen", VemoButton::APPLY)})));
@@ -56,10 +57,10 @@ bar->init();)");
 
 void addOneGroup(Page &page)
 {
-    VemoFootbar *tight = newBar({}, {new VemoButton("Close", VemoButton::CANCEL)});
+    VemoFootbar *tight = newBar({}, {new VemoButton(demo("close"), VemoButton::CANCEL)});
     tight->setMargins(8, 4, 8, 4);
     page.addSection("One group, other margins");
-    page.add(framed(newBar({new VemoButton("Close", VemoButton::CANCEL)}, {})));
+    page.add(framed(newBar({new VemoButton(demo("close"), VemoButton::CANCEL)}, {})));
     page.add(framed(tight));
     page.addCode("bar->setMargins(8, 4, 8, 4); // after init(), in design pixels");
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
@@ -12,14 +13,12 @@
 namespace {
 
 const char *const kTexts[] = {
-    "Deleted files stay in the archive for thirty days. After that they are gone for good, and "
-    "nobody can bring them back.",
     "Gelöschte Dateien bleiben dreißig Tage lang im Archiv. Danach sind sie endgültig entfernt und "
     "lassen sich nicht wiederherstellen.",
     "已删除的文件会在存档中保留三十天。此后，这些文件将被永久删除，任何人都无法恢复。",
 };
 
-VemoLabel *newWrappedLabel(const char *text, int width)
+VemoLabel *newWrappedLabel(const QString &text, int width)
 {
     auto *label = new VemoLabel(text);
     label->setWordWrap(true);
@@ -31,10 +30,10 @@ VemoLabel *newWrappedLabel(const char *text, int width)
 
 void addPlain(Page &page)
 {
-    auto *disabled = new VemoLabel("Not available in this version");
+    auto *disabled = new VemoLabel(demo("not_in_version"));
     disabled->setEnabled(false);
     page.addSection("Text labels");
-    page.addRow({captioned(new VemoLabel("Backup of this computer"), "Rest"),
+    page.addRow({captioned(new VemoLabel(demo("backup_computer")), "Rest"),
         captioned(disabled, "Disabled")});
     page.addCode("auto *title = new VemoLabel(tr(\"Backup of this computer\"), page);");
 }
@@ -43,6 +42,8 @@ void addWrapped(Page &page)
 {
     page.addSection("Wrapped text",
         "With word wrap and the vertical policy Minimum a label is never lower than its text.");
+    const QString own = demo("archive_note");
+    page.addRow({newWrappedLabel(own, 160), newWrappedLabel(own, 400)});
     for (const char *text : kTexts)
         page.addRow({newWrappedLabel(text, 160), newWrappedLabel(text, 400)});
     page.addCode(R"(label->setWordWrap(true);
@@ -72,15 +73,15 @@ LinkLabel *newLink(const QString &text, const QString &link)
 
 void addClickable(Page &page)
 {
-    LinkLabel *plain = newLink("Release notes", "https://vemo.invalid/notes");
+    LinkLabel *plain = newLink(demo("release_notes"), "https://vemo.invalid/notes");
     plain->setHoverUnderline(false);
-    LinkLabel *disabled = newLink("Store", "https://vemo.invalid/store");
+    LinkLabel *disabled = newLink(demo("store"), "https://vemo.invalid/store");
     disabled->setEnabled(false);
     page.addSection("Labels to press",
         "A clickable label reports each press. A link label also shows a hand, and underlines its "
         "text, under the pointer; opening the link is left to its owner.");
     page.addRow({captioned(newCountingLabel(), "ClickableLabel"),
-        captioned(newLink("Licence terms", "https://vemo.invalid/licence"), "LinkLabel"),
+        captioned(newLink(demo("licence"), "https://vemo.invalid/licence"), "LinkLabel"),
         captioned(plain, "Without underline"), captioned(disabled, "Disabled")});
     page.addCode(R"(auto *link = new LinkLabel(tr("Licence terms"), about);
 link->setHyperLink("https://vemo.invalid/licence");

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 #include "gallery/sheetstage.h"
@@ -32,9 +33,9 @@ QString longText()
 
 Sheet *newDoubleConfirm(QWidget *window)
 {
-    auto *sheet = new Sheet(Sheet::WarningConfirm, "Delete the folder for good?",
-        "All 1,204 files in it are removed from the server.", window);
-    sheet->setDoubleConfirmCheckBox(true, "I know that nobody can bring them back.");
+    auto *sheet =
+        new Sheet(Sheet::WarningConfirm, demo("delete_folder"), demo("files_removed"), window);
+    sheet->setDoubleConfirmCheckBox(true, demo("no_way_back"));
     return sheet;
 }
 
@@ -147,9 +148,7 @@ void addLooks(Page &page)
 {
     page.addSection("As they look");
     page.addRow({stage(kStage,
-                     [](QWidget *w) {
-                         return new Sheet(Sheet::Confirm, "Send the report to the archive?", w);
-                     }),
+                     [](QWidget *w) { return new Sheet(Sheet::Confirm, demo("send_report"), w); }),
         stage(kStage, newDoubleConfirm)});
     page.addRow({stage(kStage,
                      [](QWidget *w) {
@@ -157,10 +156,9 @@ void addLooks(Page &page)
                              MsgBoxCustomBtnText("Änderungen übernehmen", "Verwerfen"), w);
                      }),
         stage(kStage, [](QWidget *w) { return new Sheet(Sheet::Warning, kChinese, w); })});
-    page.addRow({stage(kStage, [](QWidget *w) { return new Sheet("Copying ...", kBusy, w); }),
-        stage(kNarrowStage, [](QWidget *w) {
-            return new Sheet(Sheet::ConfirmReset, "Keep the settings in this narrow window?", w);
-        })});
+    page.addRow({stage(kStage, [](QWidget *w) { return new Sheet(demo("copying"), kBusy, w); }),
+        stage(kNarrowStage,
+            [](QWidget *w) { return new Sheet(Sheet::ConfirmReset, demo("keep_settings"), w); })});
 }
 
 void build(Page &page)

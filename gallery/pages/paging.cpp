@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
@@ -21,9 +22,9 @@ constexpr int kListHeight = 320; // design pixels
 VemoTableColumnsInfo columns()
 {
     VemoTableColumnsInfo columns;
-    columns.addColumn("Name", 200, true, 1.0);
-    columns.addColumn("Type", 120, true, 0.0);
-    columns.addColumn("Size", 90, false, 0.0);
+    columns.addColumn(demo("name"), 200, true, 1.0);
+    columns.addColumn(demo("type"), 120, true, 0.0);
+    columns.addColumn(demo("size"), 120, false, 0.0);
     return columns;
 }
 
@@ -62,8 +63,8 @@ private:
             fillRow(item - first, item);
         m_table.getTable()->scrollToTop();
         const QLocale locale;
-        m_bar.setFooterInfos({{QString("%1 items").arg(locale.toString(kItems)), 0},
-            {QString("%1 to %2").arg(locale.toString(first + 1), locale.toString(end)), 120}});
+        m_bar.setFooterInfos({{demo("items").arg(locale.toString(kItems)), 0},
+            {demo("range").arg(locale.toString(first + 1), locale.toString(end)), 120}});
     }
     void fillRow(int row, int item)
     {
@@ -108,19 +109,21 @@ VemoPagingBar *withoutRefresh(VemoPagingBar *bar)
 void addPositions(Page &page)
 {
     page.addSection("Where the list stands", "The current page is always in the middle.");
-    page.add(withFooter(barAt(1, 1), {{"Only page", 0}}));
-    page.add(withFooter(barAt(1, 7), {{"First of 7", 0}}));
-    page.add(withFooter(barAt(4, 7), {{"Fourth of 7", 0}}));
-    page.add(withFooter(barAt(7, 7), {{"Last of 7", 0}}));
-    page.add(withFooter(barAt(19'999, 20'000), {{"1,000,000 items", 0}}));
-    page.add(withFooter(barAt(5, 3), {{"Beyond the last, after items were removed", 0}}));
+    page.add(withFooter(barAt(1, 1), {{demo("only_page"), 0}}));
+    page.add(withFooter(barAt(1, 7), {{demo("page_of_7").arg(1), 0}}));
+    page.add(withFooter(barAt(4, 7), {{demo("page_of_7").arg(4), 0}}));
+    page.add(withFooter(barAt(7, 7), {{demo("page_of_7").arg(7), 0}}));
+    page.add(
+        withFooter(barAt(19'999, 20'000), {{demo("items").arg(QLocale().toString(1'000'000)), 0}}));
+    page.add(withFooter(barAt(5, 3), {{demo("beyond_last"), 0}}));
 }
 
 void addFooters(Page &page)
 {
     page.addSection("Footer labels", "From right to left, each with a separator at its right.");
-    page.add(withFooter(barAt(4, 7), {{"350 items", 0}, {"3 selected", 120}, {"1.2 GB", 0}}));
-    page.add(withoutRefresh(withFooter(barAt(4, 7), {{"No refresh button", 0}})));
+    page.add(withFooter(
+        barAt(4, 7), {{demo("items").arg(350), 0}, {demo("selected"), 140}, {"1.2 GB", 0}}));
+    page.add(withoutRefresh(withFooter(barAt(4, 7), {{demo("no_refresh"), 0}})));
     page.add(withFooter(barAt(4, 7), {{"350 Einträge, davon 3 ausgewählt", 0}}));
     page.add(withFooter(barAt(4, 7), {{"共 350 项，已选择 3 项", 0}}));
     page.addCode(R"(bar->setFooterInfos({{"350 items", 0}, {"3 selected", 120}});

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 #include "gallery/sheetstage.h"
@@ -18,8 +19,8 @@ constexpr QSize kStage(420, 250);
 
 VemoSheet *newInput(QWidget *window)
 {
-    auto *sheet = new VemoInputSheet("Name of the new folder:", window);
-    sheet->getLineEdit()->setText("Reports 2026");
+    auto *sheet = new VemoInputSheet(demo("folder_name"), window);
+    sheet->getLineEdit()->setText(demo("report_folder"));
     sheet->getLineEdit()->selectAll();
     return sheet;
 }
@@ -55,8 +56,8 @@ VemoSheet *newOwnSheet(QWidget *window)
 {
     auto *content = new QWidget;
     auto *column = new QVBoxLayout(content);
-    column->addWidget(new VemoLabel("Any widget fits into the frame."));
-    auto *close = new VemoButton("Close", VemoButton::APPLY);
+    column->addWidget(new VemoLabel(demo("any_widget")));
+    auto *close = new VemoButton(demo("close"), VemoButton::APPLY);
     column->addWidget(close, 0, Qt::AlignRight);
     auto *sheet = new VemoSheet(window);
     sheet->setWidget(content);

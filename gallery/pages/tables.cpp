@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
@@ -32,14 +33,14 @@ VemoTableWidget *finished(VemoTableWidget *widget, const QString &name, int heig
 VemoTableWidget *fileTable()
 {
     VemoTableColumnsInfo columns;
-    columns.addColumn("Name", 160, true, 0.7);
-    columns.addColumn("Owner", 80, true, 0.3);
-    columns.addColumn("Changed", 110, true, 0.0);
-    columns.addColumn("Size", 80, false, 0.0);
+    columns.addColumn(demo("name"), 160, true, 0.7);
+    columns.addColumn(demo("owner"), 80, true, 0.3);
+    columns.addColumn(demo("changed"), 120, true, 0.0);
+    columns.addColumn(demo("size"), 112, false, 0.0);
     auto *widget = new VemoTableWidget(columns, nullptr);
     QTableWidget *table = widget->getTable();
-    addFile(table, "folder", {"Projects", "Ada", "2026-11-20", ""});
-    addFile(table, "pdf", {"Annual report.pdf", "Grace", "2026-11-18", "1.2 MB"});
+    addFile(table, "folder", {demo("projects"), "Ada", "2026-11-20", ""});
+    addFile(table, "pdf", {demo("annual_report") + ".pdf", "Grace", "2026-11-18", "1.2 MB"});
     addFile(
         table, "image", {"Jahresübersicht der Abteilungen.png", "Änne", "2026-10-02", "640 KB"});
     addFile(table, "doc", {"年度报告（最终版）.docx", "王小明", "2026-09-30", "88 KB"});
@@ -50,8 +51,8 @@ VemoTableWidget *fileTable()
 VemoTableWidget *sortedTable()
 {
     VemoTableColumnsInfo columns;
-    columns.addColumn("Number", 160, true, 0.5);
-    columns.addColumn("Square", 160, true, 0.5);
+    columns.addColumn(demo("number"), 160, true, 0.5);
+    columns.addColumn(demo("square"), 160, true, 0.5);
     auto *widget = new VemoTableWidget(columns, nullptr);
     QTableWidget *table = widget->getTable();
     table->setRowCount(200);
@@ -77,7 +78,7 @@ VemoTableWidget *wideTable()
 {
     VemoTableColumnsInfo columns;
     for (int column = 1; column <= 16; ++column)
-        columns.addColumn(QString("Column %1").arg(column), 120, true, 0.0);
+        columns.addColumn(demo("column").arg(column), 120, true, 0.0);
     auto *widget = new VemoTableWidget(columns, nullptr);
     QTableWidget *table = widget->getTable();
     table->setRowCount(3);
@@ -107,8 +108,8 @@ void build(Page &page)
     page.add(fileTable());
     page.addCode(R"(VemoTableColumnsInfo columns;
 columns.addColumn("Name", 160, true, 0.7); // at least 160 wide
-columns.addColumn("Changed", 110, true, 0.0);
-columns.addColumn("Size", 80, false, 0.0);
+columns.addColumn("Changed", 120, true, 0.0);
+columns.addColumn("Size", 112, false, 0.0);
 auto *files = new VemoTableWidget(columns, this);)");
     page.addSection("More rows than fit",
         "The header reaches over the scroll bar. Here the host "

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
@@ -77,10 +78,10 @@ void showMenu(VemoTreeWidget *tree, const QMouseEvent *event)
     auto *menu = new VemoMenu(tree);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setStyleSheet(getStyleSheet("component.menu"));
-    QAction *rename = menu->addAction("Rename");
+    QAction *rename = menu->addAction(demo("rename"));
     rename->setEnabled(item && (item->flags() & Qt::ItemIsEditable));
     QObject::connect(rename, &QAction::triggered, tree, [tree, item] { tree->editItem(item); });
-    QObject::connect(menu->addAction("Sort by name"), &QAction::triggered, tree,
+    QObject::connect(menu->addAction(demo("sort_by_name")), &QAction::triggered, tree,
         [tree] { tree->sortItems(0, Qt::AscendingOrder); });
     menu->popup(event->globalPos());
 }
@@ -88,12 +89,12 @@ void showMenu(VemoTreeWidget *tree, const QMouseEvent *event)
 VemoTreeWidget *folderTree()
 {
     VemoTreeWidget *tree = newTree("Folders", kTreeHeight);
-    FileSystemTreeWidgetItem *home = folder("home",
-        {folder("Documents", {folder("2025"), folder("2026")}), folder("Pictures"),
-            removedFolder("Old drafts (removed)"), readOnlyFolder("System (read-only)"),
+    FileSystemTreeWidgetItem *home = folder(demo("home"),
+        {folder(demo("documents"), {folder("2025"), folder("2026")}), folder(demo("pictures")),
+            removedFolder(demo("old_drafts")), readOnlyFolder(demo("system")),
             folder("Gemeinsame Projektunterlagen der Abteilungen"), folder("项目资料")});
     tree->addTopLevelItem(home);
-    tree->addTopLevelItem(folder("Shared", {folder("Team")}));
+    tree->addTopLevelItem(folder(demo("shared"), {folder(demo("team"))}));
     home->setExpanded(true);
     home->child(0)->setExpanded(true);
     tree->setCurrentItem(home->child(1));
@@ -105,8 +106,8 @@ VemoTreeWidget *folderTree()
 VemoTreeWidget *editedTree()
 {
     VemoTreeWidget *tree = newTree("A folder being renamed", kSmallTreeHeight);
-    tree->addTopLevelItem(folder("New folder"));
-    tree->addTopLevelItem(folder("Pictures"));
+    tree->addTopLevelItem(folder(demo("new_folder")));
+    tree->addTopLevelItem(folder(demo("pictures")));
     tree->editItem(tree->topLevelItem(0));
     return tree;
 }
@@ -115,11 +116,11 @@ VemoTreeWidget *checkedTree()
 {
     VemoTreeWidget *tree = newTree("Folders to check", kSmallTreeHeight);
     FileSystemTreeWidgetItem *documents =
-        checked(folder("Documents",
+        checked(folder(demo("documents"),
                     {checked(folder("2025"), Qt::Checked), checked(folder("2026"), Qt::Unchecked)}),
             Qt::PartiallyChecked);
     tree->addTopLevelItem(documents);
-    tree->addTopLevelItem(checked(folder("Pictures"), Qt::Checked));
+    tree->addTopLevelItem(checked(folder(demo("pictures")), Qt::Checked));
     documents->setExpanded(true);
     return tree;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The gallery's pages in every language, at the window's own size.
 #include "core/scaling_p.h"
+#include "gallery/demotexts.h"
 #include "gallery/gallerywindow.h"
 #include "gallery/languages.h"
 #include "gallery/look.h"
@@ -58,6 +59,12 @@ QMap<QString, QString> stringsOf(const QString &code)
     return strings;
 }
 
+void speak(const QString &code)
+{
+    ComponentStrings::getInstance().installStrings(stringsOf(code));
+    setDemoLanguage(code);
+}
+
 } // namespace
 
 void LanguagesTest::initTestCase()
@@ -80,7 +87,7 @@ void LanguagesTest::addLanguages()
 void LanguagesTest::aPageIsWholeAndWritesNoWarning()
 {
     QFETCH(QString, code);
-    ComponentStrings::getInstance().installStrings(stringsOf(code));
+    speak(code);
     Options options;
     options.language = code;
     options.userFolder = m_userFolder.path();
@@ -105,7 +112,7 @@ void LanguagesTest::aMessageSheetIsWhole()
 {
     using Sheet = VemoMessageSheet;
     QFETCH(QString, code);
-    ComponentStrings::getInstance().installStrings(stringsOf(code));
+    speak(code);
     for (const auto type : {Sheet::App, Sheet::Information, Sheet::Warning, Sheet::Confirm,
              Sheet::ConfirmReset, Sheet::Upgrading, Sheet::WarningConfirm}) {
         QWidget window;
@@ -126,7 +133,7 @@ void LanguagesTest::aMessageSheetIsWhole()
 void LanguagesTest::aCalendarShowsEveryMonthWhole()
 {
     QFETCH(QString, code);
-    ComponentStrings::getInstance().installStrings(stringsOf(code));
+    speak(code);
     VemoCalanderView calendar(nullptr);
     calendar.setStyleSheet(
         getStyleSheet("component.date_selector") + getStyleSheet("component.menu"));

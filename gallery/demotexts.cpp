@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "gallery/demotexts.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+QJsonObject tableOf(const QString &code)
+{
+    QFile file(QString(":/gallery/strings/%1.json").arg(code));
+    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object()
+                                          : QJsonObject();
+}
+
+QJsonObject &table()
+{
+    static QJsonObject current = tableOf("enu");
+    return current;
+}
+
+} // namespace
+
+QString demo(const char *key)
+{
+    return table().value(QLatin1String(key)).toString(key);
+}
+
+void setDemoLanguage(const QString &code)
+{
+    table() = tableOf(code);
+}
