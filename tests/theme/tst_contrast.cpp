@@ -10,14 +10,19 @@
 
 namespace {
 
-constexpr double kReadable = 4.5; // WCAG AA for text of ordinary size
+// WCAG AA for text of ordinary size, and for what else must be seen to use a control.
+constexpr double kReadable = 4.5;
+constexpr double kVisible = 3.0;
 const QStringList kGrounds {"#FFFFFF", "#F5F7FA"}; // surface and canvas
 
 struct Rule
 {
     QString selector;
-    QString colour;
-    QString ground; // empty: none of its own
+    QString colour; // these are empty where the rule has none of its own
+    QString ground;
+    QString ring; // of a border or an outline
+    QString selectedColour;
+    QString selectedGround;
 };
 
 double channel(double value)
@@ -44,6 +49,17 @@ QString property(const QString &block, const QString &name)
     return pattern.match(block).captured(1);
 }
 
+/// The first of the properties that has a colour.
+QString property(const QString &block, const QStringList &names)
+{
+    for (const QString &name : names) {
+        const QString colour = property(block, name);
+        if (!colour.isEmpty())
+            return colour;
+    }
+    return {};
+}
+
 QVector<Rule> rulesOf(const QString &section)
 {
     QVector<Rule> rules;
@@ -51,30 +67,94 @@ QVector<Rule> rulesOf(const QString &section)
     while (match.hasNext()) {
         const auto rule = match.next();
         const QString block = rule.captured(2);
-        QString ground = property(block, "background");
-        if (ground.isEmpty())
-            ground = property(block, "background-color");
-        for (const QString &selector : rule.captured(1).split(','))
-            rules.append({selector.trimmed(), property(block, "color"), ground});
+        for (const QString &selector : rule.captured(1).split(',')) {
+            // What can't be used need not be readable.
+            if (selector.contains(":disabled") || selector.contains(":off"))
+                continue;
+            rules.append({selector.trimmed(), property(block, "color"),
+                property(block, {"background", "background-color"}),
+                property(block, {"border", "border-color", "outline"}),
+                property(block, "selection-color"), property(block, "selection-background-color")});
+        }
     }
     return rules;
 }
 
-/// The selector without its states: "QLabel:hover" becomes "QLabel", "X::item:hover" "X::item".
-QString atRest(QString selector)
+/// Each section of the theme's style files, by its key.
+QMap<QString, QVector<Rule>> sections()
 {
-    return selector.remove(QRegularExpression("(?<!:):(?!:)!?[\\w-]+"));
+    static const QRegularExpression pattern(
+        R"(^==(.*)==\n((?:^(?!==).*\n?)*))", QRegularExpression::MultilineOption);
+    QMap<QString, QVector<Rule>> sections;
+    for (const QString &file : QDir(":/vemo/theme/style").entryList({"*.qss"})) {
+        QFile style(":/vemo/theme/style/" + file);
+        if (!style.open(QIODevice::ReadOnly))
+            return {};
+        auto section = pattern.globalMatch(QString::fromUtf8(style.readAll()));
+        while (section.hasNext()) {
+            const auto match = section.next();
+            sections.insert(match.captured(1).trimmed(), rulesOf(match.captured(2)));
+        }
+    }
+    return sections;
 }
 
-QStringList groundsOf(const Rule &rule, const QVector<Rule> &rules)
+/// A selector, then what it falls back on: without its states, and the widget that an item is of.
+QStringList fallbacks(const QString &selector)
 {
-    if (!rule.ground.isEmpty())
-        return {rule.ground};
-    for (const Rule &other : rules) {
-        if (other.selector == atRest(rule.selector) && !other.ground.isEmpty())
-            return {other.ground};
+    QString atRest = selector;
+    atRest.remove(QRegularExpression("(?<!:):(?!:)!?[\\w-]+"));
+    QString widget = atRest;
+    return {selector, atRest, widget.remove(QRegularExpression("::item$"))};
+}
+
+/// The colour that a member of the rules has for a selector.
+QString effective(const QString &selector, const QVector<Rule> &rules, QString Rule::*member)
+{
+    for (const QString &fallback : fallbacks(selector)) {
+        for (const Rule &rule : rules) {
+            if (rule.selector == fallback && !(rule.*member).isEmpty())
+                return rule.*member;
+        }
     }
-    return kGrounds;
+    return {};
+}
+
+/// Parts of a widget that hold no text.
+bool isGraphic(const QString &selector)
+{
+    return selector.contains("::") && !selector.contains("::item")
+        && !selector.contains("::section");
+}
+
+void addPair(
+    const QString &section, const QString &selector, const QString &colour, const QString &ground)
+{
+    const QStringList grounds = ground.isEmpty() ? kGrounds : QStringList(ground);
+    for (const QString &behind : grounds)
+        QTest::addRow("%s: %s, %s on %s", qPrintable(section), qPrintable(selector),
+            qPrintable(colour), qPrintable(behind))
+            << colour << behind;
+}
+
+void addColumns()
+{
+    QTest::addColumn<QString>("colour");
+    QTest::addColumn<QString>("ground");
+}
+
+/// Of the solid pixels of a picture, the one that stands out most.
+double contrast(const QImage &picture, const QString &ground)
+{
+    double most = 1;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor colour = picture.pixelColor(x, y);
+            if (colour.alpha() == 255)
+                most = qMax(most, contrast(colour.name(), ground));
+        }
+    }
+    return most;
 }
 
 } // namespace
@@ -87,31 +167,32 @@ private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void textIsReadableOnItsGround_data();
     void textIsReadableOnItsGround();
+    void focusAndChoicesAreVisible_data();
+    void focusAndChoicesAreVisible();
+    void picturesAreVisibleOnTheirGround_data();
+    void picturesAreVisibleOnTheirGround();
     void theMeasureKnowsGoodFromBad();
+    void everyStateOfEveryWidgetIsLookedAt();
 };
 
 void ContrastTest::textIsReadableOnItsGround_data()
 {
-    QTest::addColumn<QString>("colour");
-    QTest::addColumn<QString>("ground");
-    for (const QString &file : QDir(":/vemo/theme/style").entryList({"*.qss"})) {
-        QFile style(":/vemo/theme/style/" + file);
-        QVERIFY(style.open(QIODevice::ReadOnly));
-        auto header = QRegularExpression(
-            R"(^==(.*)==\n((?:^(?!==).*\n?)*))", QRegularExpression::MultilineOption)
-                          .globalMatch(QString::fromUtf8(style.readAll()));
-        while (header.hasNext()) {
-            const auto section = header.next();
-            const QVector<Rule> rules = rulesOf(section.captured(2));
-            for (const Rule &rule : rules) {
-                // What can't be used need not be readable.
-                if (rule.colour.isEmpty() || rule.selector.contains(":disabled"))
-                    continue;
-                for (const QString &ground : groundsOf(rule, rules))
-                    QTest::addRow("%s: %s on %s", qPrintable(section.captured(1).trimmed()),
-                        qPrintable(rule.selector), qPrintable(ground))
-                        << rule.colour << ground;
-            }
+    addColumns();
+    const auto all = sections();
+    for (auto section = all.cbegin(); section != all.cend(); ++section) {
+        for (const Rule &rule : *section) {
+            const auto value = [&](QString Rule::*member) {
+                return effective(rule.selector, *section, member);
+            };
+            if (isGraphic(rule.selector))
+                continue;
+            const QString colour = value(&Rule::colour);
+            const bool saysSo = !rule.colour.isEmpty() || !rule.ground.isEmpty();
+            if (saysSo && !colour.isEmpty())
+                addPair(section.key(), rule.selector, colour, value(&Rule::ground));
+            if (!rule.selectedColour.isEmpty())
+                addPair(section.key(), rule.selector + " (selection)", rule.selectedColour,
+                    value(&Rule::selectedGround));
         }
     }
 }
@@ -124,11 +205,81 @@ void ContrastTest::textIsReadableOnItsGround()
     QVERIFY2(measured >= kReadable, qPrintable(QString::number(measured)));
 }
 
+// A ring of the focus, and the frames of check boxes and radio buttons, which have no other sign.
+void ContrastTest::focusAndChoicesAreVisible_data()
+{
+    addColumns();
+    const auto all = sections();
+    for (auto section = all.cbegin(); section != all.cend(); ++section) {
+        for (const Rule &rule : *section) {
+            const bool isWanted =
+                rule.selector.contains(":focus") || rule.selector.contains("::indicator");
+            if (isWanted && !rule.ring.isEmpty())
+                addPair(section.key(), rule.selector, rule.ring, {});
+        }
+    }
+}
+
+void ContrastTest::focusAndChoicesAreVisible()
+{
+    QFETCH(QString, colour);
+    QFETCH(QString, ground);
+    const double measured = contrast(colour, ground);
+    QVERIFY2(measured >= kVisible, qPrintable(QString::number(measured)));
+}
+
+void ContrastTest::picturesAreVisibleOnTheirGround_data()
+{
+    QTest::addColumn<QString>("picture");
+    QTest::addColumn<QStringList>("grounds");
+    const QMap<QString, QStringList> states {
+        {"", kGrounds}, {"_hover", {"#EEF3F8"}}, {"_click", {"#DCEBFB"}}};
+    const QStringList onAccent {"#1769E0", "#0F57C2", "#0B469E"};
+    const QStringList onDanger {"#C93A3A", "#AF2C2C", "#8F2020"};
+    for (const QString &file : QDir(":/vemo/theme/images").entryList({"*.png"})) {
+        const QString name = file.chopped(4);
+        const QString state = name.mid(name.lastIndexOf('_') + 1);
+        if (name.startsWith("bg_") || state == "disable")
+            continue;
+        if (name.startsWith("check") || name == "radio_dot")
+            QTest::newRow(qPrintable(name)) << file << onAccent + onDanger;
+        else if (state == "hover" || state == "click")
+            QTest::newRow(qPrintable(name)) << file << states.value('_' + state);
+        else
+            QTest::newRow(qPrintable(name)) << file << states.value("") + QStringList("#DCEBFB");
+    }
+}
+
+void ContrastTest::picturesAreVisibleOnTheirGround()
+{
+    QFETCH(QString, picture);
+    QFETCH(QStringList, grounds);
+    for (const QString &ground : grounds) {
+        const double measured = contrast(QImage(":/vemo/theme/images/" + picture), ground);
+        QVERIFY2(measured >= kVisible, qPrintable(QString("%1: %2").arg(ground).arg(measured)));
+    }
+}
+
 void ContrastTest::theMeasureKnowsGoodFromBad()
 {
     QCOMPARE(contrast("#000000", "#FFFFFF"), 21.0);
     QCOMPARE(contrast("#FFFFFF", "#FFFFFF"), 1.0);
     QVERIFY(contrast("#9AA5B1", "#FFFFFF") < kReadable);
+}
+
+// Else a slip in reading the files would make all this pass.
+void ContrastTest::everyStateOfEveryWidgetIsLookedAt()
+{
+    const auto all = sections();
+    QVERIFY(all.size() >= 30);
+    const QVector<Rule> cancel = all.value("component.cancel_button");
+    QCOMPARE(cancel.size(), 4);
+    QCOMPARE(effective("QPushButton:pressed", cancel, &Rule::colour), QString("#1F2933"));
+    QCOMPARE(effective("QPushButton:pressed", cancel, &Rule::ground), QString("#DCEBFB"));
+    QCOMPARE(effective("QPushButton:focus", cancel, &Rule::ground), QString("#FFFFFF"));
+    QCOMPARE(effective("QPushButton:focus", cancel, &Rule::ring), QString("#1769E0"));
+    const QVector<Rule> table = all.value("component.table");
+    QCOMPARE(effective("QTableWidget::item:hover", table, &Rule::colour), QString("#1F2933"));
 }
 
 VEMO_TEST_MAIN(ContrastTest)
