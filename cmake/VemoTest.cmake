@@ -20,6 +20,13 @@ function(vemo_add_test name)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE VemoTestSupport ${arg_LIBRARIES})
   target_precompile_headers(${name} REUSE_FROM VemoTestSupport)
+  foreach(source IN LISTS arg_SOURCES)
+    cmake_path(IS_PREFIX PROJECT_SOURCE_DIR "${source}" isElsewhere)
+    if(isElsewhere)
+      # Not a test's own: scripts/lint reads it too, and its tools can't read these headers.
+      set_source_files_properties("${source}" PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+    endif()
+  endforeach()
 
   list(GET arg_DPI 0 firstDpi)
   foreach(dpi IN LISTS arg_DPI)

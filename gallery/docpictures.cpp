@@ -26,6 +26,7 @@ namespace {
 
 constexpr int kFontSize = 10; // points; what desktops have
 constexpr int kFrame = 12; // design pixels around what a card holds
+constexpr int kBorder = 4; // design pixels of a card: its line and round corners
 constexpr int kSmallestFile = 0; // the quality of a PNG: all effort
 
 bool save(const QImage &picture, const QString &path)
@@ -58,7 +59,8 @@ QImage cut(const QImage &picture)
 
 QImage cardPicture(const QFrame &card, const QWidget &window)
 {
-    const QRect inside = card.rect().adjusted(1, 1, -1, -1); // without its border
+    const int border = scaled(kBorder);
+    const QRect inside = card.rect().adjusted(border, border, -border, -border);
     const QPoint place = card.mapTo(&window, inside.topLeft());
     const auto grabbed = const_cast<QWidget &>(window).grab(QRect(place, inside.size()));
     return cut(grabbed.toImage().convertToFormat(QImage::Format_RGB32));
