@@ -66,6 +66,30 @@ QStringList anchorsOf(const QString &text)
     return anchors;
 }
 
+QString guides()
+{
+    QString text;
+    for (const QString &path : filesIn("docs", "*.md"))
+        text += textOf(path);
+    return text;
+}
+
+/// What the first group of pattern finds in the library's own sources.
+QSet<QString> inSources(const QString &pattern)
+{
+    const QRegularExpression expression(pattern);
+    QSet<QString> found;
+    for (const char *folder :
+        {"core", "app", "controls", "help", "sheets", "views", "datetime", "theme"}) {
+        for (const QString &path : filesIn(folder, "*.cpp")) {
+            const QString text = textOf(path);
+            for (auto match = expression.globalMatch(text); match.hasNext();)
+                found << match.next().captured(1);
+        }
+    }
+    return found;
+}
+
 QStringList exportedNames()
 {
     static const QRegularExpression name(
@@ -105,6 +129,8 @@ private Q_SLOTS:
     void everyLinkLeadsSomewhere_data();
     void everyLinkLeadsSomewhere();
     void everyNameOfTheInterfaceIsInAGuide();
+    void everyWarningIsInAGuide();
+    void everyStyleSectionIsInTheThemingGuide();
     void everyClassHasAPictureAndAnExample_data();
     void everyClassHasAPictureAndAnExample();
     void picturesAreThoseThatAreShown();
@@ -136,15 +162,32 @@ void DocsTest::everyLinkLeadsSomewhere()
 
 void DocsTest::everyNameOfTheInterfaceIsInAGuide()
 {
-    QString guides;
-    for (const QString &path : filesIn("docs", "*.md"))
-        guides += textOf(path);
+    const QString text = guides();
     const QStringList names = exportedNames();
     QVERIFY(names.size() >= 50);
     for (const QString &name : names) {
         const QRegularExpression word("\\b" + name + "\\b");
-        QVERIFY2(word.match(guides).hasMatch(), qPrintable(name));
+        QVERIFY2(word.match(text).hasMatch(), qPrintable(name));
     }
+}
+
+void DocsTest::everyWarningIsInAGuide()
+{
+    const QString text = guides();
+    QSet<QString> warnings = inSources("qCWarning\\(vemoLog\\) << \"([^\"]+)\"");
+    warnings += inSources("warnOnce\\(\"([^\"]+)\"");
+    QVERIFY(warnings.size() >= 15);
+    for (const QString &warning : qAsConst(warnings))
+        QVERIFY2(text.contains(warning), qPrintable(warning));
+}
+
+void DocsTest::everyStyleSectionIsInTheThemingGuide()
+{
+    const QString text = textOf("docs/theming-guide.md");
+    const QSet<QString> sections = inSources("\"component\\.(\\w+)\"");
+    QVERIFY(sections.size() >= 30);
+    for (const QString &section : sections)
+        QVERIFY2(text.contains('`' + section + '`'), qPrintable(section));
 }
 
 void DocsTest::everyClassHasAPictureAndAnExample_data()
