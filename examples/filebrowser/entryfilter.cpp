@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "entryfilter.h"
 
+#include "entrysorter.h"
+
 #include <vemo/FileTypeMap>
-
-#include <QCollator>
-
-#include <algorithm>
-#include <vector>
 
 namespace {
 
@@ -39,27 +36,7 @@ bool EntryFilter::accepts(const FileEntry &entry) const
 
 void sortEntries(QVector<FileEntry> &entries)
 {
-    struct Keyed
-    {
-        QCollatorSortKey key;
-        int index;
-    };
-    QCollator collator;
-    collator.setNumericMode(true);
-    // A key is made once a name; comparing the names themselves would make it at every comparison.
-    std::vector<Keyed> order;
-    order.reserve(size_t(entries.size()));
-    for (int i = 0; i < entries.size(); ++i)
-        order.push_back({collator.sortKey(entries.at(i).name), i});
-    std::stable_sort(order.begin(), order.end(), [&entries](const Keyed &a, const Keyed &b) {
-        const bool isFolder = entries.at(a.index).isFolder;
-        if (isFolder != entries.at(b.index).isFolder)
-            return isFolder;
-        return a.key.compare(b.key) < 0;
-    });
-    QVector<FileEntry> sorted;
-    sorted.reserve(entries.size());
-    for (const Keyed &keyed : order)
-        sorted += entries.at(keyed.index);
-    entries = sorted;
+    EntrySorter sorter;
+    sorter.add(entries);
+    entries = sorter.take();
 }

@@ -43,7 +43,7 @@ int FolderListing::indexOf(const QString &name) const
 
 void FolderListing::read(const QString &folder)
 {
-    m_incoming.clear();
+    m_incoming.take();
     m_is_reading = true;
     m_reader->read(folder);
     if (std::exchange(m_folder, folder) == folder)
@@ -60,22 +60,21 @@ void FolderListing::setFilter(const ListingFilter &filter)
 
 void FolderListing::slotEntriesRead(const QVector<FileEntry> &entries)
 {
-    m_incoming += entries;
-    Q_EMIT progressed(m_incoming.size());
+    m_incoming.add(entries);
+    Q_EMIT progressed(m_incoming.count());
 }
 
 void FolderListing::slotFinished()
 {
     m_is_reading = false;
-    m_entries = std::exchange(m_incoming, {});
-    sortEntries(m_entries);
+    m_entries = m_incoming.take();
     applyFilter();
 }
 
 void FolderListing::slotFailed(const QString &reason)
 {
     m_is_reading = false;
-    m_incoming.clear();
+    m_incoming.take();
     Q_EMIT failed(m_folder, reason);
 }
 

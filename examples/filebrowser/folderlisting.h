@@ -2,6 +2,7 @@
 #pragma once
 
 #include "entryfilter.h"
+#include "entrysorter.h"
 #include "fileentry.h"
 
 #include <QDateTime>
@@ -64,7 +65,7 @@ private:
     FolderReader *m_reader;
     QString m_folder;
     ListingFilter m_filter;
-    QVector<FileEntry> m_incoming;
+    EntrySorter m_incoming;
     QVector<FileEntry> m_entries;
     QVector<int> m_shown; ///< indices into m_entries
     bool m_is_reading = false;

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "examples/filebrowser/kinds.h"
+#include "examples/filebrowser/languages.h"
+#include "examples/filebrowser/nativename.h"
+#include "examples/filebrowser/options.h"
+#include "examples/filebrowser/paths.h"
+#include "examples/filebrowser/texts.h"
+#include "filewindowdriver.h"
+#include "support/vemotest.h"
+
+#include <QLocale>
+#include <QTextDocument>
+
+class FileTextsTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startFileBrowserLook(); }
+    void showsNamesOnOneLine_data();
+    void showsNamesOnOneLine();
+    void understandsNoNameAsMarkup_data();
+    void understandsNoNameAsMarkup();
+    void breaksAndShortensLongNames();
+    void hasATextForEachKind();
+    void carriesEachPathThroughUrls_data();
+    void carriesEachPathThroughUrls();
+    void splitsPaths_data();
+    void splitsPaths();
+    void readsTheCommandLine_data();
+    void readsTheCommandLine();
+    void refusesAWrongCommandLine_data();
+    void refusesAWrongCommandLine();
+    void knowsALocaleForEachLanguage();
+};
+
+void FileTextsTest::showsNamesOnOneLine_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("shown");
+    const QChar replacement(QChar::ReplacementCharacter);
+    const QString faces = QString::fromUtf8("😀");
+    QTest::newRow("plain") << "a b.txt"
+                           << "a b.txt";
+    QTest::newRow("line break") << "a\nb" << QString::fromUtf8("a↵b");
+    QTest::newRow("carriage return") << "a\rb" << QString::fromUtf8("a↵b");
+    QTest::newRow("line separator")
+        << QString("a%1b").arg(QChar(0x2028)) << QString::fromUtf8("a↵b");
+    QTest::newRow("tab") << "a\tb" << QString::fromUtf8("a⇥b");
+    QTest::newRow("escape") << "a\x1b" << QString("a") + replacement;
+    QTest::newRow("control") << QString("a%1").arg(QChar(0x85)) << QString("a") + replacement;
+    QTest::newRow("turned writing")
+        << QString("%1gpj.exe").arg(QChar(0x202E)) << QString(replacement) + "gpj.exe";
+    QTest::newRow("no letter") << fromNativeName("a\xff") << QString("a") + replacement;
+    QTest::newRow("beyond 16 bits") << faces << faces;
+    QTest::newRow("half a pair") << QString(faces.at(0)) << QString(replacement);
+}
+
+void FileTextsTest::showsNamesOnOneLine()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QString, shown);
+    QCOMPARE(displayName(name), shown);
+}
+
+void FileTextsTest::understandsNoNameAsMarkup_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"<b>bold</b>", "&amp;", "%1", "%2 %1", "\"quoted\"", "</qt>", "12px"})
+        QTest::newRow(name) << name;
+}
+
+void FileTextsTest::understandsNoNameAsMarkup()
+{
+    QFETCH(const QString, name);
+    QTextDocument document;
+    document.setHtml(richText("cannot_rename_to", {name, "x"}));
+    QCOMPARE(document.toPlainText(), name + " could not be renamed to x.");
+}
+
+void FileTextsTest::breaksAndShortensLongNames()
+{
+    const QString shown = richText("vanished", {QString(255, 'x')});
+    QVERIFY(shown.contains(QChar(0x2026)));
+    QVERIFY(!shown.contains(QString(25, 'x')));
+    QVERIFY(shown.contains(QString(24, 'x') + QChar(0x200B)));
+    QVERIFY(!richText("vanished", {QString("short words ").repeated(5)}).contains(QChar(0x200B)));
+}
+
+void FileTextsTest::hasATextForEachKind()
+{
+    FileEntry file;
+    file.name = "a.PNG";
+    QCOMPARE(kindText(kindOf(file)), QString("Picture"));
+    file.name = "none";
+    QCOMPARE(kindText(kindOf(file)), QString("Other file"));
+    file.isFolder = true;
+    QCOMPARE(kindText(kindOf(file)), QString("Folder"));
+    // A missing text would be a warning, which fails the test.
+    for (const QString &kind : offeredKinds())
+        QVERIFY(!kindText(kind).isEmpty());
+    for (const char *kind : {"acc", "ai", "bkpi", "fla", "idn", "psd", "swf"})
+        QVERIFY(!kindText(kind).isEmpty());
+}
+
+void FileTextsTest::carriesEachPathThroughUrls_data()
+{
+    QTest::addColumn<QByteArray>("path");
+    QTest::newRow("plain") << QByteArray("/tmp/a.txt");
+    QTest::newRow("special") << QByteArray("/tmp/a b#c?d%41&;\n\"<>|\\");
+    QTest::newRow("letters") << QByteArray("/tmp/Ä年");
+    QTest::newRow("no letters") << QByteArray("/tmp/\xff\xfe");
+}
+
+void FileTextsTest::carriesEachPathThroughUrls()
+{
+    QFETCH(const QByteArray, path);
+    const QString name = fromNativeName(path);
+    QVERIFY(urlOf(name).isLocalFile());
+    QCOMPARE(pathOf(urlOf(name)), name);
+    QCOMPARE(pathOf(QUrl("https://www.example.com/a")), QString());
+}
+
+void FileTextsTest::splitsPaths_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("parent");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("root") << "/"
+                          << ""
+                          << "/";
+    QTest::newRow("below the root") << "/a"
+                                    << "/"
+                                    << "a";
+    QTest::newRow("deeper") << "/a/b c"
+                            << "/a"
+                            << "b c";
+}
+
+void FileTextsTest::splitsPaths()
+{
+    QFETCH(const QString, path);
+    QFETCH(const QString, parent);
+    QFETCH(const QString, name);
+    QCOMPARE(parentPath(path), parent);
+    QCOMPARE(nameOf(path), name);
+    if (!parent.isEmpty())
+        QCOMPARE(childPath(parent, name), path);
+    QCOMPARE(nearestFolder(childPath(path, "no/such folder")), path == "/" ? path : QString("/"));
+}
+
+void FileTextsTest::readsTheCommandLine_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("language");
+    QTest::newRow("nothing") << QStringList() << QDir::homePath() << "enu";
+    QTest::newRow("folder") << QStringList("/tmp/") << "/tmp"
+                            << "enu";
+    QTest::newRow("relative") << QStringList("a/../b") << QDir::current().absoluteFilePath("b")
+                              << "enu";
+    QTest::newRow("language") << QStringList({"--language", "deu", "/"}) << "/"
+                              << "deu";
+}
+
+void FileTextsTest::readsTheCommandLine()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, folder);
+    QFETCH(const QString, language);
+    const CommandLine line = readCommandLine(QStringList("filebrowser") + arguments);
+    QCOMPARE(line.error, QString());
+    QCOMPARE(line.answer, QString());
+    QCOMPARE(line.options.folder, folder);
+    QCOMPARE(line.options.language, language);
+    QVERIFY(readCommandLine({"filebrowser", "--help"}).answer.contains("--language <code>"));
+}
+
+void FileTextsTest::refusesAWrongCommandLine_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("two folders") << QStringList({"a", "b"}) << "Unexpected argument \"b\".";
+    QTest::newRow("no language") << QStringList({"--language", "xyz"})
+                                 << "Unknown language \"xyz\"; there are: chs cht";
+    QTest::newRow("empty") << QStringList({"--screenshots", ""})
+                           << "Option \"screenshots\" needs a value.";
+    QTest::newRow("no option") << QStringList("--no-such") << "Unknown option 'no-such'.";
+}
+
+void FileTextsTest::refusesAWrongCommandLine()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, error);
+    const CommandLine line = readCommandLine(QStringList("filebrowser") + arguments);
+    QVERIFY2(line.error.startsWith(error), qPrintable(line.error));
+}
+
+void FileTextsTest::knowsALocaleForEachLanguage()
+{
+    QCOMPARE(languageCodes().size(), 20);
+    QSet<QString> locales;
+    for (const QString &code : languageCodes())
+        locales.insert(localeOf(code).name());
+    QCOMPARE(locales.size(), 20);
+    QCOMPARE(localeOf("deu").language(), QLocale::German);
+    QCOMPARE(localeOf("no such").name(), QString("en_US"));
+}
+
+VEMO_TEST_MAIN(FileTextsTest)
+#include "tst_filetexts.moc"
