@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/look.h"
 
+#include "gallery/languages.h"
+
 #include <vemo/stylemanager.h>
 
+#include <QApplication>
 #include <QColor>
+#include <QFont>
+#include <QFontInfo>
+#include <QLocale>
 
 #include <tuple>
 
@@ -29,6 +35,18 @@ QPalette lightPalette()
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA5, 0xB1));
     return palette;
+}
+
+void setDesktopLanguage(const QString &code)
+{
+    const Language &language = languageOf(code);
+    QLocale::setDefault(QLocale(language.locale));
+    QFont font = QApplication::font();
+    QStringList families {QFontInfo(font).family()};
+    if (*language.family)
+        families += language.family;
+    font.setFamilies(families);
+    QApplication::setFont(font);
 }
 
 void installGalleryStyle()

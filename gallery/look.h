@@ -7,6 +7,10 @@
 /// The theme's palette for what no style section colours: the ground of windows, stock widgets.
 QPalette lightPalette();
 
+/// Makes this process one of a desktop in the language code: numbers, and the font that steps in
+/// for Chinese characters.
+void setDesktopLanguage(const QString &code);
+
 /// Loads the gallery's own style file after the theme's, as any host does with its own.
 void installGalleryStyle();
 

@@ -7,6 +7,7 @@
 
 #include <vemo/defaulttheme.h>
 #include <vemo/qtsingleapplication.h>
+#include <vemo/vemolocale.h>
 
 #include <QTextStream>
 
@@ -65,6 +66,8 @@ int run(QtSingleApplication &app, const Options &options)
                         .arg(options.userFolder),
             kFailure);
     installGalleryStyle();
+    if (options.language != VemoLocale::getInstance().getDefaultLanguage())
+        setDesktopLanguage(options.language);
     setDemoLanguage(options.language);
     if (options.screenshots.isEmpty())
         return runWindow(app, options);

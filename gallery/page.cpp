@@ -126,6 +126,7 @@ void Page::addCode(const QString &code)
 {
     QLabel *block = newLabel("code", code.trimmed());
     QFont mono("monospace");
+    mono.setFamilies({"monospace"}); // Those of the application's font would come first.
     mono.setStyleHint(QFont::Monospace);
     mono.setPointSizeF(font().pointSizeF());
     block->setFont(mono);

@@ -24,6 +24,7 @@ void fill(QWidget *window)
     for (int i = 1; i <= kFields; ++i) {
         auto *field = new QLineEdit(demo("report_line").arg(i));
         field->setStyleSheet(getStyleSheet("component.lineedit"));
+        field->setCursorPosition(0); // A narrow one shows its beginning.
         column->addWidget(field);
     }
     column->addStretch();

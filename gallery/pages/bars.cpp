@@ -7,6 +7,7 @@
 #include <vemo/stylemanager.h>
 #include <vemo/vemobuttonpath.h>
 #include <vemo/vemofilterbar.h>
+#include <vemo/vemoiconbutton.h>
 #include <vemo/vemomenu.h>
 
 #include <QLabel>
@@ -73,6 +74,7 @@ VemoFilterBar *filterBar(const QString &text)
     auto *bar = new VemoFilterBar;
     bar->setFixedWidth(scaled(kFilterWidth));
     bar->setAccessibleName("Filter");
+    bar->findChild<VemoIconButton *>()->setAccessibleName("Kinds to show");
     bar->setPlaceholderText(demo("filter_hint"));
     bar->setText(text);
     return bar;

@@ -133,8 +133,9 @@ void addFields(Page &page)
     QObject::connect(clear, &VemoButton::clicked, any, &VemoDateSelector::clearDate);
 
     page.addSection("Date fields", "A field opens a whole calendar, and shows what is picked.");
-    page.addRow({captioned(row({any, clear}), "Live"), captioned(limited, "Ten days around today"),
-        captioned(chosen, "A date chosen"), captioned(disabled, "Disabled")});
+    page.addRow(
+        {captioned(row({any, clear}), "Live"), captioned(limited, "Ten days around today")});
+    page.addRow({captioned(chosen, "A date chosen"), captioned(disabled, "Disabled")});
     page.addRow({captioned(dateField("Beliebiges Datum", "German date"), "German"),
         captioned(dateField("任何日期", "Chinese date"), "Chinese")});
     page.addRow({captioned(picture(openField(false)), "The open calendar"),

@@ -60,9 +60,18 @@ VemoLineEdit *newDisabled(bool error)
 
 QList<QWidget *> statesOf(const QString &name, bool error)
 {
-    return {note(name), newSnapshot(QStyle::State_None, error),
-        newSnapshot(QStyle::State_MouseOver, error), newSnapshot(QStyle::State_HasFocus, error),
-        newPlaceholder(error), newReadOnly(error), newDisabled(error)};
+    QList<QWidget *> row {note(name)};
+    for (VemoLineEdit *edit :
+        {newSnapshot(QStyle::State_None, error), newSnapshot(QStyle::State_MouseOver, error),
+            newSnapshot(QStyle::State_HasFocus, error), newPlaceholder(error), newReadOnly(error),
+            newDisabled(error)}) {
+        // The field alone, below the caption of its column.
+        edit->setMargins(0, 0, 0, 0);
+        edit->getPreLabel()->hide();
+        edit->getPostLabel()->hide();
+        row += edit;
+    }
+    return row;
 }
 
 void addStates(Page &page)

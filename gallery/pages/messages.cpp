@@ -18,7 +18,7 @@ using Sheet = VemoMessageSheet;
 const QString kBusy = QStringLiteral(":/vemo/theme/images/busy.gif");
 constexpr int kBusyTime = 3000; // Milliseconds.
 constexpr QSize kStage(420, 320);
-constexpr QSize kNarrowStage(270, 290);
+constexpr QSize kNarrowStage(270, 320);
 
 const char *const kGerman =
     "Die Verbindungseinstellungen wurden geändert. Möchten Sie die Änderungen übernehmen oder alle "

@@ -39,12 +39,6 @@ QString described(QAccessibleInterface *accessible)
             object->parent()->metaObject()->className());
 }
 
-/// The filter bar's own button, for which no host has a text to give.
-bool isPartWithoutText(const QAccessibleInterface *accessible)
-{
-    return accessible->object()->parent()->inherits("VemoFilterBar");
-}
-
 struct Findings
 {
     int controls = 0;
@@ -57,7 +51,7 @@ void look(QAccessibleInterface *accessible, Findings &findings)
         return;
     if (isInteractive(accessible->role())) {
         ++findings.controls;
-        if (accessible->text(QAccessible::Name).isEmpty() && !isPartWithoutText(accessible))
+        if (accessible->text(QAccessible::Name).isEmpty())
             findings.nameless += described(accessible);
     }
     // What a combo box holds is announced with it.

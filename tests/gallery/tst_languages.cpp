@@ -62,6 +62,7 @@ QMap<QString, QString> stringsOf(const QString &code)
 void speak(const QString &code)
 {
     ComponentStrings::getInstance().installStrings(stringsOf(code));
+    setDesktopLanguage(code);
     setDemoLanguage(code);
 }
 
