@@ -32,6 +32,8 @@ class LanguagesTest : public VemoTest
 
 private Q_SLOTS:
     void initTestCase();
+    void anUnknownDemoTextIsItsKey();
+    void aDesktopLanguageBringsNumbersAndCharacters();
     void aPageIsWholeAndWritesNoWarning_data() { addLanguages(); }
     void aPageIsWholeAndWritesNoWarning();
     void aMessageSheetIsWhole_data() { addLanguages(); }
@@ -83,6 +85,26 @@ void LanguagesTest::addLanguages()
     QTest::addColumn<QString>("code");
     for (const Language &language : languages())
         QTest::newRow(language.code) << QString(language.code);
+}
+
+void LanguagesTest::anUnknownDemoTextIsItsKey()
+{
+    QCOMPARE(demo("no_such_text"), QString("no_such_text"));
+    setDemoLanguage("deu");
+    QCOMPARE(demo("save"), QString("Speichern"));
+    setDemoLanguage("enu");
+    QCOMPARE(demo("save"), QString("Save"));
+}
+
+void LanguagesTest::aDesktopLanguageBringsNumbersAndCharacters()
+{
+    setDesktopLanguage("cht");
+    QCOMPARE(QApplication::font().families().last(), QString("Noto Sans CJK TC"));
+    setDesktopLanguage("deu");
+    QCOMPARE(QApplication::font().families().size(), 1);
+    QCOMPARE(QLocale().toString(1000), QString("1.000"));
+    setDesktopLanguage("no such code");
+    QCOMPARE(QLocale().name(), QString("en_US"));
 }
 
 void LanguagesTest::aPageIsWholeAndWritesNoWarning()
