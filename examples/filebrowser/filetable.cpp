@@ -24,7 +24,7 @@ namespace {
 enum Column { NameColumn, SizeColumn, KindColumn, DateColumn };
 
 constexpr int kIconSize = 16; // design pixels
-constexpr int kCellPadding = 20; // design pixels, at both sides together
+constexpr int kCellPadding = 22; // design pixels, at both sides together
 
 /// Shows a name that may hold anything, and gives the editor the name as it is.
 class NameItem : public QTableWidgetItem
@@ -39,11 +39,13 @@ public:
     }
 };
 
-/// As wide as the widest of the texts, in design pixels.
-int widthOf(const QStringList &texts)
+/// As wide as the widest of the texts, in design pixels, and as the bold caption above them.
+int widthOf(const QString &caption, const QStringList &texts)
 {
+    QFont bold = QApplication::font();
+    bold.setBold(true);
     const QFontMetrics metrics(QApplication::font());
-    int width = 0;
+    int width = QFontMetrics(bold).horizontalAdvance(caption);
     for (const QString &sample : texts)
         width = std::max(width, metrics.horizontalAdvance(sample));
     return qCeil(width / DPIinfo::getInstance().getDPI()) + kCellPadding;
@@ -57,9 +59,10 @@ VemoTableColumnsInfo columns()
     const QString evening = dateText(QDateTime(QDate(2028, 12, 28), QTime(22, 58)));
     VemoTableColumnsInfo info;
     info.addColumn(text("column_name"), 180, true, 0.66);
-    info.addColumn(text("column_size"), widthOf({size, text("column_size")}), false, 0.0);
+    info.addColumn(text("column_size"), widthOf(text("column_size"), {size}), false, 0.0);
     info.addColumn(text("column_kind"), 100, true, 0.34);
-    info.addColumn(text("column_modified"), widthOf({morning, evening}), true, 0.0);
+    info.addColumn(
+        text("column_modified"), widthOf(text("column_modified"), {morning, evening}), true, 0.0);
     return info;
 }
 

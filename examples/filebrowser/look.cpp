@@ -88,13 +88,18 @@ static void initializeResources()
 bool startLook(const QString &userFolder, const QString &languageCode)
 {
     initializeResources();
-    QLocale::setDefault(localeOf(languageCode));
     setApplicationLook();
     if (!installDefaultTheme(userFolder, languageCode, ImageManager::LAZY_LOAD))
         return false;
-    installOwnStrings(languageCode);
+    speak(languageCode);
     StyleManager::getInstance().initialize({QString(":/filebrowser/filebrowser.qss")});
     return true;
+}
+
+void speak(const QString &languageCode)
+{
+    QLocale::setDefault(localeOf(languageCode));
+    installOwnStrings(languageCode);
 }
 
 QString windowStyle()

@@ -8,6 +8,9 @@ class QString;
 /// first widget; false where userFolder can't be written.
 bool startLook(const QString &userFolder, const QString &languageCode);
 
+/// Another language for all that is built from now on: texts, dates and numbers.
+void speak(const QString &languageCode);
+
 /// The section for the program's window. Its rules go by object name: a rule that matches every
 /// QWidget would take the ground off the masks of sheets.
 QString windowStyle();

@@ -70,6 +70,12 @@ void BrowserStage::waitUntilRead() const
     QCoreApplication::processEvents();
 }
 
+void BrowserStage::reactivate() const
+{
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+}
+
 QStringList BrowserStage::names() const
 {
     QStringList names;

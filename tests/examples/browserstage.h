@@ -32,6 +32,8 @@ public:
     /// Opens the window and waits until it has read its folder.
     void open(const QString &folder = {});
     void waitUntilRead() const;
+    /// After a pop-up: without a window manager its window stays the active one.
+    void reactivate() const;
 
     QTableWidget *table() const { return window->table()->getTable(); }
     QStringList names() const; ///< In the order of the rows.
