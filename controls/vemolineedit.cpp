@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemolineedit.h>
 
+#include "controls/placeholderink_p.h"
 #include "core/scaling_p.h"
 
 #include <vemo/stylemanager.h>
@@ -37,6 +38,7 @@ VemoLineEdit::VemoLineEdit(QWidget *parent)
     m_layout->addWidget(m_pre_label);
     m_layout->addWidget(m_line_edit);
     m_layout->addWidget(m_post_label);
+    palePlaceholder(m_line_edit);
 }
 
 QString VemoLineEdit::getEditText() const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemofilterbar.h>
 
+#include "controls/placeholderink_p.h"
 #include "core/scaling_p.h"
 
 #include <vemo/stylemanager.h>
@@ -33,6 +34,7 @@ VemoFilterBar::VemoFilterBar(QWidget *parent)
 
     setStyleSheet(
         getStyleSheet("component.lineedit") + getStyleSheet("component.filter_bar_padding"));
+    palePlaceholder(this);
     setFixedHeight(scaled(kHeight));
     connect(this, SIGNAL(returnPressed()), this, SLOT(slotKeywordChange()));
 }

@@ -28,6 +28,9 @@ private Q_SLOTS:
     void validatorDecidesAboutTheCurrentText();
     void nullRemovesTheValidator();
     void validatingNeverChangesTheLook();
+    void placeholderIsPalerThanAText();
+    void placeholderStaysPaleWithANewStyle();
+    void aPlaceholderColourOfTheHostStays();
     void errorShowsInTheLookAndGoesAgain();
     void errorIsADynamicPropertyOfTheField();
     void marginsAndSpacingAreScaledAndTruncated();
@@ -186,6 +189,41 @@ void VemoLineEditTest::validatingNeverChangesTheLook()
     edit.getLineEdit()->setText("x");
     QVERIFY(edit.validate());
     QCOMPARE(borderOf(edit), kDanger);
+}
+
+void VemoLineEditTest::placeholderIsPalerThanAText()
+{
+    VemoLineEdit edit;
+    edit.show();
+    const QPalette palette = edit.getLineEdit()->palette();
+    QCOMPARE(palette.color(QPalette::Text), QColor(0x1F, 0x29, 0x33));
+    QCOMPARE(palette.color(QPalette::PlaceholderText), QColor(0x1F, 0x29, 0x33, 180));
+    // Disabled, the text is pale enough already.
+    QCOMPARE(palette.color(QPalette::Disabled, QPalette::PlaceholderText),
+        palette.color(QPalette::Disabled, QPalette::Text));
+}
+
+void VemoLineEditTest::placeholderStaysPaleWithANewStyle()
+{
+    VemoLineEdit edit;
+    edit.show();
+    for (const QColor &ink : {QColor(Qt::red), QColor(Qt::blue)}) {
+        edit.getLineEdit()->setStyleSheet(QString("QLineEdit { color: %1; }").arg(ink.name()));
+        QCOMPARE(edit.getLineEdit()->palette().color(QPalette::PlaceholderText),
+            QColor(ink.red(), ink.green(), ink.blue(), 180));
+    }
+    edit.setError(true);
+    QCOMPARE(edit.getLineEdit()->palette().color(QPalette::PlaceholderText).alpha(), 180);
+}
+
+void VemoLineEditTest::aPlaceholderColourOfTheHostStays()
+{
+    VemoLineEdit edit;
+    edit.show();
+    QPalette palette = edit.getLineEdit()->palette();
+    palette.setColor(QPalette::PlaceholderText, Qt::darkGreen);
+    edit.getLineEdit()->setPalette(palette);
+    QCOMPARE(edit.getLineEdit()->palette().color(QPalette::PlaceholderText), QColor(Qt::darkGreen));
 }
 
 void VemoLineEditTest::errorShowsInTheLookAndGoesAgain()

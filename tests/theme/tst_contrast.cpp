@@ -3,7 +3,10 @@
 
 #include "support/testhost.h"
 
+#include <vemo/vemolineedit.h>
+
 #include <QDir>
+#include <QLineEdit>
 #include <QRegularExpression>
 
 #include <cmath>
@@ -167,6 +170,7 @@ private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void textIsReadableOnItsGround_data();
     void textIsReadableOnItsGround();
+    void placeholdersAreReadable();
     void focusAndChoicesAreVisible_data();
     void focusAndChoicesAreVisible();
     void picturesAreVisibleOnTheirGround_data();
@@ -203,6 +207,22 @@ void ContrastTest::textIsReadableOnItsGround()
     QFETCH(QString, ground);
     const double measured = contrast(colour, ground);
     QVERIFY2(measured >= kReadable, qPrintable(QString::number(measured)));
+}
+
+void ContrastTest::placeholdersAreReadable()
+{
+    VemoLineEdit edit;
+    edit.show();
+    const QColor ink = edit.getLineEdit()->palette().color(QPalette::PlaceholderText);
+    for (const QString &ground : kGrounds) {
+        const QColor behind(ground);
+        const auto mixed = [&ink](double over, double under) {
+            return over * ink.alphaF() + under * (1 - ink.alphaF());
+        };
+        const QColor seen = QColor::fromRgbF(mixed(ink.redF(), behind.redF()),
+            mixed(ink.greenF(), behind.greenF()), mixed(ink.blueF(), behind.blueF()));
+        QVERIFY(contrast(seen.name(), ground) >= kReadable);
+    }
 }
 
 // A ring of the focus, and the frames of check boxes and radio buttons, which have no other sign.

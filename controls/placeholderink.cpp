@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "controls/placeholderink_p.h"
+
+#include <QEvent>
+#include <QLineEdit>
+
+namespace {
+
+constexpr int kPale = 180; // of 255: on a light ground just above the 4.5 : 1 of readable texts
+
+void pale(QLineEdit *field)
+{
+    QPalette palette = field->palette();
+    bool isChanged = false;
+    // Disabled, the text is pale already.
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        QColor ink = palette.color(group, QPalette::Text);
+        if (palette.color(group, QPalette::PlaceholderText) != ink)
+            continue;
+        ink.setAlpha(kPale);
+        palette.setColor(group, QPalette::PlaceholderText, ink);
+        isChanged = true;
+    }
+    if (isChanged)
+        field->setPalette(palette);
+}
+
+/// Looks again whenever a style sheet has set the colours.
+class PlaceholderInk : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::PaletteChange)
+            pale(static_cast<QLineEdit *>(watched));
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
+
+void palePlaceholder(QLineEdit *field)
+{
+    field->installEventFilter(new PlaceholderInk(field));
+    pale(field);
+}
