@@ -15,6 +15,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QSpinBox>
+#include <QStyle>
 #include <QTableWidget>
 #include <QTextCharFormat>
 #include <QToolButton>
@@ -55,6 +56,26 @@ template <typename Part> Part *part(const QObject *owner, const char *name)
 {
     return owner->findChild<Part *>(QLatin1String(name));
 }
+
+/// Lets the style show the focus of a button that Qt paints as if it had none, by a rule for
+/// QToolButton[focused="true"].
+class FocusMark : public QObject
+{
+public:
+    explicit FocusMark(QToolButton *button) : QObject(button) { button->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+            auto *button = static_cast<QToolButton *>(watched);
+            button->setProperty("focused", event->type() == QEvent::FocusIn);
+            button->style()->polish(button);
+            button->update();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
 
 void setPicture(QToolButton *button, const char *name)
 {
@@ -208,6 +229,8 @@ void VemoCalanderView::handleNavigationBar()
     next->setAccessibleName(text("accessible_calendar_next_month"));
     setPicture(previous, "bt_pagebar_backend");
     setPicture(next, "bt_pagebar_nextend");
+    for (QToolButton *button : {previous, next})
+        new FocusMark(button);
     part<QSpinBox>(this, kYearEdit)->setAttribute(Qt::WA_MacShowFocusRect, false);
 
     auto *bar = part<QWidget>(this, kBar);

@@ -64,6 +64,7 @@ void Stage::hover(QWidget *part, const QPoint &point) const
     QWidget *window = part->window();
     QCursor::setPos(part->mapToGlobal(point));
     // At a pixel ratio of 2 the platform without a display sends its own move elsewhere.
+    QCoreApplication::processEvents();
     QTest::mouseMove(window->windowHandle(), {1, 1});
     QTest::mouseMove(window->windowHandle(), part->mapTo(window, point));
     QCoreApplication::processEvents();

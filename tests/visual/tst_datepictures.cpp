@@ -108,6 +108,7 @@ void addCalendars(Looks &looks)
     looks.append({"calendar-day-hover", hoveredDay});
     looks.append({"calendar-today", todaysFrame});
     for (const auto &[name, part] : {std::make_pair("calendar-day", "qt_calendar_calendarview"),
+             std::make_pair("calendar-back", "qt_calendar_prevmonth"),
              std::make_pair("calendar-month", "qt_calendar_monthbutton")})
         addPartStates(looks, name, newCalendar, named(part), {State::Focus}, kCalendarSize);
     addPartStates(looks, "calendar-back", newCalendar, named("qt_calendar_prevmonth"),
