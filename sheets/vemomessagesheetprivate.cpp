@@ -83,7 +83,7 @@ QStyle *buttonBoxStyle()
         style = new DialogButtonBoxStyle;
         style->setParent(qApp);
     }
-    return style;
+    return style.data();
 }
 
 QString captionOf(const QString &custom, const char *key)
