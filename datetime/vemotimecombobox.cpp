@@ -33,6 +33,14 @@ bool isEnter(const QEvent *event)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+/// Whether the list asks for the size of one row instead of each, which takes it far longer. Times
+/// are of one size; a custom text may be of any.
+void takeRowsAsEqual(QAbstractItemView *view, bool areEqual)
+{
+    if (auto *list = qobject_cast<QListView *>(view))
+        list->setUniformItemSizes(areEqual);
+}
+
 } // namespace
 
 VemoTimeComboBox::VemoTimeComboBox(QWidget *parent)
@@ -40,6 +48,7 @@ VemoTimeComboBox::VemoTimeComboBox(QWidget *parent)
 {
     installEventFilter(this);
     view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    takeRowsAsEqual(view(), true);
 }
 
 void VemoTimeComboBox::setEditable(bool editable)
@@ -52,6 +61,7 @@ void VemoTimeComboBox::setEditable(bool editable)
         insertCustomItem();
     } else if (customItem()) {
         removeItem(m_custom_row.row());
+        takeRowsAsEqual(view(), true);
         adjustMaxVisibleItems();
     }
 }
@@ -119,6 +129,7 @@ void VemoTimeComboBox::setItemVisible(bool visible)
     if (QStandardItem *item = customItem()) {
         if (auto *list = qobject_cast<QListView *>(view()))
             list->setRowHidden(m_custom_index, !visible);
+        takeRowsAsEqual(view(), !visible);
         item->setEnabled(visible);
     }
     adjustMaxVisibleItems();

@@ -16,7 +16,9 @@ class QValidator;
 ///
 /// While it is editable a custom item stands in front of the caller's, hidden until it has a time
 /// to show that is not among them: rows count from 1 then. Call setDefault() after setEditable(),
-/// whose custom item shifts the rows. It relies on QComboBox's own model and view.
+/// whose custom item shifts the rows. It relies on QComboBox's own model and view, and takes the
+/// rows to be of one size while they are times only: where yours are not, call
+/// setUniformItemSizes(false) of the view before it opens.
 ///
 /// Load the style files before. It belongs to its parent.
 ///

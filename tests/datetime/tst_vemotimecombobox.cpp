@@ -4,6 +4,7 @@
 #include "support/testhost.h"
 
 #include <QStringListModel>
+#include <QStyledItemDelegate>
 #include <QValidator>
 
 #include <limits>
@@ -27,6 +28,8 @@ private Q_SLOTS:
     void plainBoxLeavesItsItemsAlone();
     void hiddenItemCostsNoVisibleRow();
     void opensItsListWithoutTheHiddenItem();
+    void asksForOneRowSizeWhileThereAreOnlyTimes();
+    void givesALongCustomTextItsRoom();
     void tooManyVisibleRowsStayInRange();
     void remembersDefaultAndCustomTextWhenSwitched();
     void survivesItemsClearedWhileEditable_data();
@@ -247,6 +250,46 @@ void VemoTimeComboBoxTest::opensItsListWithoutTheHiddenItem()
     QTest::keyClick(form.box.view(), Qt::Key_Down);
     QTest::keyClick(form.box.view(), Qt::Key_Return);
     QCOMPARE(form.box.currentText(), QString("10:00"));
+}
+
+void VemoTimeComboBoxTest::asksForOneRowSizeWhileThereAreOnlyTimes()
+{
+    struct Counting : QStyledItemDelegate
+    {
+        QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+        {
+            ++asked;
+            return QStyledItemDelegate::sizeHint(option, index);
+        }
+        mutable int asked = 0;
+    };
+    Box box;
+    auto *rows = new Counting;
+    rows->setParent(&box);
+    box.view()->setItemDelegate(rows);
+    const auto askedByOpening = [&box, rows] {
+        rows->asked = 0;
+        box.view()->doItemsLayout();
+        return rows->asked;
+    };
+    QVERIFY(askedByOpening() < box.count());
+    box.setCurrentText("7:45");
+    QVERIFY(askedByOpening() >= box.count());
+    box.setCurrentText("07:30");
+    QVERIFY(askedByOpening() < box.count());
+    box.setCurrentText("7:45");
+    box.setEditable(false);
+    QVERIFY(askedByOpening() < box.count());
+}
+
+void VemoTimeComboBoxTest::givesALongCustomTextItsRoom()
+{
+    Box box;
+    box.setCustomText(QString(200, 'x'));
+    box.leaveWith("7:45");
+    const QAbstractItemView *list = box.view();
+    QVERIFY(list->visualRect(box.model()->index(0, 0)).width()
+        >= list->fontMetrics().horizontalAdvance(box.currentText()));
 }
 
 void VemoTimeComboBoxTest::tooManyVisibleRowsStayInRange()
