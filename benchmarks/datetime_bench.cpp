@@ -1,42 +1,22 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/datetimefields.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 
 #include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemocalanderview.h>
-#include <vemo/vemodateselector.h>
-#include <vemo/vemotimecombobox.h>
 
 #include <QCalendarWidget>
-#include <QCoreApplication>
 #include <QDateEdit>
-#include <QDeadlineTimer>
 #include <QMouseEvent>
 #include <QStyleOptionComboBox>
-#include <QTime>
-#include <QWindow>
+
+using namespace bench;
 
 namespace {
 
-constexpr int kMinutesApart = 30;
 constexpr int kCycles = 100;
-const QDate kFirst(2024, 3, 7);
-
-void process()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-}
-
-/// What isn't on the screen yet isn't painted; a window manager takes its time.
-void waitUntilExposed(const QWidget &window)
-{
-    const QDeadlineTimer deadline(5000);
-    while (!window.windowHandle()->isExposed() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-    process();
-}
 
 // Date fields
 
@@ -47,21 +27,12 @@ QString fieldStyle()
 
 std::unique_ptr<QDateEdit> stockField(bool isStyled)
 {
-    auto field = std::make_unique<QDateEdit>(kFirst);
+    auto field = std::make_unique<QDateEdit>(kFirstDate);
     field->setCalendarPopup(true);
     field->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
     if (isStyled)
         field->setStyleSheet(fieldStyle().replace(QLatin1String("QComboBox"), //
             QLatin1String("QDateEdit")));
-    field->show();
-    waitUntilExposed(*field);
-    return field;
-}
-
-std::unique_ptr<VemoDateSelector> ourField()
-{
-    auto field = std::make_unique<VemoDateSelector>(QStringLiteral("Any date"), nullptr);
-    field->dateSelect(kFirst);
     field->show();
     waitUntilExposed(*field);
     return field;
@@ -86,14 +57,6 @@ QWidget *openStock(QDateEdit &field)
     return popup;
 }
 
-QWidget *openOurs(QComboBox &field)
-{
-    field.showPopup();
-    QWidget *popup = field.view()->window();
-    waitUntilExposed(*popup);
-    return popup;
-}
-
 void dateOpen(bench::Case &c)
 {
     bench::useTheme();
@@ -113,7 +76,7 @@ void dateOpen(bench::Case &c)
     });
     c.ours([]() -> std::unique_ptr<QWidget> {
         auto field = ourField();
-        openOurs(*field);
+        openList(*field);
         return field;
     });
 }
@@ -128,21 +91,14 @@ void dateReopen(bench::Case &c)
     const std::shared_ptr<VemoDateSelector> ours = ourField();
     const auto month = std::make_shared<int>(0);
     c.reference(QStringLiteral("styled QDateEdit"), [stock, month] {
-        stock->setDate(kFirst.addMonths(++*month % 24));
+        stock->setDate(kFirstDate.addMonths(++*month % 24));
         QWidget *popup = openStock(*stock);
         const int height = popup->height();
         popup->close();
         process();
         return height;
     });
-    c.ours([ours, month] {
-        ours->dateSelect(kFirst.addMonths(++*month % 24));
-        QWidget *popup = openOurs(*ours);
-        const int height = popup->height();
-        ours->hidePopup();
-        process();
-        return height;
-    });
+    c.ours([ours, month] { return reopened(*ours, ++*month); });
 }
 
 void datePage(bench::Case &c)
@@ -162,7 +118,7 @@ void datePage(bench::Case &c)
     }
     const auto month = std::make_shared<int>(0);
     const auto page = [month](auto &calendar) {
-        const QDate shown = kFirst.addMonths(++*month % 24);
+        const QDate shown = kFirstDate.addMonths(++*month % 24);
         calendar.setCurrentPage(shown.year(), shown.month());
         process();
         return calendar.height();
@@ -195,31 +151,12 @@ void dateCycles(bench::Case &c)
 
 // Times of day
 
-void addTimes(QComboBox &box)
-{
-    for (int minute = 0; minute < 24 * 60; minute += kMinutesApart)
-        box.addItem(QTime(0, 0).addSecs(minute * 60).toString(QStringLiteral("HH:mm")));
-}
-
-template <typename Box> std::unique_ptr<Box> timeBox(std::unique_ptr<Box> box)
-{
-    addTimes(*box);
-    box->show();
-    waitUntilExposed(*box);
-    return box;
-}
-
 std::unique_ptr<QComboBox> stockBox(bool isStyled)
 {
     auto box = std::make_unique<QComboBox>();
     if (isStyled)
         box->setStyleSheet(VemoComboBox().styleSheet());
     return timeBox(std::move(box));
-}
-
-std::unique_ptr<VemoTimeComboBox> ourBox()
-{
-    return timeBox(std::make_unique<VemoTimeComboBox>(nullptr));
 }
 
 void timeOpen(bench::Case &c)
@@ -230,7 +167,7 @@ void timeOpen(bench::Case &c)
         auto box = std::make_unique<QComboBox>();
         box->setStyleSheet(sheet);
         box = timeBox(std::move(box));
-        openOurs(*box);
+        openList(*box);
         return box;
     };
     c.goal(1.1, 1.0);
@@ -241,7 +178,7 @@ void timeOpen(bench::Case &c)
     c.limit(QStringLiteral("no sheet"), [stock] { return stock({}); });
     c.ours([]() -> std::unique_ptr<QWidget> {
         auto box = ourBox();
-        openOurs(*box);
+        openList(*box);
         return box;
     });
 }
@@ -254,14 +191,8 @@ void timeReopen(bench::Case &c)
     c.resultsDiffer(); // Another place.
     const std::shared_ptr<QComboBox> stock = stockBox(true);
     const std::shared_ptr<VemoTimeComboBox> ours = ourBox();
-    const auto reopened = [](QComboBox &box) {
-        const int height = openOurs(box)->height();
-        box.hidePopup();
-        process();
-        return height;
-    };
     c.reference(QStringLiteral("styled QComboBox"), [=] { return reopened(*stock); });
-    c.ours([=] { return reopened(*ours); });
+    c.ours([=] { return reopened(static_cast<QComboBox &>(*ours)); });
 }
 
 void dateTimeCases(bench::Cases &cases)

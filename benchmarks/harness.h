@@ -81,6 +81,8 @@ public:
     void goalOfLimit(double most, double stretch = 0) { m_limitGoal = {most, stretch}; }
     /// The same on a real X server; a case without it isn't run there.
     void goalOnX11(double most, double stretch = 0) { m_x11Goal = {most, stretch}; }
+    /// Run anywhere, only to be seen: what a peer costs, say.
+    void withoutGoal() { m_hasGoal = false; }
 
     /// What one call handles; the table tells costs per item.
     void items(int count) { m_items = count; }
@@ -117,6 +119,7 @@ public:
     const std::optional<Variant> &limit() const { return m_limit; }
     const Variant &ours() const { return m_ours; }
     Goal goalOn(bool onX11) const { return onX11 ? m_x11Goal : m_goal; }
+    bool isRunOn(bool onX11) const { return !m_hasGoal || goalOn(onX11).most > 0; }
     Goal limitGoal() const { return m_limitGoal; }
     Quantity quantity() const { return m_quantity; }
     int items() const { return m_items; }
@@ -151,6 +154,7 @@ private:
     Goal m_x11Goal;
     Quantity m_quantity = Quantity::Time;
     int m_items = 1;
+    bool m_hasGoal = true;
     bool m_isOnce = false;
     bool m_isCompared = true;
 };

@@ -94,11 +94,12 @@ void Report::addRow(const Case &c, const QString &name, const QStringList &costs
     const auto bound = [&](double value) {
         return c.reference() ? ratioText(value) : costText(value, c.quantity());
     };
-    const bool isMissed = achieved > goal.most;
+    const bool isMissed = goal.most > 0 && achieved > goal.most;
     if (isMissed)
         m_missed
             << QStringLiteral("%1 is at %2, goal %3").arg(name, bound(achieved), bound(goal.most));
     const char *verdict = m_different.contains(c.name()) ? "DIFFERS"
+        : goal.most <= 0                                 ? "-"
         : isMissed                                       ? "MISSED"
         : goal.stretch > 0 && achieved <= goal.stretch   ? "stretch"
                                                          : "goal";
