@@ -170,6 +170,11 @@ void VemoButtonPath::addName(const QString &part, const QString &style)
     connect(name, SIGNAL(clicked(bool)), m_name_mapper, SLOT(map()));
     m_name_mapper->setMapping(name, column);
     setColumnWidth(column, name->width());
+    // A new widget is the last that Tab comes to, wherever in the window the bar stands.
+    QWidget *before = m_change_folder_button;
+    if (column > 0)
+        before = m_buttons.at(column - 2);
+    setTabOrder(before, name);
     addButton(name);
 }
 

@@ -47,7 +47,6 @@ FileWindow::FileWindow(const QString &folder)
     setStyleSheet(windowStyle());
     makeParts();
     layOutParts();
-    setFocusOrder();
     connectParts();
     connectActions();
     connectWork();
@@ -66,7 +65,8 @@ void FileWindow::makeParts()
     m_tree = new FolderTree(this);
     m_paging = new VemoPagingBar(&m_pages, this);
     m_paging->setObjectName("pagingBar");
-    m_details = new DetailsPanel(this);
+    // Without a parent yet: Tab comes last to what joins the window last.
+    m_details = new DetailsPanel(nullptr);
     m_empty = new QLabel(m_table->getTable()->viewport());
     m_empty->setObjectName("emptyText");
 }
@@ -104,13 +104,6 @@ QWidget *FileWindow::newListColumn()
     auto *centre = new QVBoxLayout(m_table->getTable()->viewport());
     centre->addWidget(m_empty, 0, Qt::AlignCenter);
     return list;
-}
-
-void FileWindow::setFocusOrder()
-{
-    const QWidgetList order {m_top, m_tree, m_table->getTable(), m_paging, m_details};
-    for (int i = 1; i < order.size(); ++i)
-        setTabOrder(order.at(i - 1), order.at(i));
 }
 
 void FileWindow::connectParts()

@@ -48,7 +48,6 @@ private:
     void makeParts();
     void layOutParts();
     QWidget *newListColumn();
-    void setFocusOrder();
     void connectParts();
     void connectActions();
     void connectWork();

@@ -120,15 +120,6 @@ void FolderTree::dropPlaceholder(Item *item) const
     item->setFakeChildExist(false);
 }
 
-void FolderTree::focusInEvent(QFocusEvent *event)
-{
-    // Without a current item the first row would be shown as if the user were there.
-    if (currentItem())
-        VemoTreeWidget::focusInEvent(event);
-    else
-        QTreeWidget::focusInEvent(event);
-}
-
 void FolderTree::choose(QTreeWidgetItem *item)
 {
     if (!folderItem(item)->isFake())

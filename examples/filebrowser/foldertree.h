@@ -26,9 +26,6 @@ Q_SIGNALS:
     /// By a click or by Enter.
     void folderChosen(const QString &path);
 
-protected:
-    void focusInEvent(QFocusEvent *event) override;
-
 private:
     using Item = FileSystemTreeWidgetItem;
 

@@ -169,22 +169,6 @@ void TopBar::focusFilter()
     m_filter->selectAll();
 }
 
-/// The field's style sheet gives a hint the colour of what is typed, until the next one is set.
-void TopBar::softenHint()
-{
-    const QColor softInk(0x52, 0x60, 0x6D);
-    m_filter->ensurePolished();
-    QPalette palette = m_filter->palette();
-    palette.setColor(QPalette::PlaceholderText, softInk);
-    m_filter->setPalette(palette);
-}
-
-void TopBar::showEvent(QShowEvent *event)
-{
-    QFrame::showEvent(event);
-    softenHint();
-}
-
 bool TopBar::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isEscape = watched == m_filter && event->type() == QEvent::KeyPress

@@ -32,14 +32,12 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
 private:
     QWidget *newButton(QAction *action, const QString &picture);
     void setUpFilter();
     void addKind(const QString &kind);
     void showKind();
-    void softenHint();
     void choosePart(const QString &shownPath);
 
     QString m_folder;

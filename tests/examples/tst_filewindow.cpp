@@ -77,6 +77,7 @@ private Q_SLOTS:
     void refreshKeepsTheSelection();
     void tellsWhatIsSelected();
     void hasNothingToDoWithoutASelection();
+    void goesThroughAllPartsByTab();
 };
 
 void FileWindowTest::showsTheEntriesOfAFolder()
@@ -365,6 +366,32 @@ void FileWindowTest::hasNothingToDoWithoutASelection()
     driver.select({"a.txt"});
     for (const char *name : {"openAction", "renameAction", "trashAction", "copyAction"})
         QVERIFY2(driver.action(name)->isEnabled(), name);
+}
+
+void FileWindowTest::goesThroughAllPartsByTab()
+{
+    const DiskFolder folder;
+    folder.fill(300);
+    const FileWindowDriver driver(folder.path());
+    driver.part<DateFilter>("dateFilter")->setDays({}, QDate::currentDate());
+    driver.part<QWidget>("upButton")->setFocus();
+    QStringList parts;
+    const QWidget *const first = driver.window()->focusWidget();
+    do {
+        const QWidget *part = driver.window()->focusWidget();
+        // Those within the path and the pages have no names of their own.
+        for (const char *whole : {"pathBar", "pagingBar"}) {
+            if (driver.part<QWidget>(whole)->isAncestorOf(part))
+                part = driver.part<QWidget>(whole);
+        }
+        if (parts.isEmpty() || parts.last() != part->objectName())
+            parts << part->objectName();
+        driver.press(Qt::Key_Tab);
+    } while (driver.window()->focusWidget() != first && parts.size() < 50);
+    QCOMPARE(parts,
+        QStringList({"upButton", "pathBar", "filterBar", "newFolderButton", "detailsButton",
+            "helpButton", "folderTree", "fileTable", "pagingBar", "fromDate", "toDate", "toTime",
+            "clearDates"}));
 }
 
 VEMO_TEST_MAIN(FileWindowTest)

@@ -83,6 +83,7 @@ private Q_SLOTS:
     void mayBeRefreshedByItsOwnSignal();
     void survivesItsDeletionByItsOwnSignal();
     void takesTheKeyboardFromNameToName();
+    void keepsItsPlaceInTheTabOrder();
     void opensNoEditor();
     void holdsLongPaths_data();
     void holdsLongPaths();
@@ -361,6 +362,24 @@ void VemoButtonPathTest::takesTheKeyboardFromNameToName()
     QCOMPARE(QApplication::focusWidget(), path.button(2));
     QTest::keyClick(path.bar.window()->windowHandle(), Qt::Key_Backtab);
     QCOMPARE(QApplication::focusWidget(), path.button(0));
+}
+
+void VemoButtonPathTest::keepsItsPlaceInTheTabOrder()
+{
+    QWidget window;
+    QLineEdit before(&window);
+    VemoButtonPath bar(&window);
+    QLineEdit after(&window);
+    bar.refresh("a");
+    bar.refresh("b/c");
+    window.show();
+    QApplication::setActiveWindow(&window);
+    before.setFocus();
+    for (QWidget *next :
+        {bar.cellWidget(0, 0), bar.cellWidget(0, 2), static_cast<QWidget *>(&after)}) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), next);
+    }
 }
 
 void VemoButtonPathTest::opensNoEditor()
