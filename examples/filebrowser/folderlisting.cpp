@@ -75,7 +75,8 @@ void FolderListing::slotFailed(const QString &reason)
 {
     m_is_reading = false;
     m_incoming.take();
-    Q_EMIT failed(m_folder, reason);
+    // A copy, since whoever hears of it reads another folder.
+    Q_EMIT failed(QString(m_folder), reason);
 }
 
 void FolderListing::applyFilter()

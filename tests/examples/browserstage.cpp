@@ -140,7 +140,9 @@ void BrowserStage::doubleClickRow(const QString &name) const
 OnSheets::OnSheets(const BrowserStage &stage, std::vector<Act> acts, const char *name)
     : m_window(stage.window.get()), m_acts(std::move(acts)), m_name(QLatin1String(name))
 {
-    QObject::connect(&m_timer, &QTimer::timeout, this, [this] { look(); });
+    // Queued, since a timer rests while it is being answered, and an act may open the next sheet.
+    QObject::connect(
+        &m_timer, &QTimer::timeout, this, [this] { look(); }, Qt::QueuedConnection);
     m_timer.start(1);
 }
 
