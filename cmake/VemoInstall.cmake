@@ -16,16 +16,6 @@ function(vemo_way_to outVar from to)
   set(${outVar} "${to}" PARENT_SCOPE)
 endfunction()
 
-# vemo_install_program(TARGET COMPONENT FOLDER): a program or plug-in that finds the libraries
-# wherever the prefix lies.
-function(vemo_install_program target component folder)
-  vemo_way_to(libraries "${folder}" "${CMAKE_INSTALL_LIBDIR}")
-  set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
-  install(TARGETS ${target}
-    RUNTIME DESTINATION "${folder}" COMPONENT ${component}
-    LIBRARY DESTINATION "${folder}" COMPONENT ${component})
-endfunction()
-
 set_target_properties(VemoTheme PROPERTIES INSTALL_RPATH "$ORIGIN")
 install(TARGETS VemoWidgets VemoTheme EXPORT VemoWidgetsTargets
   RUNTIME COMPONENT Runtime
@@ -73,7 +63,9 @@ function(vemo_install_host target name)
   if(NOT TARGET ${target})
     return()
   endif()
-  vemo_install_program(${target} Gallery ${CMAKE_INSTALL_BINDIR})
+  vemo_way_to(libraries ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_LIBDIR})
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
+  install(TARGETS ${target} RUNTIME COMPONENT Gallery)
   install(FILES packaging/${name}.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT Gallery)
   install(FILES packaging/${name}.svg
@@ -84,6 +76,3 @@ endfunction()
 
 vemo_install_host(vemo-gallery vemo-gallery)
 vemo_install_host(filebrowser vemo-filebrowser)
-if(TARGET VemoDesigner)
-  vemo_install_program(VemoDesigner Designer ${VEMO_INSTALL_QTPLUGINDIR}/designer)
-endif()

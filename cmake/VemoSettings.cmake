@@ -21,8 +21,6 @@ find_package(ECM 5.100 REQUIRED NO_MODULE)
 list(APPEND CMAKE_MODULE_PATH "${ECM_MODULE_PATH}")
 include(ECMEnableSanitizers)
 include(GNUInstallDirs)
-set(VEMO_INSTALL_QTPLUGINDIR "${CMAKE_INSTALL_LIBDIR}/qt5/plugins" CACHE STRING
-  "Where Qt's plug-ins go, below the prefix")
 
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
