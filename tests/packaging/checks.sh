@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034 # what the callers use
 # What the scripts of this folder share. For sourcing; the caller ends with "exit $((failures > 0))".
 
 failures=0
