@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
 #include "visual/baselinetest.h"
 
 #include <vemo/stylemanager.h>
@@ -17,6 +18,7 @@ namespace {
 constexpr QSize kFieldSize(112, 0); // design pixels
 constexpr QSize kTimeSize(72, 0);
 constexpr QSize kCalendarSize(280, 260);
+constexpr int kCorner = 6;
 const QDate kChosen(2021, 2, 10); // in a month of four whole weeks but one day
 const QVector<State> kFieldStates {State::Rest, State::Hover, State::Focus, State::Disabled};
 
@@ -77,7 +79,7 @@ QImage hoveredDay()
     });
 }
 
-/// The frame of today; its number and so its text change with the day.
+/// A corner of today's frame: the number in it, and how wide and high it is, change with the day.
 QImage todaysFrame()
 {
     VemoCalanderView *view = newCalendar();
@@ -93,7 +95,7 @@ QImage todaysFrame()
                 QCoreApplication::processEvents();
                 return gridOf(view)
                     ->viewport()
-                    ->grab(QRect(cell.topLeft(), QSize(cell.width() / 4, cell.height())))
+                    ->grab(QRect(cell.topLeft(), QSize(scaled(kCorner), scaled(kCorner))))
                     .toImage();
             }
         }
