@@ -43,3 +43,14 @@ QLocale localeOf(const QString &languageCode)
 {
     return QLocale(localeNames().value(languageCode, "en_US"));
 }
+
+QString fontFamilyOf(const QString &languageCode)
+{
+    static const QMap<QString, QString> families {
+        {"chs", "Noto Sans CJK SC"},
+        {"cht", "Noto Sans CJK TC"},
+        {"jpn", "Noto Sans CJK JP"},
+        {"krn", "Noto Sans CJK KR"},
+    };
+    return families.value(languageCode);
+}

@@ -10,3 +10,6 @@ QStringList languageCodes();
 /// How dates, numbers and names are written and sorted in the language; those of "enu" for a code
 /// that is not among languageCodes().
 QLocale localeOf(const QString &languageCode);
+
+/// A font that has the language's characters as it draws them; empty where any font has.
+QString fontFamilyOf(const QString &languageCode);

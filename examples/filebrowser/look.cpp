@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFont>
+#include <QFontInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QPalette>
@@ -78,6 +79,17 @@ void setApplicationLook()
     }
 }
 
+/// Several languages share characters that each draws in its own way.
+void setFontFor(const QString &languageCode)
+{
+    QFont font = QApplication::font();
+    QStringList families {QFontInfo(font).family()};
+    if (const QString family = fontFamilyOf(languageCode); !family.isEmpty())
+        families += family;
+    font.setFamilies(families);
+    QApplication::setFont(font);
+}
+
 } // namespace
 
 static void initializeResources()
@@ -99,6 +111,7 @@ bool startLook(const QString &userFolder, const QString &languageCode)
 void speak(const QString &languageCode)
 {
     QLocale::setDefault(localeOf(languageCode));
+    setFontFor(languageCode);
     installOwnStrings(languageCode);
 }
 

@@ -204,6 +204,8 @@ void FileTextsTest::knowsALocaleForEachLanguage()
         locales.insert(localeOf(code).name());
     QCOMPARE(locales.size(), 20);
     QCOMPARE(localeOf("deu").language(), QLocale::German);
+    QCOMPARE(fontFamilyOf("cht"), QString("Noto Sans CJK TC"));
+    QCOMPARE(fontFamilyOf("deu"), QString());
     QCOMPARE(localeOf("no such").name(), QString("en_US"));
 }
 

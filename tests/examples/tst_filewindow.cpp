@@ -174,7 +174,7 @@ void FileWindowTest::filtersByTheLastChange()
     const DiskFolder folder;
     folder.write("old.txt", "");
     folder.write("new.txt", "");
-    const QDateTime then(QDate(2020, 3, 4), QTime(12, 30));
+    const QDateTime then(QDate(2020, 3, 4), QTime(12, 30, 59));
     const utimbuf times {then.toSecsSinceEpoch(), then.toSecsSinceEpoch()};
     QCOMPARE(utime(folder.native("old.txt").constData(), &times), 0);
     const FileWindowDriver driver(folder.path());
@@ -188,6 +188,11 @@ void FileWindowTest::filtersByTheLastChange()
     from->setCurrentIndex(from->findText("13:00"));
     QTRY_VERIFY(driver.names().isEmpty());
     from->setCurrentIndex(from->findText("12:30"));
+    QTRY_COMPARE(driver.names(), QStringList("old.txt"));
+    auto *to = driver.part<QComboBox>("toTime");
+    to->setCurrentIndex(to->findText("12:00"));
+    QTRY_VERIFY(driver.names().isEmpty());
+    to->setCurrentIndex(to->findText("12:30")); // to its last second
     QTRY_COMPARE(driver.names(), QStringList("old.txt"));
     QTest::mouseClick(driver.part<QPushButton>("clearDates"), Qt::LeftButton);
     QCOMPARE(driver.names().size(), 2);
