@@ -110,6 +110,7 @@ bool saveGallery(const QDir &folder)
     for (int index = 0; index < titles.size(); ++index) {
         window.resize(size);
         window.showPage(index);
+        QCoreApplication::sendPostedEvents(); // lays out the page before it is drawn
         if (index == pageIndex("Buttons")
             && !save(window.grab().toImage().convertToFormat(QImage::Format_RGB32),
                 folder.filePath("gallery.png")))
