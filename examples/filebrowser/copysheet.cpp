@@ -77,7 +77,8 @@ private:
     /// Nobody else deletes it.
     void takeMovie()
     {
-        for (const QLabel *label : findChildren<QLabel *>()) {
+        const QList<QLabel *> labels = findChildren<QLabel *>();
+        for (const QLabel *label : labels) {
             if (label->movie())
                 label->movie()->setParent(this);
         }

@@ -132,7 +132,8 @@ void FileWork::paste(const QString &folder)
 {
     QStringList sources;
     if (const QMimeData *data = QGuiApplication::clipboard()->mimeData()) {
-        for (const QUrl &url : data->urls()) {
+        const QList<QUrl> urls = data->urls();
+        for (const QUrl &url : urls) {
             if (const QString path = pathOf(url); !path.isEmpty())
                 sources << path;
         }
@@ -161,7 +162,8 @@ void FileWork::tellProblems(const char *key, const QStringList &problems)
     if (problems.isEmpty())
         return;
     QStringList lines;
-    for (const QString &problem : problems.mid(0, kProblemsShown))
+    const QStringList shown = problems.mid(0, kProblemsShown);
+    for (const QString &problem : shown)
         lines << displayName(problem).toHtmlEscaped();
     if (problems.size() > kProblemsShown)
         lines << markedText("and_more", {numberText(problems.size() - kProblemsShown)});

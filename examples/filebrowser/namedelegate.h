@@ -18,5 +18,5 @@ public:
 
 Q_SIGNALS:
     /// Another name than before was entered.
-    void nameEntered(const QString &from, const QString &to) const;
+    void nameEntered(const QString &from, const QString &to);
 };

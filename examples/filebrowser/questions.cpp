@@ -55,7 +55,8 @@ QString problemLine(const QString &problem)
 QString listOf(const QStringList &names)
 {
     QStringList lines;
-    for (const QString &name : names.mid(0, kNamesShown))
+    const QStringList shown = names.mid(0, kNamesShown);
+    for (const QString &name : shown)
         lines << markedText("list_line", {name});
     if (names.size() > kNamesShown)
         lines << markedText("and_more", {numberText(names.size() - kNamesShown)});

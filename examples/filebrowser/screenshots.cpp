@@ -87,7 +87,8 @@ private:
 
     void leave()
     {
-        for (VemoSheet *sheet : m_window->findChildren<VemoSheet *>())
+        const QList<VemoSheet *> sheets = m_window->findChildren<VemoSheet *>();
+        for (VemoSheet *sheet : sheets)
             QMetaObject::invokeMethod(sheet, "quit", Qt::QueuedConnection);
         m_window->table()->cancelEditing();
     }

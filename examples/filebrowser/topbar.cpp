@@ -98,7 +98,8 @@ void TopBar::setUpFilter()
     m_kinds->setStyleSheet(getStyleSheet("component.menu"));
     addKind(QString());
     m_kinds->addSeparator();
-    for (const QString &kind : offeredKinds())
+    const QStringList kinds = offeredKinds();
+    for (const QString &kind : kinds)
         addKind(kind);
     m_filter->setMenu(m_kinds);
     m_kind_group->actions().constFirst()->setChecked(true);
