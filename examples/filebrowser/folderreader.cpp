@@ -114,7 +114,7 @@ int FolderReader::open()
 void FolderReader::slotReadOn()
 {
     int error = m_folder ? 0 : open();
-    if (error != 0) {
+    if (!m_folder) {
         report({}, true, error);
         return;
     }
