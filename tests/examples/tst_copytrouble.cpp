@@ -61,10 +61,28 @@ int copyWithoutRights()
         : 1;
 }
 
+/// Folders that may not be written any more are taken back, too.
+int cancelAmongReadOnlyFolders()
+{
+    if (!ChildWorld::becomeNobody())
+        return ChildWorld::kCannot;
+    const QString path = QString::fromUtf8(ChildWorld::folder());
+    Copying copying({path + "/folder"}, path + "/disk");
+    // All is copied by then, and the folders get their permissions one by one.
+    QObject::connect(&copying.job, &CopyJob::progress, [&](qint64 done, qint64 total) {
+        if (done > 0 && done == total)
+            copying.job.cancel();
+    });
+    copying.waitForEnd();
+    return copying.copied.isEmpty() && copying.problems.isEmpty() ? 0 : 1;
+}
+
 int runScenario(const QString &scenario)
 {
     if (scenario == "full disk")
         return copyToFullDisk();
+    if (scenario == "read-only folders")
+        return cancelAmongReadOnlyFolders();
     return scenario == "limit" ? copyBeyondTheLimit() : copyWithoutRights();
 }
 
@@ -77,6 +95,7 @@ class CopyTroubleTest : public VemoTest
 private Q_SLOTS:
     void troubleLeavesNothingHalfDone_data();
     void troubleLeavesNothingHalfDone();
+    void cancellingTakesReadOnlyFoldersBack();
 };
 
 void CopyTroubleTest::troubleLeavesNothingHalfDone_data()
@@ -121,6 +140,29 @@ void CopyTroubleTest::troubleLeavesNothingHalfDone()
         QSKIP("No file system may be mounted here");
     QCOMPARE(result.exitCode, 0);
     COMPARE_CONTENTS(folder.contents(), (expected));
+}
+
+void CopyTroubleTest::cancellingTakesReadOnlyFoldersBack()
+{
+    if (getuid() != 0)
+        QSKIP("Only root can make such trouble");
+    const DiskFolder folder;
+    folder.makeFolder("disk");
+    folder.makeFolder("folder");
+    for (int i = 0; i < 5000; ++i) {
+        const QByteArray sub = "folder/" + QByteArray::number(i);
+        folder.makeFolder(sub);
+        folder.write(sub + "/file", "");
+        chmod(folder.native(sub).constData(), 0555);
+    }
+    chmod(folder.native("disk").constData(), 0777);
+    chmod(folder.native(".").constData(), 0755);
+    const DiskFolder::Contents before = folder.contents();
+    const ChildResult result =
+        runChild("read-only folders", {ChildWorld::variableFor(folder.path())});
+    QCOMPARE(result.status, QProcess::NormalExit);
+    QCOMPARE(result.exitCode, 0);
+    COMPARE_CONTENTS(folder.contents(), (before));
 }
 
 VEMO_TEST_MAIN_WITH_CHILD(CopyTroubleTest, runScenario)
