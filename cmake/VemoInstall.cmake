@@ -76,3 +76,11 @@ endfunction()
 
 vemo_install_host(vemo-gallery vemo-gallery)
 vemo_install_host(filebrowser vemo-filebrowser)
+
+# The plug-in, where the Qt of the same prefix looks for it; elsewhere QT_PLUGIN_PATH names the folder.
+if(TARGET VemoDesigner)
+  set(pluginDir ${CMAKE_INSTALL_LIBDIR}/qt5/plugins/designer)
+  vemo_way_to(libraries ${pluginDir} ${CMAKE_INSTALL_LIBDIR})
+  set_target_properties(VemoDesigner PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
+  install(TARGETS VemoDesigner LIBRARY DESTINATION ${pluginDir} COMPONENT Designer)
+endif()
