@@ -53,6 +53,9 @@ BrowserWindow::BrowserWindow(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_text_browser);
     setWindowModality(Qt::ApplicationModal);
+    // Under a parent with a style sheet the scroll bars have looked up their rules already; Qt looks
+    // them up anew only for what it has polished.
+    ensurePolished();
     setStyleSheet(getStyleSheet("component.scrollbar"));
     makeShortcuts();
     resize(firstSize());

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void cleanup();
 
     void itIsAnApplicationModalDialogAroundATextBrowser();
+    void itsScrollBarsAreStyledUnderAStyledParent();
     void itsSignalsAndSlotsHaveTheirNames();
     void itFetchesThePageWithAPlainRequest();
     void theBodyIsShownAsUtf8_data();
@@ -104,6 +105,19 @@ void tst_browserwindow::itIsAnApplicationModalDialogAroundATextBrowser()
     QCOMPARE(window.view()->parentWidget(), &window);
     QCOMPARE(window.text(), QString());
     QVERIFY(!window.isVisible());
+}
+
+void tst_browserwindow::itsScrollBarsAreStyledUnderAStyledParent()
+{
+    QWidget parent;
+    parent.setStyleSheet("#other { color: red; }");
+    BrowserWindow window(&parent);
+    const BrowserWindow alone(nullptr);
+    window.show();
+    const QList<int> widths = {
+        window.findChild<QTextBrowser *>()->verticalScrollBar()->sizeHint().width(),
+        alone.findChild<QTextBrowser *>()->verticalScrollBar()->sizeHint().width()};
+    QCOMPARE(widths.first(), widths.last());
 }
 
 void tst_browserwindow::itsSignalsAndSlotsHaveTheirNames()
