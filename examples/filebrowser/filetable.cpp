@@ -76,7 +76,7 @@ QTableWidgetItem *newCell(const QString &content, const QString &toolTip)
 
 QString toolTipOf(const FileEntry &entry)
 {
-    QStringList lines {displayName(entry.name)};
+    QStringList lines {displayName(entry.name), kindText(kindOf(entry))};
     if (!entry.isFolder)
         lines << text("tip_size", sizeText(entry.size));
     if (entry.modified.isValid())

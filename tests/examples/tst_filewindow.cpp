@@ -7,6 +7,7 @@
 #include "support/vemotest.h"
 
 #include <vemo/filesystemtreewidgetitem.h>
+#include <vemo/vemopagingbar.h>
 
 #include <QComboBox>
 #include <QDesktopServices>
@@ -62,6 +63,7 @@ private Q_SLOTS:
     void initTestCase() { startFileBrowserLook(); }
     void showsTheEntriesOfAFolder();
     void showsOnlyOnePageOfALongFolder();
+    void staysOnAPageThatThereIs();
     void answersWhileItReads();
     void filtersByAPartOfTheName();
     void filtersByKind();
@@ -113,6 +115,18 @@ void FileWindowTest::showsOnlyOnePageOfALongFolder()
     QCOMPARE(driver.table()->rowCount(), 34);
     QCOMPARE(driver.names().last(), QString("234"));
     QVERIFY(footer(driver).contains("Items: 234"));
+}
+
+void FileWindowTest::staysOnAPageThatThereIs()
+{
+    const DiskFolder folder;
+    folder.fill(kRowsOfAPage + 1);
+    const FileWindowDriver driver(folder.path());
+    driver.part<VemoPagingBar>("pagingBar")->findChildren<QPushButton *>().at(3)->click();
+    QCOMPARE(driver.names(), QStringList("101"));
+    folder.remove("101");
+    driver.press(Qt::Key_F5);
+    QTRY_COMPARE(driver.names().size(), kRowsOfAPage);
 }
 
 void FileWindowTest::answersWhileItReads()
