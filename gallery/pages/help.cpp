@@ -6,6 +6,7 @@
 
 #include <vemo/helpwindow.h>
 #include <vemo/imagemanager.h>
+#include <vemo/uipathmanager.h>
 #include <vemo/vemobutton.h>
 
 #include <QCoreApplication>
@@ -82,9 +83,9 @@ void writeHelp(const QString &path, const QByteArray &bytes)
 }
 
 /// The help as a host would install it: a folder for each language, with pages and pictures.
-QString installedHelp(const QString &userFolder)
+QString installedHelp()
 {
-    const QString root = userFolder + "/help";
+    const QString root = UIPathManager::getInstance().getPath("user_data_path") + "/help";
     for (const HelpPage &page : kPages) {
         const QString folder = root + '/' + page.folder;
         QDir().mkpath(folder);
@@ -183,7 +184,7 @@ void build(Page &page)
         "Ctrl with the wheel, plus and minus zooms, Escape closes.");
     // Nobody listens there: the gallery has no knowledge base and asks nobody for it.
     HelpWindow::setKnowledgeBaseUrl(QUrl("https://127.0.0.1:1"));
-    const QString helpPath = installedHelp(page.options().userFolder);
+    const QString helpPath = installedHelp();
     addLocalHelp(page, helpPath);
     addFetchedPage(page, helpPath);
 }
