@@ -1,15 +1,26 @@
 # SPDX-License-Identifier: MIT
 # Makes one C++ file of the ```cpp blocks of all documentation pages, so that they are compiled: a
-# block with includes stands at file scope, any other becomes a member function of DocHost.
+# block with includes stands at file scope, any other becomes a member function of DocHost. Those that
+# neither wait for a user nor change what the process shares are listed as docSnippets, to be run.
 #
 #     awk -f extract.awk PAGE... > snippets.cpp
 
-FNR == 1 { isCode = 0 }
+BEGIN {
+  waits = "exec\\(|(Msg|CustomBtn)\\(|popup\\(|startDetached|HelpWindow|BrowserWindow"
+  shares = "initialize\\(|installStrings|setFilterRules|setPalette"
+}
+
+FNR == 1 {
+  isCode = 0
+  page = FILENAME
+  sub(/.*\//, "", page)
+}
 
 /^```cpp$/ {
   isCode = 1
   isFile = 0
   body = ""
+  line = FNR
   place = sprintf("#line %d \"%s\"\n", FNR + 1, FILENAME)
   next
 }
@@ -19,9 +30,12 @@ FNR == 1 { isCode = 0 }
   ++count
   if (isFile)
     files = files "#define main page_main_" count "\n" place body "#undef main\n"
-  else
+  else {
     bodies = bodies "struct Page" count " : DocHost\n{\n    void run();\n};\n" \
       "void Page" count "::run()\n{\n" place body "}\n"
+    if (body !~ waits && body !~ shares)
+      list = list sprintf("    {\"%s:%d\", [] { Page%d().run(); }},\n", page, line, count)
+  }
   next
 }
 
@@ -31,4 +45,7 @@ isCode {
   body = body $0 "\n"
 }
 
-END { printf "%s#include \"docs/snippets.h\"\n%s", files, bodies }
+END {
+  printf "%s#include \"docs/snippets.h\"\n%s", files, bodies
+  printf "const std::vector<DocSnippet> docSnippets {\n%s};\n", list
+}

@@ -45,19 +45,45 @@
 
 #include <QtWidgets>
 
-struct DocHost : QWidget
+#include <vector>
+
+class DocHost : public QWidget
 {
-    QWidget *window = nullptr;
-    QWidget *page = nullptr;
-    QBoxLayout *layout = nullptr;
+    Q_OBJECT
+
+public:
+    QWidget *window = this;
+    QWidget *page = new QWidget(this);
+    QBoxLayout *layout = new QVBoxLayout(page);
     QObject *job = nullptr;
     QtSingleApplication *singleApplication = nullptr;
-    QString fileName;
+    QString fileName = QStringLiteral("report.doc");
     QString resources;
     QString cache;
     QStringList items;
     QMap<QString, QString> strings;
 
-    void deleteIt();
-    void makeFolder(const QString &name);
+    void deleteIt() { }
+    void makeFolder(const QString &) { }
+
+public Q_SLOTS:
+    void slotSave() { }
+    void slotRename() { }
+    void slotFillTable() { }
+    void slotReadAgain() { }
+    void slotKeepChanged(bool) { }
+    void slotUnitChanged(int) { }
+    void slotOpenFolder(QString) { }
+    void slotFilter(QString) { }
+    void slotFilterFrom(QDate) { }
+    void slotDateSelect(QDate) { }
+    void slotShowMenu(QMouseEvent *) { }
 };
+
+/// A block of the documentation's code, named by its page and line.
+struct DocSnippet
+{
+    const char *name;
+    void (*run)();
+};
+extern const std::vector<DocSnippet> docSnippets;
