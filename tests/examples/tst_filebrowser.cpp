@@ -61,6 +61,25 @@ void clickPage(const BrowserStage &stage, const QString &name)
     QVERIFY2(false, qPrintable(name));
 }
 
+/// The first day of the date filter.
+void chooseToday(const BrowserStage &stage)
+{
+    auto *from = stage.part<QComboBox>("fromDate");
+    OnPopup calendar([&](QWidget *popup) {
+        stage.click(popup->findChild<QAbstractButton *>("qt_calendar_today_button"));
+    });
+    stage.click(from, QPoint(from->width() / 2, from->height() / 2));
+    QTRY_VERIFY(calendar.isDone() && !QApplication::activePopupWidget());
+    stage.reactivate();
+}
+
+void changeToday(const BrowserStage &stage, const QByteArray &name, const QTime &time)
+{
+    const time_t moment = QDateTime(QDate::currentDate(), time).toSecsSinceEpoch();
+    const utimbuf times = {moment, moment};
+    QCOMPARE(utime(stage.home.native(name).constData(), &times), 0);
+}
+
 QString detail(const BrowserStage &stage, const char *name)
 {
     return stage.part<QLabel>(name)->text();
@@ -134,6 +153,7 @@ private Q_SLOTS:
     void theListIsFilteredByName();
     void theListIsFilteredByKind();
     void theListIsFilteredByDate();
+    void theListIsFilteredByTimeOfDay();
     void aLargeFolderIsPaged();
     void theDetailsTellAllOfAnEntry();
     void theDetailsAreHiddenByTheirKey();
@@ -295,16 +315,30 @@ void FileBrowserTest::theListIsFilteredByDate()
     const utimbuf longAgo = {1000000000, 1000000000};
     QCOMPARE(utime(stage.home.native("old").constData(), &longAgo), 0);
     stage.open();
-    auto *from = stage.part<QComboBox>("fromDate");
-    OnPopup calendar([&](QWidget *popup) {
-        stage.click(popup->findChild<QAbstractButton *>("qt_calendar_today_button"));
-    });
-    stage.click(from, QPoint(from->width() / 2, from->height() / 2));
-    QTRY_VERIFY(calendar.isDone());
+    chooseToday(stage);
     QTRY_COMPARE(stage.names(), QStringList("new"));
     QCOMPARE(stage.footer(), QString("Items: 1 of 2"));
     stage.click(stage.part("clearDates"));
     QTRY_COMPARE(stage.names(), QStringList({"new", "old"}));
+}
+
+void FileBrowserTest::theListIsFilteredByTimeOfDay()
+{
+    BrowserStage stage;
+    for (const QByteArray &name : {QByteArray("early"), QByteArray("late")})
+        stage.home.write(name, "");
+    changeToday(stage, "early", QTime(10, 7, 59));
+    changeToday(stage, "late", QTime(10, 8));
+    stage.open();
+    chooseToday(stage);
+    auto *field = stage.part<QComboBox>("fromTime")->lineEdit();
+    QTRY_VERIFY(field->isEnabled());
+    QCOMPARE(stage.names(), QStringList({"early", "late"}));
+    stage.click(field, QPoint(8, field->height() / 2));
+    stage.press(Qt::Key_A, Qt::ControlModifier);
+    stage.type("10:08");
+    stage.press(Qt::Key_Return);
+    QTRY_COMPARE(stage.names(), QStringList("late"));
 }
 
 void FileBrowserTest::aLargeFolderIsPaged()
