@@ -144,7 +144,7 @@ int main(int argc, char **argv)
         return 2;
     }
     QApplication::setStyle("fusion");
-    QApplication::setPalette(lightPalette());
+    QApplication::setPalette(defaultThemePalette());
     QFont font = QApplication::font();
     font.setPointSize(kFontSize);
     QApplication::setFont(font);

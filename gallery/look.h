@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QPalette>
 #include <QString>
-
-/// The theme's palette for what no style section colours: the ground of windows, stock widgets.
-QPalette lightPalette();
 
 /// Makes this process one of a desktop in the language code: numbers, and the font that steps in
 /// for Chinese characters.

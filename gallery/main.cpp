@@ -49,7 +49,7 @@ int runWindow(QtSingleApplication &app, const Options &options)
 void setLook()
 {
     QApplication::setStyle("fusion");
-    QApplication::setPalette(lightPalette());
+    QApplication::setPalette(defaultThemePalette());
     if (QGuiApplication::platformName() == "offscreen") {
         // Its font is larger than that of any desktop.
         QFont font = QApplication::font();

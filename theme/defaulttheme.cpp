@@ -7,11 +7,14 @@
 #include <vemo/stylemanager.h>
 #include <vemo/uipathmanager.h>
 
+#include <QColor>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryFile>
+
+#include <tuple>
 
 namespace {
 
@@ -83,4 +86,28 @@ bool installDefaultTheme(
     ImageManager::getInstance().initialize(type);
     StyleManager::getInstance().initialize(styleFiles());
     return true;
+}
+
+QPalette defaultThemePalette()
+{
+    QPalette palette;
+    for (const auto &[role, colour] : {
+             std::make_tuple(QPalette::Window, "#F5F7FA"),
+             std::make_tuple(QPalette::WindowText, "#1F2933"),
+             std::make_tuple(QPalette::Base, "#FFFFFF"),
+             std::make_tuple(QPalette::AlternateBase, "#F5F7FA"),
+             std::make_tuple(QPalette::Text, "#1F2933"),
+             std::make_tuple(QPalette::Button, "#FFFFFF"),
+             std::make_tuple(QPalette::ButtonText, "#1F2933"),
+             std::make_tuple(QPalette::PlaceholderText, "#52606D"),
+             std::make_tuple(QPalette::Highlight, "#1769E0"),
+             std::make_tuple(QPalette::HighlightedText, "#FFFFFF"),
+             std::make_tuple(QPalette::Link, "#1769E0"),
+             std::make_tuple(QPalette::ToolTipBase, "#FFFFFF"),
+             std::make_tuple(QPalette::ToolTipText, "#1F2933"),
+         })
+        palette.setColor(role, QColor(colour));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA5, 0xB1));
+    return palette;
 }

@@ -4,6 +4,8 @@
 #include <vemo/imagemanager.h>
 #include <vemo/themeexport.h>
 
+#include <QPalette>
+
 /// Does the host's whole start-up from the embedded default theme: folders, strings, pictures and
 /// styles, in that order. Call it once, after the application object and before the first widget.
 ///
@@ -16,3 +18,11 @@
 ///         VemoLocale::getInstance().getDefaultLanguage(), ImageManager::LAZY_LOAD);
 VEMO_THEME_EXPORT bool installDefaultTheme(
     const QString &userDataPath, const QString &languageCode, ImageManager::InitializeType type);
+
+/// The theme's colours for what no style section dresses: windows, and stock widgets among ours.
+/// The host's to set, before or after the start-up; every role that is not the theme's has Qt's
+/// default.
+///
+///     QApplication::setStyle("fusion");
+///     QApplication::setPalette(defaultThemePalette());
+VEMO_THEME_EXPORT QPalette defaultThemePalette();

@@ -7,6 +7,7 @@
 #include "gallery/screenshots.h"
 #include "support/testhost.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/vemobutton.h>
 
 #include <QAccessible>
@@ -90,7 +91,7 @@ private Q_SLOTS:
 void GalleryWindowTest::initTestCase()
 {
     startDefaultTheme();
-    QApplication::setPalette(lightPalette());
+    QApplication::setPalette(defaultThemePalette());
     installGalleryStyle();
 }
 

@@ -10,6 +10,7 @@
 #include "support/vemotest.h"
 
 #include <vemo/componentstrings.h>
+#include <vemo/defaulttheme.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemocalanderview.h>
 #include <vemo/vemoinputsheet.h>
@@ -72,7 +73,7 @@ void speak(const QString &code)
 
 void LanguagesTest::initTestCase()
 {
-    QApplication::setPalette(lightPalette());
+    QApplication::setPalette(defaultThemePalette());
     QFont font = QApplication::font();
     font.setPointSize(10); // As on a desktop; the offscreen platform's is larger.
     QApplication::setFont(font);

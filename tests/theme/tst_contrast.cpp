@@ -3,6 +3,7 @@
 
 #include "support/testhost.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/vemolineedit.h>
 
 #include <QDir>
@@ -170,6 +171,8 @@ private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void textIsReadableOnItsGround_data();
     void textIsReadableOnItsGround();
+    void thePaletteIsReadableOnItsGrounds_data();
+    void thePaletteIsReadableOnItsGrounds();
     void placeholdersAreReadable();
     void focusAndChoicesAreVisible_data();
     void focusAndChoicesAreVisible();
@@ -207,6 +210,30 @@ void ContrastTest::textIsReadableOnItsGround()
     QFETCH(QString, ground);
     const double measured = contrast(colour, ground);
     QVERIFY2(measured >= kReadable, qPrintable(QString::number(measured)));
+}
+
+void ContrastTest::thePaletteIsReadableOnItsGrounds_data()
+{
+    QTest::addColumn<QPalette::ColorRole>("text");
+    QTest::addColumn<QPalette::ColorRole>("ground");
+    QTest::newRow("window") << QPalette::WindowText << QPalette::Window;
+    QTest::newRow("list") << QPalette::Text << QPalette::Base;
+    QTest::newRow("every other row") << QPalette::Text << QPalette::AlternateBase;
+    QTest::newRow("button") << QPalette::ButtonText << QPalette::Button;
+    QTest::newRow("placeholder") << QPalette::PlaceholderText << QPalette::Base;
+    QTest::newRow("selection") << QPalette::HighlightedText << QPalette::Highlight;
+    QTest::newRow("link") << QPalette::Link << QPalette::Base;
+    QTest::newRow("tool tip") << QPalette::ToolTipText << QPalette::ToolTipBase;
+}
+
+void ContrastTest::thePaletteIsReadableOnItsGrounds()
+{
+    QFETCH(QPalette::ColorRole, text);
+    QFETCH(QPalette::ColorRole, ground);
+    const QPalette palette = defaultThemePalette();
+    QVERIFY(contrast(palette.color(text).name(), palette.color(ground).name()) >= kReadable);
+    QVERIFY(palette.isBrushSet(QPalette::Active, text)); // not what Qt would have there
+    QVERIFY(palette.isBrushSet(QPalette::Active, ground));
 }
 
 void ContrastTest::placeholdersAreReadable()
