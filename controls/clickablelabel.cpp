@@ -5,6 +5,8 @@
 
 ClickableLabel::ClickableLabel(const QString &text, QWidget *parent) : QLabel(text, parent) { }
 
+ClickableLabel::ClickableLabel(QWidget *parent) : QLabel(parent) { }
+
 void ClickableLabel::mousePressEvent(QMouseEvent *event)
 {
     const QPointer<ClickableLabel> self(this);

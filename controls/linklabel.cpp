@@ -68,6 +68,11 @@ LinkLabel::LinkLabel(const QString &text, QLabel *parent) : ClickableLabel(QStri
     setText(text);
 }
 
+LinkLabel::LinkLabel(QWidget *parent) : LinkLabel(QString())
+{
+    setParent(parent);
+}
+
 LinkLabel::~LinkLabel()
 {
     takeHandsBack();

@@ -16,12 +16,27 @@ constexpr const char *kRoleKeys[] = {
     "component.red_button",
 };
 
+bool isRole(int role)
+{
+    return role >= 0 && role < static_cast<int>(std::size(kRoleKeys));
+}
+
 } // namespace
 
 VemoButton::VemoButton(const QString &text, int role) : QPushButton(text)
 {
     setFlat(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    if (role >= 0 && role < static_cast<int>(std::size(kRoleKeys)))
+    if (isRole(role))
         setStyleSheet(getStyleSheet(kRoleKeys[role]));
+}
+
+VemoButton::VemoButton(QWidget *parent) : VemoButton(QString(), DEFAULT)
+{
+    setParent(parent);
+}
+
+void VemoButton::setRole(int role)
+{
+    setStyleSheet(isRole(role) ? getStyleSheet(kRoleKeys[role]) : QString());
 }

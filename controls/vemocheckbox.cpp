@@ -7,3 +7,5 @@ VemoCheckBox::VemoCheckBox(const QString &text, QWidget *parent) : QCheckBox(tex
 {
     setStyleSheet(getStyleSheet("component.checkbox"));
 }
+
+VemoCheckBox::VemoCheckBox(QWidget *parent) : VemoCheckBox(QString(), parent) { }

@@ -31,6 +31,11 @@ VemoIconButton::VemoIconButton(const QString &name)
     initialize();
 }
 
+VemoIconButton::VemoIconButton(QWidget *parent) : QToolButton(parent)
+{
+    initialize();
+}
+
 void VemoIconButton::setAllIcon(const QString &name)
 {
     const QPixmap normal = getGlobalImage(name);

@@ -46,11 +46,51 @@ QString VemoLineEdit::getEditText() const
     return m_line_edit->text();
 }
 
+void VemoLineEdit::setEditText(const QString &text)
+{
+    m_line_edit->setText(text);
+}
+
+QString VemoLineEdit::preText() const
+{
+    return m_pre_label->text();
+}
+
+void VemoLineEdit::setPreText(const QString &text)
+{
+    m_pre_label->setText(text);
+}
+
+QString VemoLineEdit::postText() const
+{
+    return m_post_label->text();
+}
+
+void VemoLineEdit::setPostText(const QString &text)
+{
+    m_post_label->setText(text);
+}
+
+QString VemoLineEdit::placeholderText() const
+{
+    return m_line_edit->placeholderText();
+}
+
+void VemoLineEdit::setPlaceholderText(const QString &text)
+{
+    m_line_edit->setPlaceholderText(text);
+}
+
 void VemoLineEdit::setError(bool error)
 {
     m_line_edit->setProperty("error", error);
     m_line_edit->style()->polish(m_line_edit);
     m_line_edit->update();
+}
+
+bool VemoLineEdit::hasError() const
+{
+    return m_line_edit->property("error").toBool();
 }
 
 void VemoLineEdit::setValidator(bool (*validator)(const QString &))

@@ -7,3 +7,5 @@ VemoRadioButton::VemoRadioButton(const QString &text, QWidget *parent) : QRadioB
 {
     setStyleSheet(getStyleSheet("component.radio_button"));
 }
+
+VemoRadioButton::VemoRadioButton(QWidget *parent) : VemoRadioButton(QString(), parent) { }

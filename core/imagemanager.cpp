@@ -67,6 +67,11 @@ void ImageManager::initialize(InitializeType type)
         prepareImages();
 }
 
+bool ImageManager::isInitialized() const
+{
+    return !m_imageFolder.isEmpty();
+}
+
 QPixmap ImageManager::getImage(const QString &name, ImageType type)
 {
     const auto found = m_images.find(name);

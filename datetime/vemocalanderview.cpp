@@ -119,9 +119,29 @@ void VemoCalanderView::setMinimumDate(const QDate &date)
     m_calendar->setMinimumDate(date);
 }
 
+QDate VemoCalanderView::minimumDate() const
+{
+    return m_calendar->minimumDate();
+}
+
 void VemoCalanderView::setMaximumDate(const QDate &date)
 {
     m_calendar->setMaximumDate(date);
+}
+
+QDate VemoCalanderView::maximumDate() const
+{
+    return m_calendar->maximumDate();
+}
+
+void VemoCalanderView::setSelectedDate(const QDate &date)
+{
+    m_calendar->setSelectedDate(date);
+}
+
+QDate VemoCalanderView::selectedDate() const
+{
+    return m_calendar->selectedDate();
 }
 
 bool VemoCalanderView::eventFilter(QObject * /*watched*/, QEvent *event)

@@ -8,8 +8,6 @@
 #include <vemo/stylemanager.h>
 #include <vemo/vemocalanderview.h>
 
-#include <QDate>
-
 #include <utility>
 
 namespace {
@@ -44,7 +42,26 @@ VemoDateSelector::VemoDateSelector(QString placeholder, QWidget *parent)
     setStyleSheet(getStyleSheet("component.date_selector") + getStyleSheet("component.menu"));
 }
 
+VemoDateSelector::VemoDateSelector(QWidget *parent) : VemoDateSelector(QString(), parent) { }
+
 VemoDateSelector::~VemoDateSelector() = default;
+
+QDate VemoDateSelector::date() const
+{
+    return itemData(0).toDate();
+}
+
+void VemoDateSelector::setDate(const QDate &date)
+{
+    dateSelect(date);
+}
+
+void VemoDateSelector::setPlaceholder(const QString &placeholder)
+{
+    m_placeholder = placeholder;
+    if (!date().isValid())
+        setItemText(0, placeholder);
+}
 
 void VemoDateSelector::clearDate()
 {

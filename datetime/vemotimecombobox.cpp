@@ -51,6 +51,29 @@ VemoTimeComboBox::VemoTimeComboBox(QWidget *parent)
     takeRowsAsEqual(view(), true);
 }
 
+QStringList VemoTimeComboBox::times() const
+{
+    QStringList times;
+    for (int row = 0; row < count(); ++row) {
+        if (!isCustomRow(row))
+            times << itemText(row);
+    }
+    return times;
+}
+
+void VemoTimeComboBox::setTimes(const QStringList &times)
+{
+    const QString shown = currentText();
+    for (int row = count() - 1; row >= 0; --row) {
+        if (!isCustomRow(row))
+            removeItem(row);
+    }
+    addItems(times);
+    const int row = rowOf(shown);
+    if (row >= 0)
+        setCurrentIndex(row);
+}
+
 void VemoTimeComboBox::setEditable(bool editable)
 {
     if (isEditable() == editable)
@@ -203,6 +226,11 @@ QStandardItem *VemoTimeComboBox::customItem() const
     const auto *items = qobject_cast<const QStandardItemModel *>(model());
     const bool isThere = items && m_custom_row.isValid() && m_custom_row.model() == items;
     return isThere ? items->itemFromIndex(m_custom_row) : nullptr;
+}
+
+bool VemoTimeComboBox::isCustomRow(int row) const
+{
+    return customItem() && m_custom_row.row() == row;
 }
 
 int VemoTimeComboBox::rowOf(const QString &text) const

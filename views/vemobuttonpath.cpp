@@ -92,11 +92,17 @@ void VemoButtonPath::refresh(QString path) // NOLINT: by value, as the slot of i
 
 QString VemoButtonPath::getPath(int index)
 {
-    QString path;
-    const int end = qMin(index, m_buttons.size() - 1);
-    for (int column = 0; column <= end; ++column)
-        path += isArrow(column) ? QStringLiteral("/") : partOf(m_buttons.at(column)->text());
-    return path;
+    return pathUpTo(qMin(index, m_buttons.size() - 1));
+}
+
+QString VemoButtonPath::path() const
+{
+    return pathUpTo(m_buttons.size() - 1);
+}
+
+void VemoButtonPath::setPath(const QString &path)
+{
+    refresh(path);
 }
 
 void VemoButtonPath::slotUpdatePath(QString path)
@@ -132,6 +138,14 @@ void VemoButtonPath::setupFolderButton()
     m_change_folder_button->setStyleSheet(getStyleSheet("component.button_path_change_folder_btn"));
     m_change_folder_button->setFixedSize(scaled(kFolderButtonSize), scaled(kFolderButtonSize));
     m_change_folder_button->move(scaled(1), scaled(1));
+}
+
+QString VemoButtonPath::pathUpTo(int column) const
+{
+    QString path;
+    for (int each = 0; each <= column; ++each)
+        path += isArrow(each) ? QStringLiteral("/") : partOf(m_buttons.at(each)->text());
+    return path;
 }
 
 void VemoButtonPath::clearRow()

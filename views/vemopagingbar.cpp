@@ -25,6 +25,7 @@ constexpr int kFooterGap = 50;
 
 constexpr int kMiddle = 2;
 constexpr int kLeap = 5;
+constexpr int kOwnRowLimit = 50;
 
 constexpr Qt::Alignment kAtLeft = Qt::AlignLeft | Qt::AlignVCenter;
 constexpr Qt::Alignment kCentred = Qt::AlignHCenter | Qt::AlignVCenter;
@@ -61,6 +62,12 @@ VemoPagingBar::VemoPagingBar(VemoPagingModel *model, QWidget *parent)
     connectSignals();
 }
 
+VemoPagingBar::VemoPagingBar(QWidget *parent)
+    : VemoPagingBar(new VemoPagingModel(kOwnRowLimit, nullptr), parent)
+{
+    m_model->setParent(this);
+}
+
 VemoPagingBar::~VemoPagingBar() = default;
 
 void VemoPagingBar::initializeUI()
@@ -94,11 +101,34 @@ void VemoPagingBar::connectSignals()
     connect(m_prev_5_button, SIGNAL(clicked()), this, SLOT(prev_5_page()));
 }
 
+VemoPagingModel *VemoPagingBar::pagingModel() const
+{
+    return m_model;
+}
+
+int VemoPagingBar::rowLimit() const
+{
+    return m_model ? m_model->rowLimit() : 0;
+}
+
+int VemoPagingBar::itemCount() const
+{
+    return m_model ? m_model->itemCount() : 0;
+}
+
 void VemoPagingBar::setItemCount(int count)
 {
     if (!hasModel())
         return;
     m_model->setItemCount(count);
+    setPage(m_model->nowPage());
+}
+
+void VemoPagingBar::setRowLimit(int rowLimit)
+{
+    if (!hasModel())
+        return;
+    m_model->setRowLimit(rowLimit);
     setPage(m_model->nowPage());
 }
 
@@ -112,9 +142,19 @@ void VemoPagingBar::setRefreshButtonHidden(bool hidden)
     m_refresh_button->setHidden(hidden);
 }
 
+bool VemoPagingBar::isRefreshButtonHidden() const
+{
+    return m_refresh_button->isHidden();
+}
+
 void VemoPagingBar::setFooterText(const QString &text)
 {
     setFooterInfo({text, 0});
+}
+
+QString VemoPagingBar::footerText() const
+{
+    return m_footer_labels.empty() ? QString() : m_footer_labels.front()->text();
 }
 
 void VemoPagingBar::setFooterInfo(const PagingFooterInfo &info)

@@ -19,6 +19,9 @@ constexpr int kHeaderHeight = 30;
 constexpr int kRowHeight = 28;
 constexpr int kExtraWidth = 12; // above the vertical scroll bar
 
+constexpr int kDefaultWidth = 100;
+const QLatin1Char kSeparator('|');
+
 } // namespace
 
 int VemoTableColumnsInfo::addColumn(const QString &name, int width, bool proportional, double ratio)
@@ -32,6 +35,8 @@ ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns)
 {
 }
 
+ResizeSignalTableWidget::ResizeSignalTableWidget(QWidget *parent) : QTableWidget(parent) { }
+
 void ResizeSignalTableWidget::resizeEvent(QResizeEvent *event)
 {
     Q_EMIT sigResized(event->size());
@@ -44,7 +49,48 @@ VemoTableWidget::VemoTableWidget(const VemoTableColumnsInfo &columns, QWidget *p
     initailze();
 }
 
+VemoTableWidget::VemoTableWidget(QWidget *parent) : VemoTableWidget(VemoTableColumnsInfo(), parent)
+{
+}
+
 VemoTableWidget::~VemoTableWidget() = default;
+
+void VemoTableWidget::setColumns(const VemoTableColumnsInfo &columns)
+{
+    m_columns = columns;
+    const int count = static_cast<int>(m_columns.m_columns.size());
+    m_header_table->setColumnCount(count + 1);
+    m_table->setColumnCount(count);
+    setLabels();
+    setSectionSizes();
+    slotTableResized(m_table->viewport()->size());
+}
+
+void VemoTableWidget::setColumns(const QStringList &columns)
+{
+    VemoTableColumnsInfo info;
+    for (const QString &column : columns) {
+        const QStringList parts = column.split(kSeparator);
+        bool hasWidth = false;
+        const int width = parts.value(1).toInt(&hasWidth);
+        bool isProportional = false;
+        const double ratio = parts.value(2).toDouble(&isProportional);
+        info.addColumn(parts.first(), hasWidth ? width : kDefaultWidth, isProportional, ratio);
+    }
+    setColumns(info);
+}
+
+QStringList VemoTableWidget::columns() const
+{
+    QStringList texts;
+    for (const auto &column : m_columns.m_columns) {
+        QString text = column.name + kSeparator + QString::number(column.width);
+        if (column.proportional)
+            text += kSeparator + QString::number(column.ratio);
+        texts << text;
+    }
+    return texts;
+}
 
 QHeaderView *VemoTableWidget::getHeader()
 {
@@ -88,6 +134,7 @@ void VemoTableWidget::slotVerticalScrollRangeChanged(int /*min*/, int max)
 void VemoTableWidget::initailze()
 {
     makeHeader();
+    setLabels();
     m_table = new ResizeSignalTableWidget(0, static_cast<int>(m_columns.m_columns.size()));
     setSectionSizes();
     setupTable();
@@ -97,18 +144,22 @@ void VemoTableWidget::initailze()
 
 void VemoTableWidget::makeHeader()
 {
-    QStringList labels;
-    for (const auto &column : m_columns.m_columns)
-        labels << column.name;
-    labels << QString();
-
-    m_header_table = std::make_unique<QTableWidget>(0, labels.size());
+    const int count = static_cast<int>(m_columns.m_columns.size());
+    m_header_table = std::make_unique<QTableWidget>(0, count + 1);
     m_header = new QHeaderView(Qt::Horizontal);
     m_header->setModel(m_header_table->model());
     m_header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_header->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_header->setStyleSheet(getStyleSheet("component.table_header"));
     m_header->setFixedSize(scaled(kHeaderWidth), scaled(kHeaderHeight));
+}
+
+void VemoTableWidget::setLabels()
+{
+    QStringList labels;
+    for (const auto &column : m_columns.m_columns)
+        labels << column.name;
+    labels << QString();
     m_header_table->setHorizontalHeaderLabels(labels);
 }
 

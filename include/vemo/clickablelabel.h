@@ -21,6 +21,7 @@ class VEMO_EXPORT ClickableLabel : public QLabel
 public:
     /// A label with a text; no resources are needed.
     explicit ClickableLabel(const QString &text, QWidget *parent = nullptr);
+    explicit ClickableLabel(QWidget *parent);
 
 Q_SIGNALS:
     /// A mouse button, any of them, was pressed on the label.

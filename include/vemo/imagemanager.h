@@ -44,6 +44,7 @@ public:
     /// Reads the catalogue and writes the temporary pictures. A catalogue or picture that is
     /// missing or broken is passed over in silence. A later call reads everything again.
     void initialize(InitializeType type);
+    bool isInitialized() const; ///< whether initialize() was called
 
     /// The picture of name in that state, its size in screen pixels with the screen's pixel ratio.
     /// A state without a picture yields the normal one and a warning; an unknown name a null pixmap

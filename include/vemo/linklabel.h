@@ -20,6 +20,7 @@ class VEMO_EXPORT LinkLabel : public ClickableLabel
 public:
     /// Deliberate: the parent is declared as a label; it is taken as any widget parent.
     explicit LinkLabel(const QString &text, QLabel *parent = nullptr);
+    explicit LinkLabel(QWidget *parent);
     ~LinkLabel() override;
 
     /// Stores the target, as any text; nothing checks it.
@@ -30,6 +31,7 @@ public:
     /// Whether the text is underlined while the pointer is over it, which it is by default; takes
     /// effect when the pointer next enters.
     void setHoverUnderline(bool on) { m_hoverUnderline = on; }
+    bool hoverUnderline() const { return m_hoverUnderline; }
 
 protected:
     void enterEvent(QEvent *event) override;

@@ -29,7 +29,14 @@ public:
         DEFAULT = 4, ///< "component.default_button"
         RED = 5, ///< "component.red_button"
     };
+    Q_ENUM(Role)
 
     /// Any role but the six above sets no style sheet at all.
     VemoButton(const QString &text, int role);
+
+    /// Without text and in the role DEFAULT, as code made from a form needs it.
+    explicit VemoButton(QWidget *parent);
+
+    /// Takes on the look of another role; any but the six above leaves no style sheet.
+    void setRole(int role);
 };

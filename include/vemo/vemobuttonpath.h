@@ -27,6 +27,7 @@ class QToolButton;
 class VEMO_EXPORT VemoButtonPath : public QTableWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString path READ path WRITE setPath)
 
 public:
     /// An empty bar, 28 design pixels high. Pictures "bt_next" and "folder" and the sections
@@ -41,6 +42,10 @@ public:
     /// The path up to a column, without a slash in front: names are in even columns, the arrows
     /// between them in odd ones, up to which the path ends in a slash.
     QString getPath(int index);
+
+    /// The whole path, and refresh() by another name, for forms.
+    QString path() const;
+    void setPath(const QString &path);
 
 Q_SIGNALS:
     /// The user asks for the path up to one of the parts.
@@ -58,6 +63,7 @@ protected:
 
 private:
     void setupFolderButton();
+    QString pathUpTo(int column) const;
     void clearRow();
     void addButton(QPushButton *button);
     void addArrow(const QPixmap &picture, const QString &style);

@@ -30,6 +30,9 @@ class QTableWidget;
 class VEMO_EXPORT VemoCalanderView : public QAbstractItemView
 {
     Q_OBJECT
+    Q_PROPERTY(QDate minimumDate READ minimumDate WRITE setMinimumDate)
+    Q_PROPERTY(QDate maximumDate READ maximumDate WRITE setMaximumDate)
+    Q_PROPERTY(QDate selectedDate READ selectedDate WRITE setSelectedDate)
 
 public:
     /// Shows the current month, with nothing picked but today.
@@ -40,8 +43,15 @@ public:
     void setCurrentPage(int year, int month);
     /// The first day that can be picked. Where it lies after the last one, it becomes both.
     void setMinimumDate(const QDate &date);
+    QDate minimumDate() const;
     /// The last day that can be picked. Where it lies before the first one, it becomes both.
     void setMaximumDate(const QDate &date);
+    QDate maximumDate() const;
+
+    /// Today at first. Selects the day, or the nearest that can be picked, shows its month and
+    /// reports nothing.
+    void setSelectedDate(const QDate &date);
+    QDate selectedDate() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -20,4 +20,5 @@ class VEMO_EXPORT VemoCheckBox : public QCheckBox
 public:
     /// An unchecked box; looks its style up.
     explicit VemoCheckBox(const QString &text = QString(), QWidget *parent = nullptr);
+    explicit VemoCheckBox(QWidget *parent);
 };

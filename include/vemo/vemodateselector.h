@@ -4,9 +4,9 @@
 #include <vemo/export.h>
 
 #include <QComboBox>
+#include <QDate>
 #include <QString>
 
-class QDate;
 class VemoCalanderView;
 
 /// A date field: a combo box that opens a whole month calendar. Its single item shows the date as
@@ -25,11 +25,23 @@ class VemoCalanderView;
 class VEMO_EXPORT VemoDateSelector : public QComboBox
 {
     Q_OBJECT
+    Q_PROPERTY(QDate date READ date WRITE setDate RESET clearDate)
+    Q_PROPERTY(QString placeholder READ placeholder WRITE setPlaceholder)
 
 public:
     /// Shows the placeholder, which may be empty and is kept.
     explicit VemoDateSelector(QString placeholder, QWidget *parent = nullptr);
+    explicit VemoDateSelector(QWidget *parent); ///< with an empty placeholder
     ~VemoDateSelector() override;
+
+    /// The chosen date, null while there is none; setDate() is dateSelect() by another name.
+    QDate date() const;
+    void setDate(const QDate &date);
+
+    /// Takes the place of the old one where that is shown. (QComboBox's own placeholder text is
+    /// never seen: the field has an item at all times.)
+    void setPlaceholder(const QString &placeholder);
+    QString placeholder() const { return m_placeholder; }
 
     /// Back to the placeholder; the calendar shows the current month.
     void clearDate();

@@ -28,6 +28,9 @@ public:
     /// The four states of a catalogue name; a missing state shows the normal picture.
     explicit VemoIconButton(const QString &name);
 
+    /// Without a picture until setAllIcon() or setDefaultIcon(), as code made from a form needs it.
+    explicit VemoIconButton(QWidget *parent);
+
     /// Takes the four states of a catalogue name, as the constructor does.
     void setAllIcon(const QString &name);
 

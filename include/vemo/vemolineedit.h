@@ -25,6 +25,11 @@ class QLineEdit;
 class VEMO_EXPORT VemoLineEdit : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString preText READ preText WRITE setPreText)
+    Q_PROPERTY(QString editText READ getEditText WRITE setEditText)
+    Q_PROPERTY(QString postText READ postText WRITE setPostText)
+    Q_PROPERTY(QString placeholderText READ placeholderText WRITE setPlaceholderText)
+    Q_PROPERTY(bool error READ hasError WRITE setError)
 
 public:
     /// Three empty parts in a row; looks their styles up.
@@ -32,6 +37,7 @@ public:
 
     /// The text of the field.
     QString getEditText() const;
+    void setEditText(const QString &text);
 
     /// The field. Unless the host names it for assistive tools, it is announced under the text of
     /// the label before it.
@@ -42,8 +48,18 @@ public:
     /// The label after the field, such as a unit.
     QLabel *getPostLabel() const { return m_post_label; }
 
+    /// The texts of the three parts, for forms: those of the labels, and what the empty field
+    /// shows.
+    QString preText() const;
+    void setPreText(const QString &text);
+    QString postText() const;
+    void setPostText(const QString &text);
+    QString placeholderText() const;
+    void setPlaceholderText(const QString &text);
+
     /// Sets the field's dynamic property "error", by which style sheets can tell it.
     void setError(bool error);
+    bool hasError() const; ///< false at first
 
     /// The check that validate() makes; null, as at first, accepts every text.
     void setValidator(bool (*validator)(const QString &));

@@ -45,11 +45,18 @@ struct VEMO_EXPORT PagingFooterInfo
 class VEMO_EXPORT VemoPagingBar : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(int rowLimit READ rowLimit WRITE setRowLimit)
+    Q_PROPERTY(int itemCount READ itemCount WRITE setItemCount)
+    Q_PROPERTY(bool refreshButtonHidden READ isRefreshButtonHidden WRITE setRefreshButtonHidden)
+    Q_PROPERTY(QString footerText READ footerText WRITE setFooterText)
 
 public:
     /// Sets the model to page 1 of no items; shows no page numbers until setItemCount() or reset().
     /// The model stays the caller's.
     VemoPagingBar(VemoPagingModel *model, QWidget *parent);
+
+    /// With a model of its own, of 50 rows a page, as code made from a form needs it.
+    explicit VemoPagingBar(QWidget *parent);
     ~VemoPagingBar() override;
 
     /// Builds the parts; already done by the constructor.
@@ -57,17 +64,29 @@ public:
     /// Connects the buttons; already done by the constructor.
     void connectSignals();
 
+    VemoPagingModel *pagingModel() const; ///< null when it was deleted
+
+    /// The model's; 0 without one.
+    int rowLimit() const;
+    int itemCount() const;
+
     /// Stays on the current page, even if there are too few items for it now, and emits nothing.
     void setItemCount(int count);
+
+    /// As setItemCount(), for the rows per page.
+    void setRowLimit(int rowLimit);
 
     /// Goes to page 1 and emits sigPageChanged().
     void reset();
 
     /// The refresh button is shown at first.
     void setRefreshButtonHidden(bool hidden);
+    bool isRefreshButtonHidden() const; ///< whether it was told to hide
 
     /// One footer label without a fixed width.
     void setFooterText(const QString &text);
+    /// The text of the rightmost footer label; empty without one.
+    QString footerText() const;
     /// One footer label.
     void setFooterInfo(const PagingFooterInfo &info);
 

@@ -21,4 +21,5 @@ class VEMO_EXPORT VemoRadioButton : public QRadioButton
 public:
     /// An unchecked button; looks its style up.
     explicit VemoRadioButton(const QString &text = QString(), QWidget *parent = nullptr);
+    explicit VemoRadioButton(QWidget *parent);
 };

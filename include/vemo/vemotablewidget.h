@@ -57,6 +57,7 @@ class VEMO_EXPORT ResizeSignalTableWidget : public QTableWidget
 public:
     /// An empty table without a parent.
     ResizeSignalTableWidget(int rows, int columns);
+    explicit ResizeSignalTableWidget(QWidget *parent);
 
 Q_SIGNALS:
     /// The new size of the viewport, in screen pixels.
@@ -84,11 +85,23 @@ protected:
 class VEMO_EXPORT VemoTableWidget : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QStringList columns READ columns WRITE setColumns)
 
 public:
-    /// The columns are copied, and can't be changed later.
+    /// The columns are copied.
     VemoTableWidget(const VemoTableColumnsInfo &columns, QWidget *parent);
+
+    /// Without columns until setColumns(), as code made from a form needs it.
+    explicit VemoTableWidget(QWidget *parent);
     ~VemoTableWidget() override;
+
+    /// Other columns; the cells of those that stay keep their items.
+    void setColumns(const VemoTableColumnsInfo &columns);
+
+    /// The same as texts, for forms: "name|width" is a fixed column, "name|width|ratio" a
+    /// proportional one. A width that is missing or no number is 100.
+    void setColumns(const QStringList &columns);
+    QStringList columns() const;
 
     /// The header; it stays the widget's. It has one section more than the table has columns.
     QHeaderView *getHeader();
@@ -109,6 +122,7 @@ public Q_SLOTS:
 private:
     void initailze(); // deliberately spelt so
     void makeHeader();
+    void setLabels();
     void setSectionSizes();
     void setupTable();
     void setupLayout();

@@ -4,6 +4,7 @@
 #include <vemo/vemocombobox.h>
 
 #include <QPersistentModelIndex>
+#include <QStringList>
 
 #include <string>
 
@@ -31,10 +32,18 @@ class QValidator;
 class VEMO_EXPORT VemoTimeComboBox : public VemoComboBox
 {
     Q_OBJECT
+    Q_PROPERTY(QStringList times READ times WRITE setTimes)
+    Q_PROPERTY(bool editable READ isEditable WRITE setEditable)
+    Q_PROPERTY(QString customText READ customText WRITE setCustomText)
 
 public:
     /// An empty box that can't be typed into.
     explicit VemoTimeComboBox(QWidget *parent = nullptr);
+
+    /// The items, without the custom one, for forms. A time that is shown stays, where it is among
+    /// the new ones.
+    QStringList times() const;
+    void setTimes(const QStringList &times);
 
     /// Whether a time may be typed; at first not. Inserts the custom item, or removes it. It hides
     /// a function of QComboBox that is not virtual: call it through this class.
@@ -50,6 +59,7 @@ public:
 
     /// What follows a typed time, after one blank, from the next one on; at first nothing.
     void setCustomText(const QString &text);
+    QString customText() const { return m_custom_text; }
 
     /// How many rows the list shows at most. A hidden custom item takes none of them: then
     /// maxVisibleItems() is one more.
@@ -65,6 +75,7 @@ private:
     void insertCustomItem();
     void restoreCustomItem();
     QStandardItem *customItem() const;
+    bool isCustomRow(int row) const;
     int rowOf(const QString &text) const;
     void fillCustomItem(const QString &time);
     void showBeginning();

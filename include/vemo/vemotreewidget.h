@@ -23,6 +23,8 @@
 class VEMO_EXPORT VemoTreeWidget : public QTreeWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QColor selectedColor READ selectedColor WRITE setSelectedColor)
+    Q_PROPERTY(QColor hoverColor READ hoverColor WRITE setHoverColor)
 
 public:
     /// An empty tree without colours.
@@ -30,6 +32,12 @@ public:
 
     /// Colours behind selected and hovered rows; invalid ones, as at first, paint black.
     void setBackgroundColor(QColor selected, QColor hover);
+
+    /// The two one by one, for forms.
+    QColor selectedColor() const { return m_selected_color; }
+    void setSelectedColor(const QColor &color) { setBackgroundColor(color, m_hover_color); }
+    QColor hoverColor() const { return m_hover_color; }
+    void setHoverColor(const QColor &color) { setBackgroundColor(m_selected_color, color); }
 
     /// Scrolls sideways until the left edge of item is in the middle of the viewport, unless it has
     /// 100 design pixels of room already. Does nothing for a null item or another tree's.

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// Not API. How a form sees those classes of the library that have no meta-object of their own, or
+// don't keep what a property would have to read: derived classes, of the same name, with the
+// properties. Code made from the form calls the setters of the library's own classes.
+//
+// This file is read inside a namespace and includes nothing, so that moc, which takes it alone,
+// gives its classes the names that stand in form files.
+
+class VemoButton : public ::VemoButton
+{
+    Q_OBJECT
+    Q_PROPERTY(Role role READ role WRITE setRole)
+
+public:
+    explicit VemoButton(QWidget *parent) : ::VemoButton(parent) { }
+
+    Role role() const { return m_role; }
+    void setRole(Role role)
+    {
+        m_role = role;
+        ::VemoButton::setRole(role);
+    }
+
+private:
+    Role m_role = DEFAULT;
+};
+
+class VemoIconButton : public ::VemoIconButton
+{
+    Q_OBJECT
+    Q_PROPERTY(QString allIcon READ allIcon WRITE setAllIcon)
+    // The button sets these two itself.
+    Q_PROPERTY(QIcon icon READ icon DESIGNABLE false STORED false)
+    Q_PROPERTY(QSize iconSize READ iconSize DESIGNABLE false STORED false)
+
+public:
+    explicit VemoIconButton(QWidget *parent) : ::VemoIconButton(parent) { }
+
+    QString allIcon() const { return m_name; }
+    void setAllIcon(const QString &name)
+    {
+        m_name = name;
+        if (name.isEmpty()) {
+            setDefaultIcon(QPixmap());
+            return;
+        }
+        ::VemoIconButton::setAllIcon(name);
+        applyNormalStyle(); // a size that the button leaves to its next change of state
+    }
+
+private:
+    QString m_name;
+};
+
+class VemoLabel : public ::VemoLabel
+{
+    Q_OBJECT
+
+public:
+    explicit VemoLabel(QWidget *parent) : ::VemoLabel(parent) { }
+};
+
+class LinkLabel : public ::LinkLabel
+{
+    Q_OBJECT
+    Q_PROPERTY(QString hyperLink READ getHyperLink WRITE setHyperLink)
+    Q_PROPERTY(bool hoverUnderline READ hoverUnderline WRITE setHoverUnderline)
+
+public:
+    explicit LinkLabel(QWidget *parent) : ::LinkLabel(parent) { }
+};
+
+class VemoFootbar : public ::VemoFootbar
+{
+    Q_OBJECT
+
+public:
+    explicit VemoFootbar(QWidget *parent) : ::VemoFootbar(parent) { }
+};
+
+class VemoDateSelector : public ::VemoDateSelector
+{
+    Q_OBJECT
+    // Of a list that the field doesn't have.
+    Q_PROPERTY(bool editable READ isEditable DESIGNABLE false STORED false)
+    Q_PROPERTY(QString currentText READ currentText DESIGNABLE false STORED false)
+    Q_PROPERTY(int currentIndex READ currentIndex DESIGNABLE false STORED false)
+    Q_PROPERTY(int maxCount READ maxCount DESIGNABLE false STORED false)
+    Q_PROPERTY(QString placeholderText READ placeholderText DESIGNABLE false STORED false)
+
+public:
+    explicit VemoDateSelector(QWidget *parent) : ::VemoDateSelector(parent) { }
+};
+
+class VemoTimeComboBox : public ::VemoTimeComboBox
+{
+    Q_OBJECT
+    // The class's own setter takes no QString.
+    Q_PROPERTY(QString currentText READ currentText DESIGNABLE false STORED false)
+    Q_PROPERTY(int maxVisibleItems READ wishedItems WRITE setMaxVisibleItems)
+
+public:
+    explicit VemoTimeComboBox(QWidget *parent)
+        : ::VemoTimeComboBox(parent), m_wished_items(maxVisibleItems())
+    {
+    }
+
+    /// Without the one more that a hidden custom item takes.
+    int wishedItems() const { return m_wished_items; }
+    void setMaxVisibleItems(int count)
+    {
+        m_wished_items = count;
+        ::VemoTimeComboBox::setMaxVisibleItems(count);
+    }
+
+private:
+    int m_wished_items;
+};

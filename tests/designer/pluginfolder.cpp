@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "designer/pluginfolder.h"
+
+#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
+
+#include <QCoreApplication>
+#include <QPluginLoader>
+
+namespace {
+
+QPluginLoader &loader()
+{
+    static QPluginLoader loader(QStringLiteral(VEMO_PLUGINS "/designer/libvemowidgets.so"));
+    return loader;
+}
+
+} // namespace
+
+void useBuiltPlugins()
+{
+    QCoreApplication::setLibraryPaths({VEMO_PLUGINS});
+}
+
+QList<QDesignerCustomWidgetInterface *> formWidgets()
+{
+    const auto *collection =
+        qobject_cast<QDesignerCustomWidgetCollectionInterface *>(loader().instance());
+    return collection ? collection->customWidgets() : QList<QDesignerCustomWidgetInterface *>();
+}
+
+QStringList formWidgetNames()
+{
+    QStringList names;
+    for (const QDesignerCustomWidgetInterface *widget : formWidgets())
+        names << widget->name();
+    names.sort();
+    return names;
+}
+
+QDesignerCustomWidgetInterface *formWidget(const QString &name)
+{
+    for (QDesignerCustomWidgetInterface *widget : formWidgets()) {
+        if (widget->name() == name)
+            return widget;
+    }
+    return nullptr;
+}
+
+bool unloadPlugin()
+{
+    return loader().unload() && !loader().isLoaded();
+}
