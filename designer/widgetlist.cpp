@@ -24,7 +24,7 @@
 
 namespace form {
 #include "designer/formclasses_p.h"
-#include "moc_formclasses_p.cpp"
+#include "moc_formclasses_p.cpp" // NOLINT(bugprone-suspicious-include)
 } // namespace form
 
 namespace {

@@ -21,6 +21,7 @@ class VEMO_EXPORT ClickableLabel : public QLabel
 public:
     /// A label with a text; no resources are needed.
     explicit ClickableLabel(const QString &text, QWidget *parent = nullptr);
+    /// Without a text.
     explicit ClickableLabel(QWidget *parent);
 
 Q_SIGNALS:

@@ -20,6 +20,7 @@ class VEMO_EXPORT LinkLabel : public ClickableLabel
 public:
     /// Deliberate: the parent is declared as a label; it is taken as any widget parent.
     explicit LinkLabel(const QString &text, QLabel *parent = nullptr);
+    /// Without a text, in any widget.
     explicit LinkLabel(QWidget *parent);
     ~LinkLabel() override;
 
@@ -31,6 +32,7 @@ public:
     /// Whether the text is underlined while the pointer is over it, which it is by default; takes
     /// effect when the pointer next enters.
     void setHoverUnderline(bool on) { m_hoverUnderline = on; }
+    /// What setHoverUnderline() was told last.
     bool hoverUnderline() const { return m_hoverUnderline; }
 
 protected:

@@ -43,8 +43,9 @@ public:
     /// between them in odd ones, up to which the path ends in a slash.
     QString getPath(int index);
 
-    /// The whole path, and refresh() by another name, for forms.
+    /// The whole path, without a slash in front.
     QString path() const;
+    /// refresh() by another name, for forms.
     void setPath(const QString &path);
 
 Q_SIGNALS:

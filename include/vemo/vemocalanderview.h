@@ -43,14 +43,17 @@ public:
     void setCurrentPage(int year, int month);
     /// The first day that can be picked. Where it lies after the last one, it becomes both.
     void setMinimumDate(const QDate &date);
+    /// The first day that can be picked.
     QDate minimumDate() const;
     /// The last day that can be picked. Where it lies before the first one, it becomes both.
     void setMaximumDate(const QDate &date);
+    /// The last day that can be picked.
     QDate maximumDate() const;
 
     /// Today at first. Selects the day, or the nearest that can be picked, shows its month and
     /// reports nothing.
     void setSelectedDate(const QDate &date);
+    /// The selected day.
     QDate selectedDate() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;

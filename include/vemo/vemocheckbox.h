@@ -20,5 +20,6 @@ class VEMO_EXPORT VemoCheckBox : public QCheckBox
 public:
     /// An unchecked box; looks its style up.
     explicit VemoCheckBox(const QString &text = QString(), QWidget *parent = nullptr);
+    /// Without a text, as code made from a form needs it.
     explicit VemoCheckBox(QWidget *parent);
 };

@@ -34,13 +34,15 @@ public:
     explicit VemoDateSelector(QWidget *parent); ///< with an empty placeholder
     ~VemoDateSelector() override;
 
-    /// The chosen date, null while there is none; setDate() is dateSelect() by another name.
+    /// The chosen date, null while there is none.
     QDate date() const;
+    /// dateSelect() by another name, for forms.
     void setDate(const QDate &date);
 
     /// Takes the place of the old one where that is shown. (QComboBox's own placeholder text is
     /// never seen: the field has an item at all times.)
     void setPlaceholder(const QString &placeholder);
+    /// What shows while there is no date.
     QString placeholder() const { return m_placeholder; }
 
     /// Back to the placeholder; the calendar shows the current month.

@@ -37,6 +37,7 @@ public:
 
     /// The text of the field.
     QString getEditText() const;
+    /// Sets the text of the field.
     void setEditText(const QString &text);
 
     /// The field. Unless the host names it for assistive tools, it is announced under the text of
@@ -48,14 +49,12 @@ public:
     /// The label after the field, such as a unit.
     QLabel *getPostLabel() const { return m_post_label; }
 
-    /// The texts of the three parts, for forms: those of the labels, and what the empty field
-    /// shows.
-    QString preText() const;
-    void setPreText(const QString &text);
-    QString postText() const;
-    void setPostText(const QString &text);
-    QString placeholderText() const;
-    void setPlaceholderText(const QString &text);
+    QString preText() const; ///< of the label before the field
+    void setPreText(const QString &text); ///< sets that of the label before the field
+    QString postText() const; ///< of the label after the field
+    void setPostText(const QString &text); ///< sets that of the label after the field
+    QString placeholderText() const; ///< what the empty field shows
+    void setPlaceholderText(const QString &text); ///< sets what the empty field shows
 
     /// Sets the field's dynamic property "error", by which style sheets can tell it.
     void setError(bool error);

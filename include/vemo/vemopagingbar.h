@@ -66,9 +66,8 @@ public:
 
     VemoPagingModel *pagingModel() const; ///< null when it was deleted
 
-    /// The model's; 0 without one.
-    int rowLimit() const;
-    int itemCount() const;
+    int rowLimit() const; ///< the model's; 0 without one
+    int itemCount() const; ///< the model's; 0 without one
 
     /// Stays on the current page, even if there are too few items for it now, and emits nothing.
     void setItemCount(int count);

@@ -21,5 +21,6 @@ class VEMO_EXPORT VemoRadioButton : public QRadioButton
 public:
     /// An unchecked button; looks its style up.
     explicit VemoRadioButton(const QString &text = QString(), QWidget *parent = nullptr);
+    /// Without a text, as code made from a form needs it.
     explicit VemoRadioButton(QWidget *parent);
 };

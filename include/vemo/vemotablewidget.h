@@ -57,6 +57,7 @@ class VEMO_EXPORT ResizeSignalTableWidget : public QTableWidget
 public:
     /// An empty table without a parent.
     ResizeSignalTableWidget(int rows, int columns);
+    /// An empty table, as code made from a form needs it.
     explicit ResizeSignalTableWidget(QWidget *parent);
 
 Q_SIGNALS:
@@ -101,6 +102,7 @@ public:
     /// The same as texts, for forms: "name|width" is a fixed column, "name|width|ratio" a
     /// proportional one. A width that is missing or no number is 100.
     void setColumns(const QStringList &columns);
+    /// All columns as such texts.
     QStringList columns() const;
 
     /// The header; it stays the widget's. It has one section more than the table has columns.

@@ -40,9 +40,9 @@ public:
     /// An empty box that can't be typed into.
     explicit VemoTimeComboBox(QWidget *parent = nullptr);
 
-    /// The items, without the custom one, for forms. A time that is shown stays, where it is among
-    /// the new ones.
+    /// The items, without the custom one.
     QStringList times() const;
+    /// Other items, for forms. A time that is shown stays, where it is among the new ones.
     void setTimes(const QStringList &times);
 
     /// Whether a time may be typed; at first not. Inserts the custom item, or removes it. It hides
@@ -59,6 +59,7 @@ public:
 
     /// What follows a typed time, after one blank, from the next one on; at first nothing.
     void setCustomText(const QString &text);
+    /// What follows a typed time.
     QString customText() const { return m_custom_text; }
 
     /// How many rows the list shows at most. A hidden custom item takes none of them: then

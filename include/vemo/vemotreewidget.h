@@ -33,10 +33,13 @@ public:
     /// Colours behind selected and hovered rows; invalid ones, as at first, paint black.
     void setBackgroundColor(QColor selected, QColor hover);
 
-    /// The two one by one, for forms.
+    /// The colour behind selected rows; invalid at first.
     QColor selectedColor() const { return m_selected_color; }
+    /// The one colour without the other, for forms.
     void setSelectedColor(const QColor &color) { setBackgroundColor(color, m_hover_color); }
+    /// The colour behind hovered rows; invalid at first.
     QColor hoverColor() const { return m_hover_color; }
+    /// The one colour without the other, for forms.
     void setHoverColor(const QColor &color) { setBackgroundColor(m_selected_color, color); }
 
     /// Scrolls sideways until the left edge of item is in the middle of the viewport, unless it has
