@@ -129,10 +129,10 @@ const FormWidgetInfo kViews[] = {
         R"(<green>243</green><blue>248</blue></color></property>)", "",
         make<VemoTreeWidget>},
     {"VemoTableWidget", "QWidget", "Table under a header of its own",
-        "A read-only table of whole rows. Each line of \"columns\" is \"name|width\" for a fixed "
+        "A read-only table of whole rows. Each line of \"columnTexts\" is \"name|width\" for a fixed "
         "column and \"name|width|ratio\" for one that takes that share of the free width.",
         {400, 200},
-        R"(<property name="columns"><stringlist><string>Name|120|1</string>)"
+        R"(<property name="columnTexts"><stringlist><string>Name|120|1</string>)"
         R"(<string>Size|80</string></stringlist></property>)", "",
         make<VemoTableWidget>},
     {"ResizeSignalTableWidget", "QTableWidget", "Table that says when it is resized",

@@ -66,11 +66,11 @@ void VemoTableWidget::setColumns(const VemoTableColumnsInfo &columns)
     slotTableResized(m_table->viewport()->size());
 }
 
-void VemoTableWidget::setColumns(const QStringList &columns)
+void VemoTableWidget::setColumnTexts(const QStringList &texts)
 {
     VemoTableColumnsInfo info;
-    for (const QString &column : columns) {
-        const QStringList parts = column.split(kSeparator);
+    for (const QString &text : texts) {
+        const QStringList parts = text.split(kSeparator);
         bool hasWidth = false;
         const int width = parts.value(1).toInt(&hasWidth);
         bool isProportional = false;
@@ -80,7 +80,7 @@ void VemoTableWidget::setColumns(const QStringList &columns)
     setColumns(info);
 }
 
-QStringList VemoTableWidget::columns() const
+QStringList VemoTableWidget::columnTexts() const
 {
     QStringList texts;
     for (const auto &column : m_columns.m_columns) {

@@ -86,7 +86,7 @@ protected:
 class VEMO_EXPORT VemoTableWidget : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(QStringList columns READ columns WRITE setColumns)
+    Q_PROPERTY(QStringList columnTexts READ columnTexts WRITE setColumnTexts)
 
 public:
     /// The columns are copied.
@@ -101,9 +101,9 @@ public:
 
     /// The same as texts, for forms: "name|width" is a fixed column, "name|width|ratio" a
     /// proportional one. A width that is missing or no number is 100.
-    void setColumns(const QStringList &columns);
+    void setColumnTexts(const QStringList &texts);
     /// All columns as such texts.
-    QStringList columns() const;
+    QStringList columnTexts() const;
 
     /// The header; it stays the widget's. It has one section more than the table has columns.
     QHeaderView *getHeader();

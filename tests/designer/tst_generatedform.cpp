@@ -91,7 +91,7 @@ void GeneratedFormTest::setsTimesAndColumns()
     QCOMPARE(form.vemoTableWidget->getTable()->columnCount(), 2);
     form.retranslateUi(&form.window); // as after a change of the language
     QCOMPARE(form.vemoTimeComboBox->currentText(), QString("06:00"));
-    QCOMPARE(form.vemoTableWidget->columns(), QStringList({"Name|120|1", "Size|80"}));
+    QCOMPARE(form.vemoTableWidget->columnTexts(), QStringList({"Name|120|1", "Size|80"}));
 }
 
 void GeneratedFormTest::makesAPagingBarThatPages()

@@ -124,13 +124,13 @@ void ViewsInFormsTest::aTableTakesOtherColumnsLater()
 void ViewsInFormsTest::aTableKeepsTheCellsOfColumnsThatStay()
 {
     VemoTableWidget table(nullptr);
-    table.setColumns(QStringList({"Name", "Size", "Kind"}));
+    table.setColumnTexts(QStringList({"Name", "Size", "Kind"}));
     table.getTable()->setRowCount(1);
     table.getTable()->setItem(0, 0, new QTableWidgetItem("a.txt"));
-    table.setColumns(QStringList({"Titel"}));
+    table.setColumnTexts(QStringList({"Titel"}));
     QCOMPARE(table.getTable()->columnCount(), 1);
     QCOMPARE(table.getTable()->item(0, 0)->text(), QString("a.txt"));
-    table.setColumns(QStringList());
+    table.setColumnTexts(QStringList());
     QCOMPARE(table.getHeader()->count(), 1); // the one above the scroll bar
 }
 
@@ -163,8 +163,8 @@ void ViewsInFormsTest::aTableReadsColumnsFromTexts()
     QFETCH(QString, text);
     QFETCH(QString, readBack);
     VemoTableWidget table(nullptr);
-    table.setColumns(QStringList(text));
-    QCOMPARE(table.columns(), QStringList(readBack));
+    table.setColumnTexts(QStringList(text));
+    QCOMPARE(table.columnTexts(), QStringList(readBack));
 }
 
 void ViewsInFormsTest::aTreeTakesItsColoursOneByOne()
