@@ -72,6 +72,16 @@ public:
     explicit LinkLabel(QWidget *parent) : ::LinkLabel(parent) { }
 };
 
+class VemoLineEdit : public ::VemoLineEdit
+{
+    Q_OBJECT
+    // Not a property of the library's own class: style sheets would take it for that of the field.
+    Q_PROPERTY(bool error READ hasError WRITE setError)
+
+public:
+    explicit VemoLineEdit(QWidget *parent) : ::VemoLineEdit(parent) { }
+};
+
 class VemoFootbar : public ::VemoFootbar
 {
     Q_OBJECT

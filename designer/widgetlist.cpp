@@ -90,7 +90,7 @@ const FormWidgetInfo kFields[] = {
         R"(<stringpropertyspecification name="editText" type="singleline"/>)"
         R"(<stringpropertyspecification name="postText" type="singleline"/>)"
         R"(<stringpropertyspecification name="placeholderText" type="singleline"/>)",
-        make<VemoLineEdit>},
+        make<form::VemoLineEdit>},
     {"VemoFilterBar", "QLineEdit", "Search line",
         "A search line that hands on its keyword on Return. The host can give it a menu.",
         {200, 28},

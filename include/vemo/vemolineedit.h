@@ -29,7 +29,6 @@ class VEMO_EXPORT VemoLineEdit : public QWidget
     Q_PROPERTY(QString editText READ getEditText WRITE setEditText)
     Q_PROPERTY(QString postText READ postText WRITE setPostText)
     Q_PROPERTY(QString placeholderText READ placeholderText WRITE setPlaceholderText)
-    Q_PROPERTY(bool error READ hasError WRITE setError)
 
 public:
     /// Three empty parts in a row; looks their styles up.
