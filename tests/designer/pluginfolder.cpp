@@ -8,9 +8,19 @@
 
 namespace {
 
+/// One that really unloads, which Qt's own forbids unless told.
+class UnloadingLoader : public QPluginLoader
+{
+public:
+    UnloadingLoader() : QPluginLoader(QStringLiteral(VEMO_PLUGINS "/designer/libvemowidgets.so"))
+    {
+        setLoadHints({});
+    }
+};
+
 QPluginLoader &loader()
 {
-    static QPluginLoader loader(QStringLiteral(VEMO_PLUGINS "/designer/libvemowidgets.so"));
+    static UnloadingLoader loader;
     return loader;
 }
 
