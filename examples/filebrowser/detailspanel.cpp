@@ -25,6 +25,8 @@ constexpr int kFactGap = 4;
 
 const QString kNothing = QString::fromUtf8("–"); // clazy:exclude=non-pod-global-static
 
+constexpr int kRounding = 2; // screen pixels: a label needs so much more than the metrics say
+
 /// One line that is cut where it is too long; the tool tip has it whole.
 class ShortLabel : public QLabel
 {
@@ -50,7 +52,11 @@ public:
     }
 
 private:
-    void cut() { setText(fontMetrics().elidedText(m_whole, Qt::ElideMiddle, width())); }
+    void cut()
+    {
+        const int room = width() - kRounding;
+        setText(fontMetrics().elidedText(m_whole, Qt::ElideMiddle, room));
+    }
 
     QString m_whole;
 };
