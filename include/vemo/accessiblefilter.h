@@ -40,7 +40,8 @@ private:
 
 /// The visible widgets under root, itself included, that can take the keyboard focus and are not
 /// excluded: each before its children, siblings in the order in which they were added. Empty for a
-/// root that is null or hidden; a hidden widget hides all that is under it.
+/// root that is null or hidden; a hidden widget hides all that is under it. Only the focus policy
+/// counts, so disabled widgets are listed, too. Nothing has to be initialised before.
 ///
 ///     const QList<QWidget *> order = accessibleList(window, QList<QWidget *>{ closeButton });
 VEMO_EXPORT QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded);
@@ -49,5 +50,7 @@ VEMO_EXPORT QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excl
 /// widget, also those without focus.
 VEMO_EXPORT QList<QWidget *> accessibleList(QWidget *root, AccessibleFilter filter);
 
-/// Gives all widgets one focus policy, in list order.
+/// Gives all widgets one focus policy, in list order; null entries are passed over.
+///
+///     adjustFocusPolicy(Qt::NoFocus, accessibleList(sideBar, QList<QWidget *>()));
 VEMO_EXPORT void adjustFocusPolicy(Qt::FocusPolicy policy, QList<QWidget *> widgets);

@@ -41,17 +41,19 @@ public:
     /// How long a page may take to arrive, in milliseconds.
     static const int TIMEOUT = 10000;
 
-    /// Empty, without a page to fetch.
+    /// Empty, without a page to fetch; 760 x 560 design pixels, or what nine tenths of the primary
+    /// screen hold. It belongs to parent; without one it is the caller's to delete.
     explicit BrowserWindow(QWidget *parent);
     ~BrowserWindow() override;
 
-    /// Fetches url. An earlier fetch that still runs goes on, too.
+    /// Fetches url. An earlier fetch that still runs goes on, too: the last to arrive stays.
     void reload(const QUrl &url);
     /// Fetches the same page again; an empty address, which fails, where there was none yet.
     void reload();
 
 Q_SIGNALS:
-    /// Makes every fetch that still runs fail.
+    /// Makes every fetch of a page that still runs fail. The window emits it when TIMEOUT is over;
+    /// a host may emit it to give up sooner.
     void sigAbortRequest();
 
 private Q_SLOTS:

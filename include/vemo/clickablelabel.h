@@ -25,7 +25,8 @@ public:
     explicit ClickableLabel(QWidget *parent);
 
 Q_SIGNALS:
-    /// A mouse button, any of them, was pressed on the label.
+    /// The user pressed a mouse button, any of them, on the label. Both presses of a double click
+    /// count; a disabled label gets none.
     void clicked();
 
 protected:

@@ -9,7 +9,8 @@
 /// The translated texts of the user interface, looked up by key.
 ///
 /// The host installs the whole table, already in the user's language, before it builds its first
-/// widget; widgets take their captions from here. A missing text shows its key on screen.
+/// widget; widgets take their captions from here when they are made, and keep them. The table is
+/// empty at first; a missing text shows its key on screen.
 ///
 ///     ComponentStrings::getInstance().installStrings({ { "common.ok", tr("OK") } });
 ///     button->setText(ComponentStrings::getInstance().getString("common.ok"));

@@ -8,9 +8,11 @@
 
 /// Does the host's whole start-up from the embedded default theme: folders, strings, pictures and
 /// styles, in that order. Call it once, after the application object and before the first widget.
+/// It is in a library of its own: link Vemo::Theme.
 ///
 /// The folder userDataPath is made if it is missing and takes the generated pictures. languageCode
 /// is one of VemoLocale's; a language that the theme lacks is warned about and shown in English.
+/// type is handed to ImageManager::initialize().
 /// False and a warning, with nothing registered, where userDataPath can't be written.
 ///
 ///     QApplication app(argc, argv);

@@ -24,7 +24,7 @@ public:
     /// The scale factor: logical dots per inch / 96, so 1.5 at 144 dpi. Not dots per inch.
     double getDPI() const { return m_dpi; }
 
-    /// The device pixel ratio.
+    /// The device pixel ratio, such as 2 on a screen with pixels of half the size.
     double getDPR() const { return m_dpr; }
 
     /// sheet with every "px" length multiplied by getDPI() and cut to whole pixels.

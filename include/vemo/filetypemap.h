@@ -10,7 +10,9 @@
 
 /// Icon file names for file extensions: "doc" and "docx" both give "doc.png".
 ///
-/// The map loads no pictures; the host's icon set has them, "xxx.png" for unknown types among them.
+/// The map loads no pictures; the host's icon set has them: for each type one as "doc.png" and one
+/// for a file that is gone, "doc_removed.png". Unknown extensions get "xxx.png" and
+/// "xxx_removed.png". Nothing has to be initialised before.
 ///
 ///     const QString icon = FileTypeMap::getInstance().getFiletypeMapping(info.suffix(), false);
 ///     item->setIcon(QIcon(imageFolder + "/" + icon));
@@ -33,10 +35,13 @@ public:
     static FileTypeMap &getInstance();
 
     /// The icon of an extension, which is given without its dot and in any case; with removed, the
-    /// one that shows the file as gone.
+    /// one that shows the file as gone. A file name, without a folder.
     QString getFiletypeMapping(const QString &extension, bool removed) const;
 
-    /// Maps each of the blank-separated extensions to type, whatever they meant before.
+    /// Maps each of the extensions, with a single blank between two, to type, whatever they meant
+    /// before.
+    ///
+    ///     FileTypeMap::getInstance().mappingFile("disc", "iso img"); // "disc.png" from now on
     void mappingFile(const QString &type, const QString &extensions);
 
 private:

@@ -17,8 +17,8 @@ struct HelpContext
     QString lang; ///< Three-letter language code, as VemoLocale::getDefaultLanguage() gives it.
     QString helpPath; ///< Root folder of the local help, read when the online help can't be.
     QString link; ///< File name of the page, relative to the language's folder.
-    QString section; ///< Help section that the page belongs to.
-    QString version = QStringLiteral("1.0"); ///< Version of the help.
+    QString section; ///< Help section that the page belongs to; only the online help asks for it.
+    QString version = QStringLiteral("1.0"); ///< Version of the help; again only online.
 };
 
 /// Shows one page of the online help, or its local copy when the knowledge base can't be reached.
@@ -48,7 +48,8 @@ public:
     /// time until a host sets another.
     static QUrl knowledgeBaseUrl();
 
-    /// Starts to fetch the page at once; the context is copied. Style files must be loaded.
+    /// Starts to fetch the page at once; the context is copied. Style files must be loaded. The
+    /// window belongs to parent; without one it is the caller's to delete.
     HelpWindow(const HelpContext &context, QWidget *parent);
 
 private:

@@ -14,7 +14,10 @@
 ///
 /// The catalogue file "/images.json" and the PNG files in "/images" lie under the folder
 /// "resource_path"; screen-scaled copies for style sheets go to "/tmp_images" under
-/// "user_data_path". Register both folders with UIPathManager first.
+/// "user_data_path". Register both folders with UIPathManager first. The catalogue lists names,
+/// without folder and ".png"; those of the second list are written as "tmp_" + name + ".png":
+///
+///     { "images": [ "folder", "icon_warning" ], "tmp_images": [ "combobox_arrow" ] }
 ///
 ///     ImageManager::getInstance().initialize(ImageManager::LAZY_LOAD);
 ///     label->setPixmap(getGlobalImage("folder"));
@@ -41,14 +44,16 @@ public:
     /// The one instance, made on first use; it lives until the process ends.
     static ImageManager &getInstance();
 
-    /// Reads the catalogue and writes the temporary pictures. A catalogue or picture that is
-    /// missing or broken is passed over in silence. A later call reads everything again.
+    /// Reads the catalogue and writes the temporary pictures; the application object must exist. A
+    /// catalogue or picture that is missing or broken is passed over in silence. A later call reads
+    /// everything again; names that are no longer listed stay.
     void initialize(InitializeType type);
     bool isInitialized() const; ///< whether initialize() was called
 
-    /// The picture of name in that state, its size in screen pixels with the screen's pixel ratio.
-    /// A state without a picture yields the normal one and a warning; an unknown name a null pixmap
-    /// and a warning.
+    /// The picture of name in that state: a quarter of the artwork's size in design pixels, scaled
+    /// to screen pixels, with the screen's pixel ratio. A state without a picture yields the normal
+    /// one and a warning; an unknown name, as every name is before initialize(), a null pixmap and
+    /// a warning.
     QPixmap getImage(const QString &name, ImageType type);
 
     /// The folder of the pictures, as style sheets name it. Before initialize() this call warns

@@ -7,8 +7,8 @@
 
 /// Rows of 28 design pixels, renamed in place by names that a file can have.
 ///
-/// A view doesn't own its delegate: give it a parent. Load the style files before; the editor's
-/// look is "component.tree_item".
+/// A view doesn't own its delegate: give it a parent. Load the style files before the first
+/// renaming; the editor's look is "component.tree_item", and plain with a warning without it.
 ///
 ///     auto *delegate = new ItemDelegate;
 ///     delegate->setParent(tree);
@@ -31,7 +31,8 @@ public:
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
 
 Q_SIGNALS:
-    /// Escape was pressed in the editor, which closes then.
+    /// The user pressed Escape, and no other key, in the editor, which closes after the slots. The
+    /// event is not to be kept.
     void sigKeyPressed(QKeyEvent *);
 
 protected:

@@ -10,6 +10,9 @@
 /// The hand is an override cursor of the application. Should the label be hidden, disabled or
 /// deleted under the pointer, it takes back the hand that it set, and no other cursor.
 ///
+/// It has no meta-object of its own: metaObject() is ClickableLabel's, style sheets know it by that
+/// name, and dynamic_cast tells it from one. It needs no resources.
+///
 ///     auto *link = new LinkLabel(tr("Licence"), about);
 ///     link->setHyperLink("https://example.com/licence");
 ///     connect(link, SIGNAL(clicked()), this, SLOT(slotOpenLicence())); // reads getHyperLink()

@@ -18,6 +18,10 @@ struct MsgBoxCustomBtnText;
 ///
 /// Without a parent it is a styled QMessageBox.
 ///
+/// Initialise strings, pictures and style files before: a missing string shows its key, a missing
+/// picture or style is left out, each with a warning. What looks like rich text in a text is shown
+/// as such: escape what is not yours.
+///
 /// A confirmation returns QDialogButtonBox::Apply for yes, on both ways. Compare with nothing else:
 /// no is Discard from a sheet, Cancel from a message box, and 0 from a sheet that ended unanswered.
 ///

@@ -11,7 +11,8 @@
 /// The style sheets of all widgets, cut from the host's style files into sections named by a key.
 ///
 /// Load the files once, after ImageManager::initialize(): the placeholders "IMG_LOC" and
-/// "TMPIMG_LOC" in them become its two folders. A section begins with a header line:
+/// "TMPIMG_LOC" in them become its two folders. Widgets look their sections up when they are made,
+/// and keep them. Files are UTF-8; comments go as in C++. A section begins with a header line:
 ///
 ///     == component.red_button ==
 ///     QPushButton { color: white; padding: 0px 12px; border-image: url(IMG_LOC/red.png); }
@@ -27,8 +28,9 @@ public:
     static StyleManager &getInstance();
 
     /// Reads all files, in order; of two sections with one key the later one wins, also over an
-    /// earlier call's. A file that does not exist is warned about and left out. Ends the process
-    /// when the picture catalogue is not initialised.
+    /// earlier call's. A file that does not exist is warned about and left out; one that can't be
+    /// opened is left out in silence. Ends the process when the picture catalogue is not
+    /// initialised.
     void initialize(const std::vector<QString> &paths);
 
     /// The section under key, its "px" lengths scaled from design to screen pixels unless unscaled

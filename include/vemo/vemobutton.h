@@ -5,7 +5,8 @@
 
 #include <QPushButton>
 
-/// A flat push button whose whole look comes from the style section of its role.
+/// A flat push button whose whole look comes from the style section of its role. A layout doesn't
+/// stretch it: both its size policies are fixed.
 ///
 /// It is made without a parent: the layout that it is put into gives it one. The style files must
 /// be loaded before; a role without a section leaves a plain flat button and a warning.

@@ -17,7 +17,7 @@ class QToolButton;
 ///
 /// Where the row is wider than the bar, its right end shows, and a folder button at the left has a
 /// menu of the parts that are out of sight. The bar itself goes nowhere: it asks, and the host
-/// answers with refresh(). Load pictures and style files before.
+/// answers with refresh(). Load pictures and style files before. It belongs to its parent.
 ///
 ///     auto *path = new VemoButtonPath(this);
 ///     connect(path, SIGNAL(sigUpdatePath(QString)), this, SLOT(slotOpenFolder(QString)));
@@ -31,7 +31,8 @@ class VEMO_EXPORT VemoButtonPath : public QTableWidget
 
 public:
     /// An empty bar, 28 design pixels high. Pictures "bt_next" and "folder" and the sections
-    /// "component.button_path" and its like should be there; what is missing warns and looks plain.
+    /// "component.button_path", the same with "_arrow", "_name_button" and "_change_folder_btn",
+    /// and "component.menu" should be there; what is missing warns and looks plain.
     explicit VemoButtonPath(QWidget *parent = nullptr);
     ~VemoButtonPath() override;
 
@@ -40,7 +41,8 @@ public:
     void refresh(QString path);
 
     /// The path up to a column, without a slash in front: names are in even columns, the arrows
-    /// between them in odd ones, up to which the path ends in a slash.
+    /// between them in odd ones, up to which the path ends in a slash. Beyond the last column it is
+    /// the whole path, and empty for a negative one.
     QString getPath(int index);
 
     /// The whole path, without a slash in front.
@@ -49,7 +51,8 @@ public:
     void setPath(const QString &path);
 
 Q_SIGNALS:
-    /// The user asks for the path up to one of the parts.
+    /// The user asks, by a button or the menu, for the path up to one of the parts; so does
+    /// slotPathBarClicked(). refresh() emits nothing.
     void sigUpdatePath(QString path);
 
 public Q_SLOTS:

@@ -39,15 +39,16 @@ public:
     explicit VemoCalanderView(QWidget *parent);
     ~VemoCalanderView() override;
 
-    /// Shows a month; the selected day stays.
+    /// Shows a month, counted from 1; the selected day stays, and the range doesn't matter.
     void setCurrentPage(int year, int month);
-    /// The first day that can be picked. Where it lies after the last one, it becomes both.
+    /// The first day that can be picked. Where it lies after the last one, it becomes both. Here
+    /// and below an invalid date is ignored.
     void setMinimumDate(const QDate &date);
-    /// The first day that can be picked.
+    /// The first day that can be picked; far in the past at first.
     QDate minimumDate() const;
     /// The last day that can be picked. Where it lies before the first one, it becomes both.
     void setMaximumDate(const QDate &date);
-    /// The last day that can be picked.
+    /// The last day that can be picked; far in the future at first.
     QDate maximumDate() const;
 
     /// Today at first. Selects the day, or the nearest that can be picked, shows its month and
@@ -71,8 +72,9 @@ public Q_SLOTS:
     void selectToday();
 
 Q_SIGNALS:
-    /// A day was picked: by a click, by Return, or by the today button. A double click, which also
-    /// activates the day, reports it twice.
+    /// A day was picked: by the user's click, by Return, or by the today button, and so by
+    /// selectToday(); setSelectedDate() emits nothing. A double click, which also activates the
+    /// day, reports it twice.
     void sigDateSelect(QDate date);
 
 protected:

@@ -11,7 +11,8 @@
 ///
 /// It counts from the start value, 10 unless set otherwise, in steps of one second unless set
 /// otherwise, anew each time it is shown; so it stays for one period more than the start value. It
-/// begins with an OK button, which is the default one. Install the string "ok" before.
+/// begins with an OK button, which is the default one. Without a default button it stays open. The
+/// box belongs to its parent. Install the string "ok" before; the button shows the key without it.
 ///
 ///     VemoCountdownMessageBox box(window);
 ///     box.setText(tr("The computer is about to restart."));
@@ -33,7 +34,8 @@ public:
     /// What the next show begins with.
     int startValue() const { return m_start_value; }
 
-    /// In milliseconds, from the next tick on; a negative value counts as 0.
+    /// In milliseconds; a negative value counts as 0. While it counts, the next tick comes that
+    /// long after the call.
     void setPeriod(int msecs);
     /// Milliseconds between two ticks.
     int period() const { return m_timer.interval(); }

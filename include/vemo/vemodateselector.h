@@ -13,9 +13,13 @@ class VemoCalanderView;
 /// "yyyy-MM-dd", or a placeholder while there is none; the item's data holds the date, null for the
 /// placeholder.
 ///
-/// It has no signal of its own: listen to getCalendarView()'s sigDateSelect(QDate), or to those of
-/// QComboBox. Picking a date closes the calendar. The field is 32 design pixels high, the calendar
-/// 280 x 260. Load pictures, style files and strings before. It belongs to its parent.
+/// It has no signal of its own: listen to getCalendarView()'s sigDateSelect(QDate), which comes
+/// when the user picks a day, or to those of QComboBox: as the item is made anew, each change of
+/// the date, the program's too, emits currentIndexChanged() twice, with -1 and with 0. Picking a
+/// date closes the calendar. The field is 32 design pixels high, the calendar 280 x 260.
+///
+/// Load pictures, style files and strings before; without the sections "component.date_selector"
+/// and "component.menu" it looks plain, with a warning each. It belongs to its parent.
 ///
 ///     auto *from = new VemoDateSelector(tr("Any date"), page);
 ///     from->getCalendarView()->setMaximumDate(QDate::currentDate());
@@ -52,7 +56,8 @@ public:
     VemoCalanderView *getCalendarView();
 
 public Q_SLOTS:
-    /// Shows date and closes the calendar. An invalid date shows the placeholder and leaves the
+    /// Shows date, turns the calendar to its month, without selecting the day there, and closes it.
+    /// The calendar's range is not looked at. An invalid date shows the placeholder and leaves the
     /// calendar as it is.
     void dateSelect(const QDate &date);
 

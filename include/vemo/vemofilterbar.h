@@ -12,7 +12,8 @@ class VemoIconButton;
 /// a menu, as the Down key does.
 ///
 /// It filters nothing itself and keeps silent while the user types. Load pictures and style files
-/// before.
+/// before: without the sections "component.lineedit", "component.filter_bar_padding" and
+/// "component.filter_search_button" it looks plain, with a warning each. It belongs to its parent.
 ///
 ///     auto *filter = new VemoFilterBar(this);
 ///     filter->setMenu(kindsMenu);
@@ -27,11 +28,13 @@ public:
     /// An empty line, 28 design pixels high, with the picture "bt_search_dropdown" on its button.
     explicit VemoFilterBar(QWidget *parent = nullptr);
 
-    /// The menu stays the caller's; a null one, as at first, opens nothing.
+    /// The menu stays the caller's, and may be deleted at any time; a null one, as at first, opens
+    /// nothing.
     void setMenu(QMenu *menu);
 
 Q_SIGNALS:
-    /// The whole text, also when it is empty or the same as before.
+    /// The user pressed Return or Enter. The whole text, also when it is empty or the same as
+    /// before.
     void sigKeywordChanged(QString keyword);
 
 protected:

@@ -13,7 +13,8 @@ class QHBoxLayout;
 /// The bar at the foot of a window: one group of widgets at its left, one at its right.
 ///
 /// Push the widgets first and then call init() once, which lays them out and makes them children of
-/// the bar; until then they belong to whom they did. It has no look of its own.
+/// the bar; until then they belong to whom they did. It has no look of its own and needs no
+/// resources. It belongs to its parent.
 ///
 ///     auto *bar = new VemoFootbar(window);
 ///     bar->pushLeftWidget(new VemoButton(tr("Help"), VemoButton::DEFAULT));

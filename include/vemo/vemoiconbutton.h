@@ -9,8 +9,12 @@
 /// A tool button that is only a picture, with one each for rest, hover, press and disabled.
 ///
 /// The pictures come from the catalogue by one name, or one by one from the host. A menu set on the
-/// button opens on press. Made without a parent; initialise the catalogue and load the style files
-/// before.
+/// button opens on press and stays its owner's. Each time it is shown, enabled or disabled, the
+/// button goes back to the picture of rest, or to that of disabled. It is made without a parent:
+/// the layout that it is put into gives it one.
+///
+/// Initialise the catalogue and load the style files before: an unknown name leaves the button
+/// empty, a missing section "component.icon_button" without its look, with warnings.
 ///
 ///     auto *refresh = new VemoIconButton("bt_pagebar_refresh");
 ///     refresh->setAccessibleName(tr("Refresh"));

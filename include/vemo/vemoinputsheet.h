@@ -16,14 +16,16 @@ class VemoInputSheetPrivate;
 /// checks nothing: set a validator on getLineEdit() where that is needed.
 ///
 /// Sheet and window may be deleted while it runs: exec() returns 0 then. Hold it by a pointer where
-/// that can happen, never on the stack. The sheet is 40 design pixels narrower than the parent
-/// given to the constructor, 480 at most. Load the style files and the strings "ok" and "cancel"
-/// before.
+/// that can happen, never on the stack. At its end it is hidden, not deleted: delete it or run it
+/// again. The sheet is 40 design pixels narrower than the parent given to the constructor, 480 at
+/// most. Load the style files, the catalogue and the strings "ok" and "cancel" before: a missing
+/// string shows its key, a missing style or picture is left out, each with a warning.
 ///
 ///     QPointer<VemoInputSheet> sheet = new VemoInputSheet(tr("Name of the folder:"), window);
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 ///     if (sheet->exec() == QDialogButtonBox::Ok)
 ///         makeFolder(sheet->getContent());
+///     delete sheet;
 ///
 /// \image html sheets-input-sheet.png
 class VEMO_EXPORT VemoInputSheet : public VemoSheet
@@ -41,7 +43,8 @@ public:
     /// 0 after quit(), after the sheet's own death, and where the application quits meanwhile.
     int exec();
 
-    /// Shows the sheet, its line edit focused, and returns at once; finished() tells the end.
+    /// Shows the sheet, its line edit focused, and returns at once; finished() tells the end. The
+    /// Close item stays as it is.
     virtual void showSheet();
 
     /// The text of the line edit, also after the end.
@@ -49,17 +52,19 @@ public:
     /// The line edit, which stays the sheet's.
     QLineEdit *getLineEdit() const;
 
-    /// Null where the sheet has no such button.
+    /// The Ok or the Discard button, which stay the sheet's; null for any other.
     QAbstractButton *button(QMessageBox::StandardButton which) const;
 
     /// The prompt, as rich text: escape what is not yours. Deliberately, a length such as "12px" in
     /// it is scaled for the screen like those of a style sheet.
     void setText(const QString &text);
 
-    /// Null is ignored. Other buttons stay as they are.
+    /// Makes button a default one, as OK is from the start; Return in the line edit still presses
+    /// OK. Null is ignored. Other buttons stay as they are.
     void setDefaultButton(QPushButton *button);
 
-    /// Whether the window's Close item and Close events are blocked; true from the start.
+    /// Whether the window's Close item and Close events are blocked; true from the start. Set it
+    /// before exec().
     void setBlockWindowButton(bool isBlocked);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -14,7 +14,8 @@ class QLineEdit;
 ///
 /// Checking and showing are apart: validate() never changes the look, setError() does. Load the
 /// style files before; a missing section ("component.lineedit", "component.lineedit_label") leaves
-/// its part plain, with a warning. The parts belong to the widget.
+/// its part plain, with a warning. The parts belong to the widget. It has no signals: connect to
+/// those of getLineEdit().
 ///
 ///     auto *days = new VemoLineEdit(page);
 ///     days->getPreLabel()->setText(tr("Keep for"));

@@ -8,7 +8,10 @@
 #include <map>
 
 /// Three-letter language codes ("enu", "deu", "cht", ...) for locale names, by which string tables
-/// and help pages are named.
+/// and help pages are named. Nothing has to be initialised before.
+///
+/// chs (Chinese), cht (Chinese of Taiwan, Hong Kong and Macau), csy, dan, deu, enu, esn, fra, hun,
+/// ita, jpn, krn (Korean), nld, nor, plk, ptb (Portuguese), ptg (that of Portugal), rus, sve, trk.
 ///
 ///     const QString code = VemoLocale::getInstance().getDefaultLanguage();
 ///     strings.load(QStringLiteral(":/strings/%1.json").arg(code));
@@ -20,7 +23,7 @@ public:
     /// The one instance, made on first use; it lives until the process ends.
     static VemoLocale &getInstance();
 
-    /// The code for the system's locale; "enu" for a language without one.
+    /// The code for the system's locale, asked for at each call; "enu" for a language without one.
     QString getDefaultLanguage() const;
 
     /// Stores code under a language (lower case, two letters). Without effect on "pt" and "zh",

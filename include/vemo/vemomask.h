@@ -12,7 +12,7 @@ class VemoMaskPrivate;
 /// The cover fills the window, follows its size, holds the sheet in its middle, and is visible
 /// exactly while the sheet is shown. It belongs to the window and is deleted with it; when the
 /// sheet is deleted first, the hidden cover stays. Scope the window's own style rules by object
-/// name: a rule for every QWidget or QFrame replaces the cover's colour.
+/// name: a rule for every QWidget or QFrame replaces the cover's colour. It needs no resources.
 ///
 ///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Information, tr("Done."), window);
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
@@ -25,14 +25,15 @@ class VEMO_EXPORT VemoMask : public QFrame
 
 public:
     /// Lays a cover over parent, which should be a window, and widget, which becomes its child, in
-    /// the middle of it. Without a parent that of widget is taken. Returns widget (its
-    /// parentWidget() is now the cover), or null where widget or any parent is missing, and where
-    /// parent lies within widget.
+    /// the middle of it. Without a parent that of widget is taken. color should be translucent:
+    /// showConfirmMsg() and its like take QColor(0, 0, 0, 20). Returns widget (its parentWidget()
+    /// is now the cover), or null where widget or any parent is missing, and where parent is widget
+    /// or lies within it.
     static QWidget *createMask(QWidget *widget, QWidget *parent, QColor color);
 
     ~VemoMask() override;
 
-    /// Takes on the size of the window again.
+    /// Takes on the size of the window again; already done whenever that changes.
     void resize();
 
 protected:

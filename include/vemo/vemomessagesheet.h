@@ -39,18 +39,23 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 /// which deliberately is Discard; Return, Enter and Space press OK or Apply.
 ///
 /// Sheet and window may be deleted while it runs: exec() returns 0 then. Hold it by a pointer where
-/// that can happen, never on the stack. For a plain question, showConfirmMsg() does it all.
+/// that can happen, never on the stack. At its end it is hidden, not deleted: delete it or run it
+/// again. For a plain question, showConfirmMsg() does it all.
 ///
 /// The width comes from the parent given to the constructor: 40 design pixels less than it, 540 at
 /// most, but 480 over a parent of exactly 540. Buttons that don't fit side by side stand one above
-/// the other. The height is what the text needs: a window too low for it squeezes the sheet. Load
-/// the style files, the strings ("ok", "cancel", "reset", "wizard_client_upgrade") and the
-/// catalogue before.
+/// the other. The height is what the text needs: a window too low for it squeezes the sheet.
 ///
-///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
+/// Load the style files, the strings ("ok", "cancel", "reset", "wizard_client_upgrade") and the
+/// catalogue before: a missing string shows its key, a missing style or picture is left out, each
+/// with a warning.
+///
+///     QPointer<VemoMessageSheet> sheet =
+///         new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 ///     if (sheet->exec() == QDialogButtonBox::Apply)
 ///         deleteIt();
+///     delete sheet;
 ///
 /// \image html messages-as-they-look.png
 class VEMO_EXPORT VemoMessageSheet : public VemoSheet
@@ -60,18 +65,18 @@ class VEMO_EXPORT VemoMessageSheet : public VemoSheet
 public:
     /// Which picture and which buttons a sheet has; the numbers are part of the interface.
     enum MessageType : int {
-        App = 0, ///< the application's picture, no buttons
-        Information = 1, ///< OK
-        Warning = 2, ///< OK
-        Confirm = 3, ///< Apply and Discard
-        ConfirmReset = 4, ///< Apply, Discard and Reset
-        Upgrading = 5, ///< Apply, captioned "wizard_client_upgrade", and Discard
-        WarningConfirm = 6, ///< Apply and Discard
+        App = 0, ///< the application's picture, "app_img"; no buttons
+        Information = 1, ///< "icon_information"; OK
+        Warning = 2, ///< "icon_warning"; OK
+        Confirm = 3, ///< "icon_question"; Apply and Discard
+        ConfirmReset = 4, ///< "icon_question"; Apply, Discard and Reset
+        Upgrading = 5, ///< "icon_information"; Apply ("wizard_client_upgrade") and Discard
+        WarningConfirm = 6, ///< "icon_warning"; Apply and Discard
         Processing = 7, ///< no icon but what is set, no buttons
     };
 
     /// A sheet for work that goes on: moviePath is a file that QMovie reads, shown 32 design pixels
-    /// wide and high. It ends with done() or quit().
+    /// wide and high; one that it can't read leaves no picture. It ends with done() or quit().
     VemoMessageSheet(const QString &text, const QString &moviePath, QWidget *parent);
     /// With a second text below the first. showIcon false leaves out the type's picture. The parent
     /// gives the width: take the window.
@@ -94,26 +99,31 @@ public:
     /// is, and the busy animation stands still.
     virtual void showSheet();
 
-    /// Null where the sheet has no such button.
+    /// The Ok, Apply, Discard or Reset button, which stay the sheet's, until it is built anew; null
+    /// where its type has no such button.
     QAbstractButton *button(QMessageBox::StandardButton which) const;
 
-    /// Plain or rich text; links open in the browser. An empty text removes its label.
+    /// Plain or rich text, as it looks: escape what is not yours. Links open in the browser. An
+    /// empty text removes its label.
     void setText(const QString &text);
-    /// styleSheet, if not empty, replaces "component.message_sheet_informative_text" when the label
-    /// is made, until the next of the setters that build the sheet anew.
+    /// The second text, as the first. styleSheet, if not empty, replaces
+    /// "component.message_sheet_informative_text" when the label is made, until the next of the
+    /// setters that build the sheet anew.
     void setInformativeText(const QString &text, const QString &styleSheet = {});
     /// Any picture; a null one leaves its place to the text.
     void setIcon(const QPixmap &icon);
 
     /// Whether the picture is shown. This and the next two build the sheet anew; deliberately,
-    /// custom captions are lost by it.
+    /// custom captions are lost by it, and so is what setIcon() set.
     void setIconVisible(bool isVisible);
-    /// Another picture, other buttons; custom captions are lost.
+    /// Another picture, other buttons.
     void setMessageType(MessageType type);
-    /// on: Apply is enabled only while the box with this text is checked.
+    /// on: Apply is enabled only while the box with this text is checked, which it is not at first.
+    /// Off by default.
     void setDoubleConfirmCheckBox(bool on, const QString &text);
 
-    /// Whether the window's Close item and Close events are blocked; true from the start.
+    /// Whether the window's Close item and Close events are blocked; true from the start. Set it
+    /// before exec().
     void setBlockWindowButton(bool isBlocked);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -33,8 +33,9 @@ struct VEMO_EXPORT PagingFooterInfo
 /// current one, five pages on, to the last page; at the right footer labels and a refresh button.
 ///
 /// The bar does no paging of its own: it keeps the current page in the host's model and says when
-/// it has moved. Give it a model that lives as long; without one it does nothing but warn. Load
-/// strings, pictures and style files before.
+/// it has moved. Give it a model that lives as long; without one it does nothing but warn. It is 32
+/// design pixels high and belongs to its parent. Load strings, pictures and style files before: a
+/// missing string shows its key, a missing picture or style is left out, each with a warning.
 ///
 ///     auto *bar = new VemoPagingBar(model, this);
 ///     connect(bar, SIGNAL(sigPageChanged()), this, SLOT(slotFillTable()));
@@ -51,8 +52,9 @@ class VEMO_EXPORT VemoPagingBar : public QWidget
     Q_PROPERTY(QString footerText READ footerText WRITE setFooterText)
 
 public:
-    /// Sets the model to page 1 of no items; shows no page numbers until setItemCount() or reset().
-    /// The model stays the caller's.
+    /// Sets the model to page 1 of no items. Until setItemCount() or reset() only the middle button
+    /// has its number, 1, and all buttons are enabled: call one before the bar is shown. The model
+    /// stays the caller's.
     VemoPagingBar(VemoPagingModel *model, QWidget *parent);
 
     /// With a model of its own, of 50 rows a page, as code made from a form needs it.

@@ -37,11 +37,13 @@ public:
     ~VemoSheet() override;
 
     /// Shows widget, which the frame takes over, in the middle of the body, and takes on the size
-    /// that it asks for. A widget set before stays a child of the frame, unmanaged.
+    /// that it asks for. Not null. A widget set before stays a child of the frame, unmanaged.
     void setWidget(QWidget *widget);
 
 Q_SIGNALS:
-    /// For derived sheets, which end with a result; the frame itself never emits it.
+    /// For derived sheets, which emit it at their end, whether the user or the program ended them,
+    /// with the result that exec() returns; not when they are deleted. The frame itself never emits
+    /// it.
     void finished(int ret);
 
 protected:

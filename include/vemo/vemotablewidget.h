@@ -25,7 +25,7 @@ public:
     /// Adds a column and returns its index. The width, in design pixels, is that of a fixed column
     /// and the least one of a proportional column, which the user can drag and which takes the
     /// share ratio (0.3 for 30 %) of what the other columns leave free. With ratio 0.0 it takes no
-    /// share.
+    /// share. Nothing is checked: ratios of more than 1.0 together make the table scroll sideways.
     int addColumn(const QString &name, int width, bool proportional, double ratio);
 
 private:
@@ -61,7 +61,7 @@ public:
     explicit ResizeSignalTableWidget(QWidget *parent);
 
 Q_SIGNALS:
-    /// The new size of the viewport, in screen pixels.
+    /// The table was resized, by whomever. The new size of the viewport, in screen pixels.
     void sigResized(QSize size);
 
 protected:
@@ -74,7 +74,9 @@ protected:
 ///
 /// The header is a widget beside the table, which reaches over the table's scroll bar too and
 /// scrolls sideways with it. Its clicks are not wired: a host that sorts makes the sections
-/// clickable and listens to getHeader(). Load the style files before.
+/// clickable and listens to getHeader(). The header is 30, a row 28 design pixels high. Load the
+/// style files before: without the sections "component.table_header", "component.table" and
+/// "component.scrollbar" it looks plain, with a warning each. It belongs to its parent.
 ///
 ///     VemoTableColumnsInfo columns;
 ///     columns.addColumn(tr("Name"), 120, true, 1.0);
@@ -89,7 +91,7 @@ class VEMO_EXPORT VemoTableWidget : public QWidget
     Q_PROPERTY(QStringList columnTexts READ columnTexts WRITE setColumnTexts)
 
 public:
-    /// The columns are copied.
+    /// A table without rows. The columns are copied.
     VemoTableWidget(const VemoTableColumnsInfo &columns, QWidget *parent);
 
     /// Without columns until setColumns(), as code made from a form needs it.
@@ -111,11 +113,11 @@ public:
     QTableWidget *getTable();
 
 public Q_SLOTS:
-    /// Gives the proportional columns their shares of size's width, also after the user dragged
-    /// them.
+    /// Gives the proportional columns their shares of size's width, in screen pixels, also after
+    /// the user dragged them. The widget itself connects this and the next two.
     void slotTableResized(QSize size);
 
-    /// Makes a column of the table as wide as its section of the header.
+    /// Makes a column of the table as wide as its section of the header, new_size screen pixels.
     void slotSectionResized(int index, int old_size, int new_size);
 
     /// Hides the vertical scroll bar when there is nothing to scroll; its room stays.

@@ -21,7 +21,9 @@ class QValidator;
 /// rows to be of one size while they are times only: where yours are not, call
 /// setUniformItemSizes(false) of the view before it opens.
 ///
-/// Load the style files before. It belongs to its parent.
+/// Its signals are QComboBox's, for the program's changes too; currentIndexChanged() also comes
+/// each time that the field loses the focus with the custom item shown. Load the style files
+/// before, as for VemoComboBox. It belongs to its parent.
 ///
 ///     auto *start = new VemoTimeComboBox(page);
 ///     start->addItems({ "00:00", "06:00", "12:00", "18:00" });
@@ -50,7 +52,8 @@ public:
     void setEditable(bool editable);
 
     /// Selects the item of this very text. Where there is none an editable box shows the text, as
-    /// it stands, in the custom item, and any other selects its first row.
+    /// it stands, in the custom item, and any other selects its first row. UTF-8; it hides a
+    /// function of QComboBox, too.
     void setCurrentText(const std::string &text);
 
     /// Which item an emptied field returns to; at first that of row 0. A text that is not among the
@@ -62,8 +65,8 @@ public:
     /// What follows a typed time.
     QString customText() const { return m_custom_text; }
 
-    /// How many rows the list shows at most. A hidden custom item takes none of them: then
-    /// maxVisibleItems() is one more.
+    /// How many rows the list shows at most, 10 unless set. A hidden custom item takes none of
+    /// them: then maxVisibleItems() is one more. It hides a function of QComboBox, too.
     void setMaxVisibleItems(int count);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -11,7 +11,8 @@
 ///
 /// It looks up no style itself: a host sets its colours, its style sheet (the default theme has
 /// one, "component.tree") and, for renaming, an ItemDelegate. Rows without a check box
-/// (Qt::ItemIsUserCheckable) draw their text as disabled.
+/// (Qt::ItemIsUserCheckable) draw their text as disabled. It belongs to its parent. The events that
+/// its own signals hand out are not to be kept; their slots may delete the tree.
 ///
 ///     auto *folders = new VemoTreeWidget(this);
 ///     folders->setStyleSheet(getStyleSheet("component.tree"));
@@ -30,7 +31,8 @@ public:
     /// An empty tree without colours.
     explicit VemoTreeWidget(QWidget *parent = nullptr);
 
-    /// Colours behind selected and hovered rows; invalid ones, as at first, paint black.
+    /// Colours behind selected and hovered rows, from the next paint on; invalid ones, as at first,
+    /// paint black.
     void setBackgroundColor(QColor selected, QColor hover);
 
     /// The colour behind selected rows; invalid at first.
@@ -47,9 +49,9 @@ public:
     void updateScrollArea(QTreeWidgetItem *item);
 
 Q_SIGNALS:
-    /// A key was pressed; before the tree handles it.
+    /// The user pressed a key; before the tree handles it.
     void sigKeyPressEvent(QKeyEvent *);
-    /// The right button was pressed, anywhere on the tree; before the tree handles it.
+    /// The user pressed the right button, anywhere on the tree; before the tree handles it.
     void sigMouseRightClickEvent(QMouseEvent *event);
 
 protected:
