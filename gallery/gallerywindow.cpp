@@ -160,8 +160,7 @@ void GalleryWindow::addPages()
 
 void GalleryWindow::connectParts()
 {
-    auto *shortcut = new QShortcut(QKeySequence::Find, this);
-    connect(shortcut, SIGNAL(activated()), this, SLOT(slotSearch()));
+    new QShortcut(QKeySequence::Find, this, SLOT(slotSearch()));
     connect(m_search, SIGNAL(textChanged(QString)), this, SLOT(slotFilter(QString)));
     connect(m_clear, SIGNAL(triggered()), m_search, SLOT(clear()));
     connect(m_list, SIGNAL(currentRowChanged(int)), this, SLOT(slotPageChosen(int)));

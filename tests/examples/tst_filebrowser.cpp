@@ -439,6 +439,8 @@ void FileBrowserTest::theToolTipShowsTheNameAsItIs()
 
 void FileBrowserTest::theMenuActsOnTheEntryUnderThePointer()
 {
+    if (QGuiApplication::platformName() == "offscreen")
+        QSKIP("There a pop-up that closes takes the focus along, and the name's editor with it.");
     BrowserStage stage;
     stage.home.write("a.txt", "content");
     stage.home.write("b.txt", "other");
