@@ -186,7 +186,7 @@ void VemoButtonPath::addName(const QString &part, const QString &style)
     setColumnWidth(column, name->width());
     // A new widget is the last that Tab comes to, wherever in the window the bar stands.
     QWidget *before = m_change_folder_button;
-    if (column > 0)
+    if (column >= 2)
         before = m_buttons.at(column - 2);
     setTabOrder(before, name);
     addButton(name);
