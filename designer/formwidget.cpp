@@ -70,7 +70,7 @@ QString FormWidget::domXml() const
                           "<propertyspecifications>%6</propertyspecifications>"
                           "</customwidget></customwidgets></ui>")
         .arg(name(), objectName, geometry(m_info.size), QLatin1String(m_info.properties),
-            QLatin1String(m_info.baseName), QLatin1String(m_info.specifications));
+            QLatin1String(m_info.baseName), QLatin1String(m_info.stringEditing));
 }
 
 QWidget *FormWidget::createWidget(QWidget *parent)

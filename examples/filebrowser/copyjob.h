@@ -17,7 +17,7 @@ class TreeCopy;
 /// until then is hidden under another; cancel(), an error and the destructor leave nothing half
 /// done.
 ///
-///     auto *job = new CopyJob({"/home/me/a.txt"}, "/media/stick", this);
+///     auto *job = new CopyJob({home + "/a.txt"}, stick, this);
 ///     connect(job, SIGNAL(finished(QStringList,QStringList)), ...);
 ///     job->start();
 class CopyJob : public QObject
