@@ -18,6 +18,20 @@ QString geometry(const QSize &size)
         .arg(scaled(size.height()));
 }
 
+/// What Qt Designer is told of how texts are edited; the names of the elements are Qt's.
+QString stringEditing(const char *texts)
+{
+    QString xml;
+    const QStringList all = QString::fromLatin1(texts).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &text : all) {
+        const QStringList parts = text.split(QLatin1Char(':'));
+        const QString notr = parts.size() > 2 ? QStringLiteral(" notr=\"true\"") : QString();
+        xml += QStringLiteral("<stringpropertyspecification name=\"%1\"%2 type=\"%3\"/>")
+                   .arg(parts[0], notr, parts[1]);
+    }
+    return xml;
+}
+
 } // namespace
 
 FormWidget::FormWidget(const FormWidgetInfo &info, QObject *parent) : QObject(parent), m_info(info)
@@ -70,7 +84,7 @@ QString FormWidget::domXml() const
                           "<propertyspecifications>%6</propertyspecifications>"
                           "</customwidget></customwidgets></ui>")
         .arg(name(), objectName, geometry(m_info.size), QLatin1String(m_info.properties),
-            QLatin1String(m_info.baseName), QLatin1String(m_info.stringEditing));
+            QLatin1String(m_info.baseName), stringEditing(m_info.stringEditing));
 }
 
 QWidget *FormWidget::createWidget(QWidget *parent)

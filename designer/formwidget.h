@@ -14,7 +14,7 @@ struct FormWidgetInfo
     const char *whatsThis;
     QSize size; ///< in a new form, in design pixels; not valid: that of its size hint
     const char *properties; ///< XML of those that a new widget starts with
-    const char *stringEditing; ///< XML of how its string properties are edited
+    const char *stringEditing; ///< "name:editor" or "name:editor:notr" of its texts
     QWidget *(*create)(QWidget *parent);
 };
 
