@@ -1,12 +1,13 @@
 # SPDX-License-Identifier: MIT
-# vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [DISPLAYS option...] [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...])
+# vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [DISPLAYS option...] [LOCALES de_DE ...] [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...])
 #
 # Builds NAME.cpp and registers it once for each logical dpi, and, with SCALE, once more at the first
 # dpi for each device pixel ratio: the screen is measured once a process, so each needs its own.
 # With X11 it also runs at the first dpi on a real X server with a window manager, and with DISPLAYS
-# on one more for each option of scripts/with-display.
+# on one more for each option of scripts/with-display. LOCALES adds a run at the first dpi for each
+# system locale, which needs not be installed: Qt has its own data. All others run in en_US.
 function(vemo_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "X11" "TIMEOUT" "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "X11" "TIMEOUT" "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS;LOCALES")
   if(NOT arg_DPI)
     set(arg_DPI 96)
   endif()
@@ -43,6 +44,11 @@ function(vemo_add_test name)
   foreach(option IN LISTS arg_DISPLAYS)
     vemo_register_test(${family}/${name}@x11${option} ${firstDpi} 1 xcb
       "${PROJECT_SOURCE_DIR}/scripts/with-display" ${option} $<TARGET_FILE:${name}>)
+  endforeach()
+  foreach(locale IN LISTS arg_LOCALES)
+    vemo_register_test(${family}/${name}@${locale} ${firstDpi} 1 offscreen $<TARGET_FILE:${name}>)
+    set_property(TEST ${family}/${name}@${locale} APPEND PROPERTY
+      ENVIRONMENT_MODIFICATION "LC_ALL=set:${locale}.UTF-8")
   endforeach()
 endfunction()
 

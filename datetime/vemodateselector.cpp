@@ -8,6 +8,8 @@
 #include <vemo/stylemanager.h>
 #include <vemo/vemocalanderview.h>
 
+#include <QLocale>
+
 #include <utility>
 
 namespace {
@@ -84,7 +86,8 @@ void VemoDateSelector::dateSelect(const QDate &date)
         showPlaceholder();
         return;
     }
-    addItem(date.toString(QStringLiteral("yyyy-MM-dd")), date);
+    // QDate's own would write the digits of the system's locale.
+    addItem(QLocale::c().toString(date, QStringLiteral("yyyy-MM-dd")), date);
     setCurrentIndex(0);
     m_calendar_view->setCurrentPage(date.year(), date.month());
     update();

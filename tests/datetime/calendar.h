@@ -82,6 +82,12 @@ struct Parts
     VemoButton *today;
 };
 
+/// As Qt's year button shows it: in the digits of the locale.
+inline QString yearText(int year)
+{
+    return QLocale().toString(QDate(year, 1, 1), "yyyy");
+}
+
 inline QStringList englishMonths()
 {
     return {"January", "February", "March", "April", "May", "June", "July", "August", "September",
