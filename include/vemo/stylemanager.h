@@ -12,13 +12,17 @@
 ///
 /// Load the files once, after ImageManager::initialize(): the placeholders "IMG_LOC" and
 /// "TMPIMG_LOC" in them become its two folders. Widgets look their sections up when they are made,
-/// and keep them. Files are UTF-8; comments go as in C++. A section begins with a header line:
+/// and keep them. Files are UTF-8. Comments are /* ... */ on one line, and // to the end of a line,
+/// which takes the line break with it. A section begins with a header line:
 ///
 ///     == component.red_button ==
-///     QPushButton { color: white; padding: 0px 12px; border-image: url(IMG_LOC/red.png); }
+///     QPushButton { color: white; border-image: url("IMG_LOC/red.png"); }
 ///
 ///     StyleManager::getInstance().initialize({ ":/styles/buttons.qss", ":/styles/own.qss" });
 ///     button->setStyleSheet(getStyleSheet("component.red_button"));
+///
+/// The quotes keep a folder whose name holds "'", "%", "}" or letters other than ASCII; a folder
+/// with a double quote or a backslash in its name shows no pictures.
 ///
 /// \image html fields-states.png
 class VEMO_EXPORT StyleManager

@@ -4,7 +4,9 @@
 #include <vemo/stylemanager.h>
 #include <vemo/uipathmanager.h>
 #include <vemo/vemobutton.h>
+#include <vemo/vemocheckbox.h>
 
+#include "support/testhost.h"
 #include "support/vemotest.h"
 
 #include <QDirIterator>
@@ -33,6 +35,31 @@ void startOn(const QString &theme, const QString &userData)
         {theme + "/style/buttons.qss", theme + "/style/own.qss"});
 }
 
+/// A theme of one style file and one of its pictures.
+void makeSmallTheme(const QString &theme)
+{
+    for (const QString &file : QStringList {"/style/choices.qss", "/images/check.png"}) {
+        QVERIFY(QDir().mkpath(QFileInfo(theme + file).path()));
+        QVERIFY(QFile::copy(VEMO_THEME_FOLDER + file, theme + file));
+    }
+    QFile catalogue(theme + "/images.json");
+    QVERIFY(catalogue.open(QIODevice::WriteOnly));
+    catalogue.write("{}");
+}
+
+/// A checked box dressed from the small theme; its tick is a picture that the style file names.
+QImage tickedBox(const QString &theme)
+{
+    const QTemporaryDir userData;
+    TestHost::registerFolders(theme, userData.path());
+    ImageManager::getInstance().initialize(ImageManager::LAZY_LOAD);
+    StyleManager::getInstance().initialize({theme + "/style/choices.qss"});
+    VemoCheckBox box("Ticked");
+    box.setChecked(true);
+    box.resize(box.sizeHint());
+    return box.grab().toImage();
+}
+
 } // namespace
 
 class ThemeFolderTest : public VemoTest
@@ -41,6 +68,8 @@ class ThemeFolderTest : public VemoTest
 
 private Q_SLOTS:
     void aHostUsesAnEditedCopyOfTheFolder();
+    void picturesOfStyleFilesAppearWhateverTheFolderIsCalled_data();
+    void picturesOfStyleFilesAppearWhateverTheFolderIsCalled();
 };
 
 void ThemeFolderTest::aHostUsesAnEditedCopyOfTheFolder()
@@ -60,6 +89,36 @@ void ThemeFolderTest::aHostUsesAnEditedCopyOfTheFolder()
     QVERIFY(VemoButton("Save", VemoButton::APPLY).styleSheet().contains("QPushButton"));
     QCOMPARE(VemoButton("Delete", VemoButton::RED).styleSheet(),
         QString("\nQPushButton { image: url(%1/images/folder.png); }\n").arg(theme.path()));
+}
+
+void ThemeFolderTest::picturesOfStyleFilesAppearWhateverTheFolderIsCalled_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<bool>("appears");
+    QTest::newRow("apostrophe") << "it's" << true;
+    QTest::newRow("per cent") << "100% mine %20" << true;
+    QTest::newRow("brace") << "a}b{c" << true;
+    QTest::newRow("bracket") << "a)b(c" << true;
+    QTest::newRow("semicolon") << "a;b:c" << true;
+    QTest::newRow("blank") << " a  b" << true;
+    QTest::newRow("letters of other scripts") << QString::fromUtf8("Größe 見る") << true;
+    // A style sheet has no other way to write these, and the folder's name goes in as it is.
+    QTest::newRow("double quote") << "a\"b" << false;
+    QTest::newRow("backslash") << "a\\b" << false;
+}
+
+void ThemeFolderTest::picturesOfStyleFilesAppearWhateverTheFolderIsCalled()
+{
+    QFETCH(QString, folder);
+    QFETCH(bool, appears);
+    const QTemporaryDir root;
+    const QString plain = root.filePath("plain");
+    const QString named = root.filePath(folder);
+    makeSmallTheme(plain);
+    makeSmallTheme(named);
+
+    QCOMPARE(tickedBox(named) == tickedBox(plain), appears);
+    QCOMPARE(messages.take().isEmpty(), !folder.contains('"')); // Qt takes the whole sheet back
 }
 
 VEMO_TEST_MAIN(ThemeFolderTest)
