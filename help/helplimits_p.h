@@ -14,6 +14,11 @@ constexpr qint64 kMostPictureBytes = qint64(64) * 1024 * 1024;
 constexpr qint64 kMostPicturePixels = qint64(64) * 1024 * 1024;
 /// Pictures of one page that are fetched at once: each takes a thread of the network's.
 constexpr int kMostDownloadsAtOnce = 64;
+/// Milliseconds without a byte after which a download no longer counts among those.
+constexpr int kMaxSilence = 30000;
+/// Such silent downloads that one page keeps waiting for; the one that fell silent first is broken
+/// off if there are more, as each holds a thread and a connection.
+constexpr int kMaxSilentDownloads = 192;
 /// Tables inside each other; a page with more counts as failed. The text engine takes twice as long
 /// for each: seconds for twenty, hours for thirty.
 constexpr int kMostNestedTables = 12;

@@ -105,6 +105,8 @@ ImageDownloader *HtmlTextBrowser::makeDownloader(const QString &source, const QS
     downloader->setParent(this);
     connect(downloader, &ImageDownloader::sigDownloadFinish, this,
         &HtmlTextBrowser::slotDownloadFinished); // Not by name: there may be ten thousand.
+    connect(downloader, &ImageDownloader::sigSilent, this,
+        [this, downloader] { makeRoomForOthers(downloader); });
     m_downloads.insert(url, downloader);
     m_page_numbers.insert(downloader, m_page_number);
     return downloader;
@@ -129,7 +131,7 @@ void HtmlTextBrowser::startDownloads(int page)
         else
             downloader->refuse();
     }
-    if (turns->running == 0)
+    if (turns->running == 0 && turns->silent.isEmpty())
         m_turns.erase(turns);
 }
 
@@ -157,9 +159,28 @@ void HtmlTextBrowser::release(ImageDownloader *downloader)
     const int page = m_page_numbers.take(downloader);
     m_arrived.insert(QFileInfo(downloader->localPath()).fileName());
     downloader->deleteLater();
-    if (!m_turns[page].waiting.removeOne(downloader))
-        --m_turns[page].running;
+    Turns &turns = m_turns[page];
+    if (!turns.waiting.removeOne(downloader) && !turns.silent.removeOne(downloader))
+        --turns.running;
     startDownloads(page);
+}
+
+/// Every picture gets its turn, even if a server leaves as many requests as may run at once without
+/// an answer. A silent download goes on, as there is no time limit, but no longer counts.
+void HtmlTextBrowser::makeRoomForOthers(ImageDownloader *silent)
+{
+    if (!m_page_numbers.contains(silent))
+        return; // Its finish has been handled already.
+    const int page = m_page_numbers.value(silent);
+    Turns &turns = m_turns[page];
+    if (turns.waiting.isEmpty() || turns.silent.contains(silent))
+        return;
+    --turns.running;
+    turns.silent.enqueue(silent);
+    if (turns.silent.size() > kMaxSilentDownloads)
+        turns.silent.head()->abort(); // Comes back through release().
+    else
+        startDownloads(page);
 }
 
 void HtmlTextBrowser::reloadInPlace()

@@ -42,13 +42,15 @@ private:
     struct Turns
     {
         bool areLocalFilesAllowed = false; // As they were for the page.
-        int running = 0;
+        int running = 0; // Without the silent ones.
+        QQueue<ImageDownloader *> silent; // Started, and without a byte for long.
         QQueue<ImageDownloader *> waiting;
     };
 
     void downloadPictures(const QVector<QStringView> &sources);
     ImageDownloader *makeDownloader(const QString &source, const QString &folder);
     void startDownloads(int page);
+    void makeRoomForOthers(ImageDownloader *silent);
     void release(ImageDownloader *downloader);
     void reloadInPlace();
     PageDocument *page() const;

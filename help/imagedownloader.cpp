@@ -4,27 +4,23 @@
 #include "help/helplimits_p.h"
 #include "help/picturefolder_p.h"
 #include "help/replylimit_p.h"
-#include "help/wholepicture_p.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
-namespace {
-
-/// Whether body may lack its end though the network reports no error: it doesn't always for a
-/// connection that breaks off, unless the answer has told a length.
-bool mayBeCutOff(const QNetworkReply *reply, const QByteArray &body)
-{
-    const QVariant length = reply->header(QNetworkRequest::ContentLengthHeader);
-    return !length.isValid() || length.toLongLong() != body.size();
-}
-
-} // namespace
-
 ImageDownloader::ImageDownloader(const QString &localPath, const QString &url)
     : m_local_path(localPath), m_url(url)
 {
+    m_silence_timer.setSingleShot(true);
+    m_silence_timer.setInterval(maxSilence());
+    connect(&m_silence_timer, &QTimer::timeout, this, &ImageDownloader::sigSilent);
+}
+
+int &ImageDownloader::maxSilence()
+{
+    static int milliseconds = kMaxSilence;
+    return milliseconds;
 }
 
 ImageDownloader::~ImageDownloader()
@@ -38,8 +34,16 @@ void ImageDownloader::start()
     m_network_manager = new QNetworkAccessManager;
     connect(m_network_manager,
         SIGNAL(finished(QNetworkReply*)), this, SLOT(slotFinishDownload(QNetworkReply*)));
-    QNetworkReply *reply = m_network_manager->get(QNetworkRequest(QUrl(m_url)));
-    limitReply(reply, kMostPictureBytes);
+    m_reply = m_network_manager->get(QNetworkRequest(QUrl(m_url)));
+    limitReply(m_reply, kMostPictureBytes);
+    connect(m_reply, &QNetworkReply::readyRead, this, [this] { m_silence_timer.start(); });
+    m_silence_timer.start();
+}
+
+void ImageDownloader::abort()
+{
+    if (m_reply)
+        m_reply->abort();
 }
 
 void ImageDownloader::refuse()
@@ -50,20 +54,13 @@ void ImageDownloader::refuse()
 void ImageDownloader::slotFinishDownload(QNetworkReply *reply)
 {
     reply->deleteLater();
-    const bool isReceived = reply->error() == QNetworkReply::NoError && keep(reply);
+    m_silence_timer.stop();
+    const bool isReceived = reply->error() == QNetworkReply::NoError;
+    // Deliberate: the whole body replaces the file, even if the connection broke off in a way that
+    // the network does not report.
+    if (isReceived)
+        writePicture(m_local_path, reply->readAll());
     finish(isReceived ? 0 : -1);
-}
-
-/// Makes reply's body the file; false where that is worse than the file that stands there.
-bool ImageDownloader::keep(QNetworkReply *reply) const
-{
-    const QByteArray body = reply->readAll();
-    // Half a picture is better than none, but not than a whole one.
-    if (mayBeCutOff(reply, body) && !isWholePicture(body)
-        && isWholePicture(keptPicture(m_local_path)))
-        return false;
-    writePicture(m_local_path, body);
-    return true;
 }
 
 void ImageDownloader::slotFinishRefused()

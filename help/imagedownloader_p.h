@@ -4,13 +4,14 @@
 
 #include "core/testexport_p.h"
 
+#include <QNetworkReply>
 #include <QObject>
+#include <QPointer>
+#include <QTimer>
 
 class QNetworkAccessManager;
-class QNetworkReply;
 
-/// Fetches one picture into one file. There is no time limit. Where the file already is a whole
-/// picture, a body that may have been cut off and is none counts as failed.
+/// Fetches one picture into one file. There is no time limit.
 class VEMO_TEST_EXPORT ImageDownloader : public QObject
 {
     Q_OBJECT
@@ -23,6 +24,11 @@ public:
     void start();
     /// Fetches nothing: sigDownloadFinish() comes later, as after a failure.
     void refuse();
+    /// Breaks off a download that has been started: it fails at once.
+    void abort();
+
+    /// Milliseconds without a byte after which later downloads send sigSilent(); tests shorten it.
+    static int &maxSilence();
 
     QString localPath() const { return m_local_path; }
     QString url() const { return m_url; }
@@ -32,18 +38,21 @@ public:
 Q_SIGNALS:
     /// res is 0, or -1 after a network error; a file that can't be written is no error.
     void sigDownloadFinish(QString url, int res);
+    /// The server has sent nothing for maxSilence() milliseconds. The download goes on.
+    void sigSilent();
 
 private Q_SLOTS:
     void slotFinishDownload(QNetworkReply *reply);
     void slotFinishRefused();
 
 private:
-    bool keep(QNetworkReply *reply) const;
     void finish(int result);
 
     QString m_local_path;
     QString m_url;
     QNetworkAccessManager *m_network_manager = nullptr;
+    QPointer<QNetworkReply> m_reply;
+    QTimer m_silence_timer;
     bool m_finished = false;
     int m_result = 0;
 };

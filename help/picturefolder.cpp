@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "help/picturefolder_p.h"
 
-#include "help/helplimits_p.h"
-
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -15,6 +13,7 @@
 
 namespace {
 
+constexpr bool kIsWindows = std::is_same_v<std::filesystem::path::value_type, wchar_t>;
 constexpr QFile::Permissions kPrivate = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
 QString outerFolder()
@@ -53,9 +52,15 @@ bool isDeviceName(const QString &name)
     return device.match(name).hasMatch();
 }
 
+bool hasMeaning(QChar c)
+{
+    return c.unicode() < 0x20 || c.unicode() == 0x7F || c == QLatin1Char('\\')
+        || c == QLatin1Char(':');
+}
+
 std::filesystem::path nativePath(const QString &path)
 {
-    if constexpr (std::is_same_v<std::filesystem::path::value_type, wchar_t>)
+    if constexpr (kIsWindows)
         return path.toStdWString();
     else
         return QFile::encodeName(path).toStdString();
@@ -74,15 +79,18 @@ bool preparePictureFolder()
     return makePrivate(outerFolder()) && makePrivate(pictureFolder());
 }
 
+bool isSafeWindowsName(const QString &name)
+{
+    return std::none_of(name.begin(), name.end(), hasMeaning) && !isDeviceName(name);
+}
+
 bool isSafePictureName(const QString &name)
 {
     if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
         return false;
-    const bool isPlain = std::none_of(name.begin(), name.end(), [](QChar c) {
-        return c.unicode() < 0x20 || c.unicode() == 0x7F || c == QLatin1Char('/')
-            || c == QLatin1Char('\\') || c == QLatin1Char(':');
-    });
-    return isPlain && !isDeviceName(name);
+    if (name.contains(QLatin1Char('/')) || name.contains(QChar(0)))
+        return false;
+    return !kIsWindows || isSafeWindowsName(name);
 }
 
 void writePicture(const QString &path, const QByteArray &bytes)
@@ -102,14 +110,4 @@ void writePicture(const QString &path, const QByteArray &bytes)
     std::filesystem::rename(nativePath(part.fileName()), nativePath(path), error);
     if (!error)
         part.setAutoRemove(false);
-}
-
-QByteArray keptPicture(const QString &path)
-{
-    const QFileInfo target(path);
-    if (!isSafePictureName(target.fileName()) || target.isSymLink() || !target.isFile()
-        || target.size() > kMostPictureBytes)
-        return {};
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }

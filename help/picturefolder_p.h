@@ -14,13 +14,14 @@ VEMO_TEST_EXPORT QString pictureFolder();
 /// link or belongs to somebody else: nothing may be written there.
 VEMO_TEST_EXPORT bool preparePictureFolder();
 
-/// Whether a page may name a file of the picture folder so, on any system.
+/// Whether a page may name a file of the picture folder so.
+///
+/// Deliberate: everything but a path is taken where the system gives no letter a meaning.
 VEMO_TEST_EXPORT bool isSafePictureName(const QString &name);
+
+/// Whether name means no more than a file to Windows: no stream, no path and no device.
+VEMO_TEST_EXPORT bool isSafeWindowsName(const QString &name);
 
 /// Writes bytes as the picture folder's file path, in one step: whoever reads it meanwhile gets the
 /// old picture or the new one. A file that can't be written is left out silently.
 VEMO_TEST_EXPORT void writePicture(const QString &path, const QByteArray &bytes);
-
-/// The bytes of the picture folder's file path; empty where there is none, or none that
-/// writePicture() would have written.
-VEMO_TEST_EXPORT QByteArray keptPicture(const QString &path);

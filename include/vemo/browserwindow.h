@@ -22,7 +22,7 @@ class QTimer;
 /// files, nor any address that is not http or https; a page from a file can. A page of more than
 /// 32 MiB, or of more than 12 tables or 1000 tags inside each other, counts as failed and is warned
 /// about; a picture of more than 64 MiB or 64 million pixels stays missing. No more than 64
-/// pictures of a page are fetched at once.
+/// pictures of a page are fetched at once; one that gets no byte for 30 seconds no longer counts.
 ///
 /// Ctrl with the wheel, plus, minus and 0 zooms, F7 lets the arrow keys move a text cursor (with
 /// Shift: select), Escape closes. The title is the page's own, unless the host sets one.

@@ -34,6 +34,9 @@ private Q_SLOTS:
     void aNewPageDoesNotCancelDownloads();
     void theSameAddressTwiceAtOnceIsFetchedTwice();
     void noMoreThanSixtyFourAtOnce();
+    void silentDownloadsLeaveTheirPlaceToOthers();
+    void aSlowDownloadKeepsItsPlace();
+    void onlySoManySilentDownloadsAreWaitedFor();
     void everyPictureIsFetchedHoweverMany();
     void pagesTakeTheirTurnsApart();
     void deletedWhileDownloadsRun_data();
@@ -238,14 +241,14 @@ void tst_htmltextbrowser::aPictureIsSavedUnderItsLastPart_data()
                                                               << "";
     QTest::newRow("the parent folder is not saved") << "x/.."
                                                     << "";
-    QTest::newRow("a colon is not saved") << "x/a:b.png"
-                                          << "";
-    QTest::newRow("a backslash is not saved") << "x\\..\\b.png"
-                                              << "";
-    QTest::newRow("a device is not saved") << "x/nul.png"
-                                           << "";
-    QTest::newRow("a control character is not saved") << "a\x01.png"
-                                                      << "";
+    QTest::newRow("a colon") << "x/a:b.png"
+                             << "a:b.png";
+    QTest::newRow("backslashes") << "x\\..\\b.png"
+                                 << "x\\..\\b.png";
+    QTest::newRow("a device of Windows") << "x/nul.png"
+                                         << "nul.png";
+    QTest::newRow("a control character") << "a\x01.png"
+                                         << "a\x01.png";
     QTest::newRow("256 letters are not saved") << QString(256, 'a') << "";
 }
 
@@ -348,6 +351,41 @@ void tst_htmltextbrowser::noMoreThanSixtyFourAtOnce()
     QCOMPARE(m_server->requestCount("/p0.png"), 0);
     m_server.reset(); // Breaks them off: the others' turn. They fail, nobody is there any more.
     QTRY_VERIFY(isIdle());
+}
+
+void tst_htmltextbrowser::silentDownloadsLeaveTheirPlaceToOthers()
+{
+    QCOMPARE(ImageDownloader::maxSilence(), 30000);
+    const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), 100);
+    m_server->setAnswer({}, silence());
+    m_server->setAnswer("/q0.png", page("bytes"));
+    m_browser->setHtmlContent(html(pictures(64) + pictures(1, QStringLiteral("q"))));
+    QTRY_COMPARE(m_server->requestCount("/q0.png"), 1);
+    QTRY_COMPARE(m_browser->findChildren<ImageDownloader *>().size(), 64); // They go on.
+}
+
+void tst_htmltextbrowser::aSlowDownloadKeepsItsPlace()
+{
+    const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), 1000);
+    Answer slow;
+    slow.bytes = "HTTP/1.1 200 OK\r\n\r\n";
+    slow.tail = "x";
+    slow.tailCount = 30;
+    slow.tailPause = 50;
+    m_server->setAnswer({}, slow);
+    m_browser->setHtmlContent(html(pictures(65)));
+    QTRY_VERIFY_WITH_TIMEOUT(isIdle(), 20000);
+    QCOMPARE(m_server->mostConnectionsAtOnce(), 64);
+}
+
+void tst_htmltextbrowser::onlySoManySilentDownloadsAreWaitedFor()
+{
+    const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), 50);
+    m_server->setAnswer({}, silence());
+    m_browser->setHtmlContent(html(pictures(300)));
+    QTRY_COMPARE_WITH_TIMEOUT(m_server->requests().size(), 300, 20000);
+    QTRY_COMPARE(m_browser->findChildren<ImageDownloader *>().size(), kMaxSilentDownloads + 64);
+    QVERIFY(m_server->mostConnectionsAtOnce() <= kMaxSilentDownloads + 64 + 1);
 }
 
 void tst_htmltextbrowser::everyPictureIsFetchedHoweverMany()

@@ -20,10 +20,10 @@ private Q_SLOTS:
     void theAnswersBodyBecomesTheFile();
     void aFailedDownloadKeepsTheEarlierFile_data();
     void aFailedDownloadKeepsTheEarlierFile();
-    void whatMayBeHalfNeverReplacesAWholePicture_data();
-    void whatMayBeHalfNeverReplacesAWholePicture();
-    void whatMayBeHalfReplacesWhatIsNotWhole_data();
-    void whatMayBeHalfReplacesWhatIsNotWhole();
+    void anyAnswerWithoutAnErrorReplacesTheEarlierFile_data();
+    void anyAnswerWithoutAnErrorReplacesTheEarlierFile();
+    void silenceIsReportedAndTheDownloadGoesOn();
+    void anAbortedDownloadFails();
     void aFileThatCannotBeWrittenIsNoError();
     void aPictureOverTheLimitFailsWithOneWarning_data();
     void aPictureOverTheLimitFailsWithOneWarning();
@@ -164,59 +164,75 @@ static Answer chunked(const QByteArray &body, bool isEnded)
     return answer;
 }
 
-void tst_imagedownloader::whatMayBeHalfNeverReplacesAWholePicture_data()
+void tst_imagedownloader::anyAnswerWithoutAnErrorReplacesTheEarlierFile_data()
 {
     QTest::addColumn<Answer>("answer");
     QTest::addColumn<QByteArray>("taken");
 
     const QByteArray whole = pictureBytes({20, 20}, Qt::blue);
     const QByteArray half = whole.left(whole.size() / 2);
-    Answer insideAChunk = chunked(whole, true);
-    insideAChunk.bytes.chop(40);
-    const QByteArray none;
-    QTest::newRow("half, without a length") << untilClosing(half) << none;
-    QTest::newRow("without its last byte") << untilClosing(whole.chopped(1)) << none;
-    QTest::newRow("nothing, without a length") << untilClosing({}) << none;
-    QTest::newRow("a page, without a length") << untilClosing("<html>error</html>") << none;
-    QTest::newRow("half, ended chunks") << chunked(half, true) << none;
-    QTest::newRow("half, broken off between chunks") << chunked(half, false) << none;
-    QTest::newRow("broken off inside a chunk") << insideAChunk << none;
-    QTest::newRow("whole, without a length") << untilClosing(whole) << whole;
-    QTest::newRow("whole, chunked") << chunked(whole, true) << whole;
-    QTest::newRow("a page with its length") << page("<html>") << QByteArray("<html>");
-    QTest::newRow("half with the half's length") << page(half) << half;
+    const QByteArray icon = QByteArray::fromHex("00000100010001010000010018003000000016000000");
+    // "<html>" in the gzip format.
+    const QByteArray packed =
+        QByteArray::fromHex("1f8b0800000000000003b3c928c9cdb10300410c43c706000000");
+    QTest::newRow("a format without an end, chunked") << chunked(icon, true) << icon;
+    QTest::newRow("a page, chunked") << chunked("<html>", true) << QByteArray("<html>");
+    QTest::newRow("a page, compressed")
+        << page(packed, "Content-Encoding: gzip\r\n") << QByteArray("<html>");
+    QTest::newRow("a picture, chunked") << chunked(whole, true) << whole;
+    QTest::newRow("a picture, without a length") << untilClosing(whole) << whole;
+    QTest::newRow("half, without a length") << untilClosing(half) << half;
+    QTest::newRow("half, with the half's length") << page(half) << half;
+    QTest::newRow("nothing, without a length") << untilClosing({}) << QByteArray("");
 }
 
-void tst_imagedownloader::whatMayBeHalfNeverReplacesAWholePicture()
+void tst_imagedownloader::anyAnswerWithoutAnErrorReplacesTheEarlierFile()
 {
     QFETCH(const Answer, answer);
     QFETCH(const QByteArray, taken);
-    const QByteArray earlier = pictureBytes({10, 10}, Qt::red);
-    writePicture(file("a.png"), earlier);
+    writePicture(file("a.png"), pictureBytes({10, 10}, Qt::red));
     TestServer server;
     server.setAnswer("/a.png", answer);
-    QCOMPARE(download(server.url("/a.png")), taken.isEmpty() ? -1 : 0);
-    QCOMPARE(fileBytes(file("a.png")), taken.isEmpty() ? earlier : taken);
-}
-
-void tst_imagedownloader::whatMayBeHalfReplacesWhatIsNotWhole_data()
-{
-    QTest::addColumn<QByteArray>("earlier");
-    QTest::newRow("no file") << QByteArray();
-    QTest::newRow("text") << QByteArray("earlier");
-    QTest::newRow("another half") << pictureBytes({10, 10}, Qt::red).chopped(1);
-}
-
-void tst_imagedownloader::whatMayBeHalfReplacesWhatIsNotWhole()
-{
-    QFETCH(const QByteArray, earlier);
-    if (!earlier.isEmpty())
-        writePicture(file("a.png"), earlier);
-    const QByteArray half = pictureBytes({20, 20}, Qt::blue).chopped(10);
-    TestServer server;
-    server.setAnswer("/a.png", untilClosing(half));
     QCOMPARE(download(server.url("/a.png")), 0);
-    QCOMPARE(fileBytes(file("a.png")), half);
+    QCOMPARE(fileBytes(file("a.png")), taken);
+}
+
+void tst_imagedownloader::silenceIsReportedAndTheDownloadGoesOn()
+{
+    const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), 20);
+    Answer late;
+    late.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\n";
+    late.tail = "bytes";
+    late.tailCount = 1;
+    late.tailPause = 500;
+    TestServer server;
+    server.setAnswer("/a.png", late);
+    ImageDownloader downloader(file("a.png"), server.url("/a.png").toString());
+    QSignalSpy silent(&downloader, SIGNAL(sigSilent()));
+    QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString,int)));
+    downloader.start();
+    QVERIFY(silent.wait());
+    QVERIFY(finished.isEmpty());
+    QVERIFY(finished.wait());
+    QCOMPARE(downloader.result(), 0);
+    QCOMPARE(fileBytes(file("a.png")), QByteArray("bytes"));
+}
+
+void tst_imagedownloader::anAbortedDownloadFails()
+{
+    Answer silent;
+    silent.end = Answer::KEEP_OPEN;
+    TestServer server;
+    server.setAnswer("/a.png", silent);
+    ImageDownloader downloader(file("a.png"), server.url("/a.png").toString());
+    QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString,int)));
+    downloader.abort(); // Nothing runs.
+    QVERIFY(finished.isEmpty());
+    downloader.start();
+    QTRY_COMPARE(server.requests().size(), 1);
+    downloader.abort();
+    QCOMPARE(finished.size(), 1);
+    QCOMPARE(downloader.result(), -1);
 }
 
 void tst_imagedownloader::aFileThatCannotBeWrittenIsNoError()

@@ -97,6 +97,8 @@ void tst_pagedisplay::picturesAppearAtTheirNaturalSize_data()
     QTest::newRow("below text") << "<p>text<p><img src=\"a.png\"><p>text" << one;
     QTest::newRow("by the parent folder") << "<img src=\"../image/a.png\">" << one;
     QTest::newRow("by its own folder") << "<img src=\"./a.png\">" << one;
+    QTest::newRow("by a name that is a device on Windows") << "<img src=\"aux.png\">" << one;
+    QTest::newRow("by another such name") << "<img src=\"com1.png\">" << one;
     QTest::newRow("twice") << "<img src=\"a.png\"><br><img src=\"a.png\">" << 2 * one;
     QTest::newRow("two") << "<img src=\"a.png\"> <img src=\"b.png\">" << 2 * one;
     QTest::newRow("with a size of the page's")
