@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "datetime/daycalendar_p.h"
 
+#include <QAction>
 #include <QHoverEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QSpinBox>
 #include <QTableView>
+#include <QToolButton>
 
 namespace {
 
@@ -29,7 +32,10 @@ bool isEnter(const QKeyEvent *event)
 DayCalendar::DayCalendar(QWidget *parent)
     : QCalendarWidget(parent),
       m_grid(findChild<QTableView *>(QStringLiteral("qt_calendar_calendarview"))),
-      m_year_edit(findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit")))
+      m_year_edit(findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit"))),
+      m_previous(findChild<QToolButton *>(QStringLiteral("qt_calendar_prevmonth"))),
+      m_next(findChild<QToolButton *>(QStringLiteral("qt_calendar_nextmonth"))),
+      m_month(findChild<QToolButton *>(QStringLiteral("qt_calendar_monthbutton")))
 {
     m_year_edit->installEventFilter(this);
     // So that the grid repaints the day that the pointer enters or leaves.
@@ -54,6 +60,36 @@ bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
             m_today = QDate::currentDate(); // Asks the system; too dear for each day.
     }
     return QCalendarWidget::eventFilter(watched, event);
+}
+
+bool DayCalendar::event(QEvent *event)
+{
+    const bool changesFace =
+        event->type() == QEvent::LocaleChange || event->type() == QEvent::LayoutDirectionChange;
+    return changesFace ? keepFace(event) : QCalendarWidget::event(event);
+}
+
+// For a new locale Qt takes its first weekday and its month names, for a new direction arrows of
+// the style.
+bool DayCalendar::keepFace(QEvent *event)
+{
+    const Qt::DayOfWeek firstDay = firstDayOfWeek();
+    const QIcon previous = m_previous->icon();
+    const QIcon next = m_next->icon();
+    const QString month = m_month->text();
+    const QList<QAction *> entries = m_month->menu()->actions();
+    QStringList names;
+    for (const QAction *entry : entries)
+        names += entry->text();
+
+    const bool isHandled = QCalendarWidget::event(event);
+    setFirstDayOfWeek(firstDay);
+    m_previous->setIcon(previous);
+    m_next->setIcon(next);
+    m_month->setText(month);
+    for (int entry = 0; entry < entries.size(); ++entry)
+        entries[entry]->setText(names[entry]);
+    return isHandled;
 }
 
 void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const

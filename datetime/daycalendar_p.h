@@ -7,10 +7,12 @@
 
 class QSpinBox;
 class QTableView;
+class QToolButton;
 
 /// Qt's calendar, which also shows which day is today, which one the pointer is on, and which ones
 /// are out of range. The colours are those of the day grid's palette. The Return that ends the
-/// typing of a year does not close a pop-up.
+/// typing of a year does not close a pop-up. Names, arrows and first weekday stay as they were set,
+/// whatever locale or layout direction it gets.
 class DayCalendar : public QCalendarWidget
 {
 public:
@@ -19,13 +21,19 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
+    bool event(QEvent *event) override;
     void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override;
 
 private:
     static constexpr QPoint kNowhere {-1, -1};
 
+    bool keepFace(QEvent *event);
+
     QTableView *m_grid;
     QSpinBox *m_year_edit;
+    QToolButton *m_previous;
+    QToolButton *m_next;
+    QToolButton *m_month;
     QPoint m_pointer = kNowhere;
     QDate m_today; // Of the last painting.
 };

@@ -15,7 +15,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QSpinBox>
-#include <QStyle>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 #include <QTableWidget>
 #include <QTextCharFormat>
 #include <QToolButton>
@@ -57,24 +58,43 @@ template <typename Part> Part *part(const QObject *owner, const char *name)
     return owner->findChild<Part *>(QLatin1String(name));
 }
 
-/// Lets the style show the focus of a button that Qt paints as if it had none, by a rule for
-/// QToolButton[focused="true"].
-class FocusMark : public QObject
+/// Reaches what a button tells the style of itself.
+struct ButtonState : QToolButton
+{
+    using QToolButton::initStyleOption;
+};
+
+/// Paints an arrow of the calendar with its focus, which Qt leaves out, and from right to left the
+/// other way round: its icon stays the picture as it is.
+class ArrowPainter : public QObject
 {
 public:
-    explicit FocusMark(QToolButton *button) : QObject(button) { button->installEventFilter(this); }
+    explicit ArrowPainter(QToolButton *arrow) : QObject(arrow), m_arrow(arrow)
+    {
+        arrow->installEventFilter(this);
+    }
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
     {
-        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-            auto *button = static_cast<QToolButton *>(watched);
-            button->setProperty("focused", event->type() == QEvent::FocusIn);
-            button->style()->polish(button);
-            button->update();
-        }
-        return QObject::eventFilter(watched, event);
+        if (event->type() != QEvent::Paint)
+            return false;
+        QStyleOptionToolButton state;
+        (m_arrow->*(&ButtonState::initStyleOption))(&state);
+        if (m_arrow->isRightToLeft())
+            state.icon =
+                mirrored(state.icon.pixmap(m_arrow->window()->windowHandle(), state.iconSize));
+        QStylePainter(m_arrow).drawComplexControl(QStyle::CC_ToolButton, state);
+        return true;
     }
+
+private:
+    static QPixmap mirrored(const QPixmap &picture)
+    {
+        return QPixmap::fromImage(picture.toImage().mirrored(true, false));
+    }
+
+    QToolButton *m_arrow;
 };
 
 void setPicture(QToolButton *button, const char *name)
@@ -250,7 +270,7 @@ void VemoCalanderView::handleNavigationBar()
     setPicture(previous, "bt_pagebar_backend");
     setPicture(next, "bt_pagebar_nextend");
     for (QToolButton *button : {previous, next})
-        new FocusMark(button);
+        new ArrowPainter(button);
     part<QSpinBox>(this, kYearEdit)->setAttribute(Qt::WA_MacShowFocusRect, false);
 
     auto *bar = part<QWidget>(this, kBar);

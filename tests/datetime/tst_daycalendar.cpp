@@ -65,6 +65,7 @@ private Q_SLOTS:
     void tintsTheDayUnderThePointer();
     void veilsDaysOutOfRange();
     void veilsADisabledCalendar();
+    void showsTheFocusOfItsArrows();
 };
 
 void DayCalendarTest::framesToday()
@@ -115,6 +116,21 @@ void DayCalendarTest::veilsADisabledCalendar()
     const int ink = view.inkOf(View::otherDay());
     view.view.setEnabled(false);
     QVERIFY(view.inkOf(View::otherDay()) > ink + 60);
+}
+
+void DayCalendarTest::showsTheFocusOfItsArrows()
+{
+    View view;
+    QVERIFY(view.isExposed);
+    view.view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view.view));
+    for (QToolButton *arrow : {view.parts.previous, view.parts.next}) {
+        const QPoint edge = arrow->mapTo(&view.view, {arrow->width() / 2, 0});
+        view.parts.grid->setFocus();
+        QCOMPARE(pixelAt(&view.view, edge), QColor(Qt::white));
+        arrow->setFocus();
+        QCOMPARE(pixelAt(&view.view, edge), kAccent);
+    }
 }
 
 VEMO_TEST_MAIN(DayCalendarTest)

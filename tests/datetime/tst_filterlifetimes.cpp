@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+// An event filter sees its widget die: what comes last, a FocusOut or a Hide, comes from a widget
+// that is no longer what it was. A sanitizer tells when a filter takes it for more.
+#include "datetime/calendar.h"
+#include "support/testhost.h"
+
+#include <vemo/itemdelegate.h>
+#include <vemo/vemocombobox.h>
+#include <vemo/vemodateselector.h>
+#include <vemo/vemofilterbar.h>
+#include <vemo/vemolineedit.h>
+#include <vemo/vemomask.h>
+#include <vemo/vemosheet.h>
+#include <vemo/vemotimecombobox.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTreeWidget>
+
+namespace {
+
+using Maker = QWidget *(*)(QWidget *window);
+
+/// A calendar of its own in the window; the part of that name is the one that a filter watches.
+template <const char *name> QWidget *calendarPart(QWidget *window)
+{
+    auto *view = new VemoCalanderView(window);
+    return view->findChild<QWidget *>(name);
+}
+
+constexpr char kPrevious[] = "qt_calendar_prevmonth";
+constexpr char kNext[] = "qt_calendar_nextmonth";
+constexpr char kBar[] = "qt_calendar_navigationbar";
+constexpr char kYear[] = "qt_calendar_yearbutton";
+constexpr char kYearEdit[] = "qt_calendar_yearedit";
+constexpr char kGrid[] = "qt_calendar_calendarview";
+constexpr char kToday[] = "qt_calendar_today_button";
+
+QWidget *days(QWidget *window)
+{
+    return (new VemoCalanderView(window))->findChild<QTableView *>(kGrid)->viewport();
+}
+
+template <typename Box> Box *openedBox(QWidget *window)
+{
+    auto *box = new Box(window);
+    window->show();
+    box->addItem("09:00");
+    box->showPopup();
+    return box;
+}
+
+QWidget *openCalendar(QWidget *window)
+{
+    return openedBox<VemoDateSelector>(window)->view();
+}
+
+QWidget *arrowOfAnOpenCalendar(QWidget *window)
+{
+    return Parts(openCalendar(window)).next;
+}
+
+template <typename Box> QWidget *openList(QWidget *window)
+{
+    return openedBox<Box>(window)->view()->parentWidget();
+}
+
+QWidget *timeBox(QWidget *window)
+{
+    auto *box = new VemoTimeComboBox(window);
+    box->setEditable(true);
+    return box;
+}
+
+QWidget *editOfATimeBox(QWidget *window)
+{
+    return static_cast<VemoTimeComboBox *>(timeBox(window))->lineEdit();
+}
+
+QWidget *lineEdit(QWidget *window)
+{
+    return (new VemoLineEdit(window))->getLineEdit();
+}
+
+QWidget *filterField(QWidget *window)
+{
+    return new VemoFilterBar(window);
+}
+
+QWidget *editorInATree(QWidget *window)
+{
+    auto *tree = new QTreeWidget(window);
+    auto *delegate = new ItemDelegate;
+    delegate->setParent(tree);
+    tree->setItemDelegate(delegate);
+    auto *item = new QTreeWidgetItem(tree, {"name"});
+    item->setFlags(item->flags() | Qt::ItemIsEditable);
+    window->show();
+    tree->editItem(item);
+    return tree->findChild<QLineEdit *>();
+}
+
+QWidget *sheetOverAMask(QWidget *window)
+{
+    auto *sheet = new VemoSheet(window);
+    VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+    window->show();
+    sheet->show();
+    return sheet;
+}
+
+/// The child of the window that a widget lies in.
+QWidget *childOf(const QWidget *window, QWidget *widget)
+{
+    while (widget->parentWidget() != window)
+        widget = widget->parentWidget();
+    return widget;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Maker)
+
+class FilterLifetimesTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void aWatchedWidgetMayDieWithTheFocus_data();
+    void aWatchedWidgetMayDieWithTheFocus();
+};
+
+void FilterLifetimesTest::aWatchedWidgetMayDieWithTheFocus_data()
+{
+    QTest::addColumn<Maker>("make");
+    QTest::addColumn<bool>("diesWithItsWindow");
+    const QVector<QPair<const char *, Maker>> makers {
+        {"calendar, previous month", calendarPart<kPrevious>},
+        {"calendar, next month", calendarPart<kNext>},
+        {"calendar, navigation bar", calendarPart<kBar>},
+        {"calendar, year", calendarPart<kYear>},
+        {"calendar, year field", calendarPart<kYearEdit>},
+        {"calendar, grid", calendarPart<kGrid>},
+        {"calendar, days", days},
+        {"calendar, today", calendarPart<kToday>},
+        {"date field, open", openCalendar},
+        {"date field, arrow", arrowOfAnOpenCalendar},
+        {"date field, pop-up", openList<VemoDateSelector>},
+        {"combo box, list", openList<VemoComboBox>},
+        {"time box", timeBox},
+        {"time box, edit", editOfATimeBox},
+        {"time box, list", openList<VemoTimeComboBox>},
+        {"line edit", lineEdit},
+        {"filter bar", filterField},
+        {"tree, editor", editorInATree},
+        {"sheet over a mask", sheetOverAMask},
+    };
+    for (const auto &maker : makers) {
+        QTest::addRow("%s", maker.first) << maker.second << false;
+        QTest::addRow("%s, with its window", maker.first) << maker.second << true;
+    }
+}
+
+void FilterLifetimesTest::aWatchedWidgetMayDieWithTheFocus()
+{
+    QFETCH(Maker, make);
+    QFETCH(bool, diesWithItsWindow);
+    QPointer<QWidget> window(new QWidget);
+    window->resize(400, 400);
+    const QPointer<QWidget> watched(make(window));
+    QVERIFY(watched);
+    window->show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    watched->show();
+    watched->setFocus();
+    delete (diesWithItsWindow ? window.data() : childOf(window, watched));
+    QVERIFY(!watched);
+    QCoreApplication::processEvents();
+    delete window;
+}
+
+VEMO_TEST_MAIN(FilterLifetimesTest)
+#include "tst_filterlifetimes.moc"
