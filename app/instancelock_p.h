@@ -2,8 +2,6 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include "core/testexport_p.h"
-
 #include <QString>
 
 #include <memory>
@@ -12,7 +10,7 @@
 ///
 /// The file is made where it is missing, readable and writable by the user alone, and never
 /// removed: a file that nobody removes can't be locked by two processes under one name.
-class VEMO_TEST_EXPORT InstanceLock
+class InstanceLock
 {
 public:
     enum Result {

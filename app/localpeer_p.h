@@ -16,7 +16,7 @@ class QLocalSocket;
 ///
 /// Who removes the primary's files while it runs, such as a cleaner of temporary folders, makes it
 /// put them back, unless a new process was faster: then that one is primary.
-class VEMO_TEST_EXPORT LocalPeer : public QObject
+class LocalPeer : public QObject
 {
     Q_OBJECT
 

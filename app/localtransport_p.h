@@ -2,8 +2,6 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include "core/testexport_p.h"
-
 #include <QObject>
 
 #include <memory>
@@ -43,7 +41,7 @@ private:
 };
 
 /// Waits at an address for other processes of the same user.
-class VEMO_TEST_EXPORT LocalListener : public QObject
+class LocalListener : public QObject
 {
     Q_OBJECT
 

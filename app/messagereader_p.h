@@ -2,8 +2,6 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include "core/testexport_p.h"
-
 #include <QByteArray>
 #include <QString>
 
@@ -20,7 +18,7 @@ constexpr char kMessageAnswer[] = "ack";
 ///
 /// It takes memory for what has come, not for what is announced, and turns a long message into
 /// text in steps, so that none of them takes long.
-class VEMO_TEST_EXPORT MessageReader
+class MessageReader
 {
 public:
     enum State { Receiving, Received, TooLong };

@@ -1,13 +1,19 @@
 # SPDX-License-Identifier: MIT
-# vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [DISPLAYS option...] [LOCALES de_DE ...] [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...])
+# vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [DISPLAYS option...] [LOCALES de_DE ...] [TIMEOUT SECONDS]
+#   [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [NEEDS target...])
 #
 # Builds NAME.cpp and registers it once for each logical dpi, and, with SCALE, once more at the first
 # dpi for each device pixel ratio: the screen is measured once a process, so each needs its own.
 # With X11 it also runs at the first dpi on a real X server with a window manager, and with DISPLAYS
 # on one more for each option of scripts/with-display. LOCALES adds a run at the first dpi for each
 # system locale, which needs not be installed: Qt has its own data. All others run in en_US.
+#
+# INTERNALS is for a test that calls what the libraries hide: it links their objects instead of the
+# libraries. None of its LIBRARIES may link these.
+# NEEDS names targets of optional packages; the test links them, or is left out if one is missing.
 function(vemo_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "X11" "TIMEOUT" "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS;LOCALES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;INTERNALS" "TIMEOUT"
+    "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS;LOCALES;NEEDS")
   if(NOT arg_DPI)
     set(arg_DPI 96)
   endif()
@@ -16,10 +22,17 @@ function(vemo_add_test name)
   endif()
   cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${PROJECT_SOURCE_DIR}/tests"
     OUTPUT_VARIABLE family)
+  foreach(target IN LISTS arg_NEEDS)
+    if(NOT TARGET ${target})
+      message(STATUS "${family}/${name} is left out: ${target} was not found")
+      return()
+    endif()
+  endforeach()
 
   add_executable(${name} ${name}.cpp ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/tests")
-  target_link_libraries(${name} PRIVATE VemoTestSupport ${arg_LIBRARIES})
+  set_target_properties(${name} PROPERTIES VEMO_INTERNALS ${arg_INTERNALS})
+  target_link_libraries(${name} PRIVATE VemoTestSupport ${arg_LIBRARIES} ${arg_NEEDS})
   target_precompile_headers(${name} REUSE_FROM VemoTestSupport)
   foreach(source IN LISTS arg_SOURCES)
     cmake_path(IS_PREFIX PROJECT_SOURCE_DIR "${source}" isElsewhere)

@@ -2,20 +2,17 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include "core/testexport_p.h"
-
 #include <QString>
 
 #include <map>
 
 /// text with folder in the place of every placeholder, which is a word with a "G".
-VEMO_TEST_EXPORT QString withFolder(
-    const QString &text, QLatin1String placeholder, const QString &folder);
+QString withFolder(const QString &text, QLatin1String placeholder, const QString &folder);
 
 /// text without its comments: first each slash-star comment that ends on its own line, then each
 /// "//" comment together with its line break.
-VEMO_TEST_EXPORT QString withoutComments(QString text);
+QString withoutComments(QString text);
 
 /// Cuts text at its header lines ("== key ==") and stores the sections, each beginning with a line
 /// break, under their keys.
-VEMO_TEST_EXPORT void storeSections(QString text, std::map<QString, QString> &sections);
+void storeSections(QString text, std::map<QString, QString> &sections);

@@ -2,8 +2,6 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include "core/testexport_p.h"
-
 #include <QHash>
 #include <QMap>
 #include <QQueue>
@@ -18,7 +16,7 @@ class PageDocument;
 ///
 /// Only a page with a base address has pictures downloaded. They are kept in a folder that all
 /// pages share; the page finds them there by their bare names.
-class VEMO_TEST_EXPORT HtmlTextBrowser : public QTextBrowser
+class HtmlTextBrowser : public QTextBrowser
 {
     Q_OBJECT
 

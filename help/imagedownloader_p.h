@@ -2,8 +2,6 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include "core/testexport_p.h"
-
 #include <QNetworkReply>
 #include <QObject>
 #include <QPointer>
@@ -12,7 +10,7 @@
 class QNetworkAccessManager;
 
 /// Fetches one picture into one file. There is no time limit.
-class VEMO_TEST_EXPORT ImageDownloader : public QObject
+class ImageDownloader : public QObject
 {
     Q_OBJECT
 

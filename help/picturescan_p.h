@@ -2,8 +2,6 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include "core/testexport_p.h"
-
 #include <QStringView>
 #include <QVector>
 
@@ -14,8 +12,8 @@ struct BaseAddress
     int end = -1; ///< At the closing quote.
 };
 
-VEMO_TEST_EXPORT BaseAddress findBaseAddress(const QString &html);
+BaseAddress findBaseAddress(const QString &html);
 
 /// The sources of all pictures in html from position on, each once, in their order; they last as
 /// long as html.
-VEMO_TEST_EXPORT QVector<QStringView> pictureSources(const QString &html, int from);
+QVector<QStringView> pictureSources(const QString &html, int from);

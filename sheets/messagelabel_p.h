@@ -2,12 +2,10 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include "core/testexport_p.h"
-
 #include <QLabel>
 
 /// A text label that is always exactly as high as its wrapped text needs at its width.
-class VEMO_TEST_EXPORT MessageLabel : public QLabel
+class MessageLabel : public QLabel
 {
 public:
     using QLabel::QLabel;

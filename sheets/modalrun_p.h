@@ -2,8 +2,6 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include "core/testexport_p.h"
-
 #include <QtGlobal>
 
 #include <cstdint>
@@ -58,4 +56,4 @@ private:
 /// What greys out and restores the Close item: setCloseItemEnabled(), unless a test put a recorder
 /// in its place.
 using CloseItemRoutine = void (*)(std::uintptr_t windowId, bool isEnabled);
-VEMO_TEST_EXPORT CloseItemRoutine exchangeCloseItemRoutine(CloseItemRoutine routine);
+CloseItemRoutine exchangeCloseItemRoutine(CloseItemRoutine routine);
