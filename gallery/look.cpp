@@ -3,6 +3,7 @@
 
 #include "gallery/languages.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/stylemanager.h>
 
 #include <QApplication>
@@ -29,5 +30,5 @@ void installGalleryStyle()
 
 QString galleryStyle()
 {
-    return getStyleSheet("gallery.window");
+    return withDefaultThemeColors(getStyleSheet("gallery.window"));
 }

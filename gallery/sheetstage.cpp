@@ -4,6 +4,7 @@
 
 #include "core/scaling_p.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemosheet.h>
@@ -43,7 +44,7 @@ QPixmap sheetOverWindow(const QSize &size, const std::function<VemoSheet *(QWidg
 {
     QWidget window;
     window.setObjectName("stage");
-    window.setStyleSheet("#stage { background: #F5F7FA; }");
+    window.setStyleSheet(withDefaultThemeColors("#stage { background: @canvas@; }"));
     window.resize(scaled(size.width()), scaled(size.height()));
     window.setAttribute(Qt::WA_DontShowOnScreen);
     fill(&window);

@@ -1,8 +1,33 @@
 # SPDX-License-Identifier: MIT
-# Copies the theme's data files beside its drawn pictures and writes the resource list over them all.
+# Copies the theme's data files beside its drawn pictures, with the colours of PALETTE for their
+# names (@accent@), and writes the resource list over them all. The drawings go to DRAWINGS with
+# their colours, for whoever installs the theme to change it.
+
+file(READ "${PALETTE}" palette)
+string(JSON count LENGTH "${palette}")
+math(EXPR last "${count} - 1")
+
+function(copy_with_colours from to)
+  file(READ "${from}" text)
+  foreach(i RANGE ${last})
+    string(JSON name MEMBER "${palette}" ${i})
+    string(JSON colour GET "${palette}" ${name})
+    string(REPLACE "@${name}@" "${colour}" text "${text}")
+  endforeach()
+  if(text MATCHES "@([a-z-]+)@")
+    message(FATAL_ERROR "${from}: \"${CMAKE_MATCH_1}\" is no colour of the palette")
+  endif()
+  file(WRITE "${to}" "${text}")
+endfunction()
 
 foreach(file IN LISTS DATA)
-  configure_file("${SOURCE}/${file}" "${FOLDER}/${file}" COPYONLY)
+  copy_with_colours("${SOURCE}/${file}" "${FOLDER}/${file}")
+endforeach()
+configure_file("${PALETTE}" "${FOLDER}/palette.json" COPYONLY)
+
+foreach(file IN LISTS PICTURES)
+  cmake_path(GET file FILENAME name)
+  copy_with_colours("${file}" "${DRAWINGS}/${name}")
 endforeach()
 
 file(GLOB_RECURSE files RELATIVE "${FOLDER}" "${FOLDER}/*")

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTemporaryFile>
 
 #include <tuple>
@@ -29,14 +30,20 @@ bool isWritable(const QString &folder)
     return QTemporaryFile(folder + QLatin1String("/vemo-XXXXXX")).open();
 }
 
+QJsonObject jsonObject(const QString &path)
+{
+    QFile file(path);
+    const QByteArray content = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return QJsonDocument::fromJson(content).object();
+}
+
 QJsonObject stringTable(const QString &languageCode)
 {
-    QFile file(QStringLiteral("%1/strings/%2.json").arg(kThemeFolder, languageCode));
-    if (!file.open(QIODevice::ReadOnly)) {
+    const QJsonObject table =
+        jsonObject(QStringLiteral("%1/strings/%2.json").arg(kThemeFolder, languageCode));
+    if (table.isEmpty())
         qCWarning(vemoLog) << "No strings for language" << languageCode;
-        return {};
-    }
-    return QJsonDocument::fromJson(file.readAll()).object();
+    return table;
 }
 
 void insertStrings(QMap<QString, QString> &strings, const QJsonObject &table)
@@ -88,26 +95,49 @@ bool installDefaultTheme(
     return true;
 }
 
+QColor defaultThemeColor(const QString &name)
+{
+    initializeResources();
+    static const QJsonObject colours = jsonObject(kThemeFolder + QLatin1String("/palette.json"));
+    if (!colours.contains(name))
+        qCWarning(vemoLog) << "No colour of the theme is called" << name;
+    return QColor(colours.value(name).toString());
+}
+
+QString withDefaultThemeColors(const QString &text)
+{
+    static const QRegularExpression pattern(QStringLiteral("@([a-z]+(?:-[a-z]+)*)@"));
+    QString result;
+    int end = 0;
+    for (auto match = pattern.globalMatch(text); match.hasNext();) {
+        const QRegularExpressionMatch name = match.next();
+        result += text.midRef(end, name.capturedStart() - end);
+        result += defaultThemeColor(name.captured(1)).name();
+        end = name.capturedEnd();
+    }
+    return result + text.midRef(end);
+}
+
 QPalette defaultThemePalette()
 {
     QPalette palette;
-    for (const auto &[role, colour] : {
-             std::make_tuple(QPalette::Window, "#F5F7FA"),
-             std::make_tuple(QPalette::WindowText, "#1F2933"),
-             std::make_tuple(QPalette::Base, "#FFFFFF"),
-             std::make_tuple(QPalette::AlternateBase, "#F5F7FA"),
-             std::make_tuple(QPalette::Text, "#1F2933"),
-             std::make_tuple(QPalette::Button, "#FFFFFF"),
-             std::make_tuple(QPalette::ButtonText, "#1F2933"),
-             std::make_tuple(QPalette::PlaceholderText, "#52606D"),
-             std::make_tuple(QPalette::Highlight, "#1769E0"),
-             std::make_tuple(QPalette::HighlightedText, "#FFFFFF"),
-             std::make_tuple(QPalette::Link, "#1769E0"),
-             std::make_tuple(QPalette::ToolTipBase, "#FFFFFF"),
-             std::make_tuple(QPalette::ToolTipText, "#1F2933"),
+    for (const auto &[role, name] : {
+             std::make_tuple(QPalette::Window, "canvas"),
+             std::make_tuple(QPalette::WindowText, "ink"),
+             std::make_tuple(QPalette::Base, "surface"),
+             std::make_tuple(QPalette::AlternateBase, "canvas"),
+             std::make_tuple(QPalette::Text, "ink"),
+             std::make_tuple(QPalette::Button, "surface"),
+             std::make_tuple(QPalette::ButtonText, "ink"),
+             std::make_tuple(QPalette::PlaceholderText, "soft-ink"),
+             std::make_tuple(QPalette::Highlight, "accent"),
+             std::make_tuple(QPalette::HighlightedText, "on-accent"),
+             std::make_tuple(QPalette::Link, "accent"),
+             std::make_tuple(QPalette::ToolTipBase, "surface"),
+             std::make_tuple(QPalette::ToolTipText, "ink"),
          })
-        palette.setColor(role, QColor(colour));
+        palette.setColor(role, defaultThemeColor(QLatin1String(name)));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA5, 0xB1));
+        palette.setColor(QPalette::Disabled, role, defaultThemeColor(QStringLiteral("faint-ink")));
     return palette;
 }

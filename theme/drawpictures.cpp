@@ -2,9 +2,10 @@
 
 // Build tool: draws the theme's SVG pictures at four times their display size: a PNG for each
 // drawing, one more for each variant it asks for (hover, click, disable, removed), or a GIF where
-// it asks to be turned round. theme/README.md has the drawing rules.
+// it asks to be turned round. The drawings name the colours of a palette (@accent@).
+// theme/README.md has the drawing rules.
 //
-//     drawpictures OUTDIR SVG...
+//     drawpictures PALETTE OUTDIR SVG...
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,6 +13,8 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QImage>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMap>
 #include <QPainter>
 #include <QRegularExpression>
@@ -30,31 +33,27 @@ constexpr int kFrameDelay = 4; // hundredths of a second
 constexpr int kShadeBits = 6; // of the one colour of an animation
 constexpr int kShades = 1 << kShadeBits;
 
-const char kSoftInk[] = "#52606D";
-const char kFaintInk[] = "#9AA5B1";
-const char kAccent[] = "#1769E0";
-const char kAccentPressed[] = "#0B469E";
-const char kSelection[] = "#DCEBFB";
-const char kHoverGround[] = "#EEF3F8";
-const char kDanger[] = "#C93A3A";
-const char kShadow[] = "#000000"; // ink would tint its faint steps
-
-bool isInPalette(const QString &colour)
+// The palette: a colour for each name.
+QMap<QString, QString> &palette()
 {
-    static const QSet<QString> palette {"#1F2933", kSoftInk, kFaintInk, "#C8D2DC", "#F5F7FA",
-        "#FFFFFF", kAccent, "#0F57C2", kAccentPressed, kSelection, kHoverGround, kDanger, kShadow};
-    return palette.contains(colour);
+    static QMap<QString, QString> colours;
+    return colours;
+}
+
+QColor colourOf(const QString &name)
+{
+    return QColor(palette().value(name));
 }
 
 using Recolouring = QMap<QByteArray, QByteArray>;
 
 const QMap<QString, Recolouring> &states()
 {
-    static const Recolouring greyed {{kSoftInk, kFaintInk}, {kAccent, kFaintInk},
-        {kDanger, kFaintInk}, {kSelection, kHoverGround}};
+    static const Recolouring greyed {{"@soft-ink@", "@faint-ink@"}, {"@accent@", "@faint-ink@"},
+        {"@danger@", "@faint-ink@"}, {"@selection@", "@hover@"}};
     static const QMap<QString, Recolouring> states {
-        {"hover", {{kSoftInk, kAccent}}},
-        {"click", {{kSoftInk, kAccentPressed}, {kAccent, kAccentPressed}}},
+        {"hover", {{"@soft-ink@", "@accent@"}}},
+        {"click", {{"@soft-ink@", "@accent-pressed@"}, {"@accent@", "@accent-pressed@"}}},
         {"disable", greyed},
         {"removed", greyed},
     };
@@ -69,7 +68,7 @@ struct Drawing
     QSize size; // design pixels
     QStringList states;
     int turnSteps = 0; // above 0: an animation that turns the drawing once in so many frames
-    QSet<QString> colours;
+    QSet<QString> colours; // names
 };
 
 struct Picture
@@ -107,9 +106,11 @@ void readColours(const QXmlStreamAttributes &attributes, Drawing &drawing)
         const QString value = attributes.value(key).toString();
         if (value.isEmpty() || value == "none" || value.startsWith("url("))
             continue;
-        if (!isInPalette(value))
+        const bool isName = value.size() > 2 && value.startsWith('@') && value.endsWith('@');
+        const QString name = isName ? value.mid(1, value.size() - 2) : QString();
+        if (!palette().contains(name))
             fail(drawing.path, "\"" + value + "\" is no colour of the palette");
-        drawing.colours.insert(value);
+        drawing.colours.insert(name);
     }
 }
 
@@ -187,10 +188,13 @@ QVector<Picture> picturesOf(const QVector<Drawing> &drawings)
     return pictures;
 }
 
-QByteArray recoloured(QByteArray svg, const Recolouring &recolouring)
+// With other names for some colours, then with the colours for their names.
+QByteArray coloured(QByteArray svg, const Recolouring &recolouring)
 {
     for (auto it = recolouring.cbegin(); it != recolouring.cend(); ++it)
         svg.replace(it.key(), it.value());
+    for (auto it = palette().cbegin(); it != palette().cend(); ++it)
+        svg.replace('@' + it.key().toUtf8() + '@', it.value().toUtf8());
     return svg;
 }
 
@@ -204,9 +208,9 @@ void drawRemovedBadge(QPainter &painter, const QSize &size)
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
     painter.drawEllipse(centre, 4.5 * unit, 4.5 * unit);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter.setBrush(QColor(kDanger));
+    painter.setBrush(colourOf("danger"));
     painter.drawEllipse(centre, 3.5 * unit, 3.5 * unit);
-    painter.setPen(QPen(Qt::white, 1.25 * unit));
+    painter.setPen(QPen(colourOf("on-accent"), 1.25 * unit));
     painter.drawLine(centre - QPointF(2 * unit, 0), centre + QPointF(2 * unit, 0));
 }
 
@@ -229,7 +233,7 @@ QImage render(const Picture &picture, qreal degrees = 0)
     const Drawing &drawing = *picture.drawing;
     const QByteArray svg = reduced(drawing.svg, picture.state);
     QSvgRenderer renderer;
-    if (!renderer.load(recoloured(svg, states().value(picture.state))))
+    if (!renderer.load(coloured(svg, states().value(picture.state))))
         fail(drawing.path, "is no drawable SVG");
 
     QImage image(drawing.size * kOversampling, QImage::Format_ARGB32_Premultiplied);
@@ -312,15 +316,20 @@ QByteArray littleEndian(int value)
 }
 
 // GIF knows no half transparency: an animation has one colour, and how much of it a pixel holds
-// picks a shade between the white of a sheet and that colour.
+// picks a shade between the ground of a sheet and that colour.
 QByteArray gifHeader(const QSize &size, const QColor &colour)
 {
     QByteArray gif("GIF89a");
     gif += littleEndian(size.width()) + littleEndian(size.height());
     gif += QByteArray::fromHex("d50000"); // a palette of 64 colours
+    const QColor ground = colourOf("surface");
+    const auto mixed = [](int under, int over, int shade) {
+        return char(under - (under - over) * shade / (kShades - 1));
+    };
     for (int shade = 0; shade < kShades; ++shade) {
-        for (int channel : {colour.red(), colour.green(), colour.blue()})
-            gif.append(char(255 - (255 - channel) * shade / (kShades - 1)));
+        gif.append(mixed(ground.red(), colour.red(), shade));
+        gif.append(mixed(ground.green(), colour.green(), shade));
+        gif.append(mixed(ground.blue(), colour.blue(), shade));
     }
     gif += QByteArray::fromHex("21ff0b") + "NETSCAPE2.0" + QByteArray::fromHex("0301000000");
     return gif;
@@ -349,7 +358,7 @@ QByteArray gifAnimation(const Picture &picture)
 {
     const int steps = picture.drawing->turnSteps;
     QByteArray gif = gifHeader(
-        picture.drawing->size * kOversampling, QColor(*picture.drawing->colours.cbegin()));
+        picture.drawing->size * kOversampling, colourOf(*picture.drawing->colours.cbegin()));
     for (int i = 0; i < steps; ++i)
         gif += gifFrame(render(picture, 360.0 * i / steps));
     return gif + ';';
@@ -368,6 +377,21 @@ void draw(const Picture &picture, const QString &path)
         write(path, gifAnimation(picture));
     else if (!render(picture).save(path, "PNG"))
         fail(path, "can't be written");
+}
+
+void readPalette(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        fail(path, file.errorString());
+    const QJsonObject colours = QJsonDocument::fromJson(file.readAll()).object();
+    for (auto it = colours.begin(); it != colours.end(); ++it) {
+        if (!QColor::isValidColor(it.value().toString()))
+            fail(path, "\"" + it.key() + "\" is no colour");
+        palette().insert(it.key(), it.value().toString());
+    }
+    if (palette().isEmpty())
+        fail(path, "is no palette");
 }
 
 void run(const QString &folder, const QStringList &paths)
@@ -389,12 +413,13 @@ int main(int argc, char *argv[])
     QCoreApplication app(argc, argv);
     qInstallMessageHandler(keepComplaint);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() < 3) {
-        std::fprintf(stderr, "usage: drawpictures OUTDIR SVG...\n");
+    if (arguments.size() < 4) {
+        std::fprintf(stderr, "usage: drawpictures PALETTE OUTDIR SVG...\n");
         return 1;
     }
     try {
-        run(arguments.at(1), arguments.mid(2));
+        readPalette(arguments.at(1));
+        run(arguments.at(2), arguments.mid(3));
     } catch (const std::runtime_error &error) {
         std::fprintf(stderr, "drawpictures: %s\n", error.what());
         return 1;

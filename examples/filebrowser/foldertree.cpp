@@ -8,6 +8,7 @@
 #include "paths.h"
 #include "texts.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/itemdelegate.h>
 #include <vemo/stylemanager.h>
 #include <vemo/tooltiptext.h>
@@ -69,7 +70,7 @@ void FolderTree::setUpLook()
     setIconSize(QSize(scaled(kIconSize), scaled(kIconSize)));
     setUniformRowHeights(true);
     setStyleSheet(getStyleSheet("component.tree") + getStyleSheet("component.scrollbar"));
-    setBackgroundColor(0xDCEBFB, 0xEEF3F8);
+    setBackgroundColor(defaultThemeColor("selection"), defaultThemeColor("hover"));
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     header()->setStretchLastSection(false);

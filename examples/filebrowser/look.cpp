@@ -90,5 +90,5 @@ void speak(const QString &languageCode)
 
 QString windowStyle()
 {
-    return getStyleSheet("filebrowser.window");
+    return withDefaultThemeColors(getStyleSheet("filebrowser.window"));
 }

@@ -3,6 +3,7 @@
 
 #include "texts.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemomask.h>
@@ -49,7 +50,8 @@ QString problemLine(const QString &problem)
 {
     // A blank line keeps the place, so that the sheet does not jump.
     const QString line = problem.isEmpty() ? QString("&nbsp;") : problem.toHtmlEscaped();
-    return QString("<br><span style='color: #C93A3A'>%1</span>").arg(line);
+    return QString("<br><span style='color: %1'>%2</span>")
+        .arg(defaultThemeColor("danger").name(), line);
 }
 
 QString listOf(const QStringList &names)

@@ -4,6 +4,7 @@
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/linklabel.h>
 #include <vemo/tooltiptext.h>
 #include <vemo/vemolabel.h>
@@ -65,7 +66,8 @@ LinkLabel *newLink(const QString &text, const QString &link)
 {
     auto *label = new LinkLabel(text);
     label->setHyperLink(link);
-    label->setStyleSheet("QLabel { color: #1769E0; } QLabel:disabled { color: #9AA5B1; }");
+    label->setStyleSheet(withDefaultThemeColors(
+        "QLabel { color: @accent@; } QLabel:disabled { color: @faint-ink@; }"));
     QObject::connect(label, &LinkLabel::clicked, label,
         [label] { label->setText("Would open " + label->getHyperLink()); });
     return label;

@@ -4,6 +4,7 @@
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/filesystemtreewidgetitem.h>
 #include <vemo/imagemanager.h>
 #include <vemo/itemdelegate.h>
@@ -63,7 +64,7 @@ VemoTreeWidget *newTree(const QString &name, int height)
     tree->setAccessibleName(name);
     tree->setHeaderHidden(true);
     tree->setStyleSheet(getStyleSheet("component.tree") + getStyleSheet("component.scrollbar"));
-    tree->setBackgroundColor(0xDCEBFB, 0xEEF3F8);
+    tree->setBackgroundColor(defaultThemeColor("selection"), defaultThemeColor("hover"));
     auto *delegate = new ItemDelegate;
     delegate->setParent(tree);
     tree->setItemDelegate(delegate);
@@ -147,7 +148,7 @@ void build(Page &page)
     page.add(folderTree());
     page.addCode(R"(auto *folders = new VemoTreeWidget(this);
 folders->setStyleSheet(getStyleSheet("component.tree"));
-folders->setBackgroundColor("#DCEBFB", "#EEF3F8");
+folders->setBackgroundColor(defaultThemeColor("selection"), defaultThemeColor("hover"));
 folders->setItemDelegate(delegate); // new ItemDelegate, its parent the tree
 connect(folders, SIGNAL(sigMouseRightClickEvent(QMouseEvent *)), this,
     SLOT(slotShowMenu(QMouseEvent *)));)");

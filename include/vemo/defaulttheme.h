@@ -4,7 +4,9 @@
 #include <vemo/imagemanager.h>
 #include <vemo/themeexport.h>
 
+#include <QColor>
 #include <QPalette>
+#include <QString>
 
 /// Does the host's whole start-up from the embedded default theme: folders, strings, pictures and
 /// styles, in that order. Call it once, after the application object and before the first widget.
@@ -28,3 +30,15 @@ VEMO_THEME_EXPORT bool installDefaultTheme(
 ///     QApplication::setStyle("fusion");
 ///     QApplication::setPalette(defaultThemePalette());
 VEMO_THEME_EXPORT QPalette defaultThemePalette();
+
+/// One of the theme's colours, by its name in theme/palette.json: "ink", "accent-hover". A warning
+/// and no valid colour where there is none of that name.
+VEMO_THEME_EXPORT QColor defaultThemeColor(const QString &name);
+
+/// text, say a host's own style section, with the theme's colours for their names between "@". A
+/// name that is none is warned about.
+///
+///     window->setStyleSheet(withDefaultThemeColors(getStyleSheet("tea.window")));
+///     // == tea.window ==
+///     // #TeaWindow { background: @surface@; border: 1px solid @line@; }
+VEMO_THEME_EXPORT QString withDefaultThemeColors(const QString &text);

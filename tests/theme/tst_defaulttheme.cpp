@@ -56,6 +56,10 @@ private Q_SLOTS:
     void oneCallStartsEverythingFromResources();
     void anUnknownLanguageIsShownInEnglish_data();
     void anUnknownLanguageIsShownInEnglish();
+    void aColourIsGivenByItsName();
+    void aTextGetsColoursForTheirNames_data();
+    void aTextGetsColoursForTheirNames();
+    void anUnknownColourIsWarnedAbout();
 
 private:
     QTemporaryDir m_folder;
@@ -135,6 +139,43 @@ void DefaultThemeTest::anUnknownLanguageIsShownInEnglish()
     QCOMPARE(messages.take().filter("language"), QStringList(warning));
     const auto [key, text] = anEnglishText();
     QCOMPARE(ComponentStrings::getInstance().getString(key), text);
+}
+
+void DefaultThemeTest::aColourIsGivenByItsName()
+{
+    QCOMPARE(defaultThemeColor("accent-hover"), QColor(0x0F57C2));
+    QCOMPARE(defaultThemePalette().color(QPalette::Highlight), defaultThemeColor("accent"));
+}
+
+void DefaultThemeTest::aTextGetsColoursForTheirNames_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("empty") << ""
+                           << "";
+    QTest::newRow("no name") << "QLabel { color: red; }"
+                             << "QLabel { color: red; }";
+    QTest::newRow("one") << "a @ink@ b"
+                         << "a #1f2933 b";
+    QTest::newRow("some") << "@line@@accent-hover@;"
+                          << "#c8d2dc#0f57c2;";
+    QTest::newRow("no names") << "a@b, x@2x.png, @ ink @, @INK@"
+                              << "a@b, x@2x.png, @ ink @, @INK@";
+}
+
+void DefaultThemeTest::aTextGetsColoursForTheirNames()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, expected);
+    QCOMPARE(withDefaultThemeColors(text), expected);
+}
+
+void DefaultThemeTest::anUnknownColourIsWarnedAbout()
+{
+    QVERIFY(!defaultThemeColor("glow").isValid());
+    QCOMPARE(messages.take(), QStringList("No colour of the theme is called \"glow\""));
+    withDefaultThemeColors("color: @glow@;");
+    QCOMPARE(messages.take(), QStringList("No colour of the theme is called \"glow\""));
 }
 
 VEMO_TEST_MAIN_WITH_CHILD(DefaultThemeTest, installAndReport)

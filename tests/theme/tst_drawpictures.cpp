@@ -2,9 +2,12 @@
 #include "support/vemotest.h"
 
 #include <QImageReader>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMovie>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 namespace {
 
@@ -14,13 +17,35 @@ struct Outcome
     QString error;
 };
 
-Outcome drawpictures(const QStringList &arguments)
+const QJsonObject kPalette {{"soft-ink", "#52606D"}, {"faint-ink", "#9AA5B1"},
+    {"surface", "#FFFFFF"}, {"accent", "#1769E0"}, {"accent-pressed", "#0B469E"},
+    {"on-accent", "#FFFFFF"}, {"selection", "#DCEBFB"}, {"hover", "#EEF3F8"},
+    {"danger", "#C93A3A"}};
+
+/// Of a name between "@".
+QColor colourOf(const QByteArray &name)
+{
+    return QColor(kPalette.value(QString::fromLatin1(name.mid(1, name.size() - 2))).toString());
+}
+
+Outcome run(const QStringList &arguments)
 {
     QProcess process;
     process.start(QStringLiteral(DRAWPICTURES), arguments);
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
         return {};
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
+}
+
+/// With a palette.
+Outcome drawpictures(const QStringList &arguments)
+{
+    QTemporaryFile palette;
+    if (!palette.open())
+        qFatal("can't write a palette");
+    palette.write(QJsonDocument(kPalette).toJson());
+    palette.close();
+    return run(QStringList(palette.fileName()) + arguments);
 }
 
 // A 16 x 16 drawing filled with one colour.
@@ -73,13 +98,15 @@ private Q_SLOTS:
     void aFaultyDrawingIsRefused();
     void aFolderThatCannotBeMadeIsReported();
     void withoutDrawingsTheUsageIsShown();
+    void aFaultyPaletteIsRefused_data();
+    void aFaultyPaletteIsRefused();
 };
 
 void DrawPicturesTest::aDrawingGivesAPictureOfFourTimesItsSize()
 {
     draw({written("wide",
         "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 28 16\">"
-        "<rect width=\"14\" height=\"16\" fill=\"#1769E0\"/></svg>")});
+        "<rect width=\"14\" height=\"16\" fill=\"@accent@\"/></svg>")});
     const QImage image = drawn("wide.png");
     QCOMPARE(image.size(), QSize(112, 64));
     QCOMPARE(image.pixelColor(55, 63), QColor(0x1769E0));
@@ -92,17 +119,24 @@ void DrawPicturesTest::aStateExchangesColours_data()
     QTest::addColumn<QByteArray>("colour");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("hover, soft ink") << QByteArray("hover") << QByteArray("#52606D") << "#1769E0";
-    QTest::newRow("hover, accent") << QByteArray("hover") << QByteArray("#1769E0") << "#1769E0";
-    QTest::newRow("click, soft ink") << QByteArray("click") << QByteArray("#52606D") << "#0B469E";
-    QTest::newRow("click, accent") << QByteArray("click") << QByteArray("#1769E0") << "#0B469E";
+    QTest::newRow("hover, soft ink")
+        << QByteArray("hover") << QByteArray("@soft-ink@") << "#1769E0";
+    QTest::newRow("hover, accent") << QByteArray("hover") << QByteArray("@accent@") << "#1769E0";
+    QTest::newRow("click, soft ink")
+        << QByteArray("click") << QByteArray("@soft-ink@") << "#0B469E";
+    QTest::newRow("click, accent") << QByteArray("click") << QByteArray("@accent@") << "#0B469E";
     QTest::newRow("disable, soft ink")
-        << QByteArray("disable") << QByteArray("#52606D") << "#9AA5B1";
-    QTest::newRow("disable, accent") << QByteArray("disable") << QByteArray("#1769E0") << "#9AA5B1";
-    QTest::newRow("disable, danger") << QByteArray("disable") << QByteArray("#C93A3A") << "#9AA5B1";
-    QTest::newRow("disable, tint") << QByteArray("disable") << QByteArray("#DCEBFB") << "#EEF3F8";
-    QTest::newRow("removed, accent") << QByteArray("removed") << QByteArray("#1769E0") << "#9AA5B1";
-    QTest::newRow("removed, white") << QByteArray("removed") << QByteArray("#FFFFFF") << "#FFFFFF";
+        << QByteArray("disable") << QByteArray("@soft-ink@") << "#9AA5B1";
+    QTest::newRow("disable, accent")
+        << QByteArray("disable") << QByteArray("@accent@") << "#9AA5B1";
+    QTest::newRow("disable, danger")
+        << QByteArray("disable") << QByteArray("@danger@") << "#9AA5B1";
+    QTest::newRow("disable, tint")
+        << QByteArray("disable") << QByteArray("@selection@") << "#EEF3F8";
+    QTest::newRow("removed, accent")
+        << QByteArray("removed") << QByteArray("@accent@") << "#9AA5B1";
+    QTest::newRow("removed, surface")
+        << QByteArray("removed") << QByteArray("@surface@") << "#FFFFFF";
 }
 
 void DrawPicturesTest::aStateExchangesColours()
@@ -112,29 +146,29 @@ void DrawPicturesTest::aStateExchangesColours()
     QFETCH(QString, expected);
 
     draw({written("square", square(colour, "data-states=\"" + state + "\""))});
-    QCOMPARE(drawn("square.png").pixelColor(8, 8), QColor(QString::fromLatin1(colour)));
+    QCOMPARE(drawn("square.png").pixelColor(8, 8), colourOf(colour));
     QCOMPARE(drawn("square_" + state + ".png").pixelColor(8, 8), QColor(expected));
 }
 
 void DrawPicturesTest::onlyTheStatesAskedForAreDrawn()
 {
-    draw({written("square", square("#52606D", "data-states=\"hover disable\"")),
-        written("plain", square("#52606D"))});
+    draw({written("square", square("@soft-ink@", "data-states=\"hover disable\"")),
+        written("plain", square("@soft-ink@"))});
     QCOMPARE(QDir(path("out")).entryList(QDir::Files, QDir::Name),
         QStringList({"plain.png", "square.png", "square_disable.png", "square_hover.png"}));
 }
 
 void DrawPicturesTest::aDrawnStateWinsOverTheDerivedOne()
 {
-    draw({written("square_hover", square("#C93A3A")),
-        written("square", square("#52606D", "data-states=\"hover click\""))});
+    draw({written("square_hover", square("@danger@")),
+        written("square", square("@soft-ink@", "data-states=\"hover click\""))});
     QCOMPARE(drawn("square_hover.png").pixelColor(8, 8), QColor(0xC93A3A));
     QCOMPARE(drawn("square_click.png").pixelColor(8, 8), QColor(0x0B469E));
 }
 
 void DrawPicturesTest::aRemovedPictureHasABadgeThatStandsFree()
 {
-    draw({written("square", square("#52606D", "data-states=\"removed\""))});
+    draw({written("square", square("@soft-ink@", "data-states=\"removed\""))});
     const QImage image = drawn("square_removed.png");
     QCOMPARE(image.pixelColor(50, 50), QColor(Qt::white)); // its bar
     QCOMPARE(image.pixelColor(50, 40), QColor(0xC93A3A));
@@ -147,8 +181,9 @@ void DrawPicturesTest::aStateLeavesOutWhatIsMarked()
     draw({written("marked",
         "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 16 16\" "
         "data-states=\"hover removed\">"
-        "<rect width=\"4\" height=\"4\" fill=\"#52606D\"/>"
-        "<rect data-not=\"removed\" x=\"4\" width=\"4\" height=\"4\" fill=\"#52606D\"/></svg>")});
+        "<rect width=\"4\" height=\"4\" fill=\"@soft-ink@\"/>"
+        "<rect data-not=\"removed\" x=\"4\" width=\"4\" height=\"4\" "
+        "fill=\"@soft-ink@\"/></svg>")});
     for (const char *name : {"marked.png", "marked_hover.png"})
         QCOMPARE(drawn(name).pixelColor(24, 8).alpha(), 255);
     QCOMPARE(drawn("marked_removed.png").pixelColor(8, 8), QColor(0x9AA5B1));
@@ -159,7 +194,7 @@ void DrawPicturesTest::aTurningDrawingBecomesAnEndlessAnimation()
 {
     draw({written("turn",
         "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 16 16\" data-turn=\"4\">"
-        "<rect width=\"8\" height=\"8\" fill=\"#1769E0\"/></svg>")});
+        "<rect width=\"8\" height=\"8\" fill=\"@accent@\"/></svg>")});
     QMovie movie(path("out/turn.gif"));
     QVERIFY(movie.isValid());
     QCOMPARE(movie.frameCount(), 4);
@@ -190,7 +225,7 @@ void DrawPicturesTest::anAnimationHoldsEveryShadeOfTheDrawing()
                       .arg(10 + i % 90)
                       .toLatin1();
     const QByteArray root = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 64 64\" "
-                            "fill=\"#C93A3A\" ";
+                            "fill=\"@danger@\" ";
     draw({written("moving", root + "data-turn=\"2\">" + shapes + "</svg>"),
         written("still", root + ">" + shapes + "</svg>")});
     const QImage still = drawn("still.png");
@@ -208,8 +243,8 @@ void DrawPicturesTest::anAnimationHoldsEveryShadeOfTheDrawing()
 
 void DrawPicturesTest::theSameDrawingGivesTheSameBytes()
 {
-    const QStringList drawings {written("square", square("#1769E0", "data-states=\"removed\"")),
-        written("turn", square("#1769E0", "data-turn=\"3\""))};
+    const QStringList drawings {written("square", square("@accent@", "data-states=\"removed\"")),
+        written("turn", square("@accent@", "data-turn=\"3\""))};
     QHash<QString, QByteArray> first;
     for (int run = 0; run < 2; ++run) {
         draw(drawings);
@@ -240,22 +275,27 @@ void DrawPicturesTest::aFaultyDrawingIsRefused_data()
                              << "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256";
     QTest::newRow("too big") << QByteArray("<svg viewBox=\"0 0 16 257\"/>")
                              << "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256";
-    QTest::newRow("unknown state") << square("#FFFFFF", "data-states=\"hover glow\"")
+    QTest::newRow("unknown state") << square("@surface@", "data-states=\"hover glow\"")
                                    << "unknown state \"glow\" in data-states";
     QTest::newRow("left out of no state")
-        << root + " data-states=\"hover\"><path data-not=\"removed\" fill=\"#FFFFFF\"/></svg>"
+        << root + " data-states=\"hover\"><path data-not=\"removed\" fill=\"@surface@\"/></svg>"
         << "data-not=\"removed\" is none of data-states";
     QTest::newRow("colour by name") << square("red") << "\"red\" is no colour of the palette";
     QTest::newRow("foreign colour")
         << square("#123456") << "\"#123456\" is no colour of the palette";
-    QTest::newRow("foreign colour at the root")
-        << square("#FFFFFF", "stroke=\"#52606d\"") << "\"#52606d\" is no colour of the palette";
-    QTest::newRow("broken path") << root + "><path fill=\"#FFFFFF\" d=\"M bad 3\"/></svg>"
+    QTest::newRow("a colour itself")
+        << square("#1769E0") << "\"#1769E0\" is no colour of the palette";
+    QTest::newRow("foreign name at the root")
+        << square("@surface@", "stroke=\"@glow@\"") << "\"@glow@\" is no colour of the palette";
+    QTest::newRow("name without its end")
+        << square("@surface") << "\"@surface\" is no colour of the palette";
+    QTest::newRow("no name") << square("@@") << "\"@@\" is no colour of the palette";
+    QTest::newRow("broken path") << root + "><path fill=\"@surface@\" d=\"M bad 3\"/></svg>"
                                  << "Invalid path data; path truncated.";
-    QTest::newRow("one frame") << square("#FFFFFF", "data-turn=\"1\"")
+    QTest::newRow("one frame") << square("@surface@", "data-turn=\"1\"")
                                << "data-turn needs a number of frames above 1";
-    QTest::newRow("many colours in an animation") << square("#FFFFFF",
-        "data-turn=\"4\" stroke=\"#52606D\"") << "data-turn needs a drawing in one colour";
+    QTest::newRow("many colours in an animation") << square("@surface@",
+        "data-turn=\"4\" stroke=\"@soft-ink@\"") << "data-turn needs a drawing in one colour";
 }
 
 void DrawPicturesTest::aFaultyDrawingIsRefused()
@@ -271,7 +311,7 @@ void DrawPicturesTest::aFaultyDrawingIsRefused()
 
 void DrawPicturesTest::aFolderThatCannotBeMadeIsReported()
 {
-    const QString drawing = written("square", square("#FFFFFF"));
+    const QString drawing = written("square", square("@surface@"));
     const Outcome outcome = drawpictures({drawing + "/out", drawing});
     QCOMPARE(outcome.error, "drawpictures: " + drawing + "/out: can't be created\n");
     QCOMPARE(outcome.exitCode, 1);
@@ -287,7 +327,25 @@ void DrawPicturesTest::aFolderThatCannotBeMadeIsReported()
 void DrawPicturesTest::withoutDrawingsTheUsageIsShown()
 {
     const Outcome outcome = drawpictures({path("out")});
-    QCOMPARE(outcome.error, QString("usage: drawpictures OUTDIR SVG...\n"));
+    QCOMPARE(outcome.error, QString("usage: drawpictures PALETTE OUTDIR SVG...\n"));
+    QCOMPARE(outcome.exitCode, 1);
+}
+
+void DrawPicturesTest::aFaultyPaletteIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("complaint");
+    QTest::newRow("empty") << QByteArray() << "is no palette";
+    QTest::newRow("no colour") << QByteArray("{\"ink\": \"dark\"}") << "\"ink\" is no colour";
+}
+
+void DrawPicturesTest::aFaultyPaletteIsRefused()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, complaint);
+    const QString palette = written("palette", content);
+    const Outcome outcome = run({palette, path("out"), written("square", square("@surface@"))});
+    QCOMPARE(outcome.error, "drawpictures: " + palette + ": " + complaint + "\n");
     QCOMPARE(outcome.exitCode, 1);
 }
 

@@ -49,6 +49,15 @@ QStringList themeFiles(const QString &folder, const QString &filter)
     return QDir(":/vemo/theme/" + folder).entryList({filter}, QDir::Files, QDir::Name);
 }
 
+QStringList paletteColours()
+{
+    QStringList colours;
+    const QString palette = textOf(QLatin1String(VEMO_SOURCE_DIR "/theme/palette.json"));
+    for (const QJsonValue &colour : QJsonDocument::fromJson(palette.toUtf8()).object())
+        colours += colour.toString();
+    return colours;
+}
+
 } // namespace
 
 class ThemeTest : public VemoTest
@@ -63,8 +72,10 @@ private Q_SLOTS:
     void everyPictureThatAStyleFileNamesExists();
     void everyCatalogueNameHasItsPicture();
     void everyTemporaryPictureIsWritten();
-    void everyColourOfAStyleFileIsOfThePalette_data();
-    void everyColourOfAStyleFileIsOfThePalette();
+    void theColoursAreInThePaletteAlone_data();
+    void theColoursAreInThePaletteAlone();
+    void whatIsEmbeddedHasColoursForTheirNames_data();
+    void whatIsEmbeddedHasColoursForTheirNames();
     void everyLengthSurvivesScalingOnce_data();
     void everyLengthSurvivesScalingOnce();
 };
@@ -120,24 +131,45 @@ void ThemeTest::everyTemporaryPictureIsWritten()
     }
 }
 
-void ThemeTest::everyColourOfAStyleFileIsOfThePalette_data()
+void ThemeTest::theColoursAreInThePaletteAlone_data()
 {
-    QTest::addColumn<QString>("colour");
-    for (const QString &file : themeFiles("style", "*.qss")) {
-        QStringList colours =
-            captures(textOf(":/vemo/theme/style/" + file), "(#[0-9A-Fa-f]{3,8})\\b");
-        colours.removeDuplicates();
-        for (const QString &colour : qAsConst(colours))
-            QTest::addRow("%s %s", qPrintable(file), qPrintable(colour)) << colour;
+    QTest::addColumn<QString>("path");
+    for (const char *folder : {"theme/style", "theme/images", "designer/icons", "theme", "gallery",
+             "gallery/pages", "examples/filebrowser"}) {
+        const QDir sources(QLatin1String(VEMO_SOURCE_DIR "/") + folder);
+        for (const QString &file : sources.entryList({"*.qss", "*.svg", "*.cpp"}, QDir::Files))
+            QTest::addRow("%s/%s", folder, qPrintable(file)) << sources.filePath(file);
     }
 }
 
-void ThemeTest::everyColourOfAStyleFileIsOfThePalette()
+void ThemeTest::theColoursAreInThePaletteAlone()
 {
-    QFETCH(QString, colour);
-    const QStringList palette {"#1F2933", "#52606D", "#9AA5B1", "#C8D2DC", "#F5F7FA", "#FFFFFF",
-        "#1769E0", "#0F57C2", "#0B469E", "#DCEBFB", "#EEF3F8", "#C93A3A", "#AF2C2C", "#8F2020"};
-    QVERIFY(palette.contains(colour));
+    QFETCH(QString, path);
+    const QString text = textOf(path);
+    QVERIFY(!text.isEmpty());
+    QCOMPARE(captures(text, "(#[0-9A-Fa-f]{6})\\b"), QStringList());
+    const QStringList palette = paletteColours();
+    for (const QString &number : captures(text, "\\b0x([0-9A-Fa-f]{6})\\b"))
+        QVERIFY2(!palette.contains('#' + number.toUpper()), qPrintable(number));
+}
+
+void ThemeTest::whatIsEmbeddedHasColoursForTheirNames_data()
+{
+    QTest::addColumn<QString>("file");
+    for (const QString &file : themeFiles("style", "*.qss"))
+        QTest::newRow(qPrintable(file)) << file;
+}
+
+void ThemeTest::whatIsEmbeddedHasColoursForTheirNames()
+{
+    QFETCH(QString, file);
+    const QString text = textOf(":/vemo/theme/style/" + file);
+    QVERIFY(!text.contains('@'));
+    const QStringList palette = paletteColours();
+    const QStringList colours = captures(text, "(#[0-9A-Fa-f]{3,8})\\b");
+    QVERIFY(!colours.isEmpty());
+    for (const QString &colour : colours)
+        QVERIFY2(palette.contains(colour), qPrintable(colour));
 }
 
 void ThemeTest::everyLengthSurvivesScalingOnce_data()
