@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QPointer>
 #include <QRegularExpressionValidator>
 #include <QStandardItemModel>
 
@@ -40,6 +41,39 @@ void takeRowsAsEqual(QAbstractItemView *view, bool areEqual)
     if (auto *list = qobject_cast<QListView *>(view))
         list->setUniformItemSizes(areEqual);
 }
+
+/// Whether the focus goes to a pop-up, such as the menu of the edit, or comes back from it.
+bool isForPopup(const QEvent *event)
+{
+    return static_cast<const QFocusEvent *>(event)->reason() == Qt::PopupFocusReason;
+}
+
+/// Keeps what is selected while the text of an edit is completed, for a menu to copy or to paste
+/// over.
+class KeptSelection
+{
+public:
+    explicit KeptSelection(QLineEdit *edit)
+        : m_edit(edit), m_text(edit->selectedText()), m_start(edit->selectionStart()),
+          m_is_all(m_text == edit->text())
+    {
+    }
+
+    void restore() const
+    {
+        if (!m_edit || m_text.isEmpty())
+            return;
+        const int start = m_is_all ? 0 : m_edit->text().indexOf(m_text, m_start);
+        if (start >= 0)
+            m_edit->setSelection(start, m_is_all ? kTimeLength : m_text.size());
+    }
+
+private:
+    QPointer<QLineEdit> m_edit; // A listener may take it away.
+    QString m_text;
+    int m_start;
+    bool m_is_all;
+};
 
 } // namespace
 
@@ -137,14 +171,25 @@ bool VemoTimeComboBox::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress && isEnter(event)) {
         clearFocus();
-    } else if (event->type() == QEvent::FocusIn) {
-        // Where items were put before the custom one it has moved.
-        if (customItem() && currentIndex() == m_custom_row.row())
-            setItemText(currentIndex(), currentText().left(kTimeLength));
-    } else if (event->type() == QEvent::FocusOut) {
-        correctTime();
+    } else if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        if (isEditable() && isForPopup(event)) {
+            const KeptSelection selection(lineEdit());
+            changeFocus(event->type());
+            selection.restore();
+        } else {
+            changeFocus(event->type());
+        }
     }
     return QObject::eventFilter(watched, event);
+}
+
+void VemoTimeComboBox::changeFocus(QEvent::Type change)
+{
+    if (change == QEvent::FocusOut)
+        correctTime();
+    // Where items were put before the custom one it has moved.
+    else if (customItem() && currentIndex() == m_custom_row.row())
+        setItemText(currentIndex(), currentText().left(kTimeLength));
 }
 
 void VemoTimeComboBox::setItemVisible(bool visible)
@@ -208,6 +253,11 @@ void VemoTimeComboBox::insertCustomItem()
 {
     m_custom_index = qMin(m_custom_index, count());
     insertItem(m_custom_index, QString());
+    if (!isEditable()) {
+        // Switched off by a listener, who could not know of the item yet.
+        removeItem(m_custom_index);
+        return;
+    }
     m_custom_row = model()->index(m_custom_index, modelColumn(), rootModelIndex());
     setItemVisible(false);
 }
@@ -246,10 +296,10 @@ void VemoTimeComboBox::fillCustomItem(const QString &time)
     setItemVisible(true);
 }
 
-// Where the custom text leaves no room for the time.
+// Where the custom text leaves no room for the time. A listener may have taken the edit away.
 void VemoTimeComboBox::showBeginning()
 {
-    if (!hasFocus())
+    if (isEditable() && !hasFocus())
         lineEdit()->setCursorPosition(0);
 }
 

@@ -232,6 +232,7 @@ void addTimes(Page &page)
     page.addCode(R"(auto *start = new VemoTimeComboBox(page);
 start->addItems({"00:00", "06:00", "12:00", "18:00"});
 start->setEditable(true);
+start->setCurrentText("06:00");
 start->setDefault("06:00");)");
 }
 

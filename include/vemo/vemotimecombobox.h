@@ -3,6 +3,7 @@
 
 #include <vemo/vemocombobox.h>
 
+#include <QEvent>
 #include <QPersistentModelIndex>
 #include <QStringList>
 
@@ -22,13 +23,15 @@ class QValidator;
 /// setUniformItemSizes(false) of the view before it opens.
 ///
 /// Its signals are QComboBox's, for the program's changes too; currentIndexChanged() also comes
-/// each time that the field loses the focus with the custom item shown. Load the style files
-/// before, as for VemoComboBox. It belongs to its parent.
+/// each time that the field loses the focus with the custom item shown. Opening the menu of the
+/// edit counts as losing the focus too: what is typed is completed first, and what is selected
+/// stays selected. Requires: style files, as for VemoComboBox. It belongs to its parent.
 ///
 ///     auto *start = new VemoTimeComboBox(page);
 ///     start->addItems({ "00:00", "06:00", "12:00", "18:00" });
 ///     start->setEditable(true);
-///     start->setDefault("06:00");
+///     start->setCurrentText("06:00");
+///     start->setDefault("06:00"); // for a field that is emptied
 ///
 /// \image html date-and-time-times-of-day.png
 class VEMO_EXPORT VemoTimeComboBox : public VemoComboBox
@@ -56,8 +59,9 @@ public:
     /// function of QComboBox, too.
     void setCurrentText(const std::string &text);
 
-    /// Which item an emptied field returns to; at first that of row 0. A text that is not among the
-    /// items goes into the custom item, or means row 0 where the box is not editable.
+    /// Which item an emptied field returns to; at first that of row 0. What is shown now stays: use
+    /// setCurrentText() to show a time at first. A text that is not among the items goes into the
+    /// custom item, or means row 0 where the box is not editable.
     void setDefault(const std::string &text);
 
     /// What follows a typed time, after one blank, from the next one on; at first nothing.
@@ -74,6 +78,7 @@ public:
 private:
     void setItemVisible(bool visible);
     void adjustMaxVisibleItems();
+    void changeFocus(QEvent::Type change);
     void correctTime();
     void setUpEditing();
     void insertCustomItem();

@@ -83,6 +83,8 @@ private Q_SLOTS:
     void tabWalksThroughAllParts();
     void tabEntersAndLeavesAmongOtherFields();
     void tabInTheYearFieldGoesOnToTheGrid();
+    void tabWithControlWalksOnFromWatchedParts_data();
+    void tabWithControlWalksOnFromWatchedParts();
     void tabKeepsTheCurrentDay();
     void otherKeysReachTheParts();
     void everyPartHasAName();
@@ -156,6 +158,42 @@ void CalendarKeysTest::tabInTheYearFieldGoesOnToTheGrid()
     QCOMPARE(QApplication::focusWidget(), form.parts.yearEdit);
     form.press(Qt::Key_Tab);
     QCOMPARE(QApplication::focusWidget(), form.parts.grid);
+}
+
+// Deliberate: these four parts take Tab whatever is held down with it. Qt's own take it only alone.
+void CalendarKeysTest::tabWithControlWalksOnFromWatchedParts_data()
+{
+    QTest::addColumn<QString>("part");
+    QTest::addColumn<QString>("next");
+    QTest::addColumn<QString>("previous");
+    const QString grid("qt_calendar_calendarview");
+    const QString year("qt_calendar_yearbutton");
+    const QString today("qt_calendar_today_button");
+    QTest::newRow("year") << year << grid << "qt_calendar_monthbutton";
+    QTest::newRow("year field") << "qt_calendar_yearedit" << grid
+                                << "qt_calendar_monthbutton"; // Qt hides the button
+    QTest::newRow("grid") << grid << today << year;
+    QTest::newRow("today") << today << QString() << grid;
+    QTest::newRow("previous month") << "qt_calendar_prevmonth"
+                                    << "qt_calendar_prevmonth"
+                                    << "qt_calendar_prevmonth";
+}
+
+void CalendarKeysTest::tabWithControlWalksOnFromWatchedParts()
+{
+    QFETCH(QString, part);
+    const Form form;
+    QVERIFY(form.isActive);
+    const QVector<QPair<Qt::Key, const char *>> ways {
+        {Qt::Key_Tab, "next"}, {Qt::Key_Backtab, "previous"}};
+    for (const auto &way : ways) {
+        if (part == form.parts.yearEdit->objectName())
+            QTest::mouseClick(form.parts.year, Qt::LeftButton);
+        auto *from = form.view->findChild<QWidget *>(part);
+        from->setFocus();
+        QTest::keyClick(from, way.first, Qt::ControlModifier);
+        QTEST(QApplication::focusWidget()->objectName(), way.second);
+    }
 }
 
 void CalendarKeysTest::tabKeepsTheCurrentDay()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "datetime/timebox.h"
 
+#include "support/eventcounter.h"
 #include "support/testhost.h"
 
 #include <QStringListModel>
@@ -23,9 +24,13 @@ private Q_SLOTS:
     void selectsTextFromCode_data();
     void selectsTextFromCode();
     void reportsTextFromCodeOnceAtMost();
+    void showsTheTimeOfItsExample();
     void remembersADefault_data();
     void remembersADefault();
+    void hidesTheCustomItemForADefaultThatIsAnItem();
+    void keepsWhatItShowsWhenItsCustomTextChanges();
     void plainBoxLeavesItsItemsAlone();
+    void editableBoxLeavesTheTextsOfItemsAlone();
     void hiddenItemCostsNoVisibleRow();
     void opensItsListWithoutTheHiddenItem();
     void asksForOneRowSizeWhileThereAreOnlyTimes();
@@ -160,6 +165,22 @@ void VemoTimeComboBoxTest::reportsTextFromCodeOnceAtMost()
     QCOMPARE(box.currentText(), QString("99:98"));
 }
 
+// As in header, guide and gallery: a default is not shown by itself.
+void VemoTimeComboBoxTest::showsTheTimeOfItsExample()
+{
+    VemoTimeComboBox box;
+    box.addItems({"00:00", "06:00", "12:00", "18:00"});
+    box.setEditable(true);
+    box.setDefault("06:00");
+    QCOMPARE(box.currentText(), QString("00:00"));
+    box.setCurrentText("06:00");
+    QCOMPARE(box.currentText(), QString("06:00"));
+    QVERIFY(QMetaObject::invokeMethod(&box, "clearEditText"));
+    QFocusEvent leave(QEvent::FocusOut);
+    QCoreApplication::sendEvent(&box, &leave);
+    QCOMPARE(box.currentText(), QString("06:00"));
+}
+
 void VemoTimeComboBoxTest::remembersADefault_data()
 {
     QTest::addColumn<bool>("editable");
@@ -199,6 +220,38 @@ void VemoTimeComboBoxTest::remembersADefault()
     QTEST(box.currentText(), "afterwards");
 }
 
+void VemoTimeComboBoxTest::hidesTheCustomItemForADefaultThatIsAnItem()
+{
+    Box box;
+    box.leaveWith("7:45");
+    QVERIFY(box.isCustomShown());
+    box.setDefault("01:00");
+    QVERIFY(!box.isCustomShown());
+    QCOMPARE(box.currentIndex(), 0);
+    QCOMPARE(box.currentText(), QString("07:45"));
+}
+
+void VemoTimeComboBoxTest::keepsWhatItShowsWhenItsCustomTextChanges()
+{
+    Form form;
+    QVERIFY(form.isActive);
+    form.box.setCustomText("(own)");
+    form.box.setCurrentText("07:45");
+    form.box.clearFocus();
+    QCoreApplication::processEvents();
+    const QSignalSpy texts(&form.box, SIGNAL(editTextChanged(QString)));
+    const EventCounter paints(&form.box, QEvent::Paint);
+    const EventCounter editPaints(form.box.lineEdit(), QEvent::Paint);
+    form.box.setCustomText("(other)");
+    QCoreApplication::processEvents();
+    QCOMPARE(form.box.currentText(), QString("07:45 (own)"));
+    QCOMPARE(form.box.itemText(0), QString("07:45 (own)"));
+    QCOMPARE(texts.size(), 0);
+    QCOMPARE(paints.count() + editPaints.count(), 0);
+    form.box.setCurrentText("07:46");
+    QCOMPARE(form.box.currentText(), QString("07:46 (other)"));
+}
+
 void VemoTimeComboBoxTest::plainBoxLeavesItsItemsAlone()
 {
     Box box(Plain, {"00:00 midnight", "12:00 noon"});
@@ -217,6 +270,15 @@ void VemoTimeComboBoxTest::plainBoxLeavesItsItemsAlone()
     empty.setCurrentText("09:00");
     empty.setDefault("09:00");
     QCOMPARE(empty.count(), 0);
+}
+
+void VemoTimeComboBoxTest::editableBoxLeavesTheTextsOfItemsAlone()
+{
+    Box box(Editable, {"09:00 sharp"});
+    box.setCurrentIndex(1);
+    box.send(QEvent::FocusIn);
+    QCOMPARE(box.itemText(1), QString("09:00 sharp"));
+    QCOMPARE(box.currentText(), QString("09:00 sharp"));
 }
 
 void VemoTimeComboBoxTest::hiddenItemCostsNoVisibleRow()

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// What happens to a time box in the middle of its own doing: listeners that switch it, and the menu
+// of its edit, which takes the focus.
+#include "datetime/timebox.h"
+#include "support/testhost.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTimer>
+
+#include <functional>
+
+using Cause = std::function<void(Box &)>;
+Q_DECLARE_METATYPE(Cause)
+
+class TimeListenersTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void survivesBeingSwitchedByItsListeners_data();
+    void survivesBeingSwitchedByItsListeners();
+    void menuOfTheEditCopiesTheTime_data();
+    void menuOfTheEditCopiesTheTime();
+    void menuOfTheEditPastesOverTheTime();
+};
+
+void TimeListenersTest::survivesBeingSwitchedByItsListeners_data()
+{
+    QTest::addColumn<Cause>("cause");
+    QTest::newRow("typed time") << Cause([](Box &box) { box.leaveWith("7:45"); });
+    QTest::newRow("typed item") << Cause([](Box &box) { box.leaveWith("8"); });
+    QTest::newRow("emptied field") << Cause([](Box &box) { box.leaveWith(QString()); });
+    QTest::newRow("unknown text") << Cause([](Box &box) { box.setCurrentText("07:45"); });
+    QTest::newRow("known text") << Cause([](Box &box) { box.setCurrentText("08:00"); });
+    QTest::newRow("default") << Cause([](Box &box) { box.setDefault("07:45"); });
+    QTest::newRow("other times") << Cause([](Box &box) { box.setTimes({"05:00", "06:00"}); });
+    QTest::newRow("switched off") << Cause([](Box &box) { box.setEditable(false); });
+    QTest::newRow("switched on") << Cause([](Box &box) {
+        box.setEditable(false);
+        box.setEditable(true);
+    });
+    QTest::newRow("cleared") << Cause([](Box &box) {
+        box.clear();
+        box.send(QEvent::FocusOut);
+    });
+}
+
+void TimeListenersTest::survivesBeingSwitchedByItsListeners()
+{
+    QFETCH(Cause, cause);
+    Box box;
+    const auto times = [&box] { return box.count() - (box.isEditable() ? 1 : 0); };
+    box.setCurrentIndex(4);
+    const auto switchOff = [&box] { box.setEditable(false); };
+    connect(&box, qOverload<int>(&QComboBox::currentIndexChanged), &box, switchOff);
+    connect(&box, &QComboBox::currentTextChanged, &box, switchOff);
+    cause(box);
+    QCOMPARE(box.times().size(), times());
+    for (int row = 0; row < box.count(); ++row)
+        QVERIFY(box.isRowShown(row) || (box.isEditable() && row == 0));
+    box.setEditable(true);
+    box.setEditable(false);
+    QCOMPARE(box.times().size(), box.count());
+}
+
+namespace {
+
+/// Opens the context menu of the box's edit and picks an entry, by keyboard.
+void pickFromMenu(Form &form, const QString &entry)
+{
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, form.box.mapToGlobal({5, 5}));
+    QCoreApplication::sendEvent(&form.box, &event);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    for (QAction *action : menu->actions()) {
+        if (action->text().section('\t', 0, 0).remove('&') == entry) {
+            QVERIFY(action->isEnabled());
+            menu->setActiveAction(action);
+        }
+    }
+    QVERIFY(menu->activeAction());
+    QTest::keyClick(menu, Qt::Key_Return);
+    QTRY_VERIFY(!QApplication::activePopupWidget());
+}
+
+} // namespace
+
+void TimeListenersTest::menuOfTheEditCopiesTheTime_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QString>("copied");
+    QTest::newRow("whole item") << "09:00" << 0 << 5 << "09:00";
+    QTest::newRow("hour of an item") << "09:00" << 0 << 2 << "09";
+    QTest::newRow("minutes of an item") << "09:00" << 3 << 2 << "00";
+    QTest::newRow("whole custom time") << "07:45" << 0 << 5 << "07:45";
+    QTest::newRow("completed meanwhile") << "7:45" << 0 << 4 << "07:45";
+    QTest::newRow("hour of one completed meanwhile") << "7:45" << 0 << 1 << "7";
+    QTest::newRow("minutes of one completed meanwhile") << "7:5" << 2 << 1 << "5";
+}
+
+void TimeListenersTest::menuOfTheEditCopiesTheTime()
+{
+    QFETCH(QString, typed);
+    QFETCH(int, start);
+    QFETCH(int, length);
+    Form form;
+    QVERIFY(form.isActive);
+    form.box.setCustomText("(own)");
+    form.type(typed);
+    form.box.lineEdit()->setSelection(start, length);
+    QGuiApplication::clipboard()->setText("none");
+    pickFromMenu(form, "Copy");
+    QTEST(QGuiApplication::clipboard()->text(), "copied");
+}
+
+void TimeListenersTest::menuOfTheEditPastesOverTheTime()
+{
+    Form form;
+    QVERIFY(form.isActive);
+    form.box.setCustomText("(own)");
+    form.type("7:45");
+    form.box.lineEdit()->selectAll();
+    QGuiApplication::clipboard()->setText("08:15");
+    pickFromMenu(form, "Paste");
+    QCOMPARE(form.box.currentText(), QString("08:15"));
+    form.press(Qt::Key_Return);
+    QCOMPARE(form.box.currentText(), QString("08:15 (own)"));
+}
+
+VEMO_TEST_MAIN(TimeListenersTest)
+#include "tst_timelisteners.moc"
