@@ -8,7 +8,14 @@
 struct InstanceLock::Handle
 {
     explicit Handle(HANDLE file) : file(file) { }
-    ~Handle() { CloseHandle(file); }
+    ~Handle()
+    {
+        // Closing alone unlocks at a time of the system's choice. No effect on a file that is not
+        // locked.
+        OVERLAPPED start = {};
+        UnlockFileEx(file, 0, MAXDWORD, MAXDWORD, &start);
+        CloseHandle(file);
+    }
     Q_DISABLE_COPY(Handle)
 
     const HANDLE file;

@@ -96,7 +96,9 @@ LocalPeer::~LocalPeer()
 
 bool LocalPeer::isClient()
 {
-    switch (m_lock.take()) {
+    const InstanceLock::Result result = m_lock.take();
+    m_isPrimary = result == InstanceLock::Taken;
+    switch (result) {
     case InstanceLock::Taken:
         startListening();
         return false;
@@ -140,8 +142,9 @@ void LocalPeer::watchFiles()
 
 void LocalPeer::restoreFiles()
 {
-    // Also comes for what is no loss, and for what we did ourselves.
-    if (m_lock.isHeld() && m_receiver.isListening())
+    // The call is queued: the role may have been given up since. It is also made for changes that
+    // are no loss, and for our own.
+    if (!m_isPrimary || (m_lock.isHeld() && m_receiver.isListening()))
         return;
     isClient();
     watchFiles();
@@ -157,7 +160,8 @@ bool LocalPeer::sendMessage(const QString &message, int timeout)
                            << "bytes";
         return false;
     }
-    const QDeadlineTimer deadline(timeout);
+    // QDeadlineTimer takes -1 alone for forever; any other negative time-out has expired.
+    const QDeadlineTimer deadline(std::max(timeout, -1));
     QLocalSocket socket;
     return reach(&socket, deadline) && writeAll(&socket, bytes, deadline)
         && readAnswer(&socket, deadline);
@@ -189,6 +193,7 @@ void LocalPeer::unlock()
     m_receiver.stop(m_lock.isHeld() ? LocalListener::RemoveFile : LocalListener::KeepFile);
     watchFiles();
     m_lock.release();
+    m_isPrimary = false;
 }
 
 void LocalPeer::warnOnce(const char *what, const QString &path, const QString &why)

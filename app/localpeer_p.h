@@ -33,7 +33,7 @@ public:
     bool isClient();
 
     /// Blocks until the primary instance has the whole message, for timeout milliseconds at most,
-    /// or without end where that is negative.
+    /// or forever if that is negative.
     bool sendMessage(const QString &message, int timeout);
 
     /// Gives the primary role up; whoever asks next gets it.
@@ -55,6 +55,7 @@ private:
     const QString m_socketName;
     const QString m_address;
     const QString m_lockPath;
+    bool m_isPrimary = false;
     InstanceLock m_lock;
     MessageReceiver m_receiver;
     std::unique_ptr<QFileSystemWatcher> m_watcher;

@@ -55,7 +55,8 @@ public:
     /// Closes, and leaves the file.
     ~LocalListener() override;
 
-    /// Starts to wait, in place of a socket that a dead process has left. False where the address
+    /// Starts to wait, in place of a socket that a dead process has left, or of an ordinary file of
+    /// the user's. False where the address
     /// can't or must not be used; refusal then says why, as the end of a sentence.
     bool listen(const QString &address, QString *refusal);
 

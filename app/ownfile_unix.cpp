@@ -16,7 +16,8 @@ QString refusalOf(const struct stat &status, OwnFile::Kind kind)
         return QStringLiteral("it is a symbolic link");
     if (kind == OwnFile::Plain && !S_ISREG(status.st_mode))
         return QStringLiteral("it is not a file");
-    if (kind == OwnFile::Socket && !S_ISSOCK(status.st_mode))
+    // An ordinary file is as good as a socket that nobody listens at: the next one replaces it.
+    if (kind == OwnFile::Socket && !S_ISSOCK(status.st_mode) && !S_ISREG(status.st_mode))
         return QStringLiteral("it is not a socket");
     if (status.st_uid != geteuid())
         return QStringLiteral("it belongs to another user");

@@ -16,8 +16,9 @@ class LocalPeer;
 /// and receives messages from then on; the next ones hand it what they were started with, and end.
 /// Users, and on Windows their sessions, don't see each other's instances. Nothing of the library
 /// has to be initialised before. Where the lock or the socket in the temporary folder can't be
-/// used, or must not be (a symbolic link, another user's, not a file), a warning says so and the
-/// application runs as if it were the only one.
+/// used, or must not be (a symbolic link, another user's, a folder), a warning says so and the
+/// application runs as if it were the only one. An ordinary file of the user's own at the socket's
+/// path is replaced.
 ///
 ///     QtSingleApplication app(argc, argv);
 ///     if (app.sendMessage(app.arguments().join('\n')))
@@ -30,6 +31,7 @@ class LocalPeer;
 ///
 /// A message is any text of up to 16 MiB in UTF-8. It is received without blocking, however slow
 /// its sender; one that is longer, broken off, or silent for 5 seconds is dropped with a warning.
+/// While 400 senders are connected and others may be waiting, silence counts after 1.5 seconds.
 /// Not for a program that wants one instance a document: give each its own id.
 ///
 /// \image html gallery.png
@@ -78,7 +80,7 @@ public:
 
 public Q_SLOTS:
     /// Sends message to the primary instance and waits for its answer, timeout milliseconds at most
-    /// (without end where it is negative). True once all of the message has arrived there; false
+    /// (forever if negative). True once all of the message has arrived there; false
     /// when it hasn't in time, when it is longer than 16 MiB, and when this process is the primary
     /// instance, perhaps only now.
     bool sendMessage(const QString &message, int timeout = 5000);

@@ -7,6 +7,8 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 
+#include <limits>
+
 #include <unistd.h>
 
 class LocalPeerTest : public VemoTest
@@ -31,6 +33,7 @@ private Q_SLOTS:
     void sendsTheCountAndTheText();
     void succeedsOnlyAfterTheAnswer_data();
     void succeedsOnlyAfterTheAnswer();
+    void waitsForAPrimaryThatIsNotThereYet_data();
     void waitsForAPrimaryThatIsNotThereYet();
     void refusesToSendWhatIsTooLong();
     void takesTheRoleOverWhenThePrimaryEndsWhileItWaits();
@@ -303,8 +306,17 @@ void LocalPeerTest::letItWait(ChildInstance *sender)
     QVERIFY(!sender->hasAnswer());
 }
 
+void LocalPeerTest::waitsForAPrimaryThatIsNotThereYet_data()
+{
+    QTest::addColumn<QByteArray>("timeout");
+    QTest::newRow("-1") << QByteArray("-1");
+    QTest::newRow("-2") << QByteArray("-2");
+    QTest::newRow("the lowest number") << QByteArray::number(std::numeric_limits<int>::min());
+}
+
 void LocalPeerTest::waitsForAPrimaryThatIsNotThereYet()
 {
+    QFETCH(const QByteArray, timeout);
     const OwnTemporaryFolder folder;
     InstanceLock lock(folder.lockPath());
     QCOMPARE(lock.take(), InstanceLock::Taken);
@@ -312,7 +324,7 @@ void LocalPeerTest::waitsForAPrimaryThatIsNotThereYet()
     QCOMPARE(sender.ask("role"), QByteArray("secondary"));
     QCOMPARE(sender.ask("sendwithin 0"), QByteArray("failed"));
     QCOMPARE(sender.ask("sendwithin 50"), QByteArray("failed"));
-    sender.tell("sendwithin -1");
+    sender.tell("sendwithin " + timeout);
     letItWait(&sender);
     lock.release();
     LocalPeer primary {QString()};

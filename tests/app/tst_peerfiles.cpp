@@ -5,6 +5,7 @@
 #include "support/vemotest.h"
 
 #include <csignal>
+#include <cstdio>
 #include <functional>
 
 #include <fcntl.h>
@@ -62,7 +63,9 @@ private Q_SLOTS:
     void areOpenToTheUserAlone_data();
     void areOpenToTheUserAlone();
     void areTakenOverFromAKilledPrimary();
-    void replaceASocketThatNobodyListensAt();
+    void replaceWhatIsOfNoUse_data();
+    void replaceWhatIsOfNoUse();
+    void replaceAnOrdinaryFileWhileTheyAreInUse();
     void refusesALockThatIsNotItsOwn_data();
     void refusesALockThatIsNotItsOwn();
     void refusesASocketThatIsNotItsOwn_data();
@@ -73,6 +76,7 @@ private Q_SLOTS:
     void areRestoredByALivingPrimary_data();
     void areRestoredByALivingPrimary();
     void leaveOnePrimaryWhenTheFolderIsCleaned();
+    void areNotRestoredAfterUnlock();
     void belongToTheSuccessorWhenThePredecessorEnds_data();
     void belongToTheSuccessorWhenThePredecessorEnds();
     void belongToTheSuccessorWhenThePredecessorLosesThem();
@@ -118,13 +122,41 @@ void PeerFilesTest::areTakenOverFromAKilledPrimary()
     QCOMPARE(sender.answer(), QByteArray("sent"));
 }
 
-void PeerFilesTest::replaceASocketThatNobodyListensAt()
+void PeerFilesTest::replaceWhatIsOfNoUse_data()
 {
+    QTest::addColumn<Preparation>("prepare");
+    QTest::newRow("a socket that nobody listens at") << Preparation(leaveSocket);
+    QTest::newRow("an ordinary file") << Preparation(writeFile);
+}
+
+void PeerFilesTest::replaceWhatIsOfNoUse()
+{
+    QFETCH(const Preparation, prepare);
     const OwnTemporaryFolder folder;
-    leaveSocket(QFile::encodeName(folder.socketPath()));
+    prepare(QFile::encodeName(folder.socketPath()));
     LocalPeer primary {QString()};
     QVERIFY(!primary.isClient());
-    QVERIFY(RawPeer(folder.socketPath()).isConnected());
+    const QSignalSpy received(&primary, SIGNAL(messageReceived(QString)));
+    ChildInstance sender;
+    sender.tell("send hello");
+    QTRY_COMPARE(received.size(), 1);
+    QCOMPARE(sender.answer(), QByteArray("sent"));
+}
+
+void PeerFilesTest::replaceAnOrdinaryFileWhileTheyAreInUse()
+{
+    const OwnTemporaryFolder folder;
+    LocalPeer primary {QString()};
+    QVERIFY(!primary.isClient());
+    const QSignalSpy received(&primary, SIGNAL(messageReceived(QString)));
+    const QByteArray path = QFile::encodeName(folder.socketPath());
+    writeFile(path + 'f');
+    QCOMPARE(std::rename((path + 'f').constData(), path.constData()), 0);
+    // Waits until the primary has put its socket back, as if the file were missing.
+    ChildInstance sender;
+    sender.tell("send hello");
+    QTRY_COMPARE(received.size(), 1);
+    QCOMPARE(sender.answer(), QByteArray("sent"));
 }
 
 void PeerFilesTest::refusesALockThatIsNotItsOwn_data()
@@ -172,14 +204,24 @@ void PeerFilesTest::refusesASocketThatIsNotItsOwn_data()
     QTest::newRow("symbolic link to nothing")
         << Preparation([](const QByteArray &path) { symlink("/nowhere/at/all", path.constData()); })
         << "it is a symbolic link";
-    QTest::newRow("file") << Preparation(writeFile) << "it is not a socket";
     QTest::newRow("folder") << Preparation([](const QByteArray &path) {
         mkdir(path.constData(), 0700);
     }) << "it is not a socket";
+    QTest::newRow("pipe") << Preparation([](const QByteArray &path) {
+        mkfifo(path.constData(), 0600);
+    }) << "it is not a socket";
+    QTest::newRow("file with a second name") << Preparation([](const QByteArray &path) {
+        writeFile(path);
+        QCOMPARE(link(path.constData(), (path + 't').constData()), 0);
+    }) << "it has a second name";
     if (geteuid() != 0)
         return; // Only root can give a file away.
     QTest::newRow("another user's") << Preparation([](const QByteArray &path) {
         leaveSocket(path);
+        giveToAnother(path);
+    }) << "it belongs to another user";
+    QTest::newRow("another user's file") << Preparation([](const QByteArray &path) {
+        writeFile(path);
         giveToAnother(path);
     }) << "it belongs to another user";
 }
@@ -304,6 +346,20 @@ void PeerFilesTest::leaveOnePrimaryWhenTheFolderIsCleaned()
     const RawPeer sender(folder.socketPath());
     sender.send(frame("hello"));
     QTRY_COMPARE(received.size(), 1);
+}
+
+void PeerFilesTest::areNotRestoredAfterUnlock()
+{
+    const OwnTemporaryFolder folder;
+    LocalPeer first {QString()};
+    LocalPeer second {QString()};
+    QVERIFY(!first.isClient());
+    // On its way already, as when the files were removed just before.
+    QVERIFY(QMetaObject::invokeMethod(&first, "restoreFiles", Qt::QueuedConnection));
+    first.unlock();
+    QCoreApplication::processEvents();
+    QVERIFY(!QFileInfo::exists(folder.socketPath()));
+    QVERIFY(!second.isClient());
 }
 
 void PeerFilesTest::belongToTheSuccessorWhenThePredecessorEnds_data()
