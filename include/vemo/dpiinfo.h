@@ -31,7 +31,8 @@ public:
     ///
     /// Lengths of up to three characters ("8px", "100px") come out exact. A longer one ("1000px",
     /// "12.5px") is read again from its fourth character on, which adds a second length behind it:
-    /// write style files without them.
+    /// write style files without them. Any digits before "px" are a length, also in the name of a
+    /// picture: "arrow_16px.png" becomes "arrow_24px.png" at factor 1.5.
     QString getScaledStyleSheet(QString sheet) const;
 
 private:

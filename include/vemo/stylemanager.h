@@ -38,7 +38,7 @@ public:
     void initialize(const std::vector<QString> &paths);
 
     /// The section under key, its "px" lengths scaled from design to screen pixels unless unscaled
-    /// is true; an empty string and a warning where there is none.
+    /// is true (see DPIinfo::getScaledStyleSheet()); an empty string and a warning where there is none.
     QString getStyleSheet(const QString &key, bool unscaled = false) const;
 
 private:

@@ -80,6 +80,8 @@ void DPIinfoTest::lengthsAreScaledAndTruncated_data()
     addRow("1e3px", "1e3px", {"1e3px", "1e3px", "1e4px"});
     addRow("whole text", "8px", {"8px", "10px", "12px"});
     addRow("two in a row", "8px12px", {"8px12px", "10px15px", "12px18px"});
+    addRow("in the name of a picture", "url(x/arrow_16px.png)",
+        {"url(x/arrow_16px.png)", "url(x/arrow_20px.png)", "url(x/arrow_24px.png)"});
     addRow("after a full stop", "a.8px", {"a.8px", "a.10px", "a.12px"});
     addRow("a section", "\nQPushButton { min-height: 28px; padding: 0px 12px; }",
         {"\nQPushButton { min-height: 28px; padding: 0px 12px; }",

@@ -70,12 +70,16 @@ private Q_SLOTS:
     void picturesAreScaledInThreeRoundings();
     void picturesKeepTheirProportions_data();
     void picturesKeepTheirProportions();
+    void picturesAreSmoothed();
     void aPictureTooSmallToShowIsNullInSilence();
     void anotherFormatUnderThatNameLoads_data();
     void anotherFormatUnderThatNameLoads();
     void preloadedPicturesNeedNoFilesLater();
     void lazyPicturesAreReadWhenTheyAreFirstAskedFor();
     void lazyPicturesNeedNoFilesAfterThat();
+    void lazyPicturesAreReadOnceThoughOneStateAloneHasAFile_data();
+    void lazyPicturesAreReadOnceThoughOneStateAloneHasAFile();
+    void lazyPicturesWithoutFilesAreLookedForAgain();
     void aNameListedTwiceIsOnePicture();
     void initialisedAgainItReadsEverythingAnewAndForgetsNoName();
     void theFreeFunctionsAnswerLikeTheCatalogue();
@@ -133,7 +137,7 @@ void ImageManagerTest::uninitialisedItHasNoFoldersAndEndsTheProcess()
     QFETCH(QString, scenario);
     const ChildResult child = runChild(scenario);
     QCOMPARE(child.status, QProcess::CrashExit);
-    QVERIFY(child.errorOutput.contains("ImageManager is not initialized"));
+    QVERIFY(child.errorOutput.contains("debug.message.warning: ImageManager is not initialized\n"));
 }
 
 void ImageManagerTest::uninitialisedItKnowsNoPicture()
@@ -141,7 +145,7 @@ void ImageManagerTest::uninitialisedItKnowsNoPicture()
     const ChildResult child = runChild("picture");
     QCOMPARE(child.status, QProcess::NormalExit);
     QCOMPARE(child.exitCode, 0);
-    QVERIFY(child.errorOutput.contains("Cannot load pixmap \"folder\""));
+    QVERIFY(child.errorOutput.contains("debug.message.warning: Cannot load pixmap \"folder\"\n"));
 }
 
 void ImageManagerTest::theFoldersLieUnderTheRegisteredOnes()
@@ -301,6 +305,14 @@ void ImageManagerTest::picturesKeepTheirProportions()
     QCOMPARE(getGlobalImage("wide").size(), sizes[screenColumn()]);
 }
 
+void ImageManagerTest::picturesAreSmoothed()
+{
+    m_host->addChequeredPicture("fine", {64, 64});
+    start(ImageManager::PRELOAD, {"fine"});
+    const int grey = middleOf(getGlobalImage("fine")).red();
+    QVERIFY2(grey > 64 && grey < 192, qPrintable(QString::number(grey)));
+}
+
 void ImageManagerTest::aPictureTooSmallToShowIsNullInSilence()
 {
     m_host->addPicture("dot", {1, 1}, Qt::red);
@@ -352,6 +364,40 @@ void ImageManagerTest::lazyPicturesNeedNoFilesAfterThat()
     QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::red));
     // The first call read all states of the name.
     QCOMPARE(middleOf(getGlobalImage("folder", ImageManager::HOVER)), QColor(Qt::green));
+}
+
+void ImageManagerTest::lazyPicturesAreReadOnceThoughOneStateAloneHasAFile_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("state");
+    QTest::newRow("normal") << "bt" << 0;
+    QTest::newRow("hover") << "bt_hover" << 1;
+    QTest::newRow("click") << "bt_click" << 2;
+    QTest::newRow("disable") << "bt_disable" << 3;
+}
+
+void ImageManagerTest::lazyPicturesAreReadOnceThoughOneStateAloneHasAFile()
+{
+    QFETCH(QString, file);
+    QFETCH(int, state);
+    const auto type = static_cast<ImageManager::ImageType>(state);
+    m_host->addPicture(file, {64, 64}, Qt::green);
+    start(ImageManager::LAZY_LOAD, {"bt"});
+    QCOMPARE(middleOf(getGlobalImage("bt", type)), QColor(Qt::green));
+    QVERIFY(QDir(m_host->pictureFolder()).removeRecursively());
+    QCOMPARE(middleOf(getGlobalImage("bt", type)), QColor(Qt::green));
+}
+
+void ImageManagerTest::lazyPicturesWithoutFilesAreLookedForAgain()
+{
+    const QStringList warning("Cannot load pixmap \"bt\" with type 0 [use default icon]");
+    start(ImageManager::LAZY_LOAD, {"bt"});
+    QVERIFY(getGlobalImage("bt").isNull());
+    QCOMPARE(messages.take(), warning);
+    // Deliberate: under the empty name, which is all that is left of the file names.
+    m_host->addPicture("", {64, 64}, Qt::green);
+    QCOMPARE(middleOf(getGlobalImage("bt")), QColor(Qt::green));
+    QCOMPARE(messages.take(), warning);
 }
 
 void ImageManagerTest::aNameListedTwiceIsOnePicture()

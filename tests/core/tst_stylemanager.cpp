@@ -84,8 +84,8 @@ void StyleManagerTest::beforeTheCatalogueItEndsTheProcess()
     QFETCH(bool, warnsAboutTheFile);
     const ChildResult child = runChild(scenario);
     QCOMPARE(child.status, QProcess::CrashExit);
-    QVERIFY(child.errorOutput.contains("ImageManager is not initialized"));
-    QCOMPARE(child.errorOutput.contains("file \"no such file\" not exist"), warnsAboutTheFile);
+    QVERIFY(child.errorOutput.contains("debug.message.warning: ImageManager is not initialized\n"));
+    QCOMPARE(child.errorOutput.contains("debug.message.warning: file \"no such file\" not exist\n"), warnsAboutTheFile);
 }
 
 void StyleManagerTest::aSectionIsFoundByItsKey()

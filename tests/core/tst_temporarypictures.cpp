@@ -16,6 +16,9 @@ private Q_SLOTS:
     void aCopyIsWrittenUnderItsName();
     void theCopyIsScaledByTheFactorAlone_data();
     void theCopyIsScaledByTheFactorAlone();
+    void theCopyKeepsItsProportions_data();
+    void theCopyKeepsItsProportions();
+    void theCopyIsSmoothed();
     void blanksInANameAreRemoved();
     void aMissingPictureLeavesAnEmptyFile();
     void anOldCopyIsOverwritten();
@@ -76,6 +79,34 @@ void TemporaryPicturesTest::theCopyIsScaledByTheFactorAlone()
     const QImage copy(tempPath("square"));
     QCOMPARE(copy.size(), QSize(length, length));
     QCOMPARE(copy.devicePixelRatio(), 1.0);
+}
+
+void TemporaryPicturesTest::theCopyKeepsItsProportions_data()
+{
+    QTest::addColumn<QSize>("artwork");
+    QTest::addColumn<QVector<QSize>>("sizes"); // At 96, 120 and 144 dpi.
+    QTest::newRow("even") << QSize(400, 80) << QVector<QSize> {{100, 20}, {125, 25}, {150, 30}};
+    QTest::newRow("its rounded size has others")
+        << QSize(102, 41) << QVector<QSize> {{24, 10}, {32, 13}, {37, 15}};
+    QTest::newRow("upright") << QSize(42, 102) << QVector<QSize> {{10, 26}, {13, 33}, {16, 39}};
+}
+
+void TemporaryPicturesTest::theCopyKeepsItsProportions()
+{
+    QFETCH(QSize, artwork);
+    QFETCH(QVector<QSize>, sizes);
+    m_host->addPicture("wide", artwork, Qt::red);
+    start({"wide"});
+    QCOMPARE(QImage(tempPath("wide")).size(),
+        sizes[qRound((DPIinfo::getInstance().getDPI() - 1) * 4)]);
+}
+
+void TemporaryPicturesTest::theCopyIsSmoothed()
+{
+    m_host->addChequeredPicture("fine", {64, 64});
+    start({"fine"});
+    const int grey = QImage(tempPath("fine")).pixelColor(8, 8).red();
+    QVERIFY2(grey > 64 && grey < 192, qPrintable(QString::number(grey)));
 }
 
 void TemporaryPicturesTest::blanksInANameAreRemoved()

@@ -207,7 +207,7 @@ void DesignerPluginTest::makesNothingWhereTheThemeCannotStart()
     const ChildResult child = runChild("no folder", {"TMPDIR=/proc"});
     QCOMPARE(child.status, QProcess::NormalExit);
     QCOMPARE(child.exitCode, 0);
-    QVERIFY2(child.errorOutput.contains("Cannot write to user data folder"),
+    QVERIFY2(child.errorOutput.contains("debug.message.warning: Cannot write to user data folder"),
         qPrintable(child.errorOutput));
 }
 

@@ -9,7 +9,7 @@ struct ChildResult
 {
     QProcess::ExitStatus status = QProcess::CrashExit;
     int exitCode = -1;
-    QString errorOutput;
+    QString errorOutput; ///< messages as "category.level: text"
 };
 
 /// Starts this test program again to run a scenario (see VEMO_TEST_MAIN_WITH_CHILD) and waits for

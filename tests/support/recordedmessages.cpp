@@ -19,14 +19,32 @@ bool isLimitOfThePlatform(const QString &message)
     return message.startsWith(QLatin1String("This plugin does not support "));
 }
 
+/// What is put before a message that is not a warning.
+QLatin1String levelOf(QtMsgType type)
+{
+    switch (type) {
+    case QtDebugMsg:
+        return QLatin1String("debug: ");
+    case QtInfoMsg:
+        return QLatin1String("info: ");
+    case QtWarningMsg:
+        return QLatin1String("");
+    case QtCriticalMsg:
+    case QtFatalMsg:
+        return QLatin1String("critical: ");
+    }
+    Q_UNREACHABLE();
+}
+
 void record(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     if (isLimitOfThePlatform(message))
         return;
-    if (type == QtWarningMsg || type == QtCriticalMsg) {
-        const QString category = QString::fromLatin1(context.category);
-        const bool isOurs = category == QLatin1String("debug.message");
-        texts() += isOurs ? message : category + QLatin1String(": ") + message;
+    const QString category = QString::fromLatin1(context.category);
+    const bool isOurs = category == QLatin1String("debug.message");
+    if (isOurs || type == QtWarningMsg || type == QtCriticalMsg) {
+        const QString origin = isOurs ? QString() : category + QLatin1String(": ");
+        texts() += levelOf(type) + origin + message;
     }
     if (passOn)
         passOn(type, context, message);

@@ -24,6 +24,16 @@ void TestHost::addPicture(const QString &name, const QSize &size, const QColor &
     QVERIFY(picture.save(QStringLiteral("%1/%2.png").arg(pictureFolder(), name)));
 }
 
+void TestHost::addChequeredPicture(const QString &name, const QSize &size) const
+{
+    QImage picture(size, QImage::Format_ARGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            picture.setPixelColor(x, y, (x + y) % 2 == 0 ? Qt::black : Qt::white);
+    }
+    QVERIFY(picture.save(QStringLiteral("%1/%2.png").arg(pictureFolder(), name)));
+}
+
 void TestHost::writeCatalogue(const QStringList &names, const QStringList &tempNames) const
 {
     const QJsonObject catalogue {{QStringLiteral("images"), QJsonArray::fromStringList(names)},

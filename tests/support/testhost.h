@@ -24,6 +24,10 @@ public:
 
     /// Writes a one-colour PNG, its size in artwork pixels (4x), into the picture folder.
     void addPicture(const QString &name, const QSize &size, const QColor &colour) const;
+
+    /// Writes a PNG of black and white pixels side by side: only a copy that was smoothed on the way
+    /// to a quarter of its size is grey.
+    void addChequeredPicture(const QString &name, const QSize &size) const;
     void writeCatalogue(const QStringList &names, const QStringList &tempNames = {}) const;
 
     /// Writes bytes into a file under the resource folder and returns its full path.

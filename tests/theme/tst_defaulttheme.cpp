@@ -89,7 +89,7 @@ void DefaultThemeTest::refusedItRegistersNothing()
     // A name longer than any file system takes.
     const ChildResult child = runChild("enu|/" + QString(300, 'x') + '|');
     QVERIFY2(child.errorOutput.contains("<0||0|no.such.key>"), qPrintable(child.errorOutput));
-    QVERIFY(child.errorOutput.contains("Cannot find path by key \"resource_path\""));
+    QVERIFY(child.errorOutput.contains("debug.message.warning: Cannot find path by key \"resource_path\"\n"));
 }
 
 void DefaultThemeTest::aMissingFolderIsMade()
