@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/linklabel.h>
 
+#include "controls/spokentext_p.h"
+
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QEvent>
-#include <QGuiApplication>
+#include <QPointer>
 #include <QVector>
 
 namespace {
@@ -25,6 +28,31 @@ void removeTopmostHand()
         QGuiApplication::setOverrideCursor(above.takeLast());
 }
 
+/// Notices whether a pop-up opens while it lives.
+class PopupWatch : public QObject
+{
+public:
+    PopupWatch() { qApp->installEventFilter(this); }
+
+    bool hasOpened() const { return m_has_opened; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && watched->isWidgetType())
+            m_has_opened |= static_cast<QWidget *>(watched)->windowType() == Qt::Popup;
+        return false;
+    }
+
+private:
+    bool m_has_opened = false;
+};
+
+bool mayOpenAMenu(QEvent::Type type)
+{
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick
+        || type == QEvent::ContextMenu;
+}
+
 /// Tells assistive tools that a label is a link, and lets them press it.
 class AccessibleLink : public QAccessibleWidget
 {
@@ -34,7 +62,8 @@ public:
     QString text(QAccessible::Text kind) const override
     {
         const QString given = QAccessibleWidget::text(kind);
-        return kind == QAccessible::Name && given.isEmpty() ? label()->text() : given;
+        const bool isUnnamed = kind == QAccessible::Name && given.isEmpty();
+        return isUnnamed ? spoken(label()->text(), label()->textFormat()) : given;
     }
 
     QStringList actionNames() const override { return {pressAction()}; }
@@ -62,9 +91,9 @@ QAccessibleInterface *newAccessibleLink(const QString &className, QObject *objec
 
 LinkLabel::LinkLabel(const QString &text, QLabel *parent) : ClickableLabel(QString(), parent)
 {
-    // Qt keeps a factory only once.
+    // Installing it again is a no-op.
     QAccessible::installFactory(newAccessibleLink);
-    // Not before: at its first text Qt settles what a label is to assistive tools.
+    // Only now: QLabel creates its accessible interface on the first setText().
     setText(text);
 }
 
@@ -75,7 +104,22 @@ LinkLabel::LinkLabel(QWidget *parent) : LinkLabel(QString())
 
 LinkLabel::~LinkLabel()
 {
-    takeHandsBack();
+    // Qt tells a widget that dies under the pointer of no leaving.
+    for (; m_hands > 0; --m_hands)
+        removeTopmostHand();
+}
+
+bool LinkLabel::event(QEvent *event)
+{
+    if (!mayOpenAMenu(event->type()))
+        return ClickableLabel::event(event);
+    const QPointer<LinkLabel> self(this);
+    const PopupWatch popups;
+    const bool isHandled = ClickableLabel::event(event);
+    // A menu can keep the leave event to itself. Without one Qt sends it later.
+    if (self && popups.hasOpened())
+        leaveUnlessUnderPointer();
+    return isHandled;
 }
 
 void LinkLabel::enterEvent(QEvent *event)
@@ -92,42 +136,18 @@ void LinkLabel::enterEvent(QEvent *event)
 void LinkLabel::leaveEvent(QEvent *event)
 {
     if (!isEnabled()) {
-        m_hands_taken_back = 0;
-        // Deliberate: a disabled label takes the leaving for an entering.
+        // Deliberate: a disabled label forwards the leave event as an enter event, and keeps the
+        // cursor that it has set.
         ClickableLabel::enterEvent(event);
         return;
     }
-    // Deliberate: takes a cursor away also where none was set, as on a label that was enabled under
-    // the pointer. Only a hand that is back already is not taken twice.
-    if (m_hands_taken_back > 0) {
-        --m_hands_taken_back;
-    } else {
-        QGuiApplication::restoreOverrideCursor();
-        m_hands = qMax(0, m_hands - 1);
-    }
+    // Deliberate: restores a cursor even if this label has set none, for instance because it was
+    // enabled under the pointer.
+    QGuiApplication::restoreOverrideCursor();
+    m_hands = qMax(0, m_hands - 1);
     if (m_hoverUnderline)
         setUnderlined(false);
     ClickableLabel::leaveEvent(event);
-}
-
-void LinkLabel::showEvent(QShowEvent *event)
-{
-    m_hands_taken_back = 0;
-    ClickableLabel::showEvent(event);
-}
-
-void LinkLabel::hideEvent(QHideEvent *event)
-{
-    // Qt may or may not send a leave event after this one.
-    takeHandsBack();
-    ClickableLabel::hideEvent(event);
-}
-
-void LinkLabel::changeEvent(QEvent *event)
-{
-    if (event->type() == QEvent::EnabledChange && !isEnabled())
-        takeHandsBack();
-    ClickableLabel::changeEvent(event);
 }
 
 void LinkLabel::setUnderlined(bool on)
@@ -137,9 +157,10 @@ void LinkLabel::setUnderlined(bool on)
     setFont(underlined);
 }
 
-void LinkLabel::takeHandsBack()
+void LinkLabel::leaveUnlessUnderPointer()
 {
-    m_hands_taken_back += m_hands;
-    for (; m_hands > 0; --m_hands)
-        removeTopmostHand();
+    if (!underMouse() || rect().contains(mapFromGlobal(QCursor::pos())))
+        return;
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(this, &leave);
 }

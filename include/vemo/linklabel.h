@@ -7,8 +7,10 @@
 /// carries its target. It does not open the target: that is its owner's part. Assistive tools find
 /// a link, and can press it.
 ///
-/// The hand is an override cursor of the application. Should the label be hidden, disabled or
-/// deleted under the pointer, it takes back the hand that it set, and no other cursor.
+/// The hand is an override cursor of the application: an enabled label sets one each time the
+/// pointer enters, and restores the topmost override cursor, whoever set it, each time the pointer
+/// leaves. A label that is disabled under the pointer keeps its hand set until it is enabled and
+/// left, or deleted. Deleting it removes the hands that it set, and no other cursor.
 ///
 /// It has no meta-object of its own: metaObject() is ClickableLabel's, style sheets know it by that
 /// name, and dynamic_cast tells it from one. It needs no resources.
@@ -21,7 +23,7 @@
 class VEMO_EXPORT LinkLabel : public ClickableLabel
 {
 public:
-    /// Deliberate: the parent is declared as a label; it is taken as any widget parent.
+    /// Deliberate: the parameter type is QLabel, although any widget would do.
     explicit LinkLabel(const QString &text, QLabel *parent = nullptr);
     /// Without a text, in any widget.
     explicit LinkLabel(QWidget *parent);
@@ -29,8 +31,8 @@ public:
 
     /// Stores the target, as any text; nothing checks it.
     void setHyperLink(const QString &link) { m_hyperLink = link; }
-    /// The target that was set.
-    QString getHyperLink() const { return m_hyperLink; } ///< empty until set
+    /// The target that was set; empty until then.
+    QString getHyperLink() const { return m_hyperLink; }
 
     /// Whether the text is underlined while the pointer is over it, which it is by default; takes
     /// effect when the pointer next enters.
@@ -39,18 +41,15 @@ public:
     bool hoverUnderline() const { return m_hoverUnderline; }
 
 protected:
+    bool event(QEvent *event) override;
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
     void setUnderlined(bool on);
-    void takeHandsBack();
+    void leaveUnlessUnderPointer();
 
     bool m_hoverUnderline = true;
     QString m_hyperLink;
-    int m_hands = 0; ///< set on entering, not taken away yet
-    int m_hands_taken_back = 0; ///< of those whose leaving is still to come
+    int m_hands = 0; ///< set on entering, not restored yet
 };

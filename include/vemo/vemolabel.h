@@ -5,12 +5,15 @@
 
 #include <QLabel>
 
-/// A text label in the library's look that is as tall as its wrapped text needs.
+/// A text label in the library's look that is at least as tall as its wrapped text needs.
 ///
-/// Turn word wrap on and give it the vertical size policy Minimum: it then follows its width,
-/// taller when narrowed and shorter when widened. With any other policy its minimum height is left
-/// alone. Load the style files before; without the section "component.label" it is a plain label,
-/// with a warning. It belongs to its parent.
+/// Turn word wrap on and give it the vertical size policy Minimum: each resize then sets the
+/// minimum height to what the text needs at the new width, more when narrowed and less when
+/// widened. A new text alone doesn't: after a shorter one the height stays until the next resize.
+/// With any other policy the minimum height is left alone.
+///
+/// Requires: style files; without the section "component.label" it is a plain label, with a
+/// warning. It belongs to its parent.
 ///
 ///     auto *hint = new VemoLabel(tr("Files are kept for 30 days ..."), page);
 ///     hint->setWordWrap(true);

@@ -26,6 +26,8 @@ private Q_SLOTS:
     void stateOfACheckBoxIsAnnounced();
     void linkIsPressedByAssistiveTools();
     void nameOfALinkMayBeGiven();
+    void textOfALinkIsAnnouncedWithoutMarkUp_data();
+    void textOfALinkIsAnnouncedWithoutMarkUp();
 };
 
 namespace {
@@ -125,6 +127,28 @@ void AnnouncementTest::nameOfALinkMayBeGiven()
     LinkLabel link("here");
     link.setAccessibleName("Licence terms");
     QCOMPARE(nameOf(&link), QString("Licence terms"));
+}
+
+void AnnouncementTest::textOfALinkIsAnnouncedWithoutMarkUp_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<Qt::TextFormat>("format");
+    QTest::addColumn<QString>("name");
+    const QString rich = "<b>Licence</b> &amp; terms";
+    QTest::newRow("rich") << rich << Qt::AutoText << "Licence & terms";
+    QTest::newRow("declared rich") << "A &amp; B" << Qt::RichText << "A & B";
+    QTest::newRow("plain") << "1 < 2 &amp; 3" << Qt::AutoText << "1 < 2 &amp; 3";
+    QTest::newRow("declared plain") << rich << Qt::PlainText << rich;
+}
+
+void AnnouncementTest::textOfALinkIsAnnouncedWithoutMarkUp()
+{
+    QFETCH(QString, text);
+    QFETCH(Qt::TextFormat, format);
+    QFETCH(QString, name);
+    LinkLabel link(text);
+    link.setTextFormat(format);
+    QCOMPARE(nameOf(&link), name);
 }
 
 VEMO_TEST_MAIN(AnnouncementTest)

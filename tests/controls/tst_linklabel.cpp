@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/linklabel.h>
 
+#include "support/eventcounter.h"
 #include "support/vemotest.h"
 
-#include <QSignalSpy>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QVBoxLayout>
 
 class LinkLabelTest : public VemoTest
@@ -21,18 +23,21 @@ private Q_SLOTS:
     void otherFontTraitsSurviveTheHover();
     void disabledLabelIgnoresThePointer();
     void disabledLabelTakesLeavingForEntering();
+    void labelThatIsDisabledUnderThePointerKeepsItsHand();
     void leavingTakesACursorAlsoWhereNoneWasSet();
-    void leavesNoHandBehind_data();
-    void leavesNoHandBehind();
-    void leavesCursorsOfOthersInPlace_data();
-    void leavesCursorsOfOthersInPlace();
-    void takesTheHandBackOnlyOnce_data();
-    void takesTheHandBackOnlyOnce();
-    void doesNotTouchAHandThatIsGoneAlready();
-    void entersAfreshAfterItWasHidden();
+    void everyLeaveTakesOneCursor();
+    void itsDeathLeavesNoHandBehind_data();
+    void itsDeathLeavesNoHandBehind();
+    void itsDeathLeavesCursorsOfOthersInPlace();
+    void itsDeathDoesNotTouchAHandThatIsGoneAlready();
     void followsTheRealPointer();
     void endsUnderTheRealPointerWithoutAHand_data();
     void endsUnderTheRealPointerWithoutAHand();
+    void menuOpenedOnItLeavesNoHand_data();
+    void menuOpenedOnItLeavesNoHand();
+    void menuOpenedOnItKeepsTheHandUnderThePointer();
+    void mayBeDeletedUnderItsMenu();
+    void withoutAMenuTheLeavingIsLeftToQt();
 };
 
 namespace {
@@ -42,11 +47,6 @@ using Ending = void (*)(LinkLabel *&label);
 void hideIt(LinkLabel *&label)
 {
     label->hide();
-}
-
-void disableIt(LinkLabel *&label)
-{
-    label->setEnabled(false);
 }
 
 void deleteIt(LinkLabel *&label)
@@ -60,25 +60,18 @@ void hideItsParent(LinkLabel *&label)
     label->parentWidget()->hide();
 }
 
-void disableItsParent(LinkLabel *&label)
+void deleteItsParent(LinkLabel *&label)
 {
-    label->parentWidget()->setEnabled(false);
+    QWidget *parent = label->parentWidget();
+    label->setParent(new QWidget(parent));
+    label->show();
+    delete label->parentWidget();
+    label = nullptr;
 }
 
 void moveItToAnotherParent(LinkLabel *&label)
 {
     label->setParent(label->window());
-}
-
-void endingRows()
-{
-    QTest::addColumn<Ending>("end");
-    QTest::newRow("hidden") << Ending(hideIt);
-    QTest::newRow("disabled") << Ending(disableIt);
-    QTest::newRow("deleted") << Ending(deleteIt);
-    QTest::newRow("parent hidden") << Ending(hideItsParent);
-    QTest::newRow("parent disabled") << Ending(disableItsParent);
-    QTest::newRow("moved to another parent") << Ending(moveItToAnotherParent);
 }
 
 struct Window : QWidget
@@ -95,8 +88,19 @@ struct Window : QWidget
     void pointAtLabel()
     {
         QVERIFY(QTest::qWaitForWindowExposed(this));
-        QTest::mouseMove(windowHandle(), {1, 1});
-        QTest::mouseMove(windowHandle(), label->mapTo(this, label->rect().center()));
+        pointElsewhere();
+        // Again and again, should the window manager move the window meanwhile.
+        const QPoint centre = label->rect().center();
+        int attempt = 0;
+        QTRY_VERIFY((pointAt(*label, centre + QPoint(++attempt % 2, 0)), label->underMouse()));
+    }
+
+    void pointElsewhere() const { pointAt(*this, {1, 1}); }
+
+    static void pointAt(const QWidget &widget, const QPoint &position)
+    {
+        QCursor::setPos(widget.mapToGlobal(position));
+        QCoreApplication::processEvents();
     }
 
     QLabel frame;
@@ -128,9 +132,50 @@ QVector<Qt::CursorShape> takeOverrideCursors()
 
 using Shapes = QVector<Qt::CursorShape>;
 
+using Use = void (*)(LinkLabel &label);
+
+void clickIt(LinkLabel &label)
+{
+    QWindow *window = label.window()->windowHandle();
+    QTest::mouseClick(window, Qt::LeftButton, {}, label.mapTo(label.window(), {50, 20}));
+}
+
+/// Only the second press of a double click: the first would open the menu.
+void doubleClickIt(LinkLabel &label)
+{
+    const QPoint centre = label.rect().center();
+    QMouseEvent event(
+        QEvent::MouseButtonDblClick, centre, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&label, &event);
+}
+
+void askForItsContextMenu(LinkLabel &label)
+{
+    QContextMenuEvent event(QContextMenuEvent::Mouse, label.rect().center());
+    QApplication::sendEvent(&label, &event);
+}
+
+/// Has the label open a menu when it is clicked or asked for its context menu; whileOpen runs in
+/// it before it closes.
+void openOnClickOrRequest(LinkLabel *label, QMenu &menu, const std::function<void()> &whileOpen)
+{
+    const auto open = [label, &menu, whileOpen] {
+        QTimer::singleShot(0, &menu, [&menu, whileOpen] {
+            QVERIFY(menu.isVisible());
+            whileOpen();
+            menu.close();
+        });
+        menu.exec(label->mapToGlobal({0, label->height()}));
+    };
+    label->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(label, &QWidget::customContextMenuRequested, &menu, open);
+    QObject::connect(label, &LinkLabel::clicked, &menu, open);
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(Ending)
+Q_DECLARE_METATYPE(Use)
 
 void LinkLabelTest::startsWithoutLinkAndTakesAnyWidgetAsItsLabelParent()
 {
@@ -164,7 +209,7 @@ void LinkLabelTest::reportsAClickAndOpensNothing()
     QSignalSpy clicks(&label, SIGNAL(clicked()));
     QSignalSpy opened(&label, SIGNAL(linkActivated(QString)));
     label.show();
-    QTest::mousePress(&label, Qt::LeftButton);
+    QTest::mouseClick(&label, Qt::LeftButton);
     QCOMPARE(clicks.count(), 1);
     QCOMPARE(opened.count(), 0);
 }
@@ -241,7 +286,23 @@ void LinkLabelTest::disabledLabelTakesLeavingForEntering()
     QApplication::setOverrideCursor(Qt::WaitCursor);
     leave(&label);
     QVERIFY(label.font().underline());
-    QCOMPARE(takeOverrideCursors(), Shapes({Qt::WaitCursor}));
+    QCOMPARE(takeOverrideCursors(), Shapes({Qt::WaitCursor, Qt::PointingHandCursor}));
+}
+
+void LinkLabelTest::labelThatIsDisabledUnderThePointerKeepsItsHand()
+{
+    LinkLabel label("Licence");
+    enter(&label);
+    label.setEnabled(false);
+    QVERIFY(QApplication::overrideCursor());
+    leave(&label);
+    label.setEnabled(true);
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
+    QVERIFY(label.font().underline());
+    enter(&label);
+    leave(&label);
+    leave(&label);
+    QCOMPARE(takeOverrideCursors(), Shapes());
 }
 
 void LinkLabelTest::leavingTakesACursorAlsoWhereNoneWasSet()
@@ -257,117 +318,171 @@ void LinkLabelTest::leavingTakesACursorAlsoWhereNoneWasSet()
     QCOMPARE(takeOverrideCursors(), Shapes());
 }
 
-void LinkLabelTest::leavesNoHandBehind_data()
+void LinkLabelTest::everyLeaveTakesOneCursor()
 {
-    endingRows();
+    Window window;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    enter(window.label);
+    enter(window.label);
+    leave(window.label);
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
+    window.label->hide();
+    window.label->setEnabled(false);
+    window.label->setEnabled(true);
+    window.label->show();
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
+    leave(window.label);
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    leave(window.label);
+    QCOMPARE(takeOverrideCursors(), Shapes());
 }
 
-void LinkLabelTest::leavesNoHandBehind()
+void LinkLabelTest::itsDeathLeavesNoHandBehind_data()
+{
+    QTest::addColumn<Ending>("end");
+    QTest::addColumn<bool>("isEnabled");
+    QTest::newRow("deleted") << Ending(deleteIt) << true;
+    QTest::newRow("deleted with its parent") << Ending(deleteItsParent) << true;
+    QTest::newRow("disabled, then deleted") << Ending(deleteIt) << false;
+}
+
+void LinkLabelTest::itsDeathLeavesNoHandBehind()
 {
     QFETCH(Ending, end);
+    QFETCH(bool, isEnabled);
     Window window;
     enter(window.label);
+    enter(window.label);
+    window.label->setEnabled(isEnabled);
     QVERIFY(QApplication::overrideCursor());
     end(window.label);
     QCOMPARE(takeOverrideCursors(), Shapes());
 }
 
-void LinkLabelTest::leavesCursorsOfOthersInPlace_data()
+void LinkLabelTest::itsDeathLeavesCursorsOfOthersInPlace()
 {
-    endingRows();
-}
-
-void LinkLabelTest::leavesCursorsOfOthersInPlace()
-{
-    QFETCH(Ending, end);
     Window window;
     QApplication::setOverrideCursor(Qt::PointingHandCursor);
     QApplication::setOverrideCursor(Qt::BusyCursor);
     enter(window.label);
     QApplication::setOverrideCursor(Qt::WaitCursor);
     QApplication::setOverrideCursor(Qt::ForbiddenCursor);
-    end(window.label);
+    delete window.label;
     QCOMPARE(takeOverrideCursors(),
         Shapes({Qt::ForbiddenCursor, Qt::WaitCursor, Qt::BusyCursor, Qt::PointingHandCursor}));
 }
 
-void LinkLabelTest::takesTheHandBackOnlyOnce_data()
-{
-    QTest::addColumn<Ending>("end");
-    QTest::addColumn<bool>("enablesAgain");
-    QTest::newRow("hidden, then left") << Ending(hideIt) << false;
-    QTest::newRow("disabled, enabled, left") << Ending(disableIt) << true;
-}
-
-void LinkLabelTest::takesTheHandBackOnlyOnce()
-{
-    QFETCH(Ending, end);
-    QFETCH(bool, enablesAgain);
-    Window window;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    enter(window.label);
-    end(window.label);
-    if (enablesAgain)
-        window.label->setEnabled(true);
-    leave(window.label);
-    QVERIFY(!window.label->font().underline());
-    QCOMPARE(takeOverrideCursors(), Shapes({Qt::WaitCursor}));
-}
-
-void LinkLabelTest::doesNotTouchAHandThatIsGoneAlready()
+void LinkLabelTest::itsDeathDoesNotTouchAHandThatIsGoneAlready()
 {
     Window window;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     enter(window.label);
     QApplication::restoreOverrideCursor(); // By somebody else.
-    window.label->hide();
+    delete window.label;
     QCOMPARE(takeOverrideCursors(), Shapes({Qt::WaitCursor}));
-}
-
-void LinkLabelTest::entersAfreshAfterItWasHidden()
-{
-    Window window;
-    enter(window.label);
-    window.label->hide();
-    window.label->show();
-    enter(window.label);
-    QVERIFY(QApplication::overrideCursor());
-    leave(window.label);
-    QCOMPARE(takeOverrideCursors(), Shapes());
-    window.label->hide();
-    window.label->show();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    leave(window.label); // Unconditional again.
-    QCOMPARE(takeOverrideCursors(), Shapes());
 }
 
 void LinkLabelTest::followsTheRealPointer()
 {
     Window window;
-    QTRY_VERIFY((window.pointAtLabel(), window.label->font().underline()));
+    window.pointAtLabel();
+    QVERIFY(window.label->font().underline());
     QCOMPARE(QApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
-    QTest::mouseMove(window.windowHandle(), {1, 1});
+    window.pointElsewhere();
     QTRY_VERIFY(!window.label->font().underline());
     QCOMPARE(takeOverrideCursors(), Shapes());
 }
 
 void LinkLabelTest::endsUnderTheRealPointerWithoutAHand_data()
 {
-    endingRows();
+    QTest::addColumn<Ending>("end");
+    QTest::newRow("hidden") << Ending(hideIt);
+    QTest::newRow("parent hidden") << Ending(hideItsParent);
+    QTest::newRow("moved to another parent") << Ending(moveItToAnotherParent);
+    QTest::newRow("deleted") << Ending(deleteIt);
 }
 
 void LinkLabelTest::endsUnderTheRealPointerWithoutAHand()
 {
     QFETCH(Ending, end);
     Window window;
-    QTRY_VERIFY((window.pointAtLabel(), window.label->font().underline()));
     QApplication::setOverrideCursor(Qt::WaitCursor);
+    window.pointAtLabel();
     end(window.label);
     // Whatever Qt has to say about it, now and when the pointer moves on.
     QCoreApplication::processEvents();
-    QTest::mouseMove(window.windowHandle(), {1, 1});
-    QCoreApplication::processEvents();
+    window.pointElsewhere();
     QCOMPARE(takeOverrideCursors(), Shapes({Qt::WaitCursor}));
+}
+
+void LinkLabelTest::menuOpenedOnItLeavesNoHand_data()
+{
+    QTest::addColumn<Use>("use");
+    QTest::newRow("by a click") << Use(clickIt);
+    QTest::newRow("by a double click") << Use(doubleClickIt);
+    QTest::newRow("as a context menu") << Use(askForItsContextMenu);
+}
+
+void LinkLabelTest::menuOpenedOnItLeavesNoHand()
+{
+    QFETCH(Use, use);
+    Window window;
+    QMenu menu;
+    menu.addAction("Copy link");
+    openOnClickOrRequest(window.label, menu, [&] { window.pointElsewhere(); });
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    for (int time = 1; time <= 3; ++time) {
+        window.pointAtLabel();
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
+        use(*window.label);
+        QTRY_VERIFY(!window.label->font().underline());
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+    window.pointElsewhere();
+    QCOMPARE(takeOverrideCursors(), Shapes({Qt::WaitCursor}));
+}
+
+void LinkLabelTest::menuOpenedOnItKeepsTheHandUnderThePointer()
+{
+    Window window;
+    QMenu menu;
+    menu.addAction("Copy link");
+    openOnClickOrRequest(window.label, menu, [] {});
+    window.pointAtLabel();
+    clickIt(*window.label);
+    QTRY_VERIFY(window.label->font().underline());
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
+    window.pointElsewhere();
+    QTRY_COMPARE(takeOverrideCursors(), Shapes());
+}
+
+void LinkLabelTest::mayBeDeletedUnderItsMenu()
+{
+    Window window;
+    QMenu menu;
+    menu.addAction("Copy link");
+    openOnClickOrRequest(window.label, menu, [&] { deleteIt(window.label); });
+    window.pointAtLabel();
+    clickIt(*window.label);
+    QVERIFY(!window.label);
+    QCOMPARE(takeOverrideCursors(), Shapes());
+}
+
+void LinkLabelTest::withoutAMenuTheLeavingIsLeftToQt()
+{
+    Window window;
+    window.pointAtLabel();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    // A slot that takes its time: the pointer has gone, and Qt hasn't got round to it.
+    const QPoint outside = window.mapToGlobal({1, 1});
+    connect(window.label, &LinkLabel::clicked, this, [outside] { QCursor::setPos(outside); });
+    const EventCounter leaves(window.label, QEvent::Leave);
+    QTest::mousePress(window.label, Qt::LeftButton);
+    QCOMPARE(leaves.count(), 0);
+    QTest::mouseRelease(window.label, Qt::LeftButton);
+    Window::pointAt(window, {3, 3});
+    QTRY_COMPARE(leaves.count(), 1);
+    QCOMPARE(takeOverrideCursors(), Shapes({Qt::PointingHandCursor}));
 }
 
 VEMO_TEST_MAIN(LinkLabelTest)

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void hasNoMetaObjectOfItsOwn();
     void isAsTallAsItsWrappedTextNeeds();
     void shrinksAgainWhenWidened();
+    void shorterTextShrinksItAtTheNextResize();
     void leavesTheMinimumHeightAlone_data();
     void leavesTheMinimumHeightAlone();
     void wrappedPictureGivesNoNegativeHeight();
@@ -91,6 +92,20 @@ void VemoLabelTest::shrinksAgainWhenWidened()
     label.resize(1000, label.height());
     QVERIFY(label.minimumHeight() < narrow);
     QCOMPARE(label.minimumHeight(), neededHeight(kLongText, 1000));
+}
+
+void VemoLabelTest::shorterTextShrinksItAtTheNextResize()
+{
+    VemoLabel label(kLongText);
+    makeGrowing(label);
+    label.resize(120, 10);
+    label.show();
+    const int tall = label.minimumHeight();
+    label.setText("Short.");
+    QCoreApplication::processEvents();
+    QCOMPARE(label.minimumHeight(), tall);
+    label.resize(121, label.height());
+    QCOMPARE(label.minimumHeight(), neededHeight("Short.", 121));
 }
 
 void VemoLabelTest::leavesTheMinimumHeightAlone_data()
