@@ -87,8 +87,8 @@ void VemoInputSheetPrivate::changeText(const QString &text)
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignTop);
     label->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum);
-    q->setAccessibleName(spoken(text));
-    lineEdit->setAccessibleName(spoken(text));
+    q->setAccessibleName(spoken(text, Qt::RichText));
+    lineEdit->setAccessibleName(q->accessibleName());
 }
 
 void VemoInputSheetPrivate::layOut()

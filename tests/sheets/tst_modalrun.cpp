@@ -74,6 +74,8 @@ private Q_SLOTS:
     void newerSheetTakesTheKeys();
     void textsAreSpoken_data();
     void textsAreSpoken();
+    void promptIsSpokenAsItIsShown_data();
+    void promptIsSpokenAsItIsShown();
 
 private:
     static void kinds();
@@ -321,12 +323,34 @@ void ModalRunTest::textsAreSpoken()
     QFETCH(const QString, spoken);
     QWidget window;
     VemoMessageSheet message(VemoMessageSheet::Warning, text, text, &window);
-    VemoInputSheet input(text, &window);
     QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&message);
     QCOMPARE(accessible->role(), QAccessible::Dialog);
     QCOMPARE(accessible->text(QAccessible::Name), spoken);
     QCOMPARE(accessible->text(QAccessible::Description), spoken);
-    accessible = QAccessible::queryAccessibleInterface(&input);
+}
+
+void ModalRunTest::promptIsSpokenAsItIsShown_data()
+{
+    QTest::addColumn<QString>("prompt");
+    QTest::addColumn<QString>("spoken");
+    const QString name = "A & B <draft>";
+    QTest::newRow("plain") << "New name"
+                           << "New name";
+    QTest::newRow("none") << QString() << QString();
+    QTest::newRow("escaped") << name.toHtmlEscaped() << name;
+    QTest::newRow("entity alone") << "A &amp; B"
+                                  << "A & B";
+    QTest::newRow("mark-up") << "<b>New</b> name"
+                             << "New name";
+}
+
+void ModalRunTest::promptIsSpokenAsItIsShown()
+{
+    QFETCH(const QString, prompt);
+    QFETCH(const QString, spoken);
+    QWidget window;
+    VemoInputSheet input(prompt, &window); // A prompt is always shown as rich text.
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&input);
     QCOMPARE(accessible->role(), QAccessible::Dialog);
     QCOMPARE(accessible->text(QAccessible::Name), spoken);
     QCOMPARE(input.getLineEdit()->accessibleName(), spoken);
