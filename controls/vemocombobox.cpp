@@ -60,10 +60,12 @@ private:
 VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
 {
     setStyleSheet(comboBoxStyle());
-    // The rows of Qt's own delegate don't follow the style sheet. The view doesn't own it.
+    // The rows of Qt's own delegate don't follow the style sheet.
     auto *delegate = new QStyledItemDelegate;
     view()->setItemDelegate(delegate);
-    delegate->setParent(this);
+    // Deliberate: it has no parent, and a view doesn't own its delegate. Another delegate may have
+    // replaced it, and deleted it, by then.
+    connect(this, &QObject::destroyed, delegate, [delegate] { delete delegate; });
     paintPopupOnce(this);
     new PlaceBeforeShown(*this, view()->parentWidget());
 }

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void paddingKeepsItsFraction();
     void rowsFollowTheStyleSheet();
     void delegateDiesWithTheBox();
+    void delegateHasNoParent();
     void ownDelegateMayReplaceIt();
     void openingGivesUpTheFocus();
     void listOpensTwoPixelsBelowAtTheLeft_data();
@@ -104,6 +105,12 @@ void VemoComboBoxTest::delegateDiesWithTheBox()
     QVERIFY(delegate.isNull());
 }
 
+void VemoComboBoxTest::delegateHasNoParent()
+{
+    const VemoComboBox box;
+    QVERIFY(!box.view()->itemDelegate()->parent());
+}
+
 void VemoComboBoxTest::ownDelegateMayReplaceIt()
 {
     Box box;
@@ -125,7 +132,9 @@ void VemoComboBoxTest::openingGivesUpTheFocus()
     QVERIFY(QTest::qWaitForWindowActive(&window));
     box.setFocus();
     QVERIFY(box.hasFocus());
+    const EventCounter before(&box, QEvent::FocusOut, [&box] { return !box.popup()->isVisible(); });
     box.showPopup();
+    QCOMPARE(before.count(), 1); // The list is not there yet.
     QVERIFY(window.focusWidget() != &box);
     box.hidePopup();
     QVERIFY(!box.hasFocus());
