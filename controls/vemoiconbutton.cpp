@@ -5,7 +5,8 @@
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
 
-#include <QEvent>
+#include <QMouseEvent>
+#include <QPointer>
 
 namespace {
 
@@ -84,7 +85,12 @@ void VemoIconButton::mousePressEvent(QMouseEvent *event)
 {
     if (isEnabled())
         showIcon(m_pressIcon);
+    const bool opensMenu = event->button() == Qt::LeftButton && (menu() || !actions().isEmpty());
+    const QPointer<VemoIconButton> self(this);
     QToolButton::mousePressEvent(event);
+    // The button's menu has run until here and has kept the release to itself.
+    if (opensMenu && self && isEnabled() && !isDown())
+        applyNormalStyle();
 }
 
 void VemoIconButton::mouseReleaseEvent(QMouseEvent *event)

@@ -9,9 +9,10 @@
 /// A tool button that is only a picture, with one each for rest, hover, press and disabled.
 ///
 /// The pictures come from the catalogue by one name, or one by one from the host. A menu set on the
-/// button opens on press and stays its owner's. Each time it is shown, enabled or disabled, the
-/// button goes back to the picture of rest, or to that of disabled. It is made without a parent:
-/// the layout that it is put into gives it one.
+/// button opens on press and stays its owner's; once it is closed the button shows the picture of
+/// rest. Each time it is shown, enabled or disabled, the button goes back to the picture of rest,
+/// or to that of disabled. It is made without a parent: the layout that it is put into gives it
+/// one.
 ///
 /// Initialise the catalogue and load the style files before: an unknown name leaves the button
 /// empty, a missing section "component.icon_button" without its look, with warnings.

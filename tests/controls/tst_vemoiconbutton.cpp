@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemoiconbutton.h>
 
+#include "support/eventcounter.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
 #include <vemo/stylemanager.h>
 
 #include <QMenu>
+#include <QPointer>
 
 class VemoIconButtonTest : public VemoTest
 {
@@ -33,7 +35,16 @@ private Q_SLOTS:
     void looksCanBeForcedFromOutside();
     void newNameReplacesAllPictures();
     void pictureIsSetBeforeTheButtonReports();
+    void everyMouseButtonShowsThePressedPicture_data();
+    void everyMouseButtonShowsThePressedPicture();
+    void otherChangesKeepThePicture_data();
+    void otherChangesKeepThePicture();
+    void baseStillActsOnEnterLeaveAndDisabling();
     void menuOpensOnPress();
+    void pressedPictureGoesWithTheMenu_data();
+    void pressedPictureGoesWithTheMenu();
+    void pressedPictureStaysWithoutAMenuOfItsOwn();
+    void mayBeDeletedOrDisabledUnderItsMenu();
     void nullPictureAndUnknownNameAreBlank();
 
 private:
@@ -78,6 +89,16 @@ struct Button : VemoIconButton
     explicit Button(const QString &name = "four") : VemoIconButton(name) { show(); }
     explicit Button(const QPixmap &picture) : VemoIconButton(picture) { show(); }
 };
+
+/// Runs action once the menu is open, then closes the menu.
+void whileOpen(QMenu &menu, const std::function<void()> &action)
+{
+    QTimer::singleShot(0, &menu, [&menu, action] {
+        QVERIFY(menu.isVisible());
+        action();
+        menu.close();
+    });
+}
 
 const QString kNoHover = "Cannot load pixmap \"normal\" with type 1 [use default icon]";
 const QString kNoClick = "Cannot load pixmap \"normal\" with type 2 [use default icon]";
@@ -167,6 +188,8 @@ void VemoIconButtonTest::givenPictureShowsInEveryState()
     QCOMPARE(look(button), kOther);
     QTest::mouseRelease(&button, Qt::LeftButton);
     QCOMPARE(look(button), kOther);
+    button.setEnabled(false);
+    QCOMPARE(button.icon().pixmap(24).toImage().pixelColor(5, 5), kOther);
 }
 
 void VemoIconButtonTest::pointerPressAndReleaseChangeThePicture()
@@ -330,6 +353,71 @@ void VemoIconButtonTest::pictureIsSetBeforeTheButtonReports()
     QCOMPARE(clicked, kNormal);
 }
 
+void VemoIconButtonTest::everyMouseButtonShowsThePressedPicture_data()
+{
+    QTest::addColumn<int>("mouseButton");
+    QTest::newRow("left") << int(Qt::LeftButton);
+    QTest::newRow("right") << int(Qt::RightButton);
+    QTest::newRow("middle") << int(Qt::MiddleButton);
+    QTest::newRow("back") << int(Qt::BackButton);
+}
+
+void VemoIconButtonTest::everyMouseButtonShowsThePressedPicture()
+{
+    QFETCH(int, mouseButton);
+    Button button;
+    QMenu menu; // Only the left button opens it.
+    menu.addAction("Rename");
+    if (mouseButton != Qt::LeftButton)
+        button.setMenu(&menu);
+    send(button, QEvent::Enter);
+    QTest::mousePress(&button, Qt::MouseButton(mouseButton));
+    QCOMPARE(look(button), kClick);
+    QTest::mouseRelease(&button, Qt::MouseButton(mouseButton));
+    QCOMPARE(look(button), kNormal);
+}
+
+void VemoIconButtonTest::otherChangesKeepThePicture_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("style") << int(QEvent::StyleChange);
+    QTest::newRow("font") << int(QEvent::FontChange);
+    QTest::newRow("palette") << int(QEvent::PaletteChange);
+    QTest::newRow("language") << int(QEvent::LanguageChange);
+    QTest::newRow("activation") << int(QEvent::ActivationChange);
+}
+
+void VemoIconButtonTest::otherChangesKeepThePicture()
+{
+    QFETCH(int, type);
+    Button button;
+    send(button, QEvent::Enter);
+    send(button, QEvent::Type(type));
+    QCOMPARE(look(button), kHover);
+}
+
+void VemoIconButtonTest::baseStillActsOnEnterLeaveAndDisabling()
+{
+    Button button;
+    QAction action("Refresh");
+    action.setIcon(filled(kOther));
+    button.setDefaultAction(&action);
+    QSignalSpy hovers(&action, SIGNAL(hovered()));
+    send(button, QEvent::Enter);
+    QCOMPARE(hovers.count(), 1);
+
+    button.setDown(true);
+    button.setEnabled(false);
+    QVERIFY(!button.isDown());
+
+    // A disabled button has no picture to set: only an auto-raising base paints it.
+    button.setAutoRaise(true);
+    QCoreApplication::processEvents();
+    const EventCounter paints(&button, QEvent::Paint);
+    send(button, QEvent::Leave);
+    QTRY_COMPARE(paints.count(), 1);
+}
+
 void VemoIconButtonTest::menuOpensOnPress()
 {
     Button button;
@@ -337,14 +425,71 @@ void VemoIconButtonTest::menuOpensOnPress()
     menu.addAction("Rename");
     button.setMenu(&menu);
     bool wasOpen = false;
-    connect(&menu, &QMenu::aboutToShow, &menu, [&] {
-        QTimer::singleShot(0, &menu, [&] {
-            wasOpen = menu.isVisible();
-            menu.close();
-        });
-    });
+    whileOpen(menu, [&] { wasOpen = true; });
     QTest::mousePress(&button, Qt::LeftButton);
     QVERIFY(wasOpen);
+}
+
+void VemoIconButtonTest::pressedPictureGoesWithTheMenu_data()
+{
+    QTest::addColumn<bool>("hasActionsOnly");
+    QTest::newRow("its menu") << false;
+    QTest::newRow("a menu of its own actions") << true;
+}
+
+void VemoIconButtonTest::pressedPictureGoesWithTheMenu()
+{
+    QFETCH(bool, hasActionsOnly);
+    Button button;
+    QMenu menu;
+    QAction rename("Rename");
+    menu.addAction(&rename);
+    if (hasActionsOnly)
+        button.addAction(&rename);
+    else
+        button.setMenu(&menu);
+    QColor whileOpen;
+    QTimer::singleShot(0, &button, [&] {
+        whileOpen = look(button);
+        QApplication::activePopupWidget()->close();
+    });
+    QTest::mousePress(&button, Qt::LeftButton);
+    QCOMPARE(whileOpen, kClick);
+    QCOMPARE(look(button), kNormal); // The menu has kept the release.
+}
+
+void VemoIconButtonTest::pressedPictureStaysWithoutAMenuOfItsOwn()
+{
+    Button button;
+    QMenu menu;
+    menu.addAction("Rename");
+    connect(&button, &QToolButton::pressed, &menu, [&] {
+        whileOpen(menu, [] {});
+        menu.exec();
+    });
+    QTest::mousePress(&button, Qt::LeftButton);
+    QCOMPARE(look(button), kClick);
+    QTest::mouseRelease(&button, Qt::LeftButton);
+    QCOMPARE(look(button), kNormal);
+}
+
+void VemoIconButtonTest::mayBeDeletedOrDisabledUnderItsMenu()
+{
+    QMenu menu;
+    menu.addAction("Rename");
+    Button disabled;
+    disabled.setMenu(&menu);
+    whileOpen(menu, [&] { disabled.setEnabled(false); });
+    QTest::mousePress(&disabled, Qt::LeftButton);
+    QCOMPARE(look(disabled), kDisable);
+
+    QPointer<Button> deleted(new Button);
+    deleted->setMenu(&menu);
+    whileOpen(menu, [&] { delete deleted; });
+    QMouseEvent press(
+        QEvent::MouseButtonPress, {5, 5}, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(deleted, &press);
+    QVERIFY(!deleted);
 }
 
 void VemoIconButtonTest::nullPictureAndUnknownNameAreBlank()
