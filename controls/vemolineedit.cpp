@@ -6,6 +6,7 @@
 
 #include <vemo/stylemanager.h>
 
+#include <QAccessible>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -24,6 +25,28 @@ template <typename Part> Part *styled(const char *key)
 
 constexpr const char *kLabelKey = "component.lineedit_label";
 
+/// A label's text as assistive tools say it: without mark-up, and without the sign of a mnemonic.
+QString spokenText(QLabel *label)
+{
+    if (label->text().isEmpty())
+        return {};
+    return QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name);
+}
+
+/// The text of the label that has the widget as its buddy, as in a form.
+QString textOfBuddyLabel(const QWidget &widget)
+{
+    if (!widget.parentWidget())
+        return {};
+    const auto siblings =
+        widget.parentWidget()->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QLabel *label : siblings) {
+        if (label->buddy() == &widget)
+            return spokenText(label);
+    }
+    return {};
+}
+
 } // namespace
 
 VemoLineEdit::VemoLineEdit(QWidget *parent)
@@ -39,6 +62,10 @@ VemoLineEdit::VemoLineEdit(QWidget *parent)
     m_layout->addWidget(m_line_edit);
     m_layout->addWidget(m_post_label);
     palePlaceholder(m_line_edit);
+    m_line_edit->installEventFilter(this);
+    // In this order: a label's mnemonic asks its buddy itself for a policy, not the proxy.
+    setFocusPolicy(m_line_edit->focusPolicy());
+    setFocusProxy(m_line_edit);
 }
 
 QString VemoLineEdit::getEditText() const
@@ -121,10 +148,23 @@ bool VemoLineEdit::event(QEvent *event)
     return QWidget::event(event);
 }
 
+bool VemoLineEdit::eventFilter(QObject *watched, QEvent *event)
+{
+    // A label of a form asks its own window for a new layout, so look once more before the field
+    // is announced.
+    if (watched == m_line_edit && event->type() == QEvent::FocusIn)
+        announceCaption();
+    return QWidget::eventFilter(watched, event);
+}
+
 void VemoLineEdit::announceCaption()
 {
     if (m_line_edit->accessibleName() != m_announced)
         return; // The host has named it.
-    m_announced = m_pre_label->text();
+    m_announced = accessibleName();
+    if (m_announced.isEmpty())
+        m_announced = spokenText(m_pre_label);
+    if (m_announced.isEmpty())
+        m_announced = textOfBuddyLabel(*this);
     m_line_edit->setAccessibleName(m_announced);
 }

@@ -68,6 +68,7 @@ LineEditSnapshot::LineEditSnapshot(const QString &text, QStyle::State state) : m
 {
     QLineEdit *field = getLineEdit();
     freeze(field);
+    setFocusPolicy(Qt::NoFocus);
     field->setText(text);
     field->installEventFilter(this);
 }

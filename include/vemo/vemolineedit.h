@@ -12,10 +12,13 @@ class QLineEdit;
 /// A text field between two labels (a caption before it, a unit or hint after it), with an error
 /// state for the style sheet to show and a check of the text that the host may supply.
 ///
-/// Checking and showing are apart: validate() never changes the look, setError() does. Load the
-/// style files before; a missing section ("component.lineedit", "component.lineedit_label") leaves
-/// its part plain, with a warning. The parts belong to the widget. It has no signals: connect to
-/// those of getLineEdit().
+/// Checking and showing are apart: validate() never changes the look, setError() does. The keyboard
+/// focus goes to the field: setFocus(), Tab and the mnemonic of a label whose buddy the widget is
+/// (as in a QFormLayout) all end there. The parts belong to the widget. It has no signals: connect
+/// to those of getLineEdit().
+///
+/// Requires: style files; a missing section ("component.lineedit", "component.lineedit_label")
+/// leaves its part plain, with a warning.
 ///
 ///     auto *days = new VemoLineEdit(page);
 ///     days->getPreLabel()->setText(tr("Keep for"));
@@ -40,8 +43,9 @@ public:
     /// Sets the text of the field.
     void setEditText(const QString &text);
 
-    /// The field. Unless the host names it for assistive tools, it is announced under the text of
-    /// the label before it.
+    /// The field. Unless the host names it for assistive tools, its name is the first of these that
+    /// is not empty: the accessible name of this widget, the text of the label before the field,
+    /// the text of the label whose buddy this widget is. Mark-up and mnemonics are left out.
     QLineEdit *getLineEdit() const { return m_line_edit; }
 
     /// The label before the field. Both labels start empty, and empty still take their place.
@@ -72,6 +76,7 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void announceCaption();

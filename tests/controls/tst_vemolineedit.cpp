@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemolineedit.h>
 
+#include "support/eventcounter.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
 #include <vemo/stylemanager.h>
 
 #include <QAccessible>
+#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -34,8 +36,16 @@ private Q_SLOTS:
     void errorShowsInTheLookAndGoesAgain();
     void errorIsADynamicPropertyOfTheField();
     void marginsAndSpacingAreScaledAndTruncated();
+    void errorIsPaintedAtOnce();
+    void fieldIsAnnouncedUnderItsCaption_data();
     void fieldIsAnnouncedUnderItsCaption();
+    void newCaptionIsAnnouncedOnceItIsShown();
+    void formLabelNamesAFieldWithoutCaption();
     void namedFieldKeepsItsName();
+    void nameOfTheWholeIsThatOfTheField();
+    void focusGoesToTheField();
+    void mnemonicOfAFormLabelGoesToTheField();
+    void tabStopsAtEachFieldOnce();
 };
 
 namespace {
@@ -59,6 +69,20 @@ QColor borderOf(VemoLineEdit &edit)
 {
     QLineEdit *field = edit.getLineEdit();
     return pixelAt(field, {field->width() / 2, 0});
+}
+
+/// What assistive tools say of the field.
+QString nameOf(const VemoLineEdit &edit)
+{
+    QCoreApplication::processEvents();
+    return QAccessible::queryAccessibleInterface(edit.getLineEdit())->text(QAccessible::Name);
+}
+
+void activate(QWidget &window)
+{
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
 }
 
 /// The value of this screen: at a factor of 1, 1.25 or 1.5.
@@ -263,21 +287,74 @@ void VemoLineEditTest::marginsAndSpacingAreScaledAndTruncated()
     QCOMPARE(edit.layout()->spacing(), byFactor(5, 6, 7));
 }
 
-void VemoLineEditTest::fieldIsAnnouncedUnderItsCaption()
+void VemoLineEditTest::errorIsPaintedAtOnce()
 {
     VemoLineEdit edit;
-    const auto name = [&] {
+    edit.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&edit));
+    // The second one changes nothing, and is painted all the same.
+    for (int time = 1; time <= 2; ++time) {
         QCoreApplication::processEvents();
-        return QAccessible::queryAccessibleInterface(edit.getLineEdit())->text(QAccessible::Name);
-    };
-    QCOMPARE(name(), QString());
+        const EventCounter paints(edit.getLineEdit(), QEvent::Paint);
+        edit.setError(true);
+        QTRY_COMPARE(paints.count(), 1);
+    }
+}
+
+void VemoLineEditTest::fieldIsAnnouncedUnderItsCaption_data()
+{
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<bool>("hasMnemonic");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("none") << QString() << false << QString();
+    QTest::newRow("plain") << "Keep for" << false << "Keep for";
+    QTest::newRow("ampersand") << "Keep & copy" << false << "Keep & copy";
+    QTest::newRow("mnemonic") << "&Name" << true << "Name";
+    QTest::newRow("mnemonic and ampersand") << "&Keep && copy" << true << "Keep & copy";
+    QTest::newRow("mark-up") << "<b>Name</b> &amp; kind" << false << "Name & kind";
+}
+
+void VemoLineEditTest::fieldIsAnnouncedUnderItsCaption()
+{
+    QFETCH(QString, caption);
+    QFETCH(bool, hasMnemonic);
+    QFETCH(QString, name);
+    VemoLineEdit edit;
+    edit.getPreLabel()->setText(caption);
+    if (hasMnemonic)
+        edit.getPreLabel()->setBuddy(edit.getLineEdit());
+    edit.show();
+    QCOMPARE(nameOf(edit), name);
+}
+
+void VemoLineEditTest::newCaptionIsAnnouncedOnceItIsShown()
+{
+    VemoLineEdit edit;
+    QCOMPARE(nameOf(edit), QString());
     edit.getPreLabel()->setText("Keep for");
     edit.show();
-    QCOMPARE(name(), QString("Keep for"));
-    edit.getPreLabel()->setText("Keep & copy");
-    QCOMPARE(name(), QString("Keep & copy"));
+    QCOMPARE(nameOf(edit), QString("Keep for"));
+    edit.getPreLabel()->setText("Throw away after");
+    QCOMPARE(nameOf(edit), QString("Throw away after"));
     edit.getPreLabel()->clear();
-    QCOMPARE(name(), QString());
+    QCOMPARE(nameOf(edit), QString());
+}
+
+void VemoLineEditTest::formLabelNamesAFieldWithoutCaption()
+{
+    QWidget window;
+    auto *form = new QFormLayout(&window);
+    auto *edit = new VemoLineEdit;
+    form->addRow("&Name", edit);
+    window.show();
+    QCOMPARE(nameOf(*edit), QString("Name"));
+    edit->getPreLabel()->setText("Last");
+    QCOMPARE(nameOf(*edit), QString("Last"));
+    edit->getPreLabel()->clear();
+    auto *label = static_cast<QLabel *>(form->labelForField(edit));
+    label->setText("<i>Family</i> name");
+    edit->setFocus(); // It is announced now, so it is looked up now.
+    QCOMPARE(nameOf(*edit), QString("Family name"));
 }
 
 void VemoLineEditTest::namedFieldKeepsItsName()
@@ -288,6 +365,65 @@ void VemoLineEditTest::namedFieldKeepsItsName()
     edit.show();
     QCoreApplication::processEvents();
     QCOMPARE(edit.getLineEdit()->accessibleName(), QString("Days until deletion"));
+}
+
+void VemoLineEditTest::nameOfTheWholeIsThatOfTheField()
+{
+    VemoLineEdit edit;
+    edit.setAccessibleName("Days until deletion");
+    edit.getPreLabel()->setText("Keep for");
+    edit.show();
+    QCOMPARE(nameOf(edit), QString("Days until deletion"));
+}
+
+void VemoLineEditTest::focusGoesToTheField()
+{
+    QWidget window;
+    VemoLineEdit edit(&window);
+    QCOMPARE(edit.focusPolicy(), Qt::StrongFocus);
+    QCOMPARE(edit.getLineEdit()->focusPolicy(), Qt::StrongFocus);
+    activate(window);
+    edit.setFocus();
+    QVERIFY(edit.getLineEdit()->hasFocus());
+    QTest::keyClicks(QApplication::focusWidget(), "30");
+    QCOMPARE(edit.getEditText(), QString("30"));
+}
+
+void VemoLineEditTest::mnemonicOfAFormLabelGoesToTheField()
+{
+    QWidget window;
+    auto *form = new QFormLayout(&window);
+    auto *first = new VemoLineEdit;
+    auto *second = new VemoLineEdit;
+    form->addRow("&First", first);
+    form->addRow("&Second", second);
+    activate(window);
+    QVERIFY(first->getLineEdit()->hasFocus());
+    QTest::keyClick(window.windowHandle(), Qt::Key_S, Qt::AltModifier);
+    QVERIFY(second->getLineEdit()->hasFocus());
+}
+
+void VemoLineEditTest::tabStopsAtEachFieldOnce()
+{
+    QWidget window;
+    auto *column = new QVBoxLayout(&window);
+    VemoLineEdit edits[3];
+    for (VemoLineEdit &edit : edits)
+        column->addWidget(&edit);
+    QWidget::setTabOrder(&edits[2], &edits[1]);
+    QWidget::setTabOrder(&edits[1], &edits[0]);
+    activate(window);
+    edits[2].setFocus();
+    for (const int next : {1, 0, 2}) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), edits[next].getLineEdit());
+    }
+    for (const int previous : {0, 1, 2}) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget(), edits[previous].getLineEdit());
+    }
+    for (VemoLineEdit &edit : edits)
+        edit.setParent(nullptr);
 }
 
 VEMO_TEST_MAIN(VemoLineEditTest)
