@@ -39,9 +39,11 @@ private:
 };
 
 /// The visible widgets under root, itself included, that can take the keyboard focus and are not
-/// excluded: each before its children, siblings in the order in which they were added. Empty for a
-/// root that is null or hidden; a hidden widget hides all that is under it. Only the focus policy
-/// counts, so disabled widgets are listed, too. Nothing has to be initialised before.
+/// excluded: each before its children, siblings in the order of QObject::children(). That is the
+/// order in which they were added until raise(), lower() or stackUnder() moves one.
+///
+/// Empty for a root that is null or hidden; a hidden widget hides all that is under it. Only the
+/// focus policy counts, so disabled widgets are listed, too. Nothing has to be initialised first.
 ///
 ///     const QList<QWidget *> order = accessibleList(window, QList<QWidget *>{ closeButton });
 VEMO_EXPORT QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded);

@@ -37,6 +37,11 @@ namespace {
 
 using Widgets = QList<QWidget *>;
 
+// Deliberate: lists and filters are taken by value.
+constexpr Widgets (*kByList)(QWidget *, Widgets) = accessibleList;
+constexpr Widgets (*kByFilter)(QWidget *, AccessibleFilter) = accessibleList;
+constexpr void (*kAdjust)(Qt::FocusPolicy, Widgets) = adjustFocusPolicy;
+
 /// A focusable group with two fields in it, a plain label and a last field, all visible.
 struct Form : QWidget
 {
@@ -155,8 +160,8 @@ void AccessibleFilterTest::recordCopiesAndMoves()
 void AccessibleFilterTest::listsFocusableWidgetsParentsFirst()
 {
     Form form;
-    QCOMPARE(accessibleList(&form, Widgets()),
-        Widgets({&form.group, &form.first, &form.second, &form.last}));
+    QCOMPARE(
+        kByList(&form, Widgets()), Widgets({&form.group, &form.first, &form.second, &form.last}));
     form.setFocusPolicy(Qt::ClickFocus);
     form.group.raise(); // Raising makes it the last child.
     QCOMPARE(accessibleList(&form, Widgets()),
@@ -192,7 +197,7 @@ void AccessibleFilterTest::excludedWidgetIsLeftOutButNotItsChildren()
 void AccessibleFilterTest::defaultFilterListsEveryVisibleWidget()
 {
     Form form;
-    QCOMPARE(accessibleList(&form, AccessibleFilter()),
+    QCOMPARE(kByFilter(&form, AccessibleFilter()),
         Widgets({&form, &form.group, &form.first, &form.second, &form.plain, &form.last}));
 }
 
@@ -261,7 +266,7 @@ void AccessibleFilterTest::visibleChildWindowBelongsToTheList()
 void AccessibleFilterTest::adjustSetsThePolicyOfEachWidget()
 {
     Form form;
-    adjustFocusPolicy(Qt::WheelFocus, {});
+    kAdjust(Qt::WheelFocus, {});
     QCOMPARE(form.group.focusPolicy(), Qt::TabFocus);
     adjustFocusPolicy(Qt::NoFocus, {&form.group, nullptr, &form.last, &form.group});
     QCOMPARE(form.group.focusPolicy(), Qt::NoFocus);
