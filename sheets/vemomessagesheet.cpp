@@ -65,8 +65,9 @@ int VemoMessageSheet::exec()
         m_d->takeFocus();
     if (!self)
         return 0;
-    if (m_d->type == Processing && m_d->movie && m_d->movie->isValid())
-        m_d->movie->start();
+    QMovie *movie = m_d->type == Processing ? m_d->iconLabel->movie() : nullptr;
+    if (movie && movie->isValid())
+        movie->start();
     return m_d->run.exec();
 }
 
@@ -78,6 +79,11 @@ void VemoMessageSheet::showSheet()
 QAbstractButton *VemoMessageSheet::button(QMessageBox::StandardButton which) const
 {
     return m_d->button(static_cast<QDialogButtonBox::StandardButton>(which));
+}
+
+QMovie *VemoMessageSheet::movie() const
+{
+    return m_d->movie;
 }
 
 void VemoMessageSheet::setText(const QString &text)

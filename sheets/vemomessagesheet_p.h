@@ -71,7 +71,7 @@ public:
     QList<QWidget *> focusList; ///< among these Tab cycles; collected anew before each use
     QWidget *firstFocus = nullptr;
     QWidget *lastFocus = nullptr;
-    QMovie *movie = nullptr;
+    QPointer<QMovie> movie; ///< not ours: it has no parent, and the host may delete it any time
 
 private:
     void showTypeIcon();

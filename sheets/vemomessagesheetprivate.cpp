@@ -243,7 +243,6 @@ void VemoMessageSheetPrivate::dressLabels()
 void VemoMessageSheetPrivate::showMovie(const QString &path)
 {
     movie = new QMovie(path);
-    movie->setParent(this);
     movie->setScaledSize({scaled(kMovieSize), scaled(kMovieSize)});
     // Until it runs, it has a size only from here on.
     movie->jumpToFrame(0);

@@ -11,7 +11,6 @@
 #include <QBoxLayout>
 #include <QElapsedTimer>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMovie>
 #include <QPointer>
 #include <QTimer>
@@ -35,7 +34,8 @@ public:
         m_cancel->setObjectName("copyCancel");
         m_cancel->setParent(this);
         addButton();
-        takeMovie();
+        // Nobody else deletes it.
+        movie()->setParent(this);
     }
 
     VemoButton *cancelButton() const { return m_cancel; }
@@ -72,16 +72,6 @@ private:
         column->addSpacing(scaled(kButtonGap));
         column->addWidget(m_cancel, 0, Qt::AlignRight);
         adjustSize();
-    }
-
-    /// Nobody else deletes it.
-    void takeMovie()
-    {
-        const QList<QLabel *> labels = findChildren<QLabel *>();
-        for (const QLabel *label : labels) {
-            if (label->movie())
-                label->movie()->setParent(this);
-        }
     }
 
     VemoButton *m_cancel;

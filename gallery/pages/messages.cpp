@@ -9,6 +9,7 @@
 #include <vemo/vemocountdownmessagebox.h>
 #include <vemo/vemomessagesheet.h>
 
+#include <QMovie>
 #include <QTimer>
 
 namespace {
@@ -39,9 +40,16 @@ Sheet *newDoubleConfirm(QWidget *window)
     return sheet;
 }
 
+Sheet *newBusy(const QString &text, QWidget *window)
+{
+    auto *sheet = new Sheet(text, kBusy, window);
+    sheet->movie()->setParent(sheet);
+    return sheet;
+}
+
 int runBusy(QWidget *window)
 {
-    auto *sheet = new Sheet("Copying 1,204 files ...", kBusy, window);
+    auto *sheet = newBusy("Copying 1,204 files ...", window);
     QTimer::singleShot(kBusyTime, sheet, SLOT(quit()));
     return execOver(sheet, window);
 }
@@ -81,7 +89,8 @@ void addTypes(Page &page)
 VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 if (sheet->exec() == QDialogButtonBox::Apply)
     deleteIt();
-delete sheet;)");
+if (sheet)
+    delete sheet->parentWidget();)");
 }
 
 QWidget *newTextButton(const QString &caption, const QString &text, QLabel *result)
@@ -156,7 +165,7 @@ void addLooks(Page &page)
                              MsgBoxCustomBtnText("Änderungen übernehmen", "Verwerfen"), w);
                      }),
         stage(kStage, [](QWidget *w) { return new Sheet(Sheet::Warning, kChinese, w); })});
-    page.addRow({stage(kStage, [](QWidget *w) { return new Sheet(demo("copying"), kBusy, w); }),
+    page.addRow({stage(kStage, [](QWidget *w) { return newBusy(demo("copying"), w); }),
         stage(kNarrowStage,
             [](QWidget *w) { return new Sheet(Sheet::ConfirmReset, demo("keep_settings"), w); })});
 }

@@ -12,7 +12,9 @@
 #include <vemo/vemomessagesheet.h>
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMovie>
 #include <QPushButton>
 #include <QTextStream>
 #include <QVBoxLayout>
@@ -88,7 +90,11 @@ QHash<QString, Run> runs()
             [=](Scene &s, const auto &b) { return showHeld(message(s), s, b); }},
         {"busy sheet",
             [=](Scene &s, const auto &b) {
-                return execHeld(new VemoMessageSheet("busy", busy, s.panel), s, b);
+                auto *sheet = new VemoMessageSheet("busy", busy, s.panel);
+                const QPointer<QMovie> movie = sheet->movie();
+                const int result = execHeld(sheet, s, b);
+                delete movie.data();
+                return result;
             }},
         {"input sheet",
             [](Scene &s, const auto &b) {
@@ -215,6 +221,14 @@ QHash<QString, Act> acts()
         {"parts deleted",
             [](Scene &, VemoSheet *sheet, Outcome &) {
                 qDeleteAll(sheet->findChildren<QAbstractButton *>());
+                quit(sheet);
+            }},
+        {"movie deleted",
+            [](Scene &, VemoSheet *sheet, Outcome &) {
+                for (const QLabel *label : sheet->findChildren<QLabel *>())
+                    delete label->movie();
+                if (auto *message = qobject_cast<VemoMessageSheet *>(sheet))
+                    message->setText("still busy");
                 quit(sheet);
             }},
         {"moved to another window",

@@ -14,8 +14,11 @@
 #include <QCheckBox>
 #include <QLayout>
 #include <QMovie>
+#include <QPointer>
 #include <QPushButton>
 #include <QStyle>
+
+#include <memory>
 
 namespace {
 
@@ -46,6 +49,8 @@ private Q_SLOTS:
     void buttonsStandInTheOrderOfWindows();
     void buttonsThatDoNotFitStandOneAboveTheOther();
     void busySheetShowsItsMovie();
+    void movieOutlivesItsSheet();
+    void movieMayDieWhileItsSheetRuns();
     void busySheetWithoutAMovieFileStillWorks();
     void hiddenIconLeavesItsPlace();
     void iconSetByHandTakesPartInTheLayout();
@@ -257,7 +262,9 @@ void VemoMessageSheetTest::busySheetShowsItsMovie()
     window.resize(600, 400);
     Sheet sheet("Working", kBusy, &window);
     QMovie *movie = iconOf(sheet)->movie();
+    const std::unique_ptr<QMovie> owned(movie);
     QVERIFY(movie && movie->isValid());
+    QCOMPARE(sheet.movie(), movie);
     QCOMPARE(movie->scaledSize(), QSize(scaled(32), scaled(32)));
     QCOMPARE(movie->state(), QMovie::NotRunning);
     QCOMPARE(iconOf(sheet)->sizeHint(), movie->scaledSize());
@@ -281,10 +288,39 @@ void VemoMessageSheetTest::busySheetShowsItsMovie()
     QCOMPARE(movie->state(), QMovie::NotRunning);
 }
 
+void VemoMessageSheetTest::movieOutlivesItsSheet()
+{
+    QWidget window;
+    auto *sheet = new Sheet("Working", kBusy, &window);
+    const QPointer<QMovie> movie = sheet->movie();
+    QCOMPARE(movie->parent(), nullptr);
+    delete sheet;
+    QVERIFY(movie);
+    delete movie;
+}
+
+void VemoMessageSheetTest::movieMayDieWhileItsSheetRuns()
+{
+    QWidget window;
+    Sheet sheet("Working", kBusy, &window);
+    QTimer::singleShot(0, &sheet, [&] {
+        delete sheet.movie();
+        QCOMPARE(sheet.movie(), nullptr);
+        sheet.setText("Still working");
+        QVERIFY(!iconOf(sheet)->isVisible());
+        sheet.setMessageType(Sheet::Processing);
+        sheet.done(7);
+    });
+    QCOMPARE(sheet.exec(), 7);
+    QTimer::singleShot(0, &sheet, SLOT(quit()));
+    QCOMPARE(sheet.exec(), 0);
+}
+
 void VemoMessageSheetTest::busySheetWithoutAMovieFileStillWorks()
 {
     QWidget window;
     Sheet sheet("Working", "no/such.gif", &window);
+    const std::unique_ptr<QMovie> owned(sheet.movie());
     QVERIFY(labelOf(sheet, "Working"));
     QTimer::singleShot(0, &sheet, SLOT(quit()));
     QCOMPARE(sheet.exec(), 0);
