@@ -25,6 +25,7 @@ template <typename Sheet> int execOver(Sheet *sheet, QWidget *window)
     const QPointer<Sheet> held = sheet;
     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
     const int code = sheet->exec();
-    delete held.data();
+    if (held)
+        delete held->parentWidget(); // the mask, and the sheet with it
     return code;
 }

@@ -39,7 +39,8 @@ void addInput(Page &page)
         const int code = sheet->exec();
         if (held && sheet)
             held->setText("Content: " + sheet->getContent());
-        delete sheet;
+        if (sheet)
+            delete sheet->parentWidget();
         return code;
     });
     page.addSection("Input sheet", "Return in the field presses OK, Escape cancels.");
@@ -49,7 +50,8 @@ void addInput(Page &page)
 VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 if (sheet->exec() == QDialogButtonBox::Ok)
     makeFolder(sheet->getContent());
-delete sheet;)");
+if (sheet)
+    delete sheet->parentWidget();)");
 }
 
 VemoSheet *newOwnSheet(QWidget *window)

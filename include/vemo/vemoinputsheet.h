@@ -17,15 +17,18 @@ class VemoInputSheetPrivate;
 ///
 /// Sheet and window may be deleted while it runs: exec() returns 0 then. Hold it by a pointer where
 /// that can happen, never on the stack. At its end it is hidden, not deleted: delete it or run it
-/// again. The sheet is 40 design pixels narrower than the parent given to the constructor, 480 at
-/// most. Load the style files, the catalogue and the strings "ok" and "cancel" before: a missing
-/// string shows its key, a missing style or picture is left out, each with a warning.
+/// again. Its width is that of the parent less 40 design pixels, at most 480. It is taken by the
+/// constructor and again by setText(): from the mask, which is as wide as the window, after
+/// VemoMask::createMask(). So give the constructor the window. Load the style files, the catalogue
+/// and the strings "ok" and "cancel" before: a missing string shows its key, a missing style or
+/// picture is left out, each with a warning.
 ///
 ///     QPointer<VemoInputSheet> sheet = new VemoInputSheet(tr("Name of the folder:"), window);
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 ///     if (sheet->exec() == QDialogButtonBox::Ok)
 ///         makeFolder(sheet->getContent());
-///     delete sheet;
+///     if (sheet)
+///         delete sheet->parentWidget(); // the mask, and the sheet with it
 ///
 /// \image html sheets-input-sheet.png
 class VEMO_EXPORT VemoInputSheet : public VemoSheet

@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QMessageBox>
 
+class QMovie;
 class VemoMessageSheetPrivate;
 
 /// Captions for the buttons of a message; an empty one means the default.
@@ -42,9 +43,11 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 /// that can happen, never on the stack. At its end it is hidden, not deleted: delete it or run it
 /// again. For a plain question, showConfirmMsg() does it all.
 ///
-/// The width comes from the parent given to the constructor: 40 design pixels less than it, 540 at
-/// most, but 480 over a parent of exactly 540. Buttons that don't fit side by side stand one above
-/// the other. The height is what the text needs: a window too low for it squeezes the sheet.
+/// The width is that of the parent less 40 design pixels, at most 540, but deliberately 480 over a
+/// parent of exactly 540. It is taken by the constructor and again by each setter of a text, picture
+/// or type: from the mask, which is as wide as the window, after VemoMask::createMask(). So give the
+/// constructor the window. Buttons that do not fit side by side are stacked. The height is what the
+/// text needs: a window too low for it squeezes the sheet.
 ///
 /// Load the style files, the strings ("ok", "cancel", "reset", "wizard_client_upgrade") and the
 /// catalogue before: a missing string shows its key, a missing style or picture is left out, each
@@ -55,7 +58,8 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 ///     if (sheet->exec() == QDialogButtonBox::Apply)
 ///         deleteIt();
-///     delete sheet;
+///     if (sheet)
+///         delete sheet->parentWidget(); // the mask, and the sheet with it
 ///
 /// \image html messages-as-they-look.png
 class VEMO_EXPORT VemoMessageSheet : public VemoSheet
@@ -77,6 +81,7 @@ public:
 
     /// A sheet for work that goes on: moviePath is a file that QMovie reads, shown 32 design pixels
     /// wide and high; one that it can't read leaves no picture. It ends with done() or quit().
+    /// Deliberate: the sheet never deletes the movie, see movie().
     VemoMessageSheet(const QString &text, const QString &moviePath, QWidget *parent);
     /// With a second text below the first. showIcon false leaves out the type's picture. The parent
     /// gives the width: take the window.
@@ -102,6 +107,10 @@ public:
     /// The Ok, Apply, Discard or Reset button, which stay the sheet's, until it is built anew; null
     /// where its type has no such button.
     QAbstractButton *button(QMessageBox::StandardButton which) const;
+
+    /// The busy animation, or null. It has no parent and outlives the sheet: delete it, at any time,
+    /// or give it a parent such as the sheet.
+    QMovie *movie() const;
 
     /// Plain or rich text, as it looks: escape what is not yours. Links open in the browser. An
     /// empty text removes its label.

@@ -13,16 +13,20 @@ class QPainter;
 /// The frame of every sheet: a white panel with a soft shadow around it, drawn inside its parent's
 /// window instead of opening a window of its own.
 ///
-/// The shadow stands in a band of 22 design pixels on each side, the frame's contents margins, and
-/// is made of the eight catalogue pictures "bg_tutorial_l", "_r", "_t", "_b", "_lt", "_rt", "_lb"
+/// The shadow lies in a band of 22 design pixels on each side, the frame's contents margins, and is
+/// made of the eight catalogue pictures "bg_tutorial_l", "_r", "_t", "_b", "_lt", "_rt", "_lb"
 /// and "_rb". They are looked up at each paint; a missing one leaves its place empty and warns.
 /// Initialise the catalogue before the first paint.
 ///
 /// A frame neither places itself nor is it modal: lay it over a window with VemoMask, or take
 /// VemoMessageSheet or VemoInputSheet, which do the rest. To screen readers it is a dialog.
 ///
+/// A mask makes the frame as large as its size policy allows. That is the whole window, unless the
+/// policy is Fixed as here:
+///
 ///     auto *sheet = new VemoSheet(window);
 ///     sheet->setWidget(new QCalendarWidget);
+///     sheet->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 ///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
 ///     sheet->show();
 ///

@@ -5,8 +5,10 @@
 #include "support/vemotest.h"
 
 #include <vemo/dpiinfo.h>
+#include <vemo/vemomask.h>
 
 #include <QAccessible>
+#include <QCalendarWidget>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
@@ -42,6 +44,16 @@ int expectedBand()
     return int(22.0 * DPIinfo::getInstance().getDPI());
 }
 
+QSet<QRgb> coloursOf(const QImage &picture)
+{
+    QSet<QRgb> colours;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            colours.insert(picture.pixel(x, y));
+    }
+    return colours;
+}
+
 /// Something that happens to a frame.
 using Change = std::function<void(VemoSheet &sheet, QWidget &window)>;
 
@@ -70,6 +82,10 @@ private Q_SLOTS:
     void missingPictureLeavesItsPlaceEmptyAndWarns();
     void frameSmallerThanItsBandDrawsWhatFits_data();
     void frameSmallerThanItsBandDrawsWhatFits();
+    void maskKeepsItInTheMiddle_data();
+    void maskKeepsItInTheMiddle();
+    void edgesAreStretchedWithoutSmoothing_data();
+    void edgesAreStretchedWithoutSmoothing();
     void neverFinishesByItself();
     void isADialogToScreenReaders();
 
@@ -318,6 +334,66 @@ void VemoSheetTest::frameSmallerThanItsBandDrawsWhatFits()
     sheet.resize(size);
     // Corners overlap then, in the order in which they are drawn.
     QCOMPARE(pixelAt(&sheet, {size.width() - 1, size.height() - 1}), QColor(Qt::darkGreen));
+}
+
+void VemoSheetTest::maskKeepsItInTheMiddle_data()
+{
+    QTest::addColumn<bool>("isFixed");
+    QTest::newRow("of the policy Fixed, at its own size") << true;
+    QTest::newRow("of its own policy, filling the window") << false;
+}
+
+void VemoSheetTest::maskKeepsItInTheMiddle()
+{
+    QFETCH(const bool, isFixed);
+    QWidget window;
+    window.resize(900, 600);
+    auto *sheet = new VemoSheet(&window);
+    sheet->setWidget(new QCalendarWidget);
+    if (isFixed)
+        sheet->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    VemoMask::createMask(sheet, &window, QColor(0, 0, 0, 20));
+    sheet->show();
+    window.show();
+    const QMargins margins = sheet->parentWidget()->layout()->contentsMargins();
+    QCOMPARE(
+        sheet->size(), isFixed ? sheet->sizeHint() : window.rect().marginsRemoved(margins).size());
+    const QPoint offCentre = sheet->geometry().center() - window.rect().center();
+    QVERIFY(offCentre.manhattanLength() <= 2);
+}
+
+void VemoSheetTest::edgesAreStretchedWithoutSmoothing_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QRect>("strip");
+    const int band = expectedBand();
+    const QRect body = QRect(0, 0, 200, 150).adjusted(band, band, -band, -band);
+    QTest::newRow("left") << "bg_tutorial_l" << QRect(0, band, band, body.height());
+    QTest::newRow("right") << "bg_tutorial_r" << QRect(200 - band, band, band, body.height());
+    QTest::newRow("top") << "bg_tutorial_t" << QRect(band, 0, body.width(), band);
+    QTest::newRow("bottom") << "bg_tutorial_b" << QRect(band, 150 - band, body.width(), band);
+}
+
+void VemoSheetTest::edgesAreStretchedWithoutSmoothing()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QRect, strip);
+    const auto restored = qScopeGuard([this] { drawTiles(); });
+    QImage ramp(kArtwork, QImage::Format_ARGB32);
+    for (int y = 0; y < ramp.height(); ++y) {
+        for (int x = 0; x < ramp.width(); ++x)
+            ramp.setPixelColor(x, y, QColor((x / 8) * 23, (y / 8) * 23, 0));
+    }
+    QVERIFY(ramp.save(m_host.pictureFolder() + '/' + name + ".png"));
+    m_host.start(ImageManager::LAZY_LOAD);
+
+    QWidget window;
+    VemoSheet sheet(&window);
+    sheet.resize(200, 150);
+    const QSet<QRgb> drawn = coloursOf(getGlobalImage(name).toImage());
+    const QImage band = sheet.grab(strip).toImage();
+    QVERIFY(drawn.size() > 20);
+    QCOMPARE(coloursOf(band) - drawn, QSet<QRgb>());
 }
 
 void VemoSheetTest::neverFinishesByItself()
