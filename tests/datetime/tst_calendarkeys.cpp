@@ -85,6 +85,7 @@ private Q_SLOTS:
     void tabInTheYearFieldGoesOnToTheGrid();
     void tabWithControlWalksOnFromWatchedParts_data();
     void tabWithControlWalksOnFromWatchedParts();
+    void takesTabAndNothingElse();
     void tabKeepsTheCurrentDay();
     void otherKeysReachTheParts();
     void everyPartHasAName();
@@ -194,6 +195,31 @@ void CalendarKeysTest::tabWithControlWalksOnFromWatchedParts()
         QTest::keyClick(from, way.first, Qt::ControlModifier);
         QTEST(QApplication::focusWidget()->objectName(), way.second);
     }
+}
+
+void CalendarKeysTest::takesTabAndNothingElse()
+{
+    const Form form;
+    QVERIFY(form.isActive);
+    const auto takes = [&form](QEvent::Type type, Qt::Key key) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        return form.view->eventFilter(form.parts.grid, &event);
+    };
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+        form.parts.grid->setFocus();
+        QVERIFY(takes(QEvent::KeyPress, key));
+        form.parts.grid->setFocus();
+        QVERIFY(!takes(QEvent::KeyRelease, key));
+        QVERIFY(!takes(QEvent::ShortcutOverride, key));
+        QVERIFY(form.parts.grid->hasFocus());
+    }
+    form.parts.year->setFocus();
+    form.parts.grid->setCurrentIndex({});
+    QVERIFY(takes(QEvent::KeyPress, Qt::Key_Tab));
+    QVERIFY(form.parts.grid->hasFocus());
+    QVERIFY(!form.parts.grid->currentIndex().isValid());
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Escape, Qt::Key_A})
+        QVERIFY(!takes(QEvent::KeyPress, key));
 }
 
 void CalendarKeysTest::tabKeepsTheCurrentDay()

@@ -137,6 +137,10 @@ void VemoCalanderViewTest::stacksCalendarAndTodayButton()
     QCOMPARE(layout->itemAt(1)->widget(), parts.today);
     QCOMPARE(layout->itemAt(1)->alignment(), Qt::AlignHCenter);
     QCOMPARE(layout->stretch(0) + layout->stretch(1), 0);
+    QWidget plain;
+    const QVBoxLayout asQtHasIt(&plain);
+    QCOMPARE(layout->contentsMargins(), asQtHasIt.contentsMargins());
+    QCOMPARE(layout->spacing(), asQtHasIt.spacing());
     QCOMPARE(parts.calendar->parent(), &view);
     QCOMPARE(parts.today->text(), QString("Today"));
     QCOMPARE(parts.today->styleSheet(), getStyleSheet("component.cancel_button"));
@@ -330,8 +334,12 @@ void VemoCalanderViewTest::reportsReturnOnTheGrid()
 void VemoCalanderViewTest::reportsTodayByItsButton()
 {
     const View view;
+    QDate selected;
+    connect(&view.view, &VemoCalanderView::sigDateSelect, &view.view,
+        [&] { selected = view.view.selectedDate(); });
     QTest::mouseClick(view.parts.today, Qt::LeftButton);
     QCOMPARE(view.picks.size(), 1);
+    QCOMPARE(selected, QDate::currentDate());
     QCOMPARE(view.picks[0][0].toDate(), QDate::currentDate());
     QCOMPARE(view.parts.calendar->selectedDate(), QDate::currentDate());
 }

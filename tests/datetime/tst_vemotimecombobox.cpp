@@ -42,6 +42,7 @@ private Q_SLOTS:
     void followsItsCustomItem();
     void showsACustomTextOfAnyLength();
     void survivesAModelOfAnotherKind();
+    void letsEveryEventPass();
 };
 
 void VemoTimeComboBoxTest::startsPlainAndWithoutItems()
@@ -127,6 +128,8 @@ void VemoTimeComboBoxTest::selectsTextFromCode_data()
                              << "01:00" << 3 << false;
     QTest::newRow("unknown") << true << "01:10"
                              << "01:10 (own)" << 0 << true;
+    QTest::newRow("another case") << true << "NOON"
+                                  << "NOON (own)" << 0 << true;
     QTest::newRow("not completed") << true << "1"
                                    << "1 (own)" << 0 << true;
     QTest::newRow("not validated") << true << "99:99"
@@ -142,6 +145,7 @@ void VemoTimeComboBoxTest::selectsTextFromCode()
     QFETCH(bool, editable);
     QFETCH(QString, text);
     Box box(editable ? Editable : Plain);
+    box.addItem("noon");
     box.setCustomText("(own)");
     box.setCurrentIndex(7);
     box.setCurrentText(text.toStdString());
@@ -432,6 +436,13 @@ void VemoTimeComboBoxTest::followsItsCustomItem()
     box.setEditable(false);
     QCOMPARE(box.count(), 2);
     QCOMPARE(box.itemText(1), QString("10:00"));
+    // It comes back where it was, or at the end of a shorter list.
+    box.setEditable(true);
+    QCOMPARE(box.itemText(1), QString());
+    box.setEditable(false);
+    box.clear();
+    box.setEditable(true);
+    QCOMPARE(box.count(), 1);
 }
 
 void VemoTimeComboBoxTest::showsACustomTextOfAnyLength()
@@ -462,6 +473,16 @@ void VemoTimeComboBoxTest::survivesAModelOfAnotherKind()
     }
     QVERIFY(box.isRowShown(0));
     box.setEditable(false);
+}
+
+void VemoTimeComboBoxTest::letsEveryEventPass()
+{
+    Box box;
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QFocusEvent in(QEvent::FocusIn);
+    QFocusEvent out(QEvent::FocusOut);
+    for (QEvent *event : QVector<QEvent *> {&enter, &in, &out})
+        QVERIFY(!box.eventFilter(&box, event));
 }
 
 VEMO_TEST_MAIN(VemoTimeComboBoxTest)
