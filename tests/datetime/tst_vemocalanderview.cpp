@@ -295,6 +295,10 @@ void VemoCalanderViewTest::stylesTheWeekdayRow()
         // Qt keeps to the least that the header's own style asks for.
         QCOMPARE(columns->defaultSectionSize(), qMax(30, columns->minimumSectionSize()));
     }
+    const QFont font = QApplication::font();
+    QApplication::setFont(QFont(font.family(), 4));
+    QCOMPARE(View().parts.grid->horizontalHeader()->defaultSectionSize(), 30);
+    QApplication::setFont(font);
     QCOMPARE(row->horizontalHeader()->sectionResizeMode(0), QHeaderView::Stretch);
 }
 
