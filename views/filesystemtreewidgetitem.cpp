@@ -21,12 +21,21 @@ const QString *pathOf(const QTreeWidgetItem &other)
 
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() = default;
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &) = default;
-FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(FileSystemTreeWidgetItem &&) noexcept = default;
 FileSystemTreeWidgetItem &FileSystemTreeWidgetItem::operator=(
     const FileSystemTreeWidgetItem &) = default;
-FileSystemTreeWidgetItem &FileSystemTreeWidgetItem::operator=(
-    FileSystemTreeWidgetItem &&) noexcept = default;
 FileSystemTreeWidgetItem::~FileSystemTreeWidgetItem() = default;
+
+// An item that is moved from may be in a tree, and stays there: it keeps its path as well.
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(FileSystemTreeWidgetItem &&other) noexcept
+    : FileSystemTreeWidgetItem(static_cast<const FileSystemTreeWidgetItem &>(other))
+{
+}
+
+FileSystemTreeWidgetItem &FileSystemTreeWidgetItem::operator=(
+    FileSystemTreeWidgetItem &&other) noexcept
+{
+    return *this = static_cast<const FileSystemTreeWidgetItem &>(other);
+}
 
 bool FileSystemTreeWidgetItem::operator<(const QTreeWidgetItem &other) const
 {

@@ -32,7 +32,7 @@ public:
     FileSystemTreeWidgetItem();
     /// Copies the fields and the columns, but neither children nor tree.
     FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &other);
-    /// As a copy: other stays where it is in its tree.
+    /// A copy: other stays in its tree and keeps its fields.
     FileSystemTreeWidgetItem(FileSystemTreeWidgetItem &&other) noexcept;
     /// Copies the fields and the columns.
     FileSystemTreeWidgetItem &operator=(const FileSystemTreeWidgetItem &other);

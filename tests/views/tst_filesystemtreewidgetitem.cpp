@@ -58,6 +58,7 @@ class FileSystemTreeWidgetItemTest : public VemoTest
 private Q_SLOTS:
     void startsAsAnUnknownNode();
     void copiesAndMovesAllItsFields();
+    void leavesAMovedItemAsItWas();
     void setsEachFieldAlone();
     void leavesTheRowAsItIs();
     void putsHomeBehindNothing_data();
@@ -92,6 +93,19 @@ void FileSystemTreeWidgetItemTest::copiesAndMovesAllItsFields()
     FileSystemTreeWidgetItem moveAssigned;
     moveAssigned = std::move(assigned);
     compareWithRemovedFolder(moveAssigned);
+}
+
+void FileSystemTreeWidgetItemTest::leavesAMovedItemAsItWas()
+{
+    QTreeWidget tree;
+    auto *item = new FileSystemTreeWidgetItem(removedFolder());
+    tree.addTopLevelItem(item);
+    const FileSystemTreeWidgetItem moved(std::move(*item));
+    compareWithRemovedFolder(*item);
+    FileSystemTreeWidgetItem assigned;
+    assigned = std::move(*item);
+    compareWithRemovedFolder(*item);
+    QCOMPARE(tree.topLevelItem(0), item);
 }
 
 void FileSystemTreeWidgetItemTest::setsEachFieldAlone()
