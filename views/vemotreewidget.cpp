@@ -3,6 +3,7 @@
 
 #include "core/scaling_p.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPersistentModelIndex>
@@ -97,7 +98,11 @@ struct VemoTreeWidget::Paint
     TouchedRows touchedRows;
 };
 
-VemoTreeWidget::VemoTreeWidget(QWidget *parent) : QTreeWidget(parent) { }
+VemoTreeWidget::VemoTreeWidget(QWidget *parent) : QTreeWidget(parent)
+{
+    // Not of the viewport, whose rows would then be drawn in their style's own hover look as well.
+    setAttribute(Qt::WA_Hover);
+}
 
 void VemoTreeWidget::setBackgroundColor(QColor selected, QColor hover)
 {
@@ -114,6 +119,21 @@ void VemoTreeWidget::updateScrollArea(QTreeWidgetItem *item)
     if (left >= 0 && left + scaled(kRoomAtRight) <= width)
         return;
     horizontalScrollBar()->setValue(left - width / 2 + horizontalScrollBar()->value());
+}
+
+bool VemoTreeWidget::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::HoverEnter:
+    case QEvent::HoverMove:
+    case QEvent::HoverLeave:
+        setPointer(static_cast<QHoverEvent *>(event)->pos());
+        // QWidget repaints all of itself. Only a style with a hover look needs that, and such a
+        // style asks for hover events of the viewport as well.
+        return !viewport()->testAttribute(Qt::WA_Hover) || QTreeWidget::event(event);
+    default:
+        return QTreeWidget::event(event);
+    }
 }
 
 void VemoTreeWidget::mousePressEvent(QMouseEvent *event)
@@ -148,9 +168,19 @@ void VemoTreeWidget::focusInEvent(QFocusEvent * /*event*/)
         setCurrentItem(itemFromIndex(current));
 }
 
+void VemoTreeWidget::scrollContentsBy(int dx, int dy)
+{
+    QTreeWidget::scrollContentsBy(dx, dy);
+    // Sideways, QTreeView only moves what is drawn, and the ends of the highlights with it.
+    if (dx != 0)
+        viewport()->update();
+}
+
 void VemoTreeWidget::paintEvent(QPaintEvent *event)
 {
     const Paint paint {mapFromGlobal(QCursor::pos()), TouchedRows(selectionModel()->selection())};
+    // The pointer may be ahead of its events.
+    setPointer(paint.pointer);
     const QScopedValueRollback<const Paint *> whilePainting(m_paint, &paint);
     QTreeWidget::paintEvent(event);
 }
@@ -185,4 +215,33 @@ bool VemoTreeWidget::isHovered(const QRect &rect) const
     const QPoint pointer = m_paint ? m_paint->pointer : mapFromGlobal(QCursor::pos());
     // Deliberate: one pixel lower, and the pointer is taken in the tree, not in its viewport.
     return rect.translated(0, 1).contains(pointer);
+}
+
+/// Repaints what a pointer that has moved to another row changes.
+void VemoTreeWidget::setPointer(const QPoint &pointer)
+{
+    const QModelIndex row = rowAt(pointer);
+    if (m_hovered_row == row)
+        return;
+    updateRow(m_hovered_row);
+    updateRow(row);
+    m_hovered_row = row;
+}
+
+/// The row that isHovered() would find at pointer; its first shown column.
+QModelIndex VemoTreeWidget::rowAt(const QPoint &pointer) const
+{
+    const QPoint inRow = pointer - QPoint(0, 1);
+    if (!viewport()->rect().contains(inRow))
+        return {};
+    return indexAt({columnViewportPosition(header()->logicalIndex(0)), inRow.y()});
+}
+
+void VemoTreeWidget::updateRow(const QModelIndex &row)
+{
+    if (!row.isValid())
+        return;
+    const QRect rect = visualRect(row);
+    // The pen reaches half a pixel into the rows above and below.
+    viewport()->update(0, rect.top() - 1, viewport()->width(), rect.height() + 2);
 }

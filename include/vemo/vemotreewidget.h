@@ -4,6 +4,7 @@
 #include <vemo/export.h>
 
 #include <QColor>
+#include <QPersistentModelIndex>
 #include <QTreeWidget>
 
 /// A tree that paints a rounded highlight behind selected and hovered rows and tells the host of
@@ -55,10 +56,13 @@ Q_SIGNALS:
     void sigMouseRightClickEvent(QMouseEvent *event);
 
 protected:
+    /// Follows the pointer, so that the highlight of a row goes when the pointer does.
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     /// Makes the current item current once more, so that its signals fire; without one, the first.
     void focusInEvent(QFocusEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
     void paintEvent(QPaintEvent *event) override;
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
         const QModelIndex &index) const override;
@@ -68,8 +72,12 @@ private:
 
     bool isSelected(const QModelIndex &index) const;
     bool isHovered(const QRect &rect) const;
+    void setPointer(const QPoint &pointer);
+    QModelIndex rowAt(const QPoint &pointer) const;
+    void updateRow(const QModelIndex &row);
 
     QColor m_selected_color;
     QColor m_hover_color;
     const Paint *m_paint = nullptr; ///< set while the viewport is painted
+    QPersistentModelIndex m_hovered_row; ///< the row under the pointer, as far as events say
 };

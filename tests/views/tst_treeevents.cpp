@@ -81,6 +81,7 @@ private Q_SLOTS:
     void makesTheFirstItemCurrentOnFocus();
     void makesTheCurrentItemCurrentOnceMoreOnFocus();
     void takesTheFocusWithoutAnyItem();
+    void leavesTheBaseOutOnFocus();
     void survivesASlotThatDeletesTheCurrentItemOnFocus();
     void survivesItsDeletionInASlot_data();
     void survivesItsDeletionInASlot();
@@ -180,6 +181,15 @@ void TreeEventsTest::takesTheFocusWithoutAnyItem()
     Tree tree(0);
     tree.focusIn();
     QVERIFY(!tree.widget.currentItem());
+}
+
+void TreeEventsTest::leavesTheBaseOutOnFocus()
+{
+    Tree tree(0);
+    // QAbstractItemView would turn it off without a current item.
+    tree.widget.setAttribute(Qt::WA_InputMethodEnabled);
+    tree.focusIn();
+    QVERIFY(tree.widget.testAttribute(Qt::WA_InputMethodEnabled));
 }
 
 void TreeEventsTest::survivesASlotThatDeletesTheCurrentItemOnFocus()
