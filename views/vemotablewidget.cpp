@@ -5,6 +5,7 @@
 
 #include <vemo/stylemanager.h>
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QResizeEvent>
 #include <QScrollArea>
@@ -131,11 +132,33 @@ void VemoTableWidget::slotVerticalScrollRangeChanged(int /*min*/, int max)
     m_table->verticalScrollBar()->setVisible(max != 0);
 }
 
+void VemoTableWidget::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::LayoutDirectionChange)
+        return;
+    // QScrollArea would not move its widget before it is scrolled; on this event it does.
+    QEvent layoutRequest(QEvent::LayoutRequest);
+    QCoreApplication::sendEvent(m_header_scroll_area, &layoutRequest);
+}
+
+/// The header was scrolled: by the table, or by a wheel or a touchpad over the header itself.
+void VemoTableWidget::slotHeaderScrolled(int value)
+{
+    QScrollBar *const header = m_header_scroll_area->horizontalScrollBar();
+    QScrollBar *const table = m_table->horizontalScrollBar();
+    // The header, of a fixed width, may end before the table does.
+    if (value == qMin(table->value(), header->maximum()))
+        return;
+    table->setValue(value);
+    header->setValue(table->value());
+}
+
 void VemoTableWidget::initailze()
 {
     makeHeader();
-    setLabels();
     m_table = new ResizeSignalTableWidget(0, static_cast<int>(m_columns.m_columns.size()));
+    setLabels();
     setSectionSizes();
     setupTable();
     setupLayout();
@@ -161,6 +184,8 @@ void VemoTableWidget::setLabels()
         labels << column.name;
     labels << QString();
     m_header_table->setHorizontalHeaderLabels(labels);
+    // A screen reader asks the table itself what its columns are called.
+    m_table->setHorizontalHeaderLabels(labels);
 }
 
 void VemoTableWidget::setSectionSizes()
@@ -231,6 +256,8 @@ void VemoTableWidget::connectParts()
         this, SLOT(slotVerticalScrollRangeChanged(int,int)));
     connect(m_table->horizontalScrollBar(), SIGNAL(valueChanged(int)),
         m_header_scroll_area->horizontalScrollBar(), SLOT(setValue(int)));
+    connect(m_header_scroll_area->horizontalScrollBar(), SIGNAL(valueChanged(int)),
+        this, SLOT(slotHeaderScrolled(int)));
     connect(m_table, SIGNAL(sigResized(QSize)), this, SLOT(slotTableResized(QSize)));
     // clang-format on
 }

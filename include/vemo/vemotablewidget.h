@@ -123,6 +123,13 @@ public Q_SLOTS:
     /// Hides the vertical scroll bar when there is nothing to scroll; its room stays.
     void slotVerticalScrollRangeChanged(int min, int max);
 
+protected:
+    /// Moves the header to the other side when the layout direction changes.
+    void changeEvent(QEvent *event) override;
+
+private Q_SLOTS:
+    void slotHeaderScrolled(int value);
+
 private:
     void initailze(); // deliberately spelt so
     void makeHeader();
