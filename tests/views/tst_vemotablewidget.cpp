@@ -7,6 +7,7 @@
 
 #include <vemo/stylemanager.h>
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollArea>
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void numbersTheColumnsThatAreAdded();
     void copiesItsColumns();
     void labelsItsHeader();
+    void namesItsColumnsForAScreenReader();
     void sizesTheSectionsOfBothHeaders();
     void makesProportionalSectionsDraggable();
     void keepsAnExtraSectionAboveTheScrollBar();
@@ -97,6 +99,24 @@ void VemoTableWidgetTest::labelsItsHeader()
     QCOMPARE(labels, QStringList({"Size", "Name", "Owner", ""}));
     QCOMPARE(table.header->model()->rowCount(), 0);
     QCOMPARE(table.table->rowCount(), 0);
+}
+
+void VemoTableWidgetTest::namesItsColumnsForAScreenReader()
+{
+    Table table(threeColumns());
+    const auto names = [&] {
+        QAccessibleTableInterface *cells =
+            QAccessible::queryAccessibleInterface(table.table)->tableInterface();
+        QStringList names;
+        for (int column = 0; column < cells->columnCount(); ++column)
+            names << cells->columnDescription(column);
+        return names;
+    };
+    QCOMPARE(names(), QStringList({"Size", "Name", "Owner"}));
+    VemoTableColumnsInfo columns = threeColumns();
+    columns.addColumn("Date", 80, false, 0.0);
+    table.widget.setColumns(columns);
+    QCOMPARE(names(), QStringList({"Size", "Name", "Owner", "Date"}));
 }
 
 void VemoTableWidgetTest::sizesTheSectionsOfBothHeaders()
