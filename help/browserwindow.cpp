@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/browserwindow.h>
 
-#include "core/logging_p.h"
 #include "core/scaling_p.h"
 #include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
-#include "help/pagenesting_p.h"
 #include "help/replylimit_p.h"
-#include "help/weburl_p.h"
 
 #include <vemo/stylemanager.h>
 
@@ -53,8 +50,8 @@ BrowserWindow::BrowserWindow(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_text_browser);
     setWindowModality(Qt::ApplicationModal);
-    // Under a parent with a style sheet the scroll bars have looked up their rules already; Qt looks
-    // them up anew only for what it has polished.
+    // Under a parent with a style sheet the scroll bars have looked up their rules already; Qt
+    // looks them up anew only for what it has polished.
     ensurePolished();
     setStyleSheet(getStyleSheet("component.scrollbar"));
     makeShortcuts();
@@ -137,13 +134,12 @@ void BrowserWindow::showPage(QNetworkReply *reply)
     const QByteArray body = reply->readAll();
     // The length is given so that a zero byte doesn't end the text.
     const QString html = QString::fromUtf8(body.constData(), body.size());
-    if (isWebUrl(reply->url()) && isNestedTooDeeply(html)) {
-        qCWarning(vemoLog) << "Page is nested too deeply" << reply->url().toString();
-        fallbackOffline();
-        return;
-    }
+    const QUrl earlier = m_text_browser->pageUrl();
     m_text_browser->setPageUrl(reply->url());
-    m_text_browser->setHtmlContent(html);
+    if (m_text_browser->showContent(html))
+        return;
+    m_text_browser->setPageUrl(earlier);
+    fallbackOffline();
 }
 
 void BrowserWindow::fallbackOffline() { }
@@ -152,7 +148,8 @@ void BrowserWindow::slotPageChanged()
 {
     if (windowTitle() != m_page_title)
         return; // The host's own.
-    m_page_title = m_text_browser->documentTitle();
+    // The X server breaks the connection for a title of megabytes.
+    m_page_title = m_text_browser->documentTitle().left(kMaxTitleLength);
     setWindowTitle(m_page_title);
 }
 

@@ -24,3 +24,7 @@ constexpr int kMaxSilentDownloads = 192;
 constexpr int kMostNestedTables = 12;
 /// Tags of any kind inside each other; a page with more counts as failed.
 constexpr int kMostNestedTags = 1000;
+/// Columns and rows of one cell of a table; more are cut to this.
+constexpr int kMaxSpan = 100;
+/// Letters of a title; the rest is cut off.
+constexpr int kMaxTitleLength = 200;

@@ -8,6 +8,7 @@
 #include "help/pagedocument_p.h"
 #include "help/picturefolder_p.h"
 #include "help/picturescan_p.h"
+#include "help/safepage_p.h"
 #include "help/weburl_p.h"
 
 #include <QDesktopServices>
@@ -69,17 +70,35 @@ void HtmlTextBrowser::setPageUrl(const QUrl &url)
 
 void HtmlTextBrowser::setHtmlContent(const QString &html)
 {
+    showContent(html);
+}
+
+bool HtmlTextBrowser::showContent(const QString &html)
+{
+    const bool isRichText = Qt::mightBeRichText(html);
+    const SafePage safe =
+        isRichText ? safePage(html, !page()->areLocalFilesAllowed()) : safePlainText(html);
+    if (safe.verdict != SafePage::FINE) {
+        qCWarning(vemoLog) << (safe.verdict == SafePage::TOO_DEEP ? "Page is nested too deeply"
+                                                                  : "Page takes too long to show")
+                           << m_page_url.toString();
+        return false;
+    }
     page()->forgetPictures();
     m_replaced_source = source();
-    const BaseAddress base = Qt::mightBeRichText(html) ? findBaseAddress(html) : BaseAddress();
+    const BaseAddress base = isRichText ? findBaseAddress(html) : BaseAddress();
     if (base.start >= 0) {
         m_base_url = html.mid(base.start, base.end - base.start);
         downloadPictures(pictureSources(html, base.end));
     }
-    setText(html);
+    if (isRichText)
+        setHtml(safe.html);
+    else
+        setPlainText(safe.html);
     // In a view that its layout has not yet given its size, the base class scrolls to a cut first
     // line.
     verticalScrollBar()->setValue(0);
+    return true;
 }
 
 void HtmlTextBrowser::downloadPictures(const QVector<QStringView> &sources)

@@ -26,10 +26,14 @@ public:
 
     /// Shows a page and starts to download its pictures. Downloads of an earlier page go on.
     void setHtmlContent(const QString &html);
+    /// The same; false, with a warning, if the page would take too long to show. Nothing is fetched
+    /// for it then, and the earlier page stays.
+    bool showContent(const QString &html);
 
     /// Says where the pages from now on come from. Only those from a file or a resource may use
     /// local files, and have pictures fetched from any address; at first, none may.
     void setPageUrl(const QUrl &url);
+    QUrl pageUrl() const { return m_page_url; }
 
 private Q_SLOTS:
     void slotDownloadFinished(const QString &url, int res);

@@ -20,8 +20,8 @@ class QTimer;
 ///
 /// Links open in the user's web browser. A page from the network can't make the window read local
 /// files, nor any address that is not http or https; a page from a file can. A page of more than
-/// 32 MiB, or of more than 12 tables or 1000 tags inside each other, counts as failed and is warned
-/// about; a picture of more than 64 MiB or 64 million pixels stays missing. No more than 64
+/// 32 MiB, of more than 12 tables or 1000 tags inside each other, or that would take longer than
+/// about 1.5 seconds to show, counts as failed and is warned about; a picture of more than 64 MiB or 64 million pixels stays missing. No more than 64
 /// pictures of a page are fetched at once; one that gets no byte for 30 seconds no longer counts.
 ///
 /// Ctrl with the wheel, plus, minus and 0 zooms, F7 lets the arrow keys move a text cursor (with

@@ -154,8 +154,11 @@ QVector<ServerRow> bodyRows()
     ServerRow tables =
         row("40 tables inside each other", page(QByteArray("<table><tr><td>").repeated(40)));
     ServerRow tags = row("5000 tags inside each other", page(QByteArray("<div>").repeated(5000)));
+    ServerRow slow = row("100,000 pictures in one paragraph", page(pictures(100000, {})));
     tables.warning = tags.warning = "Page is nested too deeply";
+    slow.warning = "Page takes too long to show";
     return {
+        slow,
         bomb,
         large,
         tables,

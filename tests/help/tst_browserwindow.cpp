@@ -35,6 +35,9 @@ private Q_SLOTS:
     void aPageFromAFileIsShownWithItsFiles();
     void aPageOverTheLimitFailsWithOneWarning_data();
     void aPageOverTheLimitFailsWithOneWarning();
+    void aPageThatTakesTooLongFails_data();
+    void aPageThatTakesTooLongFails();
+    void theTitleIsCut();
     void deletedAtAnyMoment_data();
     void deletedAtAnyMoment();
     void deletedFromTheFallback_data();
@@ -310,6 +313,47 @@ void tst_browserwindow::aPageOverTheLimitFailsWithOneWarning()
     const QStringList warning(
         QStringLiteral("Too much data from \"%1\"").arg(m_server->url().toString()));
     QCOMPARE(messages.take(), failures ? warning : QStringList());
+}
+
+void tst_browserwindow::aPageThatTakesTooLongFails_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("warning");
+    const QString deep = QStringLiteral("Page is nested too deeply \"%1\"");
+    const QString slow = QStringLiteral("Page takes too long to show \"%1\"");
+    QTest::newRow("tables inside each other")
+        << QByteArray("<html>") + QByteArray("< table><tr><td>").repeated(22) << deep;
+    QTest::newRow("pictures in a paragraph")
+        << QByteArray("<html>") + QByteArray("<img src=\"a\">").repeated(100000) << slow;
+    QTest::newRow("lines of plain text") << QByteArray(1000000, '\n') << slow;
+}
+
+void tst_browserwindow::aPageThatTakesTooLongFails()
+{
+    QFETCH(const QByteArray, body);
+    QFETCH(const QString, warning);
+    m_server->setAnswer("/", page(body));
+    CountingWindow window;
+    window.view()->setPlainText(QStringLiteral("before"));
+    window.reload(m_server->url());
+    QTRY_COMPARE(window.failures, 1);
+    QCOMPARE(window.text(), QStringLiteral("before"));
+    QCOMPARE(messages.take(), QStringList(warning.arg(m_server->url().toString())));
+}
+
+void tst_browserwindow::theTitleIsCut()
+{
+    const QByteArray title(17 * kMebibyte, 't');
+    m_server->setAnswer("/", page("<html><title>" + title + "</title>text</html>"));
+    CountingWindow window;
+    window.reload(m_server->url());
+    QTRY_COMPARE(window.text(), QStringLiteral("text"));
+    QCOMPARE(window.windowTitle(), QString(200, QLatin1Char('t')));
+    // However the title got into the document.
+    window.view()->document()->setMetaInformation(
+        QTextDocument::DocumentTitle, QString(kMebibyte, QLatin1Char('u')));
+    window.view()->setPlainText(QStringLiteral("other"));
+    QVERIFY(window.windowTitle().size() <= 200);
 }
 
 void tst_browserwindow::deletedAtAnyMoment_data()

@@ -36,6 +36,8 @@ private Q_SLOTS:
     void theLocalPageIsReadAsUtf8_data();
     void theLocalPageIsReadAsUtf8();
     void aMissingLocalPageLeavesTheWindowEmpty();
+    void aLocalPageThatTakesTooLongLeavesTheWindowEmpty_data();
+    void aLocalPageThatTakesTooLongLeavesTheWindowEmpty();
     void fetchingStartsWithoutTheWindowBeingShown();
     void theHostsContextStaysAsItWas();
 
@@ -287,6 +289,31 @@ void tst_helpwindow::aMissingLocalPageLeavesTheWindowEmpty()
     const HelpWindow window(context, nullptr);
     QTRY_COMPARE(view(window)->searchPaths(), QStringList("/no/such/folder/cht"));
     QCOMPARE(view(window)->toPlainText(), QString());
+}
+
+void tst_helpwindow::aLocalPageThatTakesTooLongLeavesTheWindowEmpty_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("a megabyte of zeros") << QByteArray(1024 * 1024, '\0');
+    QTest::newRow("a line of 30 megabytes") << QByteArray(30 * 1024 * 1024, 'w');
+    QTest::newRow("a line of 30 megabytes in a page")
+        << "<html>" + QByteArray(30 * 1024 * 1024, 'w');
+}
+
+void tst_helpwindow::aLocalPageThatTakesTooLongLeavesTheWindowEmpty()
+{
+    QFETCH(const QByteArray, bytes);
+    m_host.addHelpFile(QStringLiteral("enu/long.html"), bytes);
+    HelpContext context;
+    context.lang = QStringLiteral("enu");
+    context.helpPath = m_host.helpPath();
+    context.link = QStringLiteral("long.html");
+    const HelpWindow window(context, nullptr);
+    QTRY_VERIFY(!view(window)->searchPaths().isEmpty());
+    QCOMPARE(view(window)->toPlainText(), QString());
+    QCOMPARE(messages.take(),
+        QStringList(QStringLiteral("Page takes too long to show \"file://%1/enu/long.html\"")
+                        .arg(m_host.helpPath())));
 }
 
 void tst_helpwindow::fetchingStartsWithoutTheWindowBeingShown()

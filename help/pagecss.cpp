@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "help/pagecss_p.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kMaxValueLength = 4000; // A picture may be in it.
+
+bool isOneOf(QChar c, const char *letters)
+{
+    return c.unicode() < 128
+        && QByteArray::fromRawData(letters, int(qstrlen(letters))).contains(char(c.unicode()));
+}
+
+bool isWordLetter(QChar c)
+{
+    return c.unicode() < 128
+        && (c.isLetterOrNumber() || c == QLatin1Char('-') || c == QLatin1Char('_'));
+}
+
+bool isPropertyName(QStringView name)
+{
+    return !name.isEmpty() && std::all_of(name.begin(), name.end(), isWordLetter);
+}
+
+QString withoutComments(const QString &css)
+{
+    if (!css.contains(QLatin1String("/*")))
+        return css;
+    QString text;
+    int position = 0;
+    for (;;) {
+        const int comment = css.indexOf(QLatin1String("/*"), position);
+        text += css.midRef(position, comment < 0 ? -1 : comment - position);
+        const int end = comment < 0 ? -1 : css.indexOf(QLatin1String("*/"), comment + 2);
+        if (end < 0)
+            return text;
+        text += QLatin1Char(' ');
+        position = end + 2;
+    }
+}
+
+/// Where the first of ends is from position on, outside of quotes and brackets; the text's end if
+/// there is none.
+int findOutside(QStringView text, int position, const char *ends)
+{
+    QChar quote;
+    int depth = 0;
+    for (; position < text.size(); ++position) {
+        const QChar c = text.at(position);
+        if (!quote.isNull()) {
+            if (c == quote)
+                quote = QChar();
+        } else if (c == QLatin1Char('"') || c == QLatin1Char('\'')) {
+            quote = c;
+        } else if (c == QLatin1Char('(')) {
+            ++depth;
+        } else if (c == QLatin1Char(')')) {
+            --depth;
+        } else if (depth <= 0 && isOneOf(c, ends)) {
+            return position;
+        }
+    }
+    return int(text.size());
+}
+
+/// Whether value means to every reader what it seems to: quotes and brackets end, nothing is
+/// escaped.
+bool isPlainValue(QStringView value)
+{
+    if (value.isEmpty() || value.size() > kMaxValueLength)
+        return false;
+    QChar quote;
+    int depth = 0;
+    for (const QChar c : value) {
+        if (isOneOf(c, "\\{}<>@\n\r\f") || c.isNull())
+            return false;
+        if (!quote.isNull()) {
+            if (c == quote)
+                quote = QChar();
+        } else if (c == QLatin1Char('"') || c == QLatin1Char('\'')) {
+            quote = c;
+        } else if (c == QLatin1Char('(')) {
+            ++depth;
+        } else if (c == QLatin1Char(')') && --depth < 0) {
+            return false;
+        }
+    }
+    return quote.isNull() && depth == 0;
+}
+
+void noteProperty(const QString &name, QStringView value, CssEffort *effort)
+{
+    ++effort->declarations;
+    effort->hasWhiteSpace |= name == QLatin1String("white-space");
+    effort->hasFonts |= name.startsWith(QLatin1String("font"));
+    effort->hasFloats |= name == QLatin1String("float");
+    effort->hasDisplay |= name == QLatin1String("display")
+        && value.compare(QLatin1String("none"), Qt::CaseInsensitive) != 0
+        && value.compare(QLatin1String("block"), Qt::CaseInsensitive) != 0;
+}
+
+QString declarations(QStringView css, CssEffort *effort)
+{
+    QString plain;
+    for (int start = 0; start < css.size();) {
+        const int end = findOutside(css, start, ";");
+        const QStringView each = css.mid(start, end - start);
+        start = end + 1;
+        const int colon = int(each.indexOf(QLatin1Char(':')));
+        if (colon < 0)
+            continue;
+        const QString name = each.left(colon).trimmed().toString().toLower();
+        const QString value = each.mid(colon + 1).trimmed().toString().simplified();
+        if (!isPropertyName(name) || !isPlainValue(value))
+            continue;
+        noteProperty(name, value, effort);
+        plain += name + QLatin1Char(':') + value + QLatin1Char(';');
+    }
+    return plain;
+}
+
+bool isPlainSelector(QStringView selector)
+{
+    return !selector.isEmpty() && std::all_of(selector.begin(), selector.end(), [](QChar c) {
+        return isWordLetter(c) || isOneOf(c, " .#*:,>+~[]=\"'^$|");
+    });
+}
+
+void noteSelector(const QString &selector, CssEffort *effort)
+{
+    effort->selectors += 1 + selector.count(QLatin1Char(','));
+    effort->ancestors += selector.count(QLatin1Char(' ')) + selector.count(QLatin1Char('>'));
+    effort->siblings += selector.count(QLatin1Char('+')) + selector.count(QLatin1Char('~'));
+}
+
+QString rules(QStringView css, bool mayHoldMedia, CssEffort *effort);
+
+QString rule(const QString &selector, QStringView block, bool mayHoldMedia, CssEffort *effort)
+{
+    const QLatin1String media("@media ");
+    if (mayHoldMedia && selector.startsWith(media)) {
+        const QString kind = selector.mid(media.size());
+        const QString inner = rules(block, false, effort);
+        return isPlainSelector(kind) ? media + kind + QLatin1Char('{') + inner + QLatin1Char('}')
+                                     : QString();
+    }
+    if (!isPlainSelector(selector))
+        return {};
+    noteSelector(selector, effort);
+    return selector + QLatin1Char('{') + declarations(block, effort) + QLatin1Char('}');
+}
+
+/// The end of the block that begins at position, at its closing brace.
+int blockEnd(QStringView css, int position)
+{
+    int depth = 1;
+    for (; position < css.size(); ++position) {
+        position = findOutside(css, position, "{}");
+        if (position >= css.size())
+            break;
+        depth += css.at(position) == QLatin1Char('{') ? 1 : -1;
+        if (depth == 0)
+            break;
+    }
+    return position;
+}
+
+QString rules(QStringView css, bool mayHoldMedia, CssEffort *effort)
+{
+    QString plain;
+    for (int start = 0; start < css.size();) {
+        const int open = findOutside(css, start, "{;}");
+        const bool isRule = open < css.size() && css.at(open) == QLatin1Char('{');
+        const int close = isRule ? blockEnd(css, open + 1) : open;
+        if (isRule) {
+            const QString selector = css.mid(start, open - start).toString().simplified();
+            plain += rule(selector, css.mid(open + 1, close - open - 1), mayHoldMedia, effort);
+        }
+        start = close + 1;
+    }
+    return plain;
+}
+
+} // namespace
+
+QString plainDeclarations(const QString &css, CssEffort *effort)
+{
+    const QString text = withoutComments(css);
+    return declarations(text, effort);
+}
+
+QString plainStyleSheet(const QString &css, CssEffort *effort)
+{
+    const QString text = withoutComments(css);
+    return rules(text, true, effort);
+}

@@ -1,0 +1,528 @@
+// SPDX-License-Identifier: MIT
+#include "help/safepage_p.h"
+
+#include "help/helplimits_p.h"
+#include "help/htmltokens_p.h"
+#include "help/textwork_p.h"
+#include "help/wordbreaks_p.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+namespace {
+
+bool isOneOf(const QString &name, std::initializer_list<const char *> names)
+{
+    return std::any_of(names.begin(), names.end(),
+        [&name](const char *each) { return name == QLatin1String(each); });
+}
+
+/// What an element is, looked up once for each of its tags.
+enum Trait {
+    EMPTY = 1, ///< Has no content and no end tag.
+    BLOCK = 2,
+    LINES = 4, ///< Always begins a line, and ends with one.
+    BOLD = 8,
+    ITALIC = 16,
+    MONOSPACED = 32,
+    SIZED = 64, ///< In a size of its own.
+};
+
+int traitsOf(const QString &name)
+{
+    static const QHash<QString, int> all = [] {
+        QHash<QString, int> traits;
+        const auto add = [&traits](int trait, std::initializer_list<const char *> names) {
+            for (const char *each : names)
+                traits[QString::fromLatin1(each)] |= trait;
+        };
+        add(EMPTY,
+            {"area", "base", "br", "col", "embed", "hr", "img", "input", "link", "meta", "param",
+                "source", "track", "wbr"});
+        add(BLOCK | LINES,
+            {"address", "blockquote", "center", "dd", "div", "dl", "dt", "h1", "h2", "h3", "h4",
+                "h5", "h6", "hr", "li", "ol", "p", "pre", "td", "th", "ul"});
+        add(BLOCK, {"body", "caption", "html", "table", "tbody", "tfoot", "thead", "tr"});
+        add(BOLD, {"b", "strong", "th", "h1", "h2", "h3", "h4", "h5", "h6"});
+        add(ITALIC, {"i", "em", "cite", "dfn", "var", "address"});
+        add(MONOSPACED, {"code", "kbd", "pre", "samp", "tt"});
+        add(SIZED, {"big", "small", "sub", "sup", "h1", "h2", "h3", "h4", "h5", "h6"});
+        return traits;
+    }();
+    return all.value(name);
+}
+
+bool isPlainName(const QString &name)
+{
+    constexpr int kMaxLength = 32;
+    return !name.isEmpty() && name.size() <= kMaxLength && name.at(0) >= QLatin1Char('a')
+        && name.at(0) <= QLatin1Char('z') && std::all_of(name.begin(), name.end(), [](QChar c) {
+               return (c >= QLatin1Char('a') && c <= QLatin1Char('z'))
+                   || (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || c == QLatin1Char('-');
+           });
+}
+
+/// What tells one font of a page from another.
+struct Font
+{
+    int traits = 0;
+    uint size = 0;
+    uint family = 0;
+    uint other = 0;
+
+    uint hash() const { return uint(traits) + 31 * (size + 31 * (family + 31 * other)); }
+};
+
+struct Element
+{
+    QString name;
+    bool isWritten = true; ///< False for those that the text engine puts in by itself.
+    Font font;
+    int children = 0;
+    int items = 0; ///< Of a list.
+    int rows = 0; ///< Of a table, as the next two.
+    int columns = 0;
+    int columnsOfRow = 0;
+};
+
+/// text with the entities of the signs that HTML is made of, and numeric ones, resolved.
+QString resolved(QStringView text)
+{
+    static const QHash<QString, QChar> names {{QStringLiteral("quot"), QLatin1Char('"')},
+        {QStringLiteral("apos"), QLatin1Char('\'')}, {QStringLiteral("amp"), QLatin1Char('&')},
+        {QStringLiteral("lt"), QLatin1Char('<')}, {QStringLiteral("gt"), QLatin1Char('>')}};
+    QString result;
+    result.reserve(int(text.size()));
+    for (int i = 0; i < text.size(); ++i) {
+        const int end = text.at(i) == QLatin1Char('&') ? htmlEntityEnd(text, i) : -1;
+        QString name = end < 0 ? QString() : text.mid(i + 1, end - i - 2).toString();
+        QChar sign = names.value(name);
+        if (name.startsWith(QLatin1Char('#'))) {
+            name = name.mid(1).toLower();
+            const bool isHex = name.startsWith(QLatin1Char('x'));
+            sign = QChar(name.midRef(isHex ? 1 : 0).toUInt(nullptr, isHex ? 16 : 10));
+        }
+        if (sign.isNull()) {
+            result += text.at(i);
+        } else {
+            result += sign;
+            i = end - 1;
+        }
+    }
+    return result;
+}
+
+bool isSide(QStringView alignment)
+{
+    return isOneOf(resolved(alignment).toLower(), {"left", "right"});
+}
+
+/// Reads a page and writes it again.
+class PageWriter
+{
+public:
+    PageWriter(const QString &html, bool isFromNetwork);
+
+    SafePage write();
+
+private:
+    void read(const HtmlToken &token);
+    void open(const HtmlToken &token);
+    void findPlace(const QString &name);
+    void openImplied(const QString &name);
+    void push(const QString &name, const Font &font, bool isWritten);
+    void close(const QString &name);
+    void closeInnermost();
+    void closeDownTo(int index);
+    int indexOf(const QString &name) const;
+    bool isInnermost(std::initializer_list<const char *> names) const;
+
+    Font writeAttributes(const HtmlToken &token, int traits);
+    void writeAttribute(const HtmlAttribute &attribute, Font *font);
+    QString spanOf(const HtmlAttribute &attribute);
+    void noteFont(const QString &declarations, Font *font) const;
+    void chargeElement(const HtmlToken &token);
+    void chargeCell(bool isRow);
+    void beginLine();
+
+    void writeText(QStringView text);
+    void writeEscaped(QStringView text, bool hasEntities);
+    void writeTitle();
+    void writeStyleSheet();
+
+    HtmlTokens m_tokens;
+    bool m_is_from_network;
+    QString m_html;
+    QVector<Element> m_open;
+    int m_tables = 0; // Of them.
+    bool m_is_too_deep = false;
+    QString m_raw; // The text of a title or a style sheet.
+    PageWork m_work;
+    CssEffort m_css;
+    WordBreaks m_words;
+    TextWork m_letters;
+    bool m_keeps_lines = false; // Whether a line of the page may be one of the text.
+    int m_paragraph = 0; // Letters since the last line began.
+    int m_loose_items = 0;
+    int m_columns = 1; // Of the tag in hand.
+    int m_rows = 1;
+    bool m_floats = false;
+};
+
+PageWriter::PageWriter(const QString &html, bool isFromNetwork)
+    : m_tokens(html), m_is_from_network(isFromNetwork)
+{
+    m_html.reserve(html.size() + html.size() / 8);
+}
+
+SafePage PageWriter::write()
+{
+    HtmlToken token;
+    while (!m_is_too_deep && !m_work.isTooMuch()) {
+        if (!m_tokens.next(&token))
+            return {SafePage::FINE, m_html, m_work.total()};
+        read(token);
+    }
+    return {m_is_too_deep ? SafePage::TOO_DEEP : SafePage::TOO_SLOW, {}, m_work.total()};
+}
+
+void PageWriter::read(const HtmlToken &token)
+{
+    const bool isRaw = isInnermost({"style", "title"});
+    if (token.kind == HtmlToken::TEXT) {
+        if (isRaw)
+            m_raw += token.text;
+        else
+            writeText(token.text);
+        return;
+    }
+    if (isRaw && m_open.last().name == QLatin1String("title"))
+        writeTitle();
+    else if (isRaw && token.kind == HtmlToken::CLOSING)
+        writeStyleSheet();
+    m_raw.clear();
+    if (!isPlainName(token.name))
+        return;
+    if (token.kind == HtmlToken::CLOSING)
+        close(token.name);
+    else if (!m_is_from_network || token.name != QLatin1String("link"))
+        open(token);
+}
+
+void PageWriter::open(const HtmlToken &token)
+{
+    const int traits = traitsOf(token.name);
+    findPlace(token.name);
+    if (traits & LINES)
+        beginLine();
+    m_html += QLatin1Char('<') + token.name;
+    const Font font = writeAttributes(token, traits);
+    chargeElement(token);
+    const bool isEmpty = (traits & EMPTY) || token.endsItself;
+    m_html += isEmpty ? QLatin1String(" />") : QLatin1String(">");
+    if (token.name == QLatin1String("br"))
+        m_words.restart();
+    if (!isEmpty)
+        push(token.name, font, true);
+}
+
+/// Ends what the text engine ends where this element begins, and begins what it puts in.
+void PageWriter::findPlace(const QString &name)
+{
+    if (name == QLatin1String("td") && indexOf(QStringLiteral("tr")) < 0) {
+        openImplied(QStringLiteral("table"));
+        openImplied(QStringLiteral("tr"));
+    } else if (name == QLatin1String("tr") && indexOf(QStringLiteral("table")) < 0) {
+        openImplied(QStringLiteral("table"));
+    } else if (name == QLatin1String("p")) {
+        int block = m_open.size() - 1;
+        while (block >= 0 && !(traitsOf(m_open.at(block).name) & BLOCK))
+            --block;
+        if (block >= 0 && m_open.at(block).name == name)
+            closeDownTo(block);
+    }
+    if (isOneOf(name, {"p", "li", "option"}) && !m_open.isEmpty() && m_open.last().name == name)
+        closeInnermost();
+    const auto goInto = [this](std::initializer_list<const char *> names) {
+        while (!m_open.isEmpty() && !isInnermost(names))
+            closeInnermost();
+    };
+    if (isOneOf(name, {"td", "th"}))
+        goInto({"tr"});
+    else if (name == QLatin1String("tr"))
+        goInto({"table", "thead", "tbody", "tfoot"});
+    else if (isOneOf(name, {"thead", "tbody", "tfoot", "caption"}))
+        goInto({"table"});
+    else if (name == QLatin1String("dt"))
+        goInto({"dl"});
+    else if (name == QLatin1String("dd"))
+        goInto({"dl", "dt"});
+    else if (name == QLatin1String("body") && isInnermost({"head"}))
+        closeInnermost();
+}
+
+void PageWriter::openImplied(const QString &name)
+{
+    push(name, m_open.isEmpty() ? Font() : m_open.last().font, false);
+}
+
+void PageWriter::push(const QString &name, const Font &font, bool isWritten)
+{
+    Element element;
+    element.name = name;
+    element.font = font;
+    element.isWritten = isWritten;
+    m_open += element;
+    if (name == QLatin1String("table"))
+        m_work.setTables(++m_tables);
+    m_is_too_deep |= m_open.size() > kMostNestedTags || m_tables > kMostNestedTables;
+}
+
+void PageWriter::close(const QString &name)
+{
+    m_work.addClosing(m_open.size());
+    const int index = indexOf(name);
+    if (index >= 0 && m_open.at(index).isWritten)
+        closeDownTo(index);
+}
+
+void PageWriter::closeDownTo(int index)
+{
+    while (m_open.size() > index)
+        closeInnermost();
+}
+
+void PageWriter::closeInnermost()
+{
+    const Element element = m_open.takeLast();
+    if (element.name == QLatin1String("table"))
+        m_work.setTables(--m_tables);
+    if (traitsOf(element.name) & LINES)
+        beginLine();
+    if (element.isWritten)
+        m_html += QLatin1String("</") + element.name + QLatin1Char('>');
+}
+
+int PageWriter::indexOf(const QString &name) const
+{
+    for (int i = m_open.size() - 1; i >= 0; --i) {
+        if (m_open.at(i).name == name)
+            return i;
+    }
+    return -1;
+}
+
+bool PageWriter::isInnermost(std::initializer_list<const char *> names) const
+{
+    return !m_open.isEmpty() && isOneOf(m_open.last().name, names);
+}
+
+Font PageWriter::writeAttributes(const HtmlToken &token, int traits)
+{
+    constexpr int kFonts = BOLD | ITALIC | MONOSPACED;
+    Font font = m_open.isEmpty() ? Font() : m_open.last().font;
+    font.traits |= traits & kFonts;
+    if (traits & SIZED)
+        font.size = qHash(token.name);
+    if (m_css.hasFonts)
+        font.other = qHash(token.name, font.other);
+    m_columns = m_rows = 1;
+    m_floats = m_css.hasFloats;
+    for (const HtmlAttribute &attribute : token.attributes)
+        writeAttribute(attribute, &font);
+    return font;
+}
+
+void PageWriter::writeAttribute(const HtmlAttribute &attribute, Font *font)
+{
+    const QString &name = attribute.name;
+    if (!isPlainName(name))
+        return;
+    m_work.addAttribute(attribute.value.size());
+    m_html += QLatin1Char(' ') + name + QLatin1String("=\"");
+    if (name == QLatin1String("style")) {
+        const QString css =
+            attribute.hasEntities ? resolved(attribute.value) : attribute.value.toString();
+        CssEffort effort;
+        const QString declarations = plainDeclarations(css, &effort);
+        writeEscaped(m_is_from_network ? declarations : css, false);
+        m_css.hasDisplay |= effort.hasDisplay;
+        m_css.hasWhiteSpace |= effort.hasWhiteSpace;
+        m_floats |= effort.hasFloats;
+        if (effort.hasFonts)
+            noteFont(declarations, font);
+    } else if (isOneOf(name, {"colspan", "rowspan"})) {
+        m_html += spanOf(attribute);
+    } else {
+        writeEscaped(attribute.value, attribute.hasEntities);
+        m_floats |= name == QLatin1String("align") && isSide(attribute.value);
+        if (name == QLatin1String("size"))
+            font->size = qHash(attribute.value);
+        else if (name == QLatin1String("face"))
+            font->family = qHash(attribute.value);
+        else if (m_css.hasFonts && isOneOf(name, {"class", "id"}))
+            font->other = qHash(attribute.value, font->other);
+    }
+    m_html += QLatin1Char('"');
+}
+
+QString PageWriter::spanOf(const HtmlAttribute &attribute)
+{
+    const int span = qBound(1, resolved(attribute.value).toInt(), kMaxSpan);
+    (attribute.name == QLatin1String("colspan") ? m_columns : m_rows) = span;
+    return QString::number(span);
+}
+
+void PageWriter::noteFont(const QString &declarations, Font *font) const
+{
+    const QVector<QStringRef> all = declarations.splitRef(QLatin1Char(';'));
+    for (const QStringRef &each : all) {
+        if (each.startsWith(QLatin1String("font-size:")))
+            font->size = qHash(each);
+        else if (each.startsWith(QLatin1String("font-family:")))
+            font->family = qHash(each);
+        else if (each.startsWith(QLatin1String("font")))
+            font->other = qHash(each, font->other);
+    }
+}
+
+void PageWriter::chargeElement(const HtmlToken &token)
+{
+    const int sibling = m_open.isEmpty() ? 0 : m_open.last().children++;
+    m_work.addElement(m_open.size(), sibling, m_css);
+    const QString &name = token.name;
+    m_keeps_lines |= isOneOf(name, {"pre", "meta"});
+    if (name == QLatin1String("img")) {
+        m_work.addPicture(m_paragraph);
+        m_paragraph += PageWork::kPictureAsLetters;
+    } else if (name == QLatin1String("li")) {
+        const int list = qMax(indexOf(QStringLiteral("ul")), indexOf(QStringLiteral("ol")));
+        m_work.addItem(list < 0 ? m_loose_items++ : m_open[list].items++);
+    } else if (isOneOf(name, {"td", "th", "tr"})) {
+        chargeCell(name == QLatin1String("tr"));
+    }
+    if (m_floats && isOneOf(name, {"img", "table"}))
+        m_work.addFloat(name == QLatin1String("table"));
+}
+
+/// A table is as wide as its widest row.
+void PageWriter::chargeCell(bool isRow)
+{
+    const int index = indexOf(QStringLiteral("table"));
+    if (index < 0)
+        return;
+    Element &table = m_open[index];
+    const int before = table.rows * table.columns;
+    table.rows = qMax(1, table.rows + (isRow ? 1 : 0));
+    table.columnsOfRow = isRow ? 0 : table.columnsOfRow + m_columns;
+    table.columns = qMax(table.columns, table.columnsOfRow);
+    m_work.addCell(table.rows * table.columns - before);
+    if (m_rows > 1)
+        m_work.addSpan(m_columns, m_rows);
+}
+
+void PageWriter::beginLine()
+{
+    // A style may have made it a part of a line.
+    if (m_css.hasDisplay)
+        return;
+    m_words.restart();
+    m_paragraph = 0;
+}
+
+void PageWriter::writeText(QStringView text)
+{
+    if (!m_open.isEmpty() && !text.trimmed().isEmpty())
+        m_work.addFont(m_open.last().font.hash());
+    int start = 0;
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        m_letters.take(c);
+        if (m_words.isDueBefore(c)) {
+            writeEscaped(text.mid(start, i - start), true);
+            m_html += WordBreaks::kBreak;
+            start = i;
+        }
+        // A break must not come between an ampersand and its semicolon.
+        if (c == QLatin1Char('&'))
+            i = qMax(i, htmlEntityEnd(text, i) - 1);
+    }
+    writeEscaped(text.mid(start), true);
+    m_letters.chargeTo(&m_work, m_keeps_lines || m_css.hasWhiteSpace);
+    m_paragraph += int(text.size());
+}
+
+/// Writes text so that nothing in it is a tag or a quote; entities stay if there are any.
+void PageWriter::writeEscaped(QStringView text, bool hasEntities)
+{
+    int start = 0;
+    for (int i = 0; i < text.size(); ++i) {
+        const char *entity = nullptr;
+        switch (text.at(i).unicode()) {
+        case '<':
+            entity = "&lt;";
+            break;
+        case '>':
+            entity = "&gt;";
+            break;
+        case '"':
+            entity = "&quot;";
+            break;
+        case '&':
+            entity = hasEntities && htmlEntityEnd(text, i) >= 0 ? nullptr : "&amp;";
+            break;
+        default:
+            break;
+        }
+        if (!entity)
+            continue;
+        m_html.append(text.data() + start, i - start);
+        m_html += QLatin1String(entity);
+        start = i + 1;
+    }
+    m_html.append(text.data() + start, int(text.size()) - start);
+}
+
+void PageWriter::writeTitle()
+{
+    // Entities are at most that much longer than what they are for.
+    writeEscaped(
+        resolved(QStringView(m_raw).left(kMaxTitleLength * 10)).left(kMaxTitleLength), true);
+}
+
+void PageWriter::writeStyleSheet()
+{
+    const QString css = resolved(m_raw);
+    const QString plain = plainStyleSheet(css, &m_css);
+    writeEscaped(m_is_from_network ? plain : css, false);
+    m_work.addAttribute(css.size());
+}
+
+} // namespace
+
+SafePage safePage(const QString &html, bool isFromNetwork)
+{
+    return PageWriter(html, isFromNetwork).write();
+}
+
+SafePage safePlainText(const QString &text)
+{
+    PageWork work;
+    TextWork letters;
+    WordBreaks words;
+    QString broken;
+    broken.reserve(text.size());
+    for (const QChar c : text) {
+        letters.take(c);
+        if (c == QLatin1Char('\n'))
+            words.restart();
+        else if (words.isDueBefore(c))
+            broken += WordBreaks::kBreak;
+        broken += c;
+    }
+    letters.chargeTo(&work, true);
+    if (work.isTooMuch())
+        return {SafePage::TOO_SLOW, {}, work.total()};
+    return {SafePage::FINE, broken, work.total()};
+}

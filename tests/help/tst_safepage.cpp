@@ -1,0 +1,506 @@
+// SPDX-License-Identifier: MIT
+#include "help/safepage_p.h"
+#include "support/vemotest.h"
+
+#include <QTextDocument>
+#include <QTextTable>
+
+#include <ctime>
+
+class tst_safepage : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ordinaryPagesStayAsTheyAre_data();
+    void ordinaryPagesStayAsTheyAre();
+    void aPageIsWrittenInOneSpelling_data();
+    void aPageIsWrittenInOneSpelling();
+    void pagesAreJudgedByTheirDepth_data();
+    void pagesAreJudgedByTheirDepth();
+    void pagesAreJudgedByTheirWork_data();
+    void pagesAreJudgedByTheirWork();
+    void hostilePagesTakeNoLongerThanAPlainPage_data();
+    void hostilePagesTakeNoLongerThanAPlainPage();
+    void spansAreCut_data();
+    void spansAreCut();
+    void endlessWordsAreBroken_data();
+    void endlessWordsAreBroken();
+    void ordinaryTextIsNotBroken_data();
+    void ordinaryTextIsNotBroken();
+    void theTitleIsCut();
+    void styleSheetsAreWrittenPlainly_data();
+    void styleSheetsAreWrittenPlainly();
+};
+
+namespace {
+
+constexpr int kMebibyte = 1024 * 1024;
+
+QString times(int count, const QString &part)
+{
+    return part.repeated(count);
+}
+
+class Document : public QTextDocument
+{
+protected:
+    QVariant loadResource(int, const QUrl &) override { return QPixmap(16, 16); }
+};
+
+/// The processor time that it takes to lay a page out, in milliseconds.
+double timeFor(const QString &html)
+{
+    const auto now = [] {
+        timespec time {};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return time.tv_sec * 1e3 + time.tv_nsec / 1e6;
+    };
+    const double start = now();
+    const SafePage page = safePage(html, true);
+    Document document;
+    document.setHtml(page.html);
+    document.setTextWidth(700);
+    document.size();
+    return now() - start;
+}
+
+/// How many tables lie inside each other, as the text engine sees it.
+int tableDepth(const QTextFrame *frame)
+{
+    int depth = 0;
+    const QList<QTextFrame *> children = frame->childFrames();
+    for (const QTextFrame *child : children)
+        depth = qMax(depth, tableDepth(child));
+    return depth + (qobject_cast<const QTextTable *>(frame) ? 1 : 0);
+}
+
+} // namespace
+
+void tst_safepage::ordinaryPagesStayAsTheyAre_data()
+{
+    QTest::addColumn<QString>("html");
+    const QStringList pages {
+        "<html><body><p>Hello <b>bold</b> <i>it</i></p><p>Second</p></body></html>",
+        "<html>text<br>more<br/>x<hr>y",
+        "<p>a<p>b<p>c",
+        "<b>x<p>y<p>z</b>w",
+        "<p><b>a<p>b",
+        "<body><b><p>Foo<p>Bar",
+        "<p>a<div>b</div>c</p>d",
+        "<ul><li>a<li>b<ul><li>c</ul><li>d</ul>e",
+        "<ol start=3 type=a><li>x</li><li>y</li></ol>",
+        "<dl><dt>a<dd>b<dt>c<dd>d</dl>e",
+        "<dd>x<dt>y",
+        "<table border=1><tr><td>a</td><td>b</td></tr><tr><td colspan=2>c</td></tr></table>z",
+        "<table><tr><td>a<td>b<tr><td>c<td>d</table>z",
+        "<table><thead><tr><th>h</th></tr></thead><tbody><tr><td>b</td></tr></tbody></table>",
+        "x<td>a<td>b</td>y",
+        "<table><td>a<td>b</table>y",
+        "<tr><td>a</tr>b",
+        "<table><caption>cap</caption><tr><td>a</table>",
+        "<table><tr><td><table><tr><td>in</td></tr></table></td></tr></table>",
+        "<pre>\nline1\n  line2\n</pre>after",
+        "<pre>a<!-- c -->  b</pre>",
+        "a <!-- c --> b",
+        "<pre><b>x\n</b></pre>y",
+        "a &amp; b &lt;x&gt; &nbsp;&eacute;&copy; &unknown; &#65;&#x42; &#8364; & x &;",
+        "a < b and c > d",
+        "<a href=\"x?a=1&amp;b=2\">l</a>",
+        "<a href='x?a=1&amp;b=2'>l</a>",
+        "<a href=x?a=1&b=2>l</a>",
+        "<a href=\"a b'c\" title='q\"q'>l</a>",
+        "<img src=\"a.png\" width=20 height=30><img src='b.png' alt=\"x\"><IMG SRC=c.png>",
+        "<style>p {color:red} .c { font-size:20px }</style><p class=c>a</p>",
+        "<style type=\"text/css\"><!-- p {color:red} --></style><p>a",
+        "<style>/* c */ h1, h2 > b{color:#00f}\n@media screen { p {color:green} } @import "
+        "url(x.css);</style><p>a<h1>x</h1>",
+        "<p style=\"margin-left:20px; color : red;background-image:url(x.png)\">a</p><p "
+        "style='font-family:\"Arial\", serif; font-size:12pt'>b</p><p "
+        "style=\"font-family:&quot;Arial Black&quot;;color:blue\">c",
+        "<font color=red size=+2 "
+        "face=\"Courier\">x</font><u>y</u><s>z</s><sub>1</sub><sup>2</sup><big>b</big><small>s</"
+        "small><tt>t</tt><code>c</code>",
+        "<h1>T</h1><h2>U</h2><center>c</center><blockquote>q</blockquote><address>a</address>",
+        "<p align=center>x<p align=right>y<div align=justify>z</div>",
+        "<html><head><title>My title &amp; more</title><meta charset=utf-8><link rel=icon "
+        "href=x></head><body bgcolor=\"#ffeeee\" text=red>x</body></html>",
+        "<script>if (a<b) alert('x')</script>after",
+        "<section class=a><nav>n</nav></section>text",
+        "<div><span style=\"color:red\">a</span> <span>b</span></div>",
+        "<a name=\"top\"/><p>x</p><a name=x></a>y",
+        "<p>a</b>c</p></p>d",
+        "</td></tr>x",
+        "<b><i>x</b>y</i>z",
+        "<b/>x",
+        "<p/>x<p>y",
+        "<div/>x",
+        "<input><input>x<wbr>y<option>a<option>b",
+        "<!DOCTYPE html><html>x",
+        "<?xml version=\"1.0\"?><html>x</html>",
+        "text <b\nclass=x\n>y</b>",
+        "<p\t>x",
+        "< p>x",
+        "<p>x</ p>y",
+        "<P ALIGN=\"CENTER\">x",
+        "<p align=\"&#99;enter\">x",
+        "<p>unclosed <b",
+        "<p>x<b title=\"a>b\">y</b>",
+        "<p>x<b title=\"a",
+        "x<img src=\"a>b.png\">y",
+        "<!--StartFragment--><p>x</p><!--EndFragment-->y",
+        "a<!--StartFragment-->x",
+        "<qt>rich</qt>",
+        "<table width=100% cellpadding=3 cellspacing=0 bgcolor=red><tr bgcolor=blue><td "
+        "width=\"30%\" valign=top align=right rowspan=2>a<td>b<tr><td>c</table>",
+        "<table style=\"float:right\"><tr><td>x</table>y",
+        "<img src=a align=left>text",
+        "<hr width=\"50%\" noshade>",
+        "<ul type=square><li value=4>x</ul>",
+        "<nobr>a b</nobr>",
+        "<p style=\"white-space:pre\">a  <!-- x -->  b</p>",
+        "<p>&#0;x&#55296;y</p>",
+        "a\u200bb  c\n\nd\te",
+        "<body><p>x</p>\n<p>y</p>\n</body>\n",
+        "<div>a</div>\n\n<div>b</div> c <div>d</div>",
+        "<td>x</td><table><tr><td>y</table>",
+        "<ul><p>x<li>y<p>z</ul>",
+        "<li>a<li>b",
+        "<p><ul><li>a</ul></p>b",
+        "<a href=\"x\"><img src=\"y\"></a>",
+        "<span><p>x</span>y",
+        "<b>a<table><tr><td>x</table>b",
+        "<table><tr><td><p>a<p>b<td><ul><li>x</table>",
+        "<table>text<tr>text2<td>x</table>",
+        "<th>x<td>y",
+        "<h1>a<h2>b</h1>c",
+        "<center><table><tr><td>x</table></center>y",
+        "<table><tr><td>a</tr></td><td>b</table>c",
+        "<form><select><option>1</option></select></form>x",
+        "<dl><dd>a<dl><dt>b</dl></dl>c",
+    };
+    for (const QString &page : pages)
+        QTest::addRow("%s", qPrintable(page.left(100).simplified())) << page;
+}
+
+void tst_safepage::ordinaryPagesStayAsTheyAre()
+{
+    QFETCH(const QString, html);
+    for (const bool isFromNetwork : {true, false}) {
+        const SafePage safe = safePage(html, isFromNetwork);
+        QCOMPARE(safe.verdict, SafePage::FINE);
+        Document shown;
+        shown.setHtml(safe.html);
+        Document before;
+        before.setHtml(html);
+        QCOMPARE(shown.toHtml(), before.toHtml());
+        QCOMPARE(shown.metaInformation(QTextDocument::DocumentTitle),
+            before.metaInformation(QTextDocument::DocumentTitle));
+    }
+}
+
+void tst_safepage::aPageIsWrittenInOneSpelling_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<QString>("safe");
+    const auto row = [](const char *html, const char *safe) {
+        QTest::addRow("%s", html) << QString::fromLatin1(html) << QString::fromLatin1(safe);
+    };
+    row("< table>", "<table>");
+    row("<\n\"table\">", "<table>");
+    row("<t&#97;ble>", "<table>");
+    row("<'table'>", "<table>");
+    row("<TABLE X=y>", "<table x=\"y\">");
+    row("<table x=\"/>\">", "<table x=\"/&gt;\">");
+    row("<table x=\"</table>\">", "<table x=\"&lt;/table&gt;\">");
+    row("<table></table.x>", "<table>");
+    row("<a title=\"<!--\">", "<a title=\"&lt;!--\">");
+    row("<a title='\"x&amp;'>", "<a title=\"&quot;x&amp;amp;\">");
+    row("<b/>x", "<b />x");
+    row("<b />x", "<b />x");
+    row("<b ></b >", "<b></b>");
+    row("<wbr><base href=x>", "<wbr /><base href=\"x\" />");
+    row("<b><i></b>", "<b><i></i></b>");
+    row("</b>", "");
+    row("<t\"able>", "");
+    row("<b on\"x=1 y>", "<b y=\"1\">");
+    row("a > \"b\" & &amp;", "a &gt; &quot;b&quot; &amp; &amp;");
+    row("<option>a<option>b", "<option>a</option><option>b");
+    row("<link rel=stylesheet href=x.css>x", "x");
+    row("<!DOCTYPE x><!-- y -->z", "z");
+    row("<b", "<b>");
+}
+
+void tst_safepage::aPageIsWrittenInOneSpelling()
+{
+    QFETCH(const QString, html);
+    QTEST(safePage(html, true).html, "safe");
+}
+
+void tst_safepage::pagesAreJudgedByTheirDepth_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<bool>("isTooDeep");
+    const QString cell = QStringLiteral("<tr><td>");
+    const auto tables = [&cell](int count, const QString &spelling) {
+        return "<html>" + times(count, spelling + cell);
+    };
+    QTest::newRow("12 tables") << tables(12, "<table>") << false;
+    QTest::newRow("13 tables") << tables(13, "<table>") << true;
+    for (const char *spelling : {"< table>", "<\n table>", "<\"table\">", "<'table'>",
+             "<t&#97;ble>", "<&#x54;able>", "<TABLE\t>", "<table x=\"/>\">", "<table x='</table>'>",
+             "<table x=\"</table>\">", "<table></table.x>", "<table></ tabl>"})
+        QTest::addRow("22 times %s", spelling) << tables(22, spelling) << true;
+    QTest::newRow("after a comment in an attribute")
+        << "<a title=\"<!--\">" + tables(22, "<table>") << true;
+    QTest::newRow("after a comment in a paragraph's attribute")
+        << "<p x=\"<!--\">" + tables(22, "<table>") << true;
+    QTest::newRow("in a comment") << "<!-- " + tables(50, "<table>") + " --><p>" << false;
+    QTest::newRow("tables side by side")
+        << times(500, "<table><tr><td></td></tr></table>") << false;
+    QTest::newRow("1000 tags") << times(1000, "<b>") << false;
+    QTest::newRow("1001 tags") << times(1001, "<b>") << true;
+    QTest::newRow("tags, ended") << times(5000, "<b>x</b>") << false;
+    QTest::newRow("tags that end themselves") << times(5000, "<a name=\"x\" />") << false;
+    for (const char *tag : {"<wbr>", "<param>", "<input>", "<area>", "<base>", "<col>", "<br>",
+             "<img src=\"x\">", "<p>x", "<option>"})
+        QTest::addRow("5000 times %s", tag) << times(5000, tag) << false;
+    QTest::newRow("<b x=\"/>\">") << times(200000, "<b x=\"/>\">") << true;
+    QTest::newRow("<b x=\"</b>\">") << times(200000, "<b x=\"</b>\">") << true;
+    QTest::newRow("<div x=\"</b>\">") << times(200000, "<div x=\"</b>\">") << true;
+    QTest::newRow("items inside paragraphs") << times(15000, "<p><li>") << true;
+    QTest::newRow("ends without a beginning") << times(2000, "</b>") + times(1000, "<b>") << false;
+    QTest::newRow("a bracket at the end") << "text<" << false;
+}
+
+void tst_safepage::pagesAreJudgedByTheirDepth()
+{
+    QFETCH(const QString, html);
+    const SafePage safe = safePage(html, true);
+    QTEST(safe.verdict == SafePage::TOO_DEEP, "isTooDeep");
+    Document document;
+    document.setHtml(safe.html);
+    QVERIFY(tableDepth(document.rootFrame()) <= 12);
+}
+
+void tst_safepage::pagesAreJudgedByTheirWork_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<int>("fine");
+    QTest::addColumn<int>("tooMuch");
+    const auto row = [](const char *name, const char *unit, int fine, int tooMuch) {
+        QTest::newRow(name) << QString::fromUtf8(unit) << fine << tooMuch;
+    };
+    row("letters", "word ", 600000, 800000);
+    row("paragraphs", "<p>x</p>", 90000, 130000);
+    row("pictures in a paragraph", "<img src=\"a\">", 2500, 4000);
+    row("pictures in paragraphs of their own", "<p><img src=\"a\">", 10000, 100000);
+    row("items of a list", "<li>x</li>", 3500, 5000);
+    row("lists of one item", "<ul><li>x</ul>", 50000, 70000);
+    row("cells", "<tr><td>x", 8000, 25000);
+    row("cells that span a hundred columns", "<tr><td colspan=\"100\">x", 1000, 3000);
+    row("cells that span a hundred rows", "<tr><td rowspan=\"100\">x", 150, 500);
+    row("floating tables", "<table align=left><tr><td>x</table>", 1000, 2000);
+    row("lines of preformatted text", "<pre>x\n</pre>", 40000, 100000);
+}
+
+void tst_safepage::pagesAreJudgedByTheirWork()
+{
+    QFETCH(const QString, unit);
+    QFETCH(const int, fine);
+    QFETCH(const int, tooMuch);
+    QCOMPARE(safePage("<html>" + times(fine, unit), true).verdict, SafePage::FINE);
+    QCOMPARE(safePage("<html>" + times(tooMuch, unit), true).verdict, SafePage::TOO_SLOW);
+}
+
+static QString distinct(int count, const QString &unit)
+{
+    QString html = QStringLiteral("<html>");
+    for (int i = 0; i < count; ++i)
+        html += QString(unit).replace(QLatin1Char('#'), QString::number(i + 1));
+    return html;
+}
+
+void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage_data()
+{
+    QTest::addColumn<QString>("html");
+    const auto fill = [](const char *name, const QString &unit) {
+        QTest::addRow("1 MiB of %s", name)
+            << "<html>" + times((kMebibyte - 6) / unit.toUtf8().size(), unit);
+    };
+    fill("one word", QStringLiteral("w"));
+    fill("brackets", QStringLiteral(") "));
+    fill("opening brackets", QStringLiteral("( a"));
+    fill("blanks that don't break", QString(QChar(0xA0)));
+    fill("word joiners", QString(QChar(0x56FE)) + QChar(0x2060));
+    fill("commas that don't break", QString(QChar(0x3001)));
+    fill("both directions", QString(QChar(0x5D0)) + "a");
+    fill("accents", QString(QChar(0x301)));
+    fill("two scripts", "a" + QString(QChar(0x3B1)));
+    fill("NUL", QString(QChar(0)));
+    fill("pictures", QStringLiteral("<img>"));
+    fill("paragraphs", QStringLiteral("<p>w"));
+    fill("cells", QStringLiteral("<td>"));
+    fill("items", QStringLiteral("<li>"));
+    fill("breaks", QStringLiteral("<br>"));
+    fill("tags", QStringLiteral("<b></b>"));
+    fill("preformatted lines", QStringLiteral("<pre>\n"));
+    fill("options", QStringLiteral("<option>"));
+    fill("closing tags", QStringLiteral("</b>"));
+    QTest::newRow("100,000 pictures in a paragraph")
+        << "<html><p>" + times(100000, "<img src=\"a\">");
+    QTest::newRow("rows of 20480 columns")
+        << "<html><table>" + times(10, "<tr><td colspan=\"20480\">a<td>b");
+    QTest::newRow("4,000 rules and 4,000 tags")
+        << "<html><style>" + times(4000, "p{color:red}") + "</style>" + times(4000, "<p>x");
+    QTest::newRow("a rule of 100,000 declarations")
+        << "<html><style>p{" + times(100000, "color:red;") + "}</style>" + times(4000, "<p>x");
+    QTest::newRow("rules for descendants") << "<html><style>"
+            + times(100, "q b b b b b p{color:red}") + "</style>" + times(100, "<b>")
+            + times(4000, "<p>x");
+    QTest::newRow("rules for siblings")
+        << "<html><style>" + times(100, "b + p + p{color:red}") + "</style>" + times(9000, "<p>x");
+    QTest::newRow("22 tables in 371 bytes") << "<html>" + times(22, "< table><tr><td>");
+    QTest::newRow("text in 12 tables")
+        << "<html>" + times(12, "<table><tr><td>") + times(2000, "word ");
+    QTest::newRow("floating tables in tables") << "<html>" + times(2, "<table><tr><td>")
+            + times(1000, "<table style=\"fl\\6f at:left;float:left\"><tr><td>x</table>");
+    QTest::newRow("fonts") << distinct(5000, QStringLiteral("<p style=\"font-size:#px\">x"));
+    QTest::newRow("families") << distinct(5000, QStringLiteral("<font face=\"f#\">x</font>"));
+    QTest::newRow("blocks made parts of a line")
+        << "<html><style>p{display:inline}</style>" + times(50000, "<p>w</p><p>.</p>");
+}
+
+void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage()
+{
+    QFETCH(const QString, html);
+    // A megabyte of text, and the time of ten such pages.
+    static const double plain = timeFor("<html>" + times(kMebibyte / 5, "word "));
+    const double taken = timeFor(html);
+    QVERIFY2(
+        taken < 10 * plain, qPrintable(QStringLiteral("%1 ms, plain %2 ms").arg(taken).arg(plain)));
+}
+
+void tst_safepage::spansAreCut_data()
+{
+    QTest::addColumn<QString>("span");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("100") << "100"
+                         << "100";
+    QTest::newRow("101") << "101"
+                         << "100";
+    QTest::newRow("20480") << "20480"
+                           << "100";
+    QTest::newRow("an entity in it") << "2&#48;48"
+                                     << "100";
+    QTest::newRow("beyond integers") << "99999999999"
+                                     << "1";
+    QTest::newRow("zero") << "0"
+                          << "1";
+    QTest::newRow("negative") << "-5"
+                              << "1";
+    QTest::newRow("no number") << "many"
+                               << "1";
+}
+
+void tst_safepage::spansAreCut()
+{
+    QFETCH(const QString, span);
+    QFETCH(const QString, written);
+    for (const char *name : {"colspan", "rowspan"}) {
+        const QString page = QStringLiteral("<td %1=\"%2\">").arg(QLatin1String(name));
+        QCOMPARE(
+            safePage("<table><tr>" + page.arg(span), true).html, "<table><tr>" + page.arg(written));
+    }
+}
+
+void tst_safepage::endlessWordsAreBroken_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::newRow("letters") << "w";
+    QTest::newRow("letters over tags") << "w<b></b>";
+    QTest::newRow("entities") << "&amp;";
+    QTest::newRow("brackets and blanks") << ") ";
+    QTest::newRow("blanks that don't break") << QString(QChar(0xA0));
+    QTest::newRow("ideographs that are joined") << QString(QChar(0x56FE)) + QChar(0x2060);
+}
+
+void tst_safepage::endlessWordsAreBroken()
+{
+    QFETCH(const QString, unit);
+    const QChar breakSign(0x200B);
+    Document document;
+    document.setHtml(safePage("<html><p>x</p>" + times(5000, unit), true).html);
+    const QStringList words = document.toPlainText().split(breakSign);
+    QVERIFY(words.size() > 5);
+    for (const QString &word : words)
+        QVERIFY(word.size() <= 510);
+    QCOMPARE(safePlainText(times(5000, "w")).html.count(breakSign), 9);
+}
+
+void tst_safepage::ordinaryTextIsNotBroken_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::newRow("words") << "<html>" + times(5000, "some words, and more. ");
+    QTest::newRow("a word of 500 letters") << "<html>" + times(500, "w") + " and more";
+    QTest::newRow("ideographs") << "<html>" + times(5000, QChar(0x56FE));
+    QTest::newRow("paragraphs without a blank") << times(5000, "<p>w</p>");
+    QTest::newRow("cells without a blank") << "<table>" + times(500, "<tr><td>w</td></tr>");
+    QTest::newRow("lines without a blank") << "<html>" + times(5000, "w<br>");
+    QTest::newRow("a picture inside the page")
+        << "<html><img src=\"data:image/png;base64," + times(5000, "w") + "\">";
+}
+
+void tst_safepage::ordinaryTextIsNotBroken()
+{
+    QFETCH(const QString, html);
+    const SafePage safe = safePage(html, true);
+    QCOMPARE(safe.verdict, SafePage::FINE);
+    QVERIFY(!safe.html.contains(QChar(0x200B)));
+}
+
+void tst_safepage::theTitleIsCut()
+{
+    const SafePage safe =
+        safePage("<html><title>" + times(17 * kMebibyte, "t") + "</title>text</html>", true);
+    Document document;
+    document.setHtml(safe.html);
+    QCOMPARE(document.metaInformation(QTextDocument::DocumentTitle), times(200, "t"));
+    QCOMPARE(document.toPlainText(), QStringLiteral("text"));
+}
+
+void tst_safepage::styleSheetsAreWrittenPlainly_data()
+{
+    QTest::addColumn<QString>("css");
+    QTest::addColumn<QString>("plain");
+    const auto row = [](const char *css, const char *plain) {
+        QTest::addRow("%s", css) << QString::fromLatin1(css) << QString::fromLatin1(plain);
+    };
+    row("p { color : red }", "p{color:red;}");
+    row("p,h1 > b{color:red;;margin:0 1px}", "p,h1 &gt; b{color:red;margin:0 1px;}");
+    row("p{fl\\6f at:left;color:red}", "p{color:red;}");
+    row("\\70 {color:red}", "");
+    row("/* x */p/* y */{color:/* z */red}", "p{color:red;}");
+    row("@import url(x.css);p{color:red}", "p{color:red;}");
+    row("@import 'x.css';", "");
+    row("@media screen{p{color:red}}", "@media screen{p{color:red;}}");
+    row("@media a{@media b{p{color:red}}}", "@media a{}");
+    row("p{color:red", "p{color:red;}");
+    row("p{background:url(x;y)}", "p{background:url(x;y);}");
+    row("p{background:url(x}b{color:red}", "p{}");
+    row("p{font-family:'a}b'}", "p{}");
+    row("}p{color:red}", "p{color:red;}");
+}
+
+void tst_safepage::styleSheetsAreWrittenPlainly()
+{
+    QFETCH(const QString, css);
+    QFETCH(const QString, plain);
+    QCOMPARE(safePage("<style>" + css + "</style>", true).html, "<style>" + plain + "</style>");
+    // A local page may do as it likes.
+    QCOMPARE(safePage("<style>" + css + "</style>", false).html,
+        "<style>" + QString(css).replace('>', "&gt;") + "</style>");
+}
+
+VEMO_TEST_MAIN(tst_safepage)
+#include "tst_safepage.moc"
