@@ -82,12 +82,18 @@ VemoButtonPath::~VemoButtonPath() = default;
 
 void VemoButtonPath::refresh(QString path) // NOLINT: by value, as the slot of its signal is
 {
+    const bool hadFocus = isAncestorOf(window()->focusWidget());
     m_view_width = horizontalScrollBar()->pageStep();
     m_change_folder_button->hide();
     m_folder_menu->clear();
     clearRow();
     addParts(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
     updateColumnSize();
+    // The button that had the focus is gone: without this, no widget would have it.
+    if (hadFocus && !m_buttons.isEmpty())
+        m_buttons.last()->setFocus();
+    else if (hadFocus)
+        focusNextChild();
 }
 
 QString VemoButtonPath::getPath(int index)
@@ -166,6 +172,7 @@ void VemoButtonPath::addArrow(const QPixmap &picture, const QString &style)
 {
     QPushButton *arrow = newButton(viewport(), style);
     arrow->setFocusPolicy(Qt::NoFocus); // it does nothing
+    arrow->setAccessibleName(QStringLiteral("/")); // as in a path, and in every language
     arrow->setIcon(picture);
     // In a larger box Qt would draw a fine picture as a coarse, larger one.
     arrow->setIconSize(picture.size() / picture.devicePixelRatio());

@@ -8,6 +8,7 @@
 #include <vemo/vemoiconbutton.h>
 
 #include <QKeyEvent>
+#include <QMenu>
 
 namespace {
 
@@ -42,6 +43,9 @@ VemoFilterBar::VemoFilterBar(QWidget *parent)
 void VemoFilterBar::setMenu(QMenu *menu)
 {
     m_dropdown_button->setMenu(menu);
+    // The menu's title, without the sign of its mnemonic.
+    const QString title = menu ? menu->menuAction()->iconText() : QString();
+    m_dropdown_button->setAccessibleName(title.isEmpty() ? placeholderText() : title);
 }
 
 void VemoFilterBar::keyPressEvent(QKeyEvent *event)

@@ -37,7 +37,7 @@ public:
     ~VemoButtonPath() override;
 
     /// Shows path, its parts separated by "/"; empty parts are left out. May be called from a slot
-    /// of sigUpdatePath().
+    /// of sigUpdatePath(). If one of the buttons has the keyboard focus, the last name gets it.
     void refresh(QString path);
 
     /// The path up to a column, without a slash in front: names are in even columns, the arrows

@@ -29,7 +29,8 @@ public:
     explicit VemoFilterBar(QWidget *parent = nullptr);
 
     /// The menu stays the caller's, and may be deleted at any time; a null one, as at first, opens
-    /// nothing.
+    /// nothing. Screen readers call the button by the menu's title, or by the placeholder text if
+    /// there is none: set them first.
     void setMenu(QMenu *menu);
 
 Q_SIGNALS:

@@ -85,6 +85,7 @@ private Q_SLOTS:
     void opensItsMenuOnPress();
     void forgetsTheMenuOfTheLastPath();
     void mayBeRefreshedByAMenuEntry();
+    void keepsTheFocusAfterAMenuEntry();
     void fitsTheMenuToANewWidth();
     void survivesItsDeletionUnderTheOpenMenu();
 };
@@ -218,6 +219,19 @@ void PathOverflowTest::mayBeRefreshedByAMenuEntry()
     path.folder()->menu()->actions().at(1)->trigger();
     QCOMPARE(path.bar.getPath(99), QString("alpha/beta"));
     QCOMPARE(path.updates.size(), 1);
+}
+
+void PathOverflowTest::keepsTheFocusAfterAMenuEntry()
+{
+    Path path;
+    connect(&path.bar, SIGNAL(sigUpdatePath(QString)), &path.bar, SLOT(slotUpdatePath(QString)));
+    path.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&path.window));
+    path.refreshWithout(path.right(2));
+    path.folder()->setFocus();
+    path.folder()->menu()->actions().at(1)->trigger();
+    QCOMPARE(path.bar.path(), QString("alpha/beta"));
+    QCOMPARE(QApplication::focusWidget(), path.bar.cellWidget(0, 2));
 }
 
 void PathOverflowTest::fitsTheMenuToANewWidth()

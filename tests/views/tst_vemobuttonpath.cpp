@@ -84,6 +84,10 @@ private Q_SLOTS:
     void survivesItsDeletionByItsOwnSignal();
     void takesTheKeyboardFromNameToName();
     void keepsItsPlaceInTheTabOrder();
+    void keepsTheFocusWhenRefreshed_data();
+    void keepsTheFocusWhenRefreshed();
+    void takesNoFocusWhenRefreshed();
+    void namesItsArrows();
     void opensNoEditor();
     void holdsLongPaths_data();
     void holdsLongPaths();
@@ -380,6 +384,57 @@ void VemoButtonPathTest::keepsItsPlaceInTheTabOrder()
         QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), next);
     }
+}
+
+void VemoButtonPathTest::keepsTheFocusWhenRefreshed_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<int>("focused"); // the field after the bar, if there is no name
+    QTest::newRow("first") << 0 << "a" << 0;
+    QTest::newRow("middle") << 2 << "a/b" << 2;
+    QTest::newRow("to a deeper path") << 4 << "a/b/c/d" << 6;
+    QTest::newRow("to an empty path") << 2 << "" << -1;
+}
+
+void VemoButtonPathTest::keepsTheFocusWhenRefreshed()
+{
+    QFETCH(int, column);
+    QFETCH(QString, path);
+    QFETCH(int, focused);
+    QWidget window;
+    VemoButtonPath bar(&window);
+    QLineEdit after(&window);
+    bar.resize(500, bar.height());
+    window.show();
+    bar.refresh("a/b/c");
+    connect(&bar, &VemoButtonPath::sigUpdatePath, &bar, [&] { bar.refresh(path); });
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    bar.cellWidget(0, column)->setFocus();
+    QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+    QCOMPARE(bar.path(), path);
+    QCOMPARE(QApplication::focusWidget(), focused < 0 ? &after : bar.cellWidget(0, focused));
+}
+
+void VemoButtonPathTest::takesNoFocusWhenRefreshed()
+{
+    QWidget window;
+    VemoButtonPath bar(&window);
+    QLineEdit after(&window);
+    window.show();
+    bar.refresh("a/b");
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    after.setFocus();
+    bar.refresh("a/b/c");
+    QCOMPARE(QApplication::focusWidget(), &after);
+}
+
+void VemoButtonPathTest::namesItsArrows()
+{
+    const Path path("a/b");
+    QCOMPARE(path.button(1)->accessibleName(), QString("/"));
 }
 
 void VemoButtonPathTest::opensNoEditor()

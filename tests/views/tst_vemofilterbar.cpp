@@ -46,6 +46,8 @@ private Q_SLOTS:
     void opensItsMenuOnDown();
     void opensItsMenuOnPress();
     void leavesTheMenuToItsOwner();
+    void namesItsButtonForAScreenReader_data();
+    void namesItsButtonForAScreenReader();
     void forgetsAMenu();
     void passesOtherKeysOn();
     void survivesItsDeletionUnderTheOpenMenu_data();
@@ -186,6 +188,30 @@ void VemoFilterBarTest::leavesTheMenuToItsOwner()
     QVERIFY(!menu.parent());
     menu.addAction("Documents");
     QCOMPARE(menu.actions().size(), 1);
+}
+
+void VemoFilterBarTest::namesItsButtonForAScreenReader_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("placeholder");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("title of the menu") << "&Kinds"
+                                       << "Search"
+                                       << "Kinds";
+    QTest::newRow("menu without a title") << ""
+                                          << "Search"
+                                          << "Search";
+}
+
+void VemoFilterBarTest::namesItsButtonForAScreenReader()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, placeholder);
+    Filter filter;
+    filter.bar.setPlaceholderText(placeholder);
+    QMenu menu(title);
+    filter.bar.setMenu(&menu);
+    QTEST(filter.button()->accessibleName(), "name");
 }
 
 void VemoFilterBarTest::forgetsAMenu()
