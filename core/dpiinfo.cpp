@@ -16,6 +16,8 @@
 namespace {
 
 constexpr double kDesignDpi = 96.0;
+// Beyond it the length of the result might not fit into an int. Four times the longest style file.
+constexpr int kMaxSheet = 64 * 1024 * 1024;
 constexpr int kRescanStep = 3; // Characters from the start of a number to where the search goes on.
 
 bool isDigit(QChar c)
@@ -223,7 +225,10 @@ DPIinfo::DPIinfo()
 
 QString DPIinfo::getScaledStyleSheet(QString sheet) const
 {
-    if (!isWellFormed(sheet))
+    // A number for every three characters is the most that there can be.
+    static_assert(std::numeric_limits<int>::max() / (kRescanStep + Writer::kLongestPixels)
+        > kMaxSheet / kRescanStep);
+    if (sheet.size() > kMaxSheet || !isWellFormed(sheet))
         return sheet;
     const Lengths lengths = allLengths(sheet);
     Pieces pieces(sheet, lengths);

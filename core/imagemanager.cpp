@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/imagemanager.h>
 
+#include "core/filereplacement_p.h"
 #include "core/logging_p.h"
-#include "core/textfile_p.h"
+#include "core/resourcefile_p.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/uipathmanager.h>
 
+#include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QImageReader>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -25,11 +26,20 @@ const QLatin1String kFileSuffix(".png");
 /// a missing file not under other names: both of what makes QPixmap's own loading slower.
 QImage readPicture(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    QByteArray bytes = bytesOfResource(path, kMaxPictureBytes);
+    QBuffer buffer(&bytes);
+    if (bytes.isEmpty() || !buffer.open(QIODevice::ReadOnly))
         return {};
-    QImageReader png(&file, "png");
-    return png.canRead() ? png.read() : QImageReader(&file).read();
+    QImageReader png(&buffer, "png");
+    return png.canRead() ? png.read() : QImageReader(&buffer).read();
+}
+
+/// The PNG file of picture; empty for a null picture.
+QByteArray pngOf(const QImage &picture)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    return picture.save(&buffer, "PNG") ? buffer.data() : QByteArray();
 }
 
 QImage fitted(const QImage &picture, const QSize &size)
@@ -103,7 +113,7 @@ const QString &ImageManager::getTempImageFolder() const
 void ImageManager::readJson()
 {
     const QString text =
-        textOfFile(UIPathManager::getInstance().getPath(QStringLiteral("resource_path"))
+        textOfResource(UIPathManager::getInstance().getPath(QStringLiteral("resource_path"))
             + QLatin1String("/images.json"));
     // By way of a string, so that a byte that isn't UTF-8 spoils one name and not the catalogue.
     const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
@@ -174,9 +184,7 @@ void ImageManager::prepareTempImage(const QString &name)
     QImage picture = readPicture(getImageFullPath(name));
     if (!picture.isNull())
         picture = fitted(picture, picture.size() / 4.0 * DPIinfo::getInstance().getDPI());
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        picture.save(&file, "PNG");
+    replaceFile(path, pngOf(picture));
 }
 
 QString ImageManager::getImageFullPath(const QString &name) const

@@ -2,13 +2,13 @@
 #include <vemo/stylemanager.h>
 
 #include "core/logging_p.h"
+#include "core/resourcefile_p.h"
 #include "core/stylefile_p.h"
-#include "core/textfile_p.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 
-#include <QFile>
+#include <QFileInfo>
 
 StyleManager &StyleManager::getInstance()
 {
@@ -21,8 +21,10 @@ void StyleManager::initialize(const std::vector<QString> &paths)
     QString text;
     for (const QString &path : paths) {
         // Deliberate: a file that can't be opened leaves only its line break, and no warning.
-        if (QFile::exists(path))
-            text.append(textOfFile(path)).append(QLatin1Char('\n'));
+        const QFileInfo file(path);
+        // A folder does exist: like a file that may not be read, it counts as an empty one.
+        if (file.exists() && (isResourceFile(file, kMaxTextBytes) || file.isDir()))
+            text.append(textOfResource(path)).append(QLatin1Char('\n'));
         else
             qCWarning(vemoLog) << "file" << path << "not exist";
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "help/picturefolder_p.h"
 
+#include "core/filereplacement_p.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -58,14 +60,6 @@ bool hasMeaning(QChar c)
         || c == QLatin1Char(':');
 }
 
-std::filesystem::path nativePath(const QString &path)
-{
-    if constexpr (kIsWindows)
-        return path.toStdWString();
-    else
-        return QFile::encodeName(path).toStdString();
-}
-
 } // namespace
 
 QString pictureFolder()
@@ -105,9 +99,6 @@ void writePicture(const QString &path, const QByteArray &bytes)
     if (!part.open() || part.write(bytes) != bytes.size() || !part.flush())
         return;
     part.close();
-    // A link in the way is replaced, never followed.
-    std::error_code error;
-    std::filesystem::rename(nativePath(part.fileName()), nativePath(path), error);
-    if (!error)
+    if (renameOver(part.fileName(), path))
         part.setAutoRemove(false);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/vemomessagesheet_p.h"
 
+#include "core/resourcefile_p.h"
 #include "core/scaling_p.h"
 #include "sheets/sheetparts_p.h"
 
@@ -242,7 +243,10 @@ void VemoMessageSheetPrivate::dressLabels()
 
 void VemoMessageSheetPrivate::showMovie(const QString &path)
 {
-    movie = new QMovie(path);
+    movie = new QMovie;
+    const QFileInfo file(path);
+    if (!file.exists() || isResourceFile(file, kMaxPictureBytes))
+        movie->setFileName(path);
     movie->setScaledSize({scaled(kMovieSize), scaled(kMovieSize)});
     // Until it runs, it has a size only from here on.
     movie->jumpToFrame(0);

@@ -33,6 +33,8 @@ public:
     /// "12.5px") is read again from its fourth character on, which adds a second length behind it:
     /// write style files without them. Any digits before "px" are a length, also in the name of a
     /// picture: "arrow_16px.png" becomes "arrow_24px.png" at factor 1.5.
+    ///
+    /// A sheet of more than 64 Mi characters is returned as it is.
     QString getScaledStyleSheet(QString sheet) const;
 
 private:

@@ -28,7 +28,7 @@ class VEMO_EXPORT ImageManager
 {
 public:
     /// The state of a control that a picture is for.
-    enum ImageType {
+    enum ImageType : int {
         NORMAL = 0, ///< at rest; also stands in for a missing state
         HOVER = 1, ///< file name + "_hover"
         CLICK = 2, ///< file name + "_click"
@@ -36,7 +36,7 @@ public:
     };
 
     /// When pictures are loaded.
-    enum InitializeType {
+    enum InitializeType : int {
         PRELOAD = 0, ///< every picture is loaded by initialize()
         LAZY_LOAD = 1, ///< the states of a name are loaded when it is first asked for
     };
@@ -45,7 +45,9 @@ public:
     static ImageManager &getInstance();
 
     /// Reads the catalogue and writes the temporary pictures; the application object must exist. A
-    /// catalogue or picture that is missing or broken is passed over in silence. A later call reads
+    /// catalogue or picture that is missing or broken is passed over in silence, and so is what is
+    /// not an ordinary file, a catalogue of more than 16 MiB and a picture file of more than 64 MiB.
+    /// A temporary picture that can't be written whole is empty or absent. A later call reads
     /// everything again; names that are no longer listed stay.
     void initialize(InitializeType type);
     bool isInitialized() const; ///< whether initialize() was called

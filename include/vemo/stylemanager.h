@@ -32,8 +32,9 @@ public:
     static StyleManager &getInstance();
 
     /// Reads all files, in order; of two sections with one key the later one wins, also over an
-    /// earlier call's. A file that does not exist is warned about and left out; one that can't be
-    /// opened is left out in silence. Ends the process when the picture catalogue is not
+    /// earlier call's. A file that does not exist is warned about and left out, and so is what is
+    /// not an ordinary file (a pipe, a device) or has more than 16 MiB; one that can't be opened is
+    /// left out in silence. Ends the process when the picture catalogue is not
     /// initialised.
     void initialize(const std::vector<QString> &paths);
 

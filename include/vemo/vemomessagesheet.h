@@ -80,8 +80,9 @@ public:
     };
 
     /// A sheet for work that goes on: moviePath is a file that QMovie reads, shown 32 design pixels
-    /// wide and high; one that it can't read leaves no picture. It ends with done() or quit().
-    /// Deliberate: the sheet never deletes the movie, see movie().
+    /// wide and high; one that it can't read, that is not an ordinary file or has more than 64 MiB
+    /// leaves no picture. It ends with done() or quit(). Deliberate: the sheet never deletes the
+    /// movie, see movie().
     VemoMessageSheet(const QString &text, const QString &moviePath, QWidget *parent);
     /// With a second text below the first. showIcon false leaves out the type's picture. The parent
     /// gives the width: take the window.

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void longNumbersAreReadAgainByTheirTail();
     void numbersBeyondAnIntEndAtTheHighestOne_data();
     void numbersBeyondAnIntEndAtTheHighestOne();
+    void aSheetOfMoreThan64MebiCharactersIsReturnedAsItIs();
     void fractionsCountToTheirLastDigit_data();
     void fractionsCountToTheirLastDigit();
     void sizesInCodeAreTruncatedTowardZero_data();
@@ -175,6 +176,16 @@ void DPIinfoTest::numbersBeyondAnIntEndAtTheHighestOne()
     const QString result = info.getScaledStyleSheet(sheet);
     QVERIFY2(result.startsWith(first), qPrintable(result));
     QCOMPARE(result, scaledByRules(sheet, info.getDPI()));
+}
+
+void DPIinfoTest::aSheetOfMoreThan64MebiCharactersIsReturnedAsItIs()
+{
+    QString sheet(64 * 1024 * 1024, ' ');
+    sheet.replace(sheet.size() - 5, 5, "1000px");
+    QVERIFY(DPIinfo::getInstance().getScaledStyleSheet(sheet) == sheet);
+    sheet.remove(0, 1);
+    const QString scaled = DPIinfo::getInstance().getScaledStyleSheet(sheet);
+    QCOMPARE(scaled.trimmed(), QString("%1px0px").arg(1000 * DPIinfo::getInstance().getDPI()));
 }
 
 void DPIinfoTest::fractionsCountToTheirLastDigit_data()

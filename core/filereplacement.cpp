@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "core/filereplacement_p.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <filesystem>
+#include <type_traits>
+
+namespace {
+
+std::filesystem::path nativePath(const QString &path)
+{
+    if constexpr (std::is_same_v<std::filesystem::path::value_type, wchar_t>)
+        return path.toStdWString();
+    else
+        return QFile::encodeName(path).toStdString();
+}
+
+/// Writes bytes beside path, as a file with the usual permissions, and renames it.
+bool writeBeside(const QString &path, const QByteArray &bytes)
+{
+    const QString suffix = QStringLiteral(".%1").arg(QRandomGenerator::system()->generate(), 8, 16);
+    QFile part(path + suffix);
+    if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        return false;
+    const bool isWritten = part.write(bytes) == bytes.size();
+    part.close();
+    if (isWritten && renameOver(part.fileName(), path))
+        return true;
+    part.remove();
+    return false;
+}
+
+} // namespace
+
+bool renameOver(const QString &from, const QString &to)
+{
+    std::error_code error;
+    std::filesystem::rename(nativePath(from), nativePath(to), error);
+    return !error;
+}
+
+void replaceFile(const QString &path, const QByteArray &bytes)
+{
+    const QFileInfo target(path);
+    QFile file(path);
+    // Only opening tells whether it may be written; appending leaves its content alone.
+    const bool isProtected = target.isFile() && !file.open(QIODevice::Append);
+    file.close();
+    if (isProtected || writeBeside(path, bytes))
+        return;
+    const bool isOrdinary = target.isFile() || !target.exists();
+    if (!isOrdinary || target.isSymLink() || !file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return;
+    if (file.write(bytes) != bytes.size())
+        file.resize(0);
+}
