@@ -30,6 +30,7 @@ private Q_SLOTS:
     void listOpensTwoPixelsBelowAtTheLeft();
     void listFollowsTheBox();
     void listIsNeverSeenElsewhere();
+    void listThatUnrollsEndsBelow();
     void listIsPaintedOnceEachTimeItOpens();
     void emptyBoxOpensNothing();
     void rowIsPickedByMouseAndByKeyboard();
@@ -204,6 +205,27 @@ void VemoComboBoxTest::listIsNeverSeenElsewhere()
         box.hidePopup();
     }
     QCOMPARE(moves.count(), 0);
+}
+
+void VemoComboBoxTest::listThatUnrollsEndsBelow()
+{
+    QWidget window;
+    Box box;
+    box.setParent(&window);
+    box.setEditable(true); // In Fusion only lists of such boxes unroll.
+    window.resize(box.size());
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    // At the lower edge of the screen, where Qt would turn the list upwards.
+    showAt(window, {100, area.bottom() - window.height()});
+    for (const auto effect : {Qt::UI_General, Qt::UI_AnimateCombo})
+        QApplication::setEffectEnabled(effect);
+    box.showPopup();
+    for (const auto effect : {Qt::UI_General, Qt::UI_AnimateCombo})
+        QApplication::setEffectEnabled(effect, false);
+    QCOMPARE(box.popup()->pos(), box.expectedPosition());
+    QTRY_VERIFY(box.popup()->isVisible());
+    QCOMPARE(box.popup()->pos(), box.expectedPosition());
+    box.hidePopup();
 }
 
 void VemoComboBoxTest::listIsPaintedOnceEachTimeItOpens()

@@ -173,9 +173,11 @@ void VemoIconButtonTest::sizeIsThatOfThePictureOnScreen()
 
 void VemoIconButtonTest::pictureIsSizedByThePixelRatio()
 {
-    const Button button(filled(kOther, 48));
-    const int ratio = qMax(1, qEnvironmentVariableIntValue("QT_SCALE_FACTOR"));
-    QCOMPARE(button.iconSize(), QSize(48 / ratio, 48 / ratio));
+    const double ratio = qMax(1, qEnvironmentVariableIntValue("QT_SCALE_FACTOR"));
+    for (const int size : {48, 49}) {
+        const Button button(filled(kOther, size));
+        QCOMPARE(button.iconSize(), QSize(qRound(size / ratio), qRound(size / ratio)));
+    }
 }
 
 void VemoIconButtonTest::givenPictureShowsInEveryState()

@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 
 class VemoLineEditTest : public VemoTest
 {
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void errorShowsInTheLookAndGoesAgain();
     void errorIsADynamicPropertyOfTheField();
     void marginsAndSpacingAreScaledAndTruncated();
+    void errorIsPaintedAtOnce_data();
     void errorIsPaintedAtOnce();
     void fieldIsAnnouncedUnderItsCaption_data();
     void fieldIsAnnouncedUnderItsCaption();
@@ -287,9 +289,20 @@ void VemoLineEditTest::marginsAndSpacingAreScaledAndTruncated()
     QCOMPARE(edit.layout()->spacing(), byFactor(5, 6, 7));
 }
 
+void VemoLineEditTest::errorIsPaintedAtOnce_data()
+{
+    QTest::addColumn<bool>("hasStyleSheet");
+    QTest::newRow("with a style sheet, which paints by itself") << true;
+    QTest::newRow("with a style of the host's own") << false;
+}
+
 void VemoLineEditTest::errorIsPaintedAtOnce()
 {
+    QFETCH(bool, hasStyleSheet);
     VemoLineEdit edit;
+    if (!hasStyleSheet)
+        edit.getLineEdit()->setStyleSheet({});
+    edit.setFocusPolicy(Qt::NoFocus); // No blinking cursor.
     edit.show();
     QVERIFY(QTest::qWaitForWindowExposed(&edit));
     // The second one changes nothing, and is painted all the same.
@@ -346,11 +359,15 @@ void VemoLineEditTest::formLabelNamesAFieldWithoutCaption()
     auto *form = new QFormLayout(&window);
     auto *edit = new VemoLineEdit;
     form->addRow("&Name", edit);
-    window.show();
+    form->addRow(new QPushButton);
+    activate(window);
     QCOMPARE(nameOf(*edit), QString("Name"));
     edit->getPreLabel()->setText("Last");
     QCOMPARE(nameOf(*edit), QString("Last"));
     edit->getPreLabel()->clear();
+    QCOMPARE(nameOf(*edit), QString("Name"));
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    QVERIFY(!edit->getLineEdit()->hasFocus());
     auto *label = static_cast<QLabel *>(form->labelForField(edit));
     label->setText("<i>Family</i> name");
     edit->setFocus(); // It is announced now, so it is looked up now.

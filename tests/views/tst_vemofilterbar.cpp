@@ -174,8 +174,10 @@ void VemoFilterBarTest::opensItsMenuOnPress()
         QTest::keyClick(&menu, Qt::Key_Down);
         QTest::keyClick(&menu, Qt::Key_Return);
     });
+    const QImage before = filter.button()->grab().toImage();
     QTest::mousePress(filter.button(), Qt::LeftButton);
     QCOMPARE(choices.size(), 1);
+    QCOMPARE(filter.button()->grab().toImage(), before); // Not pressed any more.
 }
 
 void VemoFilterBarTest::leavesTheMenuToItsOwner()
