@@ -16,6 +16,8 @@ int main(int argc, char **argv)
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
     QApplication::setApplicationName("vemo-hello-example");
+    QApplication::setStyle("fusion");
+    QApplication::setPalette(defaultThemePalette());
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
     if (!installDefaultTheme(cache, "enu", ImageManager::LAZY_LOAD))
         return 1;

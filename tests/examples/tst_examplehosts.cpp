@@ -68,13 +68,18 @@ void ExampleHostsTest::showsItsSheetAndWarnsOfNothing_data()
     QTest::addColumn<QString>("program");
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QColor>("button");
+    QTest::addColumn<QColor>("ground");
     const QColor blue("#1769E0");
     const QColor brown("#9A4A1B");
-    QTest::newRow("hello") << VEMO_HELLO_PROGRAM << QStringList() << blue;
-    QTest::newRow("own resources, English") << VEMO_OWN_PROGRAM << QStringList("enu") << brown;
-    QTest::newRow("own resources, German") << VEMO_OWN_PROGRAM << QStringList("deu") << brown;
+    const QColor canvas("#E2E4E6"); // the theme's and the other's, each under the mask
+    const QColor paper("#E7E2D8");
+    QTest::newRow("hello") << VEMO_HELLO_PROGRAM << QStringList() << blue << canvas;
+    QTest::newRow("own resources, English")
+        << VEMO_OWN_PROGRAM << QStringList("enu") << brown << paper;
+    QTest::newRow("own resources, German")
+        << VEMO_OWN_PROGRAM << QStringList("deu") << brown << paper;
     QTest::newRow("own resources, a language it lacks")
-        << VEMO_OWN_PROGRAM << QStringList("jpn") << brown;
+        << VEMO_OWN_PROGRAM << QStringList("jpn") << brown << paper;
 }
 
 void ExampleHostsTest::showsItsSheetAndWarnsOfNothing()
@@ -82,6 +87,7 @@ void ExampleHostsTest::showsItsSheetAndWarnsOfNothing()
     QFETCH(const QString, program);
     QFETCH(const QStringList, arguments);
     QFETCH(const QColor, button);
+    QFETCH(const QColor, ground);
     const QString path = m_folder.filePath("window.png");
     const Run run = runHost(program, arguments + QStringList(path), m_folder.filePath("cache"));
     QCOMPARE(run.errors, QString());
@@ -90,6 +96,7 @@ void ExampleHostsTest::showsItsSheetAndWarnsOfNothing()
     QVERIFY(QFile::remove(path));
     QCOMPARE(picture.pixelColor(picture.rect().center()), QColor(Qt::white)); // the sheet's body
     QVERIFY(holds(picture, button));
+    QCOMPARE(picture.pixelColor(0, 0), ground);
 }
 
 void ExampleHostsTest::endsWithAnErrorWhereItCannotStart_data()
