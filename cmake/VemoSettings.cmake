@@ -37,6 +37,7 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_UNITY_BUILD OFF) # Sources share names: each has its constants and helpers to itself.
 
 add_compile_options(-Wall -Wextra -Wpedantic)
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
