@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "datetime/daycalendar_p.h"
 
+#include "core/scaling_p.h"
+#include "datetime/enterkey_p.h"
+
 #include <QAction>
 #include <QHoverEvent>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QSpinBox>
 #include <QTableView>
+#include <QTextCharFormat>
 #include <QToolButton>
 
 namespace {
@@ -15,6 +18,9 @@ namespace {
 // Of 255.
 constexpr int kHoverTint = 24;
 constexpr int kVeil = 150;
+constexpr int kOtherMonthInk = 190;
+
+constexpr int kRingWidth = 2; // In design pixels.
 
 QColor withAlpha(QColor colour, int alpha)
 {
@@ -22,9 +28,20 @@ QColor withAlpha(QColor colour, int alpha)
     return colour;
 }
 
-bool isEnter(const QKeyEvent *event)
+/// So much of ink, of 255, and the rest of ground.
+QColor mixed(const QColor &ink, const QColor &ground, int amount)
 {
-    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const auto mix = [amount](int a, int b) { return (a * amount + b * (255 - amount)) / 255; };
+    return {mix(ink.red(), ground.red()), mix(ink.green(), ground.green()),
+        mix(ink.blue(), ground.blue())};
+}
+
+/// A frame along the inside of rect, of that many screen pixels.
+void paintFrame(QPainter *painter, const QRect &rect, const QColor &colour, int width)
+{
+    const QRect inside = rect.adjusted(width, width, -width, -width);
+    for (const QRect &side : QRegion(rect).subtracted(inside))
+        painter->fillRect(side, colour);
 }
 
 } // namespace
@@ -38,19 +55,21 @@ DayCalendar::DayCalendar(QWidget *parent)
       m_month(findChild<QToolButton *>(QStringLiteral("qt_calendar_monthbutton")))
 {
     m_year_edit->installEventFilter(this);
+    m_grid->installEventFilter(this);
     // So that the grid repaints the day that the pointer enters or leaves.
     m_grid->viewport()->setAttribute(Qt::WA_Hover);
     m_grid->viewport()->installEventFilter(this);
+    parent->installEventFilter(this);
 }
 
 bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
 {
-    // The list of a combo box would take it for itself, and close.
-    if (watched == m_year_edit && event->type() == QEvent::ShortcutOverride
-        && isEnter(static_cast<QKeyEvent *>(event))) {
-        event->accept();
+    if ((watched == m_year_edit || watched == m_grid) && keepEnter(event))
         return true;
-    }
+    // The day shows the focus of the view around as well.
+    if (watched == parent()
+        && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
+        m_grid->viewport()->update();
     if (watched == m_grid->viewport()) {
         if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove)
             m_pointer = static_cast<QHoverEvent *>(event)->pos();
@@ -94,15 +113,56 @@ bool DayCalendar::keepFace(QEvent *event)
 
 void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
 {
-    QCalendarWidget::paintCell(painter, rect, date);
     const QPalette &colours = m_grid->palette();
-    const bool isInRange = date >= minimumDate() && date <= maximumDate();
-    if (!isInRange || !isEnabled())
+    const bool isShown = date.month() == monthShown();
+    if (date == selectedDate() || (canBePicked(date) && isShown))
+        QCalendarWidget::paintCell(painter, rect, date);
+    else
+        paintQuietly(painter, rect, date);
+
+    if (!isEnabled() && date == selectedDate())
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Base), kVeil));
-    else if (date != selectedDate() && rect.contains(m_pointer))
+    else if (canBePicked(date) && date != selectedDate() && rect.contains(m_pointer))
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Highlight), kHoverTint));
-    if (date == m_today) {
-        painter->setPen(colours.color(QPalette::Highlight));
-        painter->drawRect(rect.adjusted(0, 0, -1, -1));
+    if (date == m_today)
+        paintFrame(painter, rect, colours.color(QPalette::Highlight), 1);
+    if (hasFocusOn(rect)) {
+        const bool isFilled = date == selectedDate();
+        paintFrame(painter, rect.adjusted(1, 1, -1, -1),
+            colours.color(isFilled ? QPalette::HighlightedText : QPalette::Highlight),
+            scaled(kRingWidth));
     }
+}
+
+// Qt paints days of other months in the ink of disabled text, although they can be picked, and
+// weekends in their own, although they can't.
+void DayCalendar::paintQuietly(QPainter *painter, const QRect &rect, const QDate &date) const
+{
+    const QPalette &colours = m_grid->palette();
+    QTextCharFormat format = weekdayTextFormat(Qt::DayOfWeek(date.dayOfWeek()));
+    format.merge(dateTextFormat(date));
+    const bool isInRange = date >= minimumDate() && date <= maximumDate();
+    const QBrush ground = colours.brush(isInRange ? QPalette::Base : QPalette::Window);
+    const bool hasGround = format.hasProperty(QTextFormat::BackgroundBrush);
+    painter->fillRect(rect, hasGround ? format.background() : ground);
+    painter->setFont(format.font().resolve(m_grid->font()));
+    painter->setPen(canBePicked(date)
+            ? mixed(colours.color(QPalette::Text), ground.color(), kOtherMonthInk)
+            : colours.color(QPalette::Disabled, QPalette::Text));
+    const QString number = m_grid->locale().toString(date.day());
+    // Rounded as Qt does it for the other days, so that a row is one line.
+    const QSize size = painter->fontMetrics().size(Qt::TextSingleLine, number);
+    const QRect place = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, rect);
+    painter->drawText(place, Qt::AlignCenter | Qt::TextDontClip, number);
+}
+
+bool DayCalendar::canBePicked(const QDate &date) const
+{
+    return isEnabled() && date >= minimumDate() && date <= maximumDate();
+}
+
+bool DayCalendar::hasFocusOn(const QRect &cell) const
+{
+    return (m_grid->hasFocus() || parentWidget()->hasFocus())
+        && m_grid->visualRect(m_grid->currentIndex()).contains(cell.center());
 }

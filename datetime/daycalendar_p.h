@@ -9,10 +9,11 @@ class QSpinBox;
 class QTableView;
 class QToolButton;
 
-/// Qt's calendar, which also shows which day is today, which one the pointer is on, and which ones
-/// are out of range. The colours are those of the day grid's palette. The Return that ends the
-/// typing of a year does not close a pop-up. Names, arrows and first weekday stay as they were set,
-/// whatever locale or layout direction it gets.
+/// Qt's calendar, which also shows which day is today, which one the pointer is on, which ones are
+/// out of range, and which one has the focus: the grid's, or that of the parent. The colours are
+/// those of the day grid's palette. The Return that ends the typing of a year, or picks a day, is
+/// not taken by a pop-up around it. Names, arrows and first weekday stay as they were set, whatever
+/// locale or layout direction it gets.
 class DayCalendar : public QCalendarWidget
 {
 public:
@@ -28,6 +29,9 @@ private:
     static constexpr QPoint kNowhere {-1, -1};
 
     bool keepFace(QEvent *event);
+    void paintQuietly(QPainter *painter, const QRect &rect, const QDate &date) const;
+    bool canBePicked(const QDate &date) const;
+    bool hasFocusOn(const QRect &cell) const;
 
     QTableView *m_grid;
     QSpinBox *m_year_edit;

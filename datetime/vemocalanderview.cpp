@@ -58,6 +58,25 @@ template <typename Part> Part *part(const QObject *owner, const char *name)
     return owner->findChild<Part *>(QLatin1String(name));
 }
 
+bool movesOrPicks(int key)
+{
+    switch (key) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// Reaches what a button tells the style of itself.
 struct ButtonState : QToolButton
 {
@@ -233,6 +252,18 @@ void VemoCalanderView::setSelection(
 QRegion VemoCalanderView::visualRegionForSelection(const QItemSelection & /*selection*/) const
 {
     return {};
+}
+
+void VemoCalanderView::keyPressEvent(QKeyEvent *event)
+{
+    // Not what the parts leave over: Return on an arrow picks no day.
+    if (!hasFocus() || !movesOrPicks(event->key())) {
+        QAbstractItemView::keyPressEvent(event);
+        return;
+    }
+    // Sent, it would come back here: a grid ignores the keys that it takes.
+    part<QObject>(this, kGrid)->event(event);
+    event->accept();
 }
 
 void VemoCalanderView::pageChanged(int, int month)

@@ -3,6 +3,7 @@
 
 #include "controls/popuppainting_p.h"
 #include "core/scaling_p.h"
+#include "datetime/enterkey_p.h"
 
 #include <vemo/mousebuttonfilter.h>
 #include <vemo/stylemanager.h>
@@ -18,6 +19,24 @@ namespace {
 constexpr int kCalendarWidth = 280;
 constexpr int kCalendarHeight = 260;
 constexpr int kFieldHeight = 32;
+
+/// Leaves Return to the calendar while its view has the focus.
+class EnterFilter : public QObject
+{
+public:
+    explicit EnterFilter(QWidget *view) : QObject(view), m_view(view)
+    {
+        view->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        return isEnter(event) && m_view->hasFocus() && keepEnter(event);
+    }
+
+private:
+    QWidget *m_view;
+};
 
 void ignoreMouse(QObject *filter, QWidget *widget)
 {
@@ -38,6 +57,7 @@ VemoDateSelector::VemoDateSelector(QString placeholder, QWidget *parent)
     ignoreMouse(new MouseReleaseFilter, view());
     ignoreMouse(new MouseReleaseFilter, view()->viewport());
     ignoreMouse(new MouseButtonFilter, view());
+    new EnterFilter(view());
     showPlaceholder();
     connect(m_calendar_view, SIGNAL(sigDateSelect(QDate)), this, SLOT(dateSelect(QDate)));
     setUpSizes();

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemotimecombobox.h>
 
-#include <QKeyEvent>
+#include "datetime/enterkey_p.h"
+
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>
@@ -26,12 +27,6 @@ QString completed(const QString &typed)
     const QStringList parts = typed.split(QLatin1Char(':'));
     const QString minutes = parts.size() == 1 ? QString() : parts[1];
     return twoDigits(parts[0]) + QLatin1Char(':') + twoDigits(minutes);
-}
-
-bool isEnter(const QEvent *event)
-{
-    const int key = static_cast<const QKeyEvent *>(event)->key();
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 /// Whether the list asks for the size of one row instead of each, which takes it far longer. Times

@@ -12,8 +12,9 @@ class QCalendarWidget;
 class QTableWidget;
 
 /// A month calendar with translated names, a weekday row, arrows of the library's pictures and a
-/// "today" button below. Tab walks through all its parts. (The class is meant to be spelt this
-/// way.)
+/// "today" button below. Tab walks through all its parts, beginning with the view itself, where the
+/// arrows, Page keys, Home and End already move the day, and Return picks it. (The class is meant to
+/// be spelt this way.)
 ///
 /// It is an item view only so that a combo box can take it for its list, as VemoDateSelector does;
 /// it shows no model. Pictures, style files and strings must be loaded before: the names are those
@@ -84,6 +85,7 @@ protected:
     bool isIndexHidden(const QModelIndex &index) const override;
     void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) override;
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private Q_SLOTS:
     void pageChanged(int, int month);

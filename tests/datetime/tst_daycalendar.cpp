@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
+#include "support/eventcounter.h"
 #include "support/testhost.h"
 
 #include <vemo/stylemanager.h>
@@ -32,11 +33,12 @@ struct View
         return pixelAt(parts.grid->viewport(), parts.cell(number).topLeft() + QPoint(inset, inset));
     }
     /// The darkest there is of a day's number.
-    int inkOf(int number) const
+    int inkOf(int number) const { return inkIn(parts.cell(number)); }
+    int inkIn(const QRect &day) const
     {
         const QPixmap picture = parts.grid->viewport()->grab();
         const qreal ratio = picture.devicePixelRatio();
-        const QRect cell = parts.cell(number).adjusted(2, 2, -2, -2);
+        const QRect cell = day.adjusted(2, 2, -2, -2);
         const QImage image =
             picture.toImage().copy(QRect(cell.topLeft() * ratio, cell.size() * ratio));
         int darkest = 255;
@@ -66,6 +68,12 @@ private Q_SLOTS:
     void veilsDaysOutOfRange();
     void veilsADisabledCalendar();
     void showsTheFocusOfItsArrows();
+    void showsTheFocusOnItsDay_data();
+    void showsTheFocusOnItsDay();
+    void framesTheViewWithTheFocus();
+    void showsThatDaysOfOtherMonthsCanBePicked();
+    void showsNoWeekendAsEnabledThatIsNot_data();
+    void showsNoWeekendAsEnabledThatIsNot();
 };
 
 void DayCalendarTest::framesToday()
@@ -131,6 +139,98 @@ void DayCalendarTest::showsTheFocusOfItsArrows()
         arrow->setFocus();
         QCOMPARE(pixelAt(&view.view, edge), kAccent);
     }
+}
+
+void DayCalendarTest::showsTheFocusOnItsDay_data()
+{
+    QTest::addColumn<bool>("isSelected");
+    QTest::addColumn<QColor>("rest");
+    QTest::addColumn<QColor>("focused");
+    // White on the accent colour and the other way round: 5.1 to 1.
+    QTest::newRow("selected day") << true << kAccent << QColor(Qt::white);
+    QTest::newRow("another day") << false << QColor(Qt::white) << kAccent;
+}
+
+void DayCalendarTest::showsTheFocusOnItsDay()
+{
+    QFETCH(bool, isSelected);
+    View view;
+    view.view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view.view));
+    if (!isSelected) {
+        // Shows another month, where the day of that number is current but not selected.
+        const QDate next = View::today().addMonths(1);
+        view.view.setCurrentPage(next.year(), next.month());
+    }
+    const int number = view.parts.calendar->selectedDate().day();
+    view.parts.next->setFocus();
+    QTEST(view.cornerOf(number, 1), "rest");
+    for (QWidget *part :
+        {static_cast<QWidget *>(&view.view), static_cast<QWidget *>(view.parts.grid)}) {
+        QCoreApplication::processEvents();
+        const EventCounter paints(view.parts.grid->viewport(), QEvent::Paint);
+        part->setFocus();
+        QTRY_VERIFY(paints.count() > 0);
+        for (int inset = 1; inset <= scaled(2); ++inset)
+            QTEST(view.cornerOf(number, inset), "focused");
+        QTEST(view.cornerOf(number, 1 + scaled(2)), "rest");
+        view.parts.next->setFocus();
+        QTRY_VERIFY(paints.count() > 1);
+        QTEST(view.cornerOf(number, 1), "rest");
+    }
+}
+
+void DayCalendarTest::framesTheViewWithTheFocus()
+{
+    View view;
+    view.view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view.view));
+    view.parts.next->setFocus();
+    QVERIFY(pixelAt(&view.view, {20, 0}) != kAccent);
+    QCoreApplication::processEvents();
+    const EventCounter paints(&view.view, QEvent::Paint);
+    view.view.setFocus();
+    QTRY_VERIFY(paints.count() > 0);
+    QCOMPARE(pixelAt(&view.view, {20, 0}), kAccent);
+}
+
+void DayCalendarTest::showsThatDaysOfOtherMonthsCanBePicked()
+{
+    View view;
+    QVERIFY(view.isExposed);
+    view.view.setCurrentPage(2024, 4); // From Sunday, March 31, to Saturday, May 11.
+    const QAbstractItemModel *days = view.parts.grid->model();
+    for (const auto &place : {qMakePair(0, 0), qMakePair(4, 3), qMakePair(5, 6)}) {
+        const QRect cell = view.parts.grid->visualRect(days->index(place.first, place.second));
+        const int ink = view.inkIn(cell);
+        // A grey of 118 has 4.5 to 1 on white.
+        QVERIFY2(ink <= 118, qPrintable(QString::number(ink)));
+        QVERIFY2(ink >= view.inkOf(15) + 30, qPrintable(QString::number(ink)));
+    }
+}
+
+void DayCalendarTest::showsNoWeekendAsEnabledThatIsNot_data()
+{
+    QTest::addColumn<bool>("isDisabled");
+    QTest::newRow("disabled") << true;
+    QTest::newRow("out of range") << false;
+}
+
+void DayCalendarTest::showsNoWeekendAsEnabledThatIsNot()
+{
+    QFETCH(bool, isDisabled);
+    View view;
+    QVERIFY(view.isExposed);
+    if (isDisabled)
+        view.view.setEnabled(false);
+    else
+        view.view.setMaximumDate({2024, 2, 20});
+    view.view.setCurrentPage(2024, 3);
+    // A Sunday, a Saturday and days between.
+    const int ink = view.inkOf(13);
+    for (const int number : {10, 11, 15, 16})
+        QVERIFY(qAbs(view.inkOf(number) - ink) <= 16);
+    QVERIFY(ink > 118);
 }
 
 VEMO_TEST_MAIN(DayCalendarTest)

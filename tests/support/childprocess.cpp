@@ -13,8 +13,8 @@ QProcessEnvironment childEnvironment(const QString &scenario, const QStringList 
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(kScenario, scenario);
-    environment.insert(QStringLiteral("QT_MESSAGE_PATTERN"),
-        QStringLiteral("%{category}.%{type}: %{message}"));
+    environment.insert(
+        QStringLiteral("QT_MESSAGE_PATTERN"), QStringLiteral("%{category}.%{type}: %{message}"));
     for (const QString &change : changes) {
         const int equals = change.indexOf(QLatin1Char('='));
         if (equals < 0)
