@@ -3,6 +3,7 @@
 
 #include <vemo/componentstrings.h>
 
+#include <QHideEvent>
 #include <QPushButton>
 
 #include <algorithm>
@@ -40,15 +41,19 @@ void VemoCountdownMessageBox::setPeriod(int msecs)
 
 void VemoCountdownMessageBox::showEvent(QShowEvent *event)
 {
-    m_counter = m_start_value;
-    showCounter();
-    m_timer.start();
+    // Restoring a minimised box is no new show, and minimising it no end.
+    if (!event->spontaneous()) {
+        m_counter = m_start_value;
+        showCounter();
+        m_timer.start();
+    }
     QMessageBox::showEvent(event);
 }
 
 void VemoCountdownMessageBox::hideEvent(QHideEvent *event)
 {
-    m_timer.stop();
+    if (!event->spontaneous())
+        m_timer.stop();
     QMessageBox::hideEvent(event);
 }
 

@@ -10,9 +10,10 @@
 /// clicked.
 ///
 /// It counts from the start value, 10 unless set otherwise, in steps of one second unless set
-/// otherwise, anew each time it is shown; so it stays for one period more than the start value. It
-/// begins with an OK button, which is the default one. Without a default button it stays open. The
-/// box belongs to its parent. Install the string "ok" before; the button shows the key without it.
+/// otherwise, and starts again each time it is shown; so it stays for one period more than the
+/// start value. While minimised it goes on counting. It begins with an OK button, which is the
+/// default one. Without a default button it stays open. The box belongs to its parent. Install the
+/// string "ok" before; the button shows the key without it.
 ///
 ///     VemoCountdownMessageBox box(window);
 ///     box.setText(tr("The computer is about to restart."));

@@ -20,6 +20,18 @@ QString captionFor(int counter)
     return QString("%1(%2)").arg(ComponentStrings::getInstance().getString("ok")).arg(counter);
 }
 
+/// The window's state changes, or the box gets the event that comes with it on other platforms.
+void turn(VemoCountdownMessageBox &box, bool isByUser, Qt::WindowState state, QEvent &&event)
+{
+    if (!isByUser) {
+        box.setWindowState(state);
+        QCoreApplication::processEvents();
+        return;
+    }
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&box, &event);
+}
+
 } // namespace
 
 class VemoCountdownMessageBoxTest : public VemoTest
@@ -36,6 +48,10 @@ private Q_SLOTS:
     void answersWithTheDefaultButton();
     void withoutButtonsNothingIsClicked();
     void countsAnewEachTimeItIsShown();
+    void goesOnWhileMinimised_data();
+    void goesOnWhileMinimised();
+    void restoredItDoesNotStartAgain_data() { goesOnWhileMinimised_data(); }
+    void restoredItDoesNotStartAgain();
     void stopsWhenItIsAnswered();
 };
 
@@ -131,6 +147,36 @@ void VemoCountdownMessageBoxTest::countsAnewEachTimeItIsShown()
     box.hide();
     box.show();
     QCOMPARE(box.button(QMessageBox::Ok)->text(), captionFor(8));
+}
+
+void VemoCountdownMessageBoxTest::goesOnWhileMinimised_data()
+{
+    QTest::addColumn<bool>("isByUser");
+    QTest::newRow("by the program") << false;
+    QTest::newRow("by the user") << true;
+}
+
+void VemoCountdownMessageBoxTest::goesOnWhileMinimised()
+{
+    QFETCH(const bool, isByUser);
+    VemoCountdownMessageBox box;
+    box.setStartValue(3);
+    box.setPeriod(10);
+    box.show();
+    turn(box, isByUser, Qt::WindowMinimized, QHideEvent());
+    QTRY_VERIFY(!box.isVisible());
+    QCOMPARE(box.result(), int(QMessageBox::Ok));
+}
+
+void VemoCountdownMessageBoxTest::restoredItDoesNotStartAgain()
+{
+    QFETCH(const bool, isByUser);
+    VemoCountdownMessageBox box;
+    box.show();
+    tick(box);
+    turn(box, isByUser, Qt::WindowMinimized, QHideEvent());
+    turn(box, isByUser, Qt::WindowNoState, QShowEvent());
+    QCOMPARE(box.button(QMessageBox::Ok)->text(), captionFor(9));
 }
 
 void VemoCountdownMessageBoxTest::stopsWhenItIsAnswered()
