@@ -30,8 +30,21 @@ QString captionOr(const QString &custom, const char *key)
                             : custom;
 }
 
+/// Otherwise the caller would wait for an answer to a sheet that nobody sees.
+void showWindow(QWidget *window)
+{
+    if (window->isMinimized())
+        window->setWindowState((window->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    if (!window->isVisible())
+        window->show();
+}
+
 int runSheet(const Message &message, QWidget *parent)
 {
+    const QPointer<QWidget> heldParent = parent;
+    showWindow(parent->window());
+    if (!heldParent)
+        return 0;
     // On the heap, since it may die with its window while it runs.
     const QPointer<VemoMessageSheet> sheet = VemoMessageSheetPrivate::newMaskedSheet(message.type,
         message.text, message.informativeText, message.captions, parent, message.showIcon);

@@ -13,8 +13,10 @@ struct MsgBoxCustomBtnText;
 ///
 /// With a parent the message is a VemoMessageSheet over the parent's window, dimmed by a VemoMask;
 /// give a widget as wide as the window, since the sheet's width comes from it. The title is not
-/// shown. Window and parent may be deleted meanwhile. Each call leaves its hidden mask behind in
-/// the window until that is deleted: 2.8 KB, and 0.3 us at each later resize of the window.
+/// shown. A hidden or minimised window is shown first, and stays shown: nobody could answer
+/// otherwise. Window and parent may be deleted while the message is open. Each call leaves its
+/// hidden mask behind in the window until that is deleted: 2.8 KB, and 0.3 us at each later resize
+/// of the window.
 ///
 /// Without a parent it is a styled QMessageBox.
 ///

@@ -121,6 +121,9 @@ private Q_SLOTS:
     void eachCallLeavesOneHiddenMask();
     void shadeIsBlackAtTwenty();
     void coversTheWindowOfAnInnerParent();
+    void unseenWindowIsShownFirst_data();
+    void unseenWindowIsShownFirst();
+    void windowMayDieAsItIsShown();
     void sheetLooksLikeOneMadeByHand_data();
     void sheetLooksLikeOneMadeByHand();
 
@@ -188,6 +191,8 @@ void MessageShortcutsTest::withoutAParentItIsABox()
             QCOMPARE(cancel->text(),
                 shortcut->captions.value(1, ComponentStrings::getInstance().getString("cancel")));
             QCOMPARE(cancel->styleSheet(), getStyleSheet("component.cancel_button"));
+            // In the order in which they were added.
+            QCOMPARE(box->findChildren<QPushButton *>().constFirst(), cancel);
         }
         for (const QWidget *widget : QApplication::allWidgets())
             QVERIFY(!qobject_cast<const VemoSheet *>(widget)
@@ -307,6 +312,54 @@ void MessageShortcutsTest::coversTheWindowOfAnInnerParent()
     });
     showInfoMsg(kTitle, kText, &inner);
     QVERIFY(driver.hasActed());
+}
+
+void MessageShortcutsTest::unseenWindowIsShownFirst_data()
+{
+    QTest::addColumn<QString>("before");
+    for (const char *before :
+        {"never shown", "hidden", "minimised", "minimised and hidden", "minimised from maximised"})
+        QTest::newRow(before) << before;
+}
+
+void MessageShortcutsTest::unseenWindowIsShownFirst()
+{
+    QFETCH(const QString, before);
+    QWidget window;
+    QWidget inner(&window);
+    window.resize(600, 400);
+    if (before == "minimised from maximised")
+        window.showMaximized();
+    else if (before != "never shown")
+        window.show();
+    if (before.contains("minimised"))
+        window.setWindowState(window.windowState() | Qt::WindowMinimized);
+    if (before.contains("hidden"))
+        window.hide();
+    const SheetDriver driver([&] {
+        QVERIFY(window.isVisible());
+        QVERIFY(!window.isMinimized());
+        QCOMPARE(window.isMaximized(), before.contains("maximised"));
+        QVERIFY(sheetOver(&window));
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QTest::keyClick(&window, Qt::Key_Return);
+    });
+    showInfoMsg(kTitle, kText, &inner);
+    QVERIFY(driver.hasActed());
+    QVERIFY(window.isVisible());
+}
+
+void MessageShortcutsTest::windowMayDieAsItIsShown()
+{
+    class Window : public QWidget
+    {
+    public:
+        void showEvent(QShowEvent * /*event*/) override { delete child; }
+        QWidget *child = new QWidget(this);
+    };
+    Window window;
+    QCOMPARE(showConfirmMsg(kTitle, kText, window.child), 0);
+    QVERIFY(window.findChildren<VemoMask *>().isEmpty());
 }
 
 void MessageShortcutsTest::sheetLooksLikeOneMadeByHand_data()
