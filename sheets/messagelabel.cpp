@@ -18,6 +18,8 @@ void MessageLabel::fit()
 void MessageLabel::fitTo(int width)
 {
     ensurePolished();
+    if (isFitted() && width == m_fittedWidth && width == this->width())
+        return;
     resize(width, height());
     fit();
 }

@@ -13,8 +13,12 @@ public:
     /// Takes on the height for the width and text of now; call it after each change of the text.
     void fit();
 
-    /// Takes on width and the height that goes with it, before any layout does.
+    /// Takes on width and the height that goes with it, before any layout does; nothing is laid
+    /// out if it has both already.
     void fitTo(int width);
+
+    /// For a new text: the next fitTo() lays it out.
+    void forgetSize() { m_fittedWidth = -1; }
 
     // Once fitted it answers from what it knows: laying a text out anew, and above all guessing a
     // good width for it, takes long, and layouts ask often.

@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: MIT
-// The second half of the companion: where its parts stand, and how the keyboard reaches them.
+// The second half of the companion: where its parts are, and how the keyboard reaches them.
 #include "sheets/vemomessagesheet_p.h"
 
 #include "core/scaling_p.h"
-
-#include <vemo/accessiblefilter.h>
+#include "sheets/sheetkeys_p.h"
 
 #include <QBoxLayout>
+#include <QCheckBox>
 #include <QKeyEvent>
 #include <QPushButton>
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
+
+using Button = QDialogButtonBox;
 
 // Lengths in design pixels.
 constexpr double kMargin = 20;
@@ -98,12 +101,33 @@ void VemoMessageSheetPrivate::takeSize(const QWidget *over)
     q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
     const double factor = DPIinfo::getInstance().getDPI();
     q->setFixedWidth(scaled(over ? widthOver(over->width() / factor) : kWidest));
-    // From the polish on the band counts, and the labels know their fonts.
+    // Polish first: only then are the margins set and the fonts of the labels known.
     q->ensurePolished();
+    for (MessageLabel *label : {textLabel, informativeLabel}) {
+        if (label)
+            label->forgetSize();
+    }
+    fit();
+}
+
+void VemoMessageSheetPrivate::fit()
+{
+    isStale = false;
     fitButtons();
     fitLabels();
+    orderFocus();
+    // Qt tells the layout only later that the buttons are stacked.
+    buttonBox->updateGeometry();
     q->updateGeometry();
     q->adjustSize();
+}
+
+void VemoMessageSheetPrivate::fitLater()
+{
+    // The parts of the sheet get their new fonts only after it.
+    if (!std::exchange(isStale, true) && q->isVisible())
+        QMetaObject::invokeMethod(
+            this, [this] { fit(); }, Qt::QueuedConnection);
 }
 
 int VemoMessageSheetPrivate::contentWidth() const
@@ -112,12 +136,54 @@ int VemoMessageSheetPrivate::contentWidth() const
     return std::max(0, q->width() - band.left() - band.right() - 2 * scaled(kMargin));
 }
 
-/// Side by side, but one above the other where they would overlap.
+/// Side by side, but one above the other if they would overlap.
 void VemoMessageSheetPrivate::fitButtons()
 {
     buttonBox->setOrientation(Qt::Horizontal);
-    if (buttonBox->sizeHint().width() > contentWidth())
-        buttonBox->setOrientation(Qt::Vertical);
+    const bool fits = buttonBox->sizeHint().width() <= contentWidth();
+    if (fits) {
+        orderButtons({Button::Ok, Button::Discard, Button::Apply, Button::Reset});
+        return;
+    }
+    buttonBox->setOrientation(Qt::Vertical);
+    // The box would put Discard above Apply.
+    auto *column = static_cast<QBoxLayout *>(buttonBox->layout());
+    if (QPushButton *apply = button(Button::Apply)) {
+        column->removeWidget(apply);
+        column->insertWidget(0, apply);
+    }
+    orderButtons({Button::Ok, Button::Apply, Button::Discard, Button::Reset});
+    QWidget::setTabOrder(button(Button::Apply), button(Button::Discard));
+    QWidget::setTabOrder(button(Button::Discard), button(Button::Reset));
+}
+
+/// The order of the children is that in which Tab starts again at the first one.
+void VemoMessageSheetPrivate::orderButtons(
+    std::initializer_list<Button::StandardButton> order) const
+{
+    for (const auto which : order) {
+        if (QPushButton *present = button(which))
+            present->raise();
+    }
+}
+
+/// Tab goes from the last button to the texts and then to the check box, whatever was made first.
+void VemoMessageSheetPrivate::orderFocus() const
+{
+    confirmContainer->raise();
+    const bool isStacked = buttonBox->orientation() == Qt::Vertical;
+    QWidget *last = nullptr;
+    for (const auto which : {Button::Reset, Button::Ok, Button::Discard, Button::Apply}) {
+        if (QPushButton *present = button(which))
+            last = present;
+    }
+    if (isStacked)
+        last = button(Button::Reset) ? button(Button::Reset) : button(Button::Discard);
+    for (QWidget *part : QWidgetList {textLabel, informativeLabel, confirmCheckBox}) {
+        if (part && last)
+            QWidget::setTabOrder(last, part);
+        last = part ? part : last;
+    }
 }
 
 /// The labels' heights before any layout, so that the first one is right.
@@ -154,10 +220,7 @@ void VemoMessageSheetPrivate::takeFocus()
 
 void VemoMessageSheetPrivate::collectFocus()
 {
-    focusList = accessibleList(q, AccessibleFilter({}, Qt::TabFocus));
-    const auto isDisabled = [](const QWidget *widget) { return !widget->isEnabled(); };
-    focusList.erase(
-        std::remove_if(focusList.begin(), focusList.end(), isDisabled), focusList.end());
+    focusList = focusStops(q);
     firstFocus = focusList.isEmpty() ? nullptr : focusList.first();
     lastFocus = focusList.isEmpty() ? nullptr : focusList.last();
 }
@@ -171,21 +234,7 @@ void VemoMessageSheetPrivate::restrictedFocus(QObject *from, QKeyEvent *key)
 void VemoMessageSheetPrivate::moveFocus(QWidget *from, bool isForward)
 {
     collectFocus();
-    if (from->isWindow() && focusList.contains(from->focusWidget()))
-        from = from->focusWidget();
-    // What is disabled or hidden in the sheet is passed over.
-    const auto isStop = [this](QWidget *widget) {
-        return widget->focusPolicy() != Qt::NoFocus
-            && (focusList.contains(widget) || !q->isAncestorOf(widget));
-    };
-    QWidget *next = from;
-    do {
-        next = isForward ? next->nextInFocusChain() : next->previousInFocusChain();
-    } while (next != from && !isStop(next));
-    if (!focusList.contains(next))
-        next = isForward ? firstFocus : lastFocus;
-    if (next)
-        next->setFocus(Qt::TabFocusReason);
+    ::moveFocus(q, focusList, from, isForward);
 }
 
 void VemoMessageSheetPrivate::press(QKeyEvent *key)

@@ -104,6 +104,8 @@ void ModalRun::begin(bool greysCloseItem)
     }
     const std::shared_ptr<Run> run = m_run;
     m_sheet->show();
+    if (run->sheet)
+        run->sheet->raise(); // For a sheet without a mask.
     if (!run->sheet || !run->window)
         return;
     if (greysCloseItem) {

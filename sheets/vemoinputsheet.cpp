@@ -4,6 +4,7 @@
 #include "core/scaling_p.h"
 #include "sheets/messagelabel_p.h"
 #include "sheets/modalrun_p.h"
+#include "sheets/sheetkeys_p.h"
 #include "sheets/sheetparts_p.h"
 
 #include <vemo/componentstrings.h>
@@ -15,6 +16,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -44,8 +46,13 @@ class VemoInputSheetPrivate : public QObject
 public:
     explicit VemoInputSheetPrivate(VemoInputSheet *sheet);
 
+    void build();
     void changeText(const QString &text);
     void layOut();
+    /// Fits the size to the content after a change of style or font: at once if the sheet is
+    /// shown only now, otherwise soon.
+    void fit();
+    void fitLater();
     void click(QDialogButtonBox::StandardButton which) const;
 
     VemoInputSheet *q;
@@ -53,6 +60,7 @@ public:
     QLineEdit *lineEdit;
     QDialogButtonBox *buttonBox;
     ModalRun run;
+    bool isStale = false; ///< the style or the font changed since the last layout
 
 private:
     void dressButtons();
@@ -62,6 +70,10 @@ private:
 VemoInputSheetPrivate::VemoInputSheetPrivate(VemoInputSheet *sheet)
     : QObject(sheet), q(sheet), label(new MessageLabel(sheet)), lineEdit(new QLineEdit(sheet)),
       buttonBox(new QDialogButtonBox(sheet)), run(sheet)
+{
+}
+
+void VemoInputSheetPrivate::build()
 {
     q->setStyleSheet(getStyleSheet("component.message_sheet_other"));
     dressButtons();
@@ -116,13 +128,28 @@ void VemoInputSheetPrivate::takeSize()
     const QWidget *parent = q->parentWidget();
     const double factor = DPIinfo::getInstance().getDPI();
     q->setFixedWidth(scaled(parent ? widthOver(parent->width() / factor) : kWidest));
-    // From the polish on the band counts, and the prompt knows its font.
+    label->forgetSize();
+    fit();
+}
+
+void VemoInputSheetPrivate::fit()
+{
+    isStale = false;
+    // Polish first: only then are the margins set and the font of the prompt known.
     q->ensurePolished();
     const QMargins band = q->contentsMargins();
     const int width = q->width() - band.left() - band.right() - 2 * scaled(kMargin);
     label->fitTo(std::max(0, width));
     q->updateGeometry();
     q->adjustSize();
+}
+
+void VemoInputSheetPrivate::fitLater()
+{
+    // The parts of the sheet get their new fonts only after it.
+    if (!std::exchange(isStale, true) && q->isVisible())
+        QMetaObject::invokeMethod(
+            this, [this] { fit(); }, Qt::QueuedConnection);
 }
 
 void VemoInputSheetPrivate::click(QDialogButtonBox::StandardButton which) const
@@ -134,6 +161,7 @@ void VemoInputSheetPrivate::click(QDialogButtonBox::StandardButton which) const
 VemoInputSheet::VemoInputSheet(const QString &text, QWidget *parent)
     : VemoSheet(parent), m_d(new VemoInputSheetPrivate(this))
 {
+    m_d->build();
     m_d->changeText(text);
     m_d->layOut();
 }
@@ -141,6 +169,7 @@ VemoInputSheet::VemoInputSheet(const QString &text, QWidget *parent)
 VemoInputSheet::VemoInputSheet(QWidget *parent)
     : VemoSheet(parent), m_d(new VemoInputSheetPrivate(this))
 {
+    m_d->build();
     m_d->layOut();
 }
 
@@ -206,6 +235,12 @@ bool VemoInputSheet::eventFilter(QObject *watched, QEvent *event)
         event->ignore();
         return true;
     }
+    if (overridesShortcut(this, watched, event))
+        return true;
+    if (isFocusLostToWindow(this, watched, event)) {
+        m_d->lineEdit->setFocus(Qt::OtherFocusReason);
+        return true;
+    }
     if (event->type() != QEvent::KeyPress || watched != window())
         return VemoSheet::eventFilter(watched, event);
     switch (static_cast<QKeyEvent *>(event)->key()) {
@@ -237,4 +272,26 @@ void VemoInputSheet::quit()
 void VemoInputSheet::buttonClick(QAbstractButton *which)
 {
     done(m_d->buttonBox->standardButton(which));
+}
+
+void VemoInputSheet::changeEvent(QEvent *event)
+{
+    VemoSheet::changeEvent(event);
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
+        m_d->fitLater();
+}
+
+void VemoInputSheet::showEvent(QShowEvent *event)
+{
+    if (m_d->isStale)
+        m_d->fit();
+    VemoSheet::showEvent(event);
+}
+
+bool VemoInputSheet::focusNextPrevChild(bool next)
+{
+    if (!isVisible())
+        return VemoSheet::focusNextPrevChild(next);
+    moveFocus(this, focusStops(this), window(), next);
+    return true;
 }

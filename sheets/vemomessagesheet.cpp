@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemomessagesheet.h>
 
+#include "sheets/sheetkeys_p.h"
 #include "sheets/vemomessagesheet_p.h"
 
 #include <vemo/clickablelabel.h>
@@ -137,6 +138,12 @@ bool VemoMessageSheet::eventFilter(QObject *watched, QEvent *event)
         event->ignore();
         return true;
     }
+    if (overridesShortcut(this, watched, event))
+        return true;
+    if (isFocusLostToWindow(this, watched, event)) {
+        m_d->takeFocus();
+        return true;
+    }
     if (event->type() != QEvent::KeyPress || watched != window() || !isVisible())
         return VemoSheet::eventFilter(watched, event);
     m_d->press(static_cast<QKeyEvent *>(event));
@@ -161,8 +168,18 @@ void VemoMessageSheet::buttonClick(QAbstractButton *which)
     done(m_d->buttonBox->standardButton(which));
 }
 
+void VemoMessageSheet::changeEvent(QEvent *event)
+{
+    VemoSheet::changeEvent(event);
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
+        m_d->fitLater();
+}
+
 bool VemoMessageSheet::focusNextPrevChild(bool next)
 {
+    // A hidden sheet has nowhere to go, and the focus would stay where nobody sees it.
+    if (!isVisible())
+        return VemoSheet::focusNextPrevChild(next);
     // Qt moves the focus before the window ever sees the Tab key.
     m_d->moveFocus(window(), next);
     return true;
@@ -177,6 +194,8 @@ void VemoMessageSheet::showEvent(QShowEvent *event)
         if (QPushButton *button = m_d->button(which))
             button->setFocusPolicy(Qt::StrongFocus);
     }
+    if (m_d->isStale)
+        m_d->fit();
     m_d->collectFocus();
     VemoSheet::showEvent(event);
     QAccessibleEvent alert(this, QAccessible::Alert);

@@ -37,6 +37,10 @@ public:
     void dress(const MsgBoxCustomBtnText &captions);
     void layOut() { layOut(q->parentWidget()); }
     void layOut(const QWidget *over);
+    /// Fits the size to the content after a change of style or font: at once if the sheet is
+    /// shown only now, otherwise soon.
+    void fit();
+    void fitLater();
     /// What the setters do: deliberately with empty captions.
     void rebuild();
 
@@ -71,6 +75,7 @@ public:
     QList<QWidget *> focusList; ///< among these Tab cycles; collected anew before each use
     QWidget *firstFocus = nullptr;
     QWidget *lastFocus = nullptr;
+    bool isStale = false; ///< the style or the font changed since the last layout
     QPointer<QMovie> movie; ///< not ours: it has no parent, and the host may delete it any time
 
 private:
@@ -82,6 +87,8 @@ private:
     MessageLabel *newLabel(const QString &styleSheet);
     void showNewParts() const;
     void takeSize(const QWidget *over);
+    void orderButtons(std::initializer_list<QDialogButtonBox::StandardButton> order) const;
+    void orderFocus() const;
     int contentWidth() const;
     void fitButtons();
     void fitLabels();

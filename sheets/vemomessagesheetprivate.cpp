@@ -116,6 +116,8 @@ VemoMessageSheetPrivate::VemoMessageSheetPrivate(
 {
     confirmContainer->hide();
     buttonBox->setStyle(buttonBoxStyle());
+    // As wide as the sheet also while the buttons are stacked.
+    buttonBox->setSizePolicy(QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed));
     connect(buttonBox, SIGNAL(clicked(QAbstractButton*)), q, SLOT(buttonClick(QAbstractButton*)));
 }
 

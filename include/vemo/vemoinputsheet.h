@@ -12,8 +12,9 @@ class VemoInputSheetPrivate;
 /// A sheet that asks for one line of text: a prompt, a line edit, OK and cancel.
 ///
 /// exec() runs it modally as a message sheet does, and returns QDialogButtonBox::Ok, Discard (which
-/// deliberately is the cancel button) or 0. Return and Enter press OK also from the line edit. It
-/// checks nothing: set a validator on getLineEdit() where that is needed.
+/// deliberately is the cancel button) or 0. Return and Enter press OK also from the line edit. Tab
+/// goes round among the line edit and the buttons. The sheet checks nothing: set a validator on
+/// getLineEdit() if you need one.
 ///
 /// Sheet and window may be deleted while it runs: exec() returns 0 then. Hold it by a pointer where
 /// that can happen, never on the stack. At its end it is hidden, not deleted: delete it or run it
@@ -79,6 +80,11 @@ public Q_SLOTS:
     void quit();
     /// done() with the code of that button; the sheet's own buttons are connected to it.
     void buttonClick(QAbstractButton *which);
+
+protected:
+    void changeEvent(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     VemoInputSheetPrivate *m_d;

@@ -37,17 +37,18 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 /// exec() runs it modally: it takes the keys and the Close events of its window, greys out the
 /// window's Close item (on Windows), gives the keyboard focus back at the end, and returns the
 /// pressed button, a QDialogButtonBox::StandardButton, or 0. Escape presses the cancel button,
-/// which deliberately is Discard; Return, Enter and Space press OK or Apply.
+/// which deliberately is Discard; Return, Enter and Space press OK or Apply. Tab goes round inside
+/// the sheet. While it is visible, no shortcut or mnemonic of the window fires: only its own do.
 ///
 /// Sheet and window may be deleted while it runs: exec() returns 0 then. Hold it by a pointer where
 /// that can happen, never on the stack. At its end it is hidden, not deleted: delete it or run it
 /// again. For a plain question, showConfirmMsg() does it all.
 ///
 /// The width is that of the parent less 40 design pixels, at most 540, but deliberately 480 over a
-/// parent of exactly 540. It is taken by the constructor and again by each setter of a text, picture
-/// or type: from the mask, which is as wide as the window, after VemoMask::createMask(). So give the
-/// constructor the window. Buttons that do not fit side by side are stacked. The height is what the
-/// text needs: a window too low for it squeezes the sheet.
+/// parent of exactly 540. It is taken by the constructor and again by each setter of a text,
+/// picture or type: from the mask, which is as wide as the window, after VemoMask::createMask(). So
+/// give the constructor the window. Buttons that do not fit side by side are stacked. The height is
+/// what the text needs: a window too low for it squeezes the sheet.
 ///
 /// Load the style files, the strings ("ok", "cancel", "reset", "wizard_client_upgrade") and the
 /// catalogue before: a missing string shows its key, a missing style or picture is left out, each
@@ -109,8 +110,8 @@ public:
     /// where its type has no such button.
     QAbstractButton *button(QMessageBox::StandardButton which) const;
 
-    /// The busy animation, or null. It has no parent and outlives the sheet: delete it, at any time,
-    /// or give it a parent such as the sheet.
+    /// The busy animation, or null. It has no parent and outlives the sheet: delete it, at any
+    /// time, or give it a parent such as the sheet.
     QMovie *movie() const;
 
     /// Plain or rich text, as it looks: escape what is not yours. Links open in the browser. An
@@ -147,6 +148,7 @@ public Q_SLOTS:
     void buttonClick(QAbstractButton *which);
 
 protected:
+    void changeEvent(QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     void showEvent(QShowEvent *event) override;
 

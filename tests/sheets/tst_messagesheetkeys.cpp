@@ -25,12 +25,12 @@ constexpr int kNothing = -1; // The key ends nothing.
 /// A window with fields behind the sheet, and the sheet over it.
 template <typename Window> struct Scene
 {
-    explicit Scene(int type, const QString &text = "text")
+    explicit Scene(int type, const QString &text = "text", int width = 600)
     {
         auto *column = new QVBoxLayout(&window);
         column->addWidget(before);
         column->addWidget(behind);
-        window.resize(600, 400);
+        window.resize(width, 400);
         sheet = new Sheet(Sheet::MessageType(type), text, &window);
         VemoMask::createMask(sheet, &window, QColor(0, 0, 0, 20));
         window.show();
@@ -98,6 +98,8 @@ private Q_SLOTS:
     void disabledApplyIsNotPressed();
     void tabCyclesWithinTheSheet_data();
     void tabCyclesWithinTheSheet();
+    void tabFollowsWhatIsSeen_data();
+    void tabFollowsWhatIsSeen();
     void tabSentToTheWindowCyclesToo();
     void disabledApplyIsPassedOver();
     void cycleFollowsChangesWhileShown();
@@ -255,6 +257,71 @@ void MessageSheetKeysTest::tabCyclesWithinTheSheet()
         for (const QString &name : backward) {
             QTest::keyClick(scene.window.focusWidget(), Qt::Key_Backtab);
             QCOMPARE(scene.window.focusWidget(), part(name));
+        }
+    });
+}
+
+void MessageSheetKeysTest::tabFollowsWhatIsSeen_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<QStringList>("changes");
+    QTest::addColumn<QStringList>("stops"); // from the text on
+    const QStringList all {"more", "box", "Discard", "Apply", "text"};
+    QTest::newRow("double confirm")
+        << 3 << 600 << QStringList {"confirm"} << QStringList {"box", "Discard", "Apply", "text"};
+    QTest::newRow("double confirm, then more")
+        << 3 << 600 << QStringList {"confirm", "more"} << all;
+    QTest::newRow("more, then double confirm")
+        << 3 << 600 << QStringList {"more", "confirm"} << all;
+    QTest::newRow("built again") << 3 << 600 << QStringList {"confirm", "more", "again"} << all;
+    QTest::newRow("built again without") << 3 << 600 << QStringList {"more", "again"}
+                                         << QStringList {"more", "Discard", "Apply", "text"};
+    QTest::newRow("stacked") << 4 << 300 << QStringList {"more"}
+                             << QStringList {"more", "Apply", "Discard", "Reset", "text"};
+    QTest::newRow("stacked, double confirm")
+        << 4 << 300 << QStringList {"confirm"}
+        << QStringList {"box", "Apply", "Discard", "Reset", "text"};
+    QTest::newRow("no longer stacked")
+        << 4 << 300 << QStringList {"Confirm"} << QStringList {"Discard", "Apply", "text"};
+}
+
+void MessageSheetKeysTest::tabFollowsWhatIsSeen()
+{
+    QFETCH(const int, type);
+    QFETCH(const int, width);
+    QFETCH(const QStringList, changes);
+    QFETCH(QStringList, stops);
+    Scene<QWidget> scene(type, "text", width);
+    for (const QString &change : changes) {
+        if (change == "confirm")
+            scene.sheet->setDoubleConfirmCheckBox(true, "sure");
+        else if (change == "more")
+            scene.sheet->setInformativeText("more");
+        else
+            scene.sheet->setMessageType(
+                change == "again" ? Sheet::MessageType(type) : Sheet::Confirm);
+    }
+    if (auto *box = scene.sheet->findChild<QCheckBox *>())
+        box->setChecked(true);
+    const auto nameOf = [&](QWidget *widget) -> QString {
+        for (const char *name : {"Apply", "Discard", "Reset"}) {
+            if (widget == scene.button(expected(name)))
+                return name;
+        }
+        const auto *label = qobject_cast<QLabel *>(widget);
+        return label ? label->text() : "box";
+    };
+    scene.result([&] {
+        for (const int key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            QStringList reached;
+            for (int i = 0; i < 2 * stops.size(); ++i) {
+                QTest::keyClick(scene.window.focusWidget(), Qt::Key(key));
+                reached += nameOf(scene.window.focusWidget());
+            }
+            QCOMPARE(reached, stops + stops);
+            // Backwards, from the text on.
+            std::reverse(stops.begin(), std::prev(stops.end()));
         }
     });
 }

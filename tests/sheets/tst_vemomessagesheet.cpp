@@ -56,6 +56,7 @@ private Q_SLOTS:
     void iconSetByHandTakesPartInTheLayout();
     void widthComesFromTheParent_data();
     void widthComesFromTheParent();
+    void widthIsTruncatedBeforeItIsScaled();
     void widthIsCappedWithoutAParent();
     void contentStandsInsideTheBandAndTheMargins();
     void clickAfterRebuildsFinishesOnce();
@@ -249,9 +250,16 @@ void VemoMessageSheetTest::buttonsThatDoNotFitStandOneAboveTheOther()
     const QRect apply = buttonOf(sheet, Button::Apply)->geometry();
     const QRect discard = buttonOf(sheet, Button::Discard)->geometry();
     const QRect reset = buttonOf(sheet, Button::Reset)->geometry();
-    QVERIFY(!apply.intersects(discard) && !discard.intersects(reset) && !apply.intersects(reset));
-    QVERIFY(apply.width() >= buttonOf(sheet, Button::Apply)->sizeHint().width());
-    QCOMPARE(apply.x(), discard.x());
+    QVERIFY(apply.bottom() < discard.top());
+    QVERIFY(discard.bottom() < reset.top());
+    // As wide as the texts above them.
+    const QMargins margins = sheet.contentsMargins();
+    const int width = sheet.width() - margins.left() - margins.right() - 2 * scaled(20);
+    for (const QRect &button : {apply, discard, reset}) {
+        QCOMPARE(button.width(), width);
+        QCOMPARE(button.x(), 0);
+    }
+    QCOMPARE(buttonOf(sheet, Button::Apply)->parentWidget()->x(), margins.left() + scaled(20));
     sheet.setMessageType(Sheet::Information);
     QCOMPARE(sheet.findChild<QDialogButtonBox *>()->orientation(), Qt::Horizontal);
 }
@@ -384,6 +392,16 @@ void VemoMessageSheetTest::widthComesFromTheParent()
     QCOMPARE(sheet.width(), scaled(width));
     QCOMPARE(sheet.minimumWidth(), sheet.maximumWidth());
     QCOMPARE(sheet.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum));
+}
+
+void VemoMessageSheetTest::widthIsTruncatedBeforeItIsScaled()
+{
+    const QHash<int, int> widths {{96, 540}, {120, 586}, {144, 576}};
+    const int dpi = qRound(DPIinfo::getInstance().getDPI() * 96);
+    QVERIFY(widths.contains(dpi));
+    QWidget window;
+    window.resize(637, 300);
+    QCOMPARE(Sheet(Sheet::Confirm, "text", &window).width(), widths[dpi]);
 }
 
 void VemoMessageSheetTest::widthIsCappedWithoutAParent()

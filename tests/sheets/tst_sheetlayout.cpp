@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// How message and input sheets fit their content while their style changes.
+#include "core/scaling_p.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/vemoinputsheet.h>
+#include <vemo/vemomask.h>
+#include <vemo/vemomessagesheet.h>
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+const QString kText = QString("many words ").repeated(30).trimmed();
+
+VemoSheet *newSheet(const QString &kind, QWidget *window)
+{
+    if (kind == "input")
+        return new VemoInputSheet(kText, window);
+    return new VemoMessageSheet(VemoMessageSheet::ConfirmReset, kText, kText, window);
+}
+
+/// Where everything in a sheet is.
+QVector<QRect> placesIn(const QWidget *sheet)
+{
+    QVector<QRect> places {QRect(QPoint(), sheet->size())};
+    for (const QWidget *part : sheet->findChildren<QWidget *>()) {
+        if (part->isVisibleTo(sheet))
+            places += {part->mapTo(sheet, QPoint()), part->size()};
+    }
+    return places;
+}
+
+} // namespace
+
+class SheetLayoutTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void fitsItsContentAfterAChangeOfStyle_data();
+    void fitsItsContentAfterAChangeOfStyle();
+};
+
+void SheetLayoutTest::fitsItsContentAfterAChangeOfStyle_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<bool>("hasMask");
+    QTest::addColumn<bool>("isHidden");
+    for (const char *kind : {"message", "input"}) {
+        for (const char *change : {"larger font", "smaller font"}) {
+            QTest::addRow("%s, %s, shown", kind, change) << kind << change << true << false;
+            QTest::addRow("%s, %s, shown without a mask", kind, change)
+                << kind << change << false << false;
+            QTest::addRow("%s, %s, while hidden", kind, change) << kind << change << true << true;
+            QTest::addRow("%s, %s, while hidden without a mask", kind, change)
+                << kind << change << false << true;
+        }
+    }
+}
+
+void SheetLayoutTest::fitsItsContentAfterAChangeOfStyle()
+{
+    QFETCH(const QString, kind);
+    QFETCH(const QString, change);
+    QFETCH(const bool, hasMask);
+    QFETCH(const bool, isHidden);
+    QWidget window;
+    window.resize(scaled(500), 3000);
+    const auto show = [&](VemoSheet *sheet) {
+        if (hasMask)
+            VemoMask::createMask(sheet, &window, QColor(0, 0, 0, 20));
+        sheet->show();
+        QTest::qWait(0);
+    };
+    window.show();
+    VemoSheet *sheet = newSheet(kind, &window);
+    show(sheet);
+    const QVector<QRect> before = placesIn(sheet);
+    sheet->setHidden(isHidden);
+    const int size = change == "larger font" ? 30 : 8;
+    window.setStyleSheet(QString("QLabel, QPushButton { font-size: %1px; }").arg(size));
+    sheet->show();
+    QTest::qWait(0);
+    QVERIFY(placesIn(sheet) != before);
+    VemoSheet *fresh = newSheet(kind, &window);
+    show(fresh);
+    QCOMPARE(placesIn(sheet), placesIn(fresh));
+}
+
+VEMO_TEST_MAIN(SheetLayoutTest)
+#include "tst_sheetlayout.moc"
