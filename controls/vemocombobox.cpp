@@ -9,6 +9,7 @@
 #include <QAbstractItemView>
 #include <QEvent>
 #include <QStyledItemDelegate>
+#include <QTimer>
 
 namespace {
 
@@ -55,6 +56,37 @@ private:
     const QComboBox &m_box; // The pop-up is a child of it.
 };
 
+// Unless something else in the window took it.
+void giveFocusBack(QWidget *box)
+{
+    if (!box->window()->focusWidget() && box->isVisible() && box->isEnabled())
+        box->setFocus(Qt::PopupFocusReason);
+}
+
+// Gives the focus back once the pop-up has closed: the keyboard would have to start at the window's
+// top again. Queued, after the listeners of what was chosen, one of which may want the focus.
+class FocusReturn : public QObject
+{
+public:
+    FocusReturn(QWidget *box, QWidget *popup) : QObject(popup), m_box(box)
+    {
+        popup->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *popup, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide) {
+            popup->removeEventFilter(this);
+            QTimer::singleShot(0, m_box, [box = m_box] { giveFocusBack(box); });
+            deleteLater();
+        }
+        return false;
+    }
+
+private:
+    QWidget *m_box; // The pop-up is a child of it.
+};
+
 } // namespace
 
 VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
@@ -72,8 +104,14 @@ VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
 
 void VemoComboBox::showPopup()
 {
+    const bool hadFocus = hasFocus();
     clearFocus();
+    if (hadFocus && count() > 0)
+        new FocusReturn(this, view()->parentWidget());
     QComboBox::showPopup();
+    // An empty box opens nothing.
+    if (hadFocus && count() == 0)
+        giveFocusBack(this);
     // Where it is shown with an effect, it does not stand there yet.
     auto *popup = findChild<QFrame *>();
     if (popup)

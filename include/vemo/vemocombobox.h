@@ -26,6 +26,7 @@ public:
     /// An empty box; looks its styles up.
     explicit VemoComboBox(QWidget *parent = nullptr);
 
-    /// Opens the list; the box gives up the keyboard focus.
+    /// Opens the list. The box gives up the keyboard focus first and, if it had it, takes it back
+    /// once the list is closed, unless another widget of the window has it by then.
     void showPopup() override;
 };

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QStyledItemDelegate>
+#include <QVBoxLayout>
 
 class VemoComboBoxTest : public VemoTest
 {
@@ -26,6 +27,14 @@ private Q_SLOTS:
     void delegateHasNoParent();
     void ownDelegateMayReplaceIt();
     void openingGivesUpTheFocus();
+    void focusComesBackWhenTheListCloses_data();
+    void focusComesBackWhenTheListCloses();
+    void focusStaysWithWhateverTookIt();
+    void boxThatCanNotHaveTheFocusTakesNone_data();
+    void boxThatCanNotHaveTheFocusTakesNone();
+    void listOpenedByTheHostLeavesTheFocusWhereItIs();
+    void emptyBoxKeepsTheFocus();
+    void mayBeDeletedWhileOpen();
     void listOpensTwoPixelsBelowAtTheLeft_data();
     void listOpensTwoPixelsBelowAtTheLeft();
     void listFollowsTheBox();
@@ -60,7 +69,47 @@ void showAt(QWidget &window, const QPoint &position)
     QTRY_COMPARE(window.mapToGlobal({0, 0}), window.pos());
 }
 
+/// A box between two fields, in an active window.
+struct Form : QWidget
+{
+    Form()
+    {
+        auto *column = new QVBoxLayout(this);
+        for (QWidget *field : {static_cast<QWidget *>(&before), static_cast<QWidget *>(&box),
+                 static_cast<QWidget *>(&after)})
+            column->addWidget(field);
+        setTabOrder(&before, &box);
+        setTabOrder(&box, &after);
+        showAt(*this, {100, 100});
+        activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(this));
+    }
+
+    QLineEdit before {this};
+    Box box;
+    QLineEdit after {this};
+};
+
+using Close = void (*)(Box &box);
+
+void pressEscape(Box &box)
+{
+    QTest::keyClick(box.view(), Qt::Key_Escape);
+}
+
+void pressReturn(Box &box)
+{
+    QTest::keyClick(box.view(), Qt::Key_Return);
+}
+
+void closeIt(Box &box)
+{
+    box.hidePopup();
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(Close)
 
 void VemoComboBoxTest::isAComboBoxClassOfItsOwn()
 {
@@ -138,7 +187,126 @@ void VemoComboBoxTest::openingGivesUpTheFocus()
     QCOMPARE(before.count(), 1); // The list is not there yet.
     QVERIFY(window.focusWidget() != &box);
     box.hidePopup();
-    QVERIFY(!box.hasFocus());
+}
+
+void VemoComboBoxTest::focusComesBackWhenTheListCloses_data()
+{
+    QTest::addColumn<Close>("close");
+    QTest::addColumn<bool>("isEditable");
+    for (const bool isEditable : {false, true}) {
+        const QByteArray kind = isEditable ? "editable, " : "";
+        QTest::newRow(kind + "Escape") << Close(pressEscape) << isEditable;
+        QTest::newRow(kind + "Return") << Close(pressReturn) << isEditable;
+        QTest::newRow(kind + "closed by the host") << Close(closeIt) << isEditable;
+    }
+}
+
+void VemoComboBoxTest::focusComesBackWhenTheListCloses()
+{
+    QFETCH(Close, close);
+    QFETCH(bool, isEditable);
+    Form form;
+    form.box.setEditable(isEditable);
+    form.box.setFocus();
+    for (int time = 1; time <= 2; ++time) {
+        form.box.showPopup();
+        QVERIFY(QTest::qWaitForWindowExposed(form.box.popup()));
+        close(form.box);
+        QTRY_VERIFY(form.box.hasFocus());
+    }
+    const int before = form.box.currentIndex();
+    QTest::keyClick(form.windowHandle(), Qt::Key_Down);
+    QCOMPARE(form.box.currentIndex(), before + 1);
+    QTest::keyClick(form.windowHandle(), Qt::Key_Tab);
+    QVERIFY(form.after.hasFocus());
+}
+
+void VemoComboBoxTest::focusStaysWithWhateverTookIt()
+{
+    Form form;
+    form.box.setFocus();
+    bool isBackAlready = true;
+    connect(&form.box, QOverload<int>::of(&QComboBox::activated), &form.after, [&] {
+        isBackAlready = form.box.hasFocus();
+        form.after.setFocus();
+    });
+    form.box.showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(form.box.popup()));
+    pressReturn(form.box);
+    QVERIFY(!isBackAlready);
+    QTRY_VERIFY(form.after.hasFocus());
+    QCoreApplication::processEvents();
+    QVERIFY(form.after.hasFocus());
+
+    form.box.setFocus();
+    form.box.showPopup();
+    form.after.setFocus(); // While the list is open.
+    form.box.hidePopup();
+    QCoreApplication::processEvents();
+    QCOMPARE(form.focusWidget(), &form.after);
+}
+
+void VemoComboBoxTest::boxThatCanNotHaveTheFocusTakesNone_data()
+{
+    QTest::addColumn<Close>("change");
+    QTest::newRow("disabled meanwhile") << Close([](Box &box) { box.setEnabled(false); });
+    QTest::newRow("hidden meanwhile") << Close([](Box &box) { box.hide(); });
+}
+
+void VemoComboBoxTest::boxThatCanNotHaveTheFocusTakesNone()
+{
+    QFETCH(Close, change);
+    Form form;
+    form.before.setFocusPolicy(Qt::NoFocus);
+    form.after.setFocusPolicy(Qt::NoFocus);
+    form.box.setFocus();
+    form.box.showPopup();
+    change(form.box);
+    form.box.hidePopup();
+    QCoreApplication::processEvents();
+    QVERIFY(!form.focusWidget());
+}
+
+void VemoComboBoxTest::listOpenedByTheHostLeavesTheFocusWhereItIs()
+{
+    Form form;
+    form.before.setFocus();
+    form.box.showPopup();
+    form.box.hidePopup();
+    QCoreApplication::processEvents();
+    QCOMPARE(form.focusWidget(), &form.before);
+
+    for (QWidget *field : {static_cast<QWidget *>(&form.before), static_cast<QWidget *>(&form.box),
+             static_cast<QWidget *>(&form.after)})
+        field->setFocusPolicy(Qt::NoFocus);
+    form.before.clearFocus();
+    form.box.showPopup();
+    form.box.hidePopup();
+    QCoreApplication::processEvents();
+    QVERIFY(!form.focusWidget());
+}
+
+void VemoComboBoxTest::emptyBoxKeepsTheFocus()
+{
+    Form form;
+    form.box.clear();
+    form.box.setFocus();
+    QTest::keyClick(form.windowHandle(), Qt::Key_Space);
+    QTRY_VERIFY(form.box.hasFocus());
+}
+
+void VemoComboBoxTest::mayBeDeletedWhileOpen()
+{
+    Form form;
+    auto *box = new Box;
+    box->setParent(&form);
+    box->show();
+    box->setFocus();
+    box->showPopup();
+    box->hidePopup();
+    delete box;
+    QCoreApplication::processEvents();
+    QVERIFY(!form.focusWidget());
 }
 
 void VemoComboBoxTest::listOpensTwoPixelsBelowAtTheLeft_data()
