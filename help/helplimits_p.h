@@ -12,6 +12,10 @@ constexpr qint64 kMostPageBytes = qint64(32) * 1024 * 1024;
 constexpr qint64 kMostPictureBytes = qint64(64) * 1024 * 1024;
 /// Pixels of a picture on a page from the network; a larger one stays missing.
 constexpr qint64 kMostPicturePixels = qint64(64) * 1024 * 1024;
+/// Pixels of all pictures of a page from the network that are shown; the others stay missing.
+constexpr qint64 kMaxPagePixels = qint64(128) * 1024 * 1024;
+/// Bytes of all pictures that a window is fetching; the one that exceeds them stays missing.
+constexpr qint64 kMaxBufferedBytes = qint64(256) * 1024 * 1024;
 /// Pictures of one page that are fetched at once: each takes a thread of the network's.
 constexpr int kMostDownloadsAtOnce = 64;
 /// Milliseconds without a byte after which a download no longer counts among those.

@@ -15,10 +15,12 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QScrollBar>
+#include <QTextBlock>
 
 namespace {
 
 constexpr int kMargin = 12; // In design pixels, 96 dpi.
+constexpr int kMaxShownAddress = 200; // Letters of it in a warning.
 constexpr int kPausePerWork = 4;
 constexpr int kStartsPerEvent = 8; // Each makes a thread.
 
@@ -122,6 +124,7 @@ ImageDownloader *HtmlTextBrowser::makeDownloader(const QString &source, const QS
     // A page refers to ../image/name, too, and by way of the search path this is where it gets.
     auto *downloader = new ImageDownloader(folder + QLatin1String("/../image/") + name, url);
     downloader->setParent(this);
+    downloader->shareBuffers(m_buffered_bytes);
     connect(downloader, &ImageDownloader::sigDownloadFinish, this,
         &HtmlTextBrowser::slotDownloadFinished); // Not by name: there may be ten thousand.
     connect(downloader, &ImageDownloader::sigSilent, this,
@@ -229,13 +232,55 @@ void HtmlTextBrowser::slotOpenLink(const QUrl &link)
 {
     if (openLinks())
         return; // The base class goes on by itself.
-    if (link.isRelative() && link.path().isEmpty()) {
-        scrollToAnchor(link.fragment());
+    const QUrl href = hrefOf(link);
+    if (href.isRelative() && href.path().isEmpty() && href.hasFragment()) {
+        scrollToAnchor(href.fragment());
         return;
     }
-    const QUrl target = m_page_url.resolved(link);
-    if (!target.isRelative() && !target.isLocalFile() && target.scheme() != QLatin1String("qrc"))
+    const QUrl target = m_page_url.resolved(href);
+    if (isWebUrl(target) || target.scheme() == QLatin1String("mailto"))
         QDesktopServices::openUrl(target);
+    else
+        qCWarning(vemoLog) << "Link is not opened" << target.toString().left(kMaxShownAddress);
+}
+
+/// What the page has for link. The base class resolves it against the last file that it showed by
+/// itself, though that was another page.
+QUrl HtmlTextBrowser::hrefOf(const QUrl &link) const
+{
+    if (source().isEmpty())
+        return link;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QUrl href(part.fragment().charFormat().anchorHref());
+            if (!href.isEmpty() && (href == link || source().resolved(href) == link))
+                return href;
+        }
+    }
+    return link;
+}
+
+/// A page from a file refers to what lies beside it; one from the network gets nothing here.
+QVariant HtmlTextBrowser::loadResource(int type, const QUrl &name)
+{
+    const bool isPage =
+        type != QTextDocument::ImageResource && type != QTextDocument::StyleSheetResource;
+    if (!isPage && !page()->areLocalFilesAllowed())
+        return {};
+    const bool isRelative = name.isRelative();
+    // The base class would look into it.
+    const bool isForeignFolder =
+        isRelative && searchPaths().contains(pictureFolder()) && !isPictureFolderOwn();
+    const QVariant found = isForeignFolder ? QVariant() : QTextBrowser::loadResource(type, name);
+    return found.isNull() && isRelative
+        ? QTextBrowser::loadResource(type, m_page_url.resolved(name))
+        : found;
+}
+
+void HtmlTextBrowser::resizeEvent(QResizeEvent *event)
+{
+    QTextBrowser::resizeEvent(event);
+    page()->fitPictures();
 }
 
 PageDocument *HtmlTextBrowser::page() const

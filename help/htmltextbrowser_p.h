@@ -6,6 +6,7 @@
 #include <QMap>
 #include <QQueue>
 #include <QSet>
+#include <QSharedPointer>
 #include <QTextBrowser>
 #include <QTimer>
 
@@ -35,6 +36,11 @@ public:
     void setPageUrl(const QUrl &url);
     QUrl pageUrl() const { return m_page_url; }
 
+    QVariant loadResource(int type, const QUrl &name) override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private Q_SLOTS:
     void slotDownloadFinished(const QString &url, int res);
     void slotShowArrivedPictures();
@@ -55,11 +61,13 @@ private:
     void makeRoomForOthers(ImageDownloader *silent);
     void release(ImageDownloader *downloader);
     void reloadInPlace();
+    QUrl hrefOf(const QUrl &link) const;
     PageDocument *page() const;
 
     QString m_base_url;
     QString m_reserved; // Deliberately unused.
     QMap<QString, ImageDownloader *> m_downloads;
+    QSharedPointer<qint64> m_buffered_bytes {new qint64(0)}; // Of all of them.
 
     QUrl m_page_url;
     QUrl m_replaced_source; // What the base class showed before the page, and still holds.

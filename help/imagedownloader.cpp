@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "help/imagedownloader_p.h"
 
+#include "core/logging_p.h"
 #include "help/helplimits_p.h"
 #include "help/picturefolder_p.h"
-#include "help/replylimit_p.h"
+#include "help/weburl_p.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+
+namespace {
+
+constexpr qint64 kReadBytes = qint64(1024) * 1024;
+
+} // namespace
 
 ImageDownloader::ImageDownloader(const QString &localPath, const QString &url)
     : m_local_path(localPath), m_url(url)
@@ -25,6 +32,7 @@ int &ImageDownloader::maxSilence()
 
 ImageDownloader::~ImageDownloader()
 {
+    *m_buffered_bytes -= m_body.size();
     if (m_network_manager)
         m_network_manager->deleteLater();
 }
@@ -35,8 +43,10 @@ void ImageDownloader::start()
     connect(m_network_manager,
         SIGNAL(finished(QNetworkReply*)), this, SLOT(slotFinishDownload(QNetworkReply*)));
     m_reply = m_network_manager->get(QNetworkRequest(QUrl(m_url)));
-    limitReply(m_reply, kMostPictureBytes);
-    connect(m_reply, &QNetworkReply::readyRead, this, [this] { m_silence_timer.start(); });
+    // What comes is taken at once: the network's threads hold no more than this.
+    if (isWebUrl(m_reply->url()))
+        m_reply->setReadBufferSize(kReadBytes);
+    connect(m_reply, &QNetworkReply::readyRead, this, &ImageDownloader::receive);
     m_silence_timer.start();
 }
 
@@ -55,12 +65,36 @@ void ImageDownloader::slotFinishDownload(QNetworkReply *reply)
 {
     reply->deleteLater();
     m_silence_timer.stop();
-    const bool isReceived = reply->error() == QNetworkReply::NoError;
+    if (reply->error() == QNetworkReply::NoError)
+        receive();
+    const bool isReceived = reply->error() == QNetworkReply::NoError && !m_is_too_much;
     // Deliberate: the whole body replaces the file, even if the connection broke off in a way that
     // the network does not report.
     if (isReceived)
-        writePicture(m_local_path, reply->readAll());
+        writePicture(m_local_path, m_body);
+    *m_buffered_bytes -= m_body.size();
+    m_body.clear();
     finish(isReceived ? 0 : -1);
+}
+
+void ImageDownloader::receive()
+{
+    m_silence_timer.start();
+    const QByteArray bytes = m_reply->readAll();
+    if (m_is_too_much)
+        return;
+    m_body += bytes;
+    *m_buffered_bytes += bytes.size();
+    const bool isFromNetwork = isWebUrl(m_reply->url());
+    if (!isFromNetwork
+        || (m_body.size() <= kMostPictureBytes && *m_buffered_bytes <= kMaxBufferedBytes))
+        return;
+    qCWarning(vemoLog) << "Too much data from" << m_reply->url().toString();
+    *m_buffered_bytes -= m_body.size();
+    m_body.clear();
+    m_is_too_much = true;
+    if (!m_reply->isFinished())
+        m_reply->abort();
 }
 
 void ImageDownloader::slotFinishRefused()

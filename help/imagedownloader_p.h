@@ -5,6 +5,7 @@
 #include <QNetworkReply>
 #include <QObject>
 #include <QPointer>
+#include <QSharedPointer>
 #include <QTimer>
 
 class QNetworkAccessManager;
@@ -17,6 +18,9 @@ class ImageDownloader : public QObject
 public:
     ImageDownloader(const QString &localPath, const QString &url);
     ~ImageDownloader() override;
+
+    /// Counts what is being received in bytes, too, which must not exceed kMaxBufferedBytes.
+    void shareBuffers(const QSharedPointer<qint64> &bytes) { m_buffered_bytes = bytes; }
 
     /// Begins to fetch; sigDownloadFinish() comes later in any case.
     void start();
@@ -44,6 +48,7 @@ private Q_SLOTS:
     void slotFinishRefused();
 
 private:
+    void receive();
     void finish(int result);
 
     QString m_local_path;
@@ -51,6 +56,9 @@ private:
     QNetworkAccessManager *m_network_manager = nullptr;
     QPointer<QNetworkReply> m_reply;
     QTimer m_silence_timer;
+    QByteArray m_body;
+    QSharedPointer<qint64> m_buffered_bytes {new qint64(0)};
+    bool m_is_too_much = false;
     bool m_finished = false;
     int m_result = 0;
 };

@@ -3,13 +3,17 @@
 
 #include "core/logging_p.h"
 #include "help/helplimits_p.h"
+#include "help/picturefolder_p.h"
+#include "help/picturehandler_p.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -17,24 +21,40 @@ namespace {
 
 constexpr int kNeighbours = 1000; // Characters.
 
-/// What the text engine itself draws for a missing picture. It must get one: left without, it would
-/// open the address that the page gives as a file.
+/// What the text engine itself draws for a missing picture.
 QPixmap missingPicture()
 {
     return QPixmap(QStringLiteral(":/qt-project.org/styles/commonstyle/images/file-16.png"));
 }
 
-QPixmap readPicture(const QString &file, bool isOfAnySize)
+/// A picture of a local page: of any format and size.
+QPixmap localPicture(const QString &file)
 {
     QImageReader reader(file);
-    // The content decides, not the name, and few bytes can be a picture that fills the memory.
-    reader.setDecideFormatFromContent(true);
-    const QSize size = reader.size();
-    if (!isOfAnySize && qint64(size.width()) * size.height() > kMostPicturePixels) {
-        qCWarning(vemoLog) << "Picture is too large" << file;
-        return {};
-    }
+    reader.setDecideFormatFromContent(true); // Not from the name.
     return QPixmap::fromImageReader(&reader);
+}
+
+bool isDataAddress(const QString &address)
+{
+    return address.startsWith(QLatin1String("data:"), Qt::CaseInsensitive);
+}
+
+void warnOf(WebPicture::Problem problem, const QString &address)
+{
+    constexpr int kMaxLength = 200;
+    const QString shown = address.left(kMaxLength);
+    if (problem == WebPicture::UNKNOWN_FORMAT)
+        qCWarning(vemoLog) << "Picture is of no format that pages may have" << shown;
+    else if (problem == WebPicture::TOO_LARGE)
+        qCWarning(vemoLog) << "Picture is too large" << shown;
+    else if (problem == WebPicture::TOO_MANY)
+        qCWarning(vemoLog) << "Page has too many large pictures to show" << shown;
+}
+
+qint64 pixelsOf(const WebPicture &picture)
+{
+    return picture.pixmap.isNull() ? 0 : qint64(picture.size.width()) * picture.size.height();
 }
 
 QString fileName(const QString &path)
@@ -48,6 +68,7 @@ PageDocument::PageDocument(QTextBrowser *browser)
     : QTextDocument(browser), m_browser(browser), m_missing_picture(missingPicture())
 {
     connect(this, &QTextDocument::contentsChanged, this, [this] { m_is_indexed = false; });
+    new PictureHandler(this);
 }
 
 void PageDocument::setLocalFilesAllowed(bool allowed)
@@ -58,23 +79,45 @@ void PageDocument::setLocalFilesAllowed(bool allowed)
 void PageDocument::forgetPictures()
 {
     m_pictures.clear();
-    m_missing.clear();
+    m_local_pictures.clear();
+    m_warned_of.clear();
+    m_pixels = 0;
 }
 
 void PageDocument::forgetPictures(const QSet<QString> &fileNames)
 {
-    m_missing.clear();
     for (auto picture = m_pictures.begin(); picture != m_pictures.end();) {
-        if (fileNames.contains(fileName(picture.key())))
-            picture = m_pictures.erase(picture);
-        else
-            ++picture;
+        const bool isForgotten = fileNames.contains(fileName(picture.key()));
+        if (isForgotten)
+            m_pixels -= pixelsOf(*picture);
+        picture = isForgotten ? m_pictures.erase(picture) : std::next(picture);
+    }
+    for (auto picture = m_local_pictures.begin(); picture != m_local_pictures.end();) {
+        const bool isForgotten = picture->isNull() || fileNames.contains(fileName(picture.key()));
+        picture = isForgotten ? m_local_pictures.erase(picture) : std::next(picture);
     }
 }
 
 void PageDocument::renewPictures(const QSet<QString> &fileNames)
 {
     forgetPictures(fileNames);
+    layOutAgain(fileNames);
+}
+
+void PageDocument::fitPictures()
+{
+    QSet<QString> wide;
+    for (auto picture = m_pictures.cbegin(); picture != m_pictures.cend(); ++picture) {
+        if (picture->size.width() > qMin(m_fitted_width, pageWidth()))
+            wide += fileName(picture.key());
+    }
+    if (m_fitted_width != pageWidth() && !wide.isEmpty())
+        layOutAgain(wide);
+    m_fitted_width = pageWidth();
+}
+
+void PageDocument::layOutAgain(const QSet<QString> &fileNames)
+{
     QVector<int> positions;
     for (const QString &name : fileNames)
         positions += pictureIndex().values(name).toVector();
@@ -108,24 +151,29 @@ const QMultiHash<QString, int> &PageDocument::pictureIndex()
 
 QVariant PageDocument::loadResource(int type, const QUrl &name)
 {
-    // An address that holds its own data reads nothing.
-    const bool isData = name.scheme() == QLatin1String("data");
-    if (type == ImageResource && !isData) {
-        const QPixmap found = picture(name);
-        if (!found.isNull())
-            return found;
-        if (!m_local_files_allowed)
-            return m_missing_picture;
-    }
-    if (m_local_files_allowed || isData)
-        return QTextDocument::loadResource(type, name);
-    QFile file(fileInSearchPaths(name));
-    const bool isOpen = !file.fileName().isEmpty() && file.open(QIODevice::ReadOnly);
-    return isOpen ? QVariant(file.readAll()) : QVariant();
+    if (m_local_files_allowed)
+        return localResource(type, name);
+    // A background: none is better than the sign of a missing picture.
+    const QString address = name.toString();
+    const bool isFound = type == ImageResource && !webPicture(address).pixmap.isNull();
+    return isFound ? QVariant(picture(address)) : QVariant();
 }
 
-/// The file that name refers to by the browser's search paths; empty where there is none, and, on a
-/// page from the network, where it lies outside of them, be it by a link.
+/// The picture in the search paths comes first, and is looked for again: the base class would keep
+/// the first one that it sees, while downloads bring new ones.
+QVariant PageDocument::localResource(int type, const QUrl &name)
+{
+    const QString key = name.toString();
+    if (type == ImageResource && !m_local_pictures.contains(key)) {
+        const QString file = fileInSearchPaths(name);
+        m_local_pictures.insert(key, file.isEmpty() ? QPixmap() : localPicture(file));
+    }
+    const QPixmap found = type == ImageResource ? m_local_pictures.value(key) : QPixmap();
+    return found.isNull() ? QTextDocument::loadResource(type, name) : QVariant(found);
+}
+
+/// The file that name refers to by the browser's search paths; empty if there is none, and, on a
+/// page from the network, if it lies outside of them, be it by a link.
 QString PageDocument::fileInSearchPaths(const QUrl &name) const
 {
     const QString path = name.path();
@@ -134,31 +182,101 @@ QString PageDocument::fileInSearchPaths(const QUrl &name) const
         return {};
     const QStringList folders = m_browser->searchPaths();
     for (const QString &folder : folders) {
-        const QFileInfo candidate(folder + QLatin1Char('/') + path);
+        const bool isPictureFolder = folder == pictureFolder();
+        if (isPictureFolder && (!m_local_files_allowed || !isPictureFolderOwn()))
+            continue; // For pages from the network it is opened in a stricter way.
+        const QString clean = QDir::cleanPath(folder) + QLatin1Char('/');
+        const QString file = QDir::cleanPath(clean + path);
+        // Not even asked for: to ask may already reach another machine.
+        if (!m_local_files_allowed && !file.startsWith(clean))
+            continue;
+        const QFileInfo candidate(file);
         if (!candidate.isFile() || !candidate.isReadable())
             continue;
-        const QString file = candidate.canonicalFilePath();
         const QString inside = QFileInfo(folder).canonicalFilePath() + QLatin1Char('/');
-        return m_local_files_allowed || file.startsWith(inside) ? file : QString();
+        const QString real = candidate.canonicalFilePath();
+        return m_local_files_allowed || real.startsWith(inside) ? real : QString();
     }
     return {};
 }
 
-/// The picture in the search paths; null where there is none. The base class would keep the first
-/// one that it sees, while downloads bring new ones.
-QPixmap PageDocument::picture(const QUrl &name)
+int PageDocument::pageWidth() const
 {
-    const QString key = name.toString();
-    const auto known = m_pictures.constFind(key);
-    if (known != m_pictures.constEnd())
-        return *known;
-    if (m_missing.contains(key))
-        return {};
-    const QString file = fileInSearchPaths(name);
-    const QPixmap pixmap = file.isEmpty() ? QPixmap() : readPicture(file, m_local_files_allowed);
-    if (pixmap.isNull())
-        m_missing.insert(key);
-    else
-        m_pictures.insert(key, pixmap);
-    return pixmap;
+    constexpr int kMinWidth = 64;
+    return qMax(kMinWidth, m_browser->viewport()->width() - 2 * int(documentMargin()));
+}
+
+QPixmap PageDocument::picture(const QString &address)
+{
+    const WebPicture &found = webPicture(address);
+    return found.pixmap.isNull() ? m_missing_picture : found.pixmap;
+}
+
+QSize PageDocument::shownSize(const QString &address)
+{
+    const WebPicture &found = webPicture(address);
+    if (found.pixmap.isNull())
+        return m_missing_picture.size() / m_missing_picture.devicePixelRatio();
+    const int width = pageWidth();
+    if (found.size.width() <= width)
+        return found.size;
+    return {width, qMax(1, int(qint64(found.size.height()) * width / found.size.width()))};
+}
+
+/// The picture at address, read when it is first needed, and again if the page has become so much
+/// wider that it was decoded too small.
+const WebPicture &PageDocument::webPicture(const QString &address)
+{
+    const auto known = m_pictures.find(address);
+    if (known != m_pictures.end()) {
+        const bool isTooSmall = !known->pixmap.isNull()
+            && known->pixmap.width() < qMin(known->size.width(), decodedWidth());
+        if (!isTooSmall)
+            return *known;
+        m_pixels -= pixelsOf(*known);
+        m_pictures.erase(known);
+    }
+    const WebPicture found = read(address);
+    if (found.problem != WebPicture::NONE && !m_warned_of.contains(address)) {
+        m_warned_of.insert(address);
+        warnOf(found.problem, address);
+    }
+    m_pixels += pixelsOf(found);
+    return *m_pictures.insert(address, found);
+}
+
+/// In steps, so that a window that is made wider doesn't read its pictures all the time.
+int PageDocument::decodedWidth() const
+{
+    constexpr int kStep = 256;
+    const int width = qCeil(pageWidth() * m_browser->devicePixelRatioF());
+    return (width + kStep - 1) / kStep * kStep;
+}
+
+WebPicture PageDocument::read(const QString &address) const
+{
+    const qint64 pixelsLeft = kMaxPagePixels - m_pixels;
+    if (isDataAddress(address)) {
+        QByteArray bytes = bytesOfDataAddress(address);
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::ReadOnly);
+        return readWebPicture(&buffer, pixelsLeft, decodedWidth());
+    }
+    QFile file;
+    return open(address, &file) ? readWebPicture(&file, pixelsLeft, decodedWidth()) : WebPicture();
+}
+
+bool PageDocument::open(const QString &address, QFile *file) const
+{
+    const QUrl name(address);
+    const QString path = QDir::cleanPath(pictureFolder() + QLatin1Char('/') + name.path());
+    const QString inside = pictureFolder() + QLatin1Char('/');
+    const bool isRelative =
+        name.isRelative() && name.host().isEmpty() && !QDir::isAbsolutePath(name.path());
+    // The picture folder is the first of the search paths, if it is one of them.
+    if (isRelative && m_browser->searchPaths().contains(pictureFolder()) && path.startsWith(inside)
+        && openPicture(path.mid(inside.size()), file))
+        return true;
+    file->setFileName(fileInSearchPaths(name));
+    return !file->fileName().isEmpty() && file->open(QIODevice::ReadOnly);
 }

@@ -1,48 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "help/picturefolder_p.h"
 
-#include "core/filereplacement_p.h"
-
+#include <QDateTime>
 #include <QDir>
-#include <QFileInfo>
 #include <QRegularExpression>
-#include <QTemporaryFile>
 
 #include <algorithm>
 #include <filesystem>
-#include <optional>
 #include <type_traits>
 
 namespace {
 
 constexpr bool kIsWindows = std::is_same_v<std::filesystem::path::value_type, wchar_t>;
-constexpr QFile::Permissions kPrivate = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-
-QString outerFolder()
-{
-    return QDir::tempPath() + QLatin1String("/kestrava_help");
-}
-
-/// The user's id, as the system notes it on a file that the user makes; none where that fails.
-std::optional<uint> userId()
-{
-    static std::optional<uint> id;
-    QTemporaryFile own;
-    if (!id && own.open())
-        id = QFileInfo(own.fileName()).ownerId();
-    return id;
-}
-
-bool isOwnFolder(const QString &path)
-{
-    const QFileInfo info(path);
-    return !info.isSymLink() && info.isDir() && userId() == info.ownerId();
-}
-
-bool makePrivate(const QString &path)
-{
-    return isOwnFolder(path) && QFile::setPermissions(path, kPrivate);
-}
 
 bool isDeviceName(const QString &name)
 {
@@ -64,13 +33,7 @@ bool hasMeaning(QChar c)
 
 QString pictureFolder()
 {
-    return outerFolder() + QLatin1String("/image");
-}
-
-bool preparePictureFolder()
-{
-    QDir().mkpath(pictureFolder());
-    return makePrivate(outerFolder()) && makePrivate(pictureFolder());
+    return QDir::tempPath() + QLatin1String("/kestrava_help/image");
 }
 
 bool isSafeWindowsName(const QString &name)
@@ -87,18 +50,27 @@ bool isSafePictureName(const QString &name)
     return !kIsWindows || isSafeWindowsName(name);
 }
 
-void writePicture(const QString &path, const QByteArray &bytes)
+void trimPictureFolder(qint64 maxBytes, const QDateTime &inUseSince)
 {
-    const QFileInfo target(path);
-    if (!isSafePictureName(target.fileName()) || !isOwnFolder(outerFolder())
-        || !isOwnFolder(pictureFolder()))
-        return;
-    if (target.exists() && !target.isWritable())
-        return;
-    QTemporaryFile part(pictureFolder() + QLatin1String("/.part-XXXXXX"));
-    if (!part.open() || part.write(bytes) != bytes.size() || !part.flush())
-        return;
-    part.close();
-    if (renameOver(part.fileName(), path))
-        part.setAutoRemove(false);
+    const QDir folder(pictureFolder());
+    const QFileInfoList files = folder.entryInfoList(
+        QDir::Files | QDir::Hidden | QDir::System | QDir::NoSymLinks, QDir::Time);
+    qint64 total = 0;
+    for (const QFileInfo &file : files) {
+        total += file.size();
+        if (total > maxBytes && file.lastModified() < inUseSince)
+            QFile::remove(file.filePath());
+    }
+}
+
+bool preparePictureFolder()
+{
+    static QString trimmed;
+    if (!makePictureFolder())
+        return false;
+    if (trimmed != pictureFolder()) {
+        trimmed = pictureFolder();
+        trimPictureFolder(kMaxPictureFolderBytes, QDateTime::currentDateTime().addDays(-1));
+    }
+    return true;
 }

@@ -18,11 +18,15 @@ class QTimer;
 /// else. Redirects are not followed. Style files must be loaded before; without the section
 /// "component.scrollbar" there is a warning and the scroll bars look plain.
 ///
-/// Links open in the user's web browser. A page from the network can't make the window read local
-/// files, nor any address that is not http or https; a page from a file can. A page of more than
-/// 32 MiB, of more than 12 tables or 1000 tags inside each other, or that would take longer than
-/// about 1.5 seconds to show, counts as failed and is warned about; a picture of more than 64 MiB or 64 million pixels stays missing. No more than 64
-/// pictures of a page are fetched at once; one that gets no byte for 30 seconds no longer counts.
+/// Links to http, https and mailto open in the user's programs. A page from the network can't make
+/// the window read local files, nor any address that is not http or https; a page from a file can,
+/// and refers to what lies beside it. A page of more than 32 MiB, of more than 12 tables or 1000
+/// tags inside each other, or that would take longer than about 1.5 seconds to show, counts as
+/// failed and is warned about. A picture stays missing if it has more than 64 MiB or 64 million
+/// pixels or, on a page from the network, if it is no PNG, JPEG, GIF, BMP or WebP, or exceeds the
+/// 128 million pixels that all pictures may have; there it is shown no wider than the page. No more
+/// than 64 pictures of a page are fetched at once; one that gets no byte for 30 seconds no longer
+/// counts.
 ///
 /// Ctrl with the wheel, plus, minus and 0 zooms, F7 lets the arrow keys move a text cursor (with
 /// Shift: select), Escape closes. The title is the page's own, unless the host sets one.

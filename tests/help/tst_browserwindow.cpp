@@ -33,6 +33,7 @@ private Q_SLOTS:
     void aReloadDoesNotCancelTheEarlierFetch();
     void anAbortReachesEveryOpenFetch();
     void aPageFromAFileIsShownWithItsFiles();
+    void aPageFromAFileRefersToWhatLiesBesideIt();
     void aPageOverTheLimitFailsWithOneWarning_data();
     void aPageOverTheLimitFailsWithOneWarning();
     void aPageThatTakesTooLongFails_data();
@@ -283,6 +284,23 @@ void tst_browserwindow::aPageFromAFileIsShownWithItsFiles()
     window.reload(m_server->url());
     QTRY_VERIFY(window.text().endsWith(QLatin1Char('.')));
     QCOMPARE(countPixels(window.view(), Qt::red), 0);
+}
+
+void tst_browserwindow::aPageFromAFileRefersToWhatLiesBesideIt()
+{
+    m_host.addHelpFile(QStringLiteral("beside/page.html"),
+        "<html><a href=\"other.html\">link</a><img src=\"a.png\"></html>");
+    m_host.addHelpFile(QStringLiteral("beside/other.html"), "<html>the other page</html>");
+    m_host.addHelpFile(QStringLiteral("beside/a.png"), pictureBytes({50, 50}, Qt::red));
+    CountingWindow window;
+    window.show();
+    window.reload(QUrl::fromLocalFile(m_host.helpPath() + QLatin1String("/beside/page.html")));
+    QTRY_VERIFY(countPixels(window.view(), Qt::red) >= 2500);
+    QTextCursor start(window.view()->document());
+    start.setPosition(1);
+    QTest::mouseClick(window.view()->viewport(), Qt::LeftButton, Qt::NoModifier,
+        window.view()->cursorRect(start).center() + QPoint(3, 0));
+    QCOMPARE(window.text(), QStringLiteral("the other page"));
 }
 
 void tst_browserwindow::aPageOverTheLimitFailsWithOneWarning_data()

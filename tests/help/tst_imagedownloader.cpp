@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "help/helphost.h"
+#include "help/helplimits_p.h"
 #include "help/imagedownloader_p.h"
 #include "help/picturefolder_p.h"
 #include "help/testserver.h"
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void aFileThatCannotBeWrittenIsNoError();
     void aPictureOverTheLimitFailsWithOneWarning_data();
     void aPictureOverTheLimitFailsWithOneWarning();
+    void downloadsShareOneLimit();
     void aRefusedDownloadFailsLaterWithoutARequest();
     void deletedAtAnyMomentItSaysNothing_data();
     void deletedAtAnyMomentItSaysNothing();
@@ -270,6 +272,27 @@ void tst_imagedownloader::aPictureOverTheLimitFailsWithOneWarning()
     QCOMPARE(QFileInfo(file("a.png")).size(), isTaken ? size : 0);
     const QString warning = QStringLiteral("Too much data from \"%1\"").arg(url.toString());
     QCOMPARE(messages.take(), isTaken ? QStringList() : QStringList(warning));
+}
+
+void tst_imagedownloader::downloadsShareOneLimit()
+{
+    QCOMPARE(kMaxBufferedBytes, 256 * kMebibyte);
+    TestServer server;
+    server.setAnswer("/a.png", page(QByteArray(int(kMebibyte), 'x')));
+    const QUrl url = server.url("/a.png");
+    const QSharedPointer<qint64> buffered(new qint64(kMaxBufferedBytes - kMebibyte));
+    for (const bool isTooMuch : {false, true}) {
+        *buffered += isTooMuch;
+        const qint64 others = *buffered;
+        ImageDownloader downloader(file("a.png"), url.toString());
+        downloader.shareBuffers(buffered);
+        QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString,int)));
+        downloader.start();
+        QVERIFY(finished.wait());
+        QCOMPARE(downloader.result(), isTooMuch ? -1 : 0);
+        QCOMPARE(messages.take().size(), isTooMuch ? 1 : 0);
+        QCOMPARE(*buffered, others); // It takes no more room.
+    }
 }
 
 void tst_imagedownloader::aRefusedDownloadFailsLaterWithoutARequest()

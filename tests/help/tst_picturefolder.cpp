@@ -3,6 +3,7 @@
 #include "help/picturefolder_p.h"
 #include "support/vemotest.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 class tst_picturefolder : public VemoTest
@@ -34,6 +35,10 @@ private Q_SLOTS:
     void longNamesAreWrittenAsFarAsTheFileSystemTakesThem_data();
     void longNamesAreWrittenAsFarAsTheFileSystemTakesThem();
     void unsafeNamesAreNotWritten();
+    void onlyPlainFilesAreRead();
+    void theOldestPicturesAreRemoved_data();
+    void theOldestPicturesAreRemoved();
+    void theFolderIsTrimmedWhenItIsFirstUsed();
 
 private:
     QString outer() const { return m_temp->filePath(QStringLiteral("kestrava_help")); }
@@ -94,7 +99,9 @@ void tst_picturefolder::aFolderThatIsALinkIsRefused()
     QVERIFY(!preparePictureFolder());
     writePicture(pictureFolder() + QLatin1String("/../image/a.png"), "bytes");
     QVERIFY(!QFile::exists(elsewhere.filePath(QStringLiteral("a.png"))));
-    QVERIFY(!QFile::exists(elsewhere.filePath(QStringLiteral("image/a.png"))));
+    QVERIFY(QDir(elsewhere.path()).isEmpty()); // Nothing was made, either.
+    QFile picture;
+    QVERIFY(!openPicture(QStringLiteral("a.png"), &picture));
 }
 
 void tst_picturefolder::aFolderOfSomebodyElseIsRefused_data()
@@ -112,6 +119,10 @@ void tst_picturefolder::aFolderOfSomebodyElseIsRefused()
     QVERIFY(!preparePictureFolder());
     writePicture(image() + QLatin1String("/a.png"), "bytes");
     QVERIFY(!QFile::exists(image() + QLatin1String("/a.png")));
+    QFile file(image() + QLatin1String("/b.png"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QFile picture;
+    QVERIFY(!openPicture(QStringLiteral("b.png"), &picture));
 }
 
 void tst_picturefolder::aFileInPlaceOfTheFolderIsRefused()
@@ -257,6 +268,70 @@ void tst_picturefolder::unsafeNamesAreNotWritten()
     QVERIFY(QDir(image()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
     QCOMPARE(
         QDir(outer()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("image"));
+}
+
+void tst_picturefolder::onlyPlainFilesAreRead()
+{
+    QVERIFY(preparePictureFolder());
+    const QString outside = m_temp->filePath(QStringLiteral("outside.png"));
+    QFile file(outside);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("outside") == 7);
+    file.close();
+    QVERIFY(QFile::link(outside, image() + "/link.png"));
+    QVERIFY(QDir().mkdir(image() + "/folder.png"));
+    QCOMPARE(mkfifo((image() + "/pipe.png").toLocal8Bit(), S_IRWXU), 0);
+    writePicture(image() + "/a.png", "bytes");
+    QFile picture;
+    QVERIFY(openPicture(QStringLiteral("a.png"), &picture));
+    QCOMPARE(picture.readAll(), QByteArray("bytes"));
+    picture.close();
+    for (const char *name :
+        {"missing.png", "link.png", "folder.png", "pipe.png", "..", "", "../../outside.png"})
+        QVERIFY2(!openPicture(QString::fromLatin1(name), &picture), name);
+}
+
+void tst_picturefolder::theOldestPicturesAreRemoved_data()
+{
+    QTest::addColumn<int>("maxBytes");
+    QTest::addColumn<int>("hoursInUse");
+    QTest::addColumn<QStringList>("left");
+    const QStringList all {"0", "1", "2", "3", "4"};
+    QTest::newRow("room for all") << 50 << 0 << all;
+    QTest::newRow("room for three") << 30 << 0 << QStringList(all.mid(0, 3));
+    QTest::newRow("room for one and a half") << 15 << 0 << QStringList(all.mid(0, 1));
+    QTest::newRow("all in use") << 0 << 10 << all;
+    QTest::newRow("two in use") << 0 << 2 << QStringList(all.mid(0, 2));
+}
+
+void tst_picturefolder::theOldestPicturesAreRemoved()
+{
+    QFETCH(const int, maxBytes);
+    QFETCH(const int, hoursInUse);
+    QVERIFY(preparePictureFolder());
+    const QDateTime now = QDateTime::currentDateTime();
+    for (int i = 0; i < 5; ++i) { // Each an hour older than the one before.
+        const QString path = image() + QLatin1Char('/') + QString::number(i);
+        writePicture(path, "ten bytes.");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(now.addSecs(-3600 * i - 60), QFileDevice::FileModificationTime));
+    }
+    trimPictureFolder(maxBytes, now.addSecs(-3600 * hoursInUse));
+    QFETCH(const QStringList, left);
+    QCOMPARE(QDir(image()).entryList(QDir::Files), left);
+}
+
+void tst_picturefolder::theFolderIsTrimmedWhenItIsFirstUsed()
+{
+    QCOMPARE(kMaxPictureFolderBytes, qint64(256) * 1024 * 1024);
+    QVERIFY(QDir().mkpath(image()));
+    QFile old(image() + QLatin1String("/old.png"));
+    QVERIFY(old.open(QIODevice::WriteOnly) && old.resize(kMaxPictureFolderBytes + 1));
+    QVERIFY(old.setFileTime(
+        QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime));
+    old.close();
+    QVERIFY(preparePictureFolder());
+    QVERIFY(!QFile::exists(old.fileName()));
 }
 
 VEMO_TEST_MAIN(tst_picturefolder)

@@ -9,7 +9,9 @@ namespace {
 const QString kScenario = QStringLiteral("VEMO_TEST_CHILD_SCENARIO");
 constexpr int kTimeout = 50000; // Below a test's own time-out.
 
-QProcessEnvironment childEnvironment(const QString &scenario, const QStringList &changes)
+} // namespace
+
+QProcessEnvironment childProcessEnvironment(const QString &scenario, const QStringList &changes)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(kScenario, scenario);
@@ -25,12 +27,10 @@ QProcessEnvironment childEnvironment(const QString &scenario, const QStringList 
     return environment;
 }
 
-} // namespace
-
 ChildResult runChild(const QString &scenario, const QStringList &environment)
 {
     QProcess child;
-    child.setProcessEnvironment(childEnvironment(scenario, environment));
+    child.setProcessEnvironment(childProcessEnvironment(scenario, environment));
     child.start(QCoreApplication::applicationFilePath(), QStringList());
     if (!child.waitForFinished(kTimeout)) {
         child.kill();
