@@ -46,10 +46,9 @@ int runWindow(QtSingleApplication &app, const Options &options)
     return QApplication::exec();
 }
 
-void setLook()
+void setLook(QApplication &app)
 {
-    QApplication::setStyle("fusion");
-    QApplication::setPalette(defaultThemePalette());
+    applyDefaultThemeStyle(app);
     if (QGuiApplication::platformName() == "offscreen") {
         // Its font is larger than that of any desktop.
         QFont font = QApplication::font();
@@ -60,11 +59,11 @@ void setLook()
 
 int run(QtSingleApplication &app, const Options &options)
 {
-    setLook();
     if (!installDefaultTheme(options.userFolder, options.language, options.pictures))
         return fail(QString("Cannot write to the folder \"%1\"; choose another with --user-folder.")
                         .arg(options.userFolder),
             kFailure);
+    setLook(app);
     installGalleryStyle();
     if (options.language != VemoLocale::getInstance().getDefaultLanguage())
         setDesktopLanguage(options.language);

@@ -3,6 +3,7 @@
 
 #include "gallery/gallerywindow.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QLayout>
 #include <QPixmap>
@@ -15,6 +16,7 @@ QString savePage(GalleryWindow &window, int index, const QDir &folder)
 {
     window.showPage(index);
     window.growToPage();
+    QCoreApplication::sendPostedEvents(); // views lay out their rows
     const QString path = folder.filePath(screenshotName(pageTitles().at(index)));
     if (!window.grab().save(path))
         return QString("Cannot write the file \"%1\".").arg(path);

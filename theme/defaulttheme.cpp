@@ -2,11 +2,13 @@
 #include <vemo/defaulttheme.h>
 
 #include "core/logging_p.h"
+#include "theme/stockstyle_p.h"
 
 #include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
 #include <vemo/uipathmanager.h>
 
+#include <QApplication>
 #include <QColor>
 #include <QDir>
 #include <QFile>
@@ -140,4 +142,11 @@ QPalette defaultThemePalette()
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, defaultThemeColor(QStringLiteral("faint-ink")));
     return palette;
+}
+
+void applyDefaultThemeStyle(QApplication &application)
+{
+    QApplication::setStyle(new StockStyle);
+    QApplication::setPalette(defaultThemePalette());
+    application.setStyleSheet(getStyleSheet("application"));
 }

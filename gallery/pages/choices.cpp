@@ -4,6 +4,7 @@
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
+#include "gallery/specimens.h"
 
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
@@ -23,18 +24,6 @@ QStringList states()
 
 constexpr const char *kText = "Text";
 constexpr int kEditableWidth = 96; // design pixels
-
-template <typename Widget> Widget *named(Widget *widget, const QString &name)
-{
-    widget->setAccessibleName(name);
-    return widget;
-}
-
-template <typename Widget> Widget *disabled(Widget *widget)
-{
-    widget->setEnabled(false);
-    return widget;
-}
 
 VemoCheckBox *newCheckBox(Qt::CheckState state)
 {

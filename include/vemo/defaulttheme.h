@@ -8,6 +8,8 @@
 #include <QPalette>
 #include <QString>
 
+class QApplication;
+
 /// Does the host's whole start-up from the embedded default theme: folders, strings, pictures and
 /// styles, in that order. Call it once, after the application object and before the first widget.
 /// It is in a library of its own: link Vemo::Theme.
@@ -30,6 +32,17 @@ VEMO_THEME_EXPORT bool installDefaultTheme(
 ///     QApplication::setStyle("fusion");
 ///     QApplication::setPalette(defaultThemePalette());
 VEMO_THEME_EXPORT QPalette defaultThemePalette();
+
+/// Gives Qt's own widgets the look of ours: the style (Fusion), the palette, and the section
+/// "application" as the application's style sheet, in place of one that it had. Call it once, after
+/// installDefaultTheme() and before the first widget; without it stock widgets stay as Qt has them.
+///
+/// It dresses the classes that Qt has, not their subclasses, so that VemoButton and a host's own
+/// QPushButton look the same with and without it. A host's own rules go behind:
+///
+///     applyDefaultThemeStyle(app);
+///     app.setStyleSheet(app.styleSheet() + getStyleSheet("tea.application"));
+VEMO_THEME_EXPORT void applyDefaultThemeStyle(QApplication &application);
 
 /// One of the theme's colours, by its name in theme/palette.json: "ink", "accent-hover". A warning
 /// and no valid colour where there is none of that name.

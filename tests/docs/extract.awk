@@ -7,7 +7,7 @@
 
 BEGIN {
   waits = "exec\\(|(Msg|CustomBtn)\\(|popup\\(|startDetached|HelpWindow|BrowserWindow"
-  shares = "initialize\\(|installStrings|setFilterRules|setPalette"
+  shares = "initialize\\(|installStrings|setFilterRules|setPalette|applyDefaultThemeStyle|qApp->"
 }
 
 FNR == 1 {

@@ -77,7 +77,7 @@ QVector<Rule> rulesOf(const QString &section)
                 continue;
             rules.append({selector.trimmed(), property(block, "color"),
                 property(block, {"background", "background-color"}),
-                property(block, {"border", "border-color", "outline"}),
+                property(block, {"border", "border-color", "border-bottom", "outline"}),
                 property(block, "selection-color"), property(block, "selection-background-color")});
         }
     }
@@ -94,7 +94,9 @@ QMap<QString, QVector<Rule>> sections()
         QFile style(":/vemo/theme/style/" + file);
         if (!style.open(QIODevice::ReadOnly))
             return {};
-        auto section = pattern.globalMatch(QString::fromUtf8(style.readAll()));
+        QString text = QString::fromUtf8(style.readAll());
+        text.remove(QRegularExpression(R"(/\*.*?\*/)"));
+        auto section = pattern.globalMatch(text);
         while (section.hasNext()) {
             const auto match = section.next();
             sections.insert(match.captured(1).trimmed(), rulesOf(match.captured(2)));
@@ -103,13 +105,18 @@ QMap<QString, QVector<Rule>> sections()
     return sections;
 }
 
-/// A selector, then what it falls back on: without its states, and the widget that an item is of.
+/// A selector, then what it falls back on: without its states, from the last to the first, and the
+/// widget that an item is of.
 QStringList fallbacks(const QString &selector)
 {
-    QString atRest = selector;
-    atRest.remove(QRegularExpression("(?<!:):(?!:)!?[\\w-]+"));
-    QString widget = atRest;
-    return {selector, atRest, widget.remove(QRegularExpression("::item$"))};
+    static const QRegularExpression lastState("(?<!:):(?!:)!?[\\w-]+$");
+    QStringList found {selector};
+    for (QString shorter = selector; shorter.contains(lastState);) {
+        shorter.remove(lastState);
+        found += shorter;
+    }
+    QString widget = found.last();
+    return found + QStringList(widget.remove(QRegularExpression("::item$")));
 }
 
 /// The colour that a member of the rules has for a selector.
@@ -127,8 +134,8 @@ QString effective(const QString &selector, const QVector<Rule> &rules, QString R
 /// Parts of a widget that hold no text.
 bool isGraphic(const QString &selector)
 {
-    return selector.contains("::") && !selector.contains("::item")
-        && !selector.contains("::section");
+    static const QRegularExpression text("::(item|section|tab|title)\\b");
+    return selector.contains("::") && !selector.contains(text);
 }
 
 void addPair(
@@ -174,6 +181,7 @@ private Q_SLOTS:
     void thePaletteIsReadableOnItsGrounds_data();
     void thePaletteIsReadableOnItsGrounds();
     void placeholdersAreReadable();
+    void aProgressTextIsReadableOnBothPartsOfItsBar();
     void focusAndChoicesAreVisible_data();
     void focusAndChoicesAreVisible();
     void picturesAreVisibleOnTheirGround_data();
@@ -250,6 +258,19 @@ void ContrastTest::placeholdersAreReadable()
             mixed(ink.greenF(), behind.greenF()), mixed(ink.blueF(), behind.blueF()));
         QVERIFY(contrast(seen.name(), ground) >= kReadable);
     }
+}
+
+void ContrastTest::aProgressTextIsReadableOnBothPartsOfItsBar()
+{
+    const QVector<Rule> rules = sections().value("application");
+    const QString bar = "QProgressBar.QProgressBar";
+    const QString text = effective(bar, rules, &Rule::colour);
+    const QString ground = effective(bar, rules, &Rule::ground);
+    const QString done = effective(bar + "::chunk", rules, &Rule::ground);
+    QVERIFY(contrast(text, ground) >= kReadable);
+    QVERIFY(contrast(text, done) >= kReadable);
+    QVERIFY(
+        contrast(effective(bar + "::chunk:horizontal", rules, &Rule::ring), ground) >= kVisible);
 }
 
 // A ring of the focus, and the frames of check boxes and radio buttons, which have no other sign.

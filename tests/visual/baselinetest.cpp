@@ -5,6 +5,7 @@
 #include "visual/boxfont.h"
 #include "visual/comparison.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/dpiinfo.h>
 
 #include <QStyleFactory>
@@ -68,11 +69,15 @@ void BaselineTest::initTestCase()
 {
     startDefaultTheme();
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    QApplication::setStyle(QStyleFactory::create("fusion"));
+    if (qEnvironmentVariableIsSet("VEMO_DRESSED"))
+        applyDefaultThemeStyle(*qApp);
+    else
+        QApplication::setStyle(QStyleFactory::create("fusion"));
     QApplication::setPalette(QPalette(QColor(0xFFFFFF), QColor(0xF5F7FA)));
     QApplication::setFont(boxFont());
     QApplication::setCursorFlashTime(0);
     QApplication::setEffectEnabled(Qt::UI_General, false);
+    prepare();
 }
 
 void BaselineTest::looksAsStored_data()

@@ -33,7 +33,8 @@ void addPartStates(Looks &looks, const QString &name, const NewWidget &make, con
 
 /// Base of the tests that compare what widgets look like with pictures in baselines/FACTOR/. With
 /// VEMO_UPDATE_BASELINES in the environment they store what differs instead: see
-/// scripts/update-baselines.
+/// scripts/update-baselines. With VEMO_DRESSED in it stock widgets are dressed, which shows in no
+/// picture of ours.
 class BaselineTest : public VemoTest
 {
     Q_OBJECT
@@ -42,6 +43,8 @@ protected:
     explicit BaselineTest(const QString &family) : m_family(family) { }
 
     virtual Looks looks() const = 0;
+    /// Called once the theme is there; what it sets holds for all pictures.
+    virtual void prepare() { }
 
 private Q_SLOTS:
     void initTestCase();

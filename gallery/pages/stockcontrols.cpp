@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
+#include "gallery/page.h"
+#include "gallery/pageregistry.h"
+#include "gallery/specimens.h"
+
+#include <vemo/imagemanager.h>
+
+#include <QAction>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QFontComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTextBrowser>
+#include <QToolButton>
+
+namespace {
+
+// In design pixels.
+constexpr int kTextHeight = 64;
+constexpr int kFontWidth = 200;
+
+template <typename Button> Button *checked(Button *button)
+{
+    button->setCheckable(true);
+    button->setChecked(true);
+    return button;
+}
+
+QPushButton *newButton(const QString &text)
+{
+    auto *button = new QPushButton(text);
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    return button;
+}
+
+QPushButton *newDefaultButton()
+{
+    QPushButton *button = newButton("Default");
+    button->setDefault(true);
+    return button;
+}
+
+QPushButton *newFlatButton()
+{
+    QPushButton *button = newButton("Flat");
+    button->setFlat(true);
+    return button;
+}
+
+template <typename Button> Button *withMenu(Button *button)
+{
+    auto *menu = new QMenu(button);
+    menu->addAction(QIcon(getGlobalImage("bt_add")), "New")->setShortcut(QKeySequence::New);
+    QAction *marked = menu->addAction("Marked");
+    marked->setCheckable(true);
+    marked->setChecked(true);
+    menu->addSeparator();
+    menu->addMenu("More")->addAction("Still more");
+    menu->addAction("Disabled")->setEnabled(false);
+    button->setMenu(menu);
+    return button;
+}
+
+QToolButton *newToolButton(const QString &text, const char *picture)
+{
+    auto *button = new QToolButton;
+    button->setText(text);
+    button->setIcon(QIcon(getGlobalImage(picture)));
+    button->setIconSize(QSize(scaled(16), scaled(16)));
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    return button;
+}
+
+QToolButton *newSplitButton()
+{
+    QToolButton *button = withMenu(newToolButton("Split", "bt_add"));
+    button->setPopupMode(QToolButton::MenuButtonPopup);
+    return button;
+}
+
+QToolButton *newMenuButton()
+{
+    QToolButton *button = withMenu(newToolButton("Menu", "bt_settings"));
+    button->setPopupMode(QToolButton::InstantPopup);
+    return button;
+}
+
+void addButtons(Page &page)
+{
+    page.addSection("Push buttons", "Point at one, press it, walk to it by Tab.");
+    page.addRow({newButton("Button"), newDefaultButton(), checked(newButton("Checked")),
+        newFlatButton(), withMenu(newButton("Menu")), disabled(newButton("Disabled"))});
+    page.addSection("Tool buttons");
+    page.addRow({newToolButton("Edit", "bt_edit"), checked(newToolButton("Checked", "bt_calendar")),
+        newSplitButton(), newMenuButton(), disabled(newToolButton("Disabled", "bt_delete"))});
+}
+
+QLineEdit *newLine(const QString &text, const char *name)
+{
+    return named(new QLineEdit(text), name);
+}
+
+QLineEdit *newEmptyLine()
+{
+    QLineEdit *edit = newLine({}, "Name");
+    edit->setPlaceholderText("Name");
+    return edit;
+}
+
+QLineEdit *newReadOnlyLine()
+{
+    QLineEdit *edit = newLine("Read-only", "State");
+    edit->setReadOnly(true);
+    return edit;
+}
+
+QSpinBox *newSpinBox()
+{
+    auto *box = named(new QSpinBox, "Distance");
+    box->setSuffix(" km");
+    box->setValue(42);
+    return box;
+}
+
+template <typename Edit> Edit *newDateEdit(bool hasCalendar)
+{
+    auto *edit = named(new Edit, "Change");
+    edit->setDateTime({QDate(2024, 3, 7), QTime(12, 30)});
+    edit->setCalendarPopup(hasCalendar);
+    return edit;
+}
+
+QComboBox *filled(QComboBox *box)
+{
+    box->addItem(QIcon(getGlobalImage("folder")), "Folder");
+    box->addItem(QIcon(getGlobalImage("doc")), "Document");
+    box->addItem(QIcon(getGlobalImage("image")), "Picture");
+    return box;
+}
+
+QComboBox *newEditableBox()
+{
+    QComboBox *box = filled(named(new QComboBox, "Kind, editable"));
+    box->setEditable(true);
+    return box;
+}
+
+QFontComboBox *newFontBox()
+{
+    auto *box = named(new QFontComboBox, "Font");
+    box->setFixedWidth(scaled(kFontWidth));
+    return box;
+}
+
+template <typename Edit> Edit *newText(const QString &text, const char *name)
+{
+    Edit *edit = named(new Edit, name);
+    edit->setFixedHeight(scaled(kTextHeight));
+    edit->setPlainText(text);
+    return edit;
+}
+
+QTextBrowser *newBrowser()
+{
+    auto *browser = newText<QTextBrowser>({}, "Help");
+    browser->setHtml("A text with a <a href=\"#\">link</a>");
+    return browser;
+}
+
+void addFields(Page &page)
+{
+    page.addSection("Fields", "32 pixels high, like ours, and with the same ring.");
+    page.addGrid(3,
+        {newLine("Text", "Text"), newEmptyLine(), newReadOnlyLine(),
+            disabled(newLine("Disabled", "Disabled text")), newSpinBox(),
+            named(new QDoubleSpinBox, "Weight"), newDateEdit<QDateEdit>(true),
+            newDateEdit<QTimeEdit>(false), newDateEdit<QDateTimeEdit>(false),
+            filled(named(new QComboBox, "Kind")), newEditableBox(), newFontBox(),
+            disabled(filled(named(new QComboBox, "Disabled kind"))), disabled(newSpinBox())});
+    page.addGrid(3,
+        {newText<QTextEdit>("Text", "Note"),
+            newText<QPlainTextEdit>("One\nTwo\nThree\nFour", "List"), newBrowser()});
+    page.addCode(R"(QApplication app(argc, argv);
+installDefaultTheme(userFolder, "enu", ImageManager::LAZY_LOAD);
+applyDefaultThemeStyle(app); // before the first widget
+new QLineEdit; // as in any Qt program)");
+}
+
+void build(Page &page)
+{
+    page.addSummary("Qt's own buttons and fields beside ours: one call dresses them all. Classes "
+                    "derived from them stay as they are.");
+    addButtons(page);
+    addFields(page);
+}
+
+const PageEntry entry(70, "Qt buttons and fields", // clazy:exclude=non-pod-global-static
+    "QPushButton QToolButton QLineEdit QSpinBox QDoubleSpinBox QDateEdit QTimeEdit QDateTimeEdit "
+    "QComboBox QFontComboBox QTextEdit QPlainTextEdit QTextBrowser QMenu stock",
+    build);
+
+} // namespace

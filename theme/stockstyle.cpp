@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+#include "theme/stockstyle_p.h"
+
+#include "core/scaling_p.h"
+#include "theme/rangepainter_p.h"
+
+#include <vemo/defaulttheme.h>
+#include <vemo/imagemanager.h>
+
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QDial>
+#include <QHeaderView>
+#include <QListWidget>
+#include <QPainter>
+#include <QSplitter>
+#include <QStyleOption>
+#include <QStyledItemDelegate>
+#include <QTabBar>
+#include <QTableWidget>
+#include <QTextCharFormat>
+#include <QTreeWidget>
+
+namespace {
+
+// All in design pixels.
+constexpr int kHandle = 16;
+constexpr int kIcon = 16;
+constexpr int kLineArea = 7;
+constexpr int kLineMargin = 8;
+constexpr int kRow = 28;
+
+// Screen pixels: Qt leaves five of them for ticks at either side, whatever the factor.
+constexpr int kTickShift = 2;
+
+/// Whether object is of one of the classes itself, not of a subclass.
+template <typename... Classes> bool isExactly(const QObject *object)
+{
+    return object && ((object->metaObject() == &Classes::staticMetaObject) || ...);
+}
+
+/// A stock widget in one of ours has the look that ours gives it.
+bool isPartOfOurs(const QWidget *widget)
+{
+    for (const QWidget *at = widget; at; at = at->parentWidget()) {
+        if (qstrncmp(at->metaObject()->className(), "Vemo", 4) == 0)
+            return true;
+    }
+    return false;
+}
+
+/// Rows that were laid out before the view got its place keep the height that they had then.
+void layOutAgain(QAbstractItemView *view)
+{
+    QMetaObject::invokeMethod(
+        view, [view] { view->doItemsLayout(); }, Qt::QueuedConnection);
+}
+
+/// Rows of a combo box, which Qt's own delegate draws without the style sheet.
+class BoxRows : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+        const QModelIndex &index) const override
+    {
+        if (!isSeparator(index)) {
+            QStyledItemDelegate::paint(painter, option, index);
+            return;
+        }
+        QRect line = option.rect.adjusted(scaled(kLineMargin), 0, -scaled(kLineMargin), 0);
+        line.moveTop(line.center().y());
+        line.setHeight(qMax(1, scaled(1)));
+        painter->fillRect(line, defaultThemeColor(QStringLiteral("line")));
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return isSeparator(index) ? QSize(1, scaled(kLineArea))
+                                  : QStyledItemDelegate::sizeHint(option, index);
+    }
+
+private:
+    static bool isSeparator(const QModelIndex &index)
+    {
+        return index.data(Qt::AccessibleDescriptionRole).toString() == QLatin1String("separator");
+    }
+};
+
+/// A host's own delegate stays.
+void dressList(QAbstractItemView *list)
+{
+    list->ensurePolished();
+    const QAbstractItemDelegate *delegate = list->itemDelegate();
+    if (delegate && qstrcmp(delegate->metaObject()->className(), "QComboBoxDelegate") == 0)
+        list->setItemDelegate(new BoxRows(list));
+    list->doItemsLayout();
+}
+
+/// Unless the host has chosen heights: all rows still have the style's own.
+void setRowHeight(QHeaderView *rows, int styleHeight)
+{
+    const bool isUnchanged =
+        rows->defaultSectionSize() == styleHeight && rows->length() == rows->count() * styleHeight;
+    if (isUnchanged)
+        rows->setDefaultSectionSize(scaled(kRow));
+}
+
+/// Qt's red is too pale to read, and on a dark ground, too. A host's own format stays.
+void takeRedOffWeekends(QCalendarWidget *calendar)
+{
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
+        if (calendar->weekdayTextFormat(day).foreground().color() == Qt::red)
+            calendar->setWeekdayTextFormat(day, {});
+    }
+}
+
+QString pictureName(QStyle::StandardPixmap standard)
+{
+    switch (standard) {
+    case QStyle::SP_MessageBoxInformation:
+        return QStringLiteral("icon_information");
+    case QStyle::SP_MessageBoxQuestion:
+        return QStringLiteral("icon_question");
+    case QStyle::SP_MessageBoxWarning:
+    case QStyle::SP_MessageBoxCritical:
+        return QStringLiteral("icon_warning");
+    case QStyle::SP_LineEditClearButton:
+    case QStyle::SP_TitleBarCloseButton:
+    case QStyle::SP_DockWidgetCloseButton:
+        return QStringLiteral("bt_close");
+    case QStyle::SP_TitleBarNormalButton:
+        return QStringLiteral("bt_float");
+    case QStyle::SP_FileDialogToParent:
+        return QStringLiteral("bt_up");
+    case QStyle::SP_FileDialogNewFolder:
+        return QStringLiteral("bt_new_folder");
+    case QStyle::SP_FileDialogDetailedView:
+        return QStringLiteral("bt_details");
+    case QStyle::SP_FileDialogListView:
+        return QStringLiteral("bt_tiles");
+    case QStyle::SP_FileDialogBack:
+    case QStyle::SP_ArrowBack:
+    case QStyle::SP_ArrowLeft:
+        return QStringLiteral("arrow_left");
+    case QStyle::SP_ArrowForward:
+    case QStyle::SP_ArrowRight:
+        return QStringLiteral("arrow_right");
+    default:
+        return {};
+    }
+}
+
+/// The dialogs of Qt, and its widgets that show one of these pictures in themselves.
+bool showsOurPictures(const QWidget *widget)
+{
+    const QByteArray name = widget ? widget->metaObject()->className() : "";
+    return name == "QMessageBox" || name == "QErrorMessage" || name == "QFileDialog"
+        || name == "QLineEdit" || name == "QDockWidget" || name == "QCalendarWidget";
+}
+
+} // namespace
+
+StockStyle::StockStyle() : QProxyStyle(QStringLiteral("fusion"))
+{
+    setObjectName(QStringLiteral("fusion"));
+}
+
+void StockStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    if (isPartOfOurs(widget))
+        return;
+    if (isExactly<QListView, QListWidget, QTreeView, QTreeWidget>(widget))
+        layOutAgain(static_cast<QAbstractItemView *>(widget));
+    else if (isExactly<QTableView, QTableWidget>(widget))
+        setRowHeight(static_cast<QTableView *>(widget)->verticalHeader(),
+            pixelMetric(PM_HeaderDefaultSectionSizeVertical));
+    else if (isExactly<QCalendarWidget>(widget))
+        takeRedOffWeekends(static_cast<QCalendarWidget *>(widget));
+}
+
+int StockStyle::pixelMetric(
+    PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
+{
+    switch (metric) {
+    case PM_SliderLength:
+    case PM_SliderThickness:
+    case PM_SliderControlThickness:
+        if (isExactly<QSlider>(widget))
+            return scaled(kHandle);
+        break;
+    case PM_SliderTickmarkOffset:
+        if (isExactly<QSlider>(widget))
+            return kTickShift;
+        break;
+    case PM_SplitterWidth:
+        if (isExactly<QSplitter>(widget))
+            return scaled(kLineArea);
+        break;
+    case PM_ToolBarIconSize:
+        return scaled(kIcon);
+    default:
+        break;
+    }
+    return QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+void StockStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+    QPainter *painter, const QWidget *widget) const
+{
+    // The pane has a line of its own there.
+    if (element == PE_FrameTabBarBase && isExactly<QTabBar>(widget))
+        return;
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void StockStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+    const QWidget *widget) const
+{
+    if (element != CE_Splitter || !isExactly<QSplitter>(widget)) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    const bool isActive = option->state & (State_MouseOver | State_Sunken);
+    const int width = qMax(1, scaled(1));
+    QRect line = option->rect;
+    if (option->state & State_Horizontal)
+        line = QRect(line.center().x(), line.top(), width, line.height());
+    else
+        line = QRect(line.left(), line.center().y(), line.width(), width);
+    painter->fillRect(
+        line, defaultThemeColor(isActive ? QStringLiteral("accent") : QStringLiteral("line")));
+}
+
+void StockStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+    QPainter *painter, const QWidget *widget) const
+{
+    const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (slider && control == CC_Slider && isExactly<QSlider>(widget))
+        drawSlider(painter, *slider, subControlRect(CC_Slider, slider, SC_SliderHandle, widget));
+    else if (slider && control == CC_Dial && isExactly<QDial>(widget))
+        drawDial(painter, *slider);
+    else
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QRect StockStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
+    SubControl part, const QWidget *widget) const
+{
+    // Asked for before the box measures its rows.
+    if (part == SC_ComboBoxListBoxPopup && control == CC_ComboBox && isExactly<QComboBox>(widget))
+        dressList(static_cast<const QComboBox *>(widget)->view());
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+QIcon StockStyle::standardIcon(
+    StandardPixmap standardIcon, const QStyleOption *option, const QWidget *widget) const
+{
+    const QString name = showsOurPictures(widget) ? pictureName(standardIcon) : QString();
+    if (name.isEmpty())
+        return QProxyStyle::standardIcon(standardIcon, option, widget);
+    return QIcon(getGlobalImage(name));
+}

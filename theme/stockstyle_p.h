@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// Not part of the public interface.
+
+#include <QProxyStyle>
+
+/// Fusion, with what a style sheet can't say of Qt's own widgets: sliders with ticks, dials, rows,
+/// lines between areas, and the theme's pictures. Subclasses look as they do under Fusion.
+class StockStyle : public QProxyStyle
+{
+    Q_OBJECT
+
+public:
+    StockStyle();
+
+    using QProxyStyle::polish;
+    void polish(QWidget *widget) override;
+    int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
+        const QWidget *widget = nullptr) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+        const QWidget *widget = nullptr) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+        const QWidget *widget = nullptr) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+        QPainter *painter, const QWidget *widget = nullptr) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+        const QWidget *widget = nullptr) const override;
+    QIcon standardIcon(StandardPixmap standardIcon, const QStyleOption *option = nullptr,
+        const QWidget *widget = nullptr) const override;
+};
