@@ -36,6 +36,27 @@ QColor mixed(const QColor &ink, const QColor &ground, int amount)
         mix(ink.blue(), ground.blue())};
 }
 
+/// The font, smaller where the number would not fit into the room.
+QFont fitted(QFont font, const QString &number, const QSize &room)
+{
+    const QFontMetrics metrics(font);
+    const double width = double(room.width()) / qMax(1, metrics.horizontalAdvance(number));
+    const double height = double(room.height()) / qMax(1, metrics.capHeight());
+    const double part = qMin(width, height);
+    if (part < 1.0)
+        font.setPixelSize(qMax(1, int(QFontInfo(font).pixelSize() * part)));
+    return font;
+}
+
+void paintNumber(QPainter *painter, const QRect &rect, const QString &number, const QFont &font)
+{
+    const int air = 1 + scaled(kRingWidth);
+    painter->setFont(fitted(font, number, rect.adjusted(air, air, -air, -air).size()));
+    const QSize size = painter->fontMetrics().size(Qt::TextSingleLine, number);
+    const QRect place = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, rect);
+    painter->drawText(place, Qt::AlignCenter | Qt::TextDontClip, number);
+}
+
 /// A frame along the inside of rect, of that many screen pixels.
 void paintFrame(QPainter *painter, const QRect &rect, const QColor &colour, int width)
 {
@@ -111,14 +132,19 @@ bool DayCalendar::keepFace(QEvent *event)
     return isHandled;
 }
 
+// Not by Qt's own: it paints days of other months in the ink of disabled text, although they can be
+// picked, weekends in their own, although they can't, and cuts numbers that need a little more
+// room.
 void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
 {
     const QPalette &colours = m_grid->palette();
-    const bool isShown = date.month() == monthShown();
-    if (date == selectedDate() || (canBePicked(date) && isShown))
-        QCalendarWidget::paintCell(painter, rect, date);
-    else
-        paintQuietly(painter, rect, date);
+    QTextCharFormat format = weekdayTextFormat(Qt::DayOfWeek(date.dayOfWeek()));
+    format.merge(dateTextFormat(date));
+    const QBrush ground = groundOf(date, format);
+    painter->fillRect(rect, ground);
+    painter->setPen(inkOf(date, format, ground.color()));
+    paintNumber(painter, rect, m_grid->locale().toString(date.day()),
+        format.font().resolve(m_grid->font()));
 
     if (!isEnabled() && date == selectedDate())
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Base), kVeil));
@@ -134,26 +160,29 @@ void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &d
     }
 }
 
-// Qt paints days of other months in the ink of disabled text, although they can be picked, and
-// weekends in their own, although they can't.
-void DayCalendar::paintQuietly(QPainter *painter, const QRect &rect, const QDate &date) const
+QBrush DayCalendar::groundOf(const QDate &date, const QTextCharFormat &format) const
 {
     const QPalette &colours = m_grid->palette();
-    QTextCharFormat format = weekdayTextFormat(Qt::DayOfWeek(date.dayOfWeek()));
-    format.merge(dateTextFormat(date));
+    if (date == selectedDate())
+        return colours.brush(QPalette::Highlight);
+    if (format.hasProperty(QTextFormat::BackgroundBrush))
+        return format.background();
     const bool isInRange = date >= minimumDate() && date <= maximumDate();
-    const QBrush ground = colours.brush(isInRange ? QPalette::Base : QPalette::Window);
-    const bool hasGround = format.hasProperty(QTextFormat::BackgroundBrush);
-    painter->fillRect(rect, hasGround ? format.background() : ground);
-    painter->setFont(format.font().resolve(m_grid->font()));
-    painter->setPen(canBePicked(date)
-            ? mixed(colours.color(QPalette::Text), ground.color(), kOtherMonthInk)
-            : colours.color(QPalette::Disabled, QPalette::Text));
-    const QString number = m_grid->locale().toString(date.day());
-    // Rounded as Qt does it for the other days, so that a row is one line.
-    const QSize size = painter->fontMetrics().size(Qt::TextSingleLine, number);
-    const QRect place = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, rect);
-    painter->drawText(place, Qt::AlignCenter | Qt::TextDontClip, number);
+    return colours.brush(isInRange ? QPalette::Base : QPalette::Window);
+}
+
+QColor DayCalendar::inkOf(
+    const QDate &date, const QTextCharFormat &format, const QColor &ground) const
+{
+    const QPalette &colours = m_grid->palette();
+    if (date == selectedDate())
+        return colours.color(QPalette::HighlightedText);
+    if (!canBePicked(date))
+        return colours.color(QPalette::Disabled, QPalette::Text);
+    if (date.month() != monthShown())
+        return mixed(colours.color(QPalette::Text), ground, kOtherMonthInk);
+    const bool hasInk = format.hasProperty(QTextFormat::ForegroundBrush);
+    return hasInk ? format.foreground().color() : colours.color(QPalette::Text);
 }
 
 bool DayCalendar::canBePicked(const QDate &date) const

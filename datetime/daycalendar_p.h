@@ -7,6 +7,7 @@
 
 class QSpinBox;
 class QTableView;
+class QTextCharFormat;
 class QToolButton;
 
 /// Qt's calendar, which also shows which day is today, which one the pointer is on, which ones are
@@ -29,7 +30,8 @@ private:
     static constexpr QPoint kNowhere {-1, -1};
 
     bool keepFace(QEvent *event);
-    void paintQuietly(QPainter *painter, const QRect &rect, const QDate &date) const;
+    QBrush groundOf(const QDate &date, const QTextCharFormat &format) const;
+    QColor inkOf(const QDate &date, const QTextCharFormat &format, const QColor &ground) const;
     bool canBePicked(const QDate &date) const;
     bool hasFocusOn(const QRect &cell) const;
 

@@ -183,6 +183,17 @@ QDate VemoCalanderView::selectedDate() const
     return m_calendar->selectedDate();
 }
 
+QSize VemoCalanderView::sizeHint() const
+{
+    return QAbstractItemView::sizeHint().expandedTo(minimumSizeHint());
+}
+
+QSize VemoCalanderView::minimumSizeHint() const
+{
+    // Qt's calendar doesn't know of the row of weekdays in it.
+    return layout()->totalMinimumSize() + QSize(0, m_weekday_header->height());
+}
+
 bool VemoCalanderView::eventFilter(QObject * /*watched*/, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)
@@ -346,9 +357,15 @@ void VemoCalanderView::handleWeekdayHeader()
     m_weekday_header->setSelectionMode(NoSelection);
     m_weekday_header->setFrameStyle(0);
     m_weekday_header->setShowGrid(false);
-    part<QTableView>(this, kGrid)->horizontalHeader()->setDefaultSectionSize(kColumnWidth);
-    m_weekday_header->horizontalHeader()->setDefaultSectionSize(kColumnWidth);
+    // Seven columns and six rows share what there is, however large the font.
+    for (QTableView *table :
+        {part<QTableView>(this, kGrid), static_cast<QTableView *>(m_weekday_header)}) {
+        table->horizontalHeader()->setMinimumSectionSize(1);
+        table->horizontalHeader()->setDefaultSectionSize(kColumnWidth);
+        table->verticalHeader()->setMinimumSectionSize(1);
+    }
     m_weekday_header->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_weekday_header->verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     // Last, and the header's after the table's: in its place and as it is, each is styled once.
     m_weekday_header->setStyleSheet(style);
     m_weekday_header->horizontalHeader()->setStyleSheet(headerStyle);

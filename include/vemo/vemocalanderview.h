@@ -13,8 +13,8 @@ class QTableWidget;
 
 /// A month calendar with translated names, a weekday row, arrows of the library's pictures and a
 /// "today" button below. Tab walks through all its parts, beginning with the view itself, where the
-/// arrows, Page keys, Home and End already move the day, and Return picks it. (The class is meant to
-/// be spelt this way.)
+/// arrows, Page keys, Home and End already move the day, and Return picks it. (The class is meant
+/// to be spelt this way.)
 ///
 /// It is an item view only so that a combo box can take it for its list, as VemoDateSelector does;
 /// it shows no model. Pictures, style files and strings must be loaded before: the names are those
@@ -57,6 +57,11 @@ public:
     void setSelectedDate(const QDate &date);
     /// The selected day.
     QDate selectedDate() const;
+
+    /// At least minimumSizeHint().
+    QSize sizeHint() const override;
+    /// As much as all days need in the view's font.
+    QSize minimumSizeHint() const override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
