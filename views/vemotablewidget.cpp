@@ -218,6 +218,7 @@ void VemoTableWidget::setupTable()
 {
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->setTabKeyNavigation(false); // it would keep the keyboard: arrows move inside
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->hide();
     m_table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);

@@ -39,6 +39,8 @@ struct Table
 
 } // namespace
 
+Q_DECLARE_METATYPE(Qt::Key)
+
 class VemoTableWidgetTest : public VemoTest
 {
     Q_OBJECT
@@ -62,6 +64,9 @@ private Q_SLOTS:
     void showsTheScrollBarWhenRowsDoNotFit();
     void reportsItsSizeBeforeItLaysItselfOut();
     void reportsEachResizeOnce();
+    void letsTabLeave_data();
+    void letsTabLeave();
+    void movesInsideByArrows();
     void selectsWholeRowsAndEditsNothing();
     void holdsManyRowsAndColumns();
     void survivesItsDeletionWhileItIsResized();
@@ -292,6 +297,46 @@ void VemoTableWidgetTest::reportsEachResizeOnce()
     table.resize(310, 220);
     QCOMPARE(sizes.size(), 1);
     QCOMPARE(sizes.first().first().toSize(), table.viewport()->size());
+}
+
+void VemoTableWidgetTest::letsTabLeave_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<QString>("focused");
+    QTest::newRow("Tab") << Qt::Key_Tab << "after";
+    QTest::newRow("Shift+Tab") << Qt::Key_Backtab << "before";
+}
+
+void VemoTableWidgetTest::letsTabLeave()
+{
+    QFETCH(Qt::Key, key);
+    QWidget window;
+    QLineEdit before(&window);
+    before.setObjectName("before");
+    VemoTableWidget widget(threeColumns(), &window);
+    QLineEdit after(&window);
+    after.setObjectName("after");
+    widget.getTable()->setRowCount(3);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    widget.getTable()->setFocus();
+    widget.getTable()->setCurrentCell(1, 1);
+    QTest::keyClick(window.windowHandle(), key);
+    QVERIFY(QApplication::focusWidget());
+    QTEST(QApplication::focusWidget()->objectName(), "focused");
+    QCOMPARE(widget.getTable()->currentColumn(), 1);
+}
+
+void VemoTableWidgetTest::movesInsideByArrows()
+{
+    Table table(threeColumns());
+    table.table->setRowCount(3);
+    table.table->setCurrentCell(0, 0);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Up})
+        QTest::keyClick(table.table, key);
+    QCOMPARE(table.table->currentRow(), 1);
+    QCOMPARE(table.table->currentColumn(), 0);
 }
 
 void VemoTableWidgetTest::selectsWholeRowsAndEditsNothing()
