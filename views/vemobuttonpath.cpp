@@ -2,13 +2,14 @@
 #include <vemo/vemobuttonpath.h>
 
 #include "core/scaling_p.h"
+#include "views/pathbuttons_p.h"
 
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QMenu>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalMapper>
 #include <QToolButton>
@@ -20,8 +21,6 @@ namespace {
 // In design pixels.
 constexpr int kBarHeight = 28;
 constexpr int kArrowWidth = 6;
-constexpr int kNameHeight = 26;
-constexpr int kNamePadding = 16;
 constexpr int kFolderButtonSize = 26;
 
 constexpr int kFolderIconSize = 20; // deliberate: not scaled
@@ -29,26 +28,6 @@ constexpr int kFolderIconSize = 20; // deliberate: not scaled
 bool isArrow(int column)
 {
     return column % 2 != 0;
-}
-
-/// Made in its place and not shown yet, a button works out its sheet only once.
-QPushButton *newButton(QWidget *parent, const QString &style)
-{
-    auto *button = new QPushButton(parent);
-    button->setFlat(true);
-    button->setStyleSheet(style);
-    return button;
-}
-
-/// An ampersand alone would turn the letter behind it into a shortcut.
-QString captionOf(QString part)
-{
-    return part.replace(QLatin1Char('&'), QLatin1String("&&"));
-}
-
-QString partOf(QString caption)
-{
-    return caption.replace(QLatin1String("&&"), QLatin1String("&"));
 }
 
 } // namespace
@@ -121,15 +100,53 @@ void VemoButtonPath::slotPathBarClicked(int btn_id)
     Q_EMIT sigUpdatePath(getPath(btn_id));
 }
 
+void VemoButtonPath::scrollTo(const QModelIndex &index, ScrollHint hint)
+{
+    QTableWidget::scrollTo(index, hint);
+    if (m_change_folder_button->isHidden())
+        return;
+    // The start of what the view takes for visible is under the folder button.
+    const int covered = coveredWidth() - distanceFromStart(index.column());
+    if (covered > 0)
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - covered);
+}
+
 void VemoButtonPath::resizeEvent(QResizeEvent *event)
 {
     QTableWidget::resizeEvent(event);
+    placeFolderButton();
     if (m_view_width == horizontalScrollBar()->pageStep())
         return;
     m_view_width = horizontalScrollBar()->pageStep();
     m_change_folder_button->hide();
     m_folder_menu->clear();
     updateColumnSize();
+}
+
+void VemoButtonPath::changeEvent(QEvent *event)
+{
+    QTableWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        placeFolderButton();
+}
+
+void VemoButtonPath::scrollContentsBy(int dx, int dy)
+{
+    QTableWidget::scrollContentsBy(dx, dy);
+    // QTableView only moves what is drawn, but a name that is cut is drawn otherwise.
+    viewport()->update();
+}
+
+void VemoButtonPath::updateGeometries()
+{
+    const int value = horizontalScrollBar()->value();
+    QTableWidget::updateGeometries();
+    if (m_change_folder_button->isHidden())
+        return;
+    // QTableView scrolls to 0 at least: the first part would stay under the folder button.
+    horizontalScrollBar()->setMinimum(-coveredWidth());
+    if (value < 0)
+        horizontalScrollBar()->setValue(value);
 }
 
 void VemoButtonPath::setupFolderButton()
@@ -143,15 +160,37 @@ void VemoButtonPath::setupFolderButton()
     m_change_folder_button->setParent(this);
     m_change_folder_button->setStyleSheet(getStyleSheet("component.button_path_change_folder_btn"));
     m_change_folder_button->setFixedSize(scaled(kFolderButtonSize), scaled(kFolderButtonSize));
-    m_change_folder_button->move(scaled(1), scaled(1));
+    placeFolderButton();
+}
+
+/// At the start of the row, which is what a row that is too wide has out of sight.
+void VemoButtonPath::placeFolderButton()
+{
+    const int atRight = width() - scaled(1) - m_change_folder_button->width();
+    m_change_folder_button->move(isRightToLeft() ? atRight : scaled(1), scaled(1));
 }
 
 QString VemoButtonPath::pathUpTo(int column) const
 {
     QString path;
     for (int each = 0; each <= column; ++each)
-        path += isArrow(each) ? QStringLiteral("/") : partOf(m_buttons.at(each)->text());
+        path += isArrow(each) ? QStringLiteral("/")
+                              : static_cast<const PathName *>(m_buttons.at(each))->part();
     return path;
+}
+
+/// What the folder button covers of the visible row.
+int VemoButtonPath::coveredWidth() const
+{
+    const int left = m_change_folder_button->x() - viewport()->x();
+    return isRightToLeft() ? viewport()->width() - left : left + m_change_folder_button->width();
+}
+
+/// How far a column begins from the start of the visible row.
+int VemoButtonPath::distanceFromStart(int column) const
+{
+    const int left = columnViewportPosition(column);
+    return isRightToLeft() ? viewport()->width() - left - columnWidth(column) : left;
 }
 
 void VemoButtonPath::clearRow()
@@ -168,26 +207,11 @@ void VemoButtonPath::addButton(QPushButton *button)
     m_buttons.append(button);
 }
 
-void VemoButtonPath::addArrow(const QPixmap &picture, const QString &style)
-{
-    QPushButton *arrow = newButton(viewport(), style);
-    arrow->setFocusPolicy(Qt::NoFocus); // it does nothing
-    arrow->setAccessibleName(QStringLiteral("/")); // as in a path, and in every language
-    arrow->setIcon(picture);
-    // In a larger box Qt would draw a fine picture as a coarse, larger one.
-    arrow->setIconSize(picture.size() / picture.devicePixelRatio());
-    arrow->setFixedSize(scaled(kArrowWidth), scaled(kBarHeight));
-    addButton(arrow);
-}
-
 void VemoButtonPath::addName(const QString &part, const QString &style)
 {
     const int column = m_buttons.size();
-    QPushButton *name = newButton(viewport(), style);
-    name->setText(captionOf(part));
-    name->ensurePolished(); // which may give it another font
-    const int textWidth = name->fontMetrics().boundingRect(part).width();
-    name->setFixedSize(scaled(textWidth + kNamePadding), scaled(kNameHeight));
+    auto *name = new PathName(viewport(), m_change_folder_button, style);
+    name->setPart(part);
     connect(name, SIGNAL(clicked(bool)), m_name_mapper, SLOT(map()));
     m_name_mapper->setMapping(name, column);
     setColumnWidth(column, name->width());
@@ -211,7 +235,7 @@ void VemoButtonPath::addParts(const QStringList &parts)
     setColumnCount(2 * parts.size() - 1);
     for (const QString &part : parts) {
         if (!m_buttons.isEmpty())
-            addArrow(arrow, arrowStyle);
+            addButton(new PathArrow(viewport(), m_change_folder_button, arrowStyle, arrow));
         addName(part, nameStyle);
     }
 }

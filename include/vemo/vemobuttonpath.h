@@ -15,9 +15,10 @@ class QToolButton;
 
 /// A folder path as a row of buttons, one for each part, that lead to that part.
 ///
-/// Where the row is wider than the bar, its right end shows, and a folder button at the left has a
-/// menu of the parts that are out of sight. The bar itself goes nowhere: it asks, and the host
-/// answers with refresh(). Load pictures and style files before. It belongs to its parent.
+/// If the row is wider than the bar, its right end shows, and a folder button at the left has a
+/// menu of the parts that are out of sight; a name that is cut shows the rest after three dots. In
+/// a right-to-left layout all of this is mirrored. The bar itself goes nowhere: it asks, and the
+/// host answers with refresh(). Load pictures and style files first. It belongs to its parent.
 ///
 ///     auto *path = new VemoButtonPath(this);
 ///     connect(path, SIGNAL(sigUpdatePath(QString)), this, SLOT(slotOpenFolder(QString)));
@@ -61,16 +62,26 @@ public Q_SLOTS:
     /// Emits sigUpdatePath() with the path up to a column.
     void slotPathBarClicked(int btn_id);
 
+    /// Scrolls sideways until the column is out from under the folder button as well.
+    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+
 protected:
     /// Fits menu and scroll position to the new width.
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+protected Q_SLOTS:
+    void updateGeometries() override;
 
 private:
     void setupFolderButton();
+    void placeFolderButton();
+    int coveredWidth() const;
+    int distanceFromStart(int column) const;
     QString pathUpTo(int column) const;
     void clearRow();
     void addButton(QPushButton *button);
-    void addArrow(const QPixmap &picture, const QString &style);
     void addName(const QString &part, const QString &style);
     void addParts(const QStringList &parts);
     void updateColumnSize();

@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: MIT
+#include <vemo/vemobuttonpath.h>
+
+#include "core/scaling_p.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/imagemanager.h>
+
+#include <QProxyStyle>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStyleOptionButton>
+#include <QToolButton>
+
+namespace {
+
+const char *const kPath = "alphabetical order/R&D/gamma/delta/epsilon";
+
+struct DrawnButton
+{
+    QString text;
+    QRect rect;
+};
+
+/// Notes what is drawn of the buttons that have no style sheet of their own.
+class RecordingStyle : public QProxyStyle
+{
+public:
+    RecordingStyle() : QProxyStyle("fusion") { }
+
+    QHash<const QWidget *, DrawnButton> drawn;
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+        const QWidget *widget) const override
+    {
+        if (element == CE_PushButton) {
+            const auto *button = static_cast<const QStyleOptionButton *>(option);
+            const_cast<RecordingStyle *>(this)->drawn.insert(widget, {button->text, button->rect});
+        }
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+};
+
+/// A shown bar that is too narrow for its row.
+struct Path
+{
+    explicit Path(Qt::LayoutDirection direction = Qt::LeftToRight)
+    {
+        window.setLayoutDirection(direction);
+        bar.resize(2000, bar.height());
+        window.resize(600, 100);
+        window.show();
+        QCoreApplication::processEvents();
+        bar.refresh(kPath);
+        frame = bar.width() - bar.viewport()->width();
+    }
+    /// Leaves so many pixels of the row no room.
+    void refreshWithout(int pixels)
+    {
+        int width = frame - pixels;
+        for (int column = 0; column < bar.columnCount(); ++column)
+            width += bar.columnWidth(column);
+        bar.resize(width, bar.height());
+        bar.refresh(kPath);
+        QCoreApplication::processEvents();
+    }
+    QPushButton *button(int column) const
+    {
+        return qobject_cast<QPushButton *>(bar.cellWidget(0, column));
+    }
+    QToolButton *folder() const
+    {
+        return bar.findChild<QToolButton *>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    /// A button's place in the bar.
+    QRect place(int column) const
+    {
+        return button(column)->geometry().translated(bar.viewport()->pos());
+    }
+
+    QWidget window;
+    VemoButtonPath bar {&window};
+    int frame = 0;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Qt::LayoutDirection)
+
+class PathRowTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void elidesANameThatIsCutAtItsFront_data();
+    void elidesANameThatIsCutAtItsFront();
+    void drawsNothingOfANameWithoutRoom();
+    void drawsWholeArrowsOnly();
+    void drawsWholeNamesOfARowThatFits();
+    void drawsANameAnewWhenItScrolls();
+    void bringsAFocusedPartIntoView_data();
+    void bringsAFocusedPartIntoView();
+    void putsTheFolderButtonAtTheStart();
+    void pointsArrowsToWhereTheRowGoesOn();
+
+private:
+    RecordingStyle *m_style = nullptr; ///< the application's
+};
+
+void PathRowTest::initTestCase()
+{
+    startDefaultTheme();
+    m_style = new RecordingStyle;
+    QApplication::setStyle(m_style);
+}
+
+void PathRowTest::init()
+{
+    VemoTest::init();
+    m_style->drawn.clear();
+}
+
+void PathRowTest::elidesANameThatIsCutAtItsFront_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+}
+
+void PathRowTest::elidesANameThatIsCutAtItsFront()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    Path path(direction);
+    const int text = path.button(0)->fontMetrics().horizontalAdvance("alphabetical order");
+    const int left = scaled(16) + text * 2 / 3;
+    path.refreshWithout(path.button(0)->width() - path.folder()->width() - left);
+    QPushButton *first = path.button(0);
+    first->setStyleSheet(QString());
+    QVERIFY(!path.bar.grab().isNull());
+    const DrawnButton drawn = m_style->drawn.value(first);
+    const QString rest = drawn.text.mid(1);
+    QVERIFY(drawn.text.startsWith(QChar(0x2026)));
+    QVERIFY(!rest.isEmpty() && QString("alphabetical order").endsWith(rest));
+    const int room = drawn.rect.width() - scaled(16);
+    QVERIFY(first->fontMetrics().horizontalAdvance(drawn.text) <= room);
+    QRect place = path.place(0);
+    if (direction == Qt::LeftToRight)
+        place.setLeft(path.folder()->geometry().right() + 1);
+    else
+        place.setRight(path.folder()->geometry().left() - 1);
+    QCOMPARE(drawn.rect.translated(path.place(0).topLeft()), place);
+    QCOMPARE(first->text(), QString("alphabetical order"));
+}
+
+void PathRowTest::drawsNothingOfANameWithoutRoom()
+{
+    Path path;
+    path.refreshWithout(path.button(0)->width() - path.folder()->width() - scaled(16));
+    path.button(0)->setStyleSheet(QString());
+    QVERIFY(!path.bar.grab().isNull());
+    QVERIFY(!m_style->drawn.contains(path.button(0)));
+}
+
+void PathRowTest::drawsWholeArrowsOnly()
+{
+    Path path;
+    const int upToTheArrow = path.button(0)->width() - path.folder()->geometry().right();
+    for (const int cut : {0, 1}) {
+        path.refreshWithout(upToTheArrow + cut);
+        path.button(1)->setStyleSheet(QString());
+        m_style->drawn.clear();
+        QVERIFY(!path.bar.grab().isNull());
+        QCOMPARE(m_style->drawn.contains(path.button(1)), cut == 0);
+    }
+}
+
+void PathRowTest::drawsWholeNamesOfARowThatFits()
+{
+    Path path;
+    path.refreshWithout(0);
+    path.button(2)->setStyleSheet(QString());
+    QVERIFY(!path.bar.grab().isNull());
+    const DrawnButton drawn = m_style->drawn.value(path.button(2));
+    QCOMPARE(drawn.text, QString("R&&D"));
+    QCOMPARE(drawn.rect, path.button(2)->rect());
+}
+
+void PathRowTest::drawsANameAnewWhenItScrolls()
+{
+    Path path;
+    path.refreshWithout(1);
+    path.button(0)->setStyleSheet(QString());
+    QCoreApplication::processEvents();
+    m_style->drawn.clear();
+    path.bar.horizontalScrollBar()->setValue(-5);
+    QTRY_VERIFY(m_style->drawn.contains(path.button(0)));
+}
+
+void PathRowTest::bringsAFocusedPartIntoView_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<int>("column");
+    for (const int column : {0, 2}) {
+        const QByteArray name = QByteArray("column ") + QByteArray::number(column);
+        QTest::newRow(name) << Qt::LeftToRight << column;
+        QTest::newRow(name + ", right to left") << Qt::RightToLeft << column;
+    }
+}
+
+void PathRowTest::bringsAFocusedPartIntoView()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    QFETCH(int, column);
+    Path path(direction);
+    path.refreshWithout(path.button(0)->width() + path.button(1)->width());
+    path.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&path.window));
+    path.folder()->setFocus();
+    for (int tab = 0; tab <= column; tab += 2)
+        QTest::keyClick(path.window.windowHandle(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), path.button(column));
+    const QRect visible = path.bar.viewport()->geometry();
+    QVERIFY(visible.contains(path.place(column)));
+    QVERIFY(!path.place(column).intersects(path.folder()->geometry()));
+    // grab() and whatever else lays the row out leave it there.
+    const QRect before = path.place(column);
+    QVERIFY(!path.bar.grab().isNull());
+    QCOMPARE(path.place(column), before);
+}
+
+void PathRowTest::putsTheFolderButtonAtTheStart()
+{
+    Path path(Qt::RightToLeft);
+    path.refreshWithout(1);
+    const auto fromRight = [&] { return path.bar.width() - 1 - path.folder()->geometry().right(); };
+    QVERIFY(path.folder()->isVisible());
+    QCOMPARE(fromRight(), scaled(1));
+    path.bar.resize(path.bar.width() - 10, path.bar.height());
+    QCOMPARE(fromRight(), scaled(1));
+    QCOMPARE(path.place(8).left(), path.bar.viewport()->x());
+    path.window.setLayoutDirection(Qt::LeftToRight);
+    QCOMPARE(path.folder()->x(), scaled(1));
+    path.window.setLayoutDirection(Qt::RightToLeft);
+    QCOMPARE(fromRight(), scaled(1));
+}
+
+void PathRowTest::pointsArrowsToWhereTheRowGoesOn()
+{
+    const QImage picture = getGlobalImage("bt_next").toImage();
+    QVERIFY(picture != picture.mirrored(true, false));
+    const auto shown = [](const QPushButton *arrow) {
+        return arrow->icon()
+            .pixmap(arrow->iconSize())
+            .toImage()
+            .convertToFormat(QImage::Format_ARGB32);
+    };
+    const QImage leftToRight = picture.convertToFormat(QImage::Format_ARGB32);
+    const QImage rightToLeft = leftToRight.mirrored(true, false);
+    Path path(Qt::RightToLeft);
+    QCOMPARE(shown(path.button(1)), rightToLeft);
+    path.window.setLayoutDirection(Qt::LeftToRight);
+    QCOMPARE(shown(path.button(1)), leftToRight);
+    path.window.setLayoutDirection(Qt::RightToLeft);
+    QCOMPARE(shown(path.button(1)), rightToLeft);
+}
+
+VEMO_TEST_MAIN(PathRowTest)
+#include "tst_pathrow.moc"

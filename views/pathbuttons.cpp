@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "views/pathbuttons_p.h"
+
+#include "core/scaling_p.h"
+
+#include <QEvent>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+namespace {
+
+// In design pixels.
+constexpr int kArrowWidth = 6;
+constexpr int kArrowHeight = 28;
+constexpr int kNameHeight = 26;
+constexpr int kNamePadding = 16;
+
+/// An ampersand alone would turn the letter after it into a shortcut.
+QString captionOf(QString part)
+{
+    return part.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString partOf(QString caption)
+{
+    return caption.replace(QLatin1String("&&"), QLatin1String("&"));
+}
+
+} // namespace
+
+/// Made in its place and not shown yet, a button works out its sheet only once.
+PathButton::PathButton(QWidget *viewport, const QWidget *cover, const QString &style)
+    : QPushButton(viewport), m_cover(cover)
+{
+    setFlat(true);
+    setStyleSheet(style);
+}
+
+QRect PathButton::shownRect() const
+{
+    QRect shown = rect();
+    const QRect row = parentWidget()->rect().translated(-pos());
+    const QRect cover = m_cover->geometry().translated(-parentWidget()->pos() - pos());
+    const bool isCovered = !m_cover->isHidden();
+    if (isRightToLeft())
+        shown.setRight(qMin(shown.right(), isCovered ? cover.left() - 1 : row.right()));
+    else
+        shown.setLeft(qMax(shown.left(), isCovered ? cover.right() + 1 : row.left()));
+    return shown;
+}
+
+PathName::PathName(QWidget *viewport, const QWidget *cover, const QString &style)
+    : PathButton(viewport, cover, style)
+{
+}
+
+QString PathName::part() const
+{
+    return partOf(text());
+}
+
+void PathName::setPart(const QString &part)
+{
+    setText(captionOf(part));
+    ensurePolished(); // which may give it another font
+    const int textWidth = fontMetrics().boundingRect(part).width();
+    setFixedSize(scaled(textWidth + kNamePadding), scaled(kNameHeight));
+}
+
+void PathName::paintEvent(QPaintEvent * /*event*/)
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.rect = shownRect();
+    if (option.rect.width() < width()) {
+        // The last letters of a name alone would read like another name.
+        const int room = option.rect.width() - scaled(kNamePadding);
+        const QString rest = fontMetrics().elidedText(part(), Qt::ElideLeft, room);
+        if (rest.size() < 2)
+            return;
+        option.text = captionOf(rest);
+    }
+    QStylePainter(this).drawControl(QStyle::CE_PushButton, option);
+}
+
+PathArrow::PathArrow(
+    QWidget *viewport, const QWidget *cover, const QString &style, const QPixmap &picture)
+    : PathButton(viewport, cover, style), m_picture(picture)
+{
+    setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(QStringLiteral("/")); // as in a path, and in every language
+    // In a larger box Qt would draw a fine picture as a coarse, larger one.
+    setIconSize(picture.size() / picture.devicePixelRatio());
+    setFixedSize(scaled(kArrowWidth), scaled(kArrowHeight));
+    showPicture();
+}
+
+void PathArrow::changeEvent(QEvent *event)
+{
+    PathButton::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        showPicture();
+}
+
+void PathArrow::paintEvent(QPaintEvent *event)
+{
+    if (shownRect() == rect())
+        PathButton::paintEvent(event);
+}
+
+void PathArrow::showPicture()
+{
+    setIcon(isRightToLeft() ? m_picture.transformed(QTransform::fromScale(-1, 1)) : m_picture);
+}
