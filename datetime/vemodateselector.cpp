@@ -9,7 +9,9 @@
 #include <vemo/stylemanager.h>
 #include <vemo/vemocalanderview.h>
 
+#include <QEvent>
 #include <QLocale>
+#include <QScreen>
 
 #include <utility>
 
@@ -38,6 +40,32 @@ private:
     QWidget *m_view;
 };
 
+/// Opens the calendar in line with the right edge of a field from right to left, where Qt keeps to
+/// the left edge. Never beyond the screen's left edge.
+class MirroredPlace : public QObject
+{
+public:
+    MirroredPlace(const QWidget &field, QWidget *popup)
+        : QObject(popup), m_field(field), m_popup(popup)
+    {
+        popup->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && m_field.isRightToLeft()) {
+            const QPoint corner = m_field.mapToGlobal({m_field.width(), 0});
+            const int edge = m_field.screen()->availableGeometry().left();
+            m_popup->move(qMax(edge, corner.x() - m_popup->width()), m_popup->y());
+        }
+        return false;
+    }
+
+private:
+    const QWidget &m_field; // The pop-up is a child of it.
+    QWidget *m_popup;
+};
+
 void ignoreMouse(QObject *filter, QWidget *widget)
 {
     filter->setParent(widget);
@@ -58,6 +86,7 @@ VemoDateSelector::VemoDateSelector(QString placeholder, QWidget *parent)
     ignoreMouse(new MouseReleaseFilter, view()->viewport());
     ignoreMouse(new MouseButtonFilter, view());
     new EnterFilter(view());
+    new MirroredPlace(*this, view()->parentWidget());
     showPlaceholder();
     connect(m_calendar_view, SIGNAL(sigDateSelect(QDate)), this, SLOT(dateSelect(QDate)));
     setUpSizes();

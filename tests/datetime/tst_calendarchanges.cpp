@@ -6,9 +6,10 @@
 
 #include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
+#include <vemo/vemodateselector.h>
 
 #include <QAction>
-#include <QPainter>
+#include <QScreen>
 #include <QStyleFactory>
 #include <QTextCharFormat>
 #include <QTranslator>
@@ -159,6 +160,8 @@ private Q_SLOTS:
     void picksTheDayUnderItsLetter();
     void namesLaterMonthsInItsOwnLanguage();
     void mirrorsItsArrowsFromRightToLeft();
+    void aFieldOpensAtTheSideWhereItsTextBegins_data();
+    void aFieldOpensAtTheSideWhereItsTextBegins();
 };
 
 void CalendarChangesTest::looksTheSameAfterAChange_data()
@@ -281,6 +284,42 @@ void CalendarChangesTest::mirrorsItsArrowsFromRightToLeft()
         QCOMPARE(arrow->grab().toImage(), before.mirrored(true, false));
     }
     QTRY_VERIFY(form.parts.previous->x() > form.parts.next->x());
+}
+
+void CalendarChangesTest::aFieldOpensAtTheSideWhereItsTextBegins_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<int>("left");
+    QTest::addColumn<int>("width");
+    QTest::newRow("narrow") << Qt::LeftToRight << 300 << 120;
+    QTest::newRow("wide") << Qt::LeftToRight << 20 << 400;
+    QTest::newRow("narrow, right to left") << Qt::RightToLeft << 300 << 120;
+    QTest::newRow("wide, right to left") << Qt::RightToLeft << 20 << 400;
+    QTest::newRow("at the left edge, right to left") << Qt::RightToLeft << 0 << 120;
+}
+
+void CalendarChangesTest::aFieldOpensAtTheSideWhereItsTextBegins()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    QFETCH(int, left);
+    QFETCH(int, width);
+    QWidget window(nullptr, Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint);
+    window.setLayoutDirection(direction);
+    window.setGeometry(10, 10, 440, 60);
+    VemoDateSelector field("Any date", &window);
+    field.setFixedWidth(width);
+    field.move(left, 10);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    field.showPopup();
+    const QWidget *popup = field.view()->parentWidget();
+    const QRect place(field.mapToGlobal({0, 0}), field.size());
+    const QRect screen = field.screen()->availableGeometry();
+    if (direction == Qt::LeftToRight)
+        QCOMPARE(popup->x(), qMin(place.left(), screen.right() + 1 - popup->width()));
+    else
+        QCOMPARE(popup->x(), qMax(screen.left(), place.right() + 1 - popup->width()));
+    field.hidePopup();
 }
 
 VEMO_TEST_MAIN(CalendarChangesTest)
