@@ -23,11 +23,12 @@ QString paddingRules()
     return QStringLiteral("padding-left: %1px; \npadding-right: %1px;").arg(width);
 }
 
+/// Deliberate: this colour in every theme.
+const QLatin1String kBorder("border: 1px solid #C8D2DC;");
+
 QString comboBoxStyle()
 {
-    const QString box = getStyleSheet("component.combobox")
-                            .arg(paddingRules())
-                            .arg(QLatin1String("border: 1px solid #C8D2DC;"));
+    const QString box = getStyleSheet("component.combobox").arg(paddingRules()).arg(kBorder);
     return box + getStyleSheet("component.scrollbar");
 }
 

@@ -30,6 +30,7 @@ constexpr int kWeekdayHeight = 30;
 
 constexpr int kColumnWidth = 30; // Screen pixels: deliberately not scaled.
 constexpr int kDaysOfWeek = 7;
+constexpr Qt::GlobalColor kWeekendInk = Qt::black; // Deliberate: not Qt's red, in every theme.
 constexpr int kShortMonth = 3; // Characters, whatever the language.
 
 constexpr auto kPrevious = "qt_calendar_prevmonth";
@@ -293,9 +294,8 @@ void VemoCalanderView::setUpCalendar()
     m_calendar->setFirstDayOfWeek(Qt::Sunday);
     m_calendar->setHorizontalHeaderFormat(QCalendarWidget::NoHorizontalHeader);
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    // Deliberate: weekends are black, not Qt's red.
     QTextCharFormat weekend = m_calendar->weekdayTextFormat(Qt::Saturday);
-    weekend.setForeground(QBrush(Qt::black, Qt::SolidPattern));
+    weekend.setForeground(QBrush(kWeekendInk, Qt::SolidPattern));
     m_calendar->setWeekdayTextFormat(Qt::Saturday, weekend);
     m_calendar->setWeekdayTextFormat(Qt::Sunday, weekend);
 }

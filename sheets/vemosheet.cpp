@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr Qt::GlobalColor kBody = Qt::white; // Deliberate: in every theme.
 constexpr double kShadowWidth = 22.0;
 
 /// Screen readers know a frame as a mere border.
@@ -64,7 +65,7 @@ void VemoSheet::paintEvent(QPaintEvent * /*event*/)
     if (body.isEmpty())
         return;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::white);
+    painter.setBrush(kBody);
     painter.drawRect(body);
 }
 

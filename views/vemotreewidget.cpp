@@ -19,6 +19,7 @@
 namespace {
 
 constexpr int kRoomAtRight = 100; // design pixels
+constexpr Qt::GlobalColor kHighlightOutline = Qt::white; // Deliberate: in every theme.
 constexpr int kHighlightInset = 3; // design pixels; also the radius of its corners
 
 void drawHighlight(QPainter *painter, QRect row, const QColor &color)
@@ -28,7 +29,7 @@ void drawHighlight(QPainter *painter, QRect row, const QColor &color)
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(QBrush(color, Qt::SolidPattern));
-    painter->setPen(QColor(0xFFFFFF));
+    painter->setPen(kHighlightOutline);
     painter->drawRoundedRect(row, inset, inset, Qt::AbsoluteSize);
     painter->restore();
 }

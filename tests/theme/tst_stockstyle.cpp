@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/defaulttheme.h>
+
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QDoubleSpinBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSlider>
+#include <QStyledItemDelegate>
+#include <QTableWidget>
+#include <QTextCharFormat>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kField = 32;
+constexpr int kRow = 28;
+
+using NewWidget = QWidget *(*)();
+
+template <typename Widget> QWidget *newWidget()
+{
+    return new Widget;
+}
+
+/// A button of a host's own, which goes by its own name.
+class OwnButton : public QPushButton
+{
+    Q_OBJECT
+};
+
+/// Puts widget into a window, shows it, and lets Qt do what it has put off.
+void show(QWidget &window, QWidget *widget)
+{
+    (new QVBoxLayout(&window))->addWidget(widget);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCoreApplication::processEvents();
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(NewWidget)
+
+/// What applyDefaultThemeStyle() does with Qt's own widgets, beyond what the stored pictures show.
+class StockStyleTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void fieldsAndButtonsAreOfOneHeight_data();
+    void fieldsAndButtonsAreOfOneHeight();
+    void aSubclassIsLeftAlone();
+    void aHeightOfTheHostStays();
+    void rowsFilledBeforeTheViewIsShownHaveTheirHeight();
+    void rowHeightsOfTheHostStay();
+    void aComboBoxOpensWithRowsOfTheFamily();
+    void aDelegateOfTheHostStays();
+    void weekendsAreNotRed();
+    void aWeekendOfTheHostStays();
+    void aSliderIsAsWideAsItsHandle();
+};
+
+void StockStyleTest::initTestCase()
+{
+    startDefaultTheme();
+    applyDefaultThemeStyle(*qApp);
+}
+
+void StockStyleTest::fieldsAndButtonsAreOfOneHeight_data()
+{
+    QTest::addColumn<NewWidget>("make");
+    QTest::newRow("QPushButton") << NewWidget(newWidget<QPushButton>);
+    QTest::newRow("QLineEdit") << NewWidget(newWidget<QLineEdit>);
+    QTest::newRow("QSpinBox") << NewWidget(newWidget<QSpinBox>);
+    QTest::newRow("QDoubleSpinBox") << NewWidget(newWidget<QDoubleSpinBox>);
+    QTest::newRow("QDateEdit") << NewWidget(newWidget<QDateEdit>);
+    QTest::newRow("QTimeEdit") << NewWidget(newWidget<QTimeEdit>);
+    QTest::newRow("QDateTimeEdit") << NewWidget(newWidget<QDateTimeEdit>);
+    QTest::newRow("QComboBox") << NewWidget(newWidget<QComboBox>);
+}
+
+void StockStyleTest::fieldsAndButtonsAreOfOneHeight()
+{
+    QFETCH(NewWidget, make);
+    const QScopedPointer<QWidget> widget(make());
+    widget->ensurePolished();
+    QCOMPARE(widget->sizeHint().height(), kField);
+}
+
+void StockStyleTest::aSubclassIsLeftAlone()
+{
+    OwnButton own;
+    own.ensurePolished();
+    QVERIFY(own.sizeHint().height() < kField);
+}
+
+void StockStyleTest::aHeightOfTheHostStays()
+{
+    QPushButton button("ab");
+    button.setFixedHeight(24);
+    button.show();
+    QCOMPARE(button.height(), 24);
+}
+
+void StockStyleTest::rowsFilledBeforeTheViewIsShownHaveTheirHeight()
+{
+    QWidget window;
+    auto *list = new QListWidget;
+    list->addItems({"ab", "cd", "ef"});
+    auto *tree = new QTreeWidget;
+    for (const char *text : {"ab", "cd", "ef"})
+        new QTreeWidgetItem(tree, {text});
+    auto *table = new QTableWidget(3, 1);
+    show(window, list);
+    window.layout()->addWidget(tree);
+    window.layout()->addWidget(table);
+    QCoreApplication::processEvents();
+    QCOMPARE(list->visualItemRect(list->item(2)).top(), 2 * kRow);
+    QCOMPARE(tree->visualItemRect(tree->topLevelItem(2)).top(), 2 * kRow);
+    QCOMPARE(table->rowHeight(2), kRow);
+}
+
+void StockStyleTest::rowHeightsOfTheHostStay()
+{
+    QWidget window;
+    auto *table = new QTableWidget(3, 1);
+    table->verticalHeader()->setDefaultSectionSize(40);
+    show(window, table);
+    auto *other = new QTableWidget(3, 1);
+    other->setRowHeight(1, 50);
+    window.layout()->addWidget(other);
+    QCoreApplication::processEvents();
+    QCOMPARE(table->rowHeight(0), 40);
+    QCOMPARE(other->rowHeight(1), 50);
+}
+
+void StockStyleTest::aComboBoxOpensWithRowsOfTheFamily()
+{
+    QWidget window;
+    auto *box = new QComboBox;
+    box->addItems({"ab", "cd"});
+    show(window, box);
+    box->showPopup();
+    QCOMPARE(box->view()->visualRect(box->model()->index(1, 0)).height(), kRow);
+    box->hidePopup();
+}
+
+void StockStyleTest::aDelegateOfTheHostStays()
+{
+    QWidget window;
+    auto *box = new QComboBox;
+    auto *delegate = new QStyledItemDelegate(box);
+    box->addItems({"ab", "cd"});
+    box->setItemDelegate(delegate);
+    show(window, box);
+    box->showPopup();
+    QCOMPARE(box->itemDelegate(), delegate);
+    box->hidePopup();
+}
+
+void StockStyleTest::weekendsAreNotRed()
+{
+    QWidget window;
+    auto *calendar = new QCalendarWidget;
+    QCOMPARE(calendar->weekdayTextFormat(Qt::Sunday).foreground().color(), QColor(Qt::red));
+    show(window, calendar);
+    QVERIFY(calendar->weekdayTextFormat(Qt::Sunday).foreground().color() != QColor(Qt::red));
+}
+
+void StockStyleTest::aWeekendOfTheHostStays()
+{
+    QWidget window;
+    auto *calendar = new QCalendarWidget;
+    QTextCharFormat green;
+    green.setForeground(Qt::darkGreen);
+    calendar->setWeekdayTextFormat(Qt::Sunday, green);
+    show(window, calendar);
+    QCOMPARE(calendar->weekdayTextFormat(Qt::Sunday), green);
+}
+
+void StockStyleTest::aSliderIsAsWideAsItsHandle()
+{
+    QSlider slider(Qt::Horizontal);
+    slider.ensurePolished();
+    QCOMPARE(slider.sizeHint().height(), 16);
+    slider.setTickPosition(QSlider::TicksBothSides);
+    QVERIFY(slider.sizeHint().height() > 16); // room for the ticks
+}
+
+VEMO_TEST_MAIN(StockStyleTest)
+#include "tst_stockstyle.moc"
