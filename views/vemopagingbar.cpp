@@ -85,7 +85,7 @@ void VemoPagingBar::initializeUI()
     m_main_layout->addSpacing(scaled(kButtonGap));
     m_main_layout->addWidget(m_prev_5_button, 0, kAtLeft);
     addPageButtons();
-    m_main_layout->addWidget(m_next_5_button);
+    m_main_layout->addWidget(m_next_5_button, 0, kAtRight);
     m_main_layout->addWidget(m_last_page_button, 0, kAtRight);
     m_main_layout->addStretch(0);
     addRefreshButton();
