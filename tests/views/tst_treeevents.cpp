@@ -81,6 +81,7 @@ private Q_SLOTS:
     void makesTheFirstItemCurrentOnFocus();
     void makesTheCurrentItemCurrentOnceMoreOnFocus();
     void takesTheFocusWithoutAnyItem();
+    void takesTheFirstVisibleItemOnFocus();
     void leavesTheBaseOutOnFocus();
     void survivesASlotThatDeletesTheCurrentItemOnFocus();
     void survivesItsDeletionInASlot_data();
@@ -90,6 +91,7 @@ private Q_SLOTS:
     void needsRoomOfAHundredDesignPixels();
     void bringsAnItemToTheMiddle_data();
     void bringsAnItemToTheMiddle();
+    void staysWhereTheItemIsAtTheEdge();
     void doesNotScrollToWhatIsNotInIt();
 };
 
@@ -181,6 +183,17 @@ void TreeEventsTest::takesTheFocusWithoutAnyItem()
     Tree tree(0);
     tree.focusIn();
     QVERIFY(!tree.widget.currentItem());
+}
+
+void TreeEventsTest::takesTheFirstVisibleItemOnFocus()
+{
+    Tree tree(100);
+    tree.widget.resize(300, 200);
+    tree.show();
+    tree.widget.scrollToItem(tree.item(60), QAbstractItemView::PositionAtTop);
+    tree.widget.setCurrentItem(nullptr);
+    tree.focusIn();
+    QCOMPARE(tree.widget.currentItem(), tree.item(60));
 }
 
 void TreeEventsTest::leavesTheBaseOutOnFocus()
@@ -290,6 +303,16 @@ void TreeEventsTest::bringsAnItemToTheMiddle()
     QCOMPARE(chain.left(depth), 50 * depth - scrolled);
     chain.tree.updateScrollArea(chain.items.at(depth));
     QCOMPARE(bar->value(), qMax(50 * depth - width / 2, 0));
+}
+
+void TreeEventsTest::staysWhereTheItemIsAtTheEdge()
+{
+    Chain chain;
+    QTRY_VERIFY(chain.tree.horizontalScrollBar()->maximum() > 0);
+    chain.tree.horizontalScrollBar()->setValue(250);
+    QCOMPARE(chain.left(5), 0);
+    chain.tree.updateScrollArea(chain.items.at(5));
+    QCOMPARE(chain.tree.horizontalScrollBar()->value(), 250);
 }
 
 void TreeEventsTest::doesNotScrollToWhatIsNotInIt()

@@ -146,6 +146,10 @@ void VemoPagingBarTest::laysOutItsRow()
     QCOMPARE(paging.row()->contentsMargins(), QMargins(0, scaled(1), 0, 0));
     QCOMPARE(paging.row()->spacing(), 0);
     QCOMPARE(paging.row()->alignment(), Qt::AlignVCenter);
+    for (int i = 0; i < paging.row()->count(); ++i)
+        QCOMPARE(paging.row()->stretch(i), 0);
+    for (const VemoButton *page : paging.pages())
+        QCOMPARE(page->minimumWidth(), scaled(24));
     QCOMPARE(paging.row()->itemAt(1)->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
     QCOMPARE(paging.row()->itemAt(3)->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
     QCOMPARE(paging.row()->itemAt(4)->alignment(), Qt::AlignHCenter | Qt::AlignVCenter);

@@ -35,6 +35,9 @@ struct Table
     QTableWidget *table = widget.getTable();
     QHeaderView *columns = table->horizontalHeader();
     QScrollArea *area = widget.findChild<QScrollArea *>();
+    /// Of the table that is never shown and holds the header's labels.
+    QHeaderView *labels =
+        static_cast<QTableWidget *>(header->model()->QObject::parent())->horizontalHeader();
 };
 
 } // namespace
@@ -135,7 +138,9 @@ void VemoTableWidgetTest::sizesTheSectionsOfBothHeaders()
     for (int column = 0; column < widths.size(); ++column) {
         QCOMPARE(table.header->sectionSize(column), scaled(widths.at(column)));
         QCOMPARE(table.table->columnWidth(column), scaled(widths.at(column)));
+        QCOMPARE(table.labels->sectionSize(column), scaled(widths.at(column)));
     }
+    QCOMPARE(table.labels->sectionSize(widths.size()), scaled(12));
 }
 
 void VemoTableWidgetTest::makesProportionalSectionsDraggable()
