@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemobutton.h>
 
+#include "controls/spokentooltip_p.h"
+
 #include <vemo/stylemanager.h>
 
 #include <iterator>
@@ -25,6 +27,7 @@ bool isRole(int role)
 
 VemoButton::VemoButton(const QString &text, int role) : QPushButton(text)
 {
+    speakToolTip(this);
     setFlat(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     if (isRole(role))

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemocombobox.h>
 
+#include "controls/accessiblecombobox_p.h"
 #include "controls/popuppainting_p.h"
+#include "controls/spokentooltip_p.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
@@ -92,6 +94,8 @@ private:
 
 VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
 {
+    announceByGivenName<VemoComboBox>();
+    speakToolTip(this);
     setStyleSheet(comboBoxStyle());
     // The rows of Qt's own delegate don't follow the style sheet.
     auto *delegate = new QStyledItemDelegate;

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemoiconbutton.h>
 
+#include "controls/spokentooltip_p.h"
+
 #include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
 
+#include <QAccessibleWidget>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTimer>
 
 namespace {
 
@@ -16,6 +21,70 @@ QIcon asDrawn(const QPixmap &disabledPicture)
     QIcon icon(disabledPicture);
     icon.addPixmap(disabledPicture, QIcon::Disabled);
     return icon;
+}
+
+/// A button that assistive tools can press: Qt leaves the press action out where a menu would open
+/// at once, whether there is one or not.
+class AccessibleIconButton : public QAccessibleWidget
+{
+public:
+    explicit AccessibleIconButton(VemoIconButton *button) : QAccessibleWidget(button) { }
+
+    QAccessible::Role role() const override
+    {
+        if (button()->menu())
+            return QAccessible::ButtonMenu;
+        return button()->isCheckable() ? QAccessible::CheckBox : QAccessible::PushButton;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString text = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && text.isEmpty() ? button()->text() : text;
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = button()->isCheckable();
+        state.checked = button()->isChecked();
+        state.pressed = button()->isDown();
+        state.hasPopup = button()->menu() != nullptr;
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        QStringList names;
+        if (button()->isEnabled())
+            names += pressAction();
+        if (button()->isEnabled() && button()->menu())
+            names += showMenuAction();
+        return names + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString &name) override
+    {
+        if (!actionNames().contains(name))
+            return;
+        if (name != pressAction() && name != showMenuAction())
+            QAccessibleWidget::doAction(name);
+        else if (button()->menu())
+            // Queued, since the menu runs a loop of its own.
+            QTimer::singleShot(0, button(), &QToolButton::showMenu);
+        else
+            button()->click();
+    }
+
+private:
+    VemoIconButton *button() const { return static_cast<VemoIconButton *>(object()); }
+};
+
+QAccessibleInterface *newAccessibleIconButton(const QString &className, QObject *object)
+{
+    if (className != QLatin1String(VemoIconButton::staticMetaObject.className()))
+        return nullptr;
+    return new AccessibleIconButton(static_cast<VemoIconButton *>(object));
 }
 
 } // namespace
@@ -131,6 +200,9 @@ void VemoIconButton::changeEvent(QEvent *event)
 
 void VemoIconButton::initialize()
 {
+    // Installing it again is a no-op.
+    QAccessible::installFactory(newAccessibleIconButton);
+    speakToolTip(this);
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setStyleSheet(getStyleSheet("component.icon_button"));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemolabel.h>
 
+#include "controls/spokentooltip_p.h"
+
 #include <vemo/stylemanager.h>
 
 namespace {
@@ -12,11 +14,13 @@ constexpr const char *kStyleKey = "component.label";
 VemoLabel::VemoLabel(const QString &text, QWidget *parent, Qt::WindowFlags flags)
     : QLabel(text, parent, flags)
 {
+    speakToolTip(this);
     setStyleSheet(getStyleSheet(kStyleKey));
 }
 
 VemoLabel::VemoLabel(QWidget *parent, Qt::WindowFlags flags) : QLabel(parent, flags)
 {
+    speakToolTip(this);
     setStyleSheet(getStyleSheet(kStyleKey));
 }
 

@@ -2,6 +2,7 @@
 #include <vemo/vemolineedit.h>
 
 #include "controls/placeholderink_p.h"
+#include "controls/spokentooltip_p.h"
 #include "core/scaling_p.h"
 
 #include <vemo/stylemanager.h>
@@ -63,6 +64,8 @@ VemoLineEdit::VemoLineEdit(QWidget *parent)
     m_layout->addWidget(m_post_label);
     palePlaceholder(m_line_edit);
     m_line_edit->installEventFilter(this);
+    for (QWidget *part : {static_cast<QWidget *>(this), static_cast<QWidget *>(m_line_edit)})
+        speakToolTip(part);
     // In this order: a label's mnemonic asks its buddy itself for a policy, not the proxy.
     setFocusPolicy(m_line_edit->focusPolicy());
     setFocusProxy(m_line_edit);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemodateselector.h>
 
+#include "controls/accessiblecombobox_p.h"
 #include "controls/popuppainting_p.h"
+#include "controls/spokentooltip_p.h"
 #include "core/scaling_p.h"
 #include "datetime/enterkey_p.h"
 
@@ -78,6 +80,8 @@ VemoDateSelector::VemoDateSelector(QString placeholder, QWidget *parent)
     : QComboBox(parent), m_calendar_view(new VemoCalanderView(nullptr)),
       m_placeholder(std::move(placeholder))
 {
+    announceByGivenName<VemoDateSelector>();
+    speakToolTip(this);
     setView(m_calendar_view);
     paintPopupOnce(this);
     // A release in the calendar would count as one on a row of the list, and close it. So would a

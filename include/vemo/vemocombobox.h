@@ -11,7 +11,8 @@
 /// Load the style files before. The section "component.combobox" holds the placeholders %1 and %2,
 /// which become the padding at both sides (6 design pixels, fractions kept) and the border; the
 /// section "component.scrollbar" follows it. A missing section is warned about and left out. It
-/// belongs to its parent.
+/// belongs to its parent. Assistive tools announce it by its accessible name, or else by the text
+/// of the label whose buddy it is, or else by its current text.
 ///
 ///     auto *unit = new VemoComboBox(page);
 ///     unit->addItems({ tr("Days"), tr("Weeks") });

@@ -9,6 +9,7 @@
 #include <vemo/mousebuttonfilter.h>
 #include <vemo/stylemanager.h>
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QListView>
 
@@ -85,6 +86,7 @@ class VemoDateSelectorTest : public VemoTest
 private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void startsWithItsPlaceholder();
+    void isAnnouncedByTheNameThatItIsGiven();
     void takesACalendarForItsList();
     void joinsTwoStyles();
     void opensTheWholeCalendar_data();
@@ -123,6 +125,18 @@ void VemoDateSelectorTest::startsWithItsPlaceholder()
     QCOMPARE(selector.currentIndex(), 0);
     QVERIFY(selector.itemIcon(0).isNull());
     QCOMPARE(VemoDateSelector(QString(), nullptr).currentText(), QString());
+}
+
+void VemoDateSelectorTest::isAnnouncedByTheNameThatItIsGiven()
+{
+    VemoDateSelector selector("Any day");
+    selector.setAccessibleName("From");
+    selector.setToolTip("<b>First</b> day");
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&selector);
+    QCOMPARE(accessible->role(), QAccessible::ComboBox);
+    QCOMPARE(accessible->text(QAccessible::Name), QString("From"));
+    QCOMPARE(accessible->text(QAccessible::Value), QString("Any day"));
+    QCOMPARE(accessible->text(QAccessible::Description), QString("First day"));
 }
 
 void VemoDateSelectorTest::takesACalendarForItsList()
