@@ -130,6 +130,19 @@ void VemoMessageSheetPrivate::fitLater()
             this, [this] { fit(); }, Qt::QueuedConnection);
 }
 
+bool VemoMessageSheetPrivate::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isReordered = watched == buttonBox && event->type() == QEvent::StyleChange
+        && buttonBox->orientation() == Qt::Vertical;
+    if (!isReordered)
+        return QObject::eventFilter(watched, event);
+    // At each change of style, also that with a new parent, the box lays its buttons out in its own
+    // order. So we let it, and then do it again.
+    watched->event(event);
+    stackButtons();
+    return true;
+}
+
 int VemoMessageSheetPrivate::contentWidth() const
 {
     const QMargins band = q->contentsMargins();
@@ -146,7 +159,12 @@ void VemoMessageSheetPrivate::fitButtons()
         return;
     }
     buttonBox->setOrientation(Qt::Vertical);
-    // The box would put Discard above Apply.
+    stackButtons();
+}
+
+/// The affirmative one first; the box would put Discard above Apply.
+void VemoMessageSheetPrivate::stackButtons()
+{
     auto *column = static_cast<QBoxLayout *>(buttonBox->layout());
     if (QPushButton *apply = button(Button::Apply)) {
         column->removeWidget(apply);

@@ -5,7 +5,9 @@
 #include "sheets/vemomessagesheet_p.h"
 
 #include <vemo/componentstrings.h>
+#include <vemo/imagemanager.h>
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -17,6 +19,7 @@ struct Message
     VemoMessageSheet::MessageType type;
     QMessageBox::Icon boxIcon;
     const char *boxStyleKey;
+    const char *boxPicture;
     QString title; ///< of the box; a sheet has none
     QString text;
     bool showIcon;
@@ -68,15 +71,27 @@ void addOkButton(QMessageBox &box)
         "component.apply_button");
 }
 
+/// Instead of Qt's stock icon, which is coarse and of another look.
+void showPicture(QMessageBox &box, const char *name)
+{
+    auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgboxex_icon_label"));
+    const QPixmap picture =
+        ImageManager::getInstance().isInitialized() ? getGlobalImage(name) : QPixmap();
+    if (label && !picture.isNull())
+        label->setPixmap(picture);
+}
+
 int runBox(const Message &message)
 {
     QMessageBox box;
-    if (message.showIcon)
-        box.setIcon(message.boxIcon);
     box.setWindowTitle(message.title);
     box.setText(message.text);
     box.setInformativeText(message.informativeText);
     box.setStyleSheet(getStyleSheet(message.boxStyleKey));
+    if (message.showIcon) {
+        box.setIcon(message.boxIcon);
+        showPicture(box, message.boxPicture);
+    }
     if (message.type == VemoMessageSheet::Confirm)
         addConfirmButtons(box, message.captions);
     else
@@ -100,14 +115,14 @@ int showConfirmMsgCustomBtn(const QString &title, const QString &text,
     const MsgBoxCustomBtnText &buttons, QWidget *parent, bool showIcon)
 {
     return run({VemoMessageSheet::Confirm, QMessageBox::Question, "component.confirm_message_box",
-                   title, text, showIcon, buttons},
+                   "icon_question", title, text, showIcon, buttons},
         parent);
 }
 
 void showInfoMsg(const QString &title, const QString &text, QWidget *parent, bool showIcon)
 {
     run({VemoMessageSheet::Information, QMessageBox::Information, "component.info_message_box",
-            title, text, showIcon},
+            "icon_information", title, text, showIcon},
         parent);
 }
 
@@ -115,15 +130,15 @@ void showUpgradingMsg(const QString &title, const QString &text, QWidget *parent
 {
     // Deliberate: the box warns.
     run({VemoMessageSheet::Upgrading, QMessageBox::Warning, "component.upgrading_message_box",
-            title, text, showIcon},
+            "icon_warning", title, text, showIcon},
         parent);
 }
 
 void showWarningMsg(const QString &title, const QString &text, const QString &informativeText,
     QWidget *parent, bool showIcon)
 {
-    run({VemoMessageSheet::Warning, QMessageBox::Warning, "component.warning_message_box", title,
-            text, showIcon, {}, informativeText},
+    run({VemoMessageSheet::Warning, QMessageBox::Warning, "component.warning_message_box",
+            "icon_warning", title, text, showIcon, {}, informativeText},
         parent);
 }
 

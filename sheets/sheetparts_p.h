@@ -12,5 +12,7 @@
 inline void dressButton(QPushButton *button, const QString &caption, const char *styleKey)
 {
     button->setText(caption);
+    // Some desktops put stock icons on the buttons of a QDialogButtonBox.
+    button->setIcon(QIcon());
     button->setStyleSheet(getStyleSheet(styleKey));
 }

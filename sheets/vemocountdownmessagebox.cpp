@@ -21,6 +21,8 @@ VemoCountdownMessageBox::VemoCountdownMessageBox(QWidget *parent)
 {
     setStandardButtons(QMessageBox::Ok);
     setDefaultButton(QMessageBox::Ok);
+    // Some desktops put a stock icon on it.
+    button(QMessageBox::Ok)->setIcon(QIcon());
     m_timer.setInterval(kPeriod);
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(slotTick()));
 }

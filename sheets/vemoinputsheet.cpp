@@ -2,6 +2,7 @@
 #include <vemo/vemoinputsheet.h>
 
 #include "core/scaling_p.h"
+#include "sheets/buttonboxstyle_p.h"
 #include "sheets/messagelabel_p.h"
 #include "sheets/modalrun_p.h"
 #include "sheets/sheetkeys_p.h"
@@ -82,13 +83,19 @@ void VemoInputSheetPrivate::build()
 
 void VemoInputSheetPrivate::dressButtons()
 {
+    // In this order Discard is before Ok, as it is before Apply in a message.
+    buttonBox->setStyle(buttonBoxStyle(QDialogButtonBox::GnomeLayout));
     // Deliberate: the cancel button is Discard, as in a message.
     buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Discard);
     QPushButton *ok = buttonBox->button(QDialogButtonBox::Ok);
+    QPushButton *cancel = buttonBox->button(QDialogButtonBox::Discard);
     dressButton(ok, stringOf("ok"), "component.apply_button");
     ok->setDefault(true);
-    dressButton(buttonBox->button(QDialogButtonBox::Discard), stringOf("cancel"),
-        "component.cancel_button");
+    dressButton(cancel, stringOf("cancel"), "component.cancel_button");
+    setButtonSize(ok);
+    setButtonSize(cancel);
+    // Shift+Tab starts again at the last child.
+    ok->raise();
 }
 
 void VemoInputSheetPrivate::changeText(const QString &text)

@@ -60,6 +60,8 @@ public:
     /// The keys that reach the window.
     void press(QKeyEvent *key);
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
     VemoMessageSheet *q;
     MessageLabel *textLabel = nullptr; ///< null while the text is empty
     MessageLabel *informativeLabel = nullptr; ///< null while the informative text is empty
@@ -91,5 +93,6 @@ private:
     void orderFocus() const;
     int contentWidth() const;
     void fitButtons();
+    void stackButtons();
     void fitLabels();
 };

@@ -3,6 +3,7 @@
 
 #include "core/resourcefile_p.h"
 #include "core/scaling_p.h"
+#include "sheets/buttonboxstyle_p.h"
 #include "sheets/sheetparts_p.h"
 
 #include <vemo/clickablelabel.h>
@@ -10,11 +11,10 @@
 #include <vemo/imagemanager.h>
 #include <vemo/vemomask.h>
 
-#include <QApplication>
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QMovie>
-#include <QProxyStyle>
+#include <QStyle>
 
 #include <iterator>
 #include <utility>
@@ -28,8 +28,6 @@ const QColor kShade(0, 0, 0, 20); // Of the mask under a shortcut's sheet.
 // Lengths in design pixels.
 constexpr double kConfirmSpacing = 8;
 constexpr double kConfirmHeight = 32;
-constexpr double kButtonHeight = 32;
-constexpr double kButtonWidth = 100;
 constexpr double kMovieSize = 32;
 
 constexpr const char *kProcessingSheet = "component.message_sheet_processing";
@@ -63,40 +61,10 @@ const TypeLook &lookOf(int type)
     return isKnown ? kLooks[type] : kUnknownLook;
 }
 
-/// Puts the buttons in the order of Windows on every platform.
-class DialogButtonBoxStyle : public QProxyStyle
-{
-public:
-    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-        QStyleHintReturn *returnData) const override
-    {
-        if (hint == SH_DialogButtonLayout)
-            return QDialogButtonBox::WinLayout;
-        return QProxyStyle::styleHint(hint, option, widget, returnData);
-    }
-};
-
-/// One for all sheets: a style must outlive the buttons, which a child of their box would not.
-QStyle *buttonBoxStyle()
-{
-    static QPointer<QStyle> style;
-    if (!style) {
-        style = new DialogButtonBoxStyle;
-        style->setParent(qApp);
-    }
-    return style.data();
-}
-
 QString captionOf(const QString &custom, const char *key)
 {
     return custom.isEmpty() ? ComponentStrings::getInstance().getString(QLatin1String(key))
                             : custom;
-}
-
-void giveButtonSize(QPushButton *button)
-{
-    button->setFixedHeight(scaled(kButtonHeight));
-    button->setMinimumWidth(scaled(kButtonWidth));
 }
 
 void discard(QWidget *widget)
@@ -115,7 +83,8 @@ VemoMessageSheetPrivate::VemoMessageSheetPrivate(
       confirmContainer(new QWidget(sheet))
 {
     confirmContainer->hide();
-    buttonBox->setStyle(buttonBoxStyle());
+    buttonBox->setStyle(buttonBoxStyle(Button::WinLayout));
+    buttonBox->installEventFilter(this);
     // As wide as the sheet also while the buttons are stacked.
     buttonBox->setSizePolicy(QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed));
     connect(buttonBox, SIGNAL(clicked(QAbstractButton*)), q, SLOT(buttonClick(QAbstractButton*)));
@@ -186,11 +155,11 @@ void VemoMessageSheetPrivate::dressButtons(const MsgBoxCustomBtnText &captions)
             captionOf(captions.applyText, isUpgrading ? "wizard_client_upgrade" : "ok"),
             "component.apply_button");
         apply->setDefault(true);
-        giveButtonSize(apply);
+        setButtonSize(apply);
     }
     if (QPushButton *cancel = button(Button::Discard)) {
         dressButton(cancel, captionOf(captions.cancelText, "cancel"), "component.cancel_button");
-        giveButtonSize(cancel);
+        setButtonSize(cancel);
     }
     // Deliberate: this one alone keeps its natural size.
     if (QPushButton *reset = button(Button::Reset))

@@ -18,7 +18,8 @@ struct MsgBoxCustomBtnText;
 /// hidden mask behind in the window until that is deleted: 2.8 KB, and 0.3 us at each later resize
 /// of the window.
 ///
-/// Without a parent it is a styled QMessageBox.
+/// Without a parent it is a styled QMessageBox with the same picture, or with Qt's own if the
+/// catalogue was never initialised or has none.
 ///
 /// Initialise strings, pictures and style files before: a missing string shows its key, a missing
 /// picture or style is left out, each with a warning. What looks like rich text in a text is shown

@@ -283,7 +283,7 @@ void MessageSheetKeysTest::tabFollowsWhatIsSeen_data()
         << 4 << 300 << QStringList {"confirm"}
         << QStringList {"box", "Apply", "Discard", "Reset", "text"};
     QTest::newRow("no longer stacked")
-        << 4 << 300 << QStringList {"Confirm"} << QStringList {"Discard", "Apply", "text"};
+        << 4 << 400 << QStringList {"Confirm"} << QStringList {"Discard", "Apply", "text"};
 }
 
 void MessageSheetKeysTest::tabFollowsWhatIsSeen()
@@ -302,7 +302,7 @@ void MessageSheetKeysTest::tabFollowsWhatIsSeen()
             scene.sheet->setMessageType(
                 change == "again" ? Sheet::MessageType(type) : Sheet::Confirm);
     }
-    if (auto *box = scene.sheet->findChild<QCheckBox *>())
+    for (QCheckBox *box : scene.sheet->findChildren<QCheckBox *>())
         box->setChecked(true);
     const auto nameOf = [&](QWidget *widget) -> QString {
         for (const char *name : {"Apply", "Discard", "Reset"}) {

@@ -38,6 +38,7 @@ struct Shortcut
     int sheetButtons;
     QMessageBox::Icon boxIcon;
     const char *boxStyleKey;
+    const char *boxPicture;
     QString more = {};
     QStringList captions = {}; // Apply or OK, then cancel; empty: the default ones.
 };
@@ -50,34 +51,38 @@ QVector<Shortcut> shortcuts()
     return {
         {"showConfirmMsg",
             [](auto *p, bool icon) { return showConfirmMsg(kTitle, kText, p, icon); },
-            "icon_question", confirm, QMessageBox::Question, "component.confirm_message_box"},
+            "icon_question", confirm, QMessageBox::Question, "component.confirm_message_box",
+            "icon_question"},
         {"showConfirmMsgCustomBtn",
             [](auto *p, bool icon) {
                 return showConfirmMsgCustomBtn(kTitle, kText, {"Yes", "No"}, p, icon);
             },
-            "icon_question", confirm, QMessageBox::Question, "component.confirm_message_box", {},
-            {"Yes", "No"}},
+            "icon_question", confirm, QMessageBox::Question, "component.confirm_message_box",
+            "icon_question", {}, {"Yes", "No"}},
         {"showConfirmMsgCustomBtn, one caption",
             [=](auto *p, bool icon) {
                 return showConfirmMsgCustomBtn(kTitle, kText, half, p, icon);
             },
-            "icon_question", confirm, QMessageBox::Question, "component.confirm_message_box", {},
-            {ok, "No"}},
+            "icon_question", confirm, QMessageBox::Question, "component.confirm_message_box",
+            "icon_question", {}, {ok, "No"}},
         {"showInfoMsg",
             [](auto *p, bool icon) { return showInfoMsg(kTitle, kText, p, icon), noResult(); },
-            "icon_information", Button::Ok, QMessageBox::Information, "component.info_message_box"},
+            "icon_information", Button::Ok, QMessageBox::Information, "component.info_message_box",
+            "icon_information"},
         {"showUpgradingMsg",
             [](auto *p, bool icon) { return showUpgradingMsg(kTitle, kText, p, icon), noResult(); },
-            "icon_information", confirm, QMessageBox::Warning, "component.upgrading_message_box"},
+            "icon_information", confirm, QMessageBox::Warning, "component.upgrading_message_box",
+            "icon_warning"},
         {"showWarningMsg with more",
             [](auto *p, bool icon) {
                 return showWarningMsg(kTitle, kText, "more", p, icon), noResult();
             },
             "icon_warning", Button::Ok, QMessageBox::Warning, "component.warning_message_box",
-            "more"},
+            "icon_warning", "more"},
         {"showWarningMsg",
             [](auto *p, bool icon) { return showWarningMsg(kTitle, kText, p, icon), noResult(); },
-            "icon_warning", Button::Ok, QMessageBox::Warning, "component.warning_message_box"},
+            "icon_warning", Button::Ok, QMessageBox::Warning, "component.warning_message_box",
+            "icon_warning"},
     };
 }
 
@@ -176,6 +181,9 @@ void MessageShortcutsTest::withoutAParentItIsABox()
         QVERIFY(box);
         QCOMPARE(box->parentWidget(), nullptr);
         QCOMPARE(box->icon(), shortcut->boxIcon);
+        const auto *picture = box->findChild<QLabel *>("qt_msgboxex_icon_label");
+        QCOMPARE(picture->pixmap(Qt::ReturnByValue).toImage(),
+            getGlobalImage(shortcut->boxPicture).toImage());
         QCOMPARE(box->windowTitle(), kTitle);
         QCOMPARE(box->text(), kText);
         QCOMPARE(box->informativeText(), shortcut->more);

@@ -4,12 +4,16 @@
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
+#include <vemo/messageshortcuts.h>
+#include <vemo/vemocountdownmessagebox.h>
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
 
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
+#include <QTimer>
 
 namespace {
 
@@ -43,6 +47,10 @@ private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void fitsItsContentAfterAChangeOfStyle_data();
     void fitsItsContentAfterAChangeOfStyle();
+    void buttonsHaveNoStockIcons_data();
+    void buttonsHaveNoStockIcons();
+    void boxesHaveNoStockIcons();
+    void inputHasTheButtonsOfAMessage();
 };
 
 void SheetLayoutTest::fitsItsContentAfterAChangeOfStyle_data()
@@ -90,6 +98,61 @@ void SheetLayoutTest::fitsItsContentAfterAChangeOfStyle()
     VemoSheet *fresh = newSheet(kind, &window);
     show(fresh);
     QCOMPARE(placesIn(sheet), placesIn(fresh));
+}
+
+void SheetLayoutTest::buttonsHaveNoStockIcons_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("message") << "message";
+    QTest::newRow("input") << "input";
+}
+
+/// Fails without a cause only where the desktop wants icons, as X11 does.
+void SheetLayoutTest::buttonsHaveNoStockIcons()
+{
+    QFETCH(const QString, kind);
+    QWidget window;
+    const VemoSheet *sheet = newSheet(kind, &window);
+    const auto buttons = sheet->findChildren<QPushButton *>();
+    QVERIFY(buttons.size() >= 2);
+    for (const QPushButton *button : buttons)
+        QVERIFY(button->icon().isNull());
+}
+
+void SheetLayoutTest::boxesHaveNoStockIcons()
+{
+    const VemoCountdownMessageBox countdown;
+    QVERIFY(countdown.button(QMessageBox::Ok)->icon().isNull());
+    QTimer::singleShot(0, [] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        for (const QAbstractButton *button : box->buttons())
+            QVERIFY(button->icon().isNull());
+        box->reject();
+    });
+    showConfirmMsg("title", "text", nullptr);
+}
+
+void SheetLayoutTest::inputHasTheButtonsOfAMessage()
+{
+    QWidget window;
+    window.resize(scaled(500), scaled(400));
+    VemoMessageSheet message(VemoMessageSheet::Confirm, "text", &window);
+    VemoInputSheet input("text", &window);
+    window.show();
+    message.show();
+    input.show();
+    const auto fromTheRight = [](const VemoSheet &sheet, const QAbstractButton *button) {
+        const auto *box = sheet.findChild<QDialogButtonBox *>();
+        return button->geometry().translated(-box->width(), 0);
+    };
+    QCOMPARE(fromTheRight(input, input.button(QMessageBox::Ok)),
+        fromTheRight(message, message.button(QMessageBox::Apply)));
+    QCOMPARE(fromTheRight(input, input.button(QMessageBox::Discard)),
+        fromTheRight(message, message.button(QMessageBox::Discard)));
+    // Whatever the desktop's own order is.
+    const auto *box = input.findChild<QDialogButtonBox *>();
+    QCOMPARE(box->style()->styleHint(QStyle::SH_DialogButtonLayout, nullptr, box),
+        int(QDialogButtonBox::GnomeLayout));
 }
 
 VEMO_TEST_MAIN(SheetLayoutTest)

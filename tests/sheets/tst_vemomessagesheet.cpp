@@ -10,6 +10,7 @@
 #include <vemo/componentstrings.h>
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
+#include <vemo/vemomask.h>
 
 #include <QCheckBox>
 #include <QLayout>
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void rebuildForgetsCustomCaptions();
     void buttonsHaveTheirSizesAndStyles();
     void buttonsStandInTheOrderOfWindows();
+    void buttonsThatDoNotFitStandOneAboveTheOther_data();
     void buttonsThatDoNotFitStandOneAboveTheOther();
     void busySheetShowsItsMovie();
     void movieOutlivesItsSheet();
@@ -240,11 +242,21 @@ void VemoMessageSheetTest::buttonsStandInTheOrderOfWindows()
     QVERIFY(buttonOf(sheet, Button::Discard)->x() < buttonOf(sheet, Button::Apply)->x());
 }
 
+void VemoMessageSheetTest::buttonsThatDoNotFitStandOneAboveTheOther_data()
+{
+    QTest::addColumn<bool>("hasMask");
+    QTest::newRow("with a mask") << true;
+    QTest::newRow("without") << false;
+}
+
 void VemoMessageSheetTest::buttonsThatDoNotFitStandOneAboveTheOther()
 {
+    QFETCH(const bool, hasMask);
     QWidget window;
     window.resize(scaled(300), scaled(600));
     Sheet sheet(Sheet::ConfirmReset, "text", &window);
+    if (hasMask)
+        VemoMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
     window.show();
     sheet.show();
     const QRect apply = buttonOf(sheet, Button::Apply)->geometry();
