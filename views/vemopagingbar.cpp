@@ -10,6 +10,8 @@
 #include <vemo/vemoiconbutton.h>
 #include <vemo/vemopagingmodel.h>
 
+#include <QAccessibleWidget>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalMapper>
@@ -27,6 +29,11 @@ constexpr int kMiddle = 2;
 constexpr int kLeap = 5;
 constexpr int kOwnRowLimit = 50;
 
+constexpr char kToFirst[] = "bt_pagebar_backend";
+constexpr char kBack[] = "bt_pagebar_back";
+constexpr char kNext[] = "bt_pagebar_next";
+constexpr char kToLast[] = "bt_pagebar_nextend";
+
 constexpr Qt::Alignment kAtLeft = Qt::AlignLeft | Qt::AlignVCenter;
 constexpr Qt::Alignment kCentred = Qt::AlignHCenter | Qt::AlignVCenter;
 constexpr Qt::Alignment kAtRight = Qt::AlignRight | Qt::AlignVCenter;
@@ -36,12 +43,99 @@ QString text(const char *key)
     return ComponentStrings::getInstance().getString(QLatin1String(key));
 }
 
-VemoIconButton *navigationButton(const char *picture, const char *toolTipKey)
+/// Shows the picture of its counterpart in a right-to-left layout, where the row is mirrored.
+class NavigationButton : public VemoIconButton
 {
-    auto *button = new VemoIconButton(QLatin1String(picture));
-    button->setToolTip(text(toolTipKey));
-    button->setAccessibleName(button->toolTip());
-    return button;
+public:
+    NavigationButton(const char *picture, const char *counterpart, const char *toolTipKey)
+        : VemoIconButton(QLatin1String(picture)), m_picture(QLatin1String(picture)),
+          m_counterpart(QLatin1String(counterpart))
+    {
+        setToolTip(::text(toolTipKey));
+        setAccessibleName(toolTip());
+        if (isRightToLeft())
+            setAllIcon(m_counterpart);
+    }
+
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        VemoIconButton::changeEvent(event);
+        if (event->type() != QEvent::LayoutDirectionChange)
+            return;
+        setAllIcon(isRightToLeft() ? m_counterpart : m_picture);
+        // On this event the button shows the picture of its state instead of that of rest.
+        QEvent enabledChange(QEvent::EnabledChange);
+        VemoIconButton::changeEvent(&enabledChange);
+    }
+
+private:
+    QString m_picture;
+    QString m_counterpart;
+};
+
+/// One of the page numbers. A blank one shows nothing, not even the box of its style.
+class PageButton : public VemoButton
+{
+public:
+    PageButton(Role role, bool isCurrent) : VemoButton(QString(), role), m_is_current(isCurrent) { }
+
+    bool isBlank() const { return text().trimmed().isEmpty(); }
+    bool isCurrent() const { return m_is_current; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        if (!isBlank())
+            VemoButton::paintEvent(event);
+    }
+
+private:
+    bool m_is_current;
+};
+
+/// Tells assistive tools which page is the current one, and keeps blank buttons from them.
+class AccessiblePageButton : public QAccessibleWidget
+{
+public:
+    explicit AccessiblePageButton(PageButton *button)
+        : QAccessibleWidget(button, QAccessible::Button)
+    {
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString given = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && given.isEmpty() ? button()->text().trimmed() : given;
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = button()->isCurrent() && !button()->isBlank();
+        state.invisible |= button()->isBlank();
+        return state;
+    }
+
+    QStringList actionNames() const override { return {pressAction()}; }
+
+    void doAction(const QString &name) override
+    {
+        if (name == pressAction())
+            button()->click();
+    }
+
+private:
+    PageButton *button() const { return static_cast<PageButton *>(widget()); }
+};
+
+QAccessibleInterface *newAccessiblePageButton(const QString &className, QObject *object)
+{
+    if (className != QLatin1String(VemoButton::staticMetaObject.className()))
+        return nullptr;
+    auto *button = dynamic_cast<PageButton *>(object);
+    return button ? new AccessiblePageButton(button) : nullptr;
 }
 
 } // namespace
@@ -53,11 +147,12 @@ VemoPagingBar::VemoPagingBar(VemoPagingModel *model, QWidget *parent)
         m_model->setNowPage(1);
         m_model->setItemCount(0);
     }
+    QAccessible::installFactory(newAccessiblePageButton); // again it is a no-op
     m_page_mapper = new QSignalMapper(this);
-    m_first_page_button = navigationButton("bt_pagebar_backend", "first_page");
-    m_prev_5_button = navigationButton("bt_pagebar_back", "prev_5_pages");
-    m_last_page_button = navigationButton("bt_pagebar_nextend", "last_page");
-    m_next_5_button = navigationButton("bt_pagebar_next", "next_5_pages");
+    m_first_page_button = new NavigationButton(kToFirst, kToLast, "first_page");
+    m_prev_5_button = new NavigationButton(kBack, kNext, "prev_5_pages");
+    m_last_page_button = new NavigationButton(kToLast, kToFirst, "last_page");
+    m_next_5_button = new NavigationButton(kNext, kBack, "next_5_pages");
     VemoPagingBar::initializeUI();
     connectSignals();
 }
@@ -179,7 +274,12 @@ void VemoPagingBar::setFooterInfos(const std::vector<PagingFooterInfo> &infos)
 
 void VemoPagingBar::pageClick(int page)
 {
+    // The focus stays with the page, which is the middle one now, and not with the place.
+    const QPointer<VemoButton> middle(m_page_buttons[kMiddle]);
+    const bool hadFocus = m_page_buttons[page]->hasFocus();
     goTo(m_page_buttons[page]->text().toInt());
+    if (hadFocus && middle && middle->isEnabled())
+        middle->setFocus();
 }
 
 void VemoPagingBar::next_5_page()
@@ -245,7 +345,7 @@ void VemoPagingBar::addPageButtons()
             m_main_layout->addSpacing(scaled(kButtonGap));
         const auto role =
             slot == kMiddle ? VemoButton::SELECT_PAGING : VemoButton::NONSELECT_PAGING;
-        auto *button = new VemoButton(QString(), role);
+        auto *button = new PageButton(role, slot == kMiddle);
         button->setFixedHeight(scaled(kButtonSize));
         button->setMinimumWidth(scaled(kButtonSize));
         connect(button, SIGNAL(clicked()), m_page_mapper, SLOT(map()));
