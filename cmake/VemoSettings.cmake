@@ -20,6 +20,7 @@ endif()
 option(VEMO_BUILD_DESIGNER "Build the Qt Designer plug-in" ${canBuildDesigner})
 option(VEMO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(VEMO_BUILD_FUZZER "Build the fuzz targets with libFuzzer (preset fuzz)" OFF)
 option(VEMO_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
 set(VEMO_KNOWLEDGEBASE_URL "https://knowledgebase.vemo.invalid" CACHE STRING
   "Knowledge-base endpoint of help windows whose host names none")

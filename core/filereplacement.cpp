@@ -52,7 +52,8 @@ void replaceFile(const QString &path, const QByteArray &bytes)
     if (isProtected || writeBeside(path, bytes))
         return;
     const bool isOrdinary = target.isFile() || !target.exists();
-    if (!isOrdinary || target.isSymLink() || !file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+    if (!isOrdinary || target.isSymLink()
+        || !file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return;
     if (file.write(bytes) != bytes.size())
         file.resize(0);

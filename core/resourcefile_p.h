@@ -30,8 +30,8 @@ inline QByteArray bytesOfResource(
     return file.read(info.size());
 }
 
-/// The text of a UTF-8 file, without any "\r" and without a byte order mark; empty if the file can't
-/// or must not be read.
+/// The text of a UTF-8 file, without any "\r" and without a byte order mark; empty if the file
+/// can't or must not be read.
 inline QString textOfResource(const QString &path)
 {
     const QByteArray bytes = bytesOfResource(path, kMaxTextBytes, QIODevice::Text);

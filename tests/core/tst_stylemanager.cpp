@@ -85,7 +85,8 @@ void StyleManagerTest::beforeTheCatalogueItEndsTheProcess()
     const ChildResult child = runChild(scenario);
     QCOMPARE(child.status, QProcess::CrashExit);
     QVERIFY(child.errorOutput.contains("debug.message.warning: ImageManager is not initialized\n"));
-    QCOMPARE(child.errorOutput.contains("debug.message.warning: file \"no such file\" not exist\n"), warnsAboutTheFile);
+    QCOMPARE(child.errorOutput.contains("debug.message.warning: file \"no such file\" not exist\n"),
+        warnsAboutTheFile);
 }
 
 void StyleManagerTest::aSectionIsFoundByItsKey()

@@ -97,8 +97,8 @@ void TemporaryPicturesTest::theCopyKeepsItsProportions()
     QFETCH(QVector<QSize>, sizes);
     m_host->addPicture("wide", artwork, Qt::red);
     start({"wide"});
-    QCOMPARE(QImage(tempPath("wide")).size(),
-        sizes[qRound((DPIinfo::getInstance().getDPI() - 1) * 4)]);
+    QCOMPARE(
+        QImage(tempPath("wide")).size(), sizes[qRound((DPIinfo::getInstance().getDPI() - 1) * 4)]);
 }
 
 void TemporaryPicturesTest::theCopyIsSmoothed()

@@ -106,8 +106,8 @@ std::vector<Fault> contentFaults()
         {"good", Fault::Whole, Fault::Whole, write},
         content("empty", Fault::Broken, [](const Bytes &) { return Bytes(); }),
         content("one byte", Fault::Broken, [](const Bytes &good) { return good.left(1); }),
-        content(
-            "truncated", Fault::Broken, [](const Bytes &good) { return good.left(good.size() / 3); }),
+        content("truncated", Fault::Broken,
+            [](const Bytes &good) { return good.left(good.size() / 3); }),
         content("binary", Fault::Broken, [](const Bytes &) { return everyByte(); }),
         content("all NUL", Fault::Broken, [](const Bytes &) { return Bytes(1 << 20, '\0'); }),
         content("all ones", Fault::Broken, [](const Bytes &) { return Bytes(1 << 20, '\xff'); }),
@@ -116,8 +116,8 @@ std::vector<Fault> contentFaults()
             [](const Bytes &good) -> Bytes { return "\xef\xbb\xbf" + good; }),
         content("CRLF", Fault::Whole,
             [](const Bytes &good) { return Bytes(good).replace("\n", "\r\n"); }),
-        content("one line of 4 MiB", Fault::Broken,
-            [](const Bytes &) { return Bytes(4 << 20, 'x'); }),
+        content(
+            "one line of 4 MiB", Fault::Broken, [](const Bytes &) { return Bytes(4 << 20, 'x'); }),
         {"one line of 65 MiB", Fault::NotAFile, Fault::NotAFile,
             [](const QString &path, const Bytes &) { write(path, Bytes(kTooLong, 'x')); }},
         {"good but padded to 65 MiB", Fault::NotAFile, Fault::NotAFile,

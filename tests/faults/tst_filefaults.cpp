@@ -453,8 +453,7 @@ void FileFaultsTest::theLimitItselfIsAllowed()
     const QByteArray picture = plainPng(Qt::green);
     const QByteArray catalogue = "{\"images\": [\"" + m_name.toUtf8() + "\"]}";
     m_host->writeFile("images.json", place == "catalogue" ? padded(catalogue) : catalogue);
-    m_host->writeFile(
-        "images/" + m_name + ".png", place == "picture" ? padded(picture) : picture);
+    m_host->writeFile("images/" + m_name + ".png", place == "picture" ? padded(picture) : picture);
     m_host->start(ImageManager::PRELOAD);
     if (place != "style") {
         QCOMPARE(colourOf(getGlobalImage(m_name)), isRead ? QColor(Qt::green) : QColor());

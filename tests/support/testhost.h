@@ -25,8 +25,8 @@ public:
     /// Writes a one-colour PNG, its size in artwork pixels (4x), into the picture folder.
     void addPicture(const QString &name, const QSize &size, const QColor &colour) const;
 
-    /// Writes a PNG of black and white pixels side by side: only a copy that was smoothed on the way
-    /// to a quarter of its size is grey.
+    /// Writes a PNG of black and white pixels side by side: only a copy that was smoothed on the
+    /// way to a quarter of its size is grey.
     void addChequeredPicture(const QString &name, const QSize &size) const;
     void writeCatalogue(const QStringList &names, const QStringList &tempNames = {}) const;
 

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "stress/widgetkinds.h"
+
+#include <vemo/browserwindow.h>
+#include <vemo/clickablelabel.h>
+#include <vemo/filesystemtreewidgetitem.h>
+#include <vemo/itemdelegate.h>
+#include <vemo/linklabel.h>
+#include <vemo/vemobutton.h>
+#include <vemo/vemobuttonpath.h>
+#include <vemo/vemocalanderview.h>
+#include <vemo/vemocheckbox.h>
+#include <vemo/vemocombobox.h>
+#include <vemo/vemocountdownmessagebox.h>
+#include <vemo/vemodateselector.h>
+#include <vemo/vemofilterbar.h>
+#include <vemo/vemofootbar.h>
+#include <vemo/vemoiconbutton.h>
+#include <vemo/vemoinputsheet.h>
+#include <vemo/vemolabel.h>
+#include <vemo/vemolineedit.h>
+#include <vemo/vemomask.h>
+#include <vemo/vemomenu.h>
+#include <vemo/vemomessagesheet.h>
+#include <vemo/vemopagingbar.h>
+#include <vemo/vemopagingmodel.h>
+#include <vemo/vemoradiobutton.h>
+#include <vemo/vemotablewidget.h>
+#include <vemo/vemotimecombobox.h>
+#include <vemo/vemotreewidget.h>
+
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTextBrowser>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+template <typename Widget> QWidget *make(QWidget *parent)
+{
+    return new Widget(parent);
+}
+
+template <typename Widget> QWidget *makeText(QWidget *parent)
+{
+    auto *widget = new Widget(parent);
+    widget->setText(QStringLiteral("A text of some words, 123"));
+    return widget;
+}
+
+template <typename Box> QWidget *makeBox(QWidget *parent)
+{
+    auto *box = new Box(parent);
+    box->addItems({QStringLiteral("08:00"), QStringLiteral("09:30"), QStringLiteral("23:00")});
+    box->setEditable(true);
+    return box;
+}
+
+QWidget *makeStockBox(QWidget *parent)
+{
+    auto *box = new QComboBox(parent);
+    box->addItem(QStringLiteral("2026-03-07"));
+    return box;
+}
+
+template <typename Menu> QWidget *makeMenu(QWidget *parent)
+{
+    auto *menu = new Menu(parent);
+    menu->addAction(QStringLiteral("Open"));
+    menu->addMenu(QStringLiteral("More"))->addAction(QStringLiteral("Close"));
+    return menu;
+}
+
+template <typename Tree, typename Item> QWidget *makeTree(QWidget *parent)
+{
+    auto *tree = new Tree(parent);
+    for (int i = 0; i < 5; ++i) {
+        auto *item = new Item;
+        item->setText(0, QString::number(i));
+        item->setFlags(item->flags() | Qt::ItemIsEditable | Qt::ItemIsUserCheckable);
+        tree->addTopLevelItem(item);
+        item->addChild(new Item);
+    }
+    return tree;
+}
+
+QWidget *makeVemoTree(QWidget *parent)
+{
+    QWidget *tree = makeTree<VemoTreeWidget, FileSystemTreeWidgetItem>(parent);
+    auto *delegate = new ItemDelegate;
+    delegate->setParent(tree);
+    static_cast<QTreeWidget *>(tree)->setItemDelegate(delegate);
+    return tree;
+}
+
+void fill(QTableWidget *table)
+{
+    table->setRowCount(20);
+    for (int row = 0; row < 20; ++row)
+        table->setItem(row, 0, new QTableWidgetItem(QString::number(row)));
+}
+
+QWidget *makeTable(QWidget *parent)
+{
+    VemoTableColumnsInfo columns;
+    columns.addColumn(QStringLiteral("Name"), 120, true, 1.0);
+    columns.addColumn(QStringLiteral("Size"), 80, false, 0.0);
+    auto *table = new VemoTableWidget(columns, parent);
+    fill(table->getTable());
+    return table;
+}
+
+QWidget *makeStockTable(QWidget *parent)
+{
+    auto *table = new QTableWidget(0, 2, parent);
+    fill(table);
+    return table;
+}
+
+QWidget *makePath(QWidget *parent)
+{
+    auto *path = new VemoButtonPath(parent);
+    path->refresh(QStringLiteral("home/a & b/projects/a folder with a long name/2026"));
+    return path;
+}
+
+QWidget *makePagingBar(QWidget *parent)
+{
+    auto *bar = new VemoPagingBar(parent);
+    bar->setItemCount(1000);
+    bar->setFooterText(QStringLiteral("1000 items"));
+    return bar;
+}
+
+QWidget *makeMessage(QWidget *parent)
+{
+    auto *sheet = new VemoMessageSheet(
+        VemoMessageSheet::ConfirmReset, QStringLiteral("Delete <b>it</b>?"), parent);
+    return VemoMask::createMask(sheet, parent, QColor(0, 0, 0, 20));
+}
+
+QWidget *makeInput(QWidget *parent)
+{
+    auto *sheet = new VemoInputSheet(QStringLiteral("A name"), parent);
+    return VemoMask::createMask(sheet, parent, QColor(0, 0, 0, 20));
+}
+
+QWidget *makeFilter(QWidget *parent)
+{
+    auto *bar = new VemoFilterBar(parent);
+    auto *menu = new VemoMenu(bar);
+    menu->addAction(QStringLiteral("All"));
+    bar->setMenu(menu);
+    return bar;
+}
+
+QWidget *makeField(QWidget *parent)
+{
+    auto *field = new VemoLineEdit(parent);
+    field->getLineEdit()->setText(QStringLiteral("A text"));
+    return field;
+}
+
+QWidget *makeIconButton(QWidget *parent)
+{
+    auto *button = new VemoIconButton(QStringLiteral("bt_pagebar_next"));
+    button->setParent(parent);
+    return button;
+}
+
+template <typename Container> QWidget *makeRow(QWidget *parent)
+{
+    auto *row = new Container(parent);
+    auto *layout = row->layout() ? row->layout() : new QHBoxLayout(row);
+    layout->addWidget(new QPushButton(QStringLiteral("OK")));
+    layout->addWidget(new QPushButton(QStringLiteral("Cancel")));
+    return row;
+}
+
+std::vector<WidgetKind> buttonsAndLabels()
+{
+    return {
+        {"VemoButton", makeText<VemoButton>, makeText<QPushButton>},
+        {"VemoIconButton", makeIconButton, make<QToolButton>},
+        {"VemoLabel", makeText<VemoLabel>, makeText<QLabel>},
+        {"ClickableLabel", makeText<ClickableLabel>, makeText<QLabel>},
+        {"LinkLabel", makeText<LinkLabel>, makeText<QLabel>},
+        {"VemoLineEdit", makeField, makeText<QLineEdit>},
+        {"VemoCheckBox", makeText<VemoCheckBox>, makeText<QCheckBox>},
+        {"VemoRadioButton", makeText<VemoRadioButton>, makeText<QRadioButton>},
+        {"VemoComboBox", makeBox<VemoComboBox>, makeBox<QComboBox>},
+        {"VemoMenu", makeMenu<VemoMenu>, makeMenu<QMenu>},
+        {"VemoFootbar", makeRow<VemoFootbar>, makeRow<QWidget>},
+    };
+}
+
+std::vector<WidgetKind> composites()
+{
+    return {
+        {"VemoMessageSheet", makeMessage, make<QMessageBox>},
+        {"VemoInputSheet", makeInput, make<QMessageBox>},
+        {"VemoCountdownMessageBox", make<VemoCountdownMessageBox>, make<QMessageBox>},
+        {"VemoPagingBar", makePagingBar, make<QToolBar>},
+        {"VemoTableWidget", makeTable, makeStockTable},
+        {"VemoTreeWidget", makeVemoTree, makeTree<QTreeWidget, QTreeWidgetItem>},
+        {"VemoButtonPath", makePath, makeStockTable},
+        {"VemoFilterBar", makeFilter, make<QLineEdit>},
+        {"VemoCalanderView", make<VemoCalanderView>, make<QCalendarWidget>},
+        {"VemoDateSelector", make<VemoDateSelector>, makeStockBox},
+        {"VemoTimeComboBox", makeBox<VemoTimeComboBox>, makeBox<QComboBox>},
+        {"BrowserWindow", make<BrowserWindow>, make<QTextBrowser>},
+    };
+}
+
+} // namespace
+
+const std::vector<WidgetKind> &widgetKinds()
+{
+    static const std::vector<WidgetKind> kinds = [] {
+        std::vector<WidgetKind> all = buttonsAndLabels();
+        const std::vector<WidgetKind> more = composites();
+        all.insert(all.end(), more.begin(), more.end());
+        return all;
+    }();
+    return kinds;
+}
+
+int stressNumber(const char *variable, int inSuite)
+{
+    return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : inSuite;
+}
