@@ -7,6 +7,7 @@
 #include <vemo/stylemanager.h>
 #include <vemo/vemoiconbutton.h>
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
 
@@ -37,7 +38,18 @@ VemoFilterBar::VemoFilterBar(QWidget *parent)
         getStyleSheet("component.lineedit") + getStyleSheet("component.filter_bar_padding"));
     palePlaceholder(this);
     setFixedHeight(scaled(kHeight));
+    addButtonLayout();
     connect(this, SIGNAL(returnPressed()), this, SLOT(slotKeywordChange()));
+}
+
+/// Moves the button to the right end in a right-to-left layout, as the padding of the text moves.
+void VemoFilterBar::addButtonLayout()
+{
+    auto *layout = new QHBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetNoConstraint);
+    layout->setContentsMargins(scaled(kButtonLeft), scaled(kButtonTop), scaled(kButtonLeft), 0);
+    layout->addWidget(m_dropdown_button, 0, Qt::AlignTop);
+    layout->addStretch();
 }
 
 void VemoFilterBar::setMenu(QMenu *menu)

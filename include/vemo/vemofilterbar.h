@@ -45,5 +45,7 @@ private Q_SLOTS:
     void slotKeywordChange();
 
 private:
+    void addButtonLayout();
+
     VemoIconButton *m_dropdown_button;
 };

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void setsUpItsButton();
     void joinsTwoStyles();
     void keepsTheTextClearOfTheButton();
+    void movesItsButtonRightToLeft();
     void keepsSilentWhileTyping();
     void handsOnTheWholeTextOnReturn_data();
     void handsOnTheWholeTextOnReturn();
@@ -89,6 +90,33 @@ void VemoFilterBarTest::keepsTheTextClearOfTheButton()
         const QRect cursor = filter.bar.inputMethodQuery(Qt::ImCursorRectangle).toRect();
         QVERIFY(cursor.center().x() > filter.button()->geometry().right());
     }
+}
+
+void VemoFilterBarTest::movesItsButtonRightToLeft()
+{
+    QWidget window;
+    VemoFilterBar bar(&window);
+    const auto *button = bar.findChild<VemoIconButton *>();
+    QCOMPARE(button->pos(), QPoint(scaled(4), scaled(2)));
+    bar.resize(scaled(200), bar.height());
+    window.resize(scaled(400), scaled(100));
+    window.show();
+    bar.setText("report");
+    for (const auto direction : {Qt::RightToLeft, Qt::LeftToRight, Qt::RightToLeft}) {
+        window.setLayoutDirection(direction);
+        bar.resize(bar.width() + scaled(10), bar.height());
+        const int left =
+            direction == Qt::LeftToRight ? scaled(4) : bar.width() - scaled(4) - button->width();
+        QTRY_COMPARE(button->geometry(), QRect(left, scaled(2), scaled(34), scaled(24)));
+        for (const int position : {0, 6}) {
+            bar.setCursorPosition(position);
+            const QRect cursor = bar.inputMethodQuery(Qt::ImCursorRectangle).toRect();
+            QVERIFY(!button->geometry().contains(cursor.center()));
+        }
+    }
+    window.setLayoutDirection(Qt::LeftToRight);
+    QTRY_COMPARE(button->x(), scaled(4));
+    QCOMPARE(bar.minimumWidth(), 0);
 }
 
 void VemoFilterBarTest::keepsSilentWhileTyping()
@@ -165,11 +193,13 @@ void VemoFilterBarTest::opensItsMenuOnDown()
 
 void VemoFilterBarTest::opensItsMenuOnPress()
 {
-    const Filter filter;
+    Filter filter;
+    filter.bar.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&filter.bar));
     QMenu menu;
     const QAction *action = menu.addAction("Documents");
     const QSignalSpy choices(action, SIGNAL(triggered()));
-    const_cast<VemoFilterBar &>(filter.bar).setMenu(&menu);
+    filter.bar.setMenu(&menu);
     QTimer::singleShot(0, &menu, [&menu] {
         QTest::keyClick(&menu, Qt::Key_Down);
         QTest::keyClick(&menu, Qt::Key_Return);
