@@ -13,9 +13,10 @@ class TreeCopy;
 
 /// Copies files, links and whole folders into a folder from the event loop, a few milliseconds at a
 /// time. Nothing is ever replaced: a copy whose name is taken is called "name (2).ext". Links are
-/// copied as links; permissions and times are kept. A copy gets its name when it is complete, and
-/// until then is hidden under another; cancel(), an error and the destructor leave nothing half
-/// done.
+/// copied as links; permissions and times are kept. Deliberate: the bits that let a program run as
+/// its owner or group (setuid, setgid) are dropped, since the copy may have another owner. A copy
+/// gets its name when it is complete, and until then is hidden under another; cancel(), an error and
+/// the destructor leave nothing half done.
 ///
 ///     auto *job = new CopyJob({home + "/a.txt"}, stick, this);
 ///     connect(job, SIGNAL(finished(QStringList,QStringList)), ...);

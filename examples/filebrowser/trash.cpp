@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QStandardPaths>
+#include <QStorageInfo>
 
 #include <cerrno>
 #include <climits>
@@ -67,13 +68,17 @@ bool isSharedByUsers(const QByteArray &path)
         && (status.st_mode & S_ISVTX);
 }
 
-Trash trashFor(const QByteArray &folder)
+/// Where folder's part of the tree was mounted. A part of a file system that is mounted a second
+/// time has the same number, yet nothing can be moved out of it.
+QByteArray topOfMount(const QByteArray &folder)
 {
-    const QByteArray home = toNativeName(
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash");
-    if (makeFolders(home) && fileSystemOf(home) == fileSystemOf(folder))
-        return {home, QByteArray()};
-    const QByteArray top = topOfFileSystem(folder);
+    const QByteArray top = toNativeName(QStorageInfo(fromNativeName(folder)).rootPath());
+    const bool isAbove = top == "/" || folder == top || folder.startsWith(top + '/');
+    return isAbove && !top.isEmpty() ? top : topOfFileSystem(folder);
+}
+
+Trash trashAtTheTop(const QByteArray &top)
+{
     const QByteArray prefix = top.endsWith('/') ? top : top + '/';
     const QByteArray user = QByteArray::number(qulonglong(getuid()));
     const QByteArray shared = prefix + ".Trash/" + user;
@@ -83,6 +88,13 @@ Trash trashFor(const QByteArray &folder)
     if (makeFolders(own) && isOurFolder(own))
         return {own, prefix};
     return {};
+}
+
+Trash homeTrash()
+{
+    const QByteArray home = toNativeName(
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash");
+    return {makeFolders(home) ? home : QByteArray(), QByteArray()};
 }
 
 /// Claims a name in the trash by its record; EEXIST if it has been taken.
@@ -111,6 +123,10 @@ QByteArray candidate(const QByteArray &name, int n)
 
 int moveInto(const Trash &trash, const QByteArray &path, QByteArray *trashed)
 {
+    if (trash.path.isEmpty())
+        return EXDEV;
+    if (!makeFolders(trash.path + "/files") || !makeFolders(trash.path + "/info"))
+        return errno;
     const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
     const QByteArray original = path.mid(trash.pathsStartAfter.size());
     for (int n = 1; n < INT_MAX; ++n) {
@@ -141,11 +157,11 @@ int moveToSharedTrash(const QByteArray &path, QByteArray *trashed)
         return errno;
     const QByteArray folder(resolved);
     free(resolved);
-    const Trash trash = trashFor(folder);
-    if (trash.path.isEmpty())
-        return EXDEV;
-    if (!makeFolders(trash.path + "/files") || !makeFolders(trash.path + "/info"))
-        return errno;
     const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
-    return moveInto(trash, folder.endsWith('/') ? folder + name : folder + '/' + name, trashed);
+    const QByteArray original = folder.endsWith('/') ? folder + name : folder + '/' + name;
+    const Trash home = homeTrash();
+    const bool mayBeHome = !home.path.isEmpty() && fileSystemOf(home.path) == fileSystemOf(folder);
+    const int error = mayBeHome ? moveInto(home, original, trashed) : EXDEV;
+    // Only the move itself tells whether both are on one mount.
+    return error == EXDEV ? moveInto(trashAtTheTop(topOfMount(folder)), original, trashed) : error;
 }

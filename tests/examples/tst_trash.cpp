@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -78,10 +79,30 @@ int foreignTrash()
     return !moveToTrash(top + "/a").done && exists(top + "/a") ? 0 : 1;
 }
 
+/// A folder of the home's own file system that is mounted a second time: it has the same number,
+/// but nothing can be moved out of it.
+int trashOfABindMount()
+{
+    const QByteArray top = ChildWorld::folder();
+    for (const char *name : {"/home", "/dir", "/bound"})
+        mkdir((top + name).constData(), 0755);
+    qputenv("XDG_DATA_HOME", top + "/home");
+    const QByteArray bound = top + "/bound";
+    if (mount((top + "/dir").constData(), bound.constData(), nullptr, MS_BIND, nullptr) != 0)
+        return ChildWorld::kCannot;
+    mkdir((bound + "/sub").constData(), 0755);
+    if (!makeFile(bound + "/sub/a") || !moveToTrash(bound + "/sub/a").done)
+        return 1;
+    const bool isRecordGone = !exists(top + "/home/Trash/info/a.trashinfo");
+    return exists(bound + "/.Trash-0/files/a") && isRecordGone ? 0 : 2;
+}
+
 int onAnotherFileSystem(const QString &scenario)
 {
     if (!ChildWorld::mountMemory(ChildWorld::folder(), "size=1m,mode=755"))
         return ChildWorld::kCannot;
+    if (scenario == "trash of a bind mount")
+        return trashOfABindMount();
     if (scenario == "trash at the top")
         return trashAtTheTop();
     if (scenario == "trash of all users")
@@ -271,8 +292,8 @@ void TrashTest::anUnusableTrashTakesNothing()
 void TrashTest::anotherFileSystemHasItsOwnTrash_data()
 {
     QTest::addColumn<QString>("scenario");
-    for (const char *scenario :
-        {"trash at the top", "trash of all users", "no trash", "foreign trash"})
+    for (const char *scenario : {"trash at the top", "trash of a bind mount", "trash of all users",
+             "no trash", "foreign trash"})
         QTest::newRow(scenario) << scenario;
 }
 
