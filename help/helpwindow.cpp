@@ -2,6 +2,8 @@
 #include <vemo/helpwindow.h>
 
 #include "core/logging_p.h"
+#include "core/resourcefile_p.h"
+#include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
 
 #include <QFile>
@@ -78,7 +80,8 @@ void HelpWindow::fallbackOffline()
     m_local_folder = m_context.helpPath + QLatin1Char('/') + m_context.lang;
     m_text_browser->setSearchPaths({m_local_folder});
     QFile file(m_local_folder + QLatin1Char('/') + m_context.link);
-    if (!file.open(QIODevice::ReadOnly))
+    // A pipe or a device is as good as missing: it might never end.
+    if (!isResourceFile(QFileInfo(file), kMostPageBytes) || !file.open(QIODevice::ReadOnly))
         return;
     QTextStream stream(&file);
     stream.setCodec(QTextCodec::codecForName("Utf8"));

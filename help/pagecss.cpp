@@ -90,6 +90,30 @@ bool isPlainValue(QStringView value)
     return quote.isNull() && depth == 0;
 }
 
+/// Whether a number in value is larger than any page needs. The text engine's own numbers overflow,
+/// and nested tables of such margins keep it busy forever.
+bool hasLargeNumber(const QString &name, const QString &value)
+{
+    const int maxDigits = name.startsWith(QLatin1String("font")) ? 3 : 4;
+    int depth = 0;
+    for (int i = 0; i < value.size(); ++i) {
+        depth += value.at(i) == QLatin1Char('(') ? 1 : value.at(i) == QLatin1Char(')') ? -1 : 0;
+        const bool isColour = value.at(i) == QLatin1Char('#');
+        const int start = i;
+        while (isColour && i + 1 < value.size() && value.at(i + 1).isLetterOrNumber())
+            ++i;
+        while (!isColour && i < value.size() && value.at(i).isDigit())
+            ++i;
+        if (isColour || i == start)
+            continue;
+        const bool isRelative = value.midRef(i).startsWith(QLatin1Char('e'), Qt::CaseInsensitive);
+        if (depth == 0 && i - start > (isRelative ? 2 : maxDigits))
+            return true;
+        --i;
+    }
+    return false;
+}
+
 void noteProperty(const QString &name, QStringView value, CssEffort *effort)
 {
     ++effort->declarations;
@@ -113,7 +137,7 @@ QString declarations(QStringView css, CssEffort *effort)
             continue;
         const QString name = each.left(colon).trimmed().toString().toLower();
         const QString value = each.mid(colon + 1).trimmed().toString().simplified();
-        if (!isPropertyName(name) || !isPlainValue(value))
+        if (!isPropertyName(name) || !isPlainValue(value) || hasLargeNumber(name, value))
             continue;
         noteProperty(name, value, effort);
         plain += name + QLatin1Char(':') + value + QLatin1Char(';');

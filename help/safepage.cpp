@@ -118,6 +118,21 @@ bool isSide(QStringView alignment)
     return isOneOf(resolved(alignment).toLower(), {"left", "right"});
 }
 
+/// Whether attribute is a length beyond any page's, for which the text engine's numbers overflow.
+bool isTooLong(const HtmlAttribute &attribute)
+{
+    constexpr int kMaxLength = 9999;
+    if (!isOneOf(attribute.name,
+            {"width", "height", "border", "cellpadding", "cellspacing", "size", "start", "value"}))
+        return false;
+    const QString length = resolved(attribute.value).trimmed();
+    int end = 0;
+    while (
+        end < length.size() && (length.at(end).isDigit() || (end == 0 && !length.at(0).isLetter())))
+        ++end;
+    return end > 5 || qAbs(length.leftRef(end).toInt()) > kMaxLength;
+}
+
 /// Reads a page and writes it again.
 class PageWriter
 {
@@ -337,7 +352,7 @@ Font PageWriter::writeAttributes(const HtmlToken &token, int traits)
 void PageWriter::writeAttribute(const HtmlAttribute &attribute, Font *font)
 {
     const QString &name = attribute.name;
-    if (!isPlainName(name))
+    if (!isPlainName(name) || isTooLong(attribute))
         return;
     m_work.addAttribute(attribute.value.size());
     m_html += QLatin1Char(' ') + name + QLatin1String("=\"");

@@ -12,6 +12,8 @@
 
 #include <type_traits>
 
+#include <sys/stat.h>
+
 class tst_helpwindow : public VemoTest
 {
     Q_OBJECT
@@ -36,6 +38,8 @@ private Q_SLOTS:
     void theLocalPageIsReadAsUtf8_data();
     void theLocalPageIsReadAsUtf8();
     void aMissingLocalPageLeavesTheWindowEmpty();
+    void aLocalPageThatIsNoOrdinaryFileCountsAsMissing_data();
+    void aLocalPageThatIsNoOrdinaryFileCountsAsMissing();
     void aLocalPageThatTakesTooLongLeavesTheWindowEmpty_data();
     void aLocalPageThatTakesTooLongLeavesTheWindowEmpty();
     void fetchingStartsWithoutTheWindowBeingShown();
@@ -288,6 +292,33 @@ void tst_helpwindow::aMissingLocalPageLeavesTheWindowEmpty()
     context.lang = QStringLiteral("cht");
     const HelpWindow window(context, nullptr);
     QTRY_COMPARE(view(window)->searchPaths(), QStringList("/no/such/folder/cht"));
+    QCOMPARE(view(window)->toPlainText(), QString());
+}
+
+void tst_helpwindow::aLocalPageThatIsNoOrdinaryFileCountsAsMissing_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a pipe that nobody writes into") << "pipe.html";
+    QTest::newRow("a link to a device without end") << "device.html";
+    QTest::newRow("a file of 3 GB") << "large.html";
+    QTest::newRow("a folder") << "folder.html";
+}
+
+void tst_helpwindow::aLocalPageThatIsNoOrdinaryFileCountsAsMissing()
+{
+    QFETCH(const QString, name);
+    const QString folder = m_host.helpPath() + QLatin1String("/odd/");
+    QVERIFY(QDir().mkpath(folder + QLatin1String("folder.html")));
+    mkfifo(QFile::encodeName(folder + QLatin1String("pipe.html")), S_IRWXU);
+    QFile::link(QStringLiteral("/dev/zero"), folder + QLatin1String("device.html"));
+    QFile large(folder + QLatin1String("large.html"));
+    QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(qint64(3) << 30));
+    HelpContext context;
+    context.lang = QStringLiteral("odd");
+    context.helpPath = m_host.helpPath();
+    context.link = name;
+    const HelpWindow window(context, nullptr);
+    QTRY_VERIFY(!view(window)->searchPaths().isEmpty());
     QCOMPARE(view(window)->toPlainText(), QString());
 }
 

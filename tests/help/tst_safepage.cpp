@@ -365,6 +365,10 @@ void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage_data()
         << "<html>" + times(12, "<table><tr><td>") + times(2000, "word ");
     QTest::newRow("floating tables in tables") << "<html>" + times(2, "<table><tr><td>")
             + times(1000, "<table style=\"fl\\6f at:left;float:left\"><tr><td>x</table>");
+    QTest::newRow("margins beyond the engine's numbers")
+        << "<html>" + times(5, "<table style=\"margin:99999999px\"><tr><td>\n");
+    QTest::newRow("lengths beyond the engine's numbers") << "<html>"
+            + times(5, "<table border=99999999 cellpadding=99999999 width=99999999><tr><td>\n");
     QTest::newRow("fonts") << distinct(5000, QStringLiteral("<p style=\"font-size:#px\">x"));
     QTest::newRow("families") << distinct(5000, QStringLiteral("<font face=\"f#\">x</font>"));
     QTest::newRow("blocks made parts of a line")
@@ -490,6 +494,10 @@ void tst_safepage::styleSheetsAreWrittenPlainly_data()
     row("p{background:url(x}b{color:red}", "p{}");
     row("p{font-family:'a}b'}", "p{}");
     row("}p{color:red}", "p{color:red;}");
+    row("p{margin:10000px;color:#123456}", "p{color:#123456;}");
+    row("p{margin:9999px}", "p{margin:9999px;}");
+    row("p{margin:100em}", "p{}");
+    row("p{font-size:1000px}", "p{}");
 }
 
 void tst_safepage::styleSheetsAreWrittenPlainly()
