@@ -84,16 +84,16 @@ int foreignTrash()
 int trashOfABindMount()
 {
     const QByteArray top = ChildWorld::folder();
-    for (const char *name : {"/home", "/dir", "/bound"})
+    for (const char *name : {"/data", "/dir", "/bound"})
         mkdir((top + name).constData(), 0755);
-    qputenv("XDG_DATA_HOME", top + "/home");
+    qputenv("XDG_DATA_HOME", top + "/data");
     const QByteArray bound = top + "/bound";
     if (mount((top + "/dir").constData(), bound.constData(), nullptr, MS_BIND, nullptr) != 0)
         return ChildWorld::kCannot;
     mkdir((bound + "/sub").constData(), 0755);
     if (!makeFile(bound + "/sub/a") || !moveToTrash(bound + "/sub/a").done)
         return 1;
-    const bool isRecordGone = !exists(top + "/home/Trash/info/a.trashinfo");
+    const bool isRecordGone = !exists(top + "/data/Trash/info/a.trashinfo");
     return exists(bound + "/.Trash-0/files/a") && isRecordGone ? 0 : 2;
 }
 
