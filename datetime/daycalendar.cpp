@@ -9,7 +9,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QSpinBox>
-#include <QTableView>
+#include <QTableWidget>
 #include <QTextCharFormat>
 #include <QToolButton>
 
@@ -81,6 +81,39 @@ DayCalendar::DayCalendar(QWidget *parent)
     m_grid->viewport()->setAttribute(Qt::WA_Hover);
     m_grid->viewport()->installEventFilter(this);
     parent->installEventFilter(this);
+}
+
+QDate DayCalendar::dateAt(int row, int column) const
+{
+    const QAbstractItemModel *days = m_grid->model();
+    int first = 0;
+    // The page begins within the week before the first of its month.
+    while (first < days->columnCount() * 2
+        && days->index(first / days->columnCount(), first % days->columnCount()).data().toInt()
+            != 1)
+        ++first;
+    const int distance = row * days->columnCount() + column - first;
+    return QDate(yearShown(), monthShown(), 1).addDays(distance);
+}
+
+void DayCalendar::pick(const QDate &date)
+{
+    if (!canBePicked(date))
+        return;
+    setSelectedDate(date);
+    Q_EMIT clicked(date);
+}
+
+bool DayCalendar::showsFocus() const
+{
+    return m_grid->hasFocus() || parentWidget()->hasFocus();
+}
+
+QString DayCalendar::weekdayName(int column) const
+{
+    const auto *row = findChild<QTableWidget *>(QStringLiteral("qt_calendar_weekdayview"));
+    const QTableWidgetItem *item = row ? row->item(0, column) : nullptr;
+    return item ? item->data(Qt::AccessibleTextRole).toString() : QString();
 }
 
 bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
@@ -192,6 +225,5 @@ bool DayCalendar::canBePicked(const QDate &date) const
 
 bool DayCalendar::hasFocusOn(const QRect &cell) const
 {
-    return (m_grid->hasFocus() || parentWidget()->hasFocus())
-        && m_grid->visualRect(m_grid->currentIndex()).contains(cell.center());
+    return showsFocus() && m_grid->visualRect(m_grid->currentIndex()).contains(cell.center());
 }

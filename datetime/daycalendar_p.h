@@ -20,6 +20,17 @@ class DayCalendar : public QCalendarWidget
 public:
     explicit DayCalendar(QWidget *parent);
 
+    QTableView *grid() const { return m_grid; }
+    /// The day at a place of the grid.
+    QDate dateAt(int row, int column) const;
+    bool canBePicked(const QDate &date) const;
+    /// As a click does; nothing for a day that can't be picked.
+    void pick(const QDate &date);
+    /// Whether the current day shows the focus, which is the grid's or that of the parent.
+    bool showsFocus() const;
+    /// In full, as assistive tools speak it.
+    QString weekdayName(int column) const;
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
@@ -32,7 +43,6 @@ private:
     bool keepFace(QEvent *event);
     QBrush groundOf(const QDate &date, const QTextCharFormat &format) const;
     QColor inkOf(const QDate &date, const QTextCharFormat &format, const QColor &ground) const;
-    bool canBePicked(const QDate &date) const;
     bool hasFocusOn(const QRect &cell) const;
 
     QTableView *m_grid;

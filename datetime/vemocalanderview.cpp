@@ -2,6 +2,7 @@
 #include <vemo/vemocalanderview.h>
 
 #include "core/scaling_p.h"
+#include "datetime/calendaraccess_p.h"
 #include "datetime/daycalendar_p.h"
 
 #include <vemo/componentstrings.h>
@@ -129,6 +130,7 @@ void setPicture(QToolButton *button, const char *name)
 
 VemoCalanderView::VemoCalanderView(QWidget *parent) : QAbstractItemView(parent)
 {
+    makeCalendarsAccessible();
     auto *layout = new QVBoxLayout(this);
     auto *today = new VemoButton(text("today"), VemoButton::CANCEL);
     today->setFixedHeight(scaled(kTodayHeight));
@@ -347,7 +349,9 @@ void VemoCalanderView::handleWeekdayHeader()
     m_weekday_header->verticalHeader()->hide();
     m_weekday_header->insertRow(0);
     for (int column = 0; column < kDaysOfWeek; ++column) {
-        auto *item = new QTableWidgetItem(text(kWeekdayKeys[column]).mid(0, 1));
+        const QString name = text(kWeekdayKeys[column]);
+        auto *item = new QTableWidgetItem(name.mid(0, 1));
+        item->setData(Qt::AccessibleTextRole, name);
         item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
         m_weekday_header->setItem(0, column, item);
     }

@@ -31,6 +31,7 @@ class CalendarAnnouncementsTest : public VemoTest
 private Q_SLOTS:
     void initTestCase();
     void theDayWithTheFocusIsAnnouncedWithItsMonth();
+    void theDayIsAnnouncedWhileTheViewHasTheFocus();
 };
 
 void CalendarAnnouncementsTest::initTestCase()
@@ -53,9 +54,22 @@ void CalendarAnnouncementsTest::theDayWithTheFocusIsAnnouncedWithItsMonth()
     for (const QDate &day : {QDate(2024, 3, 31), QDate(2024, 4, 1)}) {
         announced.clear();
         QTest::keyClick(view.windowHandle(), Qt::Key_Right);
-        QVERIFY(announced.contains(QString::number(day.day())));
+        QVERIFY(announced.contains(QLocale().toString(day, QLocale::LongFormat)));
         QVERIFY(announced.contains(day.toString(Qt::ISODate)));
     }
+}
+
+void CalendarAnnouncementsTest::theDayIsAnnouncedWhileTheViewHasTheFocus()
+{
+    VemoCalanderView view(nullptr);
+    view.setSelectedDate({2024, 3, 30});
+    view.show();
+    view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    view.setFocus();
+    announced.clear();
+    QTest::keyClick(view.windowHandle(), Qt::Key_Down);
+    QVERIFY(announced.contains(QLocale().toString(QDate(2024, 4, 6), QLocale::LongFormat)));
 }
 
 VEMO_TEST_MAIN(CalendarAnnouncementsTest)
