@@ -20,7 +20,8 @@
 
 namespace {
 
-constexpr QSize kTabs(288, 152); // design pixels
+// In design pixels.
+constexpr int kTabsHeight = 184;
 constexpr int kHeight = 192;
 
 template <typename Widget> Widget *sized(Widget *widget, int height)
@@ -45,7 +46,7 @@ QTabWidget *newTabs(QTabWidget::TabPosition position)
     for (const char *title : {"Copy", "Sync", "Off"})
         tabs->addTab(newPane(QString("%1 at night").arg(title)), title);
     tabs->setTabEnabled(2, false);
-    tabs->setMinimumHeight(scaled(kTabs.height()));
+    tabs->setMinimumHeight(scaled(kTabsHeight));
     return tabs;
 }
 
@@ -77,7 +78,7 @@ QToolBox *newToolBox()
     auto *box = new QToolBox;
     box->addItem(newPane("At night"), QIcon(getGlobalImage("bt_clock")), "Times");
     box->addItem(newPane("All folders"), QIcon(getGlobalImage("folder")), "Folders");
-    box->setMinimumHeight(scaled(kTabs.height()));
+    box->setMinimumHeight(scaled(kTabsHeight));
     for (QScrollArea *area : box->findChildren<QScrollArea *>())
         area->setAccessibleName("Page");
     return box;
@@ -115,6 +116,7 @@ QTreeWidget *newTree()
     tree->expandAll();
     tree->setCurrentItem(child);
     tree->setSortingEnabled(true);
+    tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     return tree;
 }
 

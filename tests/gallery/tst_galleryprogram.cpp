@@ -15,6 +15,8 @@
 
 namespace {
 
+constexpr int kPatience = 90000; // milliseconds, on a busy machine
+
 struct Run
 {
     int exitCode = -1;
@@ -30,7 +32,7 @@ Run runGallery(const QStringList &arguments, const QStringList &unset = {})
         environment.remove(name);
     process.setProcessEnvironment(environment);
     process.start(VEMO_GALLERY_PROGRAM, arguments);
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+    if (!process.waitForFinished(kPatience) || process.exitStatus() != QProcess::NormalExit)
         return {};
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
         QString::fromUtf8(process.readAllStandardError())};
