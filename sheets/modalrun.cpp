@@ -33,6 +33,15 @@ void announce(VemoSheet *sheet, QAccessible::Event what)
     QAccessible::updateAccessibility(&event);
 }
 
+/// That the modal state has changed.
+void announceModality(VemoSheet *sheet)
+{
+    QAccessible::State changed;
+    changed.modal = true;
+    QAccessibleStateChangeEvent event(sheet, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
 bool isWithin(const QWidget *widget, const QWidget *sheet)
 {
     return widget && sheet && (widget == sheet || sheet->isAncestorOf(widget));
@@ -94,6 +103,13 @@ bool ModalRun::isOpen() const
     return m_run && m_run->isOpen();
 }
 
+bool ModalRun::isOpenFor(const VemoSheet *sheet)
+{
+    const QVector<Run *> &runs = Run::open();
+    return std::any_of(
+        runs.begin(), runs.end(), [=](const Run *run) { return run->sheet == sheet; });
+}
+
 void ModalRun::begin(bool greysCloseItem)
 {
     if (!isOpen()) {
@@ -113,6 +129,7 @@ void ModalRun::begin(bool greysCloseItem)
         run->isGreyed = true;
     }
     run->window->installEventFilter(run->sheet);
+    announceModality(run->sheet);
     announce(run->sheet, QAccessible::DialogStart);
 }
 
@@ -212,6 +229,7 @@ void ModalRun::undo(bool restoresCloseItem)
     run->close();
     if (run->window && run->window != window)
         run->window->removeEventFilter(m_sheet);
+    announceModality(m_sheet);
     announce(m_sheet, QAccessible::DialogEnd);
     giveFocusBack(*run);
 }

@@ -36,6 +36,8 @@ public:
     void abandon();
 
     bool isOpen() const;
+    /// Whether a run of sheet is open.
+    static bool isOpenFor(const VemoSheet *sheet);
 
 private:
     struct Run;

@@ -2,6 +2,7 @@
 #include <vemo/vemosheet.h>
 
 #include "core/scaling_p.h"
+#include "sheets/modalrun_p.h"
 
 #include <vemo/imagemanager.h>
 
@@ -15,12 +16,31 @@ namespace {
 constexpr Qt::GlobalColor kBody = Qt::white; // Deliberate: in every theme.
 constexpr double kShadowWidth = 22.0;
 
-/// Screen readers know a frame as a mere border.
+/// A dialog, modal while it runs. Screen readers know a frame as a mere border.
+class AccessibleSheet : public QAccessibleWidget
+{
+public:
+    explicit AccessibleSheet(VemoSheet *sheet)
+        : QAccessibleWidget(sheet, QAccessible::Dialog), m_sheet(sheet)
+    {
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.modal = ModalRun::isOpenFor(m_sheet);
+        return state;
+    }
+
+private:
+    const VemoSheet *m_sheet; ///< only compared
+};
+
 QAccessibleInterface *accessibleSheet(const QString &className, QObject *object)
 {
     auto *sheet =
         className == QLatin1String("VemoSheet") ? qobject_cast<VemoSheet *>(object) : nullptr;
-    return sheet ? new QAccessibleWidget(sheet, QAccessible::Dialog) : nullptr;
+    return sheet ? new AccessibleSheet(sheet) : nullptr;
 }
 
 } // namespace

@@ -19,7 +19,8 @@ class QPainter;
 /// Initialise the catalogue before the first paint.
 ///
 /// A frame neither places itself nor is it modal: lay it over a window with VemoMask, or take
-/// VemoMessageSheet or VemoInputSheet, which do the rest. To screen readers it is a dialog.
+/// VemoMessageSheet or VemoInputSheet, which do the rest. To screen readers it is a dialog, and
+/// those two are modal while they run.
 ///
 /// A mask makes the frame as large as its size policy allows. That is the whole window, unless the
 /// policy is Fixed as here:

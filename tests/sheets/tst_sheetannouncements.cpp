@@ -21,6 +21,11 @@ void record(QAccessibleEvent *event)
     announced += {event->type(), event->object()};
 }
 
+bool isModal(QWidget *sheet)
+{
+    return QAccessible::queryAccessibleInterface(sheet)->state().modal;
+}
+
 } // namespace
 
 class SheetAnnouncementsTest : public VemoTest
@@ -54,14 +59,23 @@ void SheetAnnouncementsTest::comesAndGoesAsADialog()
     QFETCH(const QString, kind);
     QWidget window;
     window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
     const AnySheet any(kind, &window);
+    QVERIFY(!isModal(any.sheet()));
     announced.clear();
     any.execUntil([&] {
         QCOMPARE(announced.count({QAccessible::DialogStart, any.sheet()}), 1);
+        QCOMPARE(announced.count({QAccessible::StateChanged, any.sheet()}), 1);
+        QVERIFY(isModal(any.sheet()));
+        // The focus goes to what a user hears first.
+        QVERIFY(announced.contains({QAccessible::Focus, window.focusWidget()}));
+        QVERIFY(any.sheet()->isAncestorOf(window.focusWidget()));
         QCOMPARE(announced.count({QAccessible::DialogEnd, any.sheet()}), 0);
         any.done(0);
     });
     QCOMPARE(announced.count({QAccessible::DialogEnd, any.sheet()}), 1);
+    QCOMPARE(announced.count({QAccessible::StateChanged, any.sheet()}), 2);
+    QVERIFY(!isModal(any.sheet()));
     QCOMPARE(announced.count({QAccessible::Alert, any.sheet()}), kind == "message" ? 1 : 0);
 }
 
