@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/controlsnapshots.h"
 
+#include "gallery/specimens.h"
+
 #include <QEvent>
 #include <QLineEdit>
 #include <QStyleOptionFrame>
@@ -35,7 +37,7 @@ void CheckBoxSnapshot::paintEvent(QPaintEvent *)
 RadioButtonSnapshot::RadioButtonSnapshot(bool isChecked, QStyle::State state) : m_state(state)
 {
     freeze(this);
-    setAutoExclusive(false);
+    alone(this);
     setChecked(isChecked);
 }
 

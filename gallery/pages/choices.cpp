@@ -60,8 +60,7 @@ void addCheckBoxes(Page &page)
 
 VemoRadioButton *newRadioButton(bool isChecked)
 {
-    auto *button = new VemoRadioButton(kText);
-    button->setAutoExclusive(false);
+    auto *button = alone(new VemoRadioButton(kText));
     button->setChecked(isChecked);
     return button;
 }

@@ -32,7 +32,7 @@ QCheckBox *newBox(const QString &text, Qt::CheckState state)
 QRadioButton *newRadio(const QString &text, bool isChecked)
 {
     auto *button = new QRadioButton(text);
-    button->setAutoExclusive(false);
+    alone(button);
     button->setChecked(isChecked);
     return button;
 }

@@ -8,6 +8,7 @@
 
 #include <QAccessible>
 #include <QComboBox>
+#include <QRadioButton>
 #include <QSet>
 
 /// What assistive tools find on the gallery's pages.
@@ -43,6 +44,7 @@ struct Findings
 {
     int controls = 0;
     QStringList nameless;
+    QStringList mistaken; ///< radio buttons announced as something else
 };
 
 void look(QAccessibleInterface *accessible, Findings &findings)
@@ -53,6 +55,9 @@ void look(QAccessibleInterface *accessible, Findings &findings)
         ++findings.controls;
         if (accessible->text(QAccessible::Name).isEmpty())
             findings.nameless += described(accessible);
+        const bool isRadio = qobject_cast<QRadioButton *>(accessible->object());
+        if (isRadio && accessible->role() != QAccessible::RadioButton)
+            findings.mistaken += described(accessible);
     }
     // What a combo box holds is announced with it.
     if (accessible->role() == QAccessible::ComboBox)
@@ -87,6 +92,7 @@ void AccessibilityTest::everyControlHasARoleAndAName()
     look(QAccessible::queryAccessibleInterface(&page), findings);
     QVERIFY(findings.controls > 0 || !mustHaveControls);
     QVERIFY2(findings.nameless.isEmpty(), qPrintable(findings.nameless.join('\n')));
+    QVERIFY2(findings.mistaken.isEmpty(), qPrintable(findings.mistaken.join('\n')));
 }
 
 VEMO_TEST_MAIN(AccessibilityTest)
