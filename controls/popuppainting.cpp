@@ -25,7 +25,7 @@ public:
 
 private:
     // When it opens, Qt marks the pop-up and then each of its parts as outdated. Where there is a
-    // picture from last time, that is mended: first the pop-up with all in it, then all the parts
+    // picture from last time, that one is repaired: first the pop-up with all in it, then all the parts
     // once more. Where there is none of the right size, everything is painted once.
     static void dropPicture(const QWidget &popup)
     {

@@ -130,7 +130,7 @@ bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
         else if (event->type() == QEvent::HoverLeave)
             m_pointer = kNowhere;
         else if (event->type() == QEvent::Paint)
-            m_today = QDate::currentDate(); // Asks the system; too dear for each day.
+            m_today = QDate::currentDate(); // Asks the system: too expensive to call per cell.
     }
     return QCalendarWidget::eventFilter(watched, event);
 }

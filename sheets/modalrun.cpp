@@ -158,7 +158,7 @@ int ModalRun::exec()
 
 void ModalRun::end(int result, bool restoresCloseItem)
 {
-    // A slot of finished() that ends the sheet once more would go on for ever.
+    // A slot of finished() that ends the sheet once more would go on forever.
     if (m_isFinishing && !isOpen())
         return;
     const QPointer<VemoSheet> sheet(m_sheet);

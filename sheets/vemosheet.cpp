@@ -47,7 +47,7 @@ QAccessibleInterface *accessibleSheet(const QString &className, QObject *object)
 
 VemoSheet::VemoSheet(QWidget *parent) : QFrame(parent), m_shadow_width(scaled(kShadowWidth))
 {
-    // Installing it again would be in vain, and does nothing.
+    // Installing it again does nothing.
     QAccessible::installFactory(accessibleSheet);
     reserveBand();
 }

@@ -40,7 +40,7 @@ FileCopy::Side FileCopy::fail(Side side)
 FileCopy::Side FileCopy::open(const QByteArray &from, const QByteArray &to)
 {
     m_copied = 0;
-    // A pipe that took the file's place would wait for ever.
+    // A pipe that took the file's place would wait forever.
     m_from = ::open(from.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (m_from < 0 || fstat(m_from, &m_status) != 0)
         return fail(Side::Reading);

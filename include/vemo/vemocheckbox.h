@@ -5,7 +5,7 @@
 
 #include <QCheckBox>
 
-/// A check box in the library's look. Load the style files before; without the section
+/// A check box in the library's look. Load the style files first: without the section
 /// "component.checkbox" it is a plain one, with a warning. It belongs to its parent.
 ///
 ///     auto *keep = new VemoCheckBox(tr("Keep a copy"), page);

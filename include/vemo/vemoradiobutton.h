@@ -5,7 +5,7 @@
 
 #include <QRadioButton>
 
-/// A radio button in the library's look. Load the style files before; without the section
+/// A radio button in the library's look. Load the style files first: without the section
 /// "component.radio_button" it is a plain one, with a warning. It belongs to its parent, and
 /// excludes the other radio buttons of that parent.
 ///

@@ -61,7 +61,7 @@ public:
     explicit ResizeSignalTableWidget(QWidget *parent);
 
 Q_SIGNALS:
-    /// The table was resized, by whomever. The new size of the viewport, in screen pixels.
+    /// The table was resized, for whatever reason. The new size of the viewport, in screen pixels.
     void sigResized(QSize size);
 
 protected:

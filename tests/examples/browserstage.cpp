@@ -44,7 +44,7 @@ BrowserStage::BrowserStage()
     m_watch.start(kWatchTime);
 }
 
-/// A sheet that the test didn't reckon with would hold it up for ever.
+/// A sheet that the test didn't reckon with would hold it up forever.
 void BrowserStage::watchForgottenSheets()
 {
     VemoSheet *sheet = window ? openSheet(window.get()) : nullptr;
@@ -162,7 +162,7 @@ void OnSheets::look()
         m_acts.at(m_next++)(sheet);
     else
         QTest::qFail(qPrintable("Unexpected: " + wordsOf(sheet)), __FILE__, __LINE__);
-    // Otherwise the test would wait for it for ever.
+    // Otherwise the test would wait for it forever.
     if (QTest::currentTestFailed() && m_last)
         QMetaObject::invokeMethod(m_last, "quit");
 }

@@ -15,7 +15,7 @@ struct Answer
 
     QByteArray bytes; ///< Sent as they are, head included.
     QByteArray tail; ///< Sent again and again after that.
-    int tailCount = 0; ///< How often; -1 is for ever.
+    int tailCount = 0; ///< How often; -1 is forever.
     int tailPause = 0; ///< Milliseconds before each.
     End end = CLOSE;
 };

@@ -34,7 +34,7 @@ public:
     bool hasActed() const { return m_hasActed; }
 
 private:
-    /// A failed check left its sheet open, and the test would wait for it for ever.
+    /// A failed check left its sheet open, and the test would wait for it forever.
     static void endAll()
     {
         for (QWidget *window : QApplication::topLevelWidgets()) {
