@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QVector>
 
+#include <utility>
+
 namespace {
 
 /// Takes the topmost pointing hand out of the application's override cursors and leaves those that
@@ -124,6 +126,7 @@ bool LinkLabel::event(QEvent *event)
 
 void LinkLabel::enterEvent(QEvent *event)
 {
+    m_has_left = false;
     if (isEnabled()) {
         QGuiApplication::setOverrideCursor(Qt::PointingHandCursor);
         ++m_hands;
@@ -135,6 +138,11 @@ void LinkLabel::enterEvent(QEvent *event)
 
 void LinkLabel::leaveEvent(QEvent *event)
 {
+    if (std::exchange(m_has_left, false)) {
+        // Qt's own leave event came after all.
+        ClickableLabel::leaveEvent(event);
+        return;
+    }
     if (!isEnabled()) {
         // Deliberate: a disabled label forwards the leave event as an enter event, and keeps the
         // cursor that it has set.
@@ -161,6 +169,9 @@ void LinkLabel::leaveUnlessUnderPointer()
 {
     if (!underMouse() || rect().contains(mapFromGlobal(QCursor::pos())))
         return;
+    const QPointer<LinkLabel> self(this);
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(this, &leave);
+    if (self)
+        m_has_left = true;
 }

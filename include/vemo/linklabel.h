@@ -52,4 +52,5 @@ private:
     bool m_hoverUnderline = true;
     QString m_hyperLink;
     int m_hands = 0; ///< set on entering, not restored yet
+    bool m_has_left = false; ///< by a leave event of its own, which Qt may send once more
 };
