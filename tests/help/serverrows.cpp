@@ -228,6 +228,6 @@ QVector<ServerRow> endlessRows()
         row("one byte of the head a second", slowHead),
         row("one byte of the body a second", slowBody),
         row("done after three seconds", slowButDone, kOnline),
-        row("redirects for ever", redirects, QStringLiteral("moved")),
+        row("redirects forever", redirects, QStringLiteral("moved")),
     };
 }

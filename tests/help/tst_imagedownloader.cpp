@@ -253,7 +253,7 @@ void tst_imagedownloader::aPictureOverTheLimitFailsWithOneWarning_data()
     QTest::addColumn<bool>("isTaken");
     QTest::newRow("64 MiB") << 64 * kMebibyte << true;
     QTest::newRow("one byte more") << 64 * kMebibyte + 1 << false;
-    QTest::newRow("for ever") << qint64(-1) << false;
+    QTest::newRow("forever") << qint64(-1) << false;
 }
 
 void tst_imagedownloader::aPictureOverTheLimitFailsWithOneWarning()

@@ -115,7 +115,7 @@ void MessageSheetKeysTest::keyOfTheWindowEndsTheSheet_data()
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("result");
-    const char *results[][3] = {// Escape, Return and its like, any other
+    const char *results[][3] = {// Escape, the keys that confirm, any other
         {"nothing", "nothing", "nothing"}, {"nothing", "Ok", "nothing"},
         {"nothing", "Ok", "nothing"}, {"Discard", "Apply", "nothing"},
         {"Discard", "Apply", "nothing"}, {"Discard", "Apply", "nothing"},

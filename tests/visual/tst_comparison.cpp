@@ -101,8 +101,8 @@ void ComparisonTest::aDifferenceIsWrittenAsThreePicturesAndNamed()
 
 void ComparisonTest::whatIsMendedLeavesNoPicturesBehind()
 {
-    const QString path = m_folder.filePath("mended.png");
-    const QString differencePath = m_folder.filePath("mended-difference.png");
+    const QString path = m_folder.filePath("repaired.png");
+    const QString differencePath = m_folder.filePath("repaired-difference.png");
     QVERIFY(storePicture(withBox({5, 3}), path));
     QVERIFY(!compareWithFile(withBox({6, 3}), path, differencePath).isEmpty());
     QVERIFY(QFile::exists(differencePath));
