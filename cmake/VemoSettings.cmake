@@ -22,6 +22,7 @@ option(VEMO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(VEMO_BUILD_FUZZER "Build the fuzz targets with libFuzzer (preset fuzz)" OFF)
 option(VEMO_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" OFF)
+option(VEMO_PRECOMPILE_QT "Read Qt's headers precompiled everywhere, for a quicker build" OFF)
 set(VEMO_KNOWLEDGEBASE_URL "https://knowledgebase.vemo.invalid" CACHE STRING
   "Knowledge-base endpoint of help windows whose host names none")
 
@@ -61,7 +62,8 @@ if(PROJECT_IS_TOP_LEVEL AND VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 # Reads these headers once for all sources of the target, which halves the time of a test's build.
-# Not for the library itself: there each file proves that it includes what it uses.
+# For the library itself only with VEMO_PRECOMPILE_QT: without, each file proves that it includes
+# what it uses.
 function(vemo_precompile_qt target)
   target_precompile_headers(${target} PRIVATE ${ARGN})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [DISPLAYS option...] [LOCALES de_DE ...] [TIMEOUT SECONDS]
-#   [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [NEEDS target...])
+#   [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [PLAIN] [NEEDS target...])
 #
 # Builds NAME.cpp and registers it once for each logical dpi, and, with SCALE, once more at the first
 # dpi for each device pixel ratio: the screen is measured once a process, so each needs its own.
@@ -10,10 +10,14 @@
 #
 # INTERNALS is for a test that calls what the libraries hide: it links their objects instead of the
 # libraries. None of its LIBRARIES may link these.
+# PLAIN is for a test from which the sanitizers would learn nothing new: it is left out under them.
 # NEEDS names targets of optional packages; the test links them, or is left out if one is missing.
 function(vemo_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;INTERNALS" "TIMEOUT"
+  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;INTERNALS;PLAIN" "TIMEOUT"
     "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS;LOCALES;NEEDS")
+  if(arg_PLAIN AND ECM_ENABLE_SANITIZERS)
+    return()
+  endif()
   if(NOT arg_DPI)
     set(arg_DPI 96)
   endif()

@@ -19,7 +19,7 @@ private Q_SLOTS:
 void StyleSectionsTest::aMillionRandomTextsAreCutAsTheRulesSay_data()
 {
     QTest::addColumn<quint32>("seed");
-    for (quint32 seed = 1; seed <= 10; ++seed)
+    for (quint32 seed = 1; seed <= kSeeds; ++seed)
         QTest::addRow("100,000 texts from seed %u", seed) << seed;
 }
 
