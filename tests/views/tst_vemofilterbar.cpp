@@ -23,6 +23,10 @@ struct Filter
     }
     VemoIconButton *button() const { return bar.findChild<VemoIconButton *>(); }
 
+    /// What a user sees of the button. Grabbed by itself, it lies on its palette's window colour,
+    /// and with a style sheet Qt takes that colour from the ":open" rule while the window is active.
+    QImage buttonOnScreen() { return bar.grab(button()->geometry()).toImage(); }
+
     VemoFilterBar bar;
     QSignalSpy keywords {&bar, SIGNAL(sigKeywordChanged(QString))};
 };
@@ -200,15 +204,17 @@ void VemoFilterBarTest::opensItsMenuOnPress()
     const QAction *action = menu.addAction("Documents");
     const QSignalSpy choices(action, SIGNAL(triggered()));
     filter.bar.setMenu(&menu);
-    QTimer::singleShot(0, &menu, [&menu] {
+    QImage during;
+    QTimer::singleShot(0, &menu, [&menu, &filter, &during] {
+        during = filter.buttonOnScreen();
         QTest::keyClick(&menu, Qt::Key_Down);
         QTest::keyClick(&menu, Qt::Key_Return);
     });
-    const qint64 restingPicture = filter.button()->icon().cacheKey();
+    const QImage before = filter.buttonOnScreen();
     QTest::mousePress(filter.button(), Qt::LeftButton);
     QCOMPARE(choices.size(), 1);
-    QCOMPARE(filter.button()->icon().cacheKey(), restingPicture);
-    QVERIFY(!filter.button()->isDown());
+    QVERIFY(during != before);
+    QCOMPARE(filter.buttonOnScreen(), before);
 }
 
 void VemoFilterBarTest::leavesTheMenuToItsOwner()
