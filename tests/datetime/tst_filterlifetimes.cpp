@@ -8,13 +8,19 @@
 #include <vemo/vemocombobox.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemofilterbar.h>
+#include <vemo/vemoiconbutton.h>
+#include <vemo/vemoinputsheet.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemomask.h>
+#include <vemo/vemomessagesheet.h>
 #include <vemo/vemosheet.h>
 #include <vemo/vemotimecombobox.h>
 
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTreeWidget>
 
 namespace {
@@ -109,6 +115,36 @@ QWidget *sheetOverAMask(QWidget *window)
     return sheet;
 }
 
+/// The part of a message sheet of the class Part; its filters are the sheet's and its companion's.
+template <typename Part> QWidget *messageSheetPart(QWidget *window)
+{
+    auto *sheet = new VemoMessageSheet(VemoMessageSheet::ConfirmReset, "Delete it?", window);
+    VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+    return sheet->findChild<Part *>();
+}
+
+QWidget *inputSheetField(QWidget *window)
+{
+    auto *sheet = new VemoInputSheet("A name", window);
+    VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+    return sheet->findChild<QLineEdit *>();
+}
+
+QWidget *siblingUnderAMask(QWidget *window)
+{
+    auto *sibling = new QPushButton("OK", window);
+    VemoMask::createMask(new VemoSheet(window), window, QColor(0, 0, 0, 20));
+    return sibling;
+}
+
+QWidget *iconButtonWithToolTip(QWidget *window)
+{
+    auto *button = new VemoIconButton("bt_pagebar_next");
+    button->setParent(window);
+    button->setToolTip("Next <b>page</b>");
+    return button;
+}
+
 /// The child of the window that a widget lies in.
 QWidget *childOf(const QWidget *window, QWidget *widget)
 {
@@ -155,6 +191,12 @@ void FilterLifetimesTest::aWatchedWidgetMayDieWithTheFocus_data()
         {"filter bar", filterField},
         {"tree, editor", editorInATree},
         {"sheet over a mask", sheetOverAMask},
+        {"message sheet, button", messageSheetPart<QPushButton>},
+        {"message sheet, button box", messageSheetPart<QDialogButtonBox>},
+        {"message sheet, text", messageSheetPart<QLabel>},
+        {"input sheet, field", inputSheetField},
+        {"sibling under a mask", siblingUnderAMask},
+        {"icon button with a tool tip", iconButtonWithToolTip},
     };
     for (const auto &maker : makers) {
         QTest::addRow("%s", maker.first) << maker.second << false;

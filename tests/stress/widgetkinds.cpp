@@ -4,6 +4,7 @@
 #include <vemo/browserwindow.h>
 #include <vemo/clickablelabel.h>
 #include <vemo/filesystemtreewidgetitem.h>
+#include <vemo/helpwindow.h>
 #include <vemo/itemdelegate.h>
 #include <vemo/linklabel.h>
 #include <vemo/vemobutton.h>
@@ -25,15 +26,19 @@
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemopagingmodel.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemosheet.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotimecombobox.h>
 #include <vemo/vemotreewidget.h>
 
 #include <QCalendarWidget>
 #include <QCheckBox>
+#include <QDir>
+#include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QToolButton>
@@ -150,6 +155,38 @@ QWidget *makeInput(QWidget *parent)
     return VemoMask::createMask(sheet, parent, QColor(0, 0, 0, 20));
 }
 
+QWidget *makeSheet(QWidget *parent)
+{
+    auto *sheet = new VemoSheet(parent);
+    auto *layout = new QVBoxLayout(sheet);
+    layout->addWidget(new QPushButton(QStringLiteral("Close")));
+    return VemoMask::createMask(sheet, parent, QColor(0, 0, 0, 20));
+}
+
+QWidget *makeMask(QWidget *parent)
+{
+    auto *label = new QLabel(QStringLiteral("Please wait"), parent);
+    return VemoMask::createMask(label, parent, QColor(0, 0, 0, 20));
+}
+
+/// No knowledge base is set, so that the window shows the local page.
+QWidget *makeHelp(QWidget *parent)
+{
+    static const QTemporaryDir folder;
+    const QString page = folder.path() + QStringLiteral("/enu/page.html");
+    if (!QFile::exists(page)) {
+        QDir(folder.path()).mkdir(QStringLiteral("enu"));
+        QFile file(page);
+        if (file.open(QIODevice::WriteOnly))
+            file.write("<h1>Backup</h1><p><a href='#end'>End</a></p><p><a name='end'>End</a></p>");
+    }
+    HelpContext context;
+    context.lang = QStringLiteral("enu");
+    context.helpPath = folder.path();
+    context.link = QStringLiteral("page.html");
+    return new HelpWindow(context, parent);
+}
+
 QWidget *makeFilter(QWidget *parent)
 {
     auto *bar = new VemoFilterBar(parent);
@@ -202,6 +239,8 @@ std::vector<WidgetKind> buttonsAndLabels()
 std::vector<WidgetKind> composites()
 {
     return {
+        {"VemoSheet", makeSheet, make<QMessageBox>},
+        {"VemoMask", makeMask, make<QMessageBox>},
         {"VemoMessageSheet", makeMessage, make<QMessageBox>},
         {"VemoInputSheet", makeInput, make<QMessageBox>},
         {"VemoCountdownMessageBox", make<VemoCountdownMessageBox>, make<QMessageBox>},
@@ -214,6 +253,7 @@ std::vector<WidgetKind> composites()
         {"VemoDateSelector", make<VemoDateSelector>, makeStockBox},
         {"VemoTimeComboBox", makeBox<VemoTimeComboBox>, makeBox<QComboBox>},
         {"BrowserWindow", make<BrowserWindow>, make<QTextBrowser>},
+        {"HelpWindow", makeHelp, make<QTextBrowser>},
     };
 }
 
