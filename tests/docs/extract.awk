@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
-# Makes one C++ file of the ```cpp blocks of all documentation pages, so that they are compiled: a
-# block with includes stands at file scope, any other becomes a member function of DocHost. Those that
-# neither wait for a user nor change what the process shares are listed as docSnippets, to be run.
+# Writes the ```cpp blocks of all documentation pages into one C++ file, so that they are compiled: a
+# block with includes at file scope, any other as the body of a member function of a class derived from
+# MainWindow. Blocks that neither wait for a user nor change the state of the process are listed in
+# docSnippets and run by the test.
 #
 #     awk -f extract.awk PAGE... > snippets.cpp
 
@@ -31,7 +32,7 @@ FNR == 1 {
   if (isFile)
     files = files "#define main page_main_" count "\n" place body "#undef main\n"
   else {
-    bodies = bodies "struct Page" count " : DocHost\n{\n    void run();\n};\n" \
+    bodies = bodies "struct Page" count " : MainWindow\n{\n    void run();\n};\n" \
       "void Page" count "::run()\n{\n" place body "}\n"
     if (body !~ waits && body !~ shares)
       list = list sprintf("    {\"%s:%d\", [] { Page%d().run(); }},\n", page, line, count)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the code of the documentation stands: inside a member function of a widget of some host.
+// What the code of the documentation is compiled in: a member function of a host's main window.
 #pragma once
 
 #include <vemo/AccessibleFilter>
@@ -47,7 +47,16 @@
 
 #include <vector>
 
-class DocHost : public QWidget
+class CopyJob : public QObject
+{
+    Q_OBJECT
+
+Q_SIGNALS:
+    void finished();
+};
+
+/// Each block is a member function of a class derived from this one.
+class MainWindow : public QWidget
 {
     Q_OBJECT
 
@@ -55,7 +64,7 @@ public:
     QWidget *window = this;
     QWidget *page = new QWidget(this);
     QBoxLayout *layout = new QVBoxLayout(page);
-    QObject *job = nullptr;
+    CopyJob *job = nullptr;
     QtSingleApplication *singleApplication = nullptr;
     QString fileName = QStringLiteral("report.doc");
     QString resources;
@@ -66,18 +75,17 @@ public:
     void deleteIt() { }
     void makeFolder(const QString &) { }
 
-public Q_SLOTS:
-    void slotSave() { }
-    void slotRename() { }
-    void slotFillTable() { }
-    void slotReadAgain() { }
-    void slotKeepChanged(bool) { }
-    void slotUnitChanged(int) { }
-    void slotOpenFolder(QString) { }
-    void slotFilter(QString) { }
-    void slotFilterFrom(QDate) { }
-    void slotDateSelect(QDate) { }
-    void slotShowMenu(QMouseEvent *) { }
+    void save() { }
+    void renameFile() { }
+    void fillTable() { }
+    void readItems() { }
+    void setKeepCopy(bool) { }
+    void setUnit(int) { }
+    void openFolder(const QString &) { }
+    void filterList(const QString &) { }
+    void filterFrom(const QDate &) { }
+    void selectDate(const QDate &) { }
+    void showFolderMenu(QMouseEvent *) { }
 };
 
 /// A block of the documentation's code, named by its page and line.
