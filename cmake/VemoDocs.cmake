@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# The API reference, made by the target "docs" alone: build/PRESET/api/html/index.html, and, for Qt
-# Assistant and Qt Creator and for the references of other projects, vemowidgets.qch and .tags, which
-# are installed where they have been made.
+# The API reference, built only by the target "docs": build/PRESET/api/html/index.html, vemowidgets.qch
+# for Qt Assistant and Qt Creator, and vemowidgets.tags for the references of other projects. The last
+# two are installed if they have been built.
 
 find_package(Doxygen QUIET)
 get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)

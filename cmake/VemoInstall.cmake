@@ -1,13 +1,13 @@
 # SPDX-License-Identifier: MIT
-# What leaves the build tree, in four components: Runtime, Development, Designer and Gallery.
-# The installed folder may be moved as a whole: nothing in it names the prefix.
+# Installation in four components: Runtime, Development, Designer and Gallery.
+# The installed folder may be moved as a whole: no file in it contains the prefix.
 
 include(CMakePackageConfigHelpers)
 
 set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/VemoWidgets)
 set(dataDir ${CMAKE_INSTALL_DATADIR}/vemowidgets)
 
-# Sets OUTVAR to the way from one folder of the installation to another.
+# Sets OUTVAR to the relative path from one folder of the installation to another.
 function(vemo_way_to outVar from to)
   cmake_path(ABSOLUTE_PATH from BASE_DIRECTORY "/prefix")
   cmake_path(ABSOLUTE_PATH to BASE_DIRECTORY "/prefix")
@@ -58,7 +58,7 @@ install(
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets.pri"
   DESTINATION ${dataDir} COMPONENT Development)
 
-# vemo_install_host(TARGET NAME): the program NAME with its entry in the desktop's menu.
+# vemo_install_host(TARGET NAME): installs the program NAME with its desktop entry.
 function(vemo_install_host target name)
   if(NOT TARGET ${target})
     return()
@@ -77,7 +77,7 @@ endfunction()
 vemo_install_host(vemo-gallery vemo-gallery)
 vemo_install_host(filebrowser vemo-filebrowser)
 
-# The plug-in, where the Qt of the same prefix looks for it; elsewhere QT_PLUGIN_PATH names the folder.
+# The plug-in goes where the Qt of the same prefix looks for it; any other Qt needs QT_PLUGIN_PATH.
 if(TARGET VemoDesigner)
   set(pluginDir ${CMAKE_INSTALL_LIBDIR}/qt5/plugins/designer)
   vemo_way_to(libraries ${pluginDir} ${CMAKE_INSTALL_LIBDIR})

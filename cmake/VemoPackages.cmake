@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Debian packages, one for each component; target "package" makes them.
+# Debian packages, one per component, built by the target "package".
 
 set(VEMO_PACKAGE_CONTACT "Vemo Widgets developers <developers@vemo-widgets.example.org>"
   CACHE STRING "Maintainer of the packages")
@@ -61,8 +61,8 @@ endif()
 
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
-# The linker's cache follows by a trigger. The two scripts are named and never written: without their
-# names CPack would add its own, which call ldconfig once more.
+# A trigger updates the linker's cache. The two scripts are named but never written: without their
+# names CPack would add its own, which call ldconfig a second time.
 set(controlFiles "${PROJECT_BINARY_DIR}/debian")
 file(WRITE "${controlFiles}/triggers" "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-# Options, language level, warnings and tools that hold for every target.
+# Options, language level, warnings and tools for every target.
 
-# As part of another project the library takes over that project's settings and leaves none behind:
-# what is set below ends with this project's folder.
+# As part of another project the library uses that project's settings and does not change them:
+# the settings below only apply to this project's folder.
 if(PROJECT_IS_TOP_LEVEL)
   option(BUILD_SHARED_LIBS "Build shared libraries" ON)
 elseif(NOT DEFINED BUILD_SHARED_LIBS)
@@ -11,7 +11,7 @@ endif()
 option(VEMO_INSTALL "Install the library" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_GALLERY "Build the gallery" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_EXAMPLES "Build the examples" ${PROJECT_IS_TOP_LEVEL})
-# A plug-in with a static library in it would start up a second one beside the application's.
+# A plug-in with a static copy of the library would initialise it in addition to the application's copy.
 set(canBuildDesigner OFF)
 if(PROJECT_IS_TOP_LEVEL AND BUILD_SHARED_LIBS)
   find_package(Qt5UiPlugin 5.15 QUIET)
@@ -39,7 +39,7 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_UNITY_BUILD OFF) # Sources share names: each has its constants and helpers to itself.
+set(CMAKE_UNITY_BUILD OFF) # Sources use the same names for their file-local constants and helpers.
 
 add_compile_options(-Wall -Wextra -Wpedantic)
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
@@ -53,7 +53,7 @@ if(ECM_ENABLE_SANITIZERS MATCHES "undefined")
 endif()
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING)
 
-# One compiler cache serves every checkout: paths below the source folder don't count.
+# All checkouts share one compiler cache: paths below the source folder are ignored.
 find_program(VEMO_CCACHE ccache)
 if(PROJECT_IS_TOP_LEVEL AND VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
@@ -61,12 +61,12 @@ if(PROJECT_IS_TOP_LEVEL AND VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     CCACHE_SLOPPINESS=pch_defines,time_macros ${VEMO_CCACHE})
 endif()
 
-# Reads these headers once for all sources of the target, which halves the time of a test's build.
-# For the library itself only with VEMO_PRECOMPILE_QT: without, each file proves that it includes
-# what it uses.
+# Precompiles these headers for all sources of the target, which halves the build time of a test.
+# Applies to the library only with VEMO_PRECOMPILE_QT: by default each of its files must include what
+# it uses.
 function(vemo_precompile_qt target)
   target_precompile_headers(${target} PRIVATE ${ARGN})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(${target} PUBLIC -fpch-preprocess) # asked for by ccache
+    target_compile_options(${target} PUBLIC -fpch-preprocess) # required by ccache
   endif()
 endfunction()

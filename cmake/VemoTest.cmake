@@ -2,16 +2,16 @@
 # vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [DISPLAYS option...] [LOCALES de_DE ...] [TIMEOUT SECONDS]
 #   [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [PLAIN] [NEEDS target...])
 #
-# Builds NAME.cpp and registers it once for each logical dpi, and, with SCALE, once more at the first
-# dpi for each device pixel ratio: the screen is measured once a process, so each needs its own.
-# With X11 it also runs at the first dpi on a real X server with a window manager, and with DISPLAYS
-# on one more for each option of scripts/with-display. LOCALES adds a run at the first dpi for each
-# system locale, which needs not be installed: Qt has its own data. All others run in en_US.
+# Builds NAME.cpp and registers a run for each logical dpi. SCALE adds a run at the first dpi for each
+# device pixel ratio. The screen is measured once per process, so each needs its own run.
+# X11 adds a run at the first dpi on a real X server with a window manager, and DISPLAYS one for each
+# option of scripts/with-display. LOCALES adds a run at the first dpi for each system locale, which need
+# not be installed because Qt has its own data. All other runs use en_US.
 #
-# INTERNALS is for a test that calls what the libraries hide: it links their objects instead of the
-# libraries. None of its LIBRARIES may link these.
-# PLAIN is for a test from which the sanitizers would learn nothing new: it is left out under them.
-# NEEDS names targets of optional packages; the test links them, or is left out if one is missing.
+# INTERNALS is for tests of code that the libraries do not export: it links their object files instead
+# of the libraries. None of the test's LIBRARIES may link the libraries.
+# PLAIN is for tests that are left out under the sanitizers, which would not find anything new in them.
+# NEEDS names targets of optional packages; the test links them, and is left out if one is missing.
 function(vemo_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "X11;INTERNALS;PLAIN" "TIMEOUT"
     "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS;LOCALES;NEEDS")
@@ -38,20 +38,20 @@ function(vemo_add_test name)
   set_target_properties(${name} PROPERTIES VEMO_INTERNALS ${arg_INTERNALS})
   target_link_libraries(${name} PRIVATE VemoTestSupport ${arg_LIBRARIES} ${arg_NEEDS})
   target_precompile_headers(${name} REUSE_FROM VemoTestSupport)
-  # Reading the precompiled headers takes a second, and mostly this file has nothing in it.
+  # Loading the precompiled headers takes a second, and this file is usually empty.
   set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp"
     PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
   foreach(source IN LISTS arg_SOURCES)
     cmake_path(IS_PREFIX PROJECT_SOURCE_DIR "${source}" isElsewhere)
     if(isElsewhere)
-      # Not a test's own: scripts/lint reads it too, and its tools can't read these headers.
+      # A source of the library: the tools of scripts/lint cannot read precompiled headers.
       set_source_files_properties("${source}" PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
     endif()
   endforeach()
 
   list(GET arg_DPI 0 firstDpi)
   if(ECM_ENABLE_SANITIZERS)
-    # What these find depends neither on the screen's factor nor on the locale.
+    # Their findings do not depend on the screen's factor or the locale.
     set(arg_DPI ${firstDpi})
     set(arg_SCALE "")
     set(arg_LOCALES "")
@@ -78,13 +78,13 @@ function(vemo_add_test name)
   endforeach()
 endfunction()
 
-# Registers one run of a test program; uses TIMEOUT of the caller.
-# On X11 it does without OpenGL, whose software driver is unloaded before its leaks can be told, and
-# without Qt's warnings of X errors: they come late, for windows that have gone meanwhile.
+# Registers one run of a test program; uses the caller's TIMEOUT.
+# On X11 OpenGL is disabled, because its software driver is unloaded before its leaks can be identified, and so
+# are Qt's warnings of X errors, which may arrive after their window has been destroyed.
 function(vemo_register_test test dpi scale platform)
   add_test(NAME ${test} COMMAND ${ARGN})
   set_tests_properties(${test} PROPERTIES
-    TIMEOUT ${arg_TIMEOUT} COST ${arg_TIMEOUT} # The longest start first.
+    TIMEOUT ${arg_TIMEOUT} COST ${arg_TIMEOUT} # The longest tests start first.
     ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FONT_DPI=${dpi};QT_SCALE_FACTOR=${scale};QT_STYLE_OVERRIDE=fusion;QT_XCB_GL_INTEGRATION=none;QT_LOGGING_RULES=qt.qpa.xcb.warning=false;LC_ALL=en_US.UTF-8;XDG_RUNTIME_DIR=${PROJECT_BINARY_DIR}/runtime;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0"
     ENVIRONMENT_MODIFICATION "LANGUAGE=unset:;QT_ENABLE_HIGHDPI_SCALING=unset:;QT_AUTO_SCREEN_SCALE_FACTOR=unset:;QT_SCREEN_SCALE_FACTORS=unset:;DISPLAY=unset:")
 endfunction()

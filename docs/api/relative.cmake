@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Takes FOLDER off the paths in FILE: Doxygen writes those of this machine into its tag file.
+# Makes the paths in FILE relative to FOLDER: Doxygen writes absolute paths into its tag file.
 file(READ "${FILE}" text)
 string(REPLACE "${FOLDER}" "" text "${text}")
 file(WRITE "${FILE}" "${text}")
