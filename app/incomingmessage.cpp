@@ -10,9 +10,9 @@
 
 namespace {
 
-constexpr int kReadSize = 64 * 1024; // Bytes read in one event.
-// Milliseconds. Not 0: that would post an event, and a row of posted events counts as one turn of
-// the event loop.
+constexpr int kReadSize = 64 * 1024; // Bytes read per event.
+// Milliseconds. Not 0: that would post an event, and the event loop handles all posted events in a
+// single iteration.
 constexpr int kDecodePause = 1;
 
 } // namespace
@@ -58,7 +58,7 @@ void IncomingMessage::decode()
         QTimer::singleShot(kDecodePause, this, SLOT(decode()));
         return;
     }
-    // Told before the message is handed out: what that sets off may take any time.
+    // Acknowledge first: a slot connected to received() may block.
     m_stream->finish(kMessageAnswer);
     Q_EMIT finished();
     Q_EMIT received(m_reader.text());

@@ -9,25 +9,25 @@
 
 class LocalStream;
 
-/// One connection from its acceptance to the message, or to the reason why there is none.
+/// One accepted connection, until its message has been received or dropped.
 class IncomingMessage : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Takes stream over.
+    /// Takes ownership of stream.
     IncomingMessage(LocalStream *stream, QObject *parent);
     ~IncomingMessage() override;
 
-    /// Gives up, with a warning, where nothing has come for limit milliseconds and nothing waits
-    /// to be read either: our own event loop may have stood still.
+    /// Drops the message with a warning if nothing was received for limit milliseconds. Checks for
+    /// unread data first, since our own event loop may have been blocked.
     void dropIfIdle(int limit);
 
 Q_SIGNALS:
-    /// The connection is over, nothing else will come. Emitted once, before received().
+    /// The connection is closed. Emitted once, before received().
     void finished();
 
-    /// The whole message has come, and the other side has been told.
+    /// The complete message was received and acknowledged.
     void received(const QString &message);
 
 private Q_SLOTS:

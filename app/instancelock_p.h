@@ -6,17 +6,17 @@
 
 #include <memory>
 
-/// An exclusive advisory lock of a whole file, held until release() or the end of the process.
+/// An exclusive advisory lock on a whole file, held until release() or the end of the process.
 ///
-/// The file is made where it is missing, readable and writable by the user alone, and never
-/// removed: a file that nobody removes can't be locked by two processes under one name.
+/// Creates the file if it is missing, readable and writable only by the user, and never removes
+/// it: otherwise two processes could hold locks on different files with the same name.
 class InstanceLock
 {
 public:
     enum Result {
-        Taken, ///< ours, perhaps already before
-        HeldElsewhere, ///< another process has it; ours, where there was one, is given up
-        Refused, ///< the file can't or must not be used: see refusal()
+        Taken, ///< we hold it, possibly since an earlier call
+        HeldElsewhere, ///< another process holds it; a lock of ours is released
+        Refused, ///< the file cannot or must not be used: see refusal()
     };
 
     explicit InstanceLock(const QString &path);
@@ -25,10 +25,10 @@ public:
     Result take();
     void release();
 
-    /// Whether we hold a lock on the very file that stands at the path now.
+    /// Whether we hold a lock on the file that is at the path now.
     bool isHeld() const;
 
-    /// Why the last take() was refused, as the end of a sentence.
+    /// The reason why the last take() was refused, as the end of a sentence.
     QString refusal() const;
 
 private:

@@ -13,11 +13,11 @@
 
 namespace {
 
-// How often a file may be replaced between opening and locking before we take it as contended.
+// How often the file may be replaced between opening and locking before we give up.
 constexpr int kAttempts = 100;
 
-// A lock of the open file conflicts with a lock of a process as two of the same kind do, but isn't
-// lost when other code of this process opens and closes the file.
+// Locks of open files and locks of processes exclude each other, but the former are not lost when
+// other code in this process opens and closes the file.
 #ifdef F_OFD_SETLK
 constexpr int kSetLock = F_OFD_SETLK;
 #else
@@ -40,12 +40,12 @@ struct InstanceLock::Handle
     {
         if (descriptor < 0)
             return;
-        // Closing alone would not do: a process being started may have a copy of the descriptor.
+        // Closing is not enough: a process being started may have a copy of the descriptor.
         setLock(descriptor, F_UNLCK);
         close(descriptor);
     }
 
-    /// Opens the file and makes sure that it is the one which was looked at.
+    /// Opens the file and makes sure that it is the one that was inspected.
     bool open(const QString &path, QString *refusal)
     {
         const OwnFile found = inspectFile(path, OwnFile::Plain);
@@ -63,7 +63,7 @@ struct InstanceLock::Handle
         return true;
     }
 
-    /// Whether path still names the opened file, and that is one we may use.
+    /// Whether path still refers to the opened file, and we may use it.
     bool standsAt(const QString &path, QString *refusal) const
     {
         const OwnFile found = inspectFile(path, OwnFile::Plain);

@@ -10,8 +10,8 @@ struct InstanceLock::Handle
     explicit Handle(HANDLE file) : file(file) { }
     ~Handle()
     {
-        // Closing alone unlocks at a time of the system's choice. No effect on a file that is not
-        // locked.
+        // If the file is only closed, Windows may release the lock later. Unlocking a file that is
+        // not locked has no effect.
         OVERLAPPED start = {};
         UnlockFileEx(file, 0, MAXDWORD, MAXDWORD, &start);
         CloseHandle(file);
@@ -23,7 +23,7 @@ struct InstanceLock::Handle
 
 namespace {
 
-/// Opens path itself, not what a link leads to. Nobody can remove the file while it is open.
+/// Opens path itself, not the target of a link. The file cannot be removed while it is open.
 HANDLE openFile(const QString &path)
 {
     const QString native = QDir::toNativeSeparators(path);
@@ -32,7 +32,7 @@ HANDLE openFile(const QString &path)
         FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
 }
 
-/// The temporary folder is the user's own here: whose the file is need not be asked.
+/// Does not check the owner: on Windows the temporary folder belongs to the user.
 QString refusalOf(HANDLE file)
 {
     BY_HANDLE_FILE_INFORMATION information = {};

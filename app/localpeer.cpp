@@ -133,7 +133,7 @@ void LocalPeer::watchFiles()
         connect(m_watcher.get(),
             SIGNAL(fileChanged(QString)), this, SLOT(restoreFiles()), Qt::QueuedConnection);
     }
-    // Added anew: a watch belongs to a file, not to its name.
+    // Remove and add all watches: a watch refers to a file, not to its name.
     if (m_watcher && !m_watcher->files().isEmpty())
         m_watcher->removePaths(m_watcher->files());
     if (isWorthIt)
@@ -142,8 +142,8 @@ void LocalPeer::watchFiles()
 
 void LocalPeer::restoreFiles()
 {
-    // The call is queued: the role may have been given up since. It is also made for changes that
-    // are no loss, and for our own.
+    // The call is queued, so we may have given up the role since. It is also made for harmless
+    // changes, including our own.
     if (!m_isPrimary || (m_lock.isHeld() && m_receiver.isListening()))
         return;
     isClient();
@@ -160,7 +160,7 @@ bool LocalPeer::sendMessage(const QString &message, int timeout)
                            << "bytes";
         return false;
     }
-    // QDeadlineTimer takes -1 alone for forever; any other negative time-out has expired.
+    // To QDeadlineTimer only -1 means forever; any other negative time-out has already expired.
     const QDeadlineTimer deadline(std::max(timeout, -1));
     QLocalSocket socket;
     return reach(&socket, deadline) && writeAll(&socket, bytes, deadline)
@@ -180,7 +180,7 @@ bool LocalPeer::reach(QLocalSocket *socket, const QDeadlineTimer &deadline)
             return LocalTransport::isOwnUser(*socket);
         if (deadline.hasExpired())
             return false;
-        // The primary instance has the lock but isn't there yet, or puts its socket back.
+        // The primary instance has the lock but does not listen yet, or is restoring its socket.
         QThread::msleep(kRetryPause);
         if (!isClient())
             return false;
@@ -189,7 +189,7 @@ bool LocalPeer::reach(QLocalSocket *socket, const QDeadlineTimer &deadline)
 
 void LocalPeer::unlock()
 {
-    // Before the lock: from then on the socket is the next primary instance's.
+    // Before releasing the lock: after that the socket belongs to the next primary instance.
     m_receiver.stop(m_lock.isHeld() ? LocalListener::RemoveFile : LocalListener::KeepFile);
     watchFiles();
     m_lock.release();

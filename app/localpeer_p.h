@@ -14,29 +14,29 @@ class QLocalSocket;
 /// One process among those of an application: the primary instance, which holds the lock and
 /// receives messages, or another one, which sends them.
 ///
-/// Who removes the primary's files while it runs, such as a cleaner of temporary folders, makes it
-/// put them back, unless a new process was faster: then that one is primary.
+/// If the primary's files are removed while it runs, for example by a cleaner of temporary folders,
+/// it restores them, unless a new process was faster: that process is then primary.
 class LocalPeer : public QObject
 {
     Q_OBJECT
 
 public:
-    /// An empty id stands for the application's file path.
+    /// An empty id means the application's file path.
     explicit LocalPeer(const QString &id);
     ~LocalPeer() override;
 
     QString id() const { return m_id; }
     QString socketName() const { return m_socketName; }
 
-    /// Whether another process is the primary instance; where none is, this one becomes it. Also
-    /// false where the lock can't be used: an application starts all the same.
+    /// Whether another process is the primary instance; if there is none, this process becomes it.
+    /// Also false if the lock cannot be used, so that the application starts nevertheless.
     bool isClient();
 
-    /// Blocks until the primary instance has the whole message, for timeout milliseconds at most,
-    /// or forever if that is negative.
+    /// Blocks until the primary instance has received the whole message, for at most timeout
+    /// milliseconds, or forever if timeout is negative.
     bool sendMessage(const QString &message, int timeout);
 
-    /// Gives the primary role up; whoever asks next gets it.
+    /// Gives up the primary role; the next process that asks for it gets it.
     void unlock();
 
 Q_SIGNALS:

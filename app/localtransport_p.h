@@ -19,57 +19,57 @@ public:
     explicit LocalStream(std::unique_ptr<Handle> handle);
     ~LocalStream() override;
 
-    /// Reads what has come, at most size bytes: how many, 0 when there is nothing yet, -1 when the
-    /// other side has closed the connection.
+    /// Reads at most size of the bytes received so far. Returns their number, 0 if there are none
+    /// yet, or -1 if the other side has closed the connection.
     int read(char *bytes, int size);
 
-    /// Ends readyRead().
+    /// Stops emitting readyRead().
     void stopReading();
 
-    /// Writes a few bytes, and closes the connection once they are on their way.
+    /// Writes a few bytes, and closes the connection when they have been sent.
     void finish(const QByteArray &bytes);
 
     /// Closes the connection. Idempotent.
     void close();
 
 Q_SIGNALS:
-    /// There is something to read, or the other side has closed the connection.
+    /// There is data to read, or the other side has closed the connection.
     void readyRead();
 
 private:
     std::unique_ptr<Handle> m_handle;
 };
 
-/// Waits at an address for other processes of the same user.
+/// Accepts connections from other processes of the same user at an address.
 class LocalListener : public QObject
 {
     Q_OBJECT
 
 public:
     enum CloseMode {
-        RemoveFile, ///< for the holder of the instance lock only: nobody else may listen there now
+        RemoveFile, ///< only if we hold the instance lock, so that no one else listens there
         KeepFile,
     };
 
     LocalListener();
-    /// Closes, and leaves the file.
+    /// Closes the socket but keeps its file.
     ~LocalListener() override;
 
-    /// Starts to wait, in place of a socket that a dead process has left, or of an ordinary file of
-    /// the user's. False where the address
-    /// can't or must not be used; refusal then says why, as the end of a sentence.
+    /// Starts to listen. Replaces a socket left by a dead process, and a regular file owned by the
+    /// user. Returns false if the address cannot or must not be used; refusal is then the reason,
+    /// as the end of a sentence.
     bool listen(const QString &address, QString *refusal);
 
-    /// Whether we are the one that is reached at the address now.
+    /// Whether a connection to the address would reach us.
     bool isListening() const;
 
-    /// Leaves who comes from now on waiting outside.
+    /// While paused, new connections wait in the backlog.
     void setPaused(bool paused);
 
     void close(CloseMode mode);
 
 Q_SIGNALS:
-    /// The receiver owns stream from now on.
+    /// The receiver takes ownership of stream.
     void streamOpened(LocalStream *stream);
 
 private Q_SLOTS:
@@ -86,22 +86,22 @@ private:
 
 namespace LocalTransport {
 
-/// What an id that nobody chose is: the application's file path.
+/// The id if none was given: the application's file path.
 QString defaultId();
 
-/// The number that sets the instances of different users, or sessions, apart.
+/// A number that distinguishes the instances of different users or sessions.
 quint32 userNumber();
 
-/// Where the socket of a name is, folder included where the platform has one for it.
+/// The address of a socket name, including its folder on platforms that use one.
 QString addressOf(const QString &socketName);
 
-/// Why no message may be sent to address, as the end of a sentence; empty where it may.
+/// The reason why no message may be sent to address, as the end of a sentence; empty if it may.
 QString refusalOf(const QString &address);
 
-/// Whether a connected socket's other side belongs to this user.
+/// Whether the process at the other end of a connected socket belongs to this user.
 bool isOwnUser(const QLocalSocket &socket);
 
-/// Those files of a primary instance that others may remove while it runs.
+/// The files of a primary instance that others may remove while it runs.
 QStringList removableFiles(const QString &address, const QString &lockPath);
 
 } // namespace LocalTransport

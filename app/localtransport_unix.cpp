@@ -25,9 +25,9 @@
 namespace {
 
 constexpr int kAcceptsPerEvent = 16;
-constexpr int kAcceptPause = 100; // Milliseconds, when the process has no descriptor left.
+constexpr int kAcceptPause = 100; // Milliseconds, if the process has no file descriptor left.
 
-/// A file descriptor that is closed with its holder.
+/// A file descriptor that is closed by its destructor.
 class Descriptor
 {
 public:
@@ -48,8 +48,8 @@ private:
     int m_number;
 };
 
-/// A name beside address that nobody can foresee and that is shorter, so that it fits where
-/// address fits.
+/// An unpredictable name in the folder of address. It is shorter than address, so that it does not
+/// exceed the maximum length either.
 QByteArray privateNameBeside(const QString &address)
 {
     const QString name = QStringLiteral(".q%1").arg(QRandomGenerator::system()->generate(), 8, 16);
@@ -68,8 +68,8 @@ bool bindTo(int descriptor, const QByteArray &path)
     return bind(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) == 0;
 }
 
-/// Binds and listens under a private name first: at the address itself the socket appears in one
-/// step, with its permissions, and already answering.
+/// Binds and listens under a private name first, so that the socket appears at the address in one
+/// step, with its permissions set and already accepting connections.
 bool publish(int descriptor, const QString &address)
 {
     const QByteArray target = QFile::encodeName(address);
@@ -99,7 +99,7 @@ struct LocalStream::Handle
     }
 
     Descriptor descriptor;
-    QSocketNotifier notifier; // Goes before the descriptor that it watches.
+    QSocketNotifier notifier; // Destroyed before the descriptor that it watches.
 };
 
 LocalStream::LocalStream(std::unique_ptr<Handle> handle) : m_handle(std::move(handle))
@@ -128,7 +128,7 @@ void LocalStream::stopReading()
 
 void LocalStream::finish(const QByteArray &bytes)
 {
-    // A few bytes always find room: nothing was written on this connection before.
+    // The buffer always has room for a few bytes: nothing was written to this connection before.
     if (m_handle->descriptor.isOpen())
         send(m_handle->descriptor.number(), bytes.constData(), size_t(bytes.size()), MSG_NOSIGNAL);
     close();
@@ -138,9 +138,9 @@ void LocalStream::close()
 {
     if (!m_handle->descriptor.isOpen())
         return;
-    // The notifier itself may be what calls us: it stays.
+    // Only disabled, not deleted: the notifier itself may be calling us.
     m_handle->notifier.setEnabled(false);
-    // Shut down for all who may have a copy of the descriptor, such as a process being started.
+    // Closing is not enough: a process being started may have a copy of the descriptor.
     shutdown(m_handle->descriptor.number(), SHUT_RDWR);
     m_handle->descriptor.close();
 }

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int kAnswerPatience = 5000; // Milliseconds for the other side to fetch our answer.
+constexpr int kAnswerPatience = 5000; // Milliseconds for the other side to read our answer.
 
 struct HandleCloser
 {
@@ -23,7 +23,7 @@ struct HandleCloser
 };
 using OwnedHandle = std::unique_ptr<std::remove_pointer_t<HANDLE>, HandleCloser>;
 
-/// The TOKEN_USER of a process; empty where it can't be asked.
+/// The TOKEN_USER of a process; empty if it cannot be queried.
 std::vector<char> userOf(HANDLE process)
 {
     HANDLE token = nullptr;
@@ -59,7 +59,7 @@ LocalStream::LocalStream(std::unique_ptr<Handle> handle) : m_handle(std::move(ha
     socket->setReadBufferSize(64 * 1024);
     connect(socket, SIGNAL(readyRead()), this, SIGNAL(readyRead()));
     connect(socket, SIGNAL(disconnected()), this, SIGNAL(readyRead()));
-    // What came before we listened to its signals.
+    // For data that arrived before we connected to the signals.
     QMetaObject::invokeMethod(this, "readyRead", Qt::QueuedConnection);
 }
 
@@ -77,7 +77,7 @@ int LocalStream::read(char *bytes, int size)
     const bool isOver = socket.state() != QLocalSocket::ConnectedState;
     if (count <= 0)
         return isOver ? -1 : 0;
-    // The socket signals what comes, not what is left.
+    // The socket signals new data, but not remaining data.
     if (socket.bytesAvailable() > 0 || isOver)
         QMetaObject::invokeMethod(this, "readyRead", Qt::QueuedConnection);
     return count;
@@ -93,7 +93,7 @@ void LocalStream::finish(const QByteArray &bytes)
 {
     if (!m_handle)
         return;
-    // A pipe that is closed forgets what the other side has not read: it stays until then.
+    // Closing a pipe discards data that the other side has not read, so it stays open until then.
     QLocalSocket *socket = m_handle->socket.release();
     m_handle.reset();
     socket->disconnect(this);
@@ -107,7 +107,7 @@ void LocalStream::close()
 {
     if (!m_handle)
         return;
-    // The socket itself may be what calls us: it goes later.
+    // Deleted later, because the socket itself may be calling us.
     QLocalSocket *socket = m_handle->socket.release();
     m_handle.reset();
     socket->disconnect(this);

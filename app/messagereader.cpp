@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kHeaderSize = sizeof(quint32);
 constexpr int kChunkSize = 64 * 1024;
-constexpr int kGrowth = 256; // Bytes taken at least, when a message comes in small pieces.
+constexpr int kMinGrowth = 256; // Bytes, for messages that arrive in small pieces.
 constexpr size_t kChunksPerStep = 16;
 
 } // namespace
@@ -47,9 +47,9 @@ void MessageReader::takeBody(const char *bytes, int count)
             m_chunks.emplace_back();
         QByteArray &chunk = m_chunks.back();
         const int part = std::min(count, kChunkSize - chunk.size());
-        // An array that grows on its own would double.
+        // Left to itself, QByteArray would double its capacity.
         if (chunk.capacity() < chunk.size() + part)
-            chunk.reserve(std::min(kChunkSize, chunk.size() + std::max(part, kGrowth)));
+            chunk.reserve(std::min(kChunkSize, chunk.size() + std::max(part, kMinGrowth)));
         chunk.append(bytes, part);
         bytes += part;
         count -= part;
@@ -60,7 +60,7 @@ void MessageReader::takeBody(const char *bytes, int count)
 bool MessageReader::decodeSome()
 {
     if (!m_decoder) {
-        // A byte order mark at the beginning is part of the message.
+        // A byte order mark at the start is part of the message.
         m_decoder.reset(QTextCodec::codecForName("UTF-8")->makeDecoder(QTextCodec::IgnoreHeader));
         m_text.reserve(int(m_received));
     }

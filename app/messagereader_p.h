@@ -10,14 +10,14 @@
 
 class QTextDecoder;
 
-/// What the sender of a message is told when all of it has come.
+/// Sent back to the sender when the whole message has been received.
 constexpr char kMessageAnswer[] = "ack";
 
-/// Puts one message together from the bytes of a connection: a big-endian 32-bit count and that
+/// Assembles a message from the bytes of a connection: a big-endian 32-bit count followed by that
 /// many bytes of UTF-8.
 ///
-/// It takes memory for what has come, not for what is announced, and turns a long message into
-/// text in steps, so that none of them takes long.
+/// Allocates memory for the bytes received, not for the announced count, and decodes long messages
+/// in several short steps.
 class MessageReader
 {
 public:
@@ -27,10 +27,10 @@ public:
     MessageReader();
     ~MessageReader();
 
-    /// Adds bytes; what comes after the message is left out.
+    /// Adds bytes; bytes after the end of the message are ignored.
     State take(const char *bytes, int count);
 
-    /// Decodes a part of a received message; true when text() is the whole of it.
+    /// Decodes a part of a received message. Returns true when text() is complete.
     bool decodeSome();
     QString text() const { return m_text; }
 

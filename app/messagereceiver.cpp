@@ -7,10 +7,10 @@
 
 namespace {
 
-constexpr int kMaxConnections = 400; // Leaves the host most of the usual 1024 descriptors.
+constexpr int kMaxConnections = 400; // Leaves most of the usual 1024 file descriptors to the host.
 constexpr int kIdleLimit = 5000; // Milliseconds.
-// Milliseconds; holds while kMaxConnections are open and others wait outside, so that a crowd of
-// silent ones can't keep a talking one out until it gives up.
+// Milliseconds. Applies while kMaxConnections are open and others wait in the backlog, so that many
+// silent senders cannot block an active one until it times out.
 constexpr int kCrowdedIdleLimit = 1500;
 constexpr int kIdleCheckInterval = 250; // Milliseconds.
 
@@ -36,7 +36,7 @@ bool MessageReceiver::listen(const QString &address, QString *refusal)
 void MessageReceiver::stop(LocalListener::CloseMode mode)
 {
     m_listener.close(mode);
-    // None of them is in the middle of a call to us: they leave the list before they hand out.
+    // Safe: finished messages leave the list before they emit received().
     qDeleteAll(m_messages);
     m_messages.clear();
     m_idleCheck.stop();
@@ -61,7 +61,7 @@ void MessageReceiver::removeFinished()
 
 void MessageReceiver::dropIdle()
 {
-    // A message that turns out to be whole may set off anything, this object's end included.
+    // A message that turns out to be complete may trigger anything, even our own deletion.
     const QPointer<MessageReceiver> self(this);
     const int limit = isCrowded() ? kCrowdedIdleLimit : kIdleLimit;
     QVector<QPointer<IncomingMessage>> messages;

@@ -9,7 +9,7 @@
 
 class IncomingMessage;
 
-/// Receives the messages of other instances, many at once, without waiting for any of them.
+/// Receives the messages of other instances, many at a time, without blocking.
 class MessageReceiver : public QObject
 {
     Q_OBJECT
@@ -18,12 +18,12 @@ public:
     MessageReceiver();
     ~MessageReceiver() override;
 
-    /// See LocalListener. Messages that are on their way survive a second listen().
+    /// See LocalListener. A second call keeps the messages being received.
     bool listen(const QString &address, QString *refusal);
     bool isListening() const { return m_listener.isListening(); }
 
-    /// Closes, and drops the messages that are on their way: their senders know that they were not
-    /// received, and may look for the next primary instance.
+    /// Closes the listener and drops the messages being received: they are not acknowledged, so
+    /// their senders can look for the next primary instance.
     void stop(LocalListener::CloseMode mode);
 
 Q_SIGNALS:

@@ -16,7 +16,7 @@ QString refusalOf(const struct stat &status, OwnFile::Kind kind)
         return QStringLiteral("it is a symbolic link");
     if (kind == OwnFile::Plain && !S_ISREG(status.st_mode))
         return QStringLiteral("it is not a file");
-    // An ordinary file is as good as a socket that nobody listens at: the next one replaces it.
+    // A regular file is treated like a socket without a listener: the next listener replaces it.
     if (kind == OwnFile::Socket && !S_ISSOCK(status.st_mode) && !S_ISREG(status.st_mode))
         return QStringLiteral("it is not a socket");
     if (status.st_uid != geteuid())

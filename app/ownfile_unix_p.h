@@ -6,7 +6,7 @@
 
 struct stat;
 
-/// A file by what it is, not by its name: a path may come to mean another file.
+/// Identifies a file itself, since its path may later refer to another file.
 struct FileIdentity
 {
     quint64 device = 0;
@@ -18,20 +18,20 @@ struct FileIdentity
     }
 };
 
-/// What stands at a path, and whether we may use it.
+/// The file at a path, and whether we may use it.
 struct OwnFile
 {
     enum Kind { Plain, Socket };
 
     bool exists = false;
     FileIdentity identity;
-    QString refusal; ///< why it must not be used, as the end of a sentence; empty where it may
+    QString refusal; ///< why it must not be used, as the end of a sentence; empty if it may
 };
 
-/// Looks at path itself, never through a symbolic link. A path with nothing there is not refused.
+/// Inspects path itself and does not follow symbolic links. A missing file is not refused.
 OwnFile inspectFile(const QString &path, OwnFile::Kind kind);
 
 FileIdentity identityOf(const struct stat &status);
 
-/// The last system call's error in words.
+/// The error message of the last system call.
 QString systemError();

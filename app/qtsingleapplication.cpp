@@ -9,8 +9,9 @@ namespace {
 
 const char kPlatformVariable[] = "QT_QPA_PLATFORM";
 
-/// Names platforms that need no screen, where none is wanted, while the application is built; the
-/// processes that it starts later find the environment as it was.
+/// If no screen is wanted, selects a platform that needs none while QApplication is constructed.
+/// QApplication reads the platform from the environment; the destructor restores the variable, so
+/// that processes started later see its original value.
 class PlatformChoice
 {
 public:
@@ -22,7 +23,7 @@ public:
             return;
         QByteArray platforms("offscreen;minimal");
         if (!m_named.isEmpty())
-            platforms += ';' + m_named; // Last, for installations that have neither.
+            platforms += ';' + m_named; // Last, for installations without the other two.
         qputenv(kPlatformVariable, platforms);
     }
     ~PlatformChoice()
@@ -34,7 +35,8 @@ public:
     }
     Q_DISABLE_COPY(PlatformChoice)
 
-    /// Lets a choice live as long as the constructor call that argc is handed to.
+    /// Returns argc unchanged. A temporary whose pass() is an argument of a base class constructor
+    /// lives until that constructor returns.
     int &pass(int &argc) const { return argc; }
 
 private:

@@ -16,20 +16,20 @@
 namespace {
 
 constexpr double kDesignDpi = 96.0;
-// Beyond it the length of the result might not fit into an int. Four times the longest style file.
+// For longer sheets the length of the result might overflow an int. Four times the longest style file.
 constexpr int kMaxSheet = 64 * 1024 * 1024;
-constexpr int kRescanStep = 3; // Characters from the start of a number to where the search goes on.
+constexpr int kRescanStep = 3; // Characters from the start of a number to where the scan continues.
 
 bool isDigit(QChar c)
 {
     return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
-/// A number directly in front of "px": digits, perhaps a point and more digits.
+/// A number directly before "px": digits, optionally followed by a point and more digits.
 struct Length
 {
     int start; ///< first digit
-    int unit; ///< where "px" begins
+    int unit; ///< start of "px"
 
     int end() const { return unit + 2; }
 };
@@ -70,15 +70,16 @@ Lengths allLengths(const QString &sheet)
     return lengths;
 }
 
-/// How many numbers the lengths count as at most, each of them again by its tails.
-int mostNumbers(const Lengths &lengths)
+/// Upper bound of the numbers that the scan finds: one per length, and one for each tail of a length
+/// that is scanned again.
+int maxNumbers(const Lengths &lengths)
 {
     return std::accumulate(lengths.begin(), lengths.end(), 0, [](int sum, const Length &length) {
         return sum + 1 + (length.unit - length.start) / kRescanStep;
     });
 }
 
-/// Reads the numbers that begin at ever later places of one length, in linear time altogether.
+/// Reads the numbers that start at increasing positions of one length, in linear time overall.
 class NumberReader
 {
 public:
@@ -103,7 +104,7 @@ public:
         return m_number;
     }
 
-    /// Where the search goes on behind the start of a number; -1 when there is no digit left.
+    /// Where the scan continues after the number that begins at start; -1 if no digit is left.
     int startAfter(int start) const
     {
         const int next = start + kRescanStep;
@@ -112,14 +113,14 @@ public:
     }
 
 private:
-    // A whole number of 15 digits and a power of ten up to 22 are exact doubles, so is their
-    // quotient rounded just as text would be.
+    // Integers with 15 digits and powers of ten up to 22 are exact doubles, so their quotient is
+    // rounded like the parsed text.
     static constexpr int kExactDigits = 15;
 
     double number() const
     {
         if (m_point - m_digit > kExactDigits)
-            return std::numeric_limits<double>::infinity(); // Beyond any int, whatever the factor.
+            return std::numeric_limits<double>::infinity(); // Exceeds int with any factor.
         return m_unit - m_digit <= kExactDigits
             ? exactNumber()
             : m_sheet.midRef(m_digit, m_unit - m_digit).toDouble();
@@ -144,19 +145,19 @@ private:
 
     const QString &m_sheet;
     const int m_unit;
-    int m_lengthPoint; ///< the point in the length, or where "px" begins
-    // The number read last: a later place in front of the same digits needs no reading again.
-    int m_digit = -1; ///< its first digit but zeros
-    int m_point = -1; ///< its point, or where "px" begins
+    int m_lengthPoint; ///< the point in the length, or the start of "px"
+    // The last number: it is reused if a later position leads to the same digits.
+    int m_digit = -1; ///< its first non-zero digit
+    int m_point = -1; ///< its point, or the start of "px"
     double m_number = 0;
 };
 
-/// Writes into a string that is long enough from the start.
+/// Writes into a string that is allocated once with its maximum length.
 class Writer
 {
 public:
-    explicit Writer(int mostCharacters)
-        : m_text(mostCharacters, Qt::Uninitialized), m_end(m_text.data())
+    explicit Writer(int maxCharacters)
+        : m_text(maxCharacters, Qt::Uninitialized), m_end(m_text.data())
     {
     }
 
@@ -164,8 +165,8 @@ public:
 
     void appendPixels(int pixels)
     {
-        char digits[kLongestPixels] = {};
-        const char *end = std::to_chars(digits, digits + kLongestPixels, pixels).ptr;
+        char digits[kMaxPixelsText] = {};
+        const char *end = std::to_chars(digits, digits + kMaxPixelsText, pixels).ptr;
         for (const char *digit = digits; digit != end; ++digit)
             *m_end++ = QLatin1Char(*digit);
         *m_end++ = QLatin1Char('p');
@@ -178,14 +179,14 @@ public:
         return m_text;
     }
 
-    static constexpr int kLongestPixels = 13; ///< the lowest int and "px"
+    static constexpr int kMaxPixelsText = 13; ///< length of the lowest int with "px"
 
 private:
     QString m_text;
     QChar *m_end;
 };
 
-/// Hands out the pieces of a sheet between its lengths, one after the other.
+/// Appends the pieces of a sheet between its lengths, one per call.
 class Pieces
 {
 public:
@@ -225,18 +226,18 @@ DPIinfo::DPIinfo()
 
 QString DPIinfo::getScaledStyleSheet(QString sheet) const
 {
-    // A number for every three characters is the most that there can be.
-    static_assert(std::numeric_limits<int>::max() / (kRescanStep + Writer::kLongestPixels)
+    // There is at most one number for every three characters.
+    static_assert(std::numeric_limits<int>::max() / (kRescanStep + Writer::kMaxPixelsText)
         > kMaxSheet / kRescanStep);
     if (sheet.size() > kMaxSheet || !isWellFormed(sheet))
         return sheet;
     const Lengths lengths = allLengths(sheet);
     Pieces pieces(sheet, lengths);
-    Writer result(sheet.size() + mostNumbers(lengths) * Writer::kLongestPixels);
+    Writer result(sheet.size() + maxNumbers(lengths) * Writer::kMaxPixelsText);
     for (const Length &length : lengths) {
         NumberReader reader(sheet, length);
-        // Deliberate: the search goes on a step after the start of a length, not after its end, so
-        // that a longer one counts again by its tail and takes a piece of its own.
+        // Deliberate: the scan continues a step after the start of a length, not after its end, so
+        // the tail of a longer one is scaled again and uses up a piece of its own.
         for (int start = length.start; start >= 0;) {
             pieces.appendNext(result);
             result.appendPixels(truncToInt(reader.numberFrom(start) * m_dpi));

@@ -18,7 +18,8 @@ std::filesystem::path nativePath(const QString &path)
         return QFile::encodeName(path).toStdString();
 }
 
-/// Writes bytes beside path, as a file with the usual permissions, and renames it.
+/// Writes bytes to a temporary file in the folder of path, with the usual permissions, and renames
+/// it to path.
 bool writeBeside(const QString &path, const QByteArray &bytes)
 {
     const QString suffix = QStringLiteral(".%1").arg(QRandomGenerator::system()->generate(), 8, 16);
@@ -46,7 +47,7 @@ void replaceFile(const QString &path, const QByteArray &bytes)
 {
     const QFileInfo target(path);
     QFile file(path);
-    // Only opening tells whether it may be written; appending leaves its content alone.
+    // The only way to find out whether it is writable is to open it; appending keeps its content.
     const bool isProtected = target.isFile() && !file.open(QIODevice::Append);
     file.close();
     if (isProtected || writeBeside(path, bytes))

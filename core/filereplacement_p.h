@@ -5,11 +5,11 @@
 #include <QByteArray>
 #include <QString>
 
-/// Gives the file from the name to, in one step. A link or a pipe of that name is replaced, never
-/// followed. False if that can't be done, such as over a folder.
+/// Renames the file from to the name to, in one step. A link or a pipe with that name is replaced,
+/// not followed. Returns false on failure, for example if there is a folder with that name.
 bool renameOver(const QString &from, const QString &to);
 
-/// Makes bytes the content of the file path, in one step where the folder allows that: whoever
-/// reads it in the meantime gets the old content or the new one. A file that may not be written
-/// stays as it is. If writing fails, as on a full disk, the file is empty or absent afterwards.
+/// Replaces the content of the file path by bytes, in one step if the folder allows it: readers
+/// see either the old content or the new one. A write-protected file is not changed. If writing
+/// fails, for example on a full disk, the file is empty or missing afterwards.
 void replaceFile(const QString &path, const QByteArray &bytes);

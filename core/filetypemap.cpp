@@ -11,7 +11,7 @@ struct BuiltInType
     const char *extensions;
 };
 
-// A later row wins: "ac3" is video.
+// Later rows override earlier ones: "ac3" is video.
 constexpr BuiltInType kBuiltInTypes[] = {
     {"acc",
         "acc ade adp adn accdr accdb accdt mdb mda mdn mdt mdw mdf mde accde mam "

@@ -4,7 +4,7 @@
 
 #include <QLoggingCategory>
 
-/// The one category of all that the library says: "debug.message".
+/// The library's only logging category: "debug.message".
 inline const QLoggingCategory &vemoLog()
 {
     static const QLoggingCategory category("debug.message");

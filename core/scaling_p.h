@@ -7,7 +7,7 @@
 #include <cmath>
 #include <limits>
 
-/// value without its fraction; the nearest int where it lies beyond one, 0 for not-a-number.
+/// value truncated toward zero and clamped to the range of int; 0 for NaN.
 inline int truncToInt(double value)
 {
     constexpr double lowest = std::numeric_limits<int>::min();

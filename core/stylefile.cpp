@@ -9,15 +9,15 @@ namespace {
 
 constexpr QChar kLineBreak = QLatin1Char('\n');
 
-/// Where the line around from ends: behind its line break, or at the end of text.
-int behindLine(const QString &text, int from)
+/// The end of the line that contains from: after its line break, or the end of text.
+int endOfLine(const QString &text, int from)
 {
     const int lineBreak = text.indexOf(kLineBreak, from);
     return lineBreak < 0 ? text.size() : lineBreak + 1;
 }
 
-/// Where placeholder is next, from on; -1 for nowhere. Looks for its "G" first, which style files
-/// hardly have elsewhere: one character is found much faster than a word.
+/// The position of the next placeholder at or after from; -1 if there is none. Searches for its "G"
+/// first, which is rare in style files: a single character is found much faster than a word.
 int indexOfPlaceholder(const QString &text, QLatin1String placeholder, int from)
 {
     constexpr QLatin1Char rare('G');
@@ -29,7 +29,7 @@ int indexOfPlaceholder(const QString &text, QLatin1String placeholder, int from)
     return -1;
 }
 
-/// Removes what stands between "/" + second and the next closer on the same line, both included.
+/// Removes everything from "/" + second to the next closer on the same line, inclusive.
 void removeRuns(QString &text, QChar second, QStringView closer)
 {
     QChar *const start = text.data();
@@ -41,9 +41,9 @@ void removeRuns(QString &text, QChar second, QStringView closer)
     while (slash >= 0 && slash + 1 < text.size()) {
         int next = slash + 1;
         if (start[next] == second) {
-            // Once a line, however many comments are on it.
+            // Only searched once per line, even if it has many comments.
             if (lineEnd <= slash)
-                lineEnd = behindLine(text, slash);
+                lineEnd = endOfLine(text, slash);
             const QChar *found =
                 std::search(start + slash + 2, start + lineEnd, closer.begin(), closer.end());
             next = lineEnd;
@@ -59,10 +59,10 @@ void removeRuns(QString &text, QChar second, QStringView closer)
     text.truncate(static_cast<int>(kept - start));
 }
 
-/// text with "\n" behind every line, the last one too.
+/// Makes sure that every line of text ends with "\n", including the last one.
 QString withLineBreaks(QString text)
 {
-    // Files are read without any "\r"; only a folder's name can bring one.
+    // Files are read without any "\r"; only the name of a folder can contain one.
     if (text.contains(QLatin1Char('\r')))
         text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     if (text.endsWith(QLatin1Char('\r')))
@@ -104,7 +104,8 @@ QString withoutComments(QString text)
 {
     if (!isWellFormed(text))
         return text;
-    // In this order: "/", a slash-star comment and "/" leave a "//" behind, which is a comment too.
+    // In this order: if a slash-star comment between two slashes is removed, the remaining "//"
+    // starts a comment as well.
     removeRuns(text, QLatin1Char('*'), u"*/");
     removeRuns(text, QLatin1Char('/'), u"\n");
     return text;
@@ -116,33 +117,33 @@ void storeSections(QString text, std::map<QString, QString> &sections)
     QString key;
     QString section;
     int sectionStart = 0;
-    const auto takeLinesUpTo = [&](int end) {
+    const auto appendLinesUpTo = [&](int end) {
         if (end == sectionStart)
             return;
-        // Only the first time: to grow a carried text by just what is added would copy it each time.
+        // Only for a new section: reserving exactly what is added would copy longer texts each time.
         if (section.isEmpty())
             section.reserve(1 + end - sectionStart);
         section.append(kLineBreak);
         section.append(lines.constData() + sectionStart, end - 1 - sectionStart);
     };
     const auto store = [&] {
-        // Deliberate: text before the first header, or under an empty key, goes in front of the
-        // next section.
+        // Deliberate: text before the first header, or under an empty key, is added to the start of
+        // the next section.
         if (key.isEmpty())
             return;
         sections[key] = section;
         section.clear();
     };
     for (int lineStart = 0, nextLine = 0; lineStart < lines.size(); lineStart = nextLine) {
-        nextLine = behindLine(lines, lineStart);
+        nextLine = endOfLine(lines, lineStart);
         const QStringView line = QStringView(lines).mid(lineStart, nextLine - 1 - lineStart);
         if (!isHeader(line))
             continue;
-        takeLinesUpTo(lineStart);
+        appendLinesUpTo(lineStart);
         store();
         key = keyOf(line);
         sectionStart = nextLine;
     }
-    takeLinesUpTo(lines.size());
+    appendLinesUpTo(lines.size());
     store();
 }

@@ -6,13 +6,14 @@
 
 #include <map>
 
-/// text with folder in the place of every placeholder, which is a word with a "G".
+/// Replaces every placeholder in text by folder. The placeholder must contain a "G", for which the
+/// text is searched first.
 QString withFolder(const QString &text, QLatin1String placeholder, const QString &folder);
 
-/// text without its comments: first each slash-star comment that ends on its own line, then each
-/// "//" comment together with its line break.
+/// Removes the comments from text: first each slash-star comment that ends on the line where it
+/// starts, then each "//" comment including its line break.
 QString withoutComments(QString text);
 
-/// Cuts text at its header lines ("== key ==") and stores the sections, each beginning with a line
-/// break, under their keys.
+/// Splits text at its header lines ("== key ==") and stores the sections under their keys. Each
+/// section begins with a line break.
 void storeSections(QString text, std::map<QString, QString> &sections);

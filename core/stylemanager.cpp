@@ -20,15 +20,15 @@ void StyleManager::initialize(const std::vector<QString> &paths)
 {
     QString text;
     for (const QString &path : paths) {
-        // Deliberate: a file that can't be opened leaves only its line break, and no warning.
+        // Deliberate: a file that cannot be opened adds only its line break and logs no warning.
         const QFileInfo file(path);
-        // A folder does exist: like a file that may not be read, it counts as an empty one.
+        // A folder exists, so it counts as an empty file, like a file without read permission.
         if (file.exists() && (isResourceFile(file, kMaxTextBytes) || file.isDir()))
             text.append(textOfResource(path)).append(QLatin1Char('\n'));
         else
             qCWarning(vemoLog) << "file" << path << "not exist";
     }
-    // "TMPIMG_LOC" holds "IMG_LOC", so it goes first.
+    // "TMPIMG_LOC" contains "IMG_LOC", so it is replaced first.
     const ImageManager &images = ImageManager::getInstance();
     text = withFolder(text, QLatin1String("TMPIMG_LOC"), images.getTempImageFolder());
     text = withFolder(text, QLatin1String("IMG_LOC"), images.getImageFolder());

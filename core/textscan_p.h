@@ -4,8 +4,8 @@
 
 #include <QString>
 
-/// Whether text holds any half of a surrogate pair. Written in 16-bit steps without a branch, which
-/// compilers turn into vector code.
+/// Whether text contains a surrogate. Written in 16-bit steps without a branch, so that compilers
+/// can vectorise it.
 inline bool hasSurrogates(const QString &text)
 {
     quint16 found = 0;
@@ -14,7 +14,7 @@ inline bool hasSurrogates(const QString &text)
     return found != 0;
 }
 
-/// Whether every surrogate in text has its other half. Texts hardly ever hold one.
+/// Whether every surrogate in text is part of a pair. Optimised for texts without any.
 inline bool isWellFormed(const QString &text)
 {
     return !hasSurrogates(text) || QStringView(text).isValidUtf16();

@@ -11,7 +11,7 @@ UIPathManager &UIPathManager::getInstance()
 
 void UIPathManager::setPath(const QString &key, const QString &path)
 {
-    // Deliberate: the warning names the path that is stored now, not the one that it replaces.
+    // Deliberate: the warning contains the new path, not the one that it replaces.
     if (m_paths.count(key) != 0)
         qCWarning(vemoLog) << "Existing path is" << path << "with key" << key
                            << "but overwrite it now";
