@@ -16,7 +16,8 @@
 namespace {
 
 constexpr double kDesignDpi = 96.0;
-// For longer sheets the length of the result might overflow an int. Four times the longest style file.
+// For longer sheets the length of the result might overflow an int. Four times the longest style
+// file.
 constexpr int kMaxSheet = 64 * 1024 * 1024;
 constexpr int kRescanStep = 3; // Characters from the start of a number to where the scan continues.
 
@@ -70,8 +71,8 @@ Lengths allLengths(const QString &sheet)
     return lengths;
 }
 
-/// Upper bound of the numbers that the scan finds: one per length, and one for each tail of a length
-/// that is scanned again.
+/// Upper bound of the numbers that the scan finds: one per length, and one for each tail of a
+/// length that is scanned again.
 int maxNumbers(const Lengths &lengths)
 {
     return std::accumulate(lengths.begin(), lengths.end(), 0, [](int sum, const Length &length) {

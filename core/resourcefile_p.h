@@ -17,8 +17,8 @@ inline bool isResourceFile(const QFileInfo &file, qint64 maxBytes)
     return file.isFile() && file.size() <= maxBytes;
 }
 
-/// The whole content of the resource file at path, without any "\r" in text mode; empty if it cannot
-/// or must not be read.
+/// The whole content of the resource file at path, without any "\r" in text mode; empty if it
+/// cannot or must not be read.
 inline QByteArray bytesOfResource(
     const QString &path, qint64 maxBytes, QIODevice::OpenMode mode = QIODevice::NotOpen)
 {

@@ -120,7 +120,8 @@ void storeSections(QString text, std::map<QString, QString> &sections)
     const auto appendLinesUpTo = [&](int end) {
         if (end == sectionStart)
             return;
-        // Only for a new section: reserving exactly what is added would copy longer texts each time.
+        // Only for a new section: reserving exactly what is added would copy longer texts each
+        // time.
         if (section.isEmpty())
             section.reserve(1 + end - sectionStart);
         section.append(kLineBreak);

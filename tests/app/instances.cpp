@@ -31,7 +31,7 @@ QString defaultSocketName()
     return peer.socketName();
 }
 
-/// What a child can be told, whatever it is.
+/// The operations of both kinds of children.
 struct Instance
 {
     std::function<bool()> isRunning;
@@ -47,7 +47,7 @@ void answer(const QByteArray &text)
     std::fflush(stdout);
 }
 
-/// A message in few characters, whatever its length.
+/// A short digest of a message of any length.
 QByteArray digestOf(const QString &message)
 {
     const QByteArray bytes = message.toUtf8();
@@ -55,7 +55,7 @@ QByteArray digestOf(const QString &message)
         + QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex();
 }
 
-/// "sendmany 3" sends "0", "1" and "2" and answers how many of them were received.
+/// "sendmany 3" sends "0", "1" and "2" and answers with the number of messages received.
 QByteArray sendMany(const Instance &instance, int count)
 {
     int sent = 0;
@@ -86,7 +86,7 @@ QByteArray obey(Instance &instance, const QByteArray &command)
         return instance.received.isEmpty() ? "none" : digestOf(instance.received.last());
     if (verb == "id")
         return instance.id().toUtf8();
-    if (verb == "platform") // the one in use and the one in the environment
+    if (verb == "platform") // the current platform and the one in the environment
         return QGuiApplication::platformName().toUtf8() + ' ' + qgetenv("QT_QPA_PLATFORM");
     if (verb == "wait") // milliseconds
         QThread::msleep(rest.toUInt());
@@ -95,7 +95,7 @@ QByteArray obey(Instance &instance, const QByteArray &command)
     return "done";
 }
 
-/// Obeys one line after the other until there are no more.
+/// Executes commands line by line until the input ends.
 int obeyAll(Instance &instance)
 {
     QByteArray input;

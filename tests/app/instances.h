@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// A temporary folder of one test function's own: instances see only each other in it.
+/// A temporary folder for one test function, in which instances only see each other.
 class OwnTemporaryFolder
 {
 public:
@@ -17,7 +17,7 @@ public:
 
     QString path() const { return m_folder.path(); }
 
-    /// Where the instances of this test program have their files.
+    /// The path of the instances' socket.
     QString socketPath() const;
     QString lockPath() const;
 
@@ -26,23 +26,23 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// This test program in another process, as an instance that does what it is told.
+/// This test program in another process, as an instance that executes commands.
 class ChildInstance
 {
 public:
     enum Kind {
-        Application, ///< a whole QtSingleApplication without a screen
-        Peer, ///< its part that talks to other processes alone, which starts faster
+        Application, ///< a complete QtSingleApplication without a screen
+        Peer, ///< only its LocalPeer, which starts faster
     };
 
-    /// environment holds "NAME=value", and "NAME" for a variable to remove.
+    /// environment contains "NAME=value", or "NAME" for a variable to remove.
     explicit ChildInstance(Kind kind = Peer, const QStringList &environment = {});
     ~ChildInstance();
 
-    /// Tells command, without waiting for the answer.
+    /// Sends a command without waiting for the answer.
     void tell(const QByteArray &command);
 
-    /// The next answer; empty when none has come in time.
+    /// The next answer; empty if none arrives in time.
     QByteArray answer();
     bool hasAnswer();
 
@@ -53,7 +53,7 @@ public:
     /// Sends it a signal: SIGSTOP, SIGCONT, SIGKILL.
     void signal(int number);
 
-    /// Ends it with all that it does at its end, or without.
+    /// Lets the process end normally.
     void quit();
     void kill();
 
@@ -61,7 +61,7 @@ private:
     QProcess m_process;
 };
 
-/// A connection to a primary instance that follows no protocol and never waits.
+/// A non-blocking connection to a primary instance that need not follow the protocol.
 class RawPeer
 {
 public:
@@ -71,10 +71,10 @@ public:
 
     bool isConnected() const { return m_descriptor >= 0; }
 
-    /// How many of bytes the connection took.
+    /// Returns the number of bytes that were sent.
     int send(const QByteArray &bytes) const;
 
-    /// What the other side has sent.
+    /// The bytes that the other side has sent.
     QByteArray receive() const;
     bool isClosedByOther() const;
 
@@ -84,12 +84,12 @@ private:
     int m_descriptor;
 };
 
-/// The count that stands before a message.
+/// The byte count that precedes a message.
 QByteArray header(quint32 size);
 
-/// A message as it goes over the connection.
+/// A message in the format of the connection.
 QByteArray frame(const QByteArray &utf8);
 
-/// Runs what ChildInstance started; call it first in main() and return its result where it is not
-/// negative.
+/// Runs a child that ChildInstance started. Call it first in main(), and return its result unless
+/// it is negative.
 int runAsChild(int &argc, char **argv);

@@ -35,7 +35,7 @@ qint64 allocatedBytes()
     return qint64(info.uordblks + info.hblkhd);
 }
 
-/// Measures every event that is delivered.
+/// Measures the delivery of every event.
 class MeteredApplication : public QCoreApplication
 {
 public:
@@ -65,7 +65,7 @@ private:
     qint64 m_longestEvent = 0;
 };
 
-/// Both ends of a thousand connections live in this process.
+/// Needed because both ends of a thousand connections are in this process.
 void allowManyDescriptors()
 {
     rlimit limit = {};
@@ -74,7 +74,7 @@ void allowManyDescriptors()
     setrlimit(RLIMIT_NOFILE, &limit);
 }
 
-/// Until the returned limit is set again, the process can open nothing more.
+/// Prevents the process from opening files until the returned limit is restored.
 rlimit takeDescriptorsAway()
 {
     rlimit usual = {};
@@ -266,7 +266,7 @@ void HostilePeersTest::takesMemoryForWhatHasCome()
     m_app->startMeasuring();
     for (const RawPeer &peer : all)
         sendAll(peer, bytes);
-    // Whoever comes last is heard last.
+    // Connections are served in order, so this one is served last.
     const RawPeer last(m_address);
     last.send(frame("last"));
     QTRY_COMPARE(m_received->size(), 1);
@@ -308,7 +308,7 @@ void HostilePeersTest::hearsATalkerBehindAThousandSilentOnes()
     QTRY_COMPARE_WITH_TIMEOUT((said += messages.take()).size(), 1000, kPatience);
     QVERIFY(std::all_of(
         silent.begin(), silent.end(), [](auto &peer) { return peer.isClosedByOther(); }));
-    // How many exactly are still there when the crowd has thinned out depends on the moment.
+    // The exact number that remains when the crowd gets smaller depends on timing.
     QVERIFY(said.count(kIdleInACrowd) >= 600);
     QCOMPARE(said.count(kIdleInACrowd) + said.count(kIdle), 1000);
 }
@@ -333,7 +333,7 @@ void HostilePeersTest::hearsAThousandAtOnce()
 
 void HostilePeersTest::readsWhatHasComeBeforeItCallsThatIdle()
 {
-    // The primary's event loop stands still for longer than the limit, while the rest comes.
+    // The primary's event loop is blocked for longer than the limit, while the rest arrives.
     const RawPeer peer(m_address);
     peer.send(frame("patient").chopped(1));
     const RawPeer signal(m_address);
@@ -362,7 +362,7 @@ void HostilePeersTest::goesOnWhenThereAreDescriptorsAgain()
         const rlimit usual = takeDescriptorsAway();
         QElapsedTimer clock;
         clock.start();
-        QTRY_VERIFY(clock.hasExpired(500)); // Fails again and again, and says so once.
+        QTRY_VERIFY(clock.hasExpired(500)); // Accepting fails repeatedly, but warns once.
         setrlimit(RLIMIT_NOFILE, &usual);
         QCOMPARE(messages.take(), warning);
         QTRY_COMPARE(m_received->size(), 10 * round);
@@ -376,7 +376,7 @@ int main(int argc, char **argv)
         return result;
     MeteredApplication app(argc, argv);
     HostilePeersTest test(&app);
-    // All are looked at; some are enough to read.
+    // All messages are checked, but only some need be printed.
     return QTest::qExec(&test, QCoreApplication::arguments() + QStringList {"-maxwarnings", "50"});
 }
 #include "tst_hostilepeers.moc"

@@ -51,7 +51,7 @@ private Q_SLOTS:
     void isGivenUpWhenAnotherHasTheNewFile();
 
 private:
-    /// Another one in every row.
+    /// A different path in each row.
     QString path() const
     {
         return QStringLiteral("%1/%2-%3")
@@ -199,7 +199,7 @@ void InstanceLockTest::refusesWhatIsNotAFileOfOurs_data()
         QCOMPARE(link(path.constData(), (path + "-second").constData()), 0);
     });
     if (geteuid() != 0)
-        return; // Only root can give a file away.
+        return; // Only root can change the owner of a file.
     row("another user's", "it belongs to another user", [](const QByteArray &path) {
         writeFile(path, 0666);
         QCOMPARE(chown(path.constData(), 12345, gid_t(-1)), 0);

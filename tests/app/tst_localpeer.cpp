@@ -48,7 +48,7 @@ void LocalPeerTest::namesItsSocketAfterTheId_data()
 {
     QTest::addColumn<QString>("id");
     QTest::addColumn<QString>("name");
-    // CRC stands for the checksum; "check value" pins which one: CRC-16/X-25.
+    // The row "check value" identifies the checksum: CRC-16/X-25.
     QTest::newRow("letters") << "vemo"
                              << "qtsingleapp-vemo-CRC-UID";
     QTest::newRow("cut to six") << "LongerThanSix"
@@ -80,7 +80,7 @@ void LocalPeerTest::hasTheProgramsPathAsIdWhenNoneIsChosen()
     const LocalPeer peer {QString()};
     QCOMPARE(peer.id(), QCoreApplication::applicationFilePath());
     const LocalPeer chosen(QCoreApplication::applicationFilePath());
-    // Only the readable part differs: the last part of the path, "tst_localpeer", not all of it.
+    // Only the readable part differs: it is the last part of the path, "tst_localpeer".
     QVERIFY(peer.socketName().startsWith(QLatin1String("qtsingleapp-tstloc-")));
     QCOMPARE(peer.socketName().mid(19), chosen.socketName().section(QLatin1Char('-'), 2));
 }
@@ -297,7 +297,7 @@ void LocalPeerTest::succeedsOnlyAfterTheAnswer()
     QCOMPARE(sender.answer(), result);
 }
 
-/// Makes sure that the sender has found nobody and goes on trying.
+/// Makes sure that the sender has found no instance and keeps trying.
 void LocalPeerTest::letItWait(ChildInstance *sender)
 {
     QElapsedTimer clock;
@@ -328,7 +328,7 @@ void LocalPeerTest::waitsForAPrimaryThatIsNotThereYet()
     letItWait(&sender);
     lock.release();
     LocalPeer primary {QString()};
-    // Whoever is faster: the sender takes the role, or reaches us.
+    // Either the sender becomes primary first, or it reaches us.
     const QSignalSpy received(&primary, SIGNAL(messageReceived(QString)));
     const bool isSenderPrimary = primary.isClient();
     QTRY_VERIFY(isSenderPrimary || received.size() == 1);

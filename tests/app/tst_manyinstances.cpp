@@ -65,7 +65,8 @@ void ManyInstancesTest::areOnePrimaryWhenAllStartAtOnce()
 {
     QFETCH(const ChildInstance::Kind, kind);
     QFETCH(const int, rounds);
-    // One folder: from the second round on there is a lock file, and after a kill a socket.
+    // The same folder, so that from the second round on there is a lock file, and after a kill a
+    // socket.
     const OwnTemporaryFolder folder;
     for (int round = 0; round < rounds; ++round) {
         auto children = startMany(100, kind);
@@ -112,7 +113,7 @@ void ManyInstancesTest::handTheRoleOverAThousandTimes()
 void ManyInstancesTest::areOnePrimaryWhenTwoWantTheUnlockedRole()
 {
     const OwnTemporaryFolder folder;
-    // The one that unlocks ends at once, and takes nothing of its successor's with it.
+    // The instance that unlocks ends immediately and removes nothing of its successor's.
     auto primary = std::make_unique<ChildInstance>();
     QVERIFY(primary->isPrimary());
     for (int i = 0; i < 40; ++i) {
@@ -148,14 +149,14 @@ void ManyInstancesTest::areOnePrimaryAgainWhateverACleanerRemoves()
     const OwnTemporaryFolder folder;
     auto instances = startMany(5, ChildInstance::Peer);
     for (int i = 0; i < 200; ++i) {
-        // The removals meet them while they look for their role, and put their files back.
+        // The files are removed while the instances look for their role and restore their files.
         for (auto &instance : instances)
             instance->tell("role");
         QFile::remove(i % 3 == 0 ? folder.socketPath() : folder.lockPath());
         QFile::remove(i % 2 == 0 ? folder.socketPath() : folder.lockPath());
         for (auto &instance : instances)
             QVERIFY(!instance->answer().isEmpty());
-        // Two may still believe in their role; whoever is asked sees.
+        // Two instances may still assume to be primary; asking each resolves this.
         for (auto &instance : instances)
             instance->ask("role");
         const auto primaries = std::count_if(instances.begin(), instances.end(),

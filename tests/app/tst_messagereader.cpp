@@ -125,7 +125,7 @@ void MessageReaderTest::decodesALongMessageInSteps()
 
 void MessageReaderTest::joinsCharactersThatLieAcrossTwoChunks()
 {
-    // Three bytes each: 65536 is no multiple.
+    // Three bytes per character: 65536 is not a multiple of 3.
     const QString text(100000, QChar(0x5927));
     const QByteArray bytes = frame(text.toUtf8());
     MessageReader reader;

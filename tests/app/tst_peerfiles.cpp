@@ -25,7 +25,7 @@ struct stat statusOf(const QString &path)
     return status;
 }
 
-/// A socket file that nobody listens at, as a process leaves that is killed.
+/// Creates a socket file without a listener, as a killed process leaves it.
 void leaveSocket(const QByteArray &path)
 {
     struct sockaddr_un name = {};
@@ -152,7 +152,7 @@ void PeerFilesTest::replaceAnOrdinaryFileWhileTheyAreInUse()
     const QByteArray path = QFile::encodeName(folder.socketPath());
     writeFile(path + 'f');
     QCOMPARE(std::rename((path + 'f').constData(), path.constData()), 0);
-    // Waits until the primary has put its socket back, as if the file were missing.
+    // Waits until the primary has restored its socket, as it does for a missing file.
     ChildInstance sender;
     sender.tell("send hello");
     QTRY_COMPARE(received.size(), 1);
@@ -313,7 +313,7 @@ void PeerFilesTest::areRestoredByALivingPrimary()
     const QSignalSpy received(&primary, SIGNAL(messageReceived(QString)));
     const RawPeer early(folder.socketPath());
     early.send(frame("early").chopped(1));
-    // Twice: what was put back is looked after too.
+    // Twice, because restored files must be watched as well.
     for (int i = 0; i < 2; ++i) {
         if (socket)
             QVERIFY(QFile::remove(folder.socketPath()));
@@ -354,7 +354,7 @@ void PeerFilesTest::areNotRestoredAfterUnlock()
     LocalPeer first {QString()};
     LocalPeer second {QString()};
     QVERIFY(!first.isClient());
-    // On its way already, as when the files were removed just before.
+    // Already queued, as if the files had just been removed.
     QVERIFY(QMetaObject::invokeMethod(&first, "restoreFiles", Qt::QueuedConnection));
     first.unlock();
     QCoreApplication::processEvents();
@@ -380,7 +380,7 @@ void PeerFilesTest::belongToTheSuccessorWhenThePredecessorEnds()
         QCOMPARE(first.ask("unlock"), QByteArray("done"));
         QVERIFY(!QFileInfo::exists(folder.socketPath()));
     } else {
-        first.signal(SIGSTOP); // It would put the file back.
+        first.signal(SIGSTOP); // Otherwise it would restore the file.
         QVERIFY(QFile::remove(folder.lockPath()));
     }
     QVERIFY(!second.isClient());

@@ -32,7 +32,7 @@ private Q_SLOTS:
     void survivesWhatAMessageSetsOff_data();
     void survivesWhatAMessageSetsOff();
 
-    // What messages set off.
+    // Slots called for messages.
     void noteWindowState(const QString &message);
     void unlock(const QString &message);
     void runEventLoop(const QString &message);
@@ -96,7 +96,7 @@ void QtSingleApplicationTest::isPrimaryUntilItUnlocks()
     ChildInstance child(ChildInstance::Application);
     QVERIFY(!child.isPrimary());
     m_app->unlock();
-    m_app->unlock(); // once more does nothing
+    m_app->unlock(); // A second call has no effect.
     QVERIFY(child.isPrimary());
     QVERIFY(m_app->isRunning());
     QVERIFY(m_app->sendMessage(QStringLiteral("hello")));
@@ -166,7 +166,7 @@ void QtSingleApplicationTest::showsTheWindowBeforeTheMessage_data()
     const Qt::WindowStates none = Qt::WindowNoState;
     QTest::newRow("open") << none << none;
     QTest::newRow("minimised") << Qt::WindowStates(Qt::WindowMinimized) << none;
-    // A window manager tells of two states at once in its own time.
+    // A window manager may report a combination of two states later.
     if (QGuiApplication::platformName() != QLatin1String("offscreen"))
         return;
     QTest::newRow("maximised and minimised")

@@ -63,9 +63,9 @@ RandomTexts::RandomTexts(quint32 seed, QStringList pieces)
 
 QString RandomTexts::next()
 {
-    constexpr int mostPieces = 16;
+    constexpr int maxPieces = 16;
     QString text;
-    for (int count = m_random.bounded(mostPieces); count > 0; --count)
+    for (int count = m_random.bounded(maxPieces); count > 0; --count)
         text += randomPiece();
     return text;
 }
@@ -81,8 +81,8 @@ QString RandomTexts::randomPiece()
 
 QStringList lengthPieces()
 {
-    // No lone surrogates: one is enough to spare the whole text, and the random characters bring
-    // them. A piece that stands here twice comes twice as often.
+    // No lone surrogates: a single one leaves the whole text unchanged, and the random characters
+    // include them. A piece that is listed twice is used twice as often.
     return {"0", "1", "2", "3", "7", "9", "00", "10", "12", "999", "0000", "1234567", "2147483647",
         "9007199254740993", "1.99999999999999988897769753748434595763683319091796875", ".", ".",
         "..", "p", "x", "px", "px", "px", "px", "px", "PX", "pxx", "ppx", "px;", "1px", "12px",

@@ -6,8 +6,8 @@
 
 #include <map>
 
-// The two text scanners of the library once more, written as their rules read: with regular
-// expressions and a text stream. Slow, and therefore only what the scanners are measured by.
+// Reference implementations of the library's two text scanners, which follow the rules literally
+// with regular expressions and a text stream. They are slow and only used to check the scanners.
 
 /// How many seeds are tried, 100,000 texts each: a million in all.
 #ifdef __SANITIZE_ADDRESS__
@@ -20,8 +20,8 @@ QString scaledByRules(const QString &sheet, double factor);
 QString withoutCommentsByRules(QString text);
 void storeSectionsByRules(QString text, std::map<QString, QString> &sections);
 
-/// Random texts made of given pieces and, now and then, of any character at all. The same seed
-/// gives the same texts on every machine.
+/// Random texts composed of given pieces and occasional random characters. The same seed
+/// produces the same texts on every machine.
 class RandomTexts
 {
 public:
@@ -36,8 +36,8 @@ private:
     const QStringList m_pieces;
 };
 
-/// Pieces that lengths are made of, and what may confuse the search for them.
+/// Pieces of lengths, and others that may confuse the scan for them.
 QStringList lengthPieces();
 
-/// Pieces that comments, headers and line ends are made of, and what may confuse them.
+/// Pieces of comments, headers and line ends, and others that may confuse the scan for them.
 QStringList sectionPieces();

@@ -32,7 +32,7 @@ static void startCounting()
 
 #else
 
-// In front of the C library's own: the program's definition is the one that every library finds.
+// Replaces the functions of the C library: every library calls the definitions in the program.
 extern "C" {
 void *__libc_malloc(size_t size);
 void *__libc_calloc(size_t count, size_t size);

@@ -170,7 +170,7 @@ void BadCatalogueTest::aNameWithSlashesReadsASubfolder()
     start();
     QVERIFY(!getGlobalImage("sub/icon").isNull());
     QVERIFY(!getGlobalImage("../images/folder").isNull());
-    // There is no folder "tmp_sub": nothing is written, and nothing said.
+    // There is no folder "tmp_sub", so nothing is written and no warning logged.
     QVERIFY(QDir(m_host->tempPictureFolder()).isEmpty());
 }
 
@@ -189,7 +189,7 @@ void BadCatalogueTest::noNameLeadsOutOfTheTemporaryFolder()
 {
     QFETCH(QString, name);
     const QString base = m_host->userDataPath() + "/base";
-    // Folders that the hostile paths could pass through.
+    // Folders through which the hostile paths could lead.
     for (const char *folder : {"tmp_", "tmp_..", "tmp_x"})
         QVERIFY(QDir().mkpath(base + "/data/tmp_images/" + folder));
     m_host->writeCatalogue({}, {name});

@@ -188,7 +188,7 @@ void BadStyleFilesTest::pathsMayBeAnyText()
     QFETCH(QString, path);
     StyleManager::getInstance().initialize({path, m_host.writeFile("x.qss", "==path==\nx")});
     const QStringList warnings = messages.take();
-    // About a NUL Qt has something to say too, before us.
+    // For a NUL Qt logs a warning of its own before ours.
     QCOMPARE(warnings.size(), path.contains(QChar(0)) ? 2 : 1);
     QVERIFY(warnings.last().startsWith("file \"") && warnings.last().endsWith("\" not exist"));
     QCOMPARE(storedSheet("path"), QString("\nx"));

@@ -10,7 +10,7 @@ static_assert(!std::is_default_constructible_v<DPIinfo>);
 
 namespace {
 
-// The factors that the measured tables are about; each is an environment of its own.
+// The factors of the measured tables; each requires its own environment.
 constexpr double kFactors[] = {1.0, 1.25, 1.5};
 
 void addRow(const char *name, const char *sheet, const QStringList &results)
@@ -191,7 +191,7 @@ void DPIinfoTest::aSheetOfMoreThan64MebiCharactersIsReturnedAsItIs()
 void DPIinfoTest::fractionsCountToTheirLastDigit_data()
 {
     QTest::addColumn<QString>("sheet");
-    // Half-way between the last double below 2 and 2 itself; one digit more or less decides.
+    // Half-way between 2 and the largest double below it, so that a further digit decides.
     const QString halfWay = "1.99999999999999988897769753748434595763683319091796875";
     QTest::newRow("half-way") << halfWay + "px";
     QTest::newRow("just above") << halfWay + "1px";

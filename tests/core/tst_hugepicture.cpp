@@ -15,7 +15,7 @@ private Q_SLOTS:
 void HugePictureTest::aPictureOf16384PixelsSquaredIsShrunkLikeAnyOther()
 {
     const TestHost host;
-    // One bit a pixel, so that at least the file is small.
+    // One bit per pixel, so that the file is small.
     QImage picture(16384, 16384, QImage::Format_Mono);
     picture.setColorTable({qRgb(255, 0, 0), qRgb(0, 0, 255)});
     picture.fill(0);

@@ -17,7 +17,7 @@ Q_DECLARE_METATYPE(ImageManager::ImageType)
 
 namespace {
 
-/// What happens to a process that asks an uninitialised catalogue.
+/// Runs in a child process, which an uninitialised catalogue ends.
 int askUninitialised(const QString &scenario)
 {
     const ImageManager &images = ImageManager::getInstance();
@@ -30,7 +30,8 @@ int askUninitialised(const QString &scenario)
     return 0;
 }
 
-/// Which of four results this environment must give: 96, 120 and 144 dpi, then 96 dpi at ratio 2.
+/// The index of the result expected in this environment: 96, 120 and 144 dpi, then 96 dpi at
+/// ratio 2.
 int screenColumn()
 {
     const DPIinfo &info = DPIinfo::getInstance();
@@ -362,7 +363,7 @@ void ImageManagerTest::lazyPicturesNeedNoFilesAfterThat()
     QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::red));
     QVERIFY(QDir(m_host->pictureFolder()).removeRecursively());
     QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::red));
-    // The first call read all states of the name.
+    // The first call has loaded all states of the name.
     QCOMPARE(middleOf(getGlobalImage("folder", ImageManager::HOVER)), QColor(Qt::green));
 }
 
@@ -394,7 +395,7 @@ void ImageManagerTest::lazyPicturesWithoutFilesAreLookedForAgain()
     start(ImageManager::LAZY_LOAD, {"bt"});
     QVERIFY(getGlobalImage("bt").isNull());
     QCOMPARE(messages.take(), warning);
-    // Deliberate: under the empty name, which is all that is left of the file names.
+    // Deliberate: the file name without its suffixes is empty, so the name is empty as well.
     m_host->addPicture("", {64, 64}, Qt::green);
     QCOMPARE(middleOf(getGlobalImage("bt")), QColor(Qt::green));
     QCOMPARE(messages.take(), warning);

@@ -27,7 +27,7 @@ int main(int argc, char **argv)
     setTestEnvironment();
     qputenv("QT_FONT_DPI", "144");
     qputenv("QT_SCALE_FACTOR", "2");
-    // Asked too early, so that any later measurement would differ.
+    // Called too early, so that any later measurement would differ.
     DPIinfo::getInstance();
     QApplication app(argc, argv);
     keepScreensReachable();

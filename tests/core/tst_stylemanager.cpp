@@ -12,7 +12,7 @@ static_assert(!std::is_default_constructible_v<StyleManager>);
 
 namespace {
 
-/// Loads style files although the picture catalogue was never initialised; never returns.
+/// Loads style files without an initialised picture catalogue; never returns.
 int loadWithoutCatalogue(const QString &scenario)
 {
     const bool isEmpty = scenario == QLatin1String("no files");

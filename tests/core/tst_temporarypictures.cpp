@@ -62,7 +62,7 @@ void TemporaryPicturesTest::aCopyIsWrittenUnderItsName()
 void TemporaryPicturesTest::theCopyIsScaledByTheFactorAlone_data()
 {
     QTest::addColumn<int>("artwork");
-    QTest::addColumn<QVector<int>>("lengths"); // At 96, 120 and 144 dpi, whatever the ratio.
+    QTest::addColumn<QVector<int>>("lengths"); // At 96, 120 and 144 dpi, at any pixel ratio.
     QTest::newRow("64") << 64 << QVector<int> {16, 20, 24};
     QTest::newRow("66, half rounds up") << 66 << QVector<int> {17, 21, 26};
     QTest::newRow("10") << 10 << QVector<int> {3, 4, 5};

@@ -52,7 +52,7 @@ void UIPathManagerTest::anUnknownKeyYieldsAnEmptyPathAndAWarning()
     QVERIFY(path.isEmpty());
     QVERIFY(!path.isNull());
     QCOMPARE(messages.take(), QStringList(warning));
-    // A look-up stores nothing: the same miss is warned about again.
+    // Look-ups store nothing: looking up the same missing key warns again.
     UIPathManager::getInstance().getPath(key);
     QCOMPARE(messages.take(), QStringList(warning));
 }

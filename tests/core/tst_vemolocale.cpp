@@ -10,7 +10,7 @@ static_assert(!std::is_default_constructible_v<VemoLocale>);
 
 namespace {
 
-/// What the system's locale gives, written to the error output for the parent process.
+/// Writes the code of the system's locale to the standard error for the parent process.
 int printDefaultLanguage(const QString &scenario)
 {
     if (scenario == QLatin1String("registered"))
@@ -60,7 +60,8 @@ void VemoLocaleTest::localesHaveTheirCode_data()
     addLocale("pt_pt", "ptg");
     addLocale("pt_br", "ptb");
     addLocale("pt_ao", "ptb");
-    addLocale("pt_PT", "ptb"); // Case counts: only the system's locale is put into lower case.
+    addLocale(
+        "pt_PT", "ptb"); // Case-sensitive: only the system's locale is converted to lower case.
     addLocale("pt_", "ptb");
     addLocale("pt_pt_x", "ptb");
     addLocale("zh", "chs");
@@ -119,7 +120,7 @@ void VemoLocaleTest::aLanguageCanBeRegisteredAndOverwritten()
     QCOMPARE(locale.getLanguageByLocale("th"), QString("thi"));
     locale.setLanguageMap("en", "eng");
     QCOMPARE(locale.getLanguageByLocale("en_gb"), QString("eng"));
-    // The default is a code of its own, not that of English.
+    // The default is a fixed code, not the one mapped to English.
     QCOMPARE(locale.getLanguageByLocale("fi_fi"), QString("enu"));
 }
 

@@ -7,7 +7,7 @@
 namespace {
 
 const QString kScenario = QStringLiteral("VEMO_TEST_CHILD_SCENARIO");
-constexpr int kTimeout = 50000; // Below a test's own time-out.
+constexpr int kTimeout = 50000; // Milliseconds; shorter than the time-out of a test.
 
 } // namespace
 

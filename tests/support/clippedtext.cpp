@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int kCursor = 2; // QLineEdit's own margin at either side, in pixels.
+constexpr int kCursor = 2; // QLineEdit's own margin on either side, in pixels.
 
 QString described(const QWidget *widget, const QString &text, const QSize &need, const QSize &room)
 {
@@ -29,7 +29,7 @@ QString described(const QWidget *widget, const QString &text, const QSize &need,
         .arg(room.height());
 }
 
-/// Collects what does not fit.
+/// Collects the texts that do not fit.
 struct Findings
 {
     QStringList lines;
@@ -41,8 +41,8 @@ struct Findings
     }
 };
 
-/// A line of text; as high as its ink, since a font that steps in for another has a line so high
-/// that it hangs over its place on both sides, unseen.
+/// The size of a line of text. The height is that of the glyphs, because lines in a fallback font
+/// are so high that their empty edges exceed the available space.
 QSize sizeOf(const QWidget *widget, const QString &text, int flags = Qt::TextShowMnemonic)
 {
     const QFontMetrics metrics = widget->fontMetrics();
@@ -53,14 +53,14 @@ void look(const QLabel *label, Findings &findings)
 {
     if (label->text().isEmpty())
         return;
-    // The widest word may not be broken, so the hint of a wrapped label has to fit as well.
+    // The widest word must not be broken, so the size hint of a wrapped label has to fit as well.
     const QSize need = label->wordWrap()
         ? QSize(label->minimumSizeHint().width(), label->heightForWidth(label->width()))
         : label->sizeHint();
     findings.compare(label, label->text(), need, label->size());
 }
 
-/// Opens a protected member.
+/// Gives access to a protected member.
 template <typename Widget> class Opened : public Widget
 {
 public:
@@ -76,8 +76,8 @@ void look(const QPushButton *button, Findings &findings)
     findings.compare(button, button->text(), sizeOf(button, button->text()), room.size());
 }
 
-/// Boxes with an indicator, and tool buttons: what their style adds around the text is in their
-/// hint alone; spare is what the hint has beyond that.
+/// Checks boxes with an indicator, and tool buttons: only their size hint includes the space that
+/// the style adds around the text. spare is the part of the hint that is not needed.
 void lookAtHint(const QAbstractButton *button, int spare, Findings &findings)
 {
     if (!button->text().isEmpty())
@@ -118,7 +118,7 @@ void look(const QComboBox *box, Findings &findings)
     (box->*&Opened<QComboBox>::initStyleOption)(&option);
     const QRect room = box->style()->subControlRect(
         QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box);
-    // By its ink, as the own hint of a box measures it.
+    // By the bounding box of its glyphs, as the size hint of a box measures it.
     findings.compare(box, text, box->fontMetrics().tightBoundingRect(text).size(), room.size());
 }
 
@@ -134,7 +134,7 @@ void look(const QHeaderView *header, Findings &findings)
     }
 }
 
-/// Days and weekdays of a calendar.
+/// Checks the days and weekdays of a calendar.
 void look(const QTableView *table, Findings &findings)
 {
     if (!table->objectName().startsWith("qt_calendar_"))

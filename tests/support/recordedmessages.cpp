@@ -13,13 +13,13 @@ QStringList &texts()
 
 QtMessageHandler passOn = nullptr;
 
-/// What a platform without a window manager can't do is no fault of the code under test.
+/// Whether Qt warns of something that a platform without a window manager does not support.
 bool isLimitOfThePlatform(const QString &message)
 {
     return message.startsWith(QLatin1String("This plugin does not support "));
 }
 
-/// What is put before a message that is not a warning.
+/// The prefix of a message that is not a warning.
 QLatin1String levelOf(QtMsgType type)
 {
     switch (type) {

@@ -34,7 +34,7 @@ QColor pixelAt(QWidget *widget, const QPoint &point)
 
 void setTestEnvironment()
 {
-    // A screen without a display reports 100 dpi unless told otherwise.
+    // By default the offscreen platform reports 100 dpi.
     setIfMissing("QT_FONT_DPI", "96");
     setIfMissing("QT_QPA_PLATFORM", "offscreen");
     setIfMissing("QT_STYLE_OVERRIDE", "fusion");
@@ -42,7 +42,7 @@ void setTestEnvironment()
 
 void keepScreensReachable()
 {
-    // Never deleted, so that it still stands when leaks are looked for.
+    // Never deleted, so that it still exists when leaks are searched for.
     static const auto *const screens = new QList<QScreen *>(QGuiApplication::screens());
     Q_UNUSED(screens)
 }
