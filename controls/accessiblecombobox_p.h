@@ -7,15 +7,15 @@
 
 class QComboBox;
 
-/// A combo box for assistive tools that goes by the accessible name that the host gives it. Qt's
-/// own goes by its current text on Unix, whatever its name is.
+/// An accessible interface that returns the accessible name set by the host. On Unix, Qt's own
+/// returns the current text even if a name is set.
 QAccessibleInterface *newAccessibleComboBox(QComboBox *box);
 
-/// Has all boxes of a class, and of those derived from it, announced in this way; call it in their
-/// constructor.
+/// Installs this interface for all boxes of a class and of those derived from it. To be called by
+/// their constructor.
 template <class Box> void announceByGivenName()
 {
-    // Installing it again is a no-op.
+    // Installing the factory again is a no-op.
     QAccessible::installFactory([](const QString &className, QObject *object) {
         const bool isBox = className == QLatin1String(Box::staticMetaObject.className());
         return isBox ? newAccessibleComboBox(static_cast<Box *>(object)) : nullptr;

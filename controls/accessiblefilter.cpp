@@ -14,8 +14,8 @@ QSet<QWidget *> setOf(const QList<QWidget *> &widgets)
     return {widgets.begin(), widgets.end()};
 }
 
-/// The visible widgets from root on for which isTaken holds, parents before children. Without
-/// recursion, so that no tree is too deep, and with one list for all levels.
+/// The visible widgets in the tree of root that satisfy isTaken, parents before children. Not
+/// recursive, so that the depth of the tree is not limited.
 template <typename Predicate> QList<QWidget *> visibleWidgets(QWidget *root, Predicate isTaken)
 {
     QList<QWidget *> taken;
@@ -43,7 +43,7 @@ AccessibleFilter::AccessibleFilter(const QList<QWidget *> &widgets, Qt::FocusPol
 {
 }
 
-// Lists and filters are taken by value: that is how the functions are declared.
+// Deliberate: lists and filters are passed by value.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded)
 {
@@ -57,7 +57,7 @@ QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded)
 QList<QWidget *> accessibleList(QWidget *root, AccessibleFilter filter)
 {
     const QSet<QWidget *> excludedSet = setOf(filter.filterWidgets());
-    // Deliberate: policies are compared as integers, not as the flags that they are made of.
+    // Deliberate: policies are compared as integers, not as flags.
     const int level = filter.focusLevel();
     return visibleWidgets(root, [&](QWidget *widget) {
         return static_cast<int>(widget->focusPolicy()) >= level && !excludedSet.contains(widget);

@@ -13,8 +13,8 @@
 
 namespace {
 
-/// Takes the topmost pointing hand out of the application's override cursors and leaves those that
-/// were set after it in place.
+/// Removes the topmost pointing hand from the stack of override cursors and keeps those set after
+/// it.
 void removeTopmostHand()
 {
     QVector<QCursor> above;
@@ -30,7 +30,7 @@ void removeTopmostHand()
         QGuiApplication::setOverrideCursor(above.takeLast());
 }
 
-/// Notices whether a pop-up opens while it lives.
+/// Detects whether a pop-up opens during its lifetime.
 class PopupWatch : public QObject
 {
 public:
@@ -55,7 +55,7 @@ bool mayOpenAMenu(QEvent::Type type)
         || type == QEvent::ContextMenu;
 }
 
-/// Tells assistive tools that a label is a link, and lets them press it.
+/// Presents a label to assistive tools as a link that can be pressed.
 class AccessibleLink : public QAccessibleWidget
 {
 public:
@@ -82,7 +82,7 @@ private:
 
 QAccessibleInterface *newAccessibleLink(const QString &className, QObject *object)
 {
-    // Deliberate: a link label has no meta-object of its own, so it goes by its base's name.
+    // Deliberate: LinkLabel has no meta-object, so it reports the class name of its base.
     if (className != QLatin1String(ClickableLabel::staticMetaObject.className()))
         return nullptr;
     auto *label = dynamic_cast<LinkLabel *>(object);
@@ -93,7 +93,7 @@ QAccessibleInterface *newAccessibleLink(const QString &className, QObject *objec
 
 LinkLabel::LinkLabel(const QString &text, QLabel *parent) : ClickableLabel(QString(), parent)
 {
-    // Installing it again is a no-op.
+    // Installing the factory again is a no-op.
     QAccessible::installFactory(newAccessibleLink);
     // Only now: QLabel creates its accessible interface on the first setText().
     setText(text);
@@ -106,7 +106,7 @@ LinkLabel::LinkLabel(QWidget *parent) : LinkLabel(QString())
 
 LinkLabel::~LinkLabel()
 {
-    // Qt tells a widget that dies under the pointer of no leaving.
+    // Qt sends no leave event to a widget that is destroyed under the pointer.
     for (; m_hands > 0; --m_hands)
         removeTopmostHand();
 }
@@ -118,7 +118,7 @@ bool LinkLabel::event(QEvent *event)
     const QPointer<LinkLabel> self(this);
     const PopupWatch popups;
     const bool isHandled = ClickableLabel::event(event);
-    // A menu can keep the leave event to itself. Without one Qt sends it later.
+    // A menu opened in between can swallow the leave event. Otherwise Qt sends it later.
     if (self && popups.hasOpened())
         leaveUnlessUnderPointer();
     return isHandled;
@@ -139,7 +139,7 @@ void LinkLabel::enterEvent(QEvent *event)
 void LinkLabel::leaveEvent(QEvent *event)
 {
     if (std::exchange(m_has_left, false)) {
-        // Qt's own leave event came after all.
+        // Qt has sent a leave event after all.
         ClickableLabel::leaveEvent(event);
         return;
     }

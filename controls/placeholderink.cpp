@@ -6,13 +6,13 @@
 
 namespace {
 
-constexpr int kPale = 180; // of 255: on a light ground just above the 4.5 : 1 of readable texts
+constexpr int kPale = 180; // of 255: a contrast just above 4.5 : 1 on a light background
 
 void pale(QLineEdit *field)
 {
     QPalette palette = field->palette();
     bool isChanged = false;
-    // Disabled, the text is pale already.
+    // The text of a disabled field is already pale.
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         QColor ink = palette.color(group, QPalette::Text);
         if (palette.color(group, QPalette::PlaceholderText) != ink)
@@ -25,7 +25,7 @@ void pale(QLineEdit *field)
         field->setPalette(palette);
 }
 
-/// Looks again whenever a style sheet has set the colours.
+/// Updates the placeholder whenever a style sheet has set the colours.
 class PlaceholderInk : public QObject
 {
 public:

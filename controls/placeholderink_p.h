@@ -4,6 +4,6 @@
 
 class QLineEdit;
 
-/// Shows the placeholder of a styled field paler than a text: a style sheet gives both one colour,
-/// and an empty field looks filled in. A colour of the host's own for the placeholder stays.
+/// Makes the placeholder of a styled field paler than its text: a style sheet sets the same colour
+/// for both, so that an empty field looks filled in. Keeps a placeholder colour set by the host.
 void palePlaceholder(QLineEdit *field);

@@ -8,7 +8,8 @@
 
 namespace {
 
-// Less one row: with its memory kept, which on X11 the server would have to be asked for.
+// One pixel row smaller. Resizing the picture to empty would free its memory, and allocating it
+// again requires a round trip to the X server.
 constexpr QSize kLess(0, 1);
 
 class FreshPicture : public QObject
@@ -24,9 +25,10 @@ public:
     }
 
 private:
-    // When it opens, Qt marks the pop-up and then each of its parts as outdated. Where there is a
-    // picture from last time, that one is repaired: first the pop-up with all in it, then all the parts
-    // once more. Where there is none of the right size, everything is painted once.
+    // When a pop-up opens, Qt marks the pop-up and then each of its parts as outdated. If its
+    // backing store still has the picture of the last time, Qt updates it: first the pop-up with
+    // all its parts, then all parts again. If the size of the backing store differs, everything is
+    // painted once. So we change its size.
     static void dropPicture(const QWidget &popup)
     {
         if (QBackingStore *picture = popup.backingStore())

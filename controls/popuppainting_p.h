@@ -4,6 +4,7 @@
 
 class QComboBox;
 
-/// Has the list of a combo box painted once each time it opens, where Qt paints it twice from the
-/// second time on. Call it once, when the view is set; the box owns what this takes.
+/// Makes sure that the list of a combo box is painted only once each time it opens; from the second
+/// time on, Qt would paint it twice. Call it once, after the view has been set; the box owns the
+/// helper object.
 void paintPopupOnce(QComboBox *box);

@@ -5,8 +5,8 @@
 #include <QTextDocument>
 #include <QTextDocumentFragment>
 
-/// What a screen reader should say of a text: the text without its mark-up. Without a format it is
-/// taken for mark-up where a label would take it so.
+/// A text as a screen reader should announce it: without mark-up. By default the text is treated as
+/// rich text if QLabel would do so.
 inline QString spoken(const QString &text, Qt::TextFormat format = Qt::AutoText)
 {
     const bool isRich =

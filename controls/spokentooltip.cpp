@@ -15,8 +15,8 @@ void describe(QWidget *widget)
 {
     const QString description = widget->accessibleDescription();
     if (description != widget->property(kOwnDescription).toString())
-        return; // The host's own.
-    // Of a plain tool tip Qt makes the description itself.
+        return; // Set by the host.
+    // Qt itself uses a plain tool tip as the description.
     const QString tip = widget->toolTip();
     const QString text = spoken(tip);
     const QString next = text == tip ? QString() : text;
@@ -26,7 +26,7 @@ void describe(QWidget *widget)
     widget->setAccessibleDescription(next);
 }
 
-/// One for all widgets.
+/// A single instance watches all widgets.
 class ToolTipWatch : public QObject
 {
 public:

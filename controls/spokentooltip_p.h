@@ -4,6 +4,6 @@
 
 class QWidget;
 
-/// Describes a widget to assistive tools by its tool tip without the mark-up, which Qt would have
-/// them read out. A description that the host gives it stays.
+/// Uses a widget's tool tip without mark-up as its accessible description; Qt would include the
+/// mark-up. Keeps a description set by the host.
 void speakToolTip(QWidget *widget);

@@ -20,12 +20,12 @@ constexpr int kListGap = 2; // Screen pixels: deliberately not scaled.
 
 QString paddingRules()
 {
-    // Deliberate: written with its fraction, not truncated; 7.5px at 120 dpi.
+    // Deliberate: not truncated; 7.5px at 120 dpi.
     const QString width = QString::number(DPIinfo::getInstance().getDPI() * kSidePadding, 'g', 6);
     return QStringLiteral("padding-left: %1px; \npadding-right: %1px;").arg(width);
 }
 
-/// Deliberate: this colour in every theme.
+/// Deliberate: the same colour in every theme.
 const QLatin1String kBorder("border: 1px solid #C8D2DC;");
 
 QString comboBoxStyle()
@@ -39,7 +39,7 @@ void placeBelow(const QWidget &box, QWidget *popup)
     popup->move(box.mapToGlobal(QPoint(0, 0)) + QPoint(0, box.height() + kListGap));
 }
 
-// Places the list before it is seen: otherwise it would flash up where Qt puts it.
+// Moves the list before it becomes visible: otherwise it would first appear at Qt's position.
 class PlaceBeforeShown : public QObject
 {
 public:
@@ -56,18 +56,18 @@ public:
     }
 
 private:
-    const QComboBox &m_box; // The pop-up is a child of it.
+    const QComboBox &m_box; // The parent of the pop-up.
 };
 
-// Unless something else in the window took it.
+// Unless another widget of the window has taken the focus.
 void giveFocusBack(QWidget *box)
 {
     if (!box->window()->focusWidget() && box->isVisible() && box->isEnabled())
         box->setFocus(Qt::PopupFocusReason);
 }
 
-// Gives the focus back once the pop-up has closed: the keyboard would have to start at the window's
-// top again. Queued, after the listeners of what was chosen, one of which may want the focus.
+// Returns the focus to the box when the pop-up has closed; otherwise Tab would start at the top of
+// the window. Queued, so that slots connected to the box's signals can set the focus first.
 class FocusReturn : public QObject
 {
 public:
@@ -87,7 +87,7 @@ public:
     }
 
 private:
-    QWidget *m_box; // The pop-up is a child of it.
+    QWidget *m_box; // The parent of the pop-up.
 };
 
 } // namespace
@@ -97,11 +97,11 @@ VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
     announceByGivenName<VemoComboBox>();
     speakToolTip(this);
     setStyleSheet(comboBoxStyle());
-    // The rows of Qt's own delegate don't follow the style sheet.
+    // Qt's own delegate draws rows without the style sheet.
     auto *delegate = new QStyledItemDelegate;
     view()->setItemDelegate(delegate);
-    // Deliberate: it has no parent, and a view doesn't own its delegate. Another delegate may have
-    // replaced it, and deleted it, by then.
+    // Deliberate: the delegate has no parent, and a view does not own its delegate. By then it may
+    // have been replaced by another one and deleted.
     connect(this, &QObject::destroyed, delegate, [delegate] { delete delegate; });
     paintPopupOnce(this);
     new PlaceBeforeShown(*this, view()->parentWidget());
@@ -114,10 +114,10 @@ void VemoComboBox::showPopup()
     if (hadFocus && count() > 0)
         new FocusReturn(this, view()->parentWidget());
     QComboBox::showPopup();
-    // An empty box opens nothing.
+    // An empty box does not open a list.
     if (hadFocus && count() == 0)
         giveFocusBack(this);
-    // Where it is shown with an effect, it does not stand there yet.
+    // If it is shown with an animation, it has not reached its position yet.
     auto *popup = findChild<QFrame *>();
     if (popup)
         placeBelow(*this, popup);

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Left to itself, Qt would grey a picture that was drawn for the disabled state.
+/// Prevents Qt from greying a picture that was drawn for the disabled state.
 QIcon asDrawn(const QPixmap &disabledPicture)
 {
     QIcon icon(disabledPicture);
@@ -23,8 +23,8 @@ QIcon asDrawn(const QPixmap &disabledPicture)
     return icon;
 }
 
-/// A button that assistive tools can press: Qt leaves the press action out where a menu would open
-/// at once, whether there is one or not.
+/// A button that assistive tools can press. In the pop-up mode in which a menu opens immediately,
+/// Qt provides no press action, even if there is no menu.
 class AccessibleIconButton : public QAccessibleWidget
 {
 public:
@@ -70,7 +70,7 @@ public:
         if (name != pressAction() && name != showMenuAction())
             QAccessibleWidget::doAction(name);
         else if (button()->menu())
-            // Queued, since the menu runs a loop of its own.
+            // Queued, because the menu runs its own event loop.
             QTimer::singleShot(0, button(), &QToolButton::showMenu);
         else
             button()->click();
@@ -157,14 +157,15 @@ void VemoIconButton::mousePressEvent(QMouseEvent *event)
     const bool opensMenu = event->button() == Qt::LeftButton && (menu() || !actions().isEmpty());
     const QPointer<VemoIconButton> self(this);
     QToolButton::mousePressEvent(event);
-    // The button's menu has run until here and has kept the release to itself.
+    // The button's menu has run in the meantime and has received the release event.
     if (opensMenu && self && isEnabled() && !isDown())
         applyNormalStyle();
 }
 
 void VemoIconButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    // Deliberate: the release shows the resting picture, although the pointer is still there.
+    // Deliberate: on release the normal picture is shown, although the pointer is still over the
+    // button.
     if (isEnabled())
         applyNormalStyle();
     QToolButton::mouseReleaseEvent(event);
@@ -179,7 +180,7 @@ void VemoIconButton::enterEvent(QEvent *event)
 
 void VemoIconButton::leaveEvent(QEvent *event)
 {
-    // Deliberate: with the keyboard focus the button stays highlighted.
+    // Deliberate: a button with the keyboard focus stays highlighted.
     if (isEnabled() && !hasFocus())
         applyNormalStyle();
     QToolButton::leaveEvent(event);
@@ -200,7 +201,7 @@ void VemoIconButton::changeEvent(QEvent *event)
 
 void VemoIconButton::initialize()
 {
-    // Installing it again is a no-op.
+    // Installing the factory again is a no-op.
     QAccessible::installFactory(newAccessibleIconButton);
     speakToolTip(this);
     setToolButtonStyle(Qt::ToolButtonIconOnly);

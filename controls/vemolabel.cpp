@@ -29,8 +29,9 @@ void VemoLabel::resizeEvent(QResizeEvent *event)
     QLabel::resizeEvent(event);
     if (!wordWrap() || sizePolicy().verticalPolicy() != QSizePolicy::Minimum)
         return;
-    // A label's height for a width is never below its minimum height: unset, it can shrink again.
+    // heightForWidth() never returns less than the minimum height, so reset it first to allow the
+    // label to shrink.
     setMinimumHeight(0);
-    // Negative for a label that shows a picture.
+    // heightForWidth() is negative for a label that shows a picture.
     setMinimumHeight(qMax(0, heightForWidth(width())));
 }

@@ -26,7 +26,7 @@ template <typename Part> Part *styled(const char *key)
 
 constexpr const char *kLabelKey = "component.lineedit_label";
 
-/// A label's text as assistive tools say it: without mark-up, and without the sign of a mnemonic.
+/// A label's text for assistive tools: without mark-up and mnemonic.
 QString spokenText(QLabel *label)
 {
     if (label->text().isEmpty())
@@ -34,7 +34,7 @@ QString spokenText(QLabel *label)
     return QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name);
 }
 
-/// The text of the label that has the widget as its buddy, as in a form.
+/// The text of the label whose buddy is widget, as in a form.
 QString textOfBuddyLabel(const QWidget &widget)
 {
     if (!widget.parentWidget())
@@ -66,7 +66,8 @@ VemoLineEdit::VemoLineEdit(QWidget *parent)
     m_line_edit->installEventFilter(this);
     for (QWidget *part : {static_cast<QWidget *>(this), static_cast<QWidget *>(m_line_edit)})
         speakToolTip(part);
-    // In this order: a label's mnemonic asks its buddy itself for a policy, not the proxy.
+    // Set the policy first: a label's mnemonic checks the focus policy of its buddy, not of the
+    // proxy.
     setFocusPolicy(m_line_edit->focusPolicy());
     setFocusProxy(m_line_edit);
 }
@@ -145,7 +146,7 @@ void VemoLineEdit::setSpacing(int spacing)
 
 bool VemoLineEdit::event(QEvent *event)
 {
-    // A label has no signal for a new text, but asks for a new layout once it is shown.
+    // QLabel has no signal for a changed text, but requests a new layout if it is visible.
     if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)
         announceCaption();
     return QWidget::event(event);
@@ -153,8 +154,8 @@ bool VemoLineEdit::event(QEvent *event)
 
 bool VemoLineEdit::eventFilter(QObject *watched, QEvent *event)
 {
-    // A label of a form asks its own window for a new layout, so look once more before the field
-    // is announced.
+    // The label of a form posts its layout request to its own parent, so update the name again
+    // before the field is announced.
     if (watched == m_line_edit && event->type() == QEvent::FocusIn)
         announceCaption();
     return QWidget::eventFilter(watched, event);
@@ -163,7 +164,7 @@ bool VemoLineEdit::eventFilter(QObject *watched, QEvent *event)
 void VemoLineEdit::announceCaption()
 {
     if (m_line_edit->accessibleName() != m_announced)
-        return; // The host has named it.
+        return; // Set by the host.
     m_announced = accessibleName();
     if (m_announced.isEmpty())
         m_announced = spokenText(m_pre_label);

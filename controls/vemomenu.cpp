@@ -6,11 +6,11 @@
 
 namespace {
 
-/// Where a menu goes, along one axis, that wants to stand at position; first and last are the
-/// inclusive edges of the available area.
+/// Adjusts position, a menu's coordinate along one axis; first and last are the inclusive edges of
+/// the available area.
 int pushedInside(int position, int length, int first, int last)
 {
-    // Deliberate: to 0, not to the area's edge, and both tests look at the wanted position.
+    // Deliberate: to 0, not to the area's edge, and both conditions use the original position.
     const int pushed = position < first ? 0 : position;
     return position + length > last ? pushed - (position + length) + last : pushed;
 }
@@ -22,7 +22,7 @@ VemoMenu::VemoMenu(QWidget *parent) : QMenu(parent) { }
 void VemoMenu::showEvent(QShowEvent *event)
 {
     QMenu::showEvent(event);
-    // Deliberate: the primary screen's area, also for a menu on another screen.
+    // Deliberate: the area of the primary screen, even for a menu on another screen.
     const QScreen *screen = QGuiApplication::primaryScreen();
     if (!screen)
         return;

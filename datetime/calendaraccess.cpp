@@ -14,17 +14,17 @@ namespace {
 
 constexpr int kWeeks = 6;
 constexpr int kDays = 7;
-// Qt's events count the headers in, also while they are hidden.
+// The column numbers in Qt's events include the headers, even if these are hidden.
 constexpr int kColumns = kDays + 1;
 constexpr int kCells = (kWeeks + 1) * kColumns;
 
-/// Null while Qt's part of the calendar is being made, or destroyed.
+/// Null while QCalendarWidget is being constructed or destroyed.
 DayCalendar *calendarOf(const QTableView *grid)
 {
     return dynamic_cast<DayCalendar *>(grid->parent());
 }
 
-/// A day, or what stands for a header: of a weekday above, or of a week before.
+/// A day, or a header cell: the weekday above, or the week before.
 class CellAccess : public QAccessibleInterface,
                    public QAccessibleTableCellInterface,
                    public QAccessibleActionInterface
@@ -118,7 +118,7 @@ private:
     QModelIndex index() const { return m_grid->model()->index(m_row, m_column); }
     QAccessibleInterface *grid() const { return QAccessible::queryAccessibleInterface(m_grid); }
 
-    QTableView *m_grid; // Outlives its interface, and that its cells.
+    QTableView *m_grid; // Outlives its interface, which outlives its cells.
     int m_row;
     int m_column;
 };
@@ -142,7 +142,7 @@ public:
     int childCount() const override { return kCells; }
     QAccessibleInterface *child(int cell) const override
     {
-        // Qt's headers, hidden as soon as the calendar is made, count as cells until then.
+        // Qt's headers count as cells until they are hidden, right after construction.
         const QAbstractItemModel *days = m_grid->model();
         if (days->rowCount() > kWeeks || days->columnCount() > kDays)
             cell = 0;
@@ -214,7 +214,7 @@ public:
     bool selectColumn(int /*column*/) override { return false; }
     bool unselectRow(int /*row*/) override { return false; }
     bool unselectColumn(int /*column*/) override { return false; }
-    // The cells stay: each looks up the day in its place.
+    // The cells remain valid: each looks up the day at its position.
     void modelChange(QAccessibleTableModelChangeEvent * /*event*/) override { }
 
 private:
@@ -231,7 +231,8 @@ QAccessibleInterface *newInterface(const QString &name, QObject *object)
 {
     if (auto *view = qobject_cast<VemoCalanderView *>(object))
         return new QAccessibleWidget(view, QAccessible::Grouping);
-    // Told by its place: it is asked for while Qt still makes the calendar.
+    // Identified by its position, because this is called while Qt is still constructing the
+    // calendar.
     const bool isGrid = name == QLatin1String("QCalendarView") && object->parent()
         && qobject_cast<VemoCalanderView *>(object->parent()->parent());
     return isGrid ? new GridAccess(qobject_cast<QTableView *>(object)) : nullptr;
@@ -241,6 +242,6 @@ QAccessibleInterface *newInterface(const QString &name, QObject *object)
 
 void makeCalendarsAccessible()
 {
-    // Installing it again does nothing.
+    // Installing the factory again is a no-op.
     QAccessible::installFactory(newInterface);
 }

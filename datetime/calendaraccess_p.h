@@ -2,6 +2,6 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-/// From now on assistive tools find the parts of a VemoCalanderView, and in its grid a table of
-/// days that have their full date for a name. Calling it again does nothing.
+/// Makes the parts of every VemoCalanderView accessible, and its grid as a table of days whose
+/// names are full dates. A second call has no effect.
 void makeCalendarsAccessible();

@@ -28,7 +28,7 @@ QColor withAlpha(QColor colour, int alpha)
     return colour;
 }
 
-/// So much of ink, of 255, and the rest of ground.
+/// Mixes amount / 255 of ink with ground.
 QColor mixed(const QColor &ink, const QColor &ground, int amount)
 {
     const auto mix = [amount](int a, int b) { return (a * amount + b * (255 - amount)) / 255; };
@@ -36,7 +36,7 @@ QColor mixed(const QColor &ink, const QColor &ground, int amount)
         mix(ink.blue(), ground.blue())};
 }
 
-/// The font, smaller where the number would not fit into the room.
+/// The font, made smaller if the number would not fit into the room.
 QFont fitted(QFont font, const QString &number, const QSize &room)
 {
     const QFontMetrics metrics(font);
@@ -57,7 +57,7 @@ void paintNumber(QPainter *painter, const QRect &rect, const QString &number, co
     painter->drawText(place, Qt::AlignCenter | Qt::TextDontClip, number);
 }
 
-/// A frame along the inside of rect, of that many screen pixels.
+/// Paints a frame inside rect; width is in screen pixels.
 void paintFrame(QPainter *painter, const QRect &rect, const QColor &colour, int width)
 {
     const QRect inside = rect.adjusted(width, width, -width, -width);
@@ -77,7 +77,7 @@ DayCalendar::DayCalendar(QWidget *parent)
 {
     m_year_edit->installEventFilter(this);
     m_grid->installEventFilter(this);
-    // So that the grid repaints the day that the pointer enters or leaves.
+    // Makes the grid repaint the days that the pointer enters and leaves.
     m_grid->viewport()->setAttribute(Qt::WA_Hover);
     m_grid->viewport()->installEventFilter(this);
     parent->installEventFilter(this);
@@ -87,7 +87,7 @@ QDate DayCalendar::dateAt(int row, int column) const
 {
     const QAbstractItemModel *days = m_grid->model();
     int first = 0;
-    // The page begins within the week before the first of its month.
+    // The page begins at most a week before the first day of the month.
     while (first < days->columnCount() * 2
         && days->index(first / days->columnCount(), first % days->columnCount()).data().toInt()
             != 1)
@@ -120,7 +120,7 @@ bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
 {
     if ((watched == m_year_edit || watched == m_grid) && keepEnter(event))
         return true;
-    // The day shows the focus of the view around as well.
+    // The day also shows the focus of the surrounding view.
     if (watched == parent()
         && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
         m_grid->viewport()->update();
@@ -130,7 +130,7 @@ bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
         else if (event->type() == QEvent::HoverLeave)
             m_pointer = kNowhere;
         else if (event->type() == QEvent::Paint)
-            m_today = QDate::currentDate(); // Asks the system: too expensive to call per cell.
+            m_today = QDate::currentDate(); // A system call: too expensive per cell.
     }
     return QCalendarWidget::eventFilter(watched, event);
 }
@@ -142,8 +142,8 @@ bool DayCalendar::event(QEvent *event)
     return changesFace ? keepFace(event) : QCalendarWidget::event(event);
 }
 
-// For a new locale Qt takes its first weekday and its month names, for a new direction arrows of
-// the style.
+// When the locale changes, Qt resets the first weekday and the month names; when the layout
+// direction changes, it resets the arrows.
 bool DayCalendar::keepFace(QEvent *event)
 {
     const Qt::DayOfWeek firstDay = firstDayOfWeek();
@@ -165,9 +165,9 @@ bool DayCalendar::keepFace(QEvent *event)
     return isHandled;
 }
 
-// Not by Qt's own: it paints days of other months in the ink of disabled text, although they can be
-// picked, weekends in their own, although they can't, and cuts numbers that need a little more
-// room.
+// Does not use Qt's implementation: it paints days of other months like disabled text although they
+// can be selected, weekends in their own colour even if they cannot, and cuts off numbers that are
+// slightly too wide.
 void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
 {
     const QPalette &colours = m_grid->palette();

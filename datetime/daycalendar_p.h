@@ -10,25 +10,24 @@ class QTableView;
 class QTextCharFormat;
 class QToolButton;
 
-/// Qt's calendar, which also shows which day is today, which one the pointer is on, which ones are
-/// out of range, and which one has the focus: the grid's, or that of the parent. The colours are
-/// those of the day grid's palette. The Return that ends the typing of a year, or picks a day, is
-/// not taken by a pop-up around it. Names, arrows and first weekday stay as they were set, whatever
-/// locale or layout direction it gets.
+/// A QCalendarWidget that also marks today, the day under the pointer, days out of range, and the
+/// day with the focus of the grid or of the parent, in colours of the grid's palette. When Return
+/// finishes the input of a year or selects a day, a surrounding pop-up does not receive the key.
+/// Names, arrows and first weekday do not change with the locale or the layout direction.
 class DayCalendar : public QCalendarWidget
 {
 public:
     explicit DayCalendar(QWidget *parent);
 
     QTableView *grid() const { return m_grid; }
-    /// The day at a place of the grid.
+    /// The day in a cell of the grid.
     QDate dateAt(int row, int column) const;
     bool canBePicked(const QDate &date) const;
-    /// As a click does; nothing for a day that can't be picked.
+    /// Selects a day like a click. Has no effect if the day is out of range.
     void pick(const QDate &date);
-    /// Whether the current day shows the focus, which is the grid's or that of the parent.
+    /// Whether the current day shows the focus, because the grid or the parent has it.
     bool showsFocus() const;
-    /// In full, as assistive tools speak it.
+    /// The full name, for assistive tools.
     QString weekdayName(int column) const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -51,5 +50,5 @@ private:
     QToolButton *m_next;
     QToolButton *m_month;
     QPoint m_pointer = kNowhere;
-    QDate m_today; // Of the last painting.
+    QDate m_today; // At the last paint event.
 };

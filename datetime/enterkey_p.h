@@ -4,7 +4,7 @@
 
 #include <QKeyEvent>
 
-/// Whether a key press, or the shortcut that it might be, is that of Return or Enter.
+/// Whether event is a key press or a shortcut override for Return or Enter.
 inline bool isEnter(const QEvent *event)
 {
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
@@ -13,8 +13,8 @@ inline bool isEnter(const QEvent *event)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-/// Keeps Return for the widget that it is offered to as a shortcut: the list of a combo box around
-/// it would take it for itself, and close.
+/// Accepts the shortcut override for Return, so that the widget receives the key. Otherwise the
+/// list of a surrounding combo box would handle it and close.
 inline bool keepEnter(QEvent *event)
 {
     const bool isKept = event->type() == QEvent::ShortcutOverride && isEnter(event);

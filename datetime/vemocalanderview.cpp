@@ -31,8 +31,9 @@ constexpr int kWeekdayHeight = 30;
 
 constexpr int kColumnWidth = 30; // Screen pixels: deliberately not scaled.
 constexpr int kDaysOfWeek = 7;
-constexpr Qt::GlobalColor kWeekendInk = Qt::black; // Deliberate: not Qt's red, in every theme.
-constexpr int kShortMonth = 3; // Characters, whatever the language.
+constexpr Qt::GlobalColor kWeekendInk =
+    Qt::black; // Deliberate: black in every theme, not Qt's red.
+constexpr int kShortMonth = 3; // Characters, in every language.
 
 constexpr auto kPrevious = "qt_calendar_prevmonth";
 constexpr auto kNext = "qt_calendar_nextmonth";
@@ -79,14 +80,14 @@ bool movesOrPicks(int key)
     }
 }
 
-/// Reaches what a button tells the style of itself.
+/// Gives access to the protected initStyleOption().
 struct ButtonState : QToolButton
 {
     using QToolButton::initStyleOption;
 };
 
-/// Paints an arrow of the calendar with its focus, which Qt leaves out, and from right to left the
-/// other way round: its icon stays the picture as it is.
+/// Paints an arrow of the calendar with a focus frame, which Qt does not draw, and mirrors it in
+/// right-to-left layouts without changing its icon.
 class ArrowPainter : public QObject
 {
 public:
@@ -193,7 +194,7 @@ QSize VemoCalanderView::sizeHint() const
 
 QSize VemoCalanderView::minimumSizeHint() const
 {
-    // Qt's calendar doesn't know of the row of weekdays in it.
+    // QCalendarWidget does not account for our row of weekdays.
     return layout()->totalMinimumSize() + QSize(0, m_weekday_header->height());
 }
 
@@ -212,7 +213,7 @@ bool VemoCalanderView::eventFilter(QObject * /*watched*/, QEvent *event)
     auto *grid = part<QTableView>(this, kGrid);
     const QModelIndex day = grid->currentIndex();
     if (grid->hasFocus() && day.isValid()) {
-        // Moves the focus frame on to the day, which would not be painted again otherwise.
+        // Forces a repaint, which moves the focus frame to the day.
         grid->setCurrentIndex({});
         grid->setCurrentIndex(day);
     }
@@ -270,12 +271,12 @@ QRegion VemoCalanderView::visualRegionForSelection(const QItemSelection & /*sele
 
 void VemoCalanderView::keyPressEvent(QKeyEvent *event)
 {
-    // Not what the parts leave over: Return on an arrow picks no day.
+    // Only if the view itself has the focus: Return on an arrow must not select a day.
     if (!hasFocus() || !movesOrPicks(event->key())) {
         QAbstractItemView::keyPressEvent(event);
         return;
     }
-    // Sent, it would come back here: a grid ignores the keys that it takes.
+    // Not sendEvent(): the grid ignores keys that it has handled, so the event would return here.
     part<QObject>(this, kGrid)->event(event);
     event->accept();
 }
@@ -285,7 +286,7 @@ void VemoCalanderView::pageChanged(int, int month)
     showMonthName(month);
 }
 
-// Not connected: Qt's own menu changes the page, which shows the name.
+// Not connected: Qt's own menu changes the page, and the button then shows the name.
 void VemoCalanderView::slotMonthTriggered(QAction *action)
 {
     showMonthName(action->data().toInt());
@@ -361,7 +362,7 @@ void VemoCalanderView::handleWeekdayHeader()
     m_weekday_header->setSelectionMode(NoSelection);
     m_weekday_header->setFrameStyle(0);
     m_weekday_header->setShowGrid(false);
-    // Seven columns and six rows share what there is, however large the font.
+    // Seven columns and six rows share the available space at any font size.
     for (QTableView *table :
         {part<QTableView>(this, kGrid), static_cast<QTableView *>(m_weekday_header)}) {
         table->horizontalHeader()->setMinimumSectionSize(1);
@@ -370,14 +371,14 @@ void VemoCalanderView::handleWeekdayHeader()
     }
     m_weekday_header->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_weekday_header->verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    // Last, and the header's after the table's: in its place and as it is, each is styled once.
+    // Last, and the header after the table: once in place, each is styled only once.
     m_weekday_header->setStyleSheet(style);
     m_weekday_header->horizontalHeader()->setStyleSheet(headerStyle);
 }
 
 void VemoCalanderView::handleTabOrder()
 {
-    // The calendar would send Tab past its buttons, straight to the grid, its focus proxy.
+    // With the grid as the calendar's focus proxy, Tab would skip the buttons.
     m_calendar->setFocusProxy(nullptr);
     m_calendar->setFocusPolicy(Qt::NoFocus);
     QWidget *before = this;
@@ -394,7 +395,7 @@ void VemoCalanderView::nameParts()
     auto *grid = part<QTableView>(this, kGrid);
     grid->setAccessibleName(accessibleName());
     part<QSpinBox>(this, kYearEdit)->setAccessibleName(accessibleName());
-    // A day announces its number only; this says of which month.
+    // Only the number of a day is announced; the description adds the month.
     const auto describeDay = [this, grid] {
         grid->setAccessibleDescription(m_calendar->selectedDate().toString(Qt::ISODate));
     };

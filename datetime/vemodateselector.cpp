@@ -24,7 +24,7 @@ constexpr int kCalendarWidth = 280;
 constexpr int kCalendarHeight = 260;
 constexpr int kFieldHeight = 32;
 
-/// Leaves Return to the calendar while its view has the focus.
+/// Leaves Return to the calendar if its view has the focus.
 class EnterFilter : public QObject
 {
 public:
@@ -42,8 +42,8 @@ private:
     QWidget *m_view;
 };
 
-/// Opens the calendar in line with the right edge of a field from right to left, where Qt keeps to
-/// the left edge. Never beyond the screen's left edge.
+/// In right-to-left layouts, aligns the calendar with the right edge of the field; Qt aligns it
+/// with the left edge. Never moves it beyond the left edge of the screen.
 class MirroredPlace : public QObject
 {
 public:
@@ -64,7 +64,7 @@ public:
     }
 
 private:
-    const QWidget &m_field; // The pop-up is a child of it.
+    const QWidget &m_field; // The parent of the pop-up.
     QWidget *m_popup;
 };
 
@@ -84,8 +84,8 @@ VemoDateSelector::VemoDateSelector(QString placeholder, QWidget *parent)
     speakToolTip(this);
     setView(m_calendar_view);
     paintPopupOnce(this);
-    // A release in the calendar would count as one on a row of the list, and close it. So would a
-    // press that no part of it takes, on a day out of range.
+    // A release in the calendar would be treated as one on a row of the list and close it. So would
+    // a press that the calendar ignores, such as one on a day out of range.
     ignoreMouse(new MouseReleaseFilter, view());
     ignoreMouse(new MouseReleaseFilter, view()->viewport());
     ignoreMouse(new MouseButtonFilter, view());
@@ -139,7 +139,7 @@ void VemoDateSelector::dateSelect(const QDate &date)
         showPlaceholder();
         return;
     }
-    // QDate's own would write the digits of the system's locale.
+    // QDate::toString() would use the digits of the system's locale.
     addItem(QLocale::c().toString(date, QStringLiteral("yyyy-MM-dd")), date);
     setCurrentIndex(0);
     m_calendar_view->setCurrentPage(date.year(), date.month());
@@ -157,6 +157,6 @@ void VemoDateSelector::setUpSizes()
     view()->setFixedWidth(scaled(kCalendarWidth));
     view()->setFixedHeight(scaled(kCalendarHeight));
     setFixedHeight(scaled(kFieldHeight));
-    // The list of a wider field would be as wide, with nothing beside the calendar.
+    // Otherwise the list of a wide field would be as wide, with empty space next to the calendar.
     view()->parentWidget()->setMaximumWidth(view()->width());
 }

@@ -20,8 +20,8 @@ QString twoDigits(const QString &part)
     return part.size() < 2 ? part.rightJustified(2, QLatin1Char('0')) : part;
 }
 
-/// The time in full that was typed: "9" is 09:00. A single minute digit is one of the units: "9:5"
-/// is 09:05.
+/// Completes a typed time: "9" is 09:00. A single digit of minutes is padded with a leading zero:
+/// "9:5" is 09:05.
 QString completed(const QString &typed)
 {
     const QStringList parts = typed.split(QLatin1Char(':'));
@@ -29,22 +29,22 @@ QString completed(const QString &typed)
     return twoDigits(parts[0]) + QLatin1Char(':') + twoDigits(minutes);
 }
 
-/// Whether the list asks for the size of one row instead of each, which takes it far longer. Times
-/// are of one size; a custom text may be of any.
-void takeRowsAsEqual(QAbstractItemView *view, bool areEqual)
+/// Makes the list query the size of one row instead of all rows, which is much faster. All times
+/// have the same size, but a custom text may have a different one.
+void setUniformRows(QAbstractItemView *view, bool areEqual)
 {
     if (auto *list = qobject_cast<QListView *>(view))
         list->setUniformItemSizes(areEqual);
 }
 
-/// Whether the focus goes to a pop-up, such as the menu of the edit, or comes back from it.
+/// Whether the focus moves to or returns from a pop-up, such as the context menu of the edit.
 bool isForPopup(const QEvent *event)
 {
     return static_cast<const QFocusEvent *>(event)->reason() == Qt::PopupFocusReason;
 }
 
-/// Keeps what is selected while the text of an edit is completed, for a menu to copy or to paste
-/// over.
+/// Keeps the selection while the text of an edit is completed, so that a context menu can copy or
+/// replace it.
 class KeptSelection
 {
 public:
@@ -64,7 +64,7 @@ public:
     }
 
 private:
-    QPointer<QLineEdit> m_edit; // A listener may take it away.
+    QPointer<QLineEdit> m_edit; // A slot may delete it.
     QString m_text;
     int m_start;
     bool m_is_all;
@@ -77,7 +77,7 @@ VemoTimeComboBox::VemoTimeComboBox(QWidget *parent)
 {
     installEventFilter(this);
     view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    takeRowsAsEqual(view(), true);
+    setUniformRows(view(), true);
 }
 
 QStringList VemoTimeComboBox::times() const
@@ -113,7 +113,7 @@ void VemoTimeComboBox::setEditable(bool editable)
         insertCustomItem();
     } else if (customItem()) {
         removeItem(m_custom_row.row());
-        takeRowsAsEqual(view(), true);
+        setUniformRows(view(), true);
         adjustMaxVisibleItems();
     }
 }
@@ -182,7 +182,7 @@ void VemoTimeComboBox::changeFocus(QEvent::Type change)
 {
     if (change == QEvent::FocusOut)
         correctTime();
-    // Where items were put before the custom one it has moved.
+    // The custom item has moved if the host inserted items before it.
     else if (customItem() && currentIndex() == m_custom_row.row())
         setItemText(currentIndex(), currentText().left(kTimeLength));
 }
@@ -192,7 +192,7 @@ void VemoTimeComboBox::setItemVisible(bool visible)
     if (QStandardItem *item = customItem()) {
         if (auto *list = qobject_cast<QListView *>(view()))
             list->setRowHidden(m_custom_index, !visible);
-        takeRowsAsEqual(view(), !visible);
+        setUniformRows(view(), !visible);
         item->setEnabled(visible);
     }
     adjustMaxVisibleItems();
@@ -222,7 +222,7 @@ void VemoTimeComboBox::correctTime()
         fillCustomItem(time);
         setCurrentIndex(m_custom_index);
         showBeginning();
-        // Deliberate: another time in the same row is a change, too.
+        // Deliberate: a different time in the same row is also a change.
         Q_EMIT currentIndexChanged(m_custom_index);
     } else {
         setItemVisible(false);
@@ -239,7 +239,7 @@ void VemoTimeComboBox::setUpEditing()
     }
     lineEdit()->setValidator(m_validator);
     lineEdit()->setFocusPolicy(Qt::StrongFocus);
-    // A completer would make 14:30 of 14:3, and Return would add what was typed as an item.
+    // A completer would turn 14:3 into 14:30, and Return would insert the typed text as an item.
     setCompleter(nullptr);
     setInsertPolicy(NoInsert);
 }
@@ -249,7 +249,7 @@ void VemoTimeComboBox::insertCustomItem()
     m_custom_index = qMin(m_custom_index, count());
     insertItem(m_custom_index, QString());
     if (!isEditable()) {
-        // Switched off by a listener, who could not know of the item yet.
+        // Made read-only by a slot before the item existed.
         removeItem(m_custom_index);
         return;
     }
@@ -257,7 +257,7 @@ void VemoTimeComboBox::insertCustomItem()
     setItemVisible(false);
 }
 
-// The caller may have cleared the items, the custom one with them, or put some before it.
+// The caller may have cleared all items, including the custom one, or inserted some before it.
 void VemoTimeComboBox::restoreCustomItem()
 {
     if (customItem())
@@ -291,7 +291,7 @@ void VemoTimeComboBox::fillCustomItem(const QString &time)
     setItemVisible(true);
 }
 
-// Where the custom text leaves no room for the time. A listener may have taken the edit away.
+// If the custom text leaves no room for the time. A slot may have deleted the edit.
 void VemoTimeComboBox::showBeginning()
 {
     if (isEditable() && !hasFocus())

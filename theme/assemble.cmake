@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# Copies the theme's data files beside its drawn pictures, with the colours of PALETTE for their
-# names (@accent@), and writes the resource list over them all. The drawings go to DRAWINGS with
-# their colours, for whoever installs the theme to change it.
+# Copies the theme's data files next to its drawn pictures, replaces the names of colours (@accent@) by
+# those of PALETTE, and writes a resource list of all files. The drawings are copied to DRAWINGS in the
+# same way, for users who install the theme to change it.
 
 file(READ "${PALETTE}" palette)
 string(JSON count LENGTH "${palette}")

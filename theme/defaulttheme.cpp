@@ -28,7 +28,7 @@ bool isWritable(const QString &folder)
 {
     if (folder.isEmpty() || folder.startsWith(QLatin1Char(':')) || !QDir().mkpath(folder))
         return false;
-    // Only a file that was really written proves it: permissions don't say it all.
+    // The only reliable test is to create a file: permissions are not sufficient.
     return QTemporaryFile(folder + QLatin1String("/vemo-XXXXXX")).open();
 }
 

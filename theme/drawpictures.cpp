@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-// Build tool: draws the theme's SVG pictures at four times their display size: a PNG for each
-// drawing, one more for each variant it asks for (hover, click, disable, removed), or a GIF where
-// it asks to be turned round. The drawings name the colours of a palette (@accent@).
-// theme/README.md has the drawing rules.
+// Build tool that draws the theme's SVG pictures at four times their display size: a PNG for each
+// drawing and for each variant that it requests (hover, click, disable, removed), or a GIF if it
+// requests an animation. The drawings name the colours of a palette (@accent@).
+// The drawing rules are in theme/README.md.
 //
 //     drawpictures PALETTE OUTDIR SVG...
 
@@ -28,12 +28,12 @@
 namespace {
 
 constexpr int kOversampling = 4;
-constexpr int kLargest = 256; // design pixels
+constexpr int kMaxSize = 256; // design pixels
 constexpr int kFrameDelay = 4; // hundredths of a second
-constexpr int kShadeBits = 6; // of the one colour of an animation
+constexpr int kShadeBits = 6; // of the single colour of an animation
 constexpr int kShades = 1 << kShadeBits;
 
-// The palette: a colour for each name.
+// The palette: colours by name.
 QMap<QString, QString> &palette()
 {
     static QMap<QString, QString> colours;
@@ -67,14 +67,14 @@ struct Drawing
     QByteArray svg;
     QSize size; // design pixels
     QStringList states;
-    int turnSteps = 0; // above 0: an animation that turns the drawing once in so many frames
+    int turnSteps = 0; // if positive, an animation that turns the drawing once in that many frames
     QSet<QString> colours; // names
 };
 
 struct Picture
 {
     const Drawing *drawing;
-    QString state; // empty at rest
+    QString state; // empty for the normal state
 
     QString fileName() const
     {
@@ -88,7 +88,7 @@ struct Picture
     throw std::runtime_error((path + ": " + problem).toStdString());
 }
 
-// What Qt's SVG reader complained about; it goes on with half a picture.
+// The last warning of Qt's SVG reader, which otherwise continues with an incomplete picture.
 QString &complaint()
 {
     static QString text;
@@ -126,7 +126,7 @@ void readRoot(const QXmlStreamAttributes &attributes, Drawing &drawing)
     const QStringList box = attributes.value("viewBox").toString().split(' ');
     if (box.size() == 4)
         drawing.size = QSize(box.at(2).toInt(), box.at(3).toInt());
-    if (drawing.size.isEmpty() || qMax(drawing.size.width(), drawing.size.height()) > kLargest)
+    if (drawing.size.isEmpty() || qMax(drawing.size.width(), drawing.size.height()) > kMaxSize)
         fail(drawing.path, "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256");
     drawing.states = attributes.value("data-states").toString().split(' ', Qt::SkipEmptyParts);
     for (const QString &state : qAsConst(drawing.states)) {
@@ -168,7 +168,7 @@ Drawing readDrawing(const QString &path)
     return drawing;
 }
 
-// A variant that has a drawing of its own is not derived.
+// A variant with its own drawing is not derived.
 QVector<Picture> picturesOf(const QVector<Drawing> &drawings)
 {
     QSet<QString> drawn;
@@ -188,7 +188,7 @@ QVector<Picture> picturesOf(const QVector<Drawing> &drawings)
     return pictures;
 }
 
-// With other names for some colours, then with the colours for their names.
+// First exchanges the names of some colours, then replaces all names by their colours.
 QByteArray coloured(QByteArray svg, const Recolouring &recolouring)
 {
     for (auto it = recolouring.cbegin(); it != recolouring.cend(); ++it)
@@ -198,7 +198,8 @@ QByteArray coloured(QByteArray svg, const Recolouring &recolouring)
     return svg;
 }
 
-// The badge stands free of the picture on every ground, so its margin is cut out, not painted.
+// The badge must be separated from the picture on every background, so its margin is cut out, not
+// painted.
 void drawRemovedBadge(QPainter &painter, const QSize &size)
 {
     const qreal unit = size.width() / 16.0;
@@ -214,7 +215,7 @@ void drawRemovedBadge(QPainter &painter, const QSize &size)
     painter.drawLine(centre - QPointF(2 * unit, 0), centre + QPointF(2 * unit, 0));
 }
 
-// Without the elements that the state leaves out.
+// Removes the elements that are left out in this state.
 QByteArray reduced(const QByteArray &svg, const QString &state)
 {
     static const QRegularExpression marked(R"re(<[^<>]*\sdata-not="(\w+)"[^<>]*/>)re");
@@ -315,8 +316,8 @@ QByteArray littleEndian(int value)
     return QByteArray().append(char(value & 0xff)).append(char(value >> 8));
 }
 
-// GIF knows no half transparency: an animation has one colour, and how much of it a pixel holds
-// picks a shade between the ground of a sheet and that colour.
+// GIF has no partial transparency: an animation has a single colour, and the opacity of a pixel
+// selects a shade between the background of a sheet and that colour.
 QByteArray gifHeader(const QSize &size, const QColor &colour)
 {
     QByteArray gif("GIF89a");
@@ -342,7 +343,7 @@ QByteArray gifFrame(const QImage &image)
         for (int x = 0; x < image.width(); ++x)
             pixels.append(char(qAlpha(image.pixel(x, y)) * (kShades - 1) / 255));
     }
-    // Each frame clears its area when done (09: restore ground, shade 0 is transparent).
+    // Each frame clears its area at its end (09: restore background, shade 0 is transparent).
     QByteArray frame = QByteArray::fromHex("21f90409") + littleEndian(kFrameDelay)
         + QByteArray::fromHex("00002c00000000");
     frame += littleEndian(image.width()) + littleEndian(image.height()) + '\0' + char(kShadeBits);

@@ -16,9 +16,9 @@ namespace {
 constexpr int kGroove = 4;
 constexpr int kGap = 2;
 constexpr int kNotch = 3;
-constexpr int kLeastTickDistance = 3;
+constexpr int kMinTickDistance = 3;
 
-// Screen pixels: Qt leaves five for ticks, whatever the factor.
+// Screen pixels: Qt reserves five for ticks at every factor.
 constexpr int kTick = 4;
 constexpr int kTickGap = 1;
 
@@ -32,7 +32,7 @@ QColor colour(const char *name)
     return defaultThemeColor(QLatin1String(name));
 }
 
-/// A dial does not say what of it the pointer is over: it is all handle.
+/// A dial does not report a subcontrol under the pointer, so all of it counts as the handle.
 bool isOver(const QStyleOptionSlider &option, QStyle::SubControl part)
 {
     return part == QStyle::SC_DialHandle || (option.activeSubControls & part);
@@ -72,7 +72,7 @@ QColor filledColour(const QStyleOptionSlider &option)
     return colour(option.state & QStyle::State_Enabled ? "accent" : "faint-ink");
 }
 
-/// The steps between two ticks: as wanted, else by step or page, whichever leaves room.
+/// The interval between two ticks: as requested, otherwise a step or a page, whichever fits.
 int tickInterval(const QStyleOptionSlider &option, int span)
 {
     const auto distance = [&](int steps) {
@@ -81,7 +81,7 @@ int tickInterval(const QStyleOptionSlider &option, int span)
     int interval = option.tickInterval;
     if (interval <= 0)
         interval =
-            distance(option.singleStep) < kLeastTickDistance ? option.pageStep : option.singleStep;
+            distance(option.singleStep) < kMinTickDistance ? option.pageStep : option.singleStep;
     return qMax(1, interval);
 }
 

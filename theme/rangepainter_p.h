@@ -7,10 +7,10 @@ class QPainter;
 class QRect;
 class QStyleOptionSlider;
 
-/// A line from end to end, in accent up to the handle, which is a ring of the handle's width; below
-/// or above it ticks, where the option asks for them.
+/// Draws a groove, in accent up to the handle, and the handle as a ring with the handle's width.
+/// Draws ticks above or below it if the option requests them.
 void drawSlider(QPainter *painter, const QStyleOptionSlider &option, const QRect &handle);
 
-/// An arc, in accent up to the value, around a knob with a mark; notches where the option asks for
-/// them.
+/// Draws an arc, in accent up to the value, around a knob with a mark, and notches if the option
+/// requests them.
 void drawDial(QPainter *painter, const QStyleOptionSlider &option);

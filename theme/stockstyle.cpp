@@ -30,16 +30,16 @@ constexpr int kLineArea = 7;
 constexpr int kLineMargin = 8;
 constexpr int kRow = 28;
 
-// Screen pixels: Qt leaves five of them for ticks at either side, whatever the factor.
+// Screen pixels: Qt reserves five for ticks on either side at every factor.
 constexpr int kTickShift = 2;
 
-/// Whether object is of one of the classes itself, not of a subclass.
+/// Whether the class of object is one of Classes, not a subclass.
 template <typename... Classes> bool isExactly(const QObject *object)
 {
     return object && ((object->metaObject() == &Classes::staticMetaObject) || ...);
 }
 
-/// A stock widget in one of ours has the look that ours gives it.
+/// Whether widget is inside one of our widgets, which styles its children itself.
 bool isPartOfOurs(const QWidget *widget)
 {
     for (const QWidget *at = widget; at; at = at->parentWidget()) {
@@ -49,14 +49,15 @@ bool isPartOfOurs(const QWidget *widget)
     return false;
 }
 
-/// Rows that were laid out before the view got its place keep the height that they had then.
-void layOutAgain(QAbstractItemView *view)
+/// Updates rows that were laid out before the view was polished: they keep their old height
+/// otherwise.
+void updateRowLayout(QAbstractItemView *view)
 {
     QMetaObject::invokeMethod(
         view, [view] { view->doItemsLayout(); }, Qt::QueuedConnection);
 }
 
-/// Rows of a combo box, which Qt's own delegate draws without the style sheet.
+/// Draws the rows of a combo box with the style sheet, unlike Qt's own delegate.
 class BoxRows : public QStyledItemDelegate
 {
 public:
@@ -88,8 +89,8 @@ private:
     }
 };
 
-/// A host's own delegate stays.
-void dressList(QAbstractItemView *list)
+/// Keeps a delegate set by the host.
+void styleList(QAbstractItemView *list)
 {
     list->ensurePolished();
     const QAbstractItemDelegate *delegate = list->itemDelegate();
@@ -98,7 +99,7 @@ void dressList(QAbstractItemView *list)
     list->doItemsLayout();
 }
 
-/// Unless the host has chosen heights: all rows still have the style's own.
+/// Unless the host has set heights, that is, if all rows still have the style's height.
 void setRowHeight(QHeaderView *rows, int styleHeight)
 {
     const bool isUnchanged =
@@ -107,8 +108,8 @@ void setRowHeight(QHeaderView *rows, int styleHeight)
         rows->setDefaultSectionSize(scaled(kRow));
 }
 
-/// Qt's red is too pale to read, and on a dark ground, too. A host's own format stays.
-void takeRedOffWeekends(QCalendarWidget *calendar)
+/// Removes Qt's red from weekends, which has too little contrast. Keeps a format set by the host.
+void removeWeekendRed(QCalendarWidget *calendar)
 {
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
         if (calendar->weekdayTextFormat(day).foreground().color() == Qt::red)
@@ -152,7 +153,7 @@ QString pictureName(QStyle::StandardPixmap standard)
     }
 }
 
-/// The dialogs of Qt, and its widgets that show one of these pictures in themselves.
+/// Whether widget is one of Qt's dialogs, or of its widgets that contain one of these pictures.
 bool showsOurPictures(const QWidget *widget)
 {
     const QByteArray name = widget ? widget->metaObject()->className() : "";
@@ -173,12 +174,12 @@ void StockStyle::polish(QWidget *widget)
     if (isPartOfOurs(widget))
         return;
     if (isExactly<QListView, QListWidget, QTreeView, QTreeWidget>(widget))
-        layOutAgain(static_cast<QAbstractItemView *>(widget));
+        updateRowLayout(static_cast<QAbstractItemView *>(widget));
     else if (isExactly<QTableView, QTableWidget>(widget))
         setRowHeight(static_cast<QTableView *>(widget)->verticalHeader(),
             pixelMetric(PM_HeaderDefaultSectionSizeVertical));
     else if (isExactly<QCalendarWidget>(widget))
-        takeRedOffWeekends(static_cast<QCalendarWidget *>(widget));
+        removeWeekendRed(static_cast<QCalendarWidget *>(widget));
 }
 
 int StockStyle::pixelMetric(
@@ -210,7 +211,7 @@ int StockStyle::pixelMetric(
 void StockStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
     QPainter *painter, const QWidget *widget) const
 {
-    // The pane has a line of its own there.
+    // The pane already draws a line there.
     if (element == PE_FrameTabBarBase && isExactly<QTabBar>(widget))
         return;
     QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -249,9 +250,9 @@ void StockStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 QRect StockStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
     SubControl part, const QWidget *widget) const
 {
-    // Asked for before the box measures its rows.
+    // Queried before the box measures its rows.
     if (part == SC_ComboBoxListBoxPopup && control == CC_ComboBox && isExactly<QComboBox>(widget))
-        dressList(static_cast<const QComboBox *>(widget)->view());
+        styleList(static_cast<const QComboBox *>(widget)->view());
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
 

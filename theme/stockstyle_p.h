@@ -5,8 +5,9 @@
 
 #include <QProxyStyle>
 
-/// Fusion, with what a style sheet can't say of Qt's own widgets: sliders with ticks, dials, rows,
-/// lines between areas, and the theme's pictures. Subclasses look as they do under Fusion.
+/// Fusion, extended for Qt's own widgets by what a style sheet cannot express: sliders with ticks,
+/// dials, rows, lines between areas, and the theme's pictures. Subclasses look as they do in
+/// Fusion.
 class StockStyle : public QProxyStyle
 {
     Q_OBJECT

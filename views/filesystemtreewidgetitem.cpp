@@ -7,10 +7,10 @@ namespace {
 
 const QLatin1String kHome("home");
 
-/// other's path; null for an item of another kind.
+/// The path of other; null if it is an item of another class.
 const QString *pathOf(const QTreeWidgetItem &other)
 {
-    // Sorting asks very often, and as good as always about this very class.
+    // Called very often while sorting, and almost always for this class.
     const auto *item = typeid(other) == typeid(FileSystemTreeWidgetItem)
         ? static_cast<const FileSystemTreeWidgetItem *>(&other)
         : dynamic_cast<const FileSystemTreeWidgetItem *>(&other);
@@ -25,7 +25,7 @@ FileSystemTreeWidgetItem &FileSystemTreeWidgetItem::operator=(
     const FileSystemTreeWidgetItem &) = default;
 FileSystemTreeWidgetItem::~FileSystemTreeWidgetItem() = default;
 
-// An item that is moved from may be in a tree, and stays there: it keeps its path as well.
+// A moved-from item may be in a tree and stays there, so it keeps its path as well.
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(FileSystemTreeWidgetItem &&other) noexcept
     : FileSystemTreeWidgetItem(static_cast<const FileSystemTreeWidgetItem &>(other))
 {
@@ -39,7 +39,7 @@ FileSystemTreeWidgetItem &FileSystemTreeWidgetItem::operator=(
 
 bool FileSystemTreeWidgetItem::operator<(const QTreeWidgetItem &other) const
 {
-    // Deliberate: only the other's path counts, never this one's.
+    // Deliberate: only the path of the other item is compared, not that of this item.
     const QString *path = pathOf(other);
     return (!path || *path != kHome) && QTreeWidgetItem::operator<(other);
 }

@@ -43,7 +43,7 @@ bool ItemDelegate::eventFilter(QObject *object, QEvent *event)
         if (keyEvent->key() == Qt::Key_Escape)
             Q_EMIT sigKeyPressed(keyEvent);
     }
-    // A slot may have ended the editing, and more, for good.
+    // A slot may have deleted the editor or the delegate.
     return !self || !editor || QItemDelegate::eventFilter(object, event);
 }
 
@@ -56,7 +56,7 @@ void ItemDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
 {
     if (auto *lineEdit = qobject_cast<QLineEdit *>(editor))
         setupEditor(lineEdit);
-    // A screen reader says which name is being changed.
+    // So that a screen reader announces the name being edited.
     editor->setAccessibleName(index.data().toString());
     QItemDelegate::setEditorData(editor, index);
 }

@@ -4,5 +4,5 @@
 
 #include <QRect>
 
-/// The rectangle of the check box that any ItemDelegate drew last; null before the first.
+/// The rectangle of the check box that any ItemDelegate drew last; null if none has been drawn.
 QRect &lastCheckRect();

@@ -15,7 +15,7 @@ constexpr int kArrowHeight = 28;
 constexpr int kNameHeight = 26;
 constexpr int kNamePadding = 16;
 
-/// An ampersand alone would turn the letter after it into a shortcut.
+/// Escapes ampersands, which would otherwise create mnemonics.
 QString captionOf(QString part)
 {
     return part.replace(QLatin1Char('&'), QLatin1String("&&"));
@@ -28,7 +28,8 @@ QString partOf(QString caption)
 
 } // namespace
 
-/// Made in its place and not shown yet, a button works out its sheet only once.
+/// A button that is created with its final parent and not yet visible evaluates its style sheet
+/// only once.
 PathButton::PathButton(QWidget *viewport, const QWidget *cover, const QString &style)
     : QPushButton(viewport), m_cover(cover)
 {
@@ -62,7 +63,7 @@ QString PathName::part() const
 void PathName::setPart(const QString &part)
 {
     setText(captionOf(part));
-    ensurePolished(); // which may give it another font
+    ensurePolished(); // may change the font
     const int textWidth = fontMetrics().boundingRect(part).width();
     setFixedSize(scaled(textWidth + kNamePadding), scaled(kNameHeight));
 }
@@ -73,7 +74,7 @@ void PathName::paintEvent(QPaintEvent * /*event*/)
     initStyleOption(&option);
     option.rect = shownRect();
     if (option.rect.width() < width()) {
-        // The last letters of a name alone would read like another name.
+        // Without the dots, the end of a name would look like another name.
         const int room = option.rect.width() - scaled(kNamePadding);
         const QString rest = fontMetrics().elidedText(part(), Qt::ElideLeft, room);
         if (rest.size() < 2)
@@ -89,7 +90,7 @@ PathArrow::PathArrow(
 {
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(QStringLiteral("/")); // as in a path, and in every language
-    // In a larger box Qt would draw a fine picture as a coarse, larger one.
+    // With a larger icon size Qt would draw a picture with a high pixel ratio larger and coarser.
     setIconSize(picture.size() / picture.devicePixelRatio());
     setFixedSize(scaled(kArrowWidth), scaled(kArrowHeight));
     showPicture();

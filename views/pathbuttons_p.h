@@ -4,36 +4,38 @@
 
 #include <QPushButton>
 
-/// A button in the row of a VemoButtonPath. It is drawn as far as the folder button leaves room.
+/// A button in the row of a VemoButtonPath. Only the part that the folder button does not cover is
+/// drawn.
 class PathButton : public QPushButton
 {
 public:
-    /// A flat button in the row's viewport, which may lie under cover.
+    /// Creates a flat button in the row's viewport; cover is the folder button.
     PathButton(QWidget *viewport, const QWidget *cover, const QString &style);
 
 protected:
-    /// What is neither beyond the start of the row nor covered.
+    /// The part that is neither beyond the start of the row nor covered.
     QRect shownRect() const;
 
 private:
     const QWidget *m_cover;
 };
 
-/// A part of the path. Cut at its front, it shows the rest after three dots.
+/// A part of the path. If its start is cut off, it shows the rest after three dots.
 class PathName : public PathButton
 {
 public:
     PathName(QWidget *viewport, const QWidget *cover, const QString &style);
 
     QString part() const;
-    /// Sets the text, and the size that it needs in the style's font.
+    /// Sets the text and the size that it needs in the style's font.
     void setPart(const QString &part);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 };
 
-/// What separates two parts; it points to where the row goes on, and does nothing.
+/// The arrow between two parts. It points in the direction of the row and does nothing when
+/// clicked.
 class PathArrow : public PathButton
 {
 public:

@@ -45,9 +45,9 @@ VemoButtonPath::VemoButtonPath(QWidget *parent)
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setFocusPolicy(Qt::NoFocus);
     setFixedHeight(scaled(kBarHeight));
-    // The style's own least width is more than an arrow's.
+    // The style's default minimum is wider than an arrow.
     horizontalHeader()->setMinimumSectionSize(0);
-    // The cells are there for their buttons only: no editor, and Tab goes from name to name.
+    // The cells only hold buttons: there is no editor, and Tab moves from name to name.
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
 
@@ -68,7 +68,7 @@ void VemoButtonPath::refresh(QString path) // NOLINT: by value, as the slot of i
     clearRow();
     addParts(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
     updateColumnSize();
-    // The button that had the focus is gone: without this, no widget would have it.
+    // The button that had the focus has been deleted; otherwise no widget would have the focus.
     if (hadFocus && !m_buttons.isEmpty())
         m_buttons.last()->setFocus();
     else if (hadFocus)
@@ -105,7 +105,7 @@ void VemoButtonPath::scrollTo(const QModelIndex &index, ScrollHint hint)
     QTableWidget::scrollTo(index, hint);
     if (m_change_folder_button->isHidden())
         return;
-    // The start of what the view takes for visible is under the folder button.
+    // The folder button covers the start of what the view considers visible.
     const int covered = coveredWidth() - distanceFromStart(index.column());
     if (covered > 0)
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - covered);
@@ -133,7 +133,7 @@ void VemoButtonPath::changeEvent(QEvent *event)
 void VemoButtonPath::scrollContentsBy(int dx, int dy)
 {
     QTableWidget::scrollContentsBy(dx, dy);
-    // QTableView only moves what is drawn, but a name that is cut is drawn otherwise.
+    // QTableView scrolls by moving pixels, but names that are cut off must be redrawn.
     viewport()->update();
 }
 
@@ -143,7 +143,8 @@ void VemoButtonPath::updateGeometries()
     QTableWidget::updateGeometries();
     if (m_change_folder_button->isHidden())
         return;
-    // QTableView scrolls to 0 at least: the first part would stay under the folder button.
+    // QTableView does not scroll below 0, so that the first part would remain under the folder
+    // button.
     horizontalScrollBar()->setMinimum(-coveredWidth());
     if (value < 0)
         horizontalScrollBar()->setValue(value);
@@ -163,7 +164,7 @@ void VemoButtonPath::setupFolderButton()
     placeFolderButton();
 }
 
-/// At the start of the row, which is what a row that is too wide has out of sight.
+/// At the start of the row, because a row that is too wide shows its end.
 void VemoButtonPath::placeFolderButton()
 {
     const int atRight = width() - scaled(1) - m_change_folder_button->width();
@@ -179,14 +180,14 @@ QString VemoButtonPath::pathUpTo(int column) const
     return path;
 }
 
-/// What the folder button covers of the visible row.
+/// The width of the part of the row that the folder button covers.
 int VemoButtonPath::coveredWidth() const
 {
     const int left = m_change_folder_button->x() - viewport()->x();
     return isRightToLeft() ? viewport()->width() - left : left + m_change_folder_button->width();
 }
 
-/// How far a column begins from the start of the visible row.
+/// The distance of a column from the start of the visible row.
 int VemoButtonPath::distanceFromStart(int column) const
 {
     const int left = columnViewportPosition(column);
@@ -215,7 +216,8 @@ void VemoButtonPath::addName(const QString &part, const QString &style)
     connect(name, SIGNAL(clicked(bool)), m_name_mapper, SLOT(map()));
     m_name_mapper->setMapping(name, column);
     setColumnWidth(column, name->width());
-    // A new widget is the last that Tab comes to, wherever in the window the bar stands.
+    // New widgets are added to the end of the window's Tab order, so move them to the bar's
+    // position.
     QWidget *before = m_change_folder_button;
     if (column >= 2)
         before = m_buttons.at(column - 2);
@@ -231,7 +233,7 @@ void VemoButtonPath::addParts(const QStringList &parts)
     const QString nameStyle = getStyleSheet("component.button_path_name_button");
     const QPixmap arrow = getGlobalImage("bt_next");
 
-    // All columns at once: one by one, each would move all those before it.
+    // All columns at once: each one added later would move all columns before it.
     setColumnCount(2 * parts.size() - 1);
     for (const QString &part : parts) {
         if (!m_buttons.isEmpty())
@@ -252,7 +254,7 @@ void VemoButtonPath::updateColumnSize()
         setChangeFolderBtn(total);
 }
 
-/// For a row that is wider than the bar: its width, in screen pixels.
+/// width is that of the row in screen pixels, which exceeds the bar's.
 void VemoButtonPath::setChangeFolderBtn(int width)
 {
     m_change_folder_button->show();
@@ -262,7 +264,7 @@ void VemoButtonPath::setChangeFolderBtn(int width)
         const int right = left + columnWidth(column);
         if (!isArrow(column) && !(overflow <= left && overflow >= right)) {
             addFolder(column);
-            // The first part that reaches into the visible row is the last one to be listed.
+            // The first part that is partly visible is the last one in the menu.
             if (overflow < right) {
                 m_change_folder_button->setAccessibleName(getPath(column));
                 break;
@@ -270,7 +272,7 @@ void VemoButtonPath::setChangeFolderBtn(int width)
         }
         left = right;
     }
-    // Left to itself, the scroll bar learns of new widths only later.
+    // Otherwise the scroll bar's range would be updated later.
     updateGeometries();
     horizontalScrollBar()->setValue(horizontalScrollBar()->maximum());
 }

@@ -42,7 +42,7 @@ VemoFilterBar::VemoFilterBar(QWidget *parent)
     connect(this, SIGNAL(returnPressed()), this, SLOT(slotKeywordChange()));
 }
 
-/// Moves the button to the right end in a right-to-left layout, as the padding of the text moves.
+/// In a right-to-left layout the button moves to the right, like the padding of the text.
 void VemoFilterBar::addButtonLayout()
 {
     auto *layout = new QHBoxLayout(this);
@@ -55,7 +55,7 @@ void VemoFilterBar::addButtonLayout()
 void VemoFilterBar::setMenu(QMenu *menu)
 {
     m_dropdown_button->setMenu(menu);
-    // The menu's title, without the sign of its mnemonic.
+    // The menu's title without its mnemonic.
     const QString title = menu ? menu->menuAction()->iconText() : QString();
     m_dropdown_button->setAccessibleName(title.isEmpty() ? placeholderText() : title);
 }
@@ -67,7 +67,7 @@ void VemoFilterBar::keyPressEvent(QKeyEvent *event)
         return;
     }
     event->accept();
-    // The menu runs a loop of its own, in which the bar may come to its end.
+    // The menu runs its own event loop, in which the bar may be deleted.
     if (m_dropdown_button->menu())
         m_dropdown_button->showMenu();
 }

@@ -43,7 +43,8 @@ QString text(const char *key)
     return ComponentStrings::getInstance().getString(QLatin1String(key));
 }
 
-/// Shows the picture of its counterpart in a right-to-left layout, where the row is mirrored.
+/// In a right-to-left layout the row is mirrored, so each button shows the picture of its
+/// counterpart.
 class NavigationButton : public VemoIconButton
 {
 public:
@@ -64,7 +65,7 @@ protected:
         if (event->type() != QEvent::LayoutDirectionChange)
             return;
         setAllIcon(isRightToLeft() ? m_counterpart : m_picture);
-        // On this event the button shows the picture of its state instead of that of rest.
+        // On this event the button updates its picture to its current state.
         QEvent enabledChange(QEvent::EnabledChange);
         VemoIconButton::changeEvent(&enabledChange);
     }
@@ -74,7 +75,7 @@ private:
     QString m_counterpart;
 };
 
-/// One of the page numbers. A blank one shows nothing, not even the box of its style.
+/// A page number. A blank one draws nothing, not even the background of its style.
 class PageButton : public VemoButton
 {
 public:
@@ -94,7 +95,7 @@ private:
     bool m_is_current;
 };
 
-/// Tells assistive tools which page is the current one, and keeps blank buttons from them.
+/// Marks the current page for assistive tools, and hides blank buttons from them.
 class AccessiblePageButton : public QAccessibleWidget
 {
 public:
@@ -147,7 +148,7 @@ VemoPagingBar::VemoPagingBar(VemoPagingModel *model, QWidget *parent)
         m_model->setNowPage(1);
         m_model->setItemCount(0);
     }
-    QAccessible::installFactory(newAccessiblePageButton); // again it is a no-op
+    QAccessible::installFactory(newAccessiblePageButton); // a no-op if already installed
     m_page_mapper = new QSignalMapper(this);
     m_first_page_button = new NavigationButton(kToFirst, kToLast, "first_page");
     m_prev_5_button = new NavigationButton(kBack, kNext, "prev_5_pages");
@@ -171,7 +172,7 @@ void VemoPagingBar::initializeUI()
         return;
     m_main_layout = new QHBoxLayout;
     m_main_layout->setSpacing(0);
-    // Deliberate: the single pixel at the top makes room for the border's line.
+    // Deliberate: a margin of one pixel for the line at the top.
     m_main_layout->setContentsMargins(0, scaled(1), 0, 0);
     m_main_layout->addSpacing(scaled(kLeftMargin));
     m_main_layout->setAlignment(Qt::AlignVCenter);
@@ -274,7 +275,7 @@ void VemoPagingBar::setFooterInfos(const std::vector<PagingFooterInfo> &infos)
 
 void VemoPagingBar::pageClick(int page)
 {
-    // The focus stays with the page, which is the middle one now, and not with the place.
+    // The focus follows the page to the middle instead of staying at the button's position.
     const QPointer<VemoButton> middle(m_page_buttons[kMiddle]);
     const bool hadFocus = m_page_buttons[page]->hasFocus();
     goTo(m_page_buttons[page]->text().toInt());
@@ -319,7 +320,7 @@ void VemoPagingBar::setPage(int page)
     m_last_page_button->setEnabled(page < pageCount);
     m_prev_5_button->setEnabled(page != 1);
     m_first_page_button->setEnabled(page != 1);
-    // Deliberate: a page beyond the last one is kept as well.
+    // Deliberate: a page beyond the last one is also kept.
     m_model->setNowPage(page);
 }
 
@@ -388,10 +389,10 @@ void VemoPagingBar::addBorder()
     setLayout(barLayout);
 }
 
-/// Of the next label to be added.
+/// The style of the next label to be added.
 QString VemoPagingBar::footerStyle() const
 {
-    // A bar that was never shown counts as one without a refresh button.
+    // Deliberate: before the bar is first shown, its refresh button counts as hidden.
     const bool isRefreshHidden =
         m_refresh_button->isHidden() || !window()->testAttribute(Qt::WA_WState_ExplicitShowHide);
     return m_footer_labels.empty() && isRefreshHidden
@@ -418,7 +419,7 @@ void VemoPagingBar::addFooterLabel(const PagingFooterInfo &info)
 
 void VemoPagingBar::dropFooterLabel()
 {
-    // Deliberate: the label stays a hidden child of the bar, and its separator stays where it is.
+    // Deliberate: the label remains as a hidden child of the bar, and its separator stays visible.
     QLabel *label = m_footer_labels.back();
     label->hide();
     m_footer_layout->removeWidget(label);

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The nearest int: extreme counts and pages reach beyond it.
+/// Clamps value to the range of int, which extreme counts and pages exceed.
 int toInt(qint64 value)
 {
     constexpr qint64 lowest = std::numeric_limits<int>::min();

@@ -15,7 +15,7 @@
 namespace {
 
 // In design pixels.
-constexpr int kHeaderWidth = 20000; // wide enough to run past any table and be scrolled
+constexpr int kHeaderWidth = 20000; // wider than any table
 constexpr int kHeaderHeight = 30;
 constexpr int kRowHeight = 28;
 constexpr int kExtraWidth = 12; // above the vertical scroll bar
@@ -137,17 +137,17 @@ void VemoTableWidget::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() != QEvent::LayoutDirectionChange)
         return;
-    // QScrollArea would not move its widget before it is scrolled; on this event it does.
+    // QScrollArea only updates its widget's position when it is scrolled or on this event.
     QEvent layoutRequest(QEvent::LayoutRequest);
     QCoreApplication::sendEvent(m_header_scroll_area, &layoutRequest);
 }
 
-/// The header was scrolled: by the table, or by a wheel or a touchpad over the header itself.
+/// The header was scrolled, either by the table or by a wheel or touchpad over the header.
 void VemoTableWidget::slotHeaderScrolled(int value)
 {
     QScrollBar *const header = m_header_scroll_area->horizontalScrollBar();
     QScrollBar *const table = m_table->horizontalScrollBar();
-    // The header, of a fixed width, may end before the table does.
+    // The header has a fixed width and may end before the table.
     if (value == qMin(table->value(), header->maximum()))
         return;
     table->setValue(value);
@@ -184,7 +184,7 @@ void VemoTableWidget::setLabels()
         labels << column.name;
     labels << QString();
     m_header_table->setHorizontalHeaderLabels(labels);
-    // A screen reader asks the table itself what its columns are called.
+    // Screen readers take the names of the columns from the table itself.
     m_table->setHorizontalHeaderLabels(labels);
 }
 
@@ -196,7 +196,7 @@ void VemoTableWidget::setSectionSizes()
     int narrowest = scaled(kExtraWidth);
     for (const auto &column : m_columns.m_columns)
         narrowest = qMin(narrowest, scaled(column.width));
-    // The style's own least width is more than what may be asked for.
+    // The style's default minimum is wider than a column may be.
     for (QHeaderView *header : {m_header, labels, columns})
         header->setMinimumSectionSize(qMax(narrowest, 0));
 
@@ -218,7 +218,7 @@ void VemoTableWidget::setupTable()
 {
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->setTabKeyNavigation(false); // it would keep the keyboard: arrows move inside
+    m_table->setTabKeyNavigation(false); // Tab leaves the table; arrows move inside
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->hide();
     m_table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -249,7 +249,7 @@ void VemoTableWidget::setupLayout()
 
 void VemoTableWidget::connectParts()
 {
-    // Spaces would have to be taken out of each signature when connecting.
+    // Without spaces, Qt need not normalise the signatures when connecting.
     // clang-format off
     connect(m_header, SIGNAL(sectionResized(int,int,int)),
         this, SLOT(slotSectionResized(int,int,int)));

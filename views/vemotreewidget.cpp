@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int kRoomAtRight = 100; // design pixels
-constexpr Qt::GlobalColor kHighlightOutline = Qt::white; // Deliberate: in every theme.
+constexpr Qt::GlobalColor kHighlightOutline = Qt::white; // Deliberate: the same in every theme.
 constexpr int kHighlightInset = 3; // design pixels; also the radius of its corners
 
 void drawHighlight(QPainter *painter, QRect row, const QColor &color)
@@ -34,7 +34,7 @@ void drawHighlight(QPainter *painter, QRect row, const QColor &color)
     painter->restore();
 }
 
-/// The rows that a selection touches, be it in one column only.
+/// The rows in which at least one column is selected.
 class TouchedRows
 {
 public:
@@ -70,8 +70,8 @@ private:
         }
     };
 
-    /// Makes one run of those that share rows, so that a row can only be in the one that begins
-    /// last before it.
+    /// Merges overlapping runs, so that a row can only be in the last run that begins at or before
+    /// it.
     void joinRuns()
     {
         size_t joined = 0;
@@ -91,8 +91,9 @@ private:
 
 } // namespace
 
-/// What is read once a paint instead of once a row: asking for the pointer may be a round trip to
-/// the display, and asking the selection model is a walk over all that is selected.
+/// Values that are read once per paint event instead of once per row: querying the pointer may
+/// require a round trip to the display, and querying the selection model iterates over the whole
+/// selection.
 struct VemoTreeWidget::Paint
 {
     QPoint pointer;
@@ -101,7 +102,7 @@ struct VemoTreeWidget::Paint
 
 VemoTreeWidget::VemoTreeWidget(QWidget *parent) : QTreeWidget(parent)
 {
-    // Not of the viewport, whose rows would then be drawn in their style's own hover look as well.
+    // Not for the viewport, which would then also draw its rows with the style's hover look.
     setAttribute(Qt::WA_Hover);
 }
 
@@ -129,8 +130,8 @@ bool VemoTreeWidget::event(QEvent *event)
     case QEvent::HoverMove:
     case QEvent::HoverLeave:
         setPointer(static_cast<QHoverEvent *>(event)->pos());
-        // QWidget repaints all of itself. Only a style with a hover look needs that, and such a
-        // style asks for hover events of the viewport as well.
+        // QWidget repaints itself completely on hover events. Only styles with a hover look need
+        // that, and these also enable hover events for the viewport.
         return !viewport()->testAttribute(Qt::WA_Hover) || QTreeWidget::event(event);
     default:
         return QTreeWidget::event(event);
@@ -142,7 +143,7 @@ void VemoTreeWidget::mousePressEvent(QMouseEvent *event)
     const QPointer<VemoTreeWidget> self(this);
     if (event->button() == Qt::RightButton)
         Q_EMIT sigMouseRightClickEvent(event);
-    // A menu that the slot ran may have taken the tree with it.
+    // The tree may have been deleted while a slot ran a menu.
     if (self)
         QTreeWidget::mousePressEvent(event);
 }
@@ -157,14 +158,14 @@ void VemoTreeWidget::keyPressEvent(QKeyEvent *event)
 
 void VemoTreeWidget::focusInEvent(QFocusEvent * /*event*/)
 {
-    // Deliberate: the base class is left out.
+    // Deliberate: the base class is not called.
     if (!currentItem()) {
         setCurrentItem(itemAt(QPoint(0, 0)));
         return;
     }
     const QPersistentModelIndex current = indexFromItem(currentItem());
     setCurrentItem(itemAt(QPoint(-1, -1)));
-    // A slot may have deleted the item and chosen another.
+    // A slot may have deleted the item and set another one.
     if (current.isValid())
         setCurrentItem(itemFromIndex(current));
 }
@@ -172,7 +173,8 @@ void VemoTreeWidget::focusInEvent(QFocusEvent * /*event*/)
 void VemoTreeWidget::scrollContentsBy(int dx, int dy)
 {
     QTreeWidget::scrollContentsBy(dx, dy);
-    // Sideways, QTreeView only moves what is drawn, and the ends of the highlights with it.
+    // QTreeView scrolls horizontally by moving pixels, and would move the ends of the highlights
+    // too.
     if (dx != 0)
         viewport()->update();
 }
@@ -180,7 +182,7 @@ void VemoTreeWidget::scrollContentsBy(int dx, int dy)
 void VemoTreeWidget::paintEvent(QPaintEvent *event)
 {
     const Paint paint {mapFromGlobal(QCursor::pos()), TouchedRows(selectionModel()->selection())};
-    // The pointer may be ahead of its events.
+    // The pointer may have moved since the last event.
     setPointer(paint.pointer);
     const QScopedValueRollback<const Paint *> whilePainting(m_paint, &paint);
     QTreeWidget::paintEvent(event);
@@ -196,7 +198,8 @@ void VemoTreeWidget::drawRow(
             drawHighlight(painter, option.rect, m_selected_color);
         else if (isHovered(option.rect))
             drawHighlight(painter, option.rect, m_hover_color);
-        // Deliberate: a row without a check box looks disabled, although it can be selected.
+        // Deliberate: the text of a row without a check box looks disabled, although it can be
+        // selected.
         if (!(item->flags() & Qt::ItemIsUserCheckable))
             row.state &= ~QStyle::State_Enabled;
     }
@@ -210,15 +213,15 @@ bool VemoTreeWidget::isSelected(const QModelIndex &index) const
     return selectionModel()->isRowSelected(index.row(), index.parent());
 }
 
-/// Whether the pointer is over the row that is drawn at rect.
+/// Whether the pointer is over the row drawn at rect.
 bool VemoTreeWidget::isHovered(const QRect &rect) const
 {
     const QPoint pointer = m_paint ? m_paint->pointer : mapFromGlobal(QCursor::pos());
-    // Deliberate: one pixel lower, and the pointer is taken in the tree, not in its viewport.
+    // Deliberate: one pixel lower, and relative to the tree, not to its viewport.
     return rect.translated(0, 1).contains(pointer);
 }
 
-/// Repaints what a pointer that has moved to another row changes.
+/// Repaints the affected rows if the pointer has moved to another row.
 void VemoTreeWidget::setPointer(const QPoint &pointer)
 {
     const QModelIndex row = rowAt(pointer);
@@ -229,7 +232,7 @@ void VemoTreeWidget::setPointer(const QPoint &pointer)
     m_hovered_row = row;
 }
 
-/// The row that isHovered() would find at pointer; its first shown column.
+/// The first visible column of the row for which isHovered() is true at pointer.
 QModelIndex VemoTreeWidget::rowAt(const QPoint &pointer) const
 {
     const QPoint inRow = pointer - QPoint(0, 1);
@@ -243,6 +246,6 @@ void VemoTreeWidget::updateRow(const QModelIndex &row)
     if (!row.isValid())
         return;
     const QRect rect = visualRect(row);
-    // The pen reaches half a pixel into the rows above and below.
+    // The pen extends half a pixel into the rows above and below.
     viewport()->update(0, rect.top() - 1, viewport()->width(), rect.height() + 2);
 }

@@ -53,7 +53,7 @@ public:
     /// Sends it a signal: SIGSTOP, SIGCONT, SIGKILL.
     void signal(int number);
 
-    /// Lets the process end normally.
+    /// Lets the process end normally; kill() ends it without clean-up.
     void quit();
     void kill();
 
