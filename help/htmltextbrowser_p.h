@@ -15,8 +15,8 @@ class PageDocument;
 
 /// Shows the text of a page, and its pictures as soon as they have been downloaded.
 ///
-/// Only a page with a base address has pictures downloaded. They are kept in a folder that all
-/// pages share; the page finds them there by their bare names.
+/// Pictures are only downloaded for pages with a base address. They are stored in a folder that all
+/// pages share, where a page finds them by their file names.
 class HtmlTextBrowser : public QTextBrowser
 {
     Q_OBJECT
@@ -25,14 +25,14 @@ public:
     explicit HtmlTextBrowser(QWidget *parent);
     ~HtmlTextBrowser() override;
 
-    /// Shows a page and starts to download its pictures. Downloads of an earlier page go on.
+    /// Shows a page and starts to download its pictures. Downloads of an earlier page continue.
     void setHtmlContent(const QString &html);
-    /// The same; false, with a warning, if the page would take too long to show. Nothing is fetched
-    /// for it then, and the earlier page stays.
+    /// The same. Returns false, with a warning, if the page would take too long to show; then
+    /// nothing is downloaded, and the previous page remains.
     bool showContent(const QString &html);
 
-    /// Says where the pages from now on come from. Only those from a file or a resource may use
-    /// local files, and have pictures fetched from any address; at first, none may.
+    /// Sets the origin of the following pages. Only pages from a file or a resource may use local
+    /// files and fetch pictures from any address; initially none may.
     void setPageUrl(const QUrl &url);
     QUrl pageUrl() const { return m_page_url; }
 
@@ -49,9 +49,9 @@ private Q_SLOTS:
 private:
     struct Turns
     {
-        bool areLocalFilesAllowed = false; // As they were for the page.
-        int running = 0; // Without the silent ones.
-        QQueue<ImageDownloader *> silent; // Started, and without a byte for long.
+        bool areLocalFilesAllowed = false; // For the page of these downloads.
+        int running = 0; // Excluding the silent ones.
+        QQueue<ImageDownloader *> silent; // Started, but no data for kMaxSilence.
         QQueue<ImageDownloader *> waiting;
     };
 
@@ -67,14 +67,14 @@ private:
     QString m_base_url;
     QString m_reserved; // Deliberately unused.
     QMap<QString, ImageDownloader *> m_downloads;
-    QSharedPointer<qint64> m_buffered_bytes {new qint64(0)}; // Of all of them.
+    QSharedPointer<qint64> m_buffered_bytes {new qint64(0)}; // Of all downloads.
 
     QUrl m_page_url;
-    QUrl m_replaced_source; // What the base class showed before the page, and still holds.
+    QUrl m_replaced_source; // The previous page of the base class, which still stores it.
     int m_page_number = 0;
-    QHash<ImageDownloader *, int> m_page_numbers; // Of all downloaders that are alive.
-    QHash<int, Turns> m_turns; // By page number; none where all downloads have finished.
-    QSet<QString> m_arrived; // Names of files that the view doesn't show yet.
+    QHash<ImageDownloader *, int> m_page_numbers; // Of all existing downloaders.
+    QHash<int, Turns> m_turns; // By page number; removed when all downloads have finished.
+    QSet<QString> m_arrived; // Names of files that the view does not show yet.
     QTimer m_show_timer;
     int m_show_pause = 0; // In milliseconds.
 };

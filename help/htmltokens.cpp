@@ -3,10 +3,10 @@
 
 namespace {
 
-constexpr int kMaxEntityLength = 9; // With its semicolon.
+constexpr int kMaxEntityLength = 9; // Including the semicolon.
 
-/// word in small letters with its numeric entities resolved. The others yield no letter that a name
-/// of HTML has.
+/// word in lower case with numeric entities resolved. Named entities are ignored, since none yields
+/// a letter that occurs in names of HTML.
 QString nameOf(QStringView word, bool hasEntities)
 {
     QString name;
@@ -25,7 +25,7 @@ QString nameOf(QStringView word, bool hasEntities)
     return name;
 }
 
-/// The part of the page that the text engine shows: a fragment of the clipboard, if it is marked.
+/// The part of the page that the text engine shows: the clipboard fragment if one is marked.
 QStringView shownPart(const QString &html)
 {
     const int start = html.indexOf(QLatin1String("<!--StartFragment-->"));

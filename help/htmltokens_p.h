@@ -8,31 +8,31 @@
 /// One attribute of a tag.
 struct HtmlAttribute
 {
-    QString name; ///< In small letters, entities resolved.
-    QStringView value; ///< As in the page, without its quotes; "1" if there is none.
+    QString name; ///< In lower case, entities resolved.
+    QStringView value; ///< As in the page, without quotes; "1" if there is none.
     bool hasEntities = true; ///< Whether an ampersand in value may begin an entity.
 };
 
-/// What a page consists of: texts and tags. Comments and declarations are left out.
+/// A text or a tag of a page. Comments and declarations are left out.
 struct HtmlToken
 {
     enum Kind { TEXT, OPENING, CLOSING };
 
     Kind kind = TEXT;
-    QStringView text; ///< Of a text, its entities as in the page.
-    QString name; ///< Of a tag, in small letters, entities resolved.
+    QStringView text; ///< Of a text, with entities as in the page.
+    QString name; ///< Of a tag, in lower case, entities resolved.
     QVector<HtmlAttribute> attributes;
-    bool endsItself = false; ///< Whether the tag has a slash at its end.
+    bool endsItself = false; ///< Whether the tag ends with a slash.
 };
 
-/// Splits a page into tokens, as tolerantly as Qt's text engine: blanks before a name, quoted names
-/// and entities in names count. The page has to live as long as the tokens.
+/// Splits a page into tokens, as leniently as Qt's text engine: accepts blanks before a name,
+/// quoted names and entities in names. The page must outlive the tokens.
 class HtmlTokens
 {
 public:
     explicit HtmlTokens(const QString &html);
 
-    /// The next token, in token; false at the end of the page.
+    /// Stores the next token in token. Returns false at the end of the page.
     bool next(HtmlToken *token);
 
 private:
@@ -50,6 +50,6 @@ private:
     int m_position = 0;
 };
 
-/// Where the entity ends that begins with the ampersand at position of text, past its semicolon; -1
-/// if there is no entity.
+/// The end, past the semicolon, of the entity that begins with the ampersand at position of text;
+/// -1 if it does not begin an entity.
 int htmlEntityEnd(QStringView text, int position);

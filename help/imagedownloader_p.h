@@ -10,7 +10,7 @@
 
 class QNetworkAccessManager;
 
-/// Fetches one picture into one file. There is no time limit.
+/// Downloads a picture to a file, without a time limit.
 class ImageDownloader : public QObject
 {
     Q_OBJECT
@@ -19,17 +19,18 @@ public:
     ImageDownloader(const QString &localPath, const QString &url);
     ~ImageDownloader() override;
 
-    /// Counts what is being received in bytes, too, which must not exceed kMaxBufferedBytes.
+    /// Also adds the size of its buffer to bytes, which must not exceed kMaxBufferedBytes.
     void shareBuffers(const QSharedPointer<qint64> &bytes) { m_buffered_bytes = bytes; }
 
-    /// Begins to fetch; sigDownloadFinish() comes later in any case.
+    /// Starts the download. Always emits sigDownloadFinish() later.
     void start();
-    /// Fetches nothing: sigDownloadFinish() comes later, as after a failure.
+    /// Downloads nothing, but emits sigDownloadFinish() later as after a failure.
     void refuse();
-    /// Breaks off a download that has been started: it fails at once.
+    /// Aborts a download that has been started, which then fails immediately.
     void abort();
 
-    /// Milliseconds without a byte after which later downloads send sigSilent(); tests shorten it.
+    /// Milliseconds without data after which later downloads emit sigSilent(). Tests set a shorter
+    /// time.
     static int &maxSilence();
 
     QString localPath() const { return m_local_path; }
@@ -38,9 +39,9 @@ public:
     int result() const { return m_result; }
 
 Q_SIGNALS:
-    /// res is 0, or -1 after a network error; a file that can't be written is no error.
+    /// res is 0, or -1 after a network error; a file that cannot be written is not an error.
     void sigDownloadFinish(QString url, int res);
-    /// The server has sent nothing for maxSilence() milliseconds. The download goes on.
+    /// The server has sent nothing for maxSilence() milliseconds. The download continues.
     void sigSilent();
 
 private Q_SLOTS:

@@ -21,13 +21,13 @@ namespace {
 
 constexpr int kNeighbours = 1000; // Characters.
 
-/// What the text engine itself draws for a missing picture.
+/// The symbol that the text engine draws for a missing picture.
 QPixmap missingPicture()
 {
     return QPixmap(QStringLiteral(":/qt-project.org/styles/commonstyle/images/file-16.png"));
 }
 
-/// A picture of a local page: of any format and size.
+/// A picture of a local page, which may have any format and size.
 QPixmap localPicture(const QString &file)
 {
     QImageReader reader(file);
@@ -122,7 +122,7 @@ void PageDocument::layOutAgain(const QSet<QString> &fileNames)
     for (const QString &name : fileNames)
         positions += pictureIndex().values(name).toVector();
     std::sort(positions.begin(), positions.end());
-    // Neighbours share one run: each costs the layout a walk over the whole page.
+    // Neighbours share one run, because the layout walks over the whole page for each.
     for (int first = 0, next = 0; first < positions.size(); first = next) {
         next = first + 1;
         while (next < positions.size() && positions.at(next) - positions.at(next - 1) < kNeighbours)
@@ -131,7 +131,7 @@ void PageDocument::layOutAgain(const QSet<QString> &fileNames)
     }
 }
 
-/// Where the pictures stand: looked up once for each text, a page may have ten thousand.
+/// The positions of the pictures. Created once per text, since a page may have ten thousand.
 const QMultiHash<QString, int> &PageDocument::pictureIndex()
 {
     if (m_is_indexed)
@@ -153,14 +153,14 @@ QVariant PageDocument::loadResource(int type, const QUrl &name)
 {
     if (m_local_files_allowed)
         return localResource(type, name);
-    // A background: none is better than the sign of a missing picture.
+    // For a background, nothing is better than the symbol for a missing picture.
     const QString address = name.toString();
     const bool isFound = type == ImageResource && !webPicture(address).pixmap.isNull();
     return isFound ? QVariant(picture(address)) : QVariant();
 }
 
-/// The picture in the search paths comes first, and is looked for again: the base class would keep
-/// the first one that it sees, while downloads bring new ones.
+/// Pictures in the search paths have precedence and are searched for again each time: the base
+/// class would cache the first one, although downloads may replace it.
 QVariant PageDocument::localResource(int type, const QUrl &name)
 {
     const QString key = name.toString();
@@ -172,8 +172,8 @@ QVariant PageDocument::localResource(int type, const QUrl &name)
     return found.isNull() ? QTextDocument::loadResource(type, name) : QVariant(found);
 }
 
-/// The file that name refers to by the browser's search paths; empty if there is none, and, on a
-/// page from the network, if it lies outside of them, be it by a link.
+/// The file that name refers to in the browser's search paths. Empty if there is none or, on a page
+/// from the network, if it is outside of them, even through a link.
 QString PageDocument::fileInSearchPaths(const QUrl &name) const
 {
     const QString path = name.path();
@@ -184,10 +184,10 @@ QString PageDocument::fileInSearchPaths(const QUrl &name) const
     for (const QString &folder : folders) {
         const bool isPictureFolder = folder == pictureFolder();
         if (isPictureFolder && (!m_local_files_allowed || !isPictureFolderOwn()))
-            continue; // For pages from the network it is opened in a stricter way.
+            continue; // For pages from the network openPicture() opens it, more strictly.
         const QString clean = QDir::cleanPath(folder) + QLatin1Char('/');
         const QString file = QDir::cleanPath(clean + path);
-        // Not even asked for: to ask may already reach another machine.
+        // Not even checked for existence, which might already contact another machine.
         if (!m_local_files_allowed && !file.startsWith(clean))
             continue;
         const QFileInfo candidate(file);
@@ -223,8 +223,8 @@ QSize PageDocument::shownSize(const QString &address)
     return {width, qMax(1, int(qint64(found.size.height()) * width / found.size.width()))};
 }
 
-/// The picture at address, read when it is first needed, and again if the page has become so much
-/// wider that it was decoded too small.
+/// The picture at address. It is read on first use, and again if the page has become so much wider
+/// that it was decoded too small.
 const WebPicture &PageDocument::webPicture(const QString &address)
 {
     const auto known = m_pictures.find(address);
@@ -245,7 +245,7 @@ const WebPicture &PageDocument::webPicture(const QString &address)
     return *m_pictures.insert(address, found);
 }
 
-/// In steps, so that a window that is made wider doesn't read its pictures all the time.
+/// In steps, so that resizing a window does not read its pictures all the time.
 int PageDocument::decodedWidth() const
 {
     constexpr int kStep = 256;

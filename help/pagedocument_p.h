@@ -11,9 +11,9 @@
 class QFile;
 class QTextBrowser;
 
-/// The text of a page, and the gate to what it refers to. While local files are not allowed, a page
-/// gets at nothing but pictures: those in its own addresses, and those that lie inside a folder of
-/// the browser's search paths.
+/// The text of a page, which controls access to the resources of the page. If local files are not
+/// allowed, a page only has access to pictures: those in data addresses, and those inside a folder
+/// of the browser's search paths.
 class PageDocument : public QTextDocument
 {
 public:
@@ -22,16 +22,17 @@ public:
     bool areLocalFilesAllowed() const { return m_local_files_allowed; }
     void setLocalFilesAllowed(bool allowed);
 
-    /// Forgets all pictures, for another page.
+    /// Discards all pictures, before another page is shown.
     void forgetPictures();
-    /// Looks for the pictures of these file names anew and lays the text out again around them.
+    /// Reloads the pictures with these file names and updates the layout of the text around them.
     void renewPictures(const QSet<QString> &fileNames);
-    /// Lays the pictures out again that are as wide as the page, after it has got another width.
+    /// After the width of the page has changed, updates the layout of pictures that are as wide as
+    /// it.
     void fitPictures();
 
-    /// The picture at an address of a page from the network, or the sign of a missing one.
+    /// The picture at an address of a page from the network, or the symbol for a missing picture.
     QPixmap picture(const QString &address);
-    /// The size of the same on the page: its own, or that which fits the page's width.
+    /// The size at which it is shown: its own, or scaled down to the width of the page.
     QSize shownSize(const QString &address);
 
 protected:

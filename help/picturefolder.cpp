@@ -15,7 +15,7 @@ constexpr bool kIsWindows = std::is_same_v<std::filesystem::path::value_type, wc
 
 bool isDeviceName(const QString &name)
 {
-    // Windows looks at the name before the first dot only, whatever blanks end it.
+    // Windows only considers the name before the first dot and ignores trailing blanks.
     static const QRegularExpression device(
         QStringLiteral(
             "^(CON|PRN|AUX|NUL|CONIN\\$|CONOUT\\$|(COM|LPT)[0-9\u00B9\u00B2\u00B3]) *(\\.|$)"),

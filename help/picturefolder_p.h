@@ -8,39 +8,39 @@
 
 class QDateTime;
 
-/// Bytes of the pictures that are kept from one run of the program to the next.
+/// Bytes of the pictures that are kept between runs of the program.
 constexpr qint64 kMaxPictureFolderBytes = qint64(256) * 1024 * 1024;
 
-/// The folder that downloaded pictures are kept in, under the system's temporary folder.
+/// The folder of downloaded pictures, below the system's temporary folder.
 QString pictureFolder();
 
-/// Makes the picture folder, private to the user, and trims it once per process. False if it, or
-/// the folder around it, is a link or belongs to somebody else: it is neither written nor read
-/// then.
+/// Creates the picture folder, private to the user, and trims it once per process. Returns false if
+/// the folder or its parent is a link or belongs to another user; it is then neither written nor
+/// read.
 bool preparePictureFolder();
 
-/// Removes pictures of the folder, the oldest first, until no more than maxBytes are left. Those
-/// that have been written since inUseSince stay: another program may show them.
+/// Removes the oldest pictures of the folder until at most maxBytes are left. Keeps those written
+/// since inUseSince, because another program may be showing them.
 void trimPictureFolder(qint64 maxBytes, const QDateTime &inUseSince);
 
-/// Whether a page may name a file of the picture folder so.
+/// Whether a page may use name for a file in the picture folder.
 ///
-/// Deliberate: everything but a path is taken where the system gives no letter a meaning.
+/// Deliberate: on systems without special names, anything that is not a path is accepted.
 bool isSafePictureName(const QString &name);
 
-/// Whether name means no more than a file to Windows: no stream, no path and no device.
+/// Whether name is a plain file name for Windows: not a stream, a path or a device.
 bool isSafeWindowsName(const QString &name);
 
-/// Writes bytes as the picture folder's file path, in one step: whoever reads it meanwhile gets the
-/// old picture or the new one. A file that can't be written is left out silently.
+/// Writes bytes to the file path in the picture folder, in one step: readers see either the old or
+/// the new picture. A file that cannot be written is skipped without a warning.
 void writePicture(const QString &path, const QByteArray &bytes);
 
-/// Opens the picture folder's file name for reading; false if there is none, if it is no plain
-/// file, or if the folder is not the user's own.
+/// Opens the file name in the picture folder for reading. Returns false if it is missing or not a
+/// regular file, or if the folder does not belong to the user.
 bool openPicture(const QString &name, QFile *file);
 
-/// Whether the picture folder, and each level of it, is the user's own.
+/// Whether each level of the picture folder belongs to the user.
 bool isPictureFolderOwn();
 
-/// The part of preparePictureFolder() that each system does in its own way.
+/// The platform-dependent part of preparePictureFolder().
 bool makePictureFolder();

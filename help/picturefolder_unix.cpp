@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Closes what it holds.
+/// A file descriptor that is closed by its destructor.
 class Handle
 {
 public:
@@ -37,8 +37,8 @@ private:
     int m_handle;
 };
 
-/// The folder name below parent; -1 if it is a link or another user's. What it is, is looked at in
-/// the opened folder itself: nobody can exchange it in between.
+/// Opens the folder name below parent; -1 if it is a link or belongs to another user. The opened
+/// folder itself is inspected, so that it cannot be exchanged in between.
 int openOwnFolder(int parent, const char *name)
 {
     Handle folder(::openat(parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
@@ -61,7 +61,7 @@ int openTempFolder()
         QFile::encodeName(QDir::tempPath()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
 }
 
-/// The picture folder, each level of it looked at; -1 if one is not the user's own.
+/// Opens the picture folder and inspects each level; -1 if one does not belong to the user.
 int openPictureFolder()
 {
     const Handle temp(openTempFolder());
@@ -103,7 +103,7 @@ void writePicture(const QString &path, const QByteArray &bytes)
     if (!folder.isValid() || !isSafePictureName(fileName))
         return;
     const QByteArray name = QFile::encodeName(fileName);
-    // What couldn't be opened for writing stays, though it could be replaced.
+    // A write-protected file is kept, although it could be replaced.
     if (::faccessat(folder, name, F_OK, 0) == 0 && ::faccessat(folder, name, W_OK, 0) != 0)
         return;
     static int number = 0;
@@ -113,7 +113,7 @@ void writePicture(const QString &path, const QByteArray &bytes)
         folder, part, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!file.isValid())
         return;
-    // A link in the way is replaced, never followed.
+    // A link with that name is replaced, not followed.
     if (!writeAll(file, bytes) || ::renameat(folder, part, folder, name) != 0)
         ::unlinkat(folder, part, 0);
 }
@@ -123,7 +123,7 @@ bool openPicture(const QString &name, QFile *file)
     if (!isSafePictureName(name))
         return false;
     const Handle folder(openPictureFolder());
-    // Without waiting for somebody to write into a pipe.
+    // O_NONBLOCK: do not wait for a writer if it is a pipe.
     Handle picture(folder.isValid() ? ::openat(folder, QFile::encodeName(name),
                        O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC)
                                     : -1);

@@ -14,7 +14,7 @@ QString outerFolder()
     return QFileInfo(pictureFolder()).path();
 }
 
-/// The system's temporary folder is the user's own here, so that a link is all there is to find.
+/// Only checks for links: on Windows the temporary folder belongs to the user.
 bool isOwnFolder(const QString &path)
 {
     const QFileInfo info(path);

@@ -8,15 +8,15 @@
 
 class PageDocument;
 
-/// Draws the pictures of a page, in place of the text engine's own handler: that one asks the disk
-/// for a picture of twice the size, and opens what it can't load as a file.
+/// Draws the pictures of a page instead of the text engine's own handler, which searches the disk
+/// for a picture of twice the size and tries to open unknown addresses as files.
 class PictureHandler : public QObject, public QTextObjectInterface
 {
     Q_OBJECT
     Q_INTERFACES(QTextObjectInterface)
 
 public:
-    /// Belongs to page, whose layout has to have its own handler still.
+    /// A child of page, whose layout must still have its own handler.
     explicit PictureHandler(PageDocument *page);
 
     QSizeF intrinsicSize(QTextDocument *document, int position, const QTextFormat &format) override;

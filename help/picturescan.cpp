@@ -12,8 +12,8 @@ const QLatin1String kPicture("<img");
 const QLatin1String kSource("src=\"");
 constexpr QLatin1Char kQuote('"');
 
-/// Texts in the order of their first coming. A page may name thousands of pictures: this allocates
-/// for none of them.
+/// Distinct texts in order of first occurrence. A page may name thousands of pictures, so nothing
+/// is allocated per text.
 class DistinctTexts
 {
 public:
@@ -33,7 +33,7 @@ public:
     const QVector<QStringView> &texts() const { return m_texts; }
 
 private:
-    /// Where the number of text stands, or would.
+    /// The slot for the index of text, which may be empty.
     int &slotOf(uint hash, QStringView text)
     {
         size_t place = hash & (m_slots.size() - 1);
@@ -79,7 +79,7 @@ QVector<QStringView> pictureSources(const QString &html, int from)
         const int picture = html.indexOf(kPicture, position);
         if (picture < 0)
             return sources.texts();
-        // Also found in a later tag, where this one has no source.
+        // If this tag has no source, the source of a later tag is found.
         position = html.indexOf(kSource, picture);
         if (position < 0)
             return sources.texts();

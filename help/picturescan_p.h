@@ -5,7 +5,7 @@
 #include <QStringView>
 #include <QVector>
 
-/// Where the base address of a page stands in its text; start is -1 where there is none.
+/// The position of the base address in the text of a page; start is -1 if there is none.
 struct BaseAddress
 {
     int start = -1;
@@ -14,6 +14,6 @@ struct BaseAddress
 
 BaseAddress findBaseAddress(const QString &html);
 
-/// The sources of all pictures in html from position on, each once, in their order; they last as
-/// long as html.
+/// The distinct sources of all pictures in html at or after from, in order. They refer to html,
+/// which must outlive them.
 QVector<QStringView> pictureSources(const QString &html, int from);

@@ -4,15 +4,15 @@
 
 #include <QString>
 
-/// Finds words that are so long that the text engine takes its time for them: it looks for the end
-/// of a word again for each line.
+/// Finds words that are so long that they slow down the text engine, which searches for the end of
+/// a word again for each line.
 ///
-/// A word counts as ended only where every reader of the line breaking rules of Unicode sees an
-/// end: at blanks between letters or digits, and between ideographs.
+/// A word only ends where every interpretation of Unicode's line breaking rules agrees: at blanks
+/// between letters or digits, and between ideographs.
 class WordBreaks
 {
 public:
-    /// Takes the next letter of the text; true if a break has to be put in front of it.
+    /// Adds the next letter of the text. Returns true if a break must be inserted before it.
     bool isDueBefore(QChar c)
     {
         const ushort code = c.unicode();
@@ -35,7 +35,7 @@ public:
         m_length = 1;
         return true;
     }
-    /// The next letter begins a line.
+    /// To be called at the start of a line.
     void restart()
     {
         m_length = 0;
@@ -43,7 +43,7 @@ public:
     }
 
     static constexpr int kMaxWordLength = 500;
-    static constexpr QChar kBreak = QChar(0x200B); ///< A blank of no width.
+    static constexpr QChar kBreak = QChar(0x200B); ///< Zero width space.
 
 private:
     enum Last { OTHER, LETTER, IDEOGRAPH, BLANK };
