@@ -39,30 +39,26 @@ public:
     }
 };
 
-/// As wide as the widest of the texts, in design pixels, and as the bold caption above them.
-int widthOf(const QString &caption, const QStringList &texts)
+/// As wide as the sample, in design pixels, and as the bold caption above it.
+int widthOf(const QString &caption, const QString &sample)
 {
     QFont bold = QApplication::font();
     bold.setBold(true);
-    const QFontMetrics metrics(QApplication::font());
-    int width = QFontMetrics(bold).horizontalAdvance(caption);
-    for (const QString &sample : texts)
-        width = std::max(width, metrics.horizontalAdvance(sample));
+    const int width = std::max(QFontMetrics(bold).horizontalAdvance(caption),
+        QFontMetrics(QApplication::font()).horizontalAdvance(sample));
     return qCeil(width / DPIinfo::getInstance().getDPI()) + kCellPadding;
 }
 
-/// Dates and sizes are written differently in each language.
+/// Captions and sizes are written differently in each language.
 VemoTableColumnsInfo columns()
 {
     const QString size = sizeText(1000 * 1024 + 900);
-    const QString morning = dateText(QDateTime(QDate(2028, 12, 28), QTime(10, 58)));
-    const QString evening = dateText(QDateTime(QDate(2028, 12, 28), QTime(22, 58)));
+    const QString date = dateText(QDateTime(QDate(2028, 12, 28), QTime(22, 58)));
     VemoTableColumnsInfo info;
     info.addColumn(text("column_name"), 180, true, 0.66);
-    info.addColumn(text("column_size"), widthOf(text("column_size"), {size}), false, 0.0);
+    info.addColumn(text("column_size"), widthOf(text("column_size"), size), false, 0.0);
     info.addColumn(text("column_kind"), 100, true, 0.34);
-    info.addColumn(
-        text("column_modified"), widthOf(text("column_modified"), {morning, evening}), true, 0.0);
+    info.addColumn(text("column_modified"), widthOf(text("column_modified"), date), true, 0.0);
     return info;
 }
 

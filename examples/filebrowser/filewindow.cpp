@@ -23,6 +23,7 @@
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <QtMath>
 
 #include <algorithm>
 #include <utility>
@@ -31,11 +32,23 @@ namespace {
 
 // In design pixels.
 constexpr QSize kWindowSize(1100, 720);
-constexpr QSize kLeastSize(760, 480);
+constexpr int kLeastHeight = 480;
 constexpr int kTreeWidth = 216;
+constexpr int kLeastTreeWidth = 144;
+constexpr int kLeastListWidth = 320;
 
 constexpr int kRowsPerPage = 100;
 constexpr int kManyEntries = 2000; // from so many on it is told that they are being read
+
+constexpr int kFooterPadding = 26; // design pixels, at both sides together
+
+/// Of the footer that counts what is selected, in design pixels: the same for every number, so that
+/// a selection moves nothing.
+int selectionWidth(const QFontMetrics &metrics)
+{
+    const int width = metrics.horizontalAdvance(text("footer_selected", numberText(kRowsPerPage)));
+    return qCeil(width / DPIinfo::getInstance().getDPI()) + kFooterPadding;
+}
 
 } // namespace
 
@@ -50,7 +63,8 @@ FileWindow::FileWindow(const QString &folder)
     connectParts();
     connectActions();
     connectWork();
-    setMinimumSize(scaled(kLeastSize.width()), scaled(kLeastSize.height()));
+    // The width follows from the parts, which need more in some languages than in others.
+    setMinimumHeight(scaled(kLeastHeight));
     resize(scaled(kWindowSize.width()), scaled(kWindowSize.height()));
     m_table->getTable()->setFocus();
     openFolder(folder);
@@ -59,10 +73,12 @@ FileWindow::FileWindow(const QString &folder)
 void FileWindow::makeParts()
 {
     m_table = new FileTable(this);
+    m_table->setMinimumWidth(scaled(kLeastListWidth));
     m_actions = Actions::make(this, m_table);
     m_actions.details->setChecked(true);
     m_top = new TopBar(m_actions, this);
     m_tree = new FolderTree(this);
+    m_tree->setMinimumWidth(scaled(kLeastTreeWidth));
     m_paging = new VemoPagingBar(&m_pages, this);
     m_paging->setObjectName("pagingBar");
     // Without a parent yet: Tab comes last to what joins the window last.
@@ -249,8 +265,9 @@ void FileWindow::updateFooter()
         ? text("footer_all", total)
         : text("footer_filtered", numberText(m_listing->count()), total);
     const int selected = m_table->selectedNames().size();
-    m_paging->setFooterInfos(
-        {{entries}, {selected > 0 ? text("footer_selected", numberText(selected)) : QString()}});
+    m_paging->setFooterInfos({{entries},
+        {selected > 0 ? text("footer_selected", numberText(selected)) : QString(),
+            selectionWidth(fontMetrics())}});
 }
 
 void FileWindow::recover(const QString &unreadable, const QString &reason)

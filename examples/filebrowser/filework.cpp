@@ -36,6 +36,12 @@ QString problemText(NameProblem problem)
     return {};
 }
 
+/// Where the entry that is named lies.
+QString placeHint(const QString &folder)
+{
+    return text("fact_place") + ": " + nameInText(nameOf(folder));
+}
+
 /// A plain sentence as the informative text of a sheet.
 QString escaped(const QString &sentence)
 {
@@ -75,7 +81,7 @@ void FileWork::rename(const QString &folder, const QString &from, const QString 
 void FileWork::askRename(const QString &folder, const QString &name)
 {
     const QPointer<FileWork> self(this);
-    const QString to = askName(m_window, text("new_name"), name,
+    const QString to = askName(m_window, text("new_name"), placeHint(folder), name,
         [folder](const QString &entered) { return problemText(checkName(folder, entered)); });
     if (self && !to.isEmpty() && to != name)
         rename(folder, name, to);
@@ -84,7 +90,7 @@ void FileWork::askRename(const QString &folder, const QString &name)
 void FileWork::askNewFolder(const QString &folder)
 {
     const QPointer<FileWork> self(this);
-    const QString name = askName(m_window, text("new_folder_name"), {},
+    const QString name = askName(m_window, text("new_folder_name"), placeHint(folder), {},
         [folder](const QString &entered) { return problemText(checkName(folder, entered)); });
     if (!self || name.isEmpty())
         return;

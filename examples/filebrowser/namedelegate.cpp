@@ -1,11 +1,44 @@
 // SPDX-License-Identifier: MIT
 #include "namedelegate.h"
 
+#include "core/scaling_p.h"
 #include "texts.h"
 
 #include <QLineEdit>
+#include <QPainter>
 
 #include <algorithm>
+
+namespace {
+
+constexpr int kIndent = 5; // design pixels
+
+/// Qt's delegate begins 3 pixels into a cell, whatever the style sheet's padding: this brings the
+/// content in line with the header above it.
+QStyleOptionViewItem indented(QStyleOptionViewItem cell)
+{
+    const int indent = scaled(kIndent);
+    if (cell.direction == Qt::RightToLeft)
+        cell.rect.adjust(0, 0, -indent, 0);
+    else
+        cell.rect.adjust(indent, 0, 0, 0);
+    return cell;
+}
+
+} // namespace
+
+void NameDelegate::paint(
+    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    drawBackground(painter, option, index);
+    ItemDelegate::paint(painter, indented(option), index);
+}
+
+void NameDelegate::updateEditorGeometry(
+    QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    ItemDelegate::updateEditorGeometry(editor, indented(option), index);
+}
 
 void NameDelegate::setModelData(
     QWidget *editor, QAbstractItemModel * /*model*/, const QModelIndex &index) const

@@ -10,6 +10,10 @@ class NameDelegate : public ItemDelegate
     Q_OBJECT
 
 public:
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+        const QModelIndex &index) const override;
+    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+        const QModelIndex &index) const override;
     void setModelData(
         QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
 

@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kNamesShown = 5;
 const QColor kDim(0, 0, 0, 20);
+const QChar kJoiner(0x2060); // takes no room
 
 /// Keeps out what no name can hold; everything else that is wrong is told, not swallowed.
 class NameValidator : public QValidator
@@ -46,12 +47,13 @@ Result run(Sheet *newSheet, QWidget *window, const std::function<Result(Sheet *,
     return result;
 }
 
-QString problemLine(const QString &problem)
+/// The second line of a question, always there, so that the sheet does not jump.
+QString secondLine(const QString &line, const char *color)
 {
-    // A blank line keeps the place, so that the sheet does not jump.
-    const QString line = problem.isEmpty() ? QString("&nbsp;") : problem.toHtmlEscaped();
+    // The sheet scales what looks like a length; the name of a folder may do so.
+    const QString unscaled = QString(line).replace("px", QString("p%1x").arg(kJoiner));
     return QString("<br><span style='color: %1'>%2</span>")
-        .arg(defaultThemeColor("danger").name(), line);
+        .arg(defaultThemeColor(color).name(), unscaled.toHtmlEscaped());
 }
 
 QString listOf(const QStringList &names)
@@ -81,11 +83,12 @@ void tell(QWidget *window, const QString &message, const QString &reason)
     run<VemoMessageSheet, bool>(sheet, window, [](VemoMessageSheet *, int) { return true; });
 }
 
-QString askName(QWidget *window, const QString &prompt, const QString &name,
+QString askName(QWidget *window, const QString &prompt, const QString &hint, const QString &name,
     const std::function<QString(const QString &)> &problemOf)
 {
     const QString question = prompt.toHtmlEscaped();
-    auto *sheet = new VemoInputSheet(question + problemLine({}), window);
+    const QString hintLine = secondLine(hint, "soft-ink");
+    auto *sheet = new VemoInputSheet(question + hintLine, window);
     sheet->setObjectName("nameSheet");
     QLineEdit *field = sheet->getLineEdit();
     field->setObjectName("nameField");
@@ -93,8 +96,9 @@ QString askName(QWidget *window, const QString &prompt, const QString &name,
     field->setValidator(new NameValidator(field));
     const auto check = [=](const QString &entered) {
         const QString problem = problemOf(entered);
+        const bool isWrong = !problem.isEmpty() && entered != name;
         sheet->button(QMessageBox::Ok)->setEnabled(problem.isEmpty() && entered != name);
-        sheet->setText(question + problemLine(entered == name ? QString() : problem));
+        sheet->setText(question + (isWrong ? secondLine(problem, "danger") : hintLine));
     };
     QObject::connect(field, &QLineEdit::textChanged, sheet, check);
     field->setText(name);

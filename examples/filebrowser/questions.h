@@ -18,9 +18,9 @@ bool isSheetOpen(const QWidget *window);
 void tell(QWidget *window, const QString &message, const QString &reason = {});
 
 /// One name is asked for until it is one that can be given, or the user cancels: then the result is
-/// null. prompt is plain text. problemOf says what is wrong with a name, in plain text; nothing
-/// where it is right.
-QString askName(QWidget *window, const QString &prompt, const QString &name,
+/// null. prompt and hint, the line below it, are plain text. problemOf says what is wrong with a
+/// name, in plain text, which takes the place of the hint; nothing if the name is right.
+QString askName(QWidget *window, const QString &prompt, const QString &hint, const QString &name,
     const std::function<QString(const QString &)> &problemOf);
 
 /// Whether the entries may go; asked twice, by the check box.

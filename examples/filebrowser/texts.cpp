@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kLongestShown = 120; // characters of a name in a sheet
 constexpr int kLongestRun = 24; // characters before a line may break
+constexpr int kKilobyte = 1024;
 const QChar kBreak(0x200B); // takes no room
 
 bool turnsDirection(QChar c)
@@ -56,7 +57,7 @@ QString breakable(const QString &name)
 
 QString markedUp(const QString &value)
 {
-    return QString("<b>%1</b>").arg(breakable(elided(displayName(value))).toHtmlEscaped());
+    return QString("<b>%1</b>").arg(nameInText(value).toHtmlEscaped());
 }
 
 } // namespace
@@ -105,14 +106,26 @@ QString displayName(const QString &name)
     return result;
 }
 
+QString nameInText(const QString &name)
+{
+    return breakable(elided(displayName(name)));
+}
+
 QString sizeText(qint64 bytes)
 {
-    return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat);
+    const auto format = QLocale::DataSizeTraditionalFormat;
+    if (bytes >= kKilobyte)
+        return QLocale().formattedDataSize(bytes, 1, format);
+    // QLocale writes out "bytes", also after a 1. The symbol is that of a kilobyte without its
+    // first letter: "B", in French "o".
+    const QString kilo = QLocale().formattedDataSize(kKilobyte, 0, format);
+    return QLocale().toString(bytes) + ' ' + kilo.section(' ', -1).mid(1);
 }
 
 QString dateText(const QDateTime &moment)
 {
-    return moment.isValid() ? QLocale().toString(moment, QLocale::ShortFormat) : QString();
+    // As the date fields and the times beside them write it.
+    return QLocale::c().toString(moment, QStringLiteral("yyyy-MM-dd HH:mm"));
 }
 
 QString numberText(int number)

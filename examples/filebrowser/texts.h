@@ -21,8 +21,12 @@ QString richText(const char *key, const QStringList &values = {});
 /// A file name on one line, with a mark for each character that can't be seen, and those that turn
 /// the direction of writing.
 QString displayName(const QString &name);
+/// The same for a text that breaks its lines: shortened, and with places to break.
+QString nameInText(const QString &name);
 
+/// In the locale's units; bytes by their symbol: "1 B".
 QString sizeText(qint64 bytes);
+/// Year first, as the date fields have it, in every language; empty if the moment is invalid.
 QString dateText(const QDateTime &moment);
 QString numberText(int number);
 

@@ -23,6 +23,10 @@ private Q_SLOTS:
     void understandsNoNameAsMarkup();
     void breaksAndShortensLongNames();
     void hasATextForEachKind();
+    void writesSizes_data();
+    void writesSizes();
+    void writesDatesAsTheDateFieldsDo_data();
+    void writesDatesAsTheDateFieldsDo();
     void carriesEachPathThroughUrls_data();
     void carriesEachPathThroughUrls();
     void splitsPaths_data();
@@ -101,6 +105,46 @@ void FileTextsTest::hasATextForEachKind()
         QVERIFY(!kindText(kind).isEmpty());
     for (const char *kind : {"acc", "ai", "bkpi", "fla", "idn", "psd", "swf"})
         QVERIFY(!kindText(kind).isEmpty());
+}
+
+void FileTextsTest::writesSizes_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<qint64>("bytes");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("empty") << "en_US" << qint64(0) << "0 B";
+    QTest::newRow("one byte") << "en_US" << qint64(1) << "1 B";
+    QTest::newRow("many bytes") << "en_US" << qint64(1023) << "1,023 B";
+    QTest::newRow("a kilobyte") << "en_US" << qint64(1024) << "1.0 kB";
+    QTest::newRow("German") << "de_DE" << qint64(1) << "1 B";
+    QTest::newRow("French") << "fr_FR" << qint64(1) << "1 o";
+    QTest::newRow("Russian") << "ru_RU" << qint64(5) << QString::fromUtf8("5 Б");
+    QTest::newRow("Chinese") << "zh_CN" << qint64(5) << "5 B";
+}
+
+void FileTextsTest::writesSizes()
+{
+    QFETCH(const QString, locale);
+    QFETCH(const qint64, bytes);
+    const QLocale before;
+    QLocale::setDefault(QLocale(locale));
+    const QString written = sizeText(bytes);
+    QLocale::setDefault(before);
+    QTEST(written, "written");
+}
+
+void FileTextsTest::writesDatesAsTheDateFieldsDo_data()
+{
+    QTest::addColumn<QDateTime>("moment");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("a day") << QDateTime(QDate(2026, 3, 7), QTime(9, 5)) << "2026-03-07 09:05";
+    QTest::newRow("none") << QDateTime() << QString();
+}
+
+void FileTextsTest::writesDatesAsTheDateFieldsDo()
+{
+    QFETCH(const QDateTime, moment);
+    QTEST(dateText(moment), "written");
 }
 
 void FileTextsTest::carriesEachPathThroughUrls_data()

@@ -11,6 +11,7 @@
 
 #include <QComboBox>
 #include <QDesktopServices>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -45,12 +46,35 @@ QString pathOfCurrent(const FileWindowDriver &driver)
     return item ? item->getPath() : QString();
 }
 
+/// The first column of the picture that isn't as its left edge all over.
+int inkStart(const QImage &picture)
+{
+    for (int x = 1; x < picture.width(); ++x) {
+        for (int y = 0; y < picture.height(); ++y) {
+            if (picture.pixel(x, y) != picture.pixel(0, y))
+                return qRound(x / picture.devicePixelRatio());
+        }
+    }
+    return picture.width();
+}
+
 QString footer(const FileWindowDriver &driver)
 {
     QStringList texts;
     for (const QLabel *label : driver.part<QWidget>("pagingBar")->findChildren<QLabel *>())
         texts << label->text();
     return texts.join('|');
+}
+
+/// The texts below the list that have less room than they need.
+QStringList cutFooters(const FileWindowDriver &driver)
+{
+    QStringList texts;
+    for (const QLabel *label : driver.part<QWidget>("pagingBar")->findChildren<QLabel *>()) {
+        if (!label->text().isEmpty() && label->width() < label->sizeHint().width())
+            texts << label->text();
+    }
+    return texts;
 }
 
 } // namespace
@@ -80,6 +104,8 @@ private Q_SLOTS:
     void tellsWhatIsSelected();
     void hasNothingToDoWithoutASelection();
     void goesThroughAllPartsByTab();
+    void cutsNothingAtItsLeastSize();
+    void putsIconsBelowTheirHeader();
 };
 
 void FileWindowTest::showsTheEntriesOfAFolder()
@@ -367,7 +393,7 @@ void FileWindowTest::tellsWhatIsSelected()
     QCOMPARE(driver.part<QLabel>("detailsKind")->text(), QString("Folder"));
     driver.select({"a.txt"});
     QCOMPARE(driver.part<QLabel>("detailsName")->text(), QString("a.txt"));
-    QCOMPARE(driver.part<QLabel>("detailsSize")->text(), QString("5 bytes"));
+    QCOMPARE(driver.part<QLabel>("detailsSize")->text(), QString("5 B"));
     driver.press(Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(driver.part<QLabel>("detailsName")->text(), QString("Selected: 2"));
     QVERIFY(footer(driver).contains("Selected: 2"));
@@ -411,6 +437,35 @@ void FileWindowTest::goesThroughAllPartsByTab()
         QStringList({"upButton", "pathBar", "filterBar", "newFolderButton", "detailsButton",
             "helpButton", "folderTree", "fileTable", "pagingBar", "fromDate", "toDate", "toTime",
             "clearDates"}));
+}
+
+void FileWindowTest::cutsNothingAtItsLeastSize()
+{
+    const DiskFolder folder;
+    folder.fill(130);
+    const FileWindowDriver driver(folder.path());
+    driver.select({"1"});
+    driver.window()->resize(1, 1);
+    QTRY_COMPARE(cutFooters(driver), QStringList());
+    const int dpi = driver.window()->logicalDpiX();
+    QVERIFY(driver.part<QTreeWidget>("folderTree")->width() >= 144 * dpi / 96);
+}
+
+void FileWindowTest::putsIconsBelowTheirHeader()
+{
+    const DiskFolder folder;
+    folder.makeFolder("sub");
+    const FileWindowDriver driver(folder.path());
+    QTableWidget *table = driver.table();
+    table->clearSelection();
+    const QRect cell = table->visualItemRect(table->item(0, 0));
+    const auto *header = driver.part<QHeaderView>("fileHeader");
+    const QRect section(0, 0, header->sectionSize(0), header->height() * 3 / 4);
+    const int icon = inkStart(table->viewport()->grab(cell).toImage());
+    const int caption = inkStart(header->viewport()->grab(section).toImage());
+    // The picture and the letter have a pixel or so of their own.
+    QVERIFY2(qAbs(icon - caption) <= 2 * table->logicalDpiX() / 96,
+        qPrintable(QString("icon at %1, caption at %2").arg(icon).arg(caption)));
 }
 
 VEMO_TEST_MAIN(FileWindowTest)

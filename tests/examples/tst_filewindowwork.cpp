@@ -5,6 +5,7 @@
 #include "examples/filebrowser/filetable.h"
 #include "examples/filebrowser/nativename.h"
 #include "examples/filebrowser/questions.h"
+#include "examples/filebrowser/texts.h"
 #include "support/vemotest.h"
 
 #include <vemo/helpwindow.h>
@@ -183,7 +184,12 @@ void FileWindowWorkTest::makesAFolder()
 {
     const DiskFolder folder;
     FileWindowDriver driver(folder.path());
-    driver.onSheet("nameSheet", [](VemoSheet *sheet) { enter(sheet, "a <b> c"); });
+    const QString place = "Folder: " + nameInText(QFileInfo(folder.path()).fileName());
+    driver.onSheet("nameSheet", [place](VemoSheet *sheet) {
+        QVERIFY2(FileWindowDriver::textOf(sheet).contains(place),
+            qPrintable(FileWindowDriver::textOf(sheet)));
+        enter(sheet, "a <b> c");
+    });
     driver.press(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(driver.sheetsMet(), 1);
     COMPARE_CONTENTS(folder.contents(), ({{"a <b> c/", ""}}));
