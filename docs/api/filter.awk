@@ -1,26 +1,17 @@
 # SPDX-License-Identifier: MIT
-# What Doxygen reads of a header. Two things without a text of their own get one: properties, whose
-# functions have theirs, and overriding functions, since their base classes, which are Qt's, are not
-# read.
+# What Doxygen reads of a header. Leaves out overriding functions and properties without a comment of
+# their own, so that it does not report them as undocumented: Qt documents the former, and the
+# functions of a property the latter.
 
 function flush() {
-  if (declaration ~ /[ )]override;/ && !isTold)
-    printf "%s/// As in the base class, with what the class says.\n", indent
-  printf "%s", declaration
+  if (hasComment || declaration !~ /[ )]override;/)
+    printf "%s", declaration
   declaration = ""
 }
 
-/^ *\/\/\// { flush(); print; isTold = 1; next }
-/^ *Q_[A-Z]+/ {
-  flush()
-  if (/Q_PROPERTY/ && !isTold)
-    print "/// As its functions say."
-  print
-  isTold = 0
-  next
-}
-/^ *$/ || /^ *\/\/ / || /:$/ || /[{}]/ || /^#/ { flush(); print; isTold = 0; next }
-declaration == "" { match($0, /^ */); indent = substr($0, 1, RLENGTH) }
+/^ *\/\/\// { flush(); print; hasComment = 1; next }
+/^ *Q_PROPERTY/ && !hasComment { flush(); next }
+/^ *Q_[A-Z]+/ || /^ *$/ || /^ *\/\/ / || /:$/ || /[{}]/ || /^#/ { flush(); print; hasComment = 0; next }
 { declaration = declaration $0 "\n" }
-/;/ { flush(); isTold = 0 }
+/;/ { flush(); hasComment = 0 }
 END { flush() }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The documentation's code does what it says without a warning: its signals, slots, sections,
-// pictures and texts all exist.
+// The documentation's code runs without a warning: its sections, pictures and texts all exist.
 #include "docs/snippets.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
