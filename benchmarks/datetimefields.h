@@ -14,7 +14,7 @@
 #include <memory>
 #include <utility>
 
-/// What the cases of date and time share: our fields, shown, and opening them.
+/// Shared by the cases for date and time: showing and opening our fields.
 namespace bench {
 
 inline const QDate kFirstDate(2024, 3, 7);
@@ -26,7 +26,7 @@ inline void process()
     QCoreApplication::processEvents();
 }
 
-/// What isn't on the screen yet isn't painted; a window manager takes its time.
+/// Windows are not painted before they are exposed, and a window manager may delay that.
 inline void waitUntilExposed(const QWidget &window)
 {
     const QDeadlineTimer deadline(5000);

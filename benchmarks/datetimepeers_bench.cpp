@@ -9,7 +9,7 @@
 
 using namespace bench;
 
-// KDE's fields do the same in their own way, and look as the platform's style has it.
+// KDE's fields do the same in their own way, and are drawn by the platform's style.
 namespace {
 
 std::unique_ptr<KDateComboBox> peerField()

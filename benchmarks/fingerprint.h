@@ -12,8 +12,8 @@
 
 class QWidget;
 
-/// What two results have in common exactly when they are the same: of a picture its pixels, of a
-/// widget what it looks like. Add an overload for a type of your own cases here.
+/// A value that is equal for two results if and only if they are the same: the pixels of a picture,
+/// the look of a widget. Add overloads for the types of your own cases here.
 namespace bench {
 
 QByteArray fingerprint(qint64 number);

@@ -13,10 +13,10 @@ namespace bench {
 /// Writes bytes into a file below the temporary folder and returns its full path.
 QString writtenFile(const QString &name, const QByteArray &bytes);
 
-/// The library runs on the default theme from here on, in English.
+/// Initialises the library with the default theme in English.
 void useTheme();
 
-/// The library's pictures come from below resourcePath from here on, until useTheme().
+/// Uses the pictures below resourcePath until useTheme() is called.
 void usePictures(const QString &resourcePath, ImageManager::InitializeType type);
 
 } // namespace bench

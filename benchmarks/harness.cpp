@@ -9,7 +9,7 @@ namespace bench {
 
 namespace {
 
-constexpr double kShortestSample = 3e6; // Nanoseconds; below, the clock's own cost would show.
+constexpr double kMinSample = 3e6; // Nanoseconds; in shorter ones the cost of the clock would show.
 
 double nanoseconds(clockid_t clock)
 {
@@ -49,7 +49,7 @@ struct Runner
     void calibrate(const Case &c, const Meter &meter)
     {
         double cost = sample(meter);
-        while (!c.isOnce() && cost * calls < kShortestSample) {
+        while (!c.isOnce() && cost * calls < kMinSample) {
             calls *= 2;
             cost = sample(meter);
         }
@@ -107,7 +107,7 @@ Measured measure(const Case &c, int rounds, bool onX11)
     for (Runner &runner : runners)
         runner.calibrate(c, meter);
     for (int round = 0; round < rounds; ++round) {
-        // Whoever runs first finds other caches than who runs last: everyone gets each place.
+        // The state of caches depends on the order, so each variant takes each position.
         std::rotate(runners.begin(), runners.begin() + 1, runners.end());
         for (Runner &runner : runners)
             runner.costs.append(runner.sample(meter) / c.items());

@@ -9,19 +9,19 @@
 #include <functional>
 #include <optional>
 
-/// A small harness for ratios on a noisy machine: every round runs all variants of a case in turn,
-/// and what counts is the median over the rounds of the ratio within a round.
+/// A small harness that measures ratios on a noisy machine: every round runs all variants of a case
+/// in turn, and the result is the median over the rounds of the ratio within a round.
 namespace bench {
 
 /// The reading of a clock, in nanoseconds, or of the heap, in bytes.
 using Meter = std::function<double()>;
 
 enum class Quantity {
-    Time, ///< CPU time of the process; elapsed time on a real X server, which works for us too
+    Time, ///< CPU time of the process; elapsed time on a real X server, which does part of the work
     Bytes, ///< growth of the heap
 };
 
-/// One way to do what the case is about.
+/// One implementation of what the case measures.
 struct Variant
 {
     QString what;
@@ -30,14 +30,14 @@ struct Variant
     std::function<QByteArray()> fingerprint;
 };
 
-/// A bound for ours as a multiple of the reference; without a reference in nanoseconds or bytes.
+/// A bound for ours as a multiple of the reference, or in nanoseconds or bytes if there is none.
 struct Goal
 {
     double most = 0;
-    double stretch = 0; ///< better still; 0: none named
+    double stretch = 0; ///< a better value to aim for; 0 if there is none
 };
 
-/// Hides a result from the optimiser, so that the work for it is really done.
+/// Hides a result from the optimiser, so that it does not remove the work for it.
 template <typename Result> void keep(const Result &result)
 {
     asm volatile("" : : "r"(&result) : "memory");
@@ -50,7 +50,7 @@ template <typename Run> double measureCalls(const Run &run, const Meter &meter, 
         const auto result = run();
         const double after = meter();
         keep(result);
-        return after - before; // The result goes away unmeasured.
+        return after - before; // The destruction of the result is not measured.
     }
     const double before = meter();
     for (int i = 0; i < calls; ++i) {
@@ -60,43 +60,46 @@ template <typename Run> double measureCalls(const Run &run, const Meter &meter, 
     return (meter() - before) / calls;
 }
 
-/// What is compared, told once by the function that a family registers:
+/// Describes what is compared. Filled by the function that a family registers:
 ///
 ///     c.goal(0.06, 0.04);
 ///     c.reference("regex", [=] { return regexScaled(sheet); });
 ///     c.limit("copy", [=] { return copied(sheet); });
 ///     c.ours([=] { return DPIinfo::getInstance().getScaledStyleSheet(sheet); });
 ///
-/// Every variant is a function that returns a result (see fingerprint.h); the reference's and ours
-/// must be equal, the limit's need not. A result is thrown away within the measured time, unless
-/// the case says once().
+/// Every variant is a function that returns a result (see fingerprint.h). Those of the reference
+/// and ours must be equal; that of the limit need not. The destruction of a result is measured as
+/// well, unless the case calls once().
 class Case
 {
 public:
     explicit Case(const QString &name) : m_name(name) { }
 
-    /// The most that ours may cost, as a multiple of the reference.
+    /// Sets the maximum cost of ours as a multiple of the reference.
     void goal(double most, double stretch = 0) { m_goal = {most, stretch}; }
-    /// The same as a multiple of the limit, in a row of its own.
+    /// The same as a multiple of the limit, in a separate row.
     void goalOfLimit(double most, double stretch = 0) { m_limitGoal = {most, stretch}; }
-    /// The same on a real X server; a case without it isn't run there.
+    /// The same on a real X server; cases without this goal are not run there.
     void goalOnX11(double most, double stretch = 0) { m_x11Goal = {most, stretch}; }
-    /// Run anywhere, only to be seen: what a peer costs, say.
+    /// Runs the case for information only, for example to compare with a peer.
     void withoutGoal() { m_hasGoal = false; }
 
-    /// What one call handles; the table tells costs per item.
+    /// The number of items that one call handles; the table shows costs per item.
     void items(int count) { m_items = count; }
-    /// One call a round, its result kept until the clock has stopped: for 1 ms or more of widgets.
+    /// One call per round, whose result is kept until the clock has stopped. For calls that create
+    /// widgets for 1 ms or more.
     void once() { m_isOnce = true; }
-    /// Counts bytes that stay on the heap instead of time; goals without a reference are in bytes.
+    /// Counts bytes that remain on the heap instead of time; goals without a reference are in
+    /// bytes.
     void bytes() { m_quantity = Quantity::Bytes, m_isOnce = true; }
-    /// Ours and the reference do different work on purpose, such as half of it.
+    /// Ours and the reference deliberately do different work, for example half of it.
     void resultsDiffer() { m_isCompared = false; }
 
-    /// prepare runs before each call, unmeasured; it implies once().
-    /// A condition that must hold after ours has run, besides the equal results.
+    /// An additional condition that must be true after ours has run.
     void check(const std::function<bool()> &condition) { m_condition = condition; }
 
+    /// Sets the reference; the next two functions set the limit and ours. If given, prepare runs
+    /// before each call, unmeasured, and implies once().
     template <typename Run>
     void reference(const QString &what, Run run, const std::function<void()> &prepare = {})
     {
@@ -159,10 +162,10 @@ private:
     bool m_isCompared = true;
 };
 
-/// What a case came to; costs are medians per item, in nanoseconds or bytes.
+/// The result of a case; costs are medians per item, in nanoseconds or bytes.
 struct Measured
 {
-    bool isEqual = true; ///< ours gave the reference's result
+    bool isEqual = true; ///< whether ours and the reference returned the same
     double reference = 0;
     double limit = 0;
     double ours = 0;
@@ -172,10 +175,10 @@ struct Measured
 
 Measured measure(const Case &c, int rounds, bool onX11);
 
-/// The middle one of sorted values; 0 of none.
+/// The median of sorted values; 0 if there are none.
 double median(const QVector<double> &sorted);
 
-/// All cases, each made only when it runs.
+/// All cases, each set up only when it runs.
 class Cases
 {
 public:
@@ -194,7 +197,7 @@ private:
     QVector<Entry> m_entries;
 };
 
-/// Registers a family of cases before main runs, by what initialises a constant of its file.
+/// Registers a family of cases before main() runs, as the initialiser of a constant in its file.
 bool addFamily(void (*addTo)(Cases &));
 
 /// The cases of all families, in the order of their source files.

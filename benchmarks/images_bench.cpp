@@ -27,7 +27,7 @@ QString nameOf(int number)
     return QStringLiteral("picture_%1").arg(number, 3, 10, QLatin1Char('0'));
 }
 
-/// A small drawing of its own for each name and state, with smooth edges as icons have them.
+/// A small drawing, different for each name and state, with smooth edges like icons.
 QByteArray drawnPng(int number, int state)
 {
     QImage picture(kArtworkSize, kArtworkSize, QImage::Format_ARGB32_Premultiplied);
@@ -117,7 +117,7 @@ std::vector<QImage> decodedFiles()
     return images;
 }
 
-/// QPixmap keeps what it has read in the application's pixmap cache: that isn't loading.
+/// QPixmap caches what it has read in QPixmapCache, which would not measure loading.
 void forgetPixmaps()
 {
     QPixmapCache::clear();

@@ -30,7 +30,7 @@ void setUpScreen()
         qunsetenv(variable);
 }
 
-/// Keeps the table free of what the offscreen platform says about itself at each window.
+/// Keeps messages that the offscreen platform logs for each window out of the table.
 void passOn(QtMsgType, const QMessageLogContext &, const QString &message)
 {
     if (!message.startsWith(QLatin1String("This plugin does not support")))
@@ -91,7 +91,7 @@ int main(int argc, char *argv[])
     qInstallMessageHandler(passOn);
     const QApplication app(argc, argv);
     QApplication::setStyle(QStringLiteral("fusion"));
-    // Cases of missing pictures would measure the terminal instead.
+    // Otherwise cases with missing pictures would measure the terminal.
     QLoggingCategory::setFilterRules(QStringLiteral("debug.message=false"));
 
     QCommandLineParser parser;

@@ -105,14 +105,14 @@ int askInBox(QWidget *window)
     box.setIcon(QMessageBox::Question);
     box.setText(question());
     box.setStyleSheet(getStyleSheet("component.confirm_message_box"));
-    const auto dress = [&](QMessageBox::StandardButton which, const char *caption,
+    const auto setUp = [&](QMessageBox::StandardButton which, const char *caption,
                            const char *key) {
         QPushButton *button = box.addButton(which);
         button->setText(ComponentStrings::getInstance().getString(QLatin1String(caption)));
         button->setStyleSheet(getStyleSheet(key));
     };
-    dress(QMessageBox::Cancel, "cancel", "component.cancel_button");
-    dress(QMessageBox::Apply, "ok", "component.apply_button");
+    setUp(QMessageBox::Cancel, "cancel", "component.cancel_button");
+    setUp(QMessageBox::Apply, "ok", "component.apply_button");
     box.setDefaultButton(QMessageBox::Apply);
     return box.exec();
 }

@@ -9,9 +9,9 @@
 
 namespace bench {
 
-/// Widgets, one for each call of make, in the grid of a host that has been shown and painted. The
-/// host is to be large enough to leave each its own size; a widget that learns its size when it is
-/// shown is laid out anew.
+/// Creates widgets, one per call of make, in the grid of a host that is shown and painted. The host
+/// must be large enough for all of them; widgets that determine their size when they are shown are
+/// laid out again.
 template <typename Make>
 std::unique_ptr<QWidget> paintedGrid(const QSize &hostSize, int count, int columns, Make make)
 {

@@ -28,7 +28,7 @@ void printRow(const QStringList &cells)
     QTextStream(stdout) << row << "|\n";
 }
 
-/// Three digits, so that no figure looks more exact than it is.
+/// Three significant digits, so that no figure looks more precise than it is.
 QString threeDigits(double value)
 {
     const int decimals = value >= 100 ? 0 : value >= 10 ? 1 : value >= 1 ? 2 : 3;
@@ -51,7 +51,7 @@ QString ratioText(double ratio)
     return ratio > 0 ? threeDigits(ratio) + QLatin1Char('x') : QStringLiteral("-");
 }
 
-/// How far the middle half of the rounds lies from the median, in percent.
+/// The distance of the middle half of the rounds from the median, in percent.
 QString spreadText(const QVector<double> &sorted)
 {
     if (sorted.size() < 4)

@@ -7,7 +7,7 @@
 
 namespace bench {
 
-/// The table of all cases, printed row by row as a Markdown table, and which of them fell short.
+/// Prints all cases row by row as a Markdown table, and collects the missed goals.
 class Report
 {
 public:
@@ -15,7 +15,7 @@ public:
 
     void begin() const;
     void add(const Case &c, const Measured &measured);
-    /// Says which goals were missed; returns the exit code.
+    /// Prints the missed goals and returns the exit code.
     int end() const;
 
 private:

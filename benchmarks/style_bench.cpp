@@ -110,7 +110,7 @@ bench::Cases::Setup initializing(int files, int size, double goal)
 
 constexpr int kHostileSize = 256 * 1024;
 
-/// Ours against ours at half the size: a step that is worse than linear shows.
+/// Compares ours with ours at half the size, which reveals steps that are worse than linear.
 template <typename Run> void compareWithHalf(bench::Case &c, Run run)
 {
     c.goal(2.2);

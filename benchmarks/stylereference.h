@@ -6,8 +6,8 @@
 
 #include <map>
 
-/// The style text's steps as stock classes do them: what the library's scanners are measured
-/// against.
+/// The steps of processing style files with stock classes, as the reference for the library's
+/// scanners.
 namespace bench {
 
 /// Every "px" length of sheet times factor, by regular expression; the text is checked to be valid

@@ -26,14 +26,14 @@
 
 namespace {
 
-/// Everything that is shown late, such as the layout of a table, and the paint.
+/// Processes delayed work such as the layout of a table, and painting.
 void process()
 {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
 }
 
-/// What isn't on the screen yet isn't painted; a window manager takes its time.
+/// Windows are not painted before they are exposed, and a window manager may delay that.
 void waitUntilExposed(const QWidget &window)
 {
     const QDeadlineTimer deadline(5000);
@@ -48,7 +48,7 @@ constexpr int kFillRows = 10'000;
 constexpr int kFillColumns = 20;
 constexpr int kResizeRows = 100;
 
-/// The least width, in design pixels, is that of the stock table's sections.
+/// The minimum width, in design pixels, is that of the stock table's sections.
 VemoTableColumnsInfo equalColumns(int count)
 {
     VemoTableColumnsInfo columns;
@@ -91,7 +91,7 @@ void tableFill(bench::Case &c)
     c.goal(1.05, 0.95);
     c.once();
     c.items(kFillRows * kFillColumns);
-    c.resultsDiffer(); // The header looks otherwise.
+    c.resultsDiffer(); // The header looks different.
     c.reference(QStringLiteral("QTableWidget"), []() -> std::unique_ptr<QWidget> {
         auto table = stockTable(kFillColumns);
         fill(table.get(), kFillRows);
@@ -188,8 +188,8 @@ void treeBuild(bench::Case &c)
 
 using Step = void (*)(QTreeWidget &tree);
 
-/// A step that is done to a tree over and over; undo makes it as it was, unmeasured. Both trees lie
-/// in a tidy heap: where its items are decides how long a walk through them takes.
+/// A step that is repeated on a tree; undo restores the tree, unmeasured. Both trees are allocated
+/// contiguously, because the position of items in memory affects the time to iterate over them.
 bench::Cases::Setup treeStep(Step step, Step undo)
 {
     return [step, undo](bench::Case &c) {
@@ -293,7 +293,7 @@ QStringList pathParts(int count)
     return parts;
 }
 
-/// A row of buttons in a window, made anew from a path.
+/// A row of buttons in a window, recreated from a path.
 class ButtonRow
 {
 public:
@@ -380,7 +380,7 @@ constexpr int kPages = 1000;
 constexpr int kNavigation = 4;
 constexpr int kNumbers = 5;
 
-/// The keyboard focus stays off the buttons: its ring takes longer to draw.
+/// Keeps the keyboard focus away from the buttons, because its ring takes longer to draw.
 void showBar(QWidget &bar)
 {
     bar.resize(700, scaled(32));
@@ -390,7 +390,7 @@ void showBar(QWidget &bar)
     bar.setFocus();
 }
 
-/// What a host would build of stock buttons, on a bar that is styled alike.
+/// What a host would build from stock buttons, on a bar with the same style.
 class StockPaging
 {
 public:

@@ -89,7 +89,7 @@ struct Window : QWidget
     {
         QVERIFY(QTest::qWaitForWindowExposed(this));
         pointElsewhere();
-        // Again and again, should the window manager move the window meanwhile.
+        // Repeated, because the window manager may move the window in the meantime.
         const QPoint centre = label->rect().center();
         int attempt = 0;
         QTRY_VERIFY((pointAt(*label, centre + QPoint(++attempt % 2, 0)), label->underMouse()));

@@ -249,8 +249,8 @@ void VemoComboBoxTest::focusStaysWithWhateverTookIt()
 void VemoComboBoxTest::boxThatCanNotHaveTheFocusTakesNone_data()
 {
     QTest::addColumn<Close>("change");
-    QTest::newRow("disabled meanwhile") << Close([](Box &box) { box.setEnabled(false); });
-    QTest::newRow("hidden meanwhile") << Close([](Box &box) { box.hide(); });
+    QTest::newRow("disabled while open") << Close([](Box &box) { box.setEnabled(false); });
+    QTest::newRow("hidden while open") << Close([](Box &box) { box.hide(); });
 }
 
 void VemoComboBoxTest::boxThatCanNotHaveTheFocusTakesNone()

@@ -105,7 +105,7 @@ void changeStyles(Form &form)
     form.parts.calendar->setStyle(nullptr);
 }
 
-/// Every event that tells a widget of a change.
+/// Every event that notifies a widget of a change.
 void sendAllChanges(Form &form)
 {
     using Type = QEvent::Type;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // An event filter sees its widget die: what comes last, a FocusOut or a Hide, comes from a widget
-// that is no longer what it was. A sanitizer tells when a filter takes it for more.
+// that is already partly destroyed. A sanitizer reports filters that use it as if it were complete.
 #include "datetime/calendar.h"
 #include "support/testhost.h"
 

@@ -100,9 +100,9 @@ void TimeListenersTest::menuOfTheEditCopiesTheTime_data()
     QTest::newRow("hour of an item") << "09:00" << 0 << 2 << "09";
     QTest::newRow("minutes of an item") << "09:00" << 3 << 2 << "00";
     QTest::newRow("whole custom time") << "07:45" << 0 << 5 << "07:45";
-    QTest::newRow("completed meanwhile") << "7:45" << 0 << 4 << "07:45";
-    QTest::newRow("hour of one completed meanwhile") << "7:45" << 0 << 1 << "7";
-    QTest::newRow("minutes of one completed meanwhile") << "7:5" << 2 << 1 << "5";
+    QTest::newRow("completed in between") << "7:45" << 0 << 4 << "07:45";
+    QTest::newRow("hour of one completed in between") << "7:45" << 0 << 1 << "7";
+    QTest::newRow("minutes of one completed in between") << "7:5" << 2 << 1 << "5";
 }
 
 void TimeListenersTest::menuOfTheEditCopiesTheTime()

@@ -80,7 +80,7 @@ private Q_SLOTS:
     void stacksCalendarAndTodayButton();
     void hidesQtsHeadersAndBeginsWithSunday();
     void paintsWeekendsBlack();
-    void dressesTheNavigationBar();
+    void stylesTheNavigationBar();
     void keepsClicksOnTheNavigationBar();
     void shortensTheNamesOfTheMonthMenu();
     void startsWithTheNameOfThisMonth();
@@ -167,7 +167,7 @@ void VemoCalanderViewTest::paintsWeekendsBlack()
     QCOMPARE(parts.calendar->weekdayTextFormat(Qt::Monday), QTextCharFormat());
 }
 
-void VemoCalanderViewTest::dressesTheNavigationBar()
+void VemoCalanderViewTest::stylesTheNavigationBar()
 {
     const VemoCalanderView view(nullptr);
     const Parts parts(&view);
@@ -194,7 +194,8 @@ void VemoCalanderViewTest::dressesTheNavigationBar()
     QVERIFY(!parts.bar->autoFillBackground());
 }
 
-// Else a click beside the buttons would reach the pop-up, which takes it for one on a row.
+// Otherwise a click next to the buttons would reach the pop-up, which would treat it as one on a
+// row.
 void VemoCalanderViewTest::keepsClicksOnTheNavigationBar()
 {
     const View view;

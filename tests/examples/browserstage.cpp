@@ -25,8 +25,8 @@ void startOnce()
     HelpWindow::setKnowledgeBaseUrl(QUrl("https://127.0.0.1:1"));
 }
 
-/// An X server tells late that a pop-up has the focus. Nobody is quicker than that, but a test is,
-/// and would see the focus taken away from what comes after the pop-up.
+/// An X server reports late that a pop-up has the focus. No user is faster than that, but a test
+/// is, and would see the focus taken away from what comes after the pop-up.
 bool isSettled(const QWidget *popup)
 {
     return QGuiApplication::platformName() != QLatin1String("xcb")

@@ -117,5 +117,5 @@ public:
 };
 
 VemoSheet *openSheet(const QWidget *window);
-/// What a sheet says, without markup.
+///     /// The text of a sheet, without mark-up.
 QString wordsOf(const VemoSheet *sheet);

@@ -28,5 +28,5 @@ private Q_SLOTS:
     void slotFinished(const QStringList &copies, const QStringList &troubles);
 };
 
-/// A problem's line as the job tells it.
+/// The line that the job reports for a problem.
 QString problem(const char *name, int error);

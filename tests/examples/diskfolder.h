@@ -33,7 +33,7 @@ public:
     /// Empty files "1", "2", ...
     void fill(int count) const;
     Contents contents() const;
-    /// Without the trash's records, whose text tells the time.
+    /// Without the records of the trash, which contain the time.
     Contents contentsOfTrash() const;
     /// Gives all of it to another user.
     void giveTo(unsigned user) const;

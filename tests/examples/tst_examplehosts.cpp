@@ -15,7 +15,7 @@ struct Run
     QString errors;
 };
 
-/// What the platform says about itself is no warning of the host.
+/// Messages of the platform plug-in do not count as warnings of the host.
 QString withoutPlatformTalk(const QString &errors)
 {
     return errors.split('\n', Qt::SkipEmptyParts)

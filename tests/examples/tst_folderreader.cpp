@@ -115,7 +115,7 @@ void FolderReaderTest::everythingIsKnownOfAFile()
     const FileEntry entry = entriesOf(folder.path()).value("a.txt");
     QCOMPARE(entry.size, 5);
     QCOMPARE(entry.modified, QDateTime::fromSecsSinceEpoch(1000000000));
-    // Not every file system keeps it; then it says so.
+    // Not supported by every file system, in which case there is an error.
     QVERIFY(!entry.created.isValid() || entry.created > entry.modified);
     QVERIFY(!entry.isFolder);
     QVERIFY(!entry.isLink);

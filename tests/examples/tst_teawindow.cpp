@@ -50,7 +50,7 @@ void TeaWindowTest::startsInTheLanguageAskedFor()
 {
     QFETCH(const QString, language);
     QVERIFY(startUp(VEMO_OWN_RESOURCES, m_cache.path(), language));
-    messages.take(); // The folders are registered once more with each row.
+    messages.take(); // The folders are registered again for each row.
     QTEST(TeaWindow().windowTitle(), "title");
 }
 

@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr qint64 kMostMemory = 64 * 1024 * 1024;
+constexpr qint64 kMaxMemory = 64 * 1024 * 1024;
 const char *const kSuffixes[] = {"", "_hover", "_click", "_disable"};
 
 QByteArray pngOf(const QImage &picture)
@@ -185,7 +185,7 @@ void FileFaultsTest::aStyleFile()
         const Unprivileged user;
         StyleManager::getInstance().initialize({before, path, after});
     }
-    QVERIFY2(peak.growth() <= kMostMemory, qPrintable(QString::number(peak.growth())));
+    QVERIFY2(peak.growth() <= kMaxMemory, qPrintable(QString::number(peak.growth())));
     QCOMPARE(messages.take(),
         fault.asText == Fault::NotAFile ? QStringList("file \"" + path + "\" not exist")
                                         : QStringList());
@@ -208,7 +208,7 @@ void FileFaultsTest::theCatalogue()
         makeFault(at("images.json"), "{\n\"images\": [\n\"" + m_name.toUtf8() + "\"\n]\n}\n");
     const MemoryPeak peak;
     start(ImageManager::LAZY_LOAD);
-    QVERIFY2(peak.growth() <= kMostMemory, qPrintable(QString::number(peak.growth())));
+    QVERIFY2(peak.growth() <= kMaxMemory, qPrintable(QString::number(peak.growth())));
     const bool isRead = fault.asText == Fault::Whole;
     QCOMPARE(colourOf(getGlobalImage(m_name)), isRead ? QColor(Qt::red) : QColor());
     QCOMPARE(messages.take(),
@@ -246,7 +246,7 @@ void FileFaultsTest::aPicture()
         const Unprivileged user;
         picture = getGlobalImage(m_name, static_cast<ImageManager::ImageType>(state));
     }
-    QVERIFY2(peak.growth() <= kMostMemory, qPrintable(QString::number(peak.growth())));
+    QVERIFY2(peak.growth() <= kMaxMemory, qPrintable(QString::number(peak.growth())));
     const bool isRead = fault.asPicture == Fault::Whole;
     const QColor fallback = state == 0 ? QColor() : QColor(Qt::red);
     QCOMPARE(colourOf(picture), isRead ? QColor(Qt::green) : fallback);
@@ -269,7 +269,7 @@ void FileFaultsTest::aTemporaryPicturesSource()
     const Fault &fault = makeFault(at("images/" + m_name + ".png"), plainPng(Qt::green));
     const MemoryPeak peak;
     start(ImageManager::LAZY_LOAD);
-    QVERIFY2(peak.growth() <= kMostMemory, qPrintable(QString::number(peak.growth())));
+    QVERIFY2(peak.growth() <= kMaxMemory, qPrintable(QString::number(peak.growth())));
     QCOMPARE(tempFiles(), QStringList("tmp_" + m_name + ".png"));
     if (fault.asPicture == Fault::Whole)
         QCOMPARE(colourOf(QPixmap(tempPicture())), QColor(Qt::green));
@@ -295,7 +295,7 @@ void FileFaultsTest::aTemporaryPicturesPlace()
     const QStringList before = tempFiles();
     const MemoryPeak peak;
     start(ImageManager::LAZY_LOAD);
-    QVERIFY2(peak.growth() <= kMostMemory, qPrintable(QString::number(peak.growth())));
+    QVERIFY2(peak.growth() <= kMaxMemory, qPrintable(QString::number(peak.growth())));
     // A folder can't be replaced, and a file that may not be written must not be; what a link leads
     // to is left alone.
     const bool isFolder = QLatin1String(fault.name) == QLatin1String("folder");
@@ -394,7 +394,7 @@ void FileFaultsTest::aMovie()
         const Unprivileged user;
         sheet.reset(new VemoMessageSheet("Working", path, &window));
     }
-    QVERIFY2(peak.growth() <= kMostMemory, qPrintable(QString::number(peak.growth())));
+    QVERIFY2(peak.growth() <= kMaxMemory, qPrintable(QString::number(peak.growth())));
     const QScopedPointer<QMovie> movie(sheet->movie());
     QVERIFY(movie);
     QCOMPARE(!movie->currentPixmap().isNull(), fault.asPicture == Fault::Whole);

@@ -204,10 +204,10 @@ void fuzzFileNames(const QByteArray &data)
 
 void fuzzPaths(const QByteArray &data)
 {
-    constexpr int mostParts = 40;
+    constexpr int maxParts = 40;
     const QString path = textOf(data).left(1000);
     const QStringList parts = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    if (parts.size() > mostParts)
+    if (parts.size() > maxParts)
         return;
     static auto *const bar = new VemoButtonPath;
     bar->refresh(path);

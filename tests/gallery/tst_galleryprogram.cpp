@@ -38,7 +38,7 @@ Run runGallery(const QStringList &arguments, const QStringList &unset = {})
         QString::fromUtf8(process.readAllStandardError())};
 }
 
-/// What the platform says about itself is no warning of the gallery.
+/// Messages of the platform plug-in do not count as warnings of the gallery.
 QString withoutPlatformTalk(const QString &errors)
 {
     QStringList lines = errors.split('\n', Qt::SkipEmptyParts);
@@ -87,7 +87,7 @@ void GalleryProgramTest::writesOnePictureForEachPage_data()
     QTest::newRow("lazy") << QStringList("--lazy");
     QTest::newRow("preload") << QStringList("--preload");
     QTest::newRow("default") << QStringList();
-    // What a language says is the same at every factor; tst_languages walks the pages in each.
+    // Texts are the same at every factor; tst_languages visits the pages in each language.
     if (DPIinfo::getInstance().getDPI() * DPIinfo::getInstance().getDPR() != 1)
         return;
     for (const char *code : {"deu", "cht", "rus"})

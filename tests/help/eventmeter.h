@@ -12,8 +12,8 @@ class EventMeter : public QApplication
 public:
     using QApplication::QApplication;
 
-    void reset() { m_most = 0; }
-    double mostMilliseconds() const { return m_most; }
+    void reset() { m_max = 0; }
+    double maxMilliseconds() const { return m_max; }
     /// Who got that event.
     QString receiver() const { return m_receiver; }
 
@@ -29,9 +29,9 @@ public:
         const double start = now();
         const bool result = QApplication::notify(receiver, event);
         const double spent = now() - start;
-        if (spent > m_most)
+        if (spent > m_max)
             m_receiver = name;
-        m_most = qMax(m_most, spent);
+        m_max = qMax(m_max, spent);
         m_is_measuring = false;
         return result;
     }
@@ -45,7 +45,7 @@ public:
     }
 
 private:
-    double m_most = 0;
+    double m_max = 0;
     QString m_receiver;
     bool m_is_measuring = false;
 };

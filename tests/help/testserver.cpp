@@ -65,9 +65,9 @@ private:
     void sendTail(QSslSocket *socket, const Answer &answer, int count)
     {
         QTimer::singleShot(answer.tailPause, socket, [this, socket, answer, count] {
-            constexpr int kMostPending = 4 * 1024 * 1024;
+            constexpr int kMaxPending = 4 * 1024 * 1024;
             const bool isRoom =
-                socket->bytesToWrite() + socket->encryptedBytesToWrite() < kMostPending;
+                socket->bytesToWrite() + socket->encryptedBytesToWrite() < kMaxPending;
             if (isRoom)
                 socket->write(answer.tail);
             const int left = isRoom && count > 0 ? count - 1 : count;
@@ -159,7 +159,7 @@ int TestServer::requestCount(const QByteArray &path) const
     return count;
 }
 
-int TestServer::mostConnectionsAtOnce() const
+int TestServer::maxConnectionsAtOnce() const
 {
     const QMutexLocker lock(&m_mutex);
     return m_most_connections;

@@ -50,7 +50,7 @@ public:
     QList<QByteArray> requests() const;
     /// How often path, its query left out, was asked for.
     int requestCount(const QByteArray &path) const;
-    int mostConnectionsAtOnce() const;
+    int maxConnectionsAtOnce() const;
 
 private:
     friend class TestConnections;

@@ -91,7 +91,7 @@ void tst_helpserver::cleanup()
     const char *tag = QTest::currentDataTag();
     const QString name = QString::fromUtf8(tag ? tag : QTest::currentTestFunction());
     m_events.insert(
-        meter()->mostMilliseconds(), QStringLiteral("%1 (%2)").arg(name, meter()->receiver()));
+        meter()->maxMilliseconds(), QStringLiteral("%1 (%2)").arg(name, meter()->receiver()));
     VemoTest::cleanup();
 }
 

@@ -375,7 +375,7 @@ void tst_htmltextbrowser::aSlowDownloadKeepsItsPlace()
     m_server->setAnswer({}, slow);
     m_browser->setHtmlContent(html(pictures(65)));
     QTRY_VERIFY_WITH_TIMEOUT(isIdle(), 20000);
-    QCOMPARE(m_server->mostConnectionsAtOnce(), 64);
+    QCOMPARE(m_server->maxConnectionsAtOnce(), 64);
 }
 
 void tst_htmltextbrowser::onlySoManySilentDownloadsAreWaitedFor()
@@ -408,7 +408,7 @@ void tst_htmltextbrowser::pagesTakeTheirTurnsApart()
     // The first page's silent server doesn't keep the second page waiting.
     QTRY_COMPARE(m_browser->findChildren<ImageDownloader *>().size(), 100);
     QCOMPARE(m_server->requests().size(), 164);
-    QVERIFY(m_server->mostConnectionsAtOnce() <= 128);
+    QVERIFY(m_server->maxConnectionsAtOnce() <= 128);
 }
 
 void tst_htmltextbrowser::deletedWhileDownloadsRun_data()

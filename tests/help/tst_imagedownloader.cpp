@@ -149,7 +149,7 @@ void tst_imagedownloader::aFailedDownloadKeepsTheEarlierFile()
     QCOMPARE(fileBytes(file("a.png")), QByteArray("earlier"));
 }
 
-/// An answer that tells no length.
+/// A reply without a content length.
 static Answer untilClosing(const QByteArray &body)
 {
     Answer answer;

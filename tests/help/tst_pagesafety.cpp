@@ -178,7 +178,7 @@ static QByteArray picture(const char *format)
     return bytes.data();
 }
 
-/// A bitmap that says it is so large, and is not.
+/// A bitmap whose header states a larger size than it has.
 static QByteArray bitmapHeader(int width, int height)
 {
     QByteArray bytes = picture("BMP");
@@ -336,7 +336,7 @@ void tst_pagesafety::aPictureWiderThanThePageIsFittedIn()
     QTRY_COMPARE(countPixels(m_browser.data(), Qt::red), fittedPixels());
     m_browser->resize(350, 300);
     QTRY_COMPARE(countPixels(m_browser.data(), Qt::red), fittedPixels());
-    // Unless the page says how wide it is.
+    // Unless the page sets its width.
     m_browser->setHtmlContent(
         QStringLiteral("<html><img width=\"900\" src=\"%1\"></html>").arg(source));
     QVERIFY(m_browser->horizontalScrollBar()->maximum() > 500);

@@ -11,5 +11,5 @@
 /// The names of all of them; each is run in a process of its own.
 QStringList lifetimeCases();
 
-/// Runs one. 0: it went well; else it says on standard error what did not.
+/// Runs a case. Returns 0 on success; otherwise prints the reason to standard error.
 int runLifetimeCase(const QString &name);

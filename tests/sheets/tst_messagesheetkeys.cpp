@@ -49,7 +49,7 @@ template <typename Window> struct Scene
         }
         return nullptr;
     }
-    /// Runs the sheet, lets act happen, and says how it ended; kNothing if it went on.
+    /// Runs the sheet, calls act, and returns how the sheet ended; kNothing if it did not.
     int result(const std::function<void()> &act)
     {
         bool didEnd = false;

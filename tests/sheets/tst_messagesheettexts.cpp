@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The texts of a message sheet and the row that confirms once more.
+// The texts of a message sheet and the row with its check box.
 #include "core/scaling_p.h"
 #include "sheets/messagesheetparts.h"
 #include "support/testhost.h"

@@ -267,7 +267,7 @@ void ModalRunTest::focusIsClearedWhereNothingHadIt()
 {
     QFETCH(const QString, kind);
     Scene scene;
-    // Else the late activation gives the focus to somebody.
+    // Otherwise the late activation would set the focus.
     QVERIFY(QTest::qWaitForWindowActive(&scene.window));
     scene.second->clearFocus();
     QCOMPARE(scene.window.focusWidget(), nullptr);

@@ -32,7 +32,7 @@ QLabel *promptOf(const VemoInputSheet &sheet)
     return sheet.findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly).constFirst();
 }
 
-/// Runs the sheet, lets act happen, and says how it ended; kNothing if it went on.
+/// Runs the sheet, calls act, and returns how the sheet ended; kNothing if it did not.
 int resultOf(VemoInputSheet &sheet, const std::function<void()> &act)
 {
     bool didEnd = false;

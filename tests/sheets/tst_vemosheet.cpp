@@ -27,7 +27,7 @@ struct Tile
     Qt::GlobalColor colour;
 };
 
-// Flat colours, so that each place of the band tells its picture.
+// Flat colours, so that each part of the shadow identifies its picture.
 constexpr Tile kTiles[] = {
     {"bg_tutorial_l", Qt::red},
     {"bg_tutorial_r", Qt::green},

@@ -16,7 +16,7 @@ struct Scene
     bool isOwned = false;
 };
 
-/// Runs the scene of that name as scenario, which monkeyFinding() made, says. Never returns.
+/// Runs the scene described by scenario, which monkeyFinding() has created. Never returns.
 [[noreturn]] void playMonkey(const QString &scenario, const std::vector<Scene> &scenes);
 
 /// What happens to the scene under count random events; empty if it survives them. A finding names

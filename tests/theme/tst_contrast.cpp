@@ -335,7 +335,7 @@ void ContrastTest::theMeasureKnowsGoodFromBad()
     QVERIFY(contrast("#9AA5B1", "#FFFFFF") < kReadable);
 }
 
-// Else a slip in reading the files would make all this pass.
+// Otherwise all tests would pass if the files could not be read.
 void ContrastTest::everyStateOfEveryWidgetIsLookedAt()
 {
     const auto all = sections();

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Installs the theme as the scenario says; the rest is what the parent reads.
+/// Installs the theme as described by the scenario and prints the results for the parent.
 int installAndReport(const QString &scenario)
 {
     const QTemporaryDir folder;
@@ -89,7 +89,8 @@ void DefaultThemeTest::refusedItRegistersNothing()
     // A name longer than any file system takes.
     const ChildResult child = runChild("enu|/" + QString(300, 'x') + '|');
     QVERIFY2(child.errorOutput.contains("<0||0|no.such.key>"), qPrintable(child.errorOutput));
-    QVERIFY(child.errorOutput.contains("debug.message.warning: Cannot find path by key \"resource_path\"\n"));
+    QVERIFY(child.errorOutput.contains(
+        "debug.message.warning: Cannot find path by key \"resource_path\"\n"));
 }
 
 void DefaultThemeTest::aMissingFolderIsMade()
@@ -111,7 +112,7 @@ void DefaultThemeTest::oneCallStartsEverythingFromResources()
     QFETCH(int, mode);
     const auto type = static_cast<ImageManager::InitializeType>(mode);
     QVERIFY(installDefaultTheme(m_folder.path(), "enu", type));
-    messages.take(); // Of registering the folders once more.
+    messages.take(); // From registering the folders again.
     const UIPathManager &paths = UIPathManager::getInstance();
     QCOMPARE(paths.getPath("resource_path"), QString(":/vemo/theme"));
     QCOMPARE(paths.getPath("user_data_path"), m_folder.path());

@@ -84,7 +84,7 @@ const QHash<QString, QString> &sharedWithEnglish()
     return table;
 }
 
-/// Whether text says anything beside its placeholders.
+/// Whether text consists of more than its placeholders.
 bool hasWords(QString text)
 {
     return text.remove(QRegularExpression("%L?\\d+"))

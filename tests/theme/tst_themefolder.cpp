@@ -47,7 +47,7 @@ void makeSmallTheme(const QString &theme)
     catalogue.write("{}");
 }
 
-/// A checked box dressed from the small theme; its tick is a picture that the style file names.
+/// A checked box styled by the small theme; its tick is a picture named in the style file.
 QImage tickedBox(const QString &theme)
 {
     const QTemporaryDir userData;

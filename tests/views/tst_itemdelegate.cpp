@@ -50,7 +50,7 @@ private Q_SLOTS:
     void acceptsTheNamesThatAFileCanHave_data();
     void acceptsTheNamesThatAFileCanHave();
     void stopsTypingAtACharacterThatNoFileCanHave();
-    void dressesTheEditor();
+    void stylesTheEditor();
     void fillsTheEditorWithTheWholeName();
     void leavesTheValidatorsToTheirEditor();
     void fillsInOtherEditorsAsTheyAre();
@@ -135,7 +135,7 @@ void ItemDelegateTest::stopsTypingAtACharacterThatNoFileCanHave()
     QTRY_COMPARE(tree.item()->text(0), QString("b"));
 }
 
-void ItemDelegateTest::dressesTheEditor()
+void ItemDelegateTest::stylesTheEditor()
 {
     const Tree tree;
     QCOMPARE(tree.editor()->styleSheet(), getStyleSheet("component.tree_item"));

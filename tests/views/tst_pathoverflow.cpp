@@ -27,7 +27,7 @@ struct Path
         bar.refresh(kPath);
         frame = bar.width() - bar.viewport()->width();
     }
-    /// Leaves so many pixels of the row no room, and shows it anew.
+    /// Makes the bar narrower than the row by that many pixels, and shows it again.
     void refreshWithout(int pixels)
     {
         bar.resize(rowWidth() + frame - pixels, bar.height());

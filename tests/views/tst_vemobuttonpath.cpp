@@ -67,8 +67,8 @@ private Q_SLOTS:
     void splitsThePathAtSlashes();
     void doublesAmpersandsOnItsButtonsOnly_data();
     void doublesAmpersandsOnItsButtonsOnly();
-    void dressesNameButtons();
-    void dressesArrowButtons();
+    void stylesNameButtons();
+    void stylesArrowButtons();
     void makesANameAsWideAsItsText_data();
     void makesANameAsWideAsItsText();
     void makesANameAsWideAsTheFontOfItsStyleNeeds();
@@ -193,7 +193,7 @@ void VemoButtonPathTest::doublesAmpersandsOnItsButtonsOnly()
     QCOMPARE(path.updates.value(0).value(0).toString(), "x/" + part);
 }
 
-void VemoButtonPathTest::dressesNameButtons()
+void VemoButtonPathTest::stylesNameButtons()
 {
     const Path path("a/b");
     for (const int column : {0, 2}) {
@@ -206,7 +206,7 @@ void VemoButtonPathTest::dressesNameButtons()
     }
 }
 
-void VemoButtonPathTest::dressesArrowButtons()
+void VemoButtonPathTest::stylesArrowButtons()
 {
     const Path path("a/b");
     const QPushButton *arrow = path.button(1);

@@ -146,10 +146,10 @@ void ViewsInFormsTest::aTableReadsColumnsFromTexts_data()
                                   << "Name|120|0.3";
     QTest::newRow("draggable without a share") << "Name|120|0"
                                                << "Name|120|0";
-    QTest::newRow("width is no number") << "Name|wide"
-                                        << "Name|100";
-    QTest::newRow("ratio is no number") << "Name|80|half"
-                                        << "Name|80";
+    QTest::newRow("malformed width") << "Name|wide"
+                                     << "Name|100";
+    QTest::newRow("malformed ratio") << "Name|80|half"
+                                     << "Name|80";
     QTest::newRow("more than is read") << "Name|80|0.5|x"
                                        << "Name|80|0.5";
     QTest::newRow("no name") << "|80"

@@ -69,7 +69,7 @@ void BaselineTest::initTestCase()
 {
     startDefaultTheme();
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    if (qEnvironmentVariableIsSet("VEMO_DRESSED"))
+    if (qEnvironmentVariableIsSet("VEMO_STYLE_STOCK"))
         applyDefaultThemeStyle(*qApp);
     else
         QApplication::setStyle(QStyleFactory::create("fusion"));
@@ -121,7 +121,7 @@ void BaselineTest::everyStoredPictureIsLookedAt()
     QVERIFY2(left.isEmpty(), qPrintable(left.join('\n')));
 }
 
-// Else a state was not reached, or the theme doesn't show it. What is disabled may look alike.
+// Otherwise a state was not reached, or the theme does not show it. Disabled states may look alike.
 void BaselineTest::noTwoStoredPicturesAreAlike()
 {
     QVector<QPair<QString, QImage>> earlier;

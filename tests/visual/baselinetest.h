@@ -31,10 +31,10 @@ void addStates(Looks &looks, const QString &name, const NewWidget &make,
 void addPartStates(Looks &looks, const QString &name, const NewWidget &make, const PartOf &part,
     const QVector<State> &states, const QSize &size = {});
 
-/// Base of the tests that compare what widgets look like with pictures in baselines/FACTOR/. With
-/// VEMO_UPDATE_BASELINES in the environment they store what differs instead: see
-/// scripts/update-baselines. With VEMO_DRESSED in it stock widgets are dressed, which shows in no
-/// picture of ours.
+/// Base of the tests that compare the look of widgets with pictures in baselines/FACTOR/. If the
+/// environment contains VEMO_UPDATE_BASELINES, they store pictures that differ instead: see
+/// scripts/update-baselines. If it contains VEMO_STYLE_STOCK, stock widgets are styled, which must
+/// not change the pictures of ours.
 class BaselineTest : public VemoTest
 {
     Q_OBJECT

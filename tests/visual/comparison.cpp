@@ -9,8 +9,8 @@
 namespace {
 
 constexpr int kTolerance = 3; // of 255, in each channel
-constexpr int kLeastWidth = 240; // of a magnified picture
-constexpr int kMostMagnified = 8;
+constexpr int kMinWidth = 240; // of a magnified picture
+constexpr int kMaxMagnified = 8;
 constexpr int kGap = 16;
 constexpr int kColours = 256;
 
@@ -80,7 +80,7 @@ Comparison compared(const QImage &expected, const QImage &actual)
 
 QImage sideBySide(const QImage &expected, const QImage &actual, const QImage &difference)
 {
-    const int times = qBound(1, kLeastWidth / qMax(1, difference.width()), kMostMagnified);
+    const int times = qBound(1, kMinWidth / qMax(1, difference.width()), kMaxMagnified);
     const QSize size = difference.size() * times;
     QImage sheet(size.width() * 3 + kGap * 4, size.height() + kGap * 2, QImage::Format_RGB32);
     sheet.fill(qRgb(255, 0, 255));

@@ -3,7 +3,7 @@
 
 #include <QImage>
 
-/// What tells two pictures apart.
+/// The difference between two pictures.
 struct Comparison
 {
     int differing = 0; ///< pixels that differ by more than the tolerance

@@ -477,7 +477,7 @@ void addWindows(Looks &looks)
 
 } // namespace
 
-/// Qt's own widgets, dressed.
+/// Qt's own widgets with the theme's style.
 class StockPictures : public BaselineTest
 {
     Q_OBJECT
