@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// Not API. How a form sees those classes of the library that have no meta-object of their own, or
-// don't keep what a property would have to read: derived classes, of the same name, with the
-// properties. Code made from the form calls the setters of the library's own classes.
+// Not API. Some classes of the library have no meta-object, or do not store what a property would
+// have to return. For forms there are derived classes with the same names and with these
+// properties. Code generated from a form calls the setters of the library's own classes.
 //
-// This file is read inside a namespace and includes nothing, so that moc, which takes it alone,
-// gives its classes the names that stand in form files.
+// This file is included inside a namespace and includes nothing itself. moc processes it on its
+// own, and therefore gives its classes the names used in form files, without the namespace.
 
 class VemoButton : public ::VemoButton
 {
@@ -31,7 +31,7 @@ class VemoIconButton : public ::VemoIconButton
 {
     Q_OBJECT
     Q_PROPERTY(QString allIcon READ allIcon WRITE setAllIcon)
-    // The button sets these two itself.
+    // The button sets these two properties itself.
     Q_PROPERTY(QIcon icon READ icon DESIGNABLE false STORED false)
     Q_PROPERTY(QSize iconSize READ iconSize DESIGNABLE false STORED false)
 
@@ -47,7 +47,8 @@ public:
             return;
         }
         ::VemoIconButton::setAllIcon(name);
-        applyNormalStyle(); // a size that the button leaves to its next change of state
+        applyNormalStyle(); // updates the size, which the button would do at its next change of
+                            // state
     }
 
 private:
@@ -75,7 +76,7 @@ public:
 class VemoLineEdit : public ::VemoLineEdit
 {
     Q_OBJECT
-    // Not a property of the library's own class: style sheets would take it for that of the field.
+    // Not a property of the library's class, where style sheets would confuse it with the field's.
     Q_PROPERTY(bool error READ hasError WRITE setError)
 
 public:
@@ -93,7 +94,7 @@ public:
 class VemoDateSelector : public ::VemoDateSelector
 {
     Q_OBJECT
-    // Of a list that the field doesn't have.
+    // Properties of a list, which the field does not have.
     Q_PROPERTY(bool editable READ isEditable DESIGNABLE false STORED false)
     Q_PROPERTY(QString currentText READ currentText DESIGNABLE false STORED false)
     Q_PROPERTY(int currentIndex READ currentIndex DESIGNABLE false STORED false)
@@ -107,7 +108,7 @@ public:
 class VemoTimeComboBox : public ::VemoTimeComboBox
 {
     Q_OBJECT
-    // The class's own setter takes no QString.
+    // The setter of the library's class does not take a QString.
     Q_PROPERTY(QString currentText READ currentText DESIGNABLE false STORED false)
     Q_PROPERTY(int maxVisibleItems READ wishedItems WRITE setMaxVisibleItems)
 
@@ -117,7 +118,7 @@ public:
     {
     }
 
-    /// Without the one more that a hidden custom item takes.
+    /// Does not include the row of a hidden custom item.
     int wishedItems() const { return m_wished_items; }
     void setMaxVisibleItems(int count)
     {

@@ -18,7 +18,7 @@ QString geometry(const QSize &size)
         .arg(scaled(size.height()));
 }
 
-/// What Qt Designer is told of how texts are edited; the names of the elements are Qt's.
+/// The description of text editors for Qt Designer, with the element names that it expects.
 QString stringEditing(const char *texts)
 {
     QString xml;

@@ -5,27 +5,27 @@
 #include <QSize>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 
-/// What the widget box and a form need to know of one class.
+/// The data about a class that the widget box and forms need.
 struct FormWidgetInfo
 {
     const char *className;
     const char *baseName; ///< the Qt class that it extends, as the form file names it
     const char *toolTip;
     const char *whatsThis;
-    QSize size; ///< in a new form, in design pixels; not valid: that of its size hint
-    const char *properties; ///< XML of those that a new widget starts with
-    const char *stringEditing; ///< "name:editor" or "name:editor:notr" of its texts
+    QSize size; ///< initial size in design pixels; if invalid, that of the size hint
+    const char *properties; ///< XML of the initial properties of a new widget
+    const char *stringEditing; ///< "name:editor" or "name:editor:notr" for its texts
     QWidget *(*create)(QWidget *parent);
 };
 
-/// One widget of the library as Qt Designer, QUiLoader and QFormBuilder see it.
+/// A widget of the library for Qt Designer, QUiLoader and QFormBuilder.
 class FormWidget : public QObject, public QDesignerCustomWidgetInterface
 {
     Q_OBJECT
     Q_INTERFACES(QDesignerCustomWidgetInterface)
 
 public:
-    /// The info must live as long.
+    /// info must outlive the object.
     FormWidget(const FormWidgetInfo &info, QObject *parent);
 
     QString name() const override;
@@ -37,7 +37,7 @@ public:
     bool isContainer() const override;
     QString domXml() const override;
 
-    /// Null, with a warning, where the default theme can't be started.
+    /// Returns null, with a warning, if the default theme cannot be installed.
     QWidget *createWidget(QWidget *parent) override;
 
 private:

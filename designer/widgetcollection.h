@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
-/// The plug-in: every widget of the library that can stand in a form.
+/// The plug-in, with every widget of the library that can be placed in a form.
 class WidgetCollection : public QObject, public QDesignerCustomWidgetCollectionInterface
 {
     Q_OBJECT

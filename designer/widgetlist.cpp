@@ -134,7 +134,7 @@ const FormWidgetInfo kViews[] = {
         R"(<string>Size|80</string></stringlist></property>)", "",
         make<VemoTableWidget>},
     {"ResizeSignalTableWidget", "QTableWidget", "Table that says when it is resized",
-        "A plain table with a signal of its new size, before it lays itself out anew.",
+        "A plain table that emits a signal when it is resized.",
         {240, 200}, "", "", make<ResizeSignalTableWidget>},
     {"VemoPagingBar", "QWidget", "Bar that pages through a list",
         "First, last and five numbered pages, five pages on and back, a footer text and a refresh "

@@ -5,7 +5,7 @@
 
 #include <QStringList>
 
-/// What the user chose for this run of the gallery.
+/// The options for this run of the gallery.
 struct Options
 {
     QString language; ///< one of languages()
@@ -15,7 +15,7 @@ struct Options
     QString screenshots; ///< folder to write PNG files into; empty: show the window
 };
 
-/// A command line as it was understood.
+/// A parsed command line.
 struct CommandLine
 {
     Options options;

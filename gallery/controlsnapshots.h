@@ -8,7 +8,7 @@
 
 #include <QStyle>
 
-/// Controls that always look as if they were in a state, like ButtonSnapshot.
+/// Controls that are always drawn in a given state, like ButtonSnapshot.
 class CheckBoxSnapshot : public VemoCheckBox
 {
     Q_OBJECT

@@ -3,12 +3,12 @@
 
 #include <QString>
 
-/// A text that a host would bring itself: the caption of a specimen. key names it in
-/// gallery/strings/; an unknown key yields itself.
+/// A text that a host would provide, such as the caption of a specimen. key is a key in
+/// gallery/strings/; an unknown key is returned unchanged.
 ///
-/// The gallery keeps these apart from ComponentStrings, so that a page can be built wherever the
-/// theme has been started.
+/// The gallery does not use ComponentStrings for these, so that a page can be created wherever the
+/// theme is installed.
 QString demo(const char *key);
 
-/// From now on demo() speaks the language code, one of languages(); until then English.
+/// Sets the language of demo(), a code of languages(); initially English.
 void setDemoLanguage(const QString &code);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Draws the pictures of the documentation: each card of the gallery without its code, cut to what
-// is on it, as PAGE-SECTION.png; and what no page of the gallery shows at rest.
+// Draws the pictures of the documentation: each card of the gallery without its code, cropped to
+// its content, as PAGE-SECTION.png, and states that no page of the gallery shows permanently.
 //
 //     vemo-doc-pictures FOLDER
 #include "gallery/gallerywindow.h"
@@ -25,7 +25,7 @@
 namespace {
 
 constexpr int kFontSize = 10; // points; what desktops have
-constexpr int kFrame = 12; // design pixels around what a card holds
+constexpr int kFrame = 12; // design pixels around the content of a card
 constexpr int kBorder = 4; // design pixels of a card: its line and round corners
 constexpr int kSmallestFile = 0; // the quality of a PNG: all effort
 
@@ -37,7 +37,7 @@ bool save(const QImage &picture, const QString &path)
     return false;
 }
 
-/// The part of picture that is not all of one colour, that of its first pixel.
+/// The part of picture that differs from the colour of its first pixel.
 QRect content(const QImage &picture)
 {
     const QRgb ground = picture.pixel(0, 0);

@@ -67,7 +67,7 @@ void GalleryWindow::growToPage()
     const auto *area = qobject_cast<QScrollArea *>(m_stack->currentWidget());
     if (!area)
         return;
-    // Twice: a page that grew wider breaks its lines elsewhere.
+    // Twice, because a wider page breaks its lines differently.
     for (int pass = 0; pass < 2; ++pass) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         area->widget()->layout()->activate();
@@ -87,7 +87,7 @@ bool GalleryWindow::eventFilter(QObject *watched, QEvent *event)
     }
     if (key != Qt::Key_Up && key != Qt::Key_Down)
         return QWidget::eventFilter(watched, event);
-    // The list follows the arrows while the user goes on typing.
+    // The arrow keys move in the list while the focus stays in the field.
     QCoreApplication::sendEvent(m_list, event);
     return true;
 }
@@ -139,7 +139,8 @@ QWidget *GalleryWindow::newSidebar()
     m_search->addAction(QIcon(getGlobalImage("bt_search")), QLineEdit::LeadingPosition);
     m_search->setPlaceholderText("Search (Ctrl+F)");
     m_search->setAccessibleName("Search pages");
-    // Not the field's own clear button, which leaks its fading when the window closes meanwhile.
+    // Not the field's own clear button, which leaks its fading animation if the window closes
+    // first.
     m_clear = m_search->addAction(QIcon(getGlobalImage("bt_close")), QLineEdit::TrailingPosition);
     m_clear->setText("Clear");
     m_clear->setVisible(false);

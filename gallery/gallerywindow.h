@@ -13,8 +13,8 @@ class QListWidget;
 class QScrollArea;
 class QStackedWidget;
 
-/// The gallery's window: at the left a search field over the list of pages, at the right the page.
-/// A page is built when it is first shown. The theme and the gallery's style must be loaded before.
+/// The gallery's window, with a search field and the list of pages on the left and the page on the
+/// right. A page is created when it is first shown. Requires the theme and the gallery's style.
 class GalleryWindow : public QWidget
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     /// index is a place in pages().
     void showPage(int index);
 
-    /// Makes the window as large as the page on show needs it, however large the screen is.
+    /// Makes the window as large as the current page, regardless of the size of the screen.
     void growToPage();
 
 protected:

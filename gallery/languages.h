@@ -5,7 +5,7 @@
 
 #include <vector>
 
-/// One language code of VemoLocale, with a locale that leads to it.
+/// A language code of VemoLocale and a locale that is mapped to it.
 struct Language
 {
     const char *code;
@@ -17,5 +17,5 @@ struct Language
 /// The 20 languages, by code.
 const std::vector<Language> &languages();
 
-/// That of a code, or English.
+/// The language of a code; English for an unknown code.
 const Language &languageOf(const QString &code);

@@ -3,13 +3,13 @@
 
 #include <QString>
 
-/// Makes this process one of a desktop in the language code: numbers, and the font that steps in
-/// for Chinese characters.
+/// Sets up the process as on a desktop in the language: number formats, and the fallback font for
+/// Chinese characters.
 void setDesktopLanguage(const QString &code);
 
-/// Loads the gallery's own style file after the theme's, as any host does with its own.
+/// Loads the gallery's own style file after those of the theme, as any host would.
 void installGalleryStyle();
 
-/// The section for the gallery's window. Its rules go by object name: a rule that matches every
-/// QWidget would take the ground off the masks of sheets.
+/// The section for the gallery's window. Its rules are scoped by object name: a rule that matches
+/// every QWidget would remove the colour of masks.
 QString galleryStyle();

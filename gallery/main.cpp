@@ -23,14 +23,14 @@ int fail(const QString &sentence, int exitCode)
     return exitCode;
 }
 
-/// Reads the command line under an application object of its own, one that needs no display.
+/// Reads the command line with a temporary application object that needs no display.
 CommandLine commandLine(int argc, char **argv)
 {
     const QCoreApplication reader(argc, argv);
     return readCommandLine(QCoreApplication::arguments());
 }
 
-/// Qt ends the process where it finds no display; better to know before.
+/// Qt ends the process if it finds no display, so check first.
 bool hasDisplay()
 {
     return QSysInfo::kernelType() != "linux" || qEnvironmentVariableIsSet("QT_QPA_PLATFORM")
@@ -50,7 +50,7 @@ void setLook(QApplication &app)
 {
     applyDefaultThemeStyle(app);
     if (QGuiApplication::platformName() == "offscreen") {
-        // Its font is larger than that of any desktop.
+        // Its default font is larger than that of any desktop.
         QFont font = QApplication::font();
         font.setPointSize(kDesktopFontSize);
         QApplication::setFont(font);
@@ -91,10 +91,10 @@ int main(int argc, char **argv)
             return fail("There is no display; --screenshots needs none.", kFailure);
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
-    // Without it Qt draws icons at half their pixels where the screen has two to a point.
+    // Otherwise Qt draws icons at half their resolution on screens with pixel ratio 2.
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QtSingleApplication app(argc, argv);
-    // Pictures are written whatever else runs; of the window there is one.
+    // Only the window is limited to one instance, not writing pictures.
     if (line.options.screenshots.isEmpty() && app.sendMessage(QString()))
         return 0;
     return run(app, line.options);

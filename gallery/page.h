@@ -9,8 +9,9 @@ class QFrame;
 class QLabel;
 class QVBoxLayout;
 
-/// The content of one gallery page: a title, then sections, each a caption over a card with live
-/// specimens and the lines of code that made them. Every widget that is added becomes the page's.
+/// The content of a gallery page: a title and sections, each with a caption and a card that shows
+/// live specimens and the code that creates them. The page takes ownership of every widget added to
+/// it.
 ///
 ///     page.addSummary("A flat push button in six roles.");
 ///     page.addSection("Roles", "The number given to the constructor chooses the look.");
@@ -23,28 +24,28 @@ class Page : public QWidget
 public:
     Page(const QString &title, const Options &options);
 
-    /// What the user chose on the command line.
+    /// The command line options.
     const Options &options() const { return m_options; }
 
     /// One or two sentences below the title.
     void addSummary(const QString &text);
 
-    /// Starts a new card, which takes what is added from now on.
+    /// Starts a new card, to which everything is added from then on.
     void addSection(const QString &caption, const QString &explanation = {});
 
-    /// A specimen that takes the card's width.
+    /// Adds a specimen as wide as the card.
     void add(QWidget *specimen);
 
-    /// Specimens side by side, at their own widths.
+    /// Adds specimens side by side, with their own widths.
     void addRow(const QList<QWidget *> &specimens);
 
-    /// Specimens in columns of equal width, row by row.
+    /// Adds specimens row by row in columns of equal width.
     void addGrid(int columns, const QList<QWidget *> &specimens);
 
-    /// Rows under column captions; a null pointer leaves a cell empty.
+    /// Adds rows under column captions; a null pointer leaves a cell empty.
     void addTable(const QStringList &captions, const QList<QList<QWidget *>> &rows);
 
-    /// The code of the specimens above it: lines of at most 90 characters.
+    /// Adds the code of the specimens above it, with at most 90 characters per line.
     void addCode(const QString &code);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Made by the first page that registers itself, whichever that is.
+/// Created by whichever page registers itself first.
 std::vector<PageEntry> &registry()
 {
     static std::vector<PageEntry> entries;

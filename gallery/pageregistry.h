@@ -7,8 +7,8 @@
 
 class Page;
 
-/// A page of the gallery. To add one, write a file in gallery/pages/ that holds such an object, and
-/// name the file in gallery/CMakeLists.txt:
+/// A page of the gallery. To add one, create a file in gallery/pages/ with such an object, and list
+/// the file in gallery/CMakeLists.txt:
 ///
 ///     void build(Page &page)
 ///     {
@@ -22,8 +22,8 @@ struct PageEntry
 {
     using Build = void (*)(Page &);
 
-    /// Registers the page. Pages stand in the list by order, those of equal order by title; all
-    /// texts must outlive the entry. keywords are what the search finds besides the title.
+    /// Registers the page. Pages are sorted by order, then by title; all texts must outlive the
+    /// entry. The search also finds the keywords.
     PageEntry(int order, const char *title, const char *keywords, Build build);
 
     int order;
@@ -36,9 +36,8 @@ struct PageEntry
 std::vector<PageEntry> pages();
 QStringList pageTitles();
 
-/// The place in pages() of a title, in any case; -1 when there is none.
+/// The index in pages() of a title, ignoring case; -1 if there is none.
 int pageIndex(const QString &title);
 
-/// Whether a page is what the user looks for: each word of the query stands in its title or
-/// keywords.
+/// Whether each word of the query occurs in the page's title or keywords.
 bool matches(const PageEntry &page, const QString &query);

@@ -33,8 +33,8 @@ QString writeScreenshots(const Options &options)
         return QString("Cannot make the folder \"%1\".").arg(folder.path());
 
     GalleryWindow window(options);
-    // Shown, so that its widgets get all that comes with it, but neither on a screen nor limited
-    // by one.
+    // Shown, so that its widgets receive the related events, but neither on a screen nor limited by
+    // its size.
     window.setAttribute(Qt::WA_DontShowOnScreen);
     window.layout()->setSizeConstraint(QLayout::SetNoConstraint);
     window.show();

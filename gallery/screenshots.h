@@ -5,8 +5,8 @@
 
 struct Options;
 
-/// Writes one PNG file per page (or the one page that was chosen) at the page's whole height, and
-/// prints each path. Yields what went wrong, a sentence; empty when nothing did.
+/// Writes a PNG file for each page, or for the selected page, at the page's full height, and prints
+/// each path. Returns an error message; empty on success.
 QString writeScreenshots(const Options &options);
 
 /// The file name of a page's picture: "Data views" becomes "data-views.png".

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The style draws no frame of the pressed state without the flag of the pointer.
+/// Without the hover flag the style does not draw the frame of the pressed state.
 QStyle::State completed(QStyle::State state)
 {
     return state & QStyle::State_Sunken ? state | QStyle::State_MouseOver : state;

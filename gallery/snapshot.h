@@ -6,8 +6,8 @@
 
 #include <QStyle>
 
-/// A button that always looks as if it were in a state: drawn by the real style from the real
-/// section, with the state's flag set. It takes neither clicks nor the focus.
+/// A button that is always drawn in a given state, by the real style with the real section and the
+/// flag of the state. It accepts neither clicks nor the focus.
 class ButtonSnapshot : public VemoButton
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ private:
     QStyle::State m_state;
 };
 
-/// The same for an icon button, which also gets the picture of the state.
+/// The same for an icon button, which also shows the picture of the state.
 class IconButtonSnapshot : public VemoIconButton
 {
     Q_OBJECT

@@ -5,22 +5,22 @@
 #include <QButtonGroup>
 #include <QWidget>
 
-/// widget with the name that assistive tools say.
+/// Sets the accessible name of widget and returns it.
 template <typename Widget> Widget *named(Widget *widget, const QString &name)
 {
     widget->setAccessibleName(name);
     return widget;
 }
 
-/// widget, which takes no input.
+/// Disables widget and returns it.
 template <typename Widget> Widget *disabled(Widget *widget)
 {
     widget->setEnabled(false);
     return widget;
 }
 
-/// button in a group of its own, so that it excludes no other of its row. A radio button that is
-/// not exclusive at all is announced as a check box.
+/// Puts button into its own group, so that it is not exclusive with others in its row. A radio
+/// button without exclusivity would be announced as a check box.
 template <typename Button> Button *alone(Button *button)
 {
     (new QButtonGroup(button))->addButton(button);

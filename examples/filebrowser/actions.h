@@ -3,8 +3,8 @@
 
 #include <QAction>
 
-/// What the user can do, by key, by the bar and by the menu. The actions belong to the window that
-/// they were made for, which connects them.
+/// The actions for keys, the bar and the menu. They belong to the window for which they were
+/// created, which connects them.
 struct Actions
 {
     QAction *up = nullptr;
@@ -19,6 +19,6 @@ struct Actions
     QAction *details = nullptr; ///< checkable: whether the panel is shown
     QAction *help = nullptr;
 
-    /// files gets the keys that are only meant while the list has the focus.
+    /// files gets the shortcuts that are only valid if the list has the focus.
     static Actions make(QWidget *window, QWidget *files);
 };

@@ -85,7 +85,7 @@ CopyJob::Phase CopyJob::listOn()
     m_plans.push_back(std::make_unique<CopyPlan>(source));
     m_total += m_plans.back()->total();
     if (isFolder(*m_plans.back()) && isInside(m_target, source)) {
-        // Nor is it listed: it may be everything there is.
+        // Not listed either: it may contain everything.
         m_total -= m_plans.back()->total();
         m_plans.back() = std::make_unique<CopyPlan>();
         m_problems += problemLine(source, EINVAL);
@@ -93,7 +93,7 @@ CopyJob::Phase CopyJob::listOn()
     return Phase::Listing;
 }
 
-/// Begins the next source there is something of to copy.
+/// Starts with the next source that has something to copy.
 CopyJob::Phase CopyJob::nextSource()
 {
     m_tree.reset();

@@ -13,10 +13,9 @@ class TreeCopy;
 
 /// Copies files, links and whole folders into a folder from the event loop, a few milliseconds at a
 /// time. Nothing is ever replaced: a copy whose name is taken is called "name (2).ext". Links are
-/// copied as links; permissions and times are kept. Deliberate: the bits that let a program run as
-/// its owner or group (setuid, setgid) are dropped, since the copy may have another owner. A copy
-/// gets its name when it is complete, and until then is hidden under another; cancel(), an error and
-/// the destructor leave nothing half done.
+/// copied as links; permissions and times are kept. Deliberate: the setuid and setgid bits are
+/// dropped, since the copy may have another owner. A copy has a hidden temporary name until it is
+/// complete; cancel(), an error and the destructor leave no incomplete copies.
 ///
 ///     auto *job = new CopyJob({home + "/a.txt"}, stick, this);
 ///     connect(job, SIGNAL(finished(QStringList,QStringList)), ...);
@@ -30,14 +29,16 @@ public:
     ~CopyJob() override;
 
     void start();
-    /// Takes back the source that is being copied; those copied before it stay. finished() follows.
+    /// Removes the copy of the current source; completed copies remain. finished() is emitted
+    /// later.
     void cancel();
 
 Q_SIGNALS:
-    /// In bytes, and one more for each entry. While the sources are being listed done is 0 and
-    /// total grows.
+    /// In bytes, plus one for each entry. While the sources are being listed, done is 0 and total
+    /// grows.
     void progress(qint64 done, qint64 total, const QString &name);
-    /// The paths of the copies, and what could not be copied, as "name: reason".
+    /// copied contains the paths of the copies; problems what could not be copied, as "name:
+    /// reason".
     void finished(const QStringList &copied, const QStringList &problems);
 
 private Q_SLOTS:
@@ -57,7 +58,7 @@ private:
     std::vector<std::unique_ptr<CopyPlan>> m_plans;
     std::unique_ptr<TreeCopy> m_tree;
     size_t m_current = 0; ///< The plan that is being copied.
-    qint64 m_done = 0; ///< Of the sources before it.
+    qint64 m_done = 0; ///< For the sources before it.
     qint64 m_total = 0;
     QByteArray m_name;
     QStringList m_copied;

@@ -49,7 +49,7 @@ bool isInside(const QByteArray &folder, const QByteArray &path)
     free(resolved);
     if (lstat(path.constData(), &outer) != 0)
         return false;
-    // By identity, since a folder can be mounted in two places.
+    // Compared by identity, because a folder can be mounted in two places.
     while (!inner.isEmpty()) {
         struct stat status = {};
         if (stat(inner.constData(), &status) == 0 && isSame(status, outer))

@@ -8,32 +8,32 @@
 #include <dirent.h>
 #include <memory>
 
-/// One file, link or folder that is to be copied.
+/// A file, link or folder to copy.
 struct CopyItem
 {
     enum Kind { File, Folder, Link, Other };
 
     QByteArray from; ///< Its full path.
-    QByteArray below; ///< The part of it behind the source's own path; empty for the source itself.
+    QByteArray below; ///< The path relative to the source; empty for the source itself.
     Kind kind = Other;
-    qint64 size = 0; ///< In bytes; only a file has any.
+    qint64 size = 0; ///< In bytes; 0 unless it is a file.
 };
 
-/// Lists what belongs to one source, folders before what is in them, an entry at a time.
+/// Lists the entries of a source one by one, folders before their contents.
 class CopyPlan
 {
 public:
-    /// A plan of nothing.
+    /// Creates an empty plan.
     CopyPlan() = default;
     explicit CopyPlan(const QByteArray &source);
 
-    /// Lists one more entry; false when there was none left.
+    /// Lists the next entry. Returns false if there is none left.
     bool step();
 
     const QVector<CopyItem> &items() const { return m_items; }
-    /// What can't be listed: "name: reason".
+    /// The entries that cannot be listed, as "name: reason".
     const QStringList &problems() const { return m_problems; }
-    /// All bytes, and one for each entry.
+    /// The number of bytes plus one for each entry.
     qint64 total() const { return m_total; }
 
 private:
@@ -49,13 +49,13 @@ private:
     QVector<CopyItem> m_items;
     QStringList m_problems;
     qint64 m_total = 0;
-    int m_next = 0; ///< Up to this item all folders have been listed.
-    QByteArray m_folder; ///< The one that is being listed.
+    int m_next = 0; ///< All folders before this item have been listed.
+    QByteArray m_folder; ///< The folder that is being listed.
     std::unique_ptr<DIR, CloseFolder> m_stream;
 };
 
-/// A problem's line: the entry's name and the system's words for an error number.
+/// The line for a problem: the name of the entry and the system's error message.
 QString problemLine(const QByteArray &path, int error);
 
-/// Whether folder is inside, or the same as, the folder at path, by whatever way.
+/// Whether folder is the folder at path or inside it, even through links or mounts.
 bool isInside(const QByteArray &folder, const QByteArray &path);

@@ -9,7 +9,7 @@ class DateFilter;
 class QGridLayout;
 class QLabel;
 
-/// What is known of the selected entry, and below it the filter by the last change.
+/// Shows the details of the selected entry, and below them the filter by the last change.
 class DetailsPanel : public QFrame
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
 
     void showEntry(const QString &folder, const FileEntry &entry);
     void showSelection(int count);
-    /// Nothing is selected.
+    /// Shows that nothing is selected.
     void showFolder(const QString &folder);
     DateFilter *dateFilter() const { return m_dates; }
 

@@ -8,9 +8,9 @@
 
 #include <vector>
 
-/// Sorts entries that come in pieces, so that no piece costs much and little is left for the end:
-/// folders first, then in the order that the user's language gives names, "file 2" before "file
-/// 10". Entries whose names sort alike stay in their order.
+/// Sorts entries that arrive in pieces, so that each piece takes little time and little is left for
+/// the end: folders first, then in the order of the user's language, "file 2" before "file 10".
+/// Entries with equal sort keys keep their order.
 ///
 ///     sorter.add(firstPiece);
 ///     sorter.add(secondPiece);
@@ -22,11 +22,11 @@ public:
 
     void add(const QVector<FileEntry> &entries);
     int count() const { return m_entries.size(); }
-    /// All of them; none are left.
+    /// Returns all entries and removes them.
     QVector<FileEntry> take();
 
 private:
-    /// Names are compared by keys: comparing the names themselves would make one each time.
+    /// Names are compared by their sort keys, which would otherwise be created for each comparison.
     struct Place
     {
         bool isFolder;

@@ -40,7 +40,7 @@ FileCopy::Side FileCopy::fail(Side side)
 FileCopy::Side FileCopy::open(const QByteArray &from, const QByteArray &to)
 {
     m_copied = 0;
-    // A pipe that took the file's place would wait forever.
+    // O_NONBLOCK: if a pipe has replaced the file, opening it would block forever.
     m_from = ::open(from.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (m_from < 0 || fstat(m_from, &m_status) != 0)
         return fail(Side::Reading);
@@ -70,13 +70,13 @@ FileCopy::Side FileCopy::copySome()
 
 FileCopy::Side FileCopy::finish()
 {
-    // A file system without permissions or times of its own keeps none; the content counts.
+    // Ignored, because some file systems have no permissions or times; only the content matters.
     if (fchmod(m_to, m_status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) != 0)
         errno = 0;
     const timespec times[] = {m_status.st_atim, m_status.st_mtim};
     if (futimens(m_to, times) != 0)
         errno = 0;
-    // Only now some file systems tell that there was no room.
+    // Some file systems only report on closing that the disk is full.
     if (::close(std::exchange(m_to, -1)) != 0)
         return fail(Side::Writing);
     close();

@@ -9,14 +9,14 @@
 class FileCopy
 {
 public:
-    /// Where something went wrong: with what is read the rest can still be copied.
+    /// The side of an error: after a reading error the other entries can still be copied.
     enum class Side { None, Reading, Writing };
 
     FileCopy() = default;
     ~FileCopy() { close(); }
     Q_DISABLE_COPY(FileCopy)
 
-    /// Starts a copy at a path where nothing may be yet.
+    /// Starts a copy to a path that must not exist yet.
     Side open(const QByteArray &from, const QByteArray &to);
     bool isOpen() const { return m_from >= 0; }
     /// Copies the next piece; after the last one the file is complete and closed.

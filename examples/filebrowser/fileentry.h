@@ -4,15 +4,15 @@
 #include <QDateTime>
 #include <QString>
 
-/// What the browser knows of one file or folder. size, modified and created of a link are those of
-/// what it leads to, or its own where it leads nowhere.
+/// A file or folder as listed. size, modified and created of a link are those of its target, or its
+/// own if it is broken.
 struct FileEntry
 {
-    QString name; ///< As fromNativeName() gives it, so that no two files ever share one.
+    QString name; ///< As returned by fromNativeName(), so that it is unique for each file.
     qint64 size = 0; ///< In bytes; 0 for a folder.
-    QDateTime modified; ///< Invalid where it may not be read.
-    QDateTime created; ///< Invalid where the file system doesn't keep it.
-    bool isFolder = false; ///< Also of a link that leads to a folder.
+    QDateTime modified; ///< Invalid if it cannot be read.
+    QDateTime created; ///< Invalid if the file system does not store it.
+    bool isFolder = false; ///< Also true for a link to a folder.
     bool isLink = false;
     bool isWritable = false;
 };

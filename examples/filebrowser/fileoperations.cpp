@@ -46,7 +46,7 @@ int errorOf(NameProblem problem)
     return EINVAL;
 }
 
-/// One that exists is left to the operation itself: only it can tell without a gap.
+/// Does not check whether the name exists: only the operation itself can do that atomically.
 NameProblem checkLetters(const QString &folder, const QString &name)
 {
     if (name.isEmpty())

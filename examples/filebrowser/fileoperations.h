@@ -3,31 +3,31 @@
 
 #include <QString>
 
-/// What keeps a name from being given to a new or renamed entry.
+/// The reason why a name cannot be used for a new or renamed entry.
 enum class NameProblem {
     None,
     Empty,
     Reserved, ///< "." or ".."
-    Slash, ///< A slash, or the null character: no name can hold either.
-    TooLong, ///< In bytes, for the folder's file system.
+    Slash, ///< It contains a slash or the null character.
+    TooLong, ///< It has too many bytes for the folder's file system.
     Exists,
 };
 
-/// How one operation on one entry ended.
+/// The result of an operation on an entry.
 struct FileResult
 {
     bool done = false;
-    QString path; ///< Where the entry is now; empty if nothing was done.
-    QString reason; ///< The system's words for what went wrong; empty when done.
+    QString path; ///< The new path of the entry; empty on failure.
+    QString reason; ///< The system's error message; empty on success.
 };
 
 NameProblem checkName(const QString &folder, const QString &name);
 
-/// Never replaces anything, also when the new name comes into use at that very moment.
+/// Never replaces anything, even if an entry with the new name is created at the same time.
 FileResult renameEntry(const QString &folder, const QString &from, const QString &to);
 
 FileResult createFolder(const QString &folder, const QString &name);
 
-/// Moves an entry, a link itself, to the user's trash. Where the trash can't take it the entry
-/// stays where it is.
+/// Moves an entry to the user's trash; for a link, the link itself. On failure the entry is not
+/// moved.
 FileResult moveToTrash(const QString &path);

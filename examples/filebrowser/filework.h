@@ -6,20 +6,20 @@
 
 class QWidget;
 
-/// What changes the disk, or leaves the window: each asks first where that is due, and says so when
-/// it could not be done. Nothing is ever replaced or lost.
+/// Operations that change the disk or leave the window. They ask for confirmation where necessary
+/// and report failures. Nothing is ever replaced or lost.
 class FileWork : public QObject
 {
     Q_OBJECT
 
 public:
-    /// window gets the sheets, and owns it.
+    /// window is the parent, over which the sheets are shown.
     explicit FileWork(QWidget *window);
 
-    /// Hands a file to the program that the desktop has for it.
+    /// Opens a file with the desktop's program for it.
     void openFile(const QString &folder, const QString &name);
     void rename(const QString &folder, const QString &from, const QString &to);
-    /// By a sheet, which takes names that the editor in the list does not.
+    /// Renames with a sheet, which accepts names that the editor in the list rejects.
     void askRename(const QString &folder, const QString &name);
     void askNewFolder(const QString &folder);
     void askTrash(const QString &folder, const QStringList &names);
@@ -28,7 +28,7 @@ public:
     bool canPaste() const;
 
 Q_SIGNALS:
-    /// The folder holds something else now; the names are those to select.
+    /// The contents of the folder have changed; names are the entries to select.
     void changed(const QString &folder, const QStringList &names);
     void vanished(const QString &name);
 

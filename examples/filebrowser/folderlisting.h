@@ -24,7 +24,7 @@ struct ListingFilter
     bool accepts(const FileEntry &entry) const;
 };
 
-/// The entries of one folder, sorted and filtered, read without ever holding up the window.
+/// The sorted and filtered entries of a folder, which is read without blocking the window.
 class FolderListing : public QObject
 {
     Q_OBJECT
@@ -42,15 +42,15 @@ public:
     /// The place of a name among those that pass the filter; -1 if it is not there.
     int indexOf(const QString &name) const;
 
-    /// Forgets all entries at once when the folder is another one than before. The entries of the
-    /// same folder stay until they are read anew.
+    /// Discards all entries immediately if the folder is a different one. The entries of the same
+    /// folder remain until it has been read again.
     void read(const QString &folder);
     void setFilter(const ListingFilter &filter);
 
 Q_SIGNALS:
-    /// So many entries have been found until now.
+    /// The number of entries found so far.
     void progressed(int count);
-    /// The entries, or those that pass the filter, are others now.
+    /// The entries, or those that pass the filter, have changed.
     void changed();
     void failed(const QString &folder, const QString &reason);
 

@@ -47,7 +47,7 @@ void describe(FileEntry *entry, const struct statx &status)
         entry->created = timeOf(status.stx_btime);
 }
 
-/// The entry's name and as much else as may be known of it; no name if it has vanished meanwhile.
+/// The entry's name and as much other data as can be read; an empty name if it has been deleted.
 FileEntry entryOf(int folder, const dirent &found)
 {
     FileEntry entry;
@@ -133,7 +133,7 @@ void FolderReader::slotReadOn()
         if (!entry.name.isEmpty())
             entries += entry;
     }
-    // A folder that was deleted meanwhile reads as if it had come to its end.
+    // A folder that has been deleted in the meantime reads as if its end was reached.
     struct stat status = {};
     if (atEnd && error == 0 && stat(m_folder->path.constData(), &status) != 0)
         error = errno;
@@ -142,7 +142,7 @@ void FolderReader::slotReadOn()
 
 void FolderReader::report(const QVector<FileEntry> &entries, bool atEnd, int error)
 {
-    // Whoever hears of it may delete the reader or let it read another folder.
+    // A slot may delete the reader or make it read another folder.
     const QPointer<FolderReader> self(this);
     const quint64 reading = m_reading;
     if (atEnd)

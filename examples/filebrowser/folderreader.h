@@ -9,8 +9,8 @@
 
 struct OpenFolder;
 
-/// Reads a folder from the event loop, a few milliseconds at a time, so that the window goes on
-/// answering whatever the folder holds. A folder that is gone or can't be read gives failed().
+/// Reads a folder from the event loop, a few milliseconds at a time, so that the window remains
+/// responsive. If the folder is missing or cannot be read, emits failed().
 ///
 ///     connect(reader, SIGNAL(entriesRead(QVector<FileEntry>)), ...);
 ///     reader->read(folder);
@@ -22,12 +22,12 @@ public:
     explicit FolderReader(QObject *parent = nullptr);
     ~FolderReader() override;
 
-    /// Starts anew; of a folder that is being read nothing more is heard.
+    /// Starts to read a folder. Nothing more is emitted for a previous one.
     void read(const QString &folder);
     QString folder() const { return m_path; }
 
 Q_SIGNALS:
-    /// What one slice has found, never empty, in the file system's order.
+    /// The entries found in a time slice, in the order of the file system; never empty.
     void entriesRead(const QVector<FileEntry> &entries);
     void finished();
     void failed(const QString &reason);
@@ -43,5 +43,5 @@ private:
     QString m_path;
     QTimer m_slice;
     OpenFolder *m_folder = nullptr;
-    quint64 m_reading = 0; ///< Counts calls of read(), so that a slice notices a new one.
+    quint64 m_reading = 0; ///< Counts calls of read(), so that a slice detects a new one.
 };

@@ -8,8 +8,8 @@
 
 #include <QVector>
 
-/// The folders from the home folder and from the root on. What is in a folder is read when it is
-/// first opened, from the event loop; until then a placeholder stands in it.
+/// The folders below the home folder and the root. A folder is read from the event loop when it is
+/// first opened; until then it contains a placeholder.
 class FolderTree : public VemoTreeWidget
 {
     Q_OBJECT
@@ -17,13 +17,13 @@ class FolderTree : public VemoTreeWidget
 public:
     explicit FolderTree(QWidget *parent);
 
-    /// Makes the folder the current one as soon as all on the way to it is read. Emits nothing.
+    /// Makes the folder current as soon as all its parents have been read. Emits nothing.
     void showFolder(const QString &path);
-    /// Reads anew what is in the folder, if it has been read before.
+    /// Reads the folder again if it has been read before.
     void refresh(const QString &path);
 
 Q_SIGNALS:
-    /// By a click or by Enter.
+    /// Emitted on a click or Enter.
     void folderChosen(const QString &path);
 
 private:

@@ -12,5 +12,5 @@ QString kindOf(const FileEntry &entry);
 /// The kinds that the filter offers, in the order of its menu.
 QStringList offeredKinds();
 
-/// isRemoved: the picture for an entry that is known to be gone.
+/// If isRemoved, the picture for an entry that has been deleted.
 QPixmap pictureOf(const FileEntry &entry, bool isRemoved = false);

@@ -7,9 +7,9 @@
 /// The three-letter codes that the library's locale table can yield.
 QStringList languageCodes();
 
-/// How dates, numbers and names are written and sorted in the language; those of "enu" for a code
-/// that is not among languageCodes().
+/// The locale that formats dates and numbers and sorts names in the language; that of "enu" for an
+/// unknown code.
 QLocale localeOf(const QString &languageCode);
 
-/// A font that has the language's characters as it draws them; empty where any font has.
+/// A font with the language's variants of characters; empty if any font will do.
 QString fontFamilyOf(const QString &languageCode);

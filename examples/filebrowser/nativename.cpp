@@ -6,10 +6,10 @@
 
 namespace {
 
-constexpr ushort kEscape = 0xDC00; // A stray byte is kept as this plus its value.
+constexpr ushort kEscape = 0xDC00; // Added to an invalid byte.
 
-/// The code point at the start of size bytes, and in length how many it takes; 0 for a byte that
-/// belongs to none.
+/// The code point at the start of size bytes, and its number of bytes in length; 0 for an invalid
+/// byte.
 uint codePoint(const uchar *bytes, int size, int *length)
 {
     static constexpr uint kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
@@ -77,7 +77,7 @@ QString fromNativeName(const QByteArray &name)
 
 QByteArray cutName(const QByteArray &name, int bytes)
 {
-    constexpr int kLongestRest = 3; // A run of stray bytes is no character.
+    constexpr int kLongestRest = 3; // A run of invalid bytes is not a character.
     int length = std::min(bytes, name.size());
     for (int i = 0; i < kLongestRest && length > 0 && length < name.size(); ++i) {
         if ((uchar(name[length]) & 0xC0) != 0x80)

@@ -4,14 +4,15 @@
 #include <QByteArray>
 #include <QString>
 
-/// The bytes that the file system knows a name or path by, and back. Both are UTF-8 whatever the
-/// locale is, and a byte that is none becomes a lone surrogate (0xDC00 + byte): so every name there
-/// is survives the way to the screen and back, where Qt's own functions would name another file.
+/// Converts a name or path to the bytes used by the file system, and back. The encoding is UTF-8 in
+/// every locale, and invalid bytes become lone surrogates (0xDC00 + byte). The conversion is
+/// therefore lossless for every name; with Qt's own functions, it could yield the name of another
+/// file.
 QByteArray toNativeName(const QString &name);
 QString fromNativeName(const QByteArray &name);
 
-/// As much of a name's start as fits into so many bytes; a character is not cut in two.
+/// The start of a name that fits into the given number of bytes, without splitting a character.
 QByteArray cutName(const QByteArray &name, int bytes);
 
-/// The system's words for an error number.
+/// The system's message for an error number.
 QString systemReason(int error);

@@ -8,13 +8,13 @@
 
 class QWidget;
 
-/// What the user is told and asked, by sheets over the window. Each may outlive the window: look
-/// whether it is still there before going on.
+/// Messages and questions, shown as sheets over the window. The window may be deleted while they
+/// run: check afterwards whether it still exists.
 
-/// Whether a sheet is open over the window, which then takes nothing else.
+/// Whether a sheet is open over the window, which then accepts no other input.
 bool isSheetOpen(const QWidget *window);
 
-/// Both are rich text, as richText() makes it.
+/// Both are rich text, as returned by richText().
 void tell(QWidget *window, const QString &message, const QString &reason = {});
 
 /// One name is asked for until it is one that can be given, or the user cancels: then the result is
@@ -23,15 +23,15 @@ void tell(QWidget *window, const QString &message, const QString &reason = {});
 QString askName(QWidget *window, const QString &prompt, const QString &hint, const QString &name,
     const std::function<QString(const QString &)> &problemOf);
 
-/// Whether the entries may go; asked twice, by the check box.
+/// Asks whether to move the entries to the trash; a check box must be ticked first.
 bool askTrash(QWidget *window, const QStringList &names);
 
-/// How a copy went.
+/// The result of a copy.
 struct CopyOutcome
 {
     QStringList copied; ///< paths of the copies
     QStringList problems; ///< plain sentences
 };
 
-/// Copies under a sheet that tells how far it is and can end it.
+/// Copies while a sheet shows the progress and a button to cancel.
 CopyOutcome copyUnderSheet(QWidget *window, const QStringList &sources, const QString &target);

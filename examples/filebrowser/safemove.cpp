@@ -13,7 +13,7 @@ int moveFolder(const char *from, const char *to)
 {
     if (mkdir(to, S_IRWXU) != 0)
         return errno;
-    // A folder only ever replaces an empty one, so nothing that came into it meanwhile is lost.
+    // rename() only replaces empty folders, so nothing added in the meantime is lost.
     if (rename(from, to) == 0)
         return 0;
     const int error = errno;

@@ -3,12 +3,11 @@
 
 #include <QByteArray>
 
-/// Gives a file, link or folder another path on its file system. What already has that path stays
-/// whatever happens: there is no moment between looking and moving. Yields 0 or an error number,
-/// EEXIST among them.
+/// Renames a file, link or folder within its file system. Never replaces an existing entry: the
+/// check and the move are atomic. Returns 0 or an error number, such as EEXIST.
 int moveWithoutReplacing(const QByteArray &from, const QByteArray &to);
 
-/// The same for file systems that can't promise it themselves: a file gets a second name before it
-/// loses the first; a folder takes the place of an empty one that was made for it. EOPNOTSUPP where
-/// there are no second names.
+/// The same for file systems without an atomic operation: a file gets a hard link before its old
+/// name is removed; a folder replaces an empty folder created for it. EOPNOTSUPP if there are no
+/// hard links.
 int moveByReserving(const QByteArray &from, const QByteArray &to);

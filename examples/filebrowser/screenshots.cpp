@@ -22,14 +22,14 @@ namespace {
 constexpr int kSettleTime = 400; // milliseconds: reading, layout, and a page of help
 constexpr int kDaysShown = 30;
 
-/// One state of the window, and how it is reached.
+/// A state of the window and the way to reach it.
 struct State
 {
     const char *name;
     std::function<void()> enter;
 };
 
-/// Takes the pictures one by one. Its timer goes on while a sheet runs a loop of its own.
+/// Takes the pictures one by one. Its timer also runs in the event loop of a sheet.
 class Photographer : public QObject
 {
 public:
@@ -59,7 +59,7 @@ private:
         };
     }
 
-    /// Every other time a picture of the state that was entered the time before.
+    /// Alternately enters a state and takes its picture.
     void work()
     {
         if (m_window->isReading())
@@ -128,7 +128,7 @@ QString writeScreenshots(const Options &options)
     if (!folder.mkpath("."))
         return QString("Cannot make the folder \"%1\".").arg(folder.path());
     FileWindow window(options.folder);
-    // Shown, so that its widgets get all that comes with it, but not on a screen.
+    // Shown, so that its widgets receive the related events, but not on a screen.
     window.setAttribute(Qt::WA_DontShowOnScreen);
     window.show();
     return Photographer(&window, folder).run();

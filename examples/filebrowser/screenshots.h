@@ -3,6 +3,6 @@
 
 #include "options.h"
 
-/// Writes what the window looks like in its main states, each as a PNG file, and their paths to the
-/// standard output. The result says what went wrong; empty if nothing did.
+/// Writes a PNG file for each main state of the window, and prints the paths. Returns an error
+/// message; empty on success.
 QString writeScreenshots(const Options &options);

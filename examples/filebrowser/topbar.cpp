@@ -28,7 +28,7 @@ constexpr int kSmallGap = 4;
 constexpr int kButtonSize = 28;
 constexpr int kFilterWidth = 236;
 
-/// Shows one picture for its action, and does what the action does.
+/// Shows a picture for an action, and triggers the action.
 class ActionButton : public VemoIconButton
 {
 public:
@@ -114,7 +114,7 @@ void TopBar::setUpFilter()
     showKind();
 }
 
-/// The field tells which kind is chosen while the menu is shut.
+/// Shows the selected kind in the field, since the menu is closed.
 void TopBar::showKind()
 {
     const QString kind = filterKind();
@@ -134,11 +134,11 @@ void TopBar::addKind(const QString &kind)
 void TopBar::showFolder(const QString &folder)
 {
     m_folder = folder;
-    // A first part for the root, which has no name of its own.
+    // Adds a part for the root, which has no name.
     m_path->refresh(text("computer") + '/' + displayName(folder));
 }
 
-/// What the bar shows of a name may not be the name: only how many parts there are counts.
+/// The bar may show names differently, so only the number of parts is used.
 void TopBar::choosePart(const QString &shownPath)
 {
     const QStringList parts = m_folder.split('/', Qt::SkipEmptyParts);

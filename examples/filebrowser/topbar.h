@@ -10,8 +10,8 @@ class VemoFilterBar;
 class VemoMenu;
 struct Actions;
 
-/// The bar at the top: the way up and the path, the filter with its menu of kinds, buttons for what
-/// can be done.
+/// The bar at the top, with the path, the filter with its menu of kinds, and buttons for the
+/// actions.
 class TopBar : public QFrame
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
 
     void showFolder(const QString &folder);
     QString filterText() const;
-    /// Empty for all kinds.
+    /// The selected kind; empty for all kinds.
     QString filterKind() const;
     void clearFilter();
     void focusFilter();

@@ -21,8 +21,8 @@ constexpr char kInfoSuffix[] = ".trashinfo";
 
 struct Trash
 {
-    QByteArray path; // Empty: there is none.
-    QByteArray pathsStartAfter; // What its records leave out of the paths they name.
+    QByteArray path; // Empty if there is none.
+    QByteArray pathsStartAfter; // The prefix that its records omit from paths.
 };
 
 QByteArray parentOf(const QByteArray &path)
@@ -53,7 +53,7 @@ QByteArray topOfFileSystem(const QByteArray &folder)
     return top;
 }
 
-/// A trash that somebody else could have put there, or that leads elsewhere, is not ours.
+/// A trash that another user may have created, or that is a link, is not ours.
 bool isOurFolder(const QByteArray &path)
 {
     struct stat status = {};
@@ -68,8 +68,8 @@ bool isSharedByUsers(const QByteArray &path)
         && (status.st_mode & S_ISVTX);
 }
 
-/// Where folder's part of the tree was mounted. A part of a file system that is mounted a second
-/// time has the same number, yet nothing can be moved out of it.
+/// The mount point of folder. If a part of a file system is mounted a second time, it has the same
+/// device number, but nothing can be moved out of it.
 QByteArray topOfMount(const QByteArray &folder)
 {
     const QByteArray top = toNativeName(QStorageInfo(fromNativeName(folder)).rootPath());
@@ -97,7 +97,7 @@ Trash homeTrash()
     return {makeFolders(home) ? home : QByteArray(), QByteArray()};
 }
 
-/// Claims a name in the trash by its record; EEXIST if it has been taken.
+/// Reserves a name in the trash by writing its record; EEXIST if the name is in use.
 int writeRecord(const QByteArray &recordPath, const QByteArray &originalPath)
 {
     const int record = open(recordPath.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
@@ -113,7 +113,7 @@ int writeRecord(const QByteArray &recordPath, const QByteArray &originalPath)
     return isWritten ? 0 : error ? error : ENOSPC;
 }
 
-/// The n-th name to try, short enough for its record's.
+/// The n-th name to try, short enough for the name of its record.
 QByteArray candidate(const QByteArray &name, int n)
 {
     const QByteArray ending = n == 1 ? QByteArray() : '-' + QByteArray::number(n);
@@ -162,6 +162,6 @@ int moveToSharedTrash(const QByteArray &path, QByteArray *trashed)
     const Trash home = homeTrash();
     const bool mayBeHome = !home.path.isEmpty() && fileSystemOf(home.path) == fileSystemOf(folder);
     const int error = mayBeHome ? moveInto(home, original, trashed) : EXDEV;
-    // Only the move itself tells whether both are on one mount.
+    // Only the move itself shows whether both are on the same mount.
     return error == EXDEV ? moveInto(trashAtTheTop(topOfMount(folder)), original, trashed) : error;
 }

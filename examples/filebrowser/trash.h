@@ -3,10 +3,10 @@
 
 #include <QByteArray>
 
-/// Moves an entry, a link itself, to the trash that desktops share: the one of the home folder, or
-/// one at the top of the entry's own file system. Yields 0 and in trashed the new path, or an error
-/// number; then the entry is where it was.
+/// Moves an entry (for a link, the link itself) to the trash that desktops share: that of the home
+/// folder, or one at the top of the entry's file system. Returns 0 and sets trashed to the new
+/// path, or returns an error number without moving the entry.
 ///
-/// Written out here because QFile::moveToTrash() never returns for a name of more than 245 bytes
-/// and takes no link that leads nowhere or to another file system.
+/// Implemented here because QFile::moveToTrash() never returns for names with more than 245 bytes
+/// and does not accept links that are broken or lead to another file system.
 int moveToSharedTrash(const QByteArray &path, QByteArray *trashed);

@@ -21,7 +21,7 @@ QByteArray lastName(const QByteArray &path)
     return path.mid(path.lastIndexOf('/') + 1);
 }
 
-/// Hidden, and never met twice.
+/// A hidden, unique name.
 QByteArray temporaryName()
 {
     return ".copying-" + QByteArray::number(QRandomGenerator::system()->generate64(), 16);
@@ -53,7 +53,8 @@ QByteArray nameOfCopy(const QByteArray &name, int n, bool isFolder)
         return name;
     const QByteArray number = " (" + QByteArray::number(n) + ')';
     const int dot = isFolder ? -1 : name.lastIndexOf('.');
-    // The dot of a hidden file begins its name, and what is too long is no ending.
+    // The leading dot of a hidden file does not start an extension, nor does one followed by a long
+    // text.
     const bool hasEnding = dot > 0 && name.size() - dot < NAME_MAX / 2;
     const QByteArray ending = number + (hasEnding ? name.mid(dot) : QByteArray());
     return cutName(hasEnding ? name.left(dot) : name, NAME_MAX - ending.size()) + ending;
@@ -74,7 +75,7 @@ qint64 TreeCopy::doneBytes() const
 {
     if (!m_file.isOpen())
         return m_done;
-    // A file that grows meanwhile doesn't count for more than was planned.
+    // A file that has grown in the meantime only counts with its planned size.
     return m_done + qMin(m_file.copiedBytes(), m_items.at(m_next - 1).size);
 }
 
@@ -95,7 +96,8 @@ TreeCopy::State TreeCopy::step()
     return Working;
 }
 
-/// What can't be read is left out, unless it is the source itself; what can't be written ends it.
+/// Entries that cannot be read are skipped unless it is the source itself; writing errors end the
+/// copy.
 TreeCopy::State TreeCopy::report(const CopyItem &item, FileCopy::Side side, int error)
 {
     m_problems += problemLine(item.from, error);
@@ -157,13 +159,13 @@ TreeCopy::State TreeCopy::copyOn()
         return Working;
     }
     const State state = report(item, side, m_file.error());
-    // Half a file would pass for a whole one.
+    // An incomplete file would look like a complete one.
     if (state == Working && removeCreated(m_created.last().path, false))
         m_created.removeLast();
     return state;
 }
 
-/// Last, since a folder that may not be written couldn't be filled, and filling changes its time.
+/// Last, because a read-only folder cannot be filled, and filling changes the folder's time.
 void TreeCopy::finishFolder(const CopyItem &item) const
 {
     struct stat status = {};
@@ -202,7 +204,7 @@ bool TreeCopy::undoStep()
     const Created last = m_created.takeLast();
     if (removeCreated(last.path, last.isFolder) || errno != EACCES)
         return true;
-    // Its folder has the permissions of the source's already.
+    // Its folder already has the permissions of the source folder.
     const QByteArray folder = last.path.left(last.path.lastIndexOf('/'));
     if (folder.startsWith(m_temporary) && chmod(folder.constData(), S_IRWXU) == 0)
         removeCreated(last.path, last.isFolder);

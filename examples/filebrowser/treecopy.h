@@ -4,25 +4,25 @@
 #include "copyplan.h"
 #include "filecopy.h"
 
-/// Copies one source, a step at a time, under a temporary name in the target folder, and gives it
-/// its final name at the end. Until then undoStep() takes back all that was made, and only that.
+/// Copies a source step by step under a temporary name in the target folder, and finally renames
+/// it. Until then undoStep() removes everything that was created, and nothing else.
 class TreeCopy
 {
 public:
     enum State { Working, Done, Failed };
 
     TreeCopy(const CopyPlan &plan, const QByteArray &targetFolder);
-    /// Takes back at once what is not done.
+    /// Removes an incomplete copy immediately.
     ~TreeCopy();
     Q_DISABLE_COPY(TreeCopy)
 
     State step();
-    /// False when nothing is left to take back.
+    /// Returns false if nothing is left to remove.
     bool undoStep();
 
-    const QByteArray &path() const { return m_path; } ///< Where the copy is once done.
+    const QByteArray &path() const { return m_path; } ///< The path of the complete copy.
     const QStringList &problems() const { return m_problems; }
-    qint64 doneBytes() const; ///< Of the plan's total.
+    qint64 doneBytes() const; ///< Part of the plan's total.
     QByteArray currentName() const;
 
 private:
@@ -48,10 +48,10 @@ private:
     QVector<Created> m_created;
     FileCopy m_file;
     qint64 m_done = 0;
-    int m_next = 0; ///< The item to begin next.
+    int m_next = 0; ///< The next item to copy.
     int m_unfinished; ///< Folders before this item get their permissions and times last.
 };
 
-/// The n-th name to try for a copy: "a.txt", "a (2).txt"; a folder's has no ending. It is never
-/// longer than a name may be.
+/// The n-th name to try for a copy: "a.txt", "a (2).txt"; the names of folders have no extension.
+/// Never exceeds the maximum length of a name.
 QByteArray nameOfCopy(const QByteArray &name, int n, bool isFolder);

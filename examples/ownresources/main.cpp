@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A host with a folder of its own: styles, pictures and strings beside the program.
+// A host with its own folder of styles, pictures and strings.
 //
 //     ownresources-example [LANGUAGE [PICTURE]]    LANGUAGE is enu or deu; with a file name, writes
 //                                                  a picture of the window and its sheet, and ends

@@ -12,8 +12,7 @@
 
 namespace {
 
-/// The library takes any table; where it comes from is the host's choice. Here: one JSON file a
-/// language.
+/// The library takes any table, from any source. This host uses one JSON file per language.
 QMap<QString, QString> stringsIn(const QString &path)
 {
     QFile file(path);
@@ -36,7 +35,7 @@ bool startUp(const QString &resources, const QString &cache, const QString &lang
     if (strings.isEmpty())
         return false;
 
-    // Each step needs those before it.
+    // Each step requires those before it.
     UIPathManager::getInstance().setPath("resource_path", resources);
     UIPathManager::getInstance().setPath("user_data_path", cache);
     ComponentStrings::getInstance().installStrings(strings);

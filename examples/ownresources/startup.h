@@ -3,8 +3,8 @@
 
 class QString;
 
-/// What a host without the default theme does once, after the application object and before its
-/// first widget. resources is the folder with images.json, images, style and strings; cache, which
-/// must be writable, takes the generated pictures. False where the strings can't be read, in
-/// languageCode or else in English.
+/// The start-up of a host without the default theme. Call it once, after creating the application
+/// object and before the first widget. resources is the folder with images.json, images, style and
+/// strings; generated pictures are written to cache. Returns false if the strings can be read
+/// neither in languageCode nor in English.
 bool startUp(const QString &resources, const QString &cache, const QString &languageCode);

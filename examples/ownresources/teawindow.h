@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-/// A window that makes tea, in a look of its own. startUp() must have run.
+/// A window that makes tea, with its own look. Call startUp() first.
 class TeaWindow : public QWidget
 {
     Q_OBJECT
@@ -12,6 +12,6 @@ public:
     TeaWindow();
 
 public Q_SLOTS:
-    /// Says over the window that the tea is ready, and returns at once.
+    /// Shows a sheet with the message that the tea is ready, and returns immediately.
     void slotBrew();
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A program that runs once and restarts itself, as after an update.
+// A single-instance program that restarts itself, as after an update.
 #include "restartwindow.h"
 
 #include <vemo/DefaultTheme>

@@ -45,7 +45,7 @@ RestartWindow::RestartWindow(QtSingleApplication *app) : m_app(app)
     column->addSpacing(margin);
     column->addLayout(buttons);
     resize(onScreen(kWidth), 0);
-    showNews("Start me once more: this window comes to the front instead.");
+    showNews("Start me again: this window comes to the front instead.");
 
     connect(restart, SIGNAL(clicked()), this, SLOT(slotRestart()));
     connect(m_app, SIGNAL(messageReceived(QString)), this, SLOT(slotOtherStart(QString)));
@@ -53,21 +53,21 @@ RestartWindow::RestartWindow(QtSingleApplication *app) : m_app(app)
 
 void RestartWindow::slotRestart()
 {
-    // Otherwise the new process would find us running, hand us its arguments and end.
+    // Otherwise the new process would find us running, send us its arguments and end.
     m_app->unlock();
     if (QProcess::startDetached(
             QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1))) {
         QCoreApplication::quit();
         return;
     }
-    m_app->isRunning(); // We stay, and are primary again.
+    m_app->isRunning(); // We keep running and become primary again.
     showNews("The new process could not be started.");
 }
 
 void RestartWindow::slotOtherStart(const QString &arguments)
 {
-    showNews(arguments.isEmpty() ? "I was started once more."
-                                 : "I was started once more, with: " + arguments);
+    showNews(
+        arguments.isEmpty() ? "I was started again." : "I was started again, with: " + arguments);
 }
 
 void RestartWindow::showNews(const QString &text)

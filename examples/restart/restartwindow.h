@@ -6,7 +6,7 @@
 class QtSingleApplication;
 class VemoLabel;
 
-/// A window of which there is one, whatever is started, and which can start itself anew.
+/// The only window of the program, however often it is started. It can restart the program.
 class RestartWindow : public QWidget
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ public:
     explicit RestartWindow(QtSingleApplication *app);
 
 public Q_SLOTS:
-    /// Does what a program does after it has updated its own file: starts that, and ends.
+    /// Starts the program's file again, as after an update, and ends this process.
     void slotRestart();
 
 private Q_SLOTS:

@@ -165,7 +165,7 @@ void addCalendars(Page &page)
     log.watch("Live", any);
     log.watch("Limited", limited);
     page.addSection("Calendars",
-        "The view of a date field stands alone, too, dressed by the field's style. Today has a "
+        "The view of a date field also works on its own, with the field's style. Today has a "
         "frame. Tab walks through its parts; Return picks the day.");
     page.addRow({captioned(any, "Live"), captioned(limited, "Ten days around today"),
         captioned(disabled, "Disabled")});

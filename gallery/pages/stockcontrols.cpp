@@ -194,7 +194,7 @@ new QLineEdit; // as in any Qt program)");
 
 void build(Page &page)
 {
-    page.addSummary("Qt's own buttons and fields beside ours: one call dresses them all. Classes "
+    page.addSummary("Qt's own buttons and fields beside ours: one call styles them all. Classes "
                     "derived from them stay as they are.");
     addButtons(page);
     addFields(page);

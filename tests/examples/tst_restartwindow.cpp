@@ -63,8 +63,8 @@ void RestartWindowTest::showsWhatAnotherStartHandsOver_data()
 {
     QTest::addColumn<QByteArray>("arguments");
     QTest::addColumn<QString>("text");
-    QTest::newRow("nothing") << QByteArray() << "I was started once more.";
-    QTest::newRow("arguments") << QByteArray("a b") << "I was started once more, with: a b";
+    QTest::newRow("nothing") << QByteArray() << "I was started again.";
+    QTest::newRow("arguments") << QByteArray("a b") << "I was started again, with: a b";
 }
 
 void RestartWindowTest::showsWhatAnotherStartHandsOver()
