@@ -63,10 +63,10 @@ endif()
 
 # Precompiles these headers for all sources of the target, which halves the build time of a test.
 # Applies to the library only with VEMO_PRECOMPILE_QT: by default each of its files must include what
-# it uses.
-function(vemo_precompile_qt target)
+# it uses. The scope is PUBLIC if other targets reuse the headers, PRIVATE otherwise.
+function(vemo_precompile_qt target scope)
   target_precompile_headers(${target} PRIVATE ${ARGN})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(${target} PUBLIC -fpch-preprocess) # required by ccache
+    target_compile_options(${target} ${scope} -fpch-preprocess) # required by ccache
   endif()
 endfunction()
