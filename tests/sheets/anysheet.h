@@ -7,7 +7,7 @@
 #include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
 
-/// A sheet of either kind, through what both have.
+/// A message or input sheet, with the interface that both have in common.
 struct AnySheet
 {
     AnySheet(const QString &kind, QWidget *window)

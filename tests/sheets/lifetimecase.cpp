@@ -23,7 +23,7 @@ namespace {
 
 const QColor kShade(0, 0, 0, 20);
 
-/// What stands before the sheet comes.
+/// The widgets that exist before the sheet is created.
 struct Scene
 {
     Scene() : window(new QWidget)
@@ -40,7 +40,7 @@ struct Scene
     ~Scene() { delete window; }
 
     QPointer<QWidget> window;
-    QPointer<QWidget> panel; ///< the parent that the sheet is given
+    QPointer<QWidget> panel; ///< the parent passed to the sheet
     QPointer<QLineEdit> field; ///< has the focus
 };
 
@@ -131,7 +131,7 @@ bool hasButtons(const QString &run)
     return run != "busy sheet";
 }
 
-/// Whether the caller gets the result at all.
+/// Whether the function returns a result.
 bool tellsResult(const QString &run)
 {
     return !isShortcut(run) || run.startsWith("showConfirm");
@@ -167,7 +167,7 @@ void quit(VemoSheet *sheet)
     QMetaObject::invokeMethod(sheet, "quit");
 }
 
-/// What the events of one case came to.
+/// The outcome of the events of a case.
 struct Outcome
 {
     int expected = 0; ///< the result
@@ -268,7 +268,7 @@ QHash<QString, Act> acts()
     };
 }
 
-/// These need the sheet's own exec().
+/// Acts that require exec() of the sheet itself.
 QHash<QString, Act> execActs()
 {
     const auto execOf = [](VemoSheet *sheet) {
@@ -341,7 +341,7 @@ void arm(const QStringList &name, Scene &scene, VemoSheet *sheet, Outcome &outco
         die();
         return;
     }
-    // In pressed the answer is not given yet, so only what outlives that gets it.
+    // In pressed() there is no answer yet, so only sheets that survive it return one.
     const bool isAnswered =
         moment != "in pressed" || name[3] == "deleteLater" || name[2] == "parent";
     outcome.expected = isAnswered ? codeOf(sheet) : 0;
@@ -364,7 +364,7 @@ void act(const QStringList &name, Scene &scene, Outcome &outcome)
         if (sheet && sheet->isVisible())
             quit(sheet);
     };
-    // Whatever did not end the sheet, this does.
+    // Ends sheets that the act has not ended.
     QTimer::singleShot(50, qApp, end);
     if (name[1] == "before show")
         return;
@@ -376,7 +376,7 @@ void act(const QStringList &name, Scene &scene, Outcome &outcome)
 
 QVector<bool> closeItemCalls;
 
-/// What must be as before, where it still stands.
+/// Lists what is not restored although it still exists.
 QStringList wrongs(Scene &scene)
 {
     QStringList texts;

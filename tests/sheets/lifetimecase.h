@@ -4,11 +4,11 @@
 #include <QString>
 #include <QStringList>
 
-/// One life and death of a sheet and what it stands on, told by its name:
+/// A case in which a sheet or its surroundings are created and deleted, described by its name:
 ///
 ///     "showInfoMsg / while shown / window / delete"
 ///
-/// The names of all of them; each is run in a process of its own.
+/// The names of all cases; each is run in its own process.
 QStringList lifetimeCases();
 
 /// Runs a case. Returns 0 on success; otherwise prints the reason to standard error.

@@ -7,7 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-// The parts of a message sheet, as a user would name them.
+// Functions that find the parts of a message sheet.
 
 inline QString string(const char *key)
 {
@@ -19,7 +19,7 @@ inline QPushButton *buttonOf(const VemoMessageSheet &sheet, int which)
     return static_cast<QPushButton *>(sheet.button(QMessageBox::StandardButton(which)));
 }
 
-/// The label that shows text, for texts and captions alike; null: none does.
+/// The label that shows text, which may be a text or a caption; null if there is none.
 inline QLabel *labelOf(const VemoMessageSheet &sheet, const QString &text)
 {
     for (QLabel *label : sheet.findChildren<QLabel *>()) {
@@ -29,7 +29,7 @@ inline QLabel *labelOf(const VemoMessageSheet &sheet, const QString &text)
     return nullptr;
 }
 
-/// The one label without a text is the icon's.
+/// The only label without a text is that of the icon.
 inline QLabel *iconOf(const VemoMessageSheet &sheet)
 {
     return sheet.findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly).constFirst();

@@ -11,7 +11,7 @@
 
 #include <functional>
 
-/// Acts once, as soon as the event loop of a sheet runs, and remembers that it did.
+/// Calls a function once, as soon as the event loop of a sheet runs, and records that it did.
 ///
 ///     SheetDriver driver([&] { QTest::keyClick(&window, Qt::Key_Return); });
 ///     QCOMPARE(sheet.exec(), int(QDialogButtonBox::Ok));
@@ -34,7 +34,7 @@ public:
     bool hasActed() const { return m_hasActed; }
 
 private:
-    /// A failed check left its sheet open, and the test would wait for it forever.
+    /// After a failed check the sheet is still open, and the test would wait for it forever.
     static void endAll()
     {
         for (QWidget *window : QApplication::topLevelWidgets()) {
@@ -50,7 +50,7 @@ private:
     bool m_hasActed = false;
 };
 
-/// The sheet that is visible over window; the one on top of several; null without one.
+/// The topmost visible sheet over window; null if there is none.
 inline VemoSheet *sheetOver(const QWidget *window)
 {
     VemoSheet *top = nullptr;

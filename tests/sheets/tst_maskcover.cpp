@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a mask keeps off its window: other children, the pointer, and drops.
+// A mask covers its window: other children, pointer events and drops.
 #include <vemo/vemomask.h>
 
 #include "support/vemotest.h"
@@ -30,14 +30,14 @@ QWidget *patch(QWidget *parent)
     return widget;
 }
 
-/// What is to be seen at the place of a patch.
+/// Whether widget is visible at the position of its patch.
 bool isOnTop(const QWidget *widget)
 {
     const QWidget *seen = widget->parentWidget()->childAt(10, 10);
     return seen == widget || widget->isAncestorOf(seen);
 }
 
-/// Remembers what the pointer did to it.
+/// Records the pointer events that it receives.
 class PointerRecorder : public QWidget
 {
 public:
@@ -53,7 +53,7 @@ public:
     QVector<QEvent::Type> types;
 };
 
-/// Does something with the pointer at a place in target.
+/// Sends a pointer event to a position in target.
 void point(const QString &what, QWidget *target)
 {
     const QPoint place(5, 5);
@@ -66,7 +66,7 @@ void point(const QString &what, QWidget *target)
     const QPoint onScreen = target->mapToGlobal(place);
     const QPoint inWindow = target->mapTo(target->window(), place);
     QWheelEvent wheel(inWindow, onScreen, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
-    // Only a wheel event of the platform is offered to parents.
+    // Only wheel events from the platform are propagated to parents.
     QSpontaneKeyEvent::setSpontaneous(&wheel);
     QContextMenuEvent menu(
         what == "menu key" ? QContextMenuEvent::Keyboard : QContextMenuEvent::Mouse, place,
@@ -193,7 +193,7 @@ void MaskCoverTest::secondMaskOfAWidgetShowsItOnTop()
     const QWidget *first = sheet->parentWidget();
     VemoMask::createMask(sheet, &window, kShade);
     QVERIFY(sheet->parentWidget() != first);
-    // The first one stays, and deliberately still follows the widget that it carried.
+    // The first one remains, and deliberately still follows the widget that it contained.
     QCOMPARE(window.findChildren<VemoMask *>().size(), 2);
     window.show();
     sheet->show();
@@ -283,7 +283,7 @@ void MaskCoverTest::dropsStopAtTheMask()
     sheet->show();
     QMimeData text;
     text.setText("text");
-    // As the platform sends it, to the window's handle.
+    // Sent to the window's handle, as by the platform.
     QDragEnterEvent enter({5, 5}, Qt::CopyAction, &text, Qt::LeftButton, {});
     QCoreApplication::sendEvent(window.windowHandle(), &enter);
     QCOMPARE(window.entered, 0);

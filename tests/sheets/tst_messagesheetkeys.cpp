@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the keyboard does while a message sheet is open.
+// The effect of keys while a message sheet is open.
 #include <vemo/vemomessagesheet.h>
 
 #include "sheets/sheetdriver.h"
@@ -20,9 +20,9 @@ namespace {
 using Sheet = VemoMessageSheet;
 using Button = QDialogButtonBox;
 
-constexpr int kNothing = -1; // The key ends nothing.
+constexpr int kNothing = -1; // The key does not end the sheet.
 
-/// A window with fields behind the sheet, and the sheet over it.
+/// A window with fields, and a sheet over it.
 template <typename Window> struct Scene
 {
     explicit Scene(int type, const QString &text = "text", int width = 600)
@@ -149,7 +149,7 @@ void MessageSheetKeysTest::keyOfThePartEndsTheSheet_data()
     const QHash<QString, QStringList> results {// Escape, Return, Enter, Space, the rest
         {"text", {"Discard", "Apply", "Apply", "Apply", "nothing"}},
         {"Apply", {"Discard", "Apply", "Apply", "Apply", "nothing"}},
-        // Deliberate: Return presses Apply even here.
+        // Deliberate: Return presses Apply even with this focus.
         {"Discard", {"Discard", "Apply", "Apply", "Discard", "nothing"}},
         {"Discard of a dialog", {"Discard", "Discard", "Discard", "Discard", "nothing"}}};
     for (auto it = results.begin(); it != results.end(); ++it) {
@@ -334,7 +334,7 @@ void MessageSheetKeysTest::tabSentToTheWindowCyclesToo()
         QCOMPARE(scene.window.focusWidget(), scene.button(Button::Discard));
         QTest::keyClick(&scene.window, Qt::Key_Backtab);
         QCOMPARE(scene.window.focusWidget(), scene.label("text"));
-        // From outside the sheet the first stop is not one of it, so it wraps.
+        // From outside the sheet, the next widget is not in the sheet, so the focus wraps.
         scene.behind->setFocus();
         QTest::keyClick(&scene.window, Qt::Key_Tab);
         QCOMPARE(scene.window.focusWidget(), scene.button(Button::Discard));
@@ -437,7 +437,7 @@ void MessageSheetKeysTest::closingTheWindowIsRefused()
 void MessageSheetKeysTest::closingTheWindowIsAllowedWhereAskedFor()
 {
     Scene<QWidget> scene(Sheet::Confirm);
-    QWidget other; // So that the application goes on.
+    QWidget other; // So that the application does not quit.
     other.show();
     scene.sheet->setBlockWindowButton(false);
     scene.result([&] { QVERIFY(scene.window.close()); });

@@ -22,7 +22,7 @@ constexpr int kNoResult = -1;
 const QString kTitle = QStringLiteral("the title");
 const QString kText = QStringLiteral("the text");
 
-/// A shortcut, called with a parent or without.
+/// A message function, called with or without a parent.
 using Call = std::function<int(QWidget *parent, bool showIcon)>;
 
 int noResult()
@@ -40,7 +40,7 @@ struct Shortcut
     const char *boxStyleKey;
     const char *boxPicture;
     QString more = {};
-    QStringList captions = {}; // Apply or OK, then cancel; empty: the default ones.
+    QStringList captions = {}; // Apply or OK, then cancel; the default ones if empty.
 };
 
 QVector<Shortcut> shortcuts()
@@ -381,7 +381,7 @@ void MessageShortcutsTest::sheetLooksLikeOneMadeByHand()
 {
     QFETCH(const int, parentWidth);
     const auto look = [](QWidget &window) {
-        QTest::qWait(0); // Both laid out and focused alike.
+        QTest::qWait(0); // So that layout and focus of both are complete.
         return sheetOver(&window)->grab().toImage();
     };
     QImage ours;

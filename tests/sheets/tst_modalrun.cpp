@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What message and input sheets share of taking over a window; each row runs for both.
+// The modal behaviour that message and input sheets share; each row runs for both.
 #include "sheets/modalrun_p.h"
 
 #include "sheets/anysheet.h"
@@ -15,7 +15,7 @@
 
 namespace {
 
-QVector<bool> closeItem; ///< what was asked of the Close item, in order
+QVector<bool> closeItem; ///< the requested states of the Close item, in order
 std::uintptr_t closeItemWindow = 0;
 
 void recordCloseItem(std::uintptr_t window, bool isEnabled)

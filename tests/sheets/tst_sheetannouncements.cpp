@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a screen reader is told while sheets come, change and go.
+// The announcements for screen readers when sheets are shown, change and end.
 #include "sheets/anysheet.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -67,7 +67,7 @@ void SheetAnnouncementsTest::comesAndGoesAsADialog()
         QCOMPARE(announced.count({QAccessible::DialogStart, any.sheet()}), 1);
         QCOMPARE(announced.count({QAccessible::StateChanged, any.sheet()}), 1);
         QVERIFY(isModal(any.sheet()));
-        // The focus goes to what a user hears first.
+        // The focus moves to the widget that is announced first.
         QVERIFY(announced.contains({QAccessible::Focus, window.focusWidget()}));
         QVERIFY(any.sheet()->isAncestorOf(window.focusWidget()));
         QCOMPARE(announced.count({QAccessible::DialogEnd, any.sheet()}), 0);

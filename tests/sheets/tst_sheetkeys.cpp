@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What message and input sheets keep from the window behind: shortcuts, Tab and the focus.
+// Message and input sheets keep shortcuts, Tab and the focus from the window below.
 #include "sheets/anysheet.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -17,7 +17,7 @@ namespace {
 
 using Button = QDialogButtonBox;
 
-/// A window with everything that a key could reach behind a sheet.
+/// A window with everything below a sheet that a key could reach.
 struct Scene
 {
     Scene()
@@ -44,7 +44,7 @@ struct Scene
             qWarning("The window is not active.");
     }
 
-    /// As the platform sends it.
+    /// Sends the key like the platform.
     void press(int key, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::keyClick(window.windowHandle(), Qt::Key(key), modifiers);
@@ -142,7 +142,7 @@ void SheetKeysTest::shortcutsBehindDoNotFire()
     any.execUntil([&] {
         press();
         QTest::qWait(0);
-        scene.button->setFocus(); // The focus behind the sheet makes no difference.
+        scene.button->setFocus(); // The focus below the sheet makes no difference.
         press();
         QCOMPARE(scene.fired, QStringList());
         QVERIFY(finished.isEmpty());
@@ -305,7 +305,7 @@ void SheetKeysTest::tabPassesAHiddenSheet()
     any.sheet()->findChild<QDialogButtonBox *>()->buttons().first()->setFocus();
     any.sheet()->hide();
     QVERIFY(!any.sheet()->isAncestorOf(scene.window.focusWidget()));
-    // A key of the window is still the sheet's; Qt moves the focus before that.
+    // The sheet still handles keys of the window, but Qt moves the focus before that.
     scene.first->setFocus();
     QTest::keyClick(scene.first, Qt::Key_Tab);
     QCOMPARE(scene.window.focusWidget(), scene.second);

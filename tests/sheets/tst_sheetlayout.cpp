@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How message and input sheets fit their content while their style changes.
+// Message and input sheets fit their size to the content when their style changes.
 #include "core/scaling_p.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -26,7 +26,7 @@ VemoSheet *newSheet(const QString &kind, QWidget *window)
     return new VemoMessageSheet(VemoMessageSheet::ConfirmReset, kText, kText, window);
 }
 
-/// Where everything in a sheet is.
+/// The geometry of all widgets in a sheet.
 QVector<QRect> placesIn(const QWidget *sheet)
 {
     QVector<QRect> places {QRect(QPoint(), sheet->size())};
@@ -107,7 +107,7 @@ void SheetLayoutTest::buttonsHaveNoStockIcons_data()
     QTest::newRow("input") << "input";
 }
 
-/// Fails without a cause only where the desktop wants icons, as X11 does.
+/// Can only fail on desktops that use icons, such as X11.
 void SheetLayoutTest::buttonsHaveNoStockIcons()
 {
     QFETCH(const QString, kind);
@@ -149,7 +149,7 @@ void SheetLayoutTest::inputHasTheButtonsOfAMessage()
         fromTheRight(message, message.button(QMessageBox::Apply)));
     QCOMPARE(fromTheRight(input, input.button(QMessageBox::Discard)),
         fromTheRight(message, message.button(QMessageBox::Discard)));
-    // Whatever the desktop's own order is.
+    // Independent of the desktop's own order.
     const auto *box = input.findChild<QDialogButtonBox *>();
     QCOMPARE(box->style()->styleHint(QStyle::SH_DialogButtonLayout, nullptr, box),
         int(QDialogButtonBox::GnomeLayout));

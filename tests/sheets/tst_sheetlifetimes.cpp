@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A sheet, its mask, its window or its parent may die at any time while it runs.
+// A sheet, its mask, its window or its parent may be deleted at any time while it runs.
 #include "sheets/lifetimecase.h"
 #include "support/childprocess.h"
 #include "support/vemotest.h"

@@ -20,7 +20,7 @@ QString captionFor(int counter)
     return QString("%1(%2)").arg(ComponentStrings::getInstance().getString("ok")).arg(counter);
 }
 
-/// The window's state changes, or the box gets the event that comes with it on other platforms.
+/// Changes the window's state, or sends the event that accompanies the change on other platforms.
 void turn(VemoCountdownMessageBox &box, bool isByUser, Qt::WindowState state, QEvent &&event)
 {
     if (!isByUser) {

@@ -20,7 +20,7 @@ namespace {
 
 using Button = QDialogButtonBox;
 
-constexpr int kNothing = -1; // The key ends nothing.
+constexpr int kNothing = -1; // The key does not end the sheet.
 
 QPushButton *buttonOf(const VemoInputSheet &sheet, int which)
 {
@@ -367,7 +367,7 @@ void VemoInputSheetTest::defaultButtonCanBeSet()
 void VemoInputSheetTest::closingTheWindowIsRefusedUnlessAllowed()
 {
     QWidget window;
-    QWidget other; // So that the application goes on.
+    QWidget other; // So that the application does not quit.
     VemoInputSheet sheet("Name", &window);
     window.show();
     other.show();

@@ -290,7 +290,7 @@ void VemoMessageSheetTest::busySheetShowsItsMovie()
     QCOMPARE(iconOf(sheet)->sizeHint(), movie->scaledSize());
     QVERIFY(labelOf(sheet, "Working"));
     QCOMPARE(buttonsOf(sheet), 0);
-    // A rebuild keeps it; only a hidden icon takes it away, and a shown one brings it back.
+    // Rebuilding keeps it; only hiding the icon removes it, and showing the icon restores it.
     sheet.setMessageType(Sheet::Processing);
     QCOMPARE(iconOf(sheet)->movie(), movie);
     sheet.setIconVisible(false);

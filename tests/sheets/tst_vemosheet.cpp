@@ -54,7 +54,7 @@ QSet<QRgb> coloursOf(const QImage &picture)
     return colours;
 }
 
-/// Something that happens to a frame.
+/// A change to a frame.
 using Change = std::function<void(VemoSheet &sheet, QWidget &window)>;
 
 } // namespace
@@ -197,7 +197,7 @@ void VemoSheetTest::eachPartOfTheBandShowsItsPicture_data()
     QTest::addColumn<int>("column");
     QTest::addColumn<int>("row");
     QTest::addColumn<QColor>("colour");
-    // Column and row: 0 the near band, 1 the body, 2 the far band.
+    // Column and row: 0 is the near edge, 1 the body, 2 the far edge.
     QTest::newRow("left") << 0 << 1 << QColor(Qt::red);
     QTest::newRow("right") << 2 << 1 << QColor(Qt::green);
     QTest::newRow("top") << 1 << 0 << QColor(Qt::blue);
