@@ -36,7 +36,7 @@ private:
 
 QStyle *buttonBoxStyle(QDialogButtonBox::ButtonLayout layout)
 {
-    // A style must outlive the buttons, which a child of their box would not.
+    // The style must outlive the buttons, so it cannot be a child of their box.
     static QHash<int, QPointer<QStyle>> styles;
     QPointer<QStyle> &style = styles[layout];
     if (!style) {

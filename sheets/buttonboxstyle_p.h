@@ -7,9 +7,9 @@
 class QPushButton;
 class QStyle;
 
-/// A style, the same for all boxes, that puts their buttons in the order of layout on every
+/// A style, shared by all boxes, that arranges their buttons in the order of layout on every
 /// desktop.
 QStyle *buttonBoxStyle(QDialogButtonBox::ButtonLayout layout);
 
-/// Gives a button its height of 32 and its least width of 100 design pixels.
+/// Sets a button's height to 32 and its minimum width to 100 design pixels.
 void setButtonSize(QPushButton *button);

@@ -2,9 +2,9 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-// Without Qt, so that it can be built and run against a native window on its own.
+// Does not use Qt, so that it can be built separately and tested with a native window.
 #include <cstdint>
 
-/// Greys out the Close item in the system menu of a native window, or restores it. Does nothing
-/// where the window has no such menu, and on any platform but Windows.
+/// Disables the Close item in the system menu of a native window, or enables it again. Has no
+/// effect if the window has no such menu, and on platforms other than Windows.
 void setCloseItemEnabled(std::uintptr_t windowId, bool isEnabled);

@@ -5,11 +5,12 @@
 
 void MessageLabel::fit()
 {
-    // A label never asks for less than its minimum height, so a fixed one would only ever grow.
+    // heightForWidth() never returns less than the minimum height, so a fixed height could only
+    // grow.
     setMinimumHeight(0);
     setMaximumHeight(QWIDGETSIZE_MAX);
     const int height = QLabel::heightForWidth(width());
-    // A text without word wrap has no height for a width.
+    // Without word wrap there is no height for a width.
     m_fittedWidth = height >= 0 ? width() : -1;
     if (height >= 0)
         setFixedHeight(height);

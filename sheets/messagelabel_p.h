@@ -4,24 +4,24 @@
 
 #include <QLabel>
 
-/// A text label that is always exactly as high as its wrapped text needs at its width.
+/// A text label that is always exactly as high as its wrapped text.
 class MessageLabel : public QLabel
 {
 public:
     using QLabel::QLabel;
 
-    /// Takes on the height for the width and text of now; call it after each change of the text.
+    /// Sets the height for the current width and text. Call it after each change of the text.
     void fit();
 
-    /// Takes on width and the height that goes with it, before any layout does; nothing is laid
-    /// out if it has both already.
+    /// Sets the width and the corresponding height before the layout does. The text is not laid out
+    /// if both are already set.
     void fitTo(int width);
 
-    /// For a new text: the next fitTo() lays it out.
+    /// To be called for a new text, so that the next fitTo() lays it out.
     void forgetSize() { m_fittedWidth = -1; }
 
-    // Once fitted it answers from what it knows: laying a text out anew, and above all guessing a
-    // good width for it, takes long, and layouts ask often.
+    // Returns the fitted size if there is one: layouts call this often, and laying out the text,
+    // and in particular estimating a good width for it, is slow.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     int heightForWidth(int width) const override;
@@ -33,5 +33,5 @@ protected:
 private:
     bool isFitted() const { return m_fittedWidth >= 0; }
 
-    int m_fittedWidth = -1; ///< the width that the fixed height goes with; -1: none does
+    int m_fittedWidth = -1; ///< the width for which the height is fixed; -1 if it is not
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The second half of the companion: where its parts are, and how the keyboard reaches them.
+// The second half of the companion: the layout of its parts and their keyboard handling.
 #include "sheets/vemomessagesheet_p.h"
 
 #include "core/scaling_p.h"
@@ -36,10 +36,11 @@ template <typename Layout> Layout *tight(Layout *layout)
     return layout;
 }
 
-/// The width of a sheet over a parent, both in design pixels.
+/// The width of a sheet over a parent of the given width, both in design pixels.
 int widthOver(double parentWidth)
 {
-    // Deliberate: over exactly the widest it is narrower than over both of its neighbours.
+    // Deliberate: over a parent with exactly this width it is narrower than over slightly smaller
+    // and larger ones.
     if (parentWidth == kWidest)
         return truncToInt(kOverWidest);
     return std::max(0, truncToInt(std::min(kWidest, parentWidth - kBesides)));
@@ -82,7 +83,7 @@ void VemoMessageSheetPrivate::layOut(const QWidget *over)
     takeSize(over);
 }
 
-/// A new part of a visible sheet would only show, and count in the layout, later.
+/// Otherwise new parts of a visible sheet would be shown, and considered in the layout, later.
 void VemoMessageSheetPrivate::showNewParts() const
 {
     QWidgetList parts {textLabel, informativeLabel};
@@ -101,7 +102,7 @@ void VemoMessageSheetPrivate::takeSize(const QWidget *over)
     q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
     const double factor = DPIinfo::getInstance().getDPI();
     q->setFixedWidth(scaled(over ? widthOver(over->width() / factor) : kWidest));
-    // Polish first: only then are the margins set and the fonts of the labels known.
+    // Polish first: the margins and the fonts of the labels are not set before.
     q->ensurePolished();
     for (MessageLabel *label : {textLabel, informativeLabel}) {
         if (label)
@@ -116,7 +117,7 @@ void VemoMessageSheetPrivate::fit()
     fitButtons();
     fitLabels();
     orderFocus();
-    // Qt tells the layout only later that the buttons are stacked.
+    // Otherwise Qt would notify the layout of the stacked buttons later.
     buttonBox->updateGeometry();
     q->updateGeometry();
     q->adjustSize();
@@ -124,7 +125,7 @@ void VemoMessageSheetPrivate::fit()
 
 void VemoMessageSheetPrivate::fitLater()
 {
-    // The parts of the sheet get their new fonts only after it.
+    // The parts of the sheet get their new fonts after the sheet.
     if (!std::exchange(isStale, true) && q->isVisible())
         QMetaObject::invokeMethod(
             this, [this] { fit(); }, Qt::QueuedConnection);
@@ -136,8 +137,8 @@ bool VemoMessageSheetPrivate::eventFilter(QObject *watched, QEvent *event)
         && buttonBox->orientation() == Qt::Vertical;
     if (!isReordered)
         return QObject::eventFilter(watched, event);
-    // At each change of style, also that with a new parent, the box lays its buttons out in its own
-    // order. So we let it, and then do it again.
+    // At each change of style, including that with a new parent, the box arranges its buttons in
+    // its own order. So we let it handle the event, and then arrange them again.
     watched->event(event);
     stackButtons();
     return true;
@@ -149,7 +150,7 @@ int VemoMessageSheetPrivate::contentWidth() const
     return std::max(0, q->width() - band.left() - band.right() - 2 * scaled(kMargin));
 }
 
-/// Side by side, but one above the other if they would overlap.
+/// Side by side, but stacked if they would overlap.
 void VemoMessageSheetPrivate::fitButtons()
 {
     buttonBox->setOrientation(Qt::Horizontal);
@@ -162,7 +163,7 @@ void VemoMessageSheetPrivate::fitButtons()
     stackButtons();
 }
 
-/// The affirmative one first; the box would put Discard above Apply.
+/// The affirmative button first; the box would put Discard above Apply.
 void VemoMessageSheetPrivate::stackButtons()
 {
     auto *column = static_cast<QBoxLayout *>(buttonBox->layout());
@@ -175,7 +176,7 @@ void VemoMessageSheetPrivate::stackButtons()
     QWidget::setTabOrder(button(Button::Discard), button(Button::Reset));
 }
 
-/// The order of the children is that in which Tab starts again at the first one.
+/// When Tab wraps, it starts again at the first child, so the order of the children matters.
 void VemoMessageSheetPrivate::orderButtons(
     std::initializer_list<Button::StandardButton> order) const
 {
@@ -185,7 +186,8 @@ void VemoMessageSheetPrivate::orderButtons(
     }
 }
 
-/// Tab goes from the last button to the texts and then to the check box, whatever was made first.
+/// Tab moves from the last button to the texts and then to the check box, regardless of the order
+/// in which they were created.
 void VemoMessageSheetPrivate::orderFocus() const
 {
     confirmContainer->raise();
@@ -204,7 +206,7 @@ void VemoMessageSheetPrivate::orderFocus() const
     }
 }
 
-/// The labels' heights before any layout, so that the first one is right.
+/// Sets the heights of the labels before the layout, so that the first layout is correct.
 void VemoMessageSheetPrivate::fitLabels()
 {
     const int iconWidth = hasIcon() ? iconLabel->sizeHint().width() + scaled(kIconGap) : 0;
@@ -230,7 +232,7 @@ void VemoMessageSheetPrivate::takeFocus()
         textLabel->setFocus(Qt::TabFocusReason);
         return;
     }
-    // Without a text the keys would go on to what is behind the sheet.
+    // Without a text the keys would be passed on to the widgets below the sheet.
     collectFocus();
     QWidget *taker = firstFocus ? firstFocus : q;
     taker->setFocus(Qt::TabFocusReason);

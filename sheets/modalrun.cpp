@@ -21,7 +21,7 @@ CloseItemRoutine closeItemRoutine = setCloseItemEnabled;
 
 void enableCloseItem(const QWidget *window, bool isEnabled)
 {
-    // Asking a window without a platform window for its id would make one.
+    // winId() would create a platform window if there is none.
     const QWindow *handle = window ? window->windowHandle() : nullptr;
     if (handle && handle->handle() && handle->winId() != 0)
         closeItemRoutine(handle->winId(), isEnabled);
@@ -33,7 +33,7 @@ void announce(VemoSheet *sheet, QAccessible::Event what)
     QAccessible::updateAccessibility(&event);
 }
 
-/// That the modal state has changed.
+/// Announces that the modal state has changed.
 void announceModality(VemoSheet *sheet)
 {
     QAccessible::State changed;
@@ -54,8 +54,8 @@ CloseItemRoutine exchangeCloseItemRoutine(CloseItemRoutine routine)
     return std::exchange(closeItemRoutine, routine);
 }
 
-/// One time that a sheet took over its window. The stack frame of the loop shares it, since the
-/// sheet may die while the loop runs.
+/// One modal session of a sheet. The stack frame of the loop shares ownership, because the sheet
+/// may be deleted while the loop runs.
 struct ModalRun::Run
 {
     explicit Run(VemoSheet *taker)
@@ -65,7 +65,7 @@ struct ModalRun::Run
     ~Run() { close(); }
     Q_DISABLE_COPY(Run)
 
-    /// All that are open, over any window, the latest last.
+    /// All open sessions over any window, in order of their start.
     static QVector<Run *> &open()
     {
         static QVector<Run *> runs;
@@ -75,7 +75,7 @@ struct ModalRun::Run
     bool isOpen() const { return open().contains(const_cast<Run *>(this)); }
     void close() { open().removeOne(this); }
 
-    /// The loop outlives its sheet: its own stack frame deletes it.
+    /// The loop may outlive its sheet, so its own stack frame deletes it.
     void releaseLoop() const
     {
         if (loop)
@@ -84,11 +84,11 @@ struct ModalRun::Run
 
     QPointer<VemoSheet> sheet;
     QPointer<QWidget> window;
-    QPointer<QWidget> focus; ///< what had the window's focus before
+    QPointer<QWidget> focus; ///< the window's focus widget before the session
     bool isGreyed = false;
-    bool isDone = false; ///< ended by end(), so that the result counts
+    bool isDone = false; ///< whether end() was called, so that the result is valid
     int result = 0;
-    QEventLoop *loop = nullptr; ///< owned by exec(), so that nobody deletes it while it runs
+    QEventLoop *loop = nullptr; ///< owned by exec(), so that it is not deleted while it runs
 };
 
 ModalRun::ModalRun(VemoSheet *sheet) : m_sheet(sheet) { }
@@ -148,7 +148,7 @@ int ModalRun::exec()
     if (!sheet) {
         restoreWindow(*run);
     } else if (m_run == run && run->isOpen()) {
-        // The application quits: the sheet goes, but it was not answered.
+        // The application quits: the sheet ends without an answer.
         undo(run->isGreyed);
         if (sheet)
             sheet->hide();
@@ -158,7 +158,7 @@ int ModalRun::exec()
 
 void ModalRun::end(int result, bool restoresCloseItem)
 {
-    // A slot of finished() that ends the sheet once more would go on forever.
+    // A slot of finished() that ends the sheet again would recurse forever.
     if (m_isFinishing && !isOpen())
         return;
     const QPointer<VemoSheet> sheet(m_sheet);
@@ -188,7 +188,7 @@ void ModalRun::abandon()
         run->releaseLoop();
         run->loop->exit(0);
     } else if (run->isOpen() && run->focus && !isAnyOver(run->window, m_sheet)) {
-        // Later, since the whole window may be about to go.
+        // Later, because the window may be about to be deleted.
         QTimer::singleShot(0, run->focus, SLOT(setFocus()));
     }
     run->close();
@@ -202,7 +202,7 @@ bool ModalRun::isAnyOver(const QWidget *window, const VemoSheet *but)
         [=](const Run *run) { return run->window == window && run->sheet != but; });
 }
 
-/// Exec was entered again while its loop runs: the new run takes over from the old one.
+/// Called if exec() is entered again while its loop runs: the new session replaces the old one.
 void ModalRun::replaceRun()
 {
     const std::shared_ptr<Run> old = m_run;
@@ -234,8 +234,7 @@ void ModalRun::undo(bool restoresCloseItem)
     giveFocusBack(*run);
 }
 
-/// The sheets over this one gave their focus back to it; from now on they give it where this one
-/// would have.
+/// Sheets over this one would return the focus to it; now they return it to where this one would.
 void ModalRun::passFocusOn(const Run &run) const
 {
     for (Run *other : qAsConst(Run::open())) {
@@ -263,7 +262,7 @@ bool ModalRun::isFocusInOpenSheet(const QWidget *window)
         [=](const Run *run) { return isWithin(window->focusWidget(), run->sheet); });
 }
 
-/// After the death of the sheet.
+/// Called after the sheet was deleted.
 void ModalRun::restoreWindow(Run &run)
 {
     if (std::exchange(run.isGreyed, false))

@@ -10,11 +10,11 @@
 class QWidget;
 class VemoSheet;
 
-/// What sheets share of taking over their window: the event loop, the window's Close item, the
-/// event filter on the window, and the keyboard focus, which goes back to where it was.
+/// The modal session shared by both sheets: the event loop, the window's Close item, the event
+/// filter on the window, and the keyboard focus, which is restored at the end.
 ///
-/// Everything may die on the way: the sheet or its window in a slot, or in the loop itself. The
-/// sheet calls abandon() in its destructor.
+/// The sheet or its window may be deleted at any time, by a slot or in the event loop. The sheet
+/// calls abandon() in its destructor.
 class ModalRun
 {
 public:
@@ -22,11 +22,12 @@ public:
     ~ModalRun();
     Q_DISABLE_COPY(ModalRun)
 
-    /// Shows the sheet and filters the events of its window from here on; greys out the window's
-    /// Close item if asked to.
+    /// Shows the sheet and starts to filter the events of its window. If greysCloseItem, also
+    /// disables the window's Close item.
     void begin(bool greysCloseItem);
 
-    /// Runs the loop until end(). The result given there; 0 where the loop ended in any other way.
+    /// Runs the event loop until end(), and returns the result passed to it; 0 if the loop ended in
+    /// any other way.
     int exec();
 
     /// Undoes begin(), ends the loop, hides the sheet, and has it emit finished(result).
@@ -36,7 +37,7 @@ public:
     void abandon();
 
     bool isOpen() const;
-    /// Whether a run of sheet is open.
+    /// Whether sheet has an open session.
     static bool isOpenFor(const VemoSheet *sheet);
 
 private:
@@ -51,11 +52,11 @@ private:
     static void restoreWindow(Run &run);
 
     VemoSheet *m_sheet;
-    std::shared_ptr<Run> m_run; ///< the last one begun; its loop may outlive the sheet
+    std::shared_ptr<Run> m_run; ///< the latest session, whose loop may outlive the sheet
     bool m_isFinishing = false;
 };
 
-/// What greys out and restores the Close item: setCloseItemEnabled(), unless a test put a recorder
-/// in its place.
+/// The function that disables and enables the Close item: setCloseItemEnabled(), unless a test has
+/// replaced it.
 using CloseItemRoutine = void (*)(std::uintptr_t windowId, bool isEnabled);
 CloseItemRoutine exchangeCloseItemRoutine(CloseItemRoutine routine);

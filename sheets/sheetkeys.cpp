@@ -30,8 +30,8 @@ bool isShortcutWithin(const QWidget *sheet, const QKeySequence &keys)
 
 bool overridesShortcut(const QWidget *sheet, const QObject *watched, QEvent *event)
 {
-    // Qt offers a key as ShortcutOverride first. Whoever accepts that gets it as a key press, and
-    // no shortcut fires.
+    // Qt first sends a key as ShortcutOverride. The widget that accepts it receives the key press,
+    // and no shortcut is activated.
     if (event->type() != QEvent::ShortcutOverride || watched != sheet->window()
         || !sheet->isVisible())
         return false;
@@ -60,7 +60,7 @@ void moveFocus(QWidget *sheet, const QList<QWidget *> &stops, QWidget *from, boo
 {
     if (from->isWindow() && stops.contains(from->focusWidget()))
         from = from->focusWidget();
-    // What is disabled or hidden in the sheet is passed over.
+    // Skips disabled and hidden widgets of the sheet.
     const auto isStop = [&](QWidget *widget) {
         return widget->focusPolicy() != Qt::NoFocus
             && (stops.contains(widget) || !sheet->isAncestorOf(widget));

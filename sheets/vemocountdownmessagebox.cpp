@@ -21,7 +21,7 @@ VemoCountdownMessageBox::VemoCountdownMessageBox(QWidget *parent)
 {
     setStandardButtons(QMessageBox::Ok);
     setDefaultButton(QMessageBox::Ok);
-    // Some desktops put a stock icon on it.
+    // Some desktops add a stock icon.
     button(QMessageBox::Ok)->setIcon(QIcon());
     m_timer.setInterval(kPeriod);
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(slotTick()));
@@ -43,7 +43,8 @@ void VemoCountdownMessageBox::setPeriod(int msecs)
 
 void VemoCountdownMessageBox::showEvent(QShowEvent *event)
 {
-    // Restoring a minimised box is no new show, and minimising it no end.
+    // Minimising and restoring the box sends spontaneous events, which do not restart the
+    // countdown.
     if (!event->spontaneous()) {
         m_counter = m_start_value;
         showCounter();

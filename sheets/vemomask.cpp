@@ -19,7 +19,7 @@ bool canCover(const QWidget *widget, const QWidget *parent)
     return widget && parent && widget != parent && !widget->isAncestorOf(parent);
 }
 
-/// Keeps a mask at the size of its window. Not a widget, despite its name.
+/// Resizes a mask with its window. Not a widget, despite its name.
 class ParentEventFilterWidget : public QObject
 {
 public:
@@ -46,13 +46,13 @@ bool isShown(const QWidget *widget)
     return !widget->isHidden();
 }
 
-/// What lies above the rest of a window while it is shown.
+/// Whether object covers the other widgets of a window.
 bool isCover(const QObject *object)
 {
     return qobject_cast<const VemoMask *>(object) || qobject_cast<const VemoSheet *>(object);
 }
 
-/// The mask and whatever covers its window above it, from below.
+/// The mask and the covers above it, from bottom to top.
 QVector<QPointer<QWidget>> coversFrom(VemoMask *mask)
 {
     QVector<QPointer<QWidget>> covers;
@@ -64,8 +64,8 @@ QVector<QPointer<QWidget>> coversFrom(VemoMask *mask)
     return covers;
 }
 
-/// Keeps a shown mask above the other children of its window. Qt tells a window of a new child, but
-/// nobody but the child itself that it was raised, so we watch them all.
+/// Keeps a shown mask above the other children of its window. Qt notifies a window of a new child,
+/// but only the child itself when it is raised, so we watch all children.
 class StackingFilter : public QObject
 {
 public:
@@ -112,7 +112,7 @@ private:
             sibling->installEventFilter(this);
     }
 
-    /// Together with the covers above it, so that a newer one stays above.
+    /// Also raises the covers above it, so that newer ones stay on top.
     void raiseAgain()
     {
         static bool isRaising = false;
@@ -127,16 +127,16 @@ private:
     }
 
     VemoMask *m_mask;
-    QPointer<QWidget> m_parent; ///< while it is watched
+    QPointer<QWidget> m_parent; ///< null if it is not watched
 };
 
-/// Keeps from the window what the pointer does on the mask or in the sheet.
+/// Keeps pointer events on the mask and in the sheet from reaching the window.
 class PointerFilter : public QObject
 {
 public:
     explicit PointerFilter(VemoMask *mask) : QObject(mask)
     {
-        // Clicks, the wheel and context menus.
+        // Stops clicks, wheel events and context menus.
         mask->setAttribute(Qt::WA_NoMousePropagation);
         mask->setAcceptDrops(true);
         mask->installEventFilter(this);
@@ -149,8 +149,7 @@ public:
             event->accept();
             return true;
         case QEvent::DragEnter:
-            // Refused here, a drop would be offered to the window. So we take it, and nothing of
-            // it.
+            // If we refuse a drop, Qt offers it to the window. So we accept it, with no action.
             static_cast<QDragEnterEvent *>(event)->setDropAction(Qt::IgnoreAction);
             event->accept();
             return true;
@@ -192,7 +191,7 @@ public:
     void cover() const
     {
         q->show();
-        // A mask that lost its widget to another one must not come to lie above it.
+        // A mask whose widget was taken over by another one must not cover it.
         if (widget->parentWidget() == q)
             m_stacking->start();
     }
@@ -205,20 +204,20 @@ public:
 
     QColor color = QColor(0, 0, 0, kDefaultAlpha);
     VemoMask *q;
-    QWidget *widget = nullptr; ///< not to be followed after its death, which may come before ours
+    QWidget *widget = nullptr; ///< may be deleted before us, so do not dereference it then
 
 private:
     StackingFilter *m_stacking;
 };
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): by value as everybody calls it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value as declared.
 QWidget *VemoMask::createMask(QWidget *widget, QWidget *parent, QColor color)
 {
     if (widget && !parent)
         parent = widget->parentWidget();
     if (!canCover(widget, parent))
         return nullptr;
-    // The parent owns it, and the widget's parentWidget() leads to it.
+    // The parent owns it, and it is the widget's parentWidget().
     new VemoMask(widget, parent, color);
     return widget;
 }
@@ -233,9 +232,9 @@ VemoMask::VemoMask(QWidget *widget, QWidget *parent, const QColor &color)
     widget->installEventFilter(this);
     new ParentEventFilterWidget(this, parent);
     new PointerFilter(this);
-    // Otherwise showing the window later would show the mask and the sheet, too.
+    // Otherwise showing the window later would also show the mask and the sheet.
     hide();
-    // A widget that is deleted while it is visible sends no hide event.
+    // A widget that is deleted while visible receives no hide event.
     connect(widget, &QObject::destroyed, m_d, [this] { m_d->uncover(); });
 }
 

@@ -147,7 +147,7 @@ bool VemoMessageSheet::eventFilter(QObject *watched, QEvent *event)
     if (event->type() != QEvent::KeyPress || watched != window() || !isVisible())
         return VemoSheet::eventFilter(watched, event);
     m_d->press(static_cast<QKeyEvent *>(event));
-    // Every key, so that the window behind the sheet gets none.
+    // Consumes every key, so that the window below the sheet receives none.
     return true;
 }
 
@@ -177,7 +177,7 @@ void VemoMessageSheet::changeEvent(QEvent *event)
 
 bool VemoMessageSheet::focusNextPrevChild(bool next)
 {
-    // A hidden sheet has nowhere to go, and the focus would stay where nobody sees it.
+    // A hidden sheet has no stops, so the focus would remain in it, invisible.
     if (!isVisible())
         return VemoSheet::focusNextPrevChild(next);
     // Qt moves the focus before the window ever sees the Tab key.
@@ -187,7 +187,7 @@ bool VemoMessageSheet::focusNextPrevChild(bool next)
 
 void VemoMessageSheet::showEvent(QShowEvent *event)
 {
-    // Else its policy would become that of its first button, which is its focus proxy.
+    // Otherwise its focus policy would become that of its first button, which is its focus proxy.
     m_d->buttonBox->setFocusProxy(nullptr);
     m_d->buttonBox->setFocusPolicy(Qt::NoFocus);
     for (const auto which : {QDialogButtonBox::Ok, QDialogButtonBox::Discard}) {
