@@ -3,6 +3,7 @@
 
 #include "core/scaling_p.h"
 #include "datetime/enterkey_p.h"
+#include "datetime/headingfont_p.h"
 
 #include <QAction>
 #include <QHoverEvent>
@@ -114,6 +115,16 @@ QString DayCalendar::weekdayName(int column) const
     const auto *row = findChild<QTableWidget *>(QStringLiteral("qt_calendar_weekdayview"));
     const QTableWidgetItem *item = row ? row->item(0, column) : nullptr;
     return item ? item->data(Qt::AccessibleTextRole).toString() : QString();
+}
+
+void DayCalendar::fitHeading(const QStringList &months)
+{
+    m_heading = new HeadingFont(this, months);
+}
+
+int DayCalendar::headingWidth() const
+{
+    return m_heading ? m_heading->wantedWidth() : 0;
 }
 
 bool DayCalendar::eventFilter(QObject *watched, QEvent *event)

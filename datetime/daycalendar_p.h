@@ -5,6 +5,7 @@
 #include <QCalendarWidget>
 #include <QDate>
 
+class HeadingFont;
 class QSpinBox;
 class QTableView;
 class QTextCharFormat;
@@ -30,6 +31,11 @@ public:
     /// The full name, for assistive tools.
     QString weekdayName(int column) const;
 
+    /// From now on month and year fit into the calendar, in a smaller font where it is too narrow.
+    void fitHeading(const QStringList &months);
+    /// What month and year need in their own font, with the arrows; 0 if not known yet.
+    int headingWidth() const;
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
@@ -49,6 +55,7 @@ private:
     QToolButton *m_previous;
     QToolButton *m_next;
     QToolButton *m_month;
+    HeadingFont *m_heading = nullptr;
     QPoint m_pointer = kNowhere;
     QDate m_today; // At the last paint event.
 };

@@ -148,6 +148,7 @@ VemoCalanderView::VemoCalanderView(QWidget *parent) : QAbstractItemView(parent)
     handleTabOrder();
     nameParts();
     connectParts();
+    static_cast<DayCalendar *>(m_calendar)->fitHeading(m_month_names);
 }
 
 VemoCalanderView::~VemoCalanderView() = default;
@@ -194,8 +195,12 @@ QSize VemoCalanderView::sizeHint() const
 
 QSize VemoCalanderView::minimumSizeHint() const
 {
+    const QMargins margins = contentsMargins() + layout()->contentsMargins();
+    const int heading = static_cast<const DayCalendar *>(m_calendar)->headingWidth()
+        + margins.left() + margins.right();
     // QCalendarWidget does not account for our row of weekdays.
-    return layout()->totalMinimumSize() + QSize(0, m_weekday_header->height());
+    const QSize minimum = layout()->totalMinimumSize() + QSize(0, m_weekday_header->height());
+    return minimum.expandedTo({heading, 0});
 }
 
 bool VemoCalanderView::eventFilter(QObject * /*watched*/, QEvent *event)

@@ -7,6 +7,8 @@
 #include <vemo/stylemanager.h>
 #include <vemo/vemodateselector.h>
 
+#include <QSet>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -44,6 +46,13 @@ QRect inkOf(const Parts &parts, int day)
     return ink.translated(-cell.topLeft());
 }
 
+/// Whether a button of the heading has the room that it asks for, within the bar.
+bool showsAllOf(const QToolButton *button)
+{
+    return button->width() >= button->sizeHint().width()
+        && button->parentWidget()->rect().contains(button->geometry());
+}
+
 } // namespace
 
 class LargeFontsTest : public VemoTest
@@ -56,6 +65,9 @@ private Q_SLOTS:
     void aFieldsCalendarShowsEveryDay();
     void aCalendarGrowsWithItsFont_data() { aFieldsCalendarShowsEveryDay_data(); }
     void aCalendarGrowsWithItsFont();
+    void aFieldsCalendarShowsEveryMonth_data() { aFieldsCalendarShowsEveryDay_data(); }
+    void aFieldsCalendarShowsEveryMonth();
+    void theHeadingHasOneSizeInEveryMonth();
 };
 
 /// Every day of the page lies in the grid, under its letter.
@@ -119,6 +131,43 @@ void LargeFontsTest::aCalendarGrowsWithItsFont()
     QVERIFY(parts.cell(28).width() >= number.width());
     QVERIFY(parts.cell(28).height() + 1 >= number.height());
     QVERIFY(parts.month->width() >= parts.month->minimumSizeHint().width());
+}
+
+void LargeFontsTest::aFieldsCalendarShowsEveryMonth()
+{
+    QFETCH(int, points);
+    const ApplicationFont font(points);
+    VemoDateSelector field("Any date", nullptr);
+    field.show();
+    field.showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(field.view()->window()));
+    const Parts parts(field.view());
+    for (int month = 1; month <= 12; ++month) {
+        field.getCalendarView()->setCurrentPage(2028, month);
+        QCoreApplication::processEvents();
+        for (const QToolButton *button : {parts.previous, parts.month, parts.year, parts.next})
+            QVERIFY2(showsAllOf(button), qPrintable(parts.month->text()));
+    }
+    QCOMPARE(parts.month->font().pixelSize(), parts.year->font().pixelSize());
+    field.hidePopup();
+}
+
+void LargeFontsTest::theHeadingHasOneSizeInEveryMonth()
+{
+    const ApplicationFont font(20);
+    VemoDateSelector field("Any date", nullptr);
+    field.show();
+    field.showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(field.view()->window()));
+    const Parts parts(field.view());
+    QSet<int> sizes;
+    for (int month = 1; month <= 12; ++month) {
+        field.getCalendarView()->setCurrentPage(2028, month);
+        QCoreApplication::processEvents();
+        sizes += QFontInfo(parts.month->font()).pixelSize();
+    }
+    QCOMPARE(sizes.size(), 1);
+    field.hidePopup();
 }
 
 VEMO_TEST_MAIN(LargeFontsTest)
