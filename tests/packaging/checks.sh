@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2034 # what the callers use
-# What the scripts of this folder share. For sourcing; the caller ends with "exit $((failures > 0))".
+# Functions for the scripts in this folder. To be sourced; the caller ends with "exit $((failures > 0))".
 
 failures=0
 
@@ -10,7 +10,7 @@ check() { # NAME EXPECTED ACTUAL
   failures=$((failures + 1))
 }
 
-# quietly COMMAND...: its talk is only of interest when it failed, which ends the test.
+# quietly COMMAND...: prints the command's output only if it fails, which ends the test.
 quietly() {
   local talk
   talk=$("$@" 2>&1) && return 0
@@ -18,7 +18,7 @@ quietly() {
   exit 1
 }
 
-# What consumers/showsheet.cpp writes when all is well.
+# The output of consumers/showsheet.cpp on success.
 shown='text: Delete the folder Tea?
 button: OK
 themed: yes
