@@ -37,7 +37,7 @@ namespace {
 
 using Widgets = QList<QWidget *>;
 
-// Deliberate: lists and filters are taken by value.
+// Deliberate: lists and filters are passed by value.
 constexpr Widgets (*kByList)(QWidget *, Widgets) = accessibleList;
 constexpr Widgets (*kByFilter)(QWidget *, AccessibleFilter) = accessibleList;
 constexpr void (*kAdjust)(Qt::FocusPolicy, Widgets) = adjustFocusPolicy;
@@ -61,8 +61,8 @@ struct Form : QWidget
     QWidget last {this};
 };
 
-/// Chains of widgets, each in the one before it, under one root; every third takes the focus.
-/// Marked as visible, since Qt itself would take too deep a recursion to show them.
+/// Chains of nested widgets below one root; every third accepts the focus. They are marked as
+/// visible, because Qt's own recursion would be too deep to show them.
 struct Forest
 {
     Forest(int chains, int levels) : levels(levels)
@@ -79,13 +79,13 @@ struct Forest
             widgets[i]->setAttribute(Qt::WA_WState_Visible);
             widgets[i]->setFocusPolicy(i % 3 == 0 ? Qt::StrongFocus : Qt::NoFocus);
         }
-        // Each widget's end would search all that Qt has posted for its beginning.
+        // Otherwise each destructor would search all events posted by the constructors.
         QCoreApplication::removePostedEvents(nullptr);
     }
 
     ~Forest()
     {
-        // Chain by chain from the first on, each from its end: without recursion or search.
+        // Deleted chain by chain, each from its end, to avoid recursion and searching.
         for (int start = 1; start < widgets.size(); start += levels) {
             for (int i = start + levels; i-- > start;)
                 remove(widgets[i]);
@@ -105,7 +105,7 @@ struct Forest
     Widgets widgets; ///< parents before children
 };
 
-/// The definition, step by step.
+/// The definition, implemented step by step.
 Widgets expected(QWidget *root, const std::function<bool(QWidget *)> &isTaken)
 {
     if (!root || !root->isVisible())

@@ -18,7 +18,7 @@
 #include <QLineEdit>
 #include <QMenu>
 
-/// What assistive tools are told about each control.
+/// The accessible names and descriptions of the controls.
 class AnnouncementTest : public VemoTest
 {
     Q_OBJECT
@@ -320,7 +320,7 @@ void AnnouncementTest::toolTipIsDescribedWithoutMarkUp()
 {
     QFETCH(Make, make);
     const QScopedPointer<QWidget> control(make("Keep a copy"));
-    QWidget *spoken = control.data(); // A line edit has its focus in the field.
+    QWidget *spoken = control.data(); // For a line edit, the field has the focus.
     if (auto *edit = qobject_cast<VemoLineEdit *>(spoken))
         spoken = edit->getLineEdit();
     const QString name = "a & b <draft>\nsecond line";

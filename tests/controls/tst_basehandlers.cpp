@@ -9,8 +9,8 @@
 
 #include <QResizeEvent>
 
-// QWidget's own handlers of these events are empty. The ones here take their place for the library,
-// so that a call of them can be told.
+// QWidget's own handlers of these events are empty. The functions here replace them for the
+// library, so that calls can be detected.
 namespace {
 QStringList called;
 } // namespace
@@ -35,7 +35,7 @@ void QWidget::resizeEvent(QResizeEvent *)
     called += "resize";
 }
 
-/// Which of the base's handlers the controls call.
+/// The handlers of the base class that the controls call.
 class BaseHandlersTest : public VemoTest
 {
     Q_OBJECT

@@ -119,7 +119,7 @@ void leave(QWidget *widget)
     QApplication::sendEvent(widget, &event);
 }
 
-/// The application's override cursors, top first; they are all taken away.
+/// Removes all override cursors of the application and returns them, topmost first.
 QVector<Qt::CursorShape> takeOverrideCursors()
 {
     QVector<Qt::CursorShape> shapes;
@@ -155,8 +155,8 @@ void askForItsContextMenu(LinkLabel &label)
     QApplication::sendEvent(&label, &event);
 }
 
-/// Has the label open a menu when it is clicked or asked for its context menu; whileOpen runs in
-/// it before it closes.
+/// Makes the label open a menu when it is clicked or its context menu is requested. whileOpen is
+/// called while the menu is open.
 void openOnClickOrRequest(LinkLabel *label, QMenu &menu, const std::function<void()> &whileOpen)
 {
     const auto open = [label, &menu, whileOpen] {
@@ -253,7 +253,7 @@ void LinkLabelTest::hoverUnderlineTakesEffectAtTheNextEnter()
     label.setHoverUnderline(false);
     QVERIFY(label.font().underline());
     leave(&label);
-    QVERIFY(label.font().underline()); // Leaving goes by the flag, too.
+    QVERIFY(label.font().underline()); // Leaving also depends on the flag.
 }
 
 void LinkLabelTest::otherFontTraitsSurviveTheHover()
@@ -314,7 +314,7 @@ void LinkLabelTest::leavingTakesACursorAlsoWhereNoneWasSet()
     QApplication::setOverrideCursor(Qt::WaitCursor);
     leave(&label);
     QCOMPARE(takeOverrideCursors(), Shapes());
-    leave(&label); // With no cursor at all, nothing happens.
+    leave(&label); // Without any cursor, nothing happens.
     QCOMPARE(takeOverrideCursors(), Shapes());
 }
 
@@ -377,7 +377,7 @@ void LinkLabelTest::itsDeathDoesNotTouchAHandThatIsGoneAlready()
     Window window;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     enter(window.label);
-    QApplication::restoreOverrideCursor(); // By somebody else.
+    QApplication::restoreOverrideCursor(); // By other code.
     delete window.label;
     QCOMPARE(takeOverrideCursors(), Shapes({Qt::WaitCursor}));
 }
@@ -409,7 +409,7 @@ void LinkLabelTest::endsUnderTheRealPointerWithoutAHand()
     QApplication::setOverrideCursor(Qt::WaitCursor);
     window.pointAtLabel();
     end(window.label);
-    // Whatever Qt has to say about it, now and when the pointer moves on.
+    // Delivers Qt's events, now and when the pointer moves.
     QCoreApplication::processEvents();
     window.pointElsewhere();
     QCOMPARE(takeOverrideCursors(), Shapes({Qt::WaitCursor}));
@@ -473,7 +473,7 @@ void LinkLabelTest::withoutAMenuTheLeavingIsLeftToQt()
     Window window;
     window.pointAtLabel();
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    // A slot that takes its time: the pointer has gone, and Qt hasn't got round to it.
+    // A slow slot: the pointer has left, but Qt has not handled that yet.
     const QPoint outside = window.mapToGlobal({1, 1});
     connect(window.label, &LinkLabel::clicked, this, [outside] { QCursor::setPos(outside); });
     const EventCounter leaves(window.label, QEvent::Leave);

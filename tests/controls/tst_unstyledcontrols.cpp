@@ -11,7 +11,7 @@
 
 #include <QLineEdit>
 
-/// Controls of a host that has loaded no style files.
+/// Controls in a host without style files.
 class UnstyledControlsTest : public VemoTest
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ void UnstyledControlsTest::warnOnceForEachMissingSectionAndStayPlain_data()
         {missing("radio_button")});
     row("line edit", [] { return static_cast<QWidget *>(new VemoLineEdit); },
         {missing("lineedit_label"), missing("lineedit"), missing("lineedit_label")});
-    // Nor has the empty section a place for the padding and the border.
+    // The empty section also lacks the placeholders for the padding and the border.
     row("combo box", [] { return static_cast<QWidget *>(new VemoComboBox); },
         {missing("combobox"),
             "default: QString::arg: Argument missing: , padding-left: 6px; \npadding-right: 6px;",

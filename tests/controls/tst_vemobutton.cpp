@@ -111,7 +111,7 @@ void VemoButtonTest::belongsToTheWindowOfItsLayout()
     QCOMPARE(button->parentWidget(), &window);
     window.resize(600, 300);
     window.show();
-    QCOMPARE(button->size(), button->sizeHint()); // Doesn't grow with the window.
+    QCOMPARE(button->size(), button->sizeHint()); // Does not grow with the window.
 }
 
 void VemoButtonTest::clicksByMouseAndKeyboard()

@@ -184,7 +184,7 @@ void VemoComboBoxTest::openingGivesUpTheFocus()
     QVERIFY(box.hasFocus());
     const EventCounter before(&box, QEvent::FocusOut, [&box] { return !box.popup()->isVisible(); });
     box.showPopup();
-    QCOMPARE(before.count(), 1); // The list is not there yet.
+    QCOMPARE(before.count(), 1); // Before the list opens.
     QVERIFY(window.focusWidget() != &box);
     box.hidePopup();
 }
@@ -380,10 +380,10 @@ void VemoComboBoxTest::listThatUnrollsEndsBelow()
     QWidget window;
     Box box;
     box.setParent(&window);
-    box.setEditable(true); // In Fusion only lists of such boxes unroll.
+    box.setEditable(true); // In Fusion only lists of editable boxes are animated.
     window.resize(box.size());
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    // At the lower edge of the screen, where Qt would turn the list upwards.
+    // At the lower edge of the screen, where Qt would open the list upwards.
     showAt(window, {100, area.bottom() - window.height()});
     for (const auto effect : {Qt::UI_General, Qt::UI_AnimateCombo})
         QApplication::setEffectEnabled(effect);

@@ -152,7 +152,7 @@ void VemoFootbarTest::secondInitAddsEverythingAgain()
     bar.pushRightWidget(right);
     bar.init();
     bar.init();
-    // A layout holds a widget once: what is added again moves behind the first stretch.
+    // A layout contains a widget only once: adding it again moves it after the first stretch.
     QCOMPARE(widgetsIn(bar.layout()), QList<QWidget *>({nullptr, left, nullptr, right}));
 }
 

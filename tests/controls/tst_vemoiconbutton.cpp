@@ -83,14 +83,14 @@ void send(QWidget &widget, QEvent::Type type)
     QApplication::sendEvent(&widget, &event);
 }
 
-/// Shown, so that the first picture and its size are in place.
+/// A button that has been shown, so that its first picture and size are set.
 struct Button : VemoIconButton
 {
     explicit Button(const QString &name = "four") : VemoIconButton(name) { show(); }
     explicit Button(const QPixmap &picture) : VemoIconButton(picture) { show(); }
 };
 
-/// Runs action once the menu is open, then closes the menu.
+/// Calls action when the menu is open, then closes the menu.
 void whileOpen(QMenu &menu, const std::function<void()> &action)
 {
     QTimer::singleShot(0, &menu, [&menu, action] {
@@ -412,7 +412,7 @@ void VemoIconButtonTest::baseStillActsOnEnterLeaveAndDisabling()
     button.setEnabled(false);
     QVERIFY(!button.isDown());
 
-    // A disabled button has no picture to set: only an auto-raising base paints it.
+    // Nothing is set for a disabled button: the auto-raise base class paints the picture.
     button.setAutoRaise(true);
     QCoreApplication::processEvents();
     const EventCounter paints(&button, QEvent::Paint);
@@ -457,7 +457,7 @@ void VemoIconButtonTest::pressedPictureGoesWithTheMenu()
     });
     QTest::mousePress(&button, Qt::LeftButton);
     QCOMPARE(whileOpen, kClick);
-    QCOMPARE(look(button), kNormal); // The menu has kept the release.
+    QCOMPARE(look(button), kNormal); // The menu has received the release.
 }
 
 void VemoIconButtonTest::pressedPictureStaysWithoutAMenuOfItsOwn()

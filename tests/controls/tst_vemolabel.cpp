@@ -34,7 +34,7 @@ void makeGrowing(QLabel &label)
     label.setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
 }
 
-/// What the text needs at a width, asked of a label that has no minimum height in the way.
+/// The height of the text at a width, from a label without a minimum height.
 int neededHeight(const QString &text, int width)
 {
     VemoLabel label(text);

@@ -73,7 +73,7 @@ QColor borderOf(VemoLineEdit &edit)
     return pixelAt(field, {field->width() / 2, 0});
 }
 
-/// What assistive tools say of the field.
+/// The accessible name of the field.
 QString nameOf(const VemoLineEdit &edit)
 {
     QCoreApplication::processEvents();
@@ -224,7 +224,7 @@ void VemoLineEditTest::placeholderIsPalerThanAText()
     const QPalette palette = edit.getLineEdit()->palette();
     QCOMPARE(palette.color(QPalette::Text), QColor(0x1F, 0x29, 0x33));
     QCOMPARE(palette.color(QPalette::PlaceholderText), QColor(0x1F, 0x29, 0x33, 180));
-    // Disabled, the text is pale enough already.
+    // The text of a disabled field is already pale.
     QCOMPARE(palette.color(QPalette::Disabled, QPalette::PlaceholderText),
         palette.color(QPalette::Disabled, QPalette::Text));
 }
@@ -305,7 +305,7 @@ void VemoLineEditTest::errorIsPaintedAtOnce()
     edit.setFocusPolicy(Qt::NoFocus); // No blinking cursor.
     edit.show();
     QVERIFY(QTest::qWaitForWindowExposed(&edit));
-    // The second one changes nothing, and is painted all the same.
+    // The second call changes nothing, but still repaints.
     for (int time = 1; time <= 2; ++time) {
         QCoreApplication::processEvents();
         const EventCounter paints(edit.getLineEdit(), QEvent::Paint);
@@ -370,7 +370,7 @@ void VemoLineEditTest::formLabelNamesAFieldWithoutCaption()
     QVERIFY(!edit->getLineEdit()->hasFocus());
     auto *label = static_cast<QLabel *>(form->labelForField(edit));
     label->setText("<i>Family</i> name");
-    edit->setFocus(); // It is announced now, so it is looked up now.
+    edit->setFocus(); // The field is announced now, so its name is updated.
     QCOMPARE(nameOf(*edit), QString("Family name"));
 }
 

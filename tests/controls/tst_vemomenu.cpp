@@ -34,7 +34,7 @@ QRect area()
     return QGuiApplication::primaryScreen()->availableGeometry();
 }
 
-/// One axis of the definition, written out.
+/// The expected position along one axis.
 int expected(int position, int length, int first, int last)
 {
     int result = position < first ? 0 : position;
@@ -48,12 +48,12 @@ class Menu : public VemoMenu
 public:
     using VemoMenu::VemoMenu;
 
-    /// Shows the menu at a position, hides it again and returns where it stood.
+    /// Shows the menu at a position, hides it again and returns its actual position.
     QPoint shownAt(const QPoint &position)
     {
         move(position);
         show();
-        // The offscreen platform moves what is shown by a frame that isn't there.
+        // The offscreen platform offsets windows by a frame that does not exist.
         const bool isOffscreen = QGuiApplication::platformName() == "offscreen";
         const QPoint result = isOffscreen ? m_placed : pos();
         hide();
@@ -205,7 +205,7 @@ void VemoMenuTest::menuWithMoreEntriesThanTheScreenHoldsScrolls()
     menu.popup({kInside, area().bottom() - 10});
     QVERIFY(QTest::qWaitForWindowExposed(&menu));
     QVERIFY(menu.height() <= area().height());
-    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Down}) // The first doesn't scroll.
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Down}) // The first does not scroll.
         QTest::keyClick(&menu, key);
     QCOMPARE(menu.activeAction(), menu.actions().last());
     QVERIFY(menu.rect().intersects(menu.actionGeometry(menu.activeAction())));

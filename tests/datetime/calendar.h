@@ -31,7 +31,7 @@ struct Parts
     {
     }
 
-    /// Where a day of the page that is shown stands, in the grid's viewport.
+    /// The rectangle of a day of the current page in the grid's viewport.
     QRect cell(int day) const
     {
         const QAbstractItemModel *days = grid->model();
@@ -52,7 +52,7 @@ struct Parts
     {
         QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell(day).center());
     }
-    /// Opens the month menu, which runs a loop of its own, and picks a month in it.
+    /// Opens the month menu, which runs its own event loop, and selects a month.
     void pickMonth(int number, bool byMouse = false) const
     {
         QTimer::singleShot(0, month, [this, number, byMouse] {
@@ -82,7 +82,7 @@ struct Parts
     VemoButton *today;
 };
 
-/// As Qt's year button shows it: in the digits of the locale.
+/// The text of Qt's year button, in the digits of the locale.
 inline QString yearText(int year)
 {
     return QLocale().toString(QDate(year, 1, 1), "yyyy");

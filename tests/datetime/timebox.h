@@ -24,7 +24,7 @@ inline QStringList halfHours()
 
 enum Kind { Plain, Editable };
 
-/// A box of half hours that is told of the focus by send().
+/// A box of half hours that receives focus events through send().
 struct Box : VemoTimeComboBox
 {
     explicit Box(Kind kind = Editable, const QStringList &times = halfHours())
@@ -58,7 +58,7 @@ struct Box : VemoTimeComboBox
     }
 };
 
-/// A box with the focus, in an active window beside another field.
+/// A box with the focus, next to another field in an active window.
 struct Form
 {
     explicit Form(Kind kind = Editable, const QStringList &times = halfHours()) : box(kind, times)

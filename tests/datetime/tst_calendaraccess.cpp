@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What assistive tools find in a calendar: all its parts, and a table of days.
+// The accessible interface of a calendar: all its parts, and a table of days.
 #include "datetime/calendar.h"
 #include "support/testhost.h"
 
@@ -40,7 +40,7 @@ QString fullDate(const QDate &date)
     return QLocale().toString(date, QLocale::LongFormat);
 }
 
-/// Everything under an interface, and itself.
+/// An interface and all its descendants.
 QVector<QAccessibleInterface *> tree(QAccessibleInterface *top)
 {
     QVector<QAccessibleInterface *> all {top};
@@ -93,7 +93,7 @@ void CalendarAccessTest::everyPartIsInTheTree()
     QVector<QObject *> found;
     for (const QAccessibleInterface *part : tree(top))
         found += part->object();
-    // The row of weekdays is not among them: the columns of the grid have its names.
+    // Without the row of weekdays, whose names are those of the grid's columns.
     for (QWidget *part : QVector<QWidget *> {view.parts.previous, view.parts.next, view.parts.month,
              view.parts.year, view.parts.grid, view.parts.today})
         QVERIFY2(found.contains(part), qPrintable(part->objectName()));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a screen reader is told while a day is looked for by keyboard.
+// The announcements for screen readers while a day is selected with the keyboard.
 #include "datetime/calendar.h"
 #include "support/testhost.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a calendar shows stays the same whatever happens to its window.
+// The look of a calendar does not depend on changes of its window.
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
 #include "support/testhost.h"
@@ -49,7 +49,7 @@ QString lettersOf(const QTableWidget *weekdays)
     return letters;
 }
 
-/// The weekday over whose letter a day of March 2024 stands: 0 is Sunday.
+/// The column of a day of March 2024, as a weekday: 0 is Sunday.
 int columnOf(const Parts &parts, int day)
 {
     const int x = parts.cell(day).center().x();
@@ -122,7 +122,7 @@ void sendAllChanges(Form &form)
     }
 }
 
-/// Whatever was changed, the calendar is as it was made.
+/// Verifies that the calendar is as it was constructed.
 #define VERIFY_FACE(form)                                                                          \
     do {                                                                                           \
         const Parts &parts = (form).parts;                                                         \
@@ -245,7 +245,7 @@ void CalendarChangesTest::looksTheSameInAnotherWindow()
     VERIFY_FACE(form);
 }
 
-// A Friday must not be picked by a click under the letter of Thursday.
+// A click below the letter of Thursday must not select a Friday.
 void CalendarChangesTest::picksTheDayUnderItsLetter()
 {
     Form form;

@@ -130,8 +130,8 @@ void CalendarKeysTest::tabWalksThroughAllParts()
     }
 }
 
-// The ring that the parts make is cut open where there is more in the window: the view itself,
-// which follows the today button in it, is the last stop.
+// If the window has other fields, Tab leaves the cycle of the parts after the view itself, which
+// comes after the today button.
 void CalendarKeysTest::tabEntersAndLeavesAmongOtherFields()
 {
     Form form;
@@ -161,7 +161,7 @@ void CalendarKeysTest::tabInTheYearFieldGoesOnToTheGrid()
     QCOMPARE(QApplication::focusWidget(), form.parts.grid);
 }
 
-// Deliberate: these four parts take Tab whatever is held down with it. Qt's own take it only alone.
+// Deliberate: these four parts handle Tab with any modifier. Qt's own only handle it without.
 void CalendarKeysTest::tabWithControlWalksOnFromWatchedParts_data()
 {
     QTest::addColumn<QString>("part");
@@ -236,7 +236,7 @@ void CalendarKeysTest::tabKeepsTheCurrentDay()
     QCOMPARE(QApplication::focusWidget(), form.parts.grid);
     QCOMPARE(form.parts.grid->currentIndex(), day);
     QCOMPARE(form.parts.calendar->selectedDate(), QDate(2024, 3, 7));
-    // Away and back, so that the focus frame is painted.
+    // Changed and changed back, so that the focus frame is painted.
     QCOMPARE(changes.size(), 2);
     form.press(Qt::Key_Tab);
     QCOMPARE(changes.size(), 2);
@@ -271,7 +271,7 @@ void CalendarKeysTest::everyPartHasAName()
     QCOMPARE(nameOf(form.parts.today), QString("Today"));
 }
 
-// Qt announces the cell of the current day; this is what it finds there.
+// Qt announces the cell of the current day; this test checks the cell's text.
 void CalendarKeysTest::theDayWithTheFocusIsAnnounced()
 {
     const Form form;
@@ -316,7 +316,7 @@ void CalendarKeysTest::takesItsNamesFromTheStrings()
     QCOMPARE(view.accessibleName(), QString("<Calendar>"));
     for (int column = 0; column < 7; ++column)
         QCOMPARE(parts.weekdays->item(0, column)->text(), QString("<"));
-    // What comes later is not for this one.
+    // Installing strings later must have no effect.
     ComponentStrings::getInstance().installStrings(themeTable("enu.json"));
     view.setCurrentPage(2024, 4);
     QCOMPARE(parts.month->text(), QString("<April>"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A date is found and picked by keyboard alone, from where the focus lands.
+// A date can be selected with the keyboard alone, starting with the initial focus.
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
 #include "support/realkeys.h"
@@ -156,7 +156,7 @@ void DateByKeyboardTest::horizontalArrowsFollowTheDirection()
     QTRY_COMPARE(form.view->selectedDate(), kStart.addDays(1));
 }
 
-// Return on an arrow, say, must not pick the day that happens to be selected.
+// For example, Return on an arrow must not select the current day.
 void DateByKeyboardTest::keysOfThePartsPickNothing_data()
 {
     QTest::addColumn<QString>("part");

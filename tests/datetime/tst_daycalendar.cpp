@@ -10,7 +10,7 @@ namespace {
 
 const QColor kAccent(0x17, 0x69, 0xE0);
 
-/// A calendar in the theme's style, of this month, with another day than today selected.
+/// A calendar in the theme's style that shows this month, with a day other than today selected.
 struct View
 {
     View()
@@ -20,7 +20,7 @@ struct View
         parts.calendar->setSelectedDate(day(today().day() == 20 ? 21 : 20));
         view.show();
         isExposed = QTest::qWaitForWindowExposed(&view);
-        // The pointer may be over it by chance.
+        // The pointer might be over the calendar.
         QTest::mouseMove(parts.today);
     }
 
@@ -32,7 +32,7 @@ struct View
     {
         return pixelAt(parts.grid->viewport(), parts.cell(number).topLeft() + QPoint(inset, inset));
     }
-    /// The darkest there is of a day's number.
+    /// The darkest grey in a day's number.
     int inkOf(int number) const { return inkIn(parts.cell(number)); }
     int inkIn(const QRect &day) const
     {
@@ -158,7 +158,7 @@ void DayCalendarTest::showsTheFocusOnItsDay()
     view.view.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&view.view));
     if (!isSelected) {
-        // Shows another month, where the day of that number is current but not selected.
+        // Shows another month, in which the day with that number is current but not selected.
         const QDate next = View::today().addMonths(1);
         view.view.setCurrentPage(next.year(), next.month());
     }

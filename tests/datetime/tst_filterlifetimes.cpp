@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// An event filter sees its widget die: what comes last, a FocusOut or a Hide, comes from a widget
+// The last events that an event filter receives, FocusOut or Hide, come from a widget
 // that is already partly destroyed. A sanitizer reports filters that use it as if it were complete.
 #include "datetime/calendar.h"
 #include "support/testhost.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A calendar in a large font shows every day: it grows, or where it can't, the numbers get smaller.
+// A calendar with a large font shows every day: it grows or, if it cannot, the numbers get smaller.
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
 #include "support/testhost.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The font of the application for as long as it lives.
+/// Sets the font of the application during its lifetime.
 class ApplicationFont
 {
 public:
@@ -29,7 +29,7 @@ private:
     QFont m_before = QApplication::font();
 };
 
-/// The part of a cell that is inked, in the grid's viewport.
+/// The bounding rectangle of the number in a cell, in the grid's viewport.
 QRect inkOf(const Parts &parts, int day)
 {
     const QPixmap picture = parts.grid->viewport()->grab();
@@ -46,7 +46,7 @@ QRect inkOf(const Parts &parts, int day)
     return ink.translated(-cell.topLeft());
 }
 
-/// Whether a button of the heading has the room that it asks for, within the bar.
+/// Whether a button of the navigation bar has the size of its size hint and is inside the bar.
 bool showsAllOf(const QToolButton *button)
 {
     return button->width() >= button->sizeHint().width()
@@ -70,7 +70,7 @@ private Q_SLOTS:
     void theHeadingHasOneSizeInEveryMonth();
 };
 
-/// Every day of the page lies in the grid, under its letter.
+/// Verifies that every day of the page is in the grid, below its letter.
 #define VERIFY_DAYS(parts)                                                                         \
     do {                                                                                           \
         const QRect grid = (parts).grid->viewport()->rect();                                       \
@@ -103,7 +103,7 @@ void LargeFontsTest::aFieldsCalendarShowsEveryDay()
     const Parts parts(field.view());
     QCOMPARE(field.view()->size(), QSize(scaled(280), scaled(260)));
     VERIFY_DAYS(parts);
-    // The number stands in its cell, with the room of a focus ring around.
+    // The number is in its cell, with space for a focus ring around it.
     const qreal ratio = parts.grid->devicePixelRatioF();
     const QRect inside = QRect({0, 0}, parts.cell(28).size() * ratio).adjusted(2, 2, -2, -2);
     QVERIFY(!inkOf(parts, 28).isEmpty());

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Every text that may be typed, with the time that it stands for: worked out from numbers.
+/// All texts that can be typed, with their times, generated from numbers.
 QMap<QString, QString> typableTimes()
 {
     QMap<QString, QString> times;
@@ -52,7 +52,7 @@ private Q_SLOTS:
     void showsTheCustomItemForADefaultBeyondTheList();
 };
 
-// Every text of up to five characters out of the digits, the colon and what else may be tried.
+// All texts of up to five characters from the digits, the colon and some other characters.
 void TimeCompletionTest::admitsWhatThePatternAdmits()
 {
     const Box box;
@@ -64,7 +64,7 @@ void TimeCompletionTest::admitsWhatThePatternAdmits()
     for (int first = 0, length = 0; length < 5; ++length) {
         const int end = texts.size();
         for (; first < end; ++first) {
-            // What is no beginning of a time becomes none by going on.
+            // A text that is not the start of a time cannot become one by appending characters.
             QString before = texts[first];
             int cursor = 0;
             if (box.lineEdit()->validator()->validate(before, cursor) == QValidator::Invalid)
@@ -235,7 +235,7 @@ void TimeCompletionTest::reportsANewCustomTimeEachTime()
     box.setCurrentIndex(4);
     const QSignalSpy changes(&box, SIGNAL(currentIndexChanged(int)));
     box.leaveWith("7:45");
-    // The index moves, and the new time is told.
+    // Once because the index changes, and once for the new time.
     QCOMPARE(changes.size(), 2);
     box.leaveWith("7:46");
     QCOMPARE(changes.size(), 3);
@@ -270,7 +270,7 @@ void TimeCompletionTest::returnsToTheDefaultWhenEmptied()
     form.box.clearEditText();
     form.press(Qt::Key_Return);
     QCOMPARE(form.box.currentText(), result);
-    // Deliberate: the custom item is hidden also where it is the one to return to.
+    // Deliberate: the custom item is hidden even if it is the default.
     QVERIFY(!form.box.isCustomShown());
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What happens to a time box in the middle of its own doing: listeners that switch it, and the menu
-// of its edit, which takes the focus.
+// Changes to a time box while it is completing a time: slots that make it read-only or editable,
+// and the context menu of its edit, which takes the focus.
 #include "datetime/timebox.h"
 #include "support/testhost.h"
 

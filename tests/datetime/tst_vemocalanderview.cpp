@@ -20,7 +20,8 @@
 
 namespace {
 
-/// The page of March 2024, which begins on a Friday, in an active window of the size of a pop-up.
+/// A calendar that shows March 2024, which begins on a Friday, in an active window as large as a
+/// pop-up.
 struct View
 {
     View()
@@ -38,7 +39,7 @@ struct View
     bool isActive = false;
 };
 
-/// Opens what a view keeps from outsiders.
+/// Gives access to protected members of a view.
 struct Open : VemoCalanderView
 {
     Open() : VemoCalanderView(nullptr) { }
@@ -183,7 +184,7 @@ void VemoCalanderViewTest::stylesTheNavigationBar()
         }
     } largeIcons;
     const auto showsPicture = [&](QToolButton *button, const char *name) {
-        button->setStyle(&largeIcons); // which has no say
+        button->setStyle(&largeIcons); // must have no effect
         const QPixmap expected = getGlobalImage(name);
         QCOMPARE(button->iconSize(), expected.size() / DPIinfo::getInstance().getDPR());
         QCOMPARE(button->icon().pixmap(button->iconSize()).toImage(), expected.toImage());

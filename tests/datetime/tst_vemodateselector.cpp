@@ -369,7 +369,7 @@ void VemoDateSelectorTest::staysOpenWhileItIsPaged()
 
 void VemoDateSelectorTest::staysOpenOnClicksOnNothing()
 {
-    // For as long as a double click a combo box takes no release at all.
+    // During the double click interval a combo box ignores releases.
     const int interval = QApplication::doubleClickInterval();
     QApplication::setDoubleClickInterval(0);
     const Form form;

@@ -169,7 +169,7 @@ void VemoTimeComboBoxTest::reportsTextFromCodeOnceAtMost()
     QCOMPARE(box.currentText(), QString("99:98"));
 }
 
-// As in header, guide and gallery: a default is not shown by itself.
+// As in the header, the guide and the gallery: setting a default does not show it.
 void VemoTimeComboBoxTest::showsTheTimeOfItsExample()
 {
     VemoTimeComboBox box;
@@ -378,7 +378,7 @@ void VemoTimeComboBoxTest::remembersDefaultAndCustomTextWhenSwitched()
     QCOMPARE(box.findText("07:07 (own)"), -1);
     box.setCurrentIndex(-1);
     box.send(QEvent::FocusOut);
-    // The row is remembered, not the time; without the custom item it is the next one's.
+    // The row is stored, not the time; without the custom item it refers to the next item.
     QCOMPARE(box.currentIndex(), row);
     box.setEditable(true);
     QCOMPARE(box.itemText(0), QString());
@@ -436,7 +436,7 @@ void VemoTimeComboBoxTest::followsItsCustomItem()
     box.setEditable(false);
     QCOMPARE(box.count(), 2);
     QCOMPARE(box.itemText(1), QString("10:00"));
-    // It comes back where it was, or at the end of a shorter list.
+    // It is inserted at its old position, or at the end of a shorter list.
     box.setEditable(true);
     QCOMPARE(box.itemText(1), QString());
     box.setEditable(false);

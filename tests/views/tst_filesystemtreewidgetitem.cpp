@@ -18,7 +18,7 @@ FileSystemTreeWidgetItem itemWith(const QString &text, const QString &path)
     return item;
 }
 
-/// A kind of a host's own.
+/// An item class of a host.
 class HostItem : public FileSystemTreeWidgetItem
 {
 };

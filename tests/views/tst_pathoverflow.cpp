@@ -15,8 +15,8 @@ namespace {
 
 const char *const kPath = "alpha/beta/gamma/delta/epsilon";
 
-/// A shown bar with a row that is as wide or as narrow as a test needs it; in a window, whose size
-/// is no window manager's business then.
+/// A visible bar with a row as wide or narrow as a test needs. It is inside a window, so that a
+/// window manager does not control its size.
 struct Path
 {
     Path()

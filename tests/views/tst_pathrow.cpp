@@ -23,7 +23,7 @@ struct DrawnButton
     QRect rect;
 };
 
-/// Notes what is drawn of the buttons that have no style sheet of their own.
+/// Records the drawing of buttons that have no style sheet.
 class RecordingStyle : public QProxyStyle
 {
 public:
@@ -55,7 +55,7 @@ struct Path
         bar.refresh(kPath);
         frame = bar.width() - bar.viewport()->width();
     }
-    /// Leaves so many pixels of the row no room.
+    /// Makes the bar narrower than the row by that many pixels.
     void refreshWithout(int pixels)
     {
         int width = frame - pixels;
@@ -225,7 +225,7 @@ void PathRowTest::bringsAFocusedPartIntoView()
     const QRect visible = path.bar.viewport()->geometry();
     QVERIFY(visible.contains(path.place(column)));
     QVERIFY(!path.place(column).intersects(path.folder()->geometry()));
-    // grab() and whatever else lays the row out leave it there.
+    // grab() and other causes of a new layout must not move it.
     const QRect before = path.place(column);
     QVERIFY(!path.bar.grab().isNull());
     QCOMPARE(path.place(column), before);

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A shown table whose columns don't fit.
+/// A visible table whose columns do not fit.
 struct Table
 {
     explicit Table(int columnWidth = 100)
@@ -28,7 +28,7 @@ struct Table
         table = widget->getTable();
         bar = table->horizontalScrollBar();
     }
-    /// How far the label of a column is from its cells.
+    /// The distance between the label of a column and its cells.
     int apart(int column) const
     {
         const int label =
@@ -47,7 +47,7 @@ struct Table
 };
 
 /// One step of a wheel, or one event of a two-finger swipe, which the window system reports in
-/// pixels as well. Sent as the window system sends it: what nobody takes goes to the parents.
+/// pixels as well. Sent as by the window system: ignored events are propagated to the parents.
 void scroll(QWidget *widget, const QPoint &pixels, const QPoint &angle, Qt::ScrollPhase phase)
 {
     const QPoint centre(5, widget->height() / 2);
@@ -55,7 +55,7 @@ void scroll(QWidget *widget, const QPoint &pixels, const QPoint &angle, Qt::Scro
     const QPointF local = widget->mapTo(widget->window(), centre);
     QWheelEvent event(local, window->mapToGlobal(local.toPoint()), pixels, angle, Qt::NoButton,
         Qt::NoModifier, phase, false);
-    // Qt offers only what the window system sent to a widget's parents.
+    // Qt only propagates events from the window system to a widget's parents.
     QSpontaneKeyEvent::setSpontaneous(&event);
     qApp->notify(window, &event);
 }

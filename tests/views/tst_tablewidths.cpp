@@ -38,8 +38,8 @@ QList<int> sectionSizes(VemoTableWidget &widget)
 
 Q_DECLARE_METATYPE(Column)
 
-/// How the free width is shared: the widths in the rows are in design pixels, the size that is
-/// given and the sections that come out in screen pixels.
+/// The distribution of the free width. The widths in the rows are in design pixels, the size of the
+/// table and of the sections in screen pixels.
 class TableWidthsTest : public VemoTest
 {
     Q_OBJECT
@@ -96,7 +96,7 @@ void TableWidthsTest::sharesTheFreeWidth()
     QFETCH(int, width);
     QFETCH(QList<int>, sections);
     if (!qFuzzyCompare(DPIinfo::getInstance().getDPI(), 1.0)) {
-        // At any factor a table that is wider by it has sections wider by it, save for fractions.
+        // At any factor, the sections scale with the table except for fractions.
         width = scaled(width);
     }
     VemoTableWidget widget(columnsOf(columns), nullptr);

@@ -19,7 +19,7 @@ namespace {
 const QColor kHovered(Qt::green);
 const QColor kGround(Qt::black);
 
-/// Joins what is painted of a widget.
+/// Collects the painted region of a widget.
 class PaintedRegion : public QObject
 {
 public:
@@ -42,7 +42,7 @@ private:
     int m_events = 0;
 };
 
-/// A shown tree, looked at on the screen: grab() would paint it, needed or not.
+/// A visible tree whose pixels are read from the screen: grab() would hide a missing repaint.
 class Tree : public VemoTreeWidget
 {
 public:
@@ -53,7 +53,7 @@ public:
         setFrameShape(QFrame::NoFrame);
         setRootIsDecorated(false);
         setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-        // No style sheet, with which scrolling paints everything instead of moving it.
+        // No style sheet: with one, scrolling repaints everything instead of moving pixels.
         QPalette palette;
         for (const auto role : {QPalette::Base, QPalette::Text, QPalette::Highlight})
             palette.setColor(role, kGround);
@@ -65,7 +65,7 @@ public:
         movePointerAway();
     }
 
-    /// With all paints done that showing it brings.
+    /// Shows the tree and waits for the resulting paint events.
     void showAndSettle()
     {
         show();
@@ -178,7 +178,8 @@ void TreeHoverTest::followsThePointerBelowAHeader()
     Tree tree;
     tree.setHeaderHidden(false);
     tree.showAndSettle();
-    // Deliberate: the pointer is taken in the tree, so the highlight is lower by the header.
+    // Deliberate: the pointer's position is relative to the tree, so the highlight is lower by the
+    // header.
     tree.movePointerTo(1);
     QTRY_COMPARE(tree.hoveredRows(), QList<int>({1}));
     QCursor::setPos(tree.header()->mapToGlobal({20, 5}));
@@ -224,7 +225,7 @@ void TreeHoverTest::repaintsTheRowsConcernedOnly()
     Tree tree;
     tree.setStyleSheet(style);
     tree.showAndSettle();
-    // The pen reaches half a pixel into the rows above and below.
+    // The pen extends half a pixel into the rows above and below.
     const auto strip = [&](int row) { return tree.rect(row).adjusted(0, -1, 0, 1); };
     PaintedRegion painted(tree.viewport());
     tree.movePointerTo(1);

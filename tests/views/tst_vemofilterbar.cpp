@@ -23,8 +23,9 @@ struct Filter
     }
     VemoIconButton *button() const { return bar.findChild<VemoIconButton *>(); }
 
-    /// What a user sees of the button. Grabbed by itself, it lies on its palette's window colour,
-    /// and with a style sheet Qt takes that colour from the ":open" rule while the window is active.
+    /// The button as the user sees it. If grabbed on its own, its background is the window colour
+    /// of its palette, which Qt takes from the style sheet's ":open" rule while the window is
+    /// active.
     QImage buttonOnScreen() { return bar.grab(button()->geometry()).toImage(); }
 
     VemoFilterBar bar;

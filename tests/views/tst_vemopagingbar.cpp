@@ -22,7 +22,7 @@ namespace {
 constexpr int kLowest = std::numeric_limits<int>::min();
 constexpr int kHighest = std::numeric_limits<int>::max();
 
-/// A bar over a model of its own, and its parts by what they say of themselves.
+/// A bar with its own model, and its parts, found by their accessible names.
 struct Paging
 {
     VemoPagingModel model {10, nullptr};

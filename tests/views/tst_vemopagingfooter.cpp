@@ -33,8 +33,8 @@ struct Footer
         const QLayout *row = bar.findChild<QWidget *>("PAGINGBARBORDER")->layout();
         return static_cast<QBoxLayout *>(row->itemAt(row->count() - 1)->layout());
     }
-    /// What stands at an index counted from the right: the refresh button, then in turn separators
-    /// and labels.
+    /// The widget at an index counted from the right: the refresh button, then alternating
+    /// separators and labels.
     QLabel *at(int index) const
     {
         return qobject_cast<QLabel *>(layout()->itemAt(index)->widget());

@@ -35,7 +35,7 @@ struct Table
     QTableWidget *table = widget.getTable();
     QHeaderView *columns = table->horizontalHeader();
     QScrollArea *area = widget.findChild<QScrollArea *>();
-    /// Of the table that is never shown and holds the header's labels.
+    /// The header of the invisible table that stores the labels.
     QHeaderView *labels =
         static_cast<QTableWidget *>(header->model()->QObject::parent())->horizontalHeader();
 };

@@ -49,9 +49,10 @@ public:
 
     void movePointerTo(const QPoint &point) const { QCursor::setPos(mapToGlobal(point)); }
     QRect rect(int row) const { return visualItemRect(topLevelItem(row)); }
-    /// The colour behind a row, apart from its text and its edges.
+    /// The background colour of a row.
     QColor ground(int row) { return pixelAt(viewport(), rect(row).center()); }
-    /// With the pointer at a point of the tree, which a window manager may still move.
+    /// The backgrounds with the pointer at a point of the tree, which a window manager may still
+    /// move.
     QList<QColor> groundsAt(const QPoint &point)
     {
         movePointerTo(point);
@@ -216,7 +217,7 @@ void VemoTreeWidgetTest::drawsAWhitePen()
     tree.topLevelItem(1)->setSelected(true);
     QPoint edge = tree.rect(1).center();
     edge.setY(tree.rect(1).top());
-    // Antialiased on the pixel border: half of it lies in the row, which is a whole device pixel at
+    // Antialiased on the pixel border: half of it is in the row, which is a whole device pixel at
     // ratio 2.
     const QColor mixed = pixelAt(tree.viewport(), edge);
     QVERIFY(mixed.lightness() > kSelected.lightness());

@@ -25,8 +25,7 @@ QString missingPicture(const char *name)
 
 } // namespace
 
-/// A host that has loaded nothing gets plain widgets, and one warning for each thing that was
-/// looked up.
+/// A host without any resources gets plain widgets, and a warning for each look-up.
 class ViewsWithoutThemeTest : public VemoTest
 {
     Q_OBJECT
@@ -40,7 +39,7 @@ private Q_SLOTS:
     void showAFilterBar();
 
 private:
-    /// Claims all warnings, which must be these, each once or more often.
+    /// Claims all warnings and verifies that they are these texts, each at least once.
     void compareWarnings(const QStringList &texts);
 };
 
