@@ -5,6 +5,8 @@
 
 MouseButtonFilter::MouseButtonFilter() = default;
 
+MouseButtonFilter::MouseButtonFilter(QObject *parent) : QObject(parent) { }
+
 bool MouseButtonFilter::eventFilter(QObject *object, QEvent *event)
 {
     switch (event->type()) {
@@ -18,6 +20,8 @@ bool MouseButtonFilter::eventFilter(QObject *object, QEvent *event)
 }
 
 MouseReleaseFilter::MouseReleaseFilter() = default;
+
+MouseReleaseFilter::MouseReleaseFilter(QObject *parent) : QObject(parent) { }
 
 bool MouseReleaseFilter::eventFilter(QObject *object, QEvent *event)
 {

@@ -25,7 +25,9 @@ bool isRole(int role)
 
 } // namespace
 
-VemoButton::VemoButton(const QString &text, int role) : QPushButton(text)
+VemoButton::VemoButton(const QString &text, int role) : VemoButton(text, role, nullptr) { }
+
+VemoButton::VemoButton(const QString &text, int role, QWidget *parent) : QPushButton(text, parent)
 {
     speakToolTip(this);
     setFlat(true);
@@ -34,10 +36,7 @@ VemoButton::VemoButton(const QString &text, int role) : QPushButton(text)
         setStyleSheet(getStyleSheet(kRoleKeys[role]));
 }
 
-VemoButton::VemoButton(QWidget *parent) : VemoButton(QString(), DEFAULT)
-{
-    setParent(parent);
-}
+VemoButton::VemoButton(QWidget *parent) : VemoButton(QString(), DEFAULT, parent) { }
 
 void VemoButton::setRole(int role)
 {

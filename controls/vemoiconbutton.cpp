@@ -89,13 +89,17 @@ QAccessibleInterface *newAccessibleIconButton(const QString &className, QObject 
 
 } // namespace
 
-VemoIconButton::VemoIconButton(const QPixmap &picture)
+VemoIconButton::VemoIconButton(const QPixmap &picture) : VemoIconButton(picture, nullptr) { }
+
+VemoIconButton::VemoIconButton(const QPixmap &picture, QWidget *parent) : QToolButton(parent)
 {
     setDefaultIcon(picture);
     initialize();
 }
 
-VemoIconButton::VemoIconButton(const QString &name)
+VemoIconButton::VemoIconButton(const QString &name) : VemoIconButton(name, nullptr) { }
+
+VemoIconButton::VemoIconButton(const QString &name, QWidget *parent) : QToolButton(parent)
 {
     setAllIcon(name);
     initialize();

@@ -22,7 +22,7 @@ public:
     /// A label with a text; no resources are needed.
     explicit ClickableLabel(const QString &text, QWidget *parent = nullptr);
     /// Without a text.
-    explicit ClickableLabel(QWidget *parent);
+    explicit ClickableLabel(QWidget *parent = nullptr);
 
 Q_SIGNALS:
     /// The user pressed a mouse button, any of them, on the label. Both presses of a double click

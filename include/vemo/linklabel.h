@@ -26,7 +26,7 @@ public:
     /// Deliberate: the parameter type is QLabel, although any widget would do.
     explicit LinkLabel(const QString &text, QLabel *parent = nullptr);
     /// Without a text, in any widget.
-    explicit LinkLabel(QWidget *parent);
+    explicit LinkLabel(QWidget *parent = nullptr);
     ~LinkLabel() override;
 
     /// Stores the target, as any text; nothing checks it.

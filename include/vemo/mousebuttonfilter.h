@@ -8,35 +8,36 @@
 /// An event filter that keeps every mouse press, release and double click from what it is installed
 /// on; the pointer's moves and the wheel still arrive.
 ///
-/// It is made without a parent: give it one, or delete it yourself. Deleting it lifts the filter.
+/// It filters nothing until it is installed. Without a parent it is yours to delete; deleting it
+/// lifts the filter.
 ///
-///     auto *filter = new MouseButtonFilter;
-///     filter->setParent(preview);
-///     preview->installEventFilter(filter);
+///     preview->installEventFilter(new MouseButtonFilter(preview));
 ///
 /// \image html foot-bar-mouse-filters.png
 class VEMO_EXPORT MouseButtonFilter : public QObject
 {
 public:
-    /// Made without a parent, and filters nothing until it is installed.
+    /// Without a parent.
     MouseButtonFilter();
+    /// Deleted with parent.
+    explicit MouseButtonFilter(QObject *parent);
 
     bool eventFilter(QObject *object, QEvent *event) override;
 };
 
 /// An event filter that keeps only mouse releases from what it is installed on: it is pressed, but
-/// never clicked. Made without a parent, like MouseButtonFilter.
+/// never clicked. For its ownership see MouseButtonFilter.
 ///
-///     auto *filter = new MouseReleaseFilter;
-///     filter->setParent(button);
-///     button->installEventFilter(filter);
+///     button->installEventFilter(new MouseReleaseFilter(button));
 ///
 /// \image html foot-bar-mouse-filters.png
 class VEMO_EXPORT MouseReleaseFilter : public QObject
 {
 public:
-    /// Made without a parent, and filters nothing until it is installed.
+    /// Without a parent.
     MouseReleaseFilter();
+    /// Deleted with parent.
+    explicit MouseReleaseFilter(QObject *parent);
 
     bool eventFilter(QObject *object, QEvent *event) override;
 };

@@ -13,6 +13,7 @@ class ClickableLabelTest : public VemoTest
 
 private Q_SLOTS:
     void takesTextAndParentAndNoStyle();
+    void mayBeMadeWithoutTextAndParent();
     void hasOneSignalAndNoSlots();
     void reportsThePressOfEveryButton_data();
     void reportsThePressOfEveryButton();
@@ -29,6 +30,13 @@ void ClickableLabelTest::takesTextAndParentAndNoStyle()
     QCOMPARE(label.parentWidget(), &parent);
     QCOMPARE(label.styleSheet(), QString());
     QVERIFY(!label.isWindow());
+}
+
+void ClickableLabelTest::mayBeMadeWithoutTextAndParent()
+{
+    const ClickableLabel label;
+    QVERIFY(!label.parent());
+    QCOMPARE(label.text(), QString());
 }
 
 void ClickableLabelTest::hasOneSignalAndNoSlots()

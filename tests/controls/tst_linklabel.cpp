@@ -185,6 +185,10 @@ void LinkLabelTest::startsWithoutLinkAndTakesAnyWidgetAsItsLabelParent()
     QCOMPARE(label.parentWidget(), &parent);
     QCOMPARE(label.getHyperLink(), QString());
     QCOMPARE(label.styleSheet(), QString());
+
+    const LinkLabel plain;
+    QVERIFY(!plain.parent());
+    QCOMPARE(plain.text(), QString());
 }
 
 void LinkLabelTest::keepsTheLinkThatItIsGiven()

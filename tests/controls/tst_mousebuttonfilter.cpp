@@ -4,6 +4,7 @@
 #include "support/vemotest.h"
 
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 
 class MouseButtonFilterTest : public VemoTest
@@ -12,6 +13,7 @@ class MouseButtonFilterTest : public VemoTest
 
 private Q_SLOTS:
     void bothAreMadeWithoutParent();
+    void bothMayBeMadeInTheirParent();
     void swallowsExactlyItsEvents_data();
     void swallowsExactlyItsEvents();
     void buttonFilterKeepsAButtonFromBeingPressed();
@@ -41,6 +43,18 @@ void MouseButtonFilterTest::bothAreMadeWithoutParent()
     const MouseReleaseFilter releases;
     QVERIFY(!buttons.parent());
     QVERIFY(!releases.parent());
+}
+
+void MouseButtonFilterTest::bothMayBeMadeInTheirParent()
+{
+    auto *button = new QPushButton;
+    const QPointer<QObject> filters[] = {
+        new MouseButtonFilter(button), new MouseReleaseFilter(button)};
+    for (const QPointer<QObject> &filter : filters)
+        QCOMPARE(filter->parent(), button);
+    delete button;
+    for (const QPointer<QObject> &filter : filters)
+        QVERIFY(!filter);
 }
 
 void MouseButtonFilterTest::swallowsExactlyItsEvents_data()

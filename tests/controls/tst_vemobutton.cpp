@@ -19,6 +19,7 @@ private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void isAClassOfItsOwnWithoutSignalsOrSlots();
     void isAFlatParentlessButtonOfFixedSize();
+    void mayBeMadeInItsParent();
     void takesTheScaledSectionOfItsRole_data();
     void takesTheScaledSectionOfItsRole();
     void numbersOfTheRolesAreFixed();
@@ -45,6 +46,20 @@ void VemoButtonTest::isAFlatParentlessButtonOfFixedSize()
     QVERIFY(!button.parent());
     QVERIFY(button.isFlat());
     QCOMPARE(button.sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
+}
+
+void VemoButtonTest::mayBeMadeInItsParent()
+{
+    QWidget window;
+    const auto *button = new VemoButton("Save", VemoButton::APPLY, &window);
+    QCOMPARE(button->parentWidget(), &window);
+    QCOMPARE(button->text(), QString("Save"));
+    QVERIFY(button->isFlat());
+    QCOMPARE(button->styleSheet(), getStyleSheet("component.apply_button"));
+
+    const VemoButton plain;
+    QVERIFY(!plain.parent());
+    QCOMPARE(plain.styleSheet(), getStyleSheet("component.default_button"));
 }
 
 void VemoButtonTest::takesTheScaledSectionOfItsRole_data()

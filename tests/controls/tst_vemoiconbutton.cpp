@@ -19,6 +19,7 @@ private Q_SLOTS:
     void isAClassOfItsOwnWithoutSignalsOrSlots();
     void isAPictureOnlyButtonInTheLibrarysLook_data();
     void isAPictureOnlyButtonInTheLibrarysLook();
+    void mayBeMadeInItsParent();
     void pictureOfANameIsSetAtOnceButItsSizeAtTheNextChange();
     void sizeIsThatOfThePictureOnScreen();
     void pictureIsSizedByThePixelRatio();
@@ -147,6 +148,24 @@ void VemoIconButtonTest::isAPictureOnlyButtonInTheLibrarysLook()
     QCOMPARE(button->popupMode(), QToolButton::InstantPopup);
     QVERIFY(!button->styleSheet().isEmpty());
     QCOMPARE(button->styleSheet(), getStyleSheet("component.icon_button", false));
+}
+
+void VemoIconButtonTest::mayBeMadeInItsParent()
+{
+    QWidget window;
+    auto *named = new VemoIconButton("four", &window);
+    auto *given = new VemoIconButton(filled(kOther), &window);
+    QCOMPARE(named->parentWidget(), &window);
+    QCOMPARE(given->parentWidget(), &window);
+    window.show();
+    QCOMPARE(look(*named), kNormal);
+    QCOMPARE(look(*given), kOther);
+    QCOMPARE(named->styleSheet(), getStyleSheet("component.icon_button"));
+    QCOMPARE(given->popupMode(), QToolButton::InstantPopup);
+
+    const VemoIconButton plain;
+    QVERIFY(!plain.parent());
+    QVERIFY(plain.icon().isNull());
 }
 
 void VemoIconButtonTest::pictureOfANameIsSetAtOnceButItsSizeAtTheNextChange()
