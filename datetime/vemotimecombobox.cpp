@@ -5,6 +5,7 @@
 
 #include <QLineEdit>
 #include <QListView>
+#include <QLocale>
 #include <QPointer>
 #include <QRegularExpressionValidator>
 #include <QStandardItemModel>
@@ -14,6 +15,7 @@
 namespace {
 
 constexpr int kTimeLength = 5; // HH:mm
+constexpr auto kTimeFormat = "HH:mm";
 
 QString twoDigits(const QString &part)
 {
@@ -78,6 +80,8 @@ VemoTimeComboBox::VemoTimeComboBox(QWidget *parent)
     installEventFilter(this);
     view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setUniformRows(view(), true);
+    connect(
+        this, qOverload<int>(&QComboBox::currentIndexChanged), this, &VemoTimeComboBox::reportTime);
 }
 
 QStringList VemoTimeComboBox::times() const
@@ -133,6 +137,39 @@ void VemoTimeComboBox::setCurrentText(const std::string &text)
         setItemVisible(false);
         setCurrentIndex(row);
     }
+    reportTime(); // Another time in the same row.
+}
+
+void VemoTimeComboBox::setCurrentText(const QString &text)
+{
+    setCurrentText(text.toStdString());
+}
+
+void VemoTimeComboBox::setCurrentText(const char *text)
+{
+    setCurrentText(std::string(text));
+}
+
+void VemoTimeComboBox::setDefault(const QString &text)
+{
+    setDefault(text.toStdString());
+}
+
+void VemoTimeComboBox::setDefault(const char *text)
+{
+    setDefault(std::string(text));
+}
+
+QTime VemoTimeComboBox::time() const
+{
+    return QLocale::c().toTime(currentText().left(kTimeLength), QLatin1String(kTimeFormat));
+}
+
+void VemoTimeComboBox::setTime(const QTime &time)
+{
+    // Not by QTime's own, which writes the digits of the system's locale.
+    if (time.isValid())
+        setCurrentText(QLocale::c().toString(time, QLatin1String(kTimeFormat)));
 }
 
 void VemoTimeComboBox::setDefault(const std::string &text)
@@ -303,4 +340,13 @@ void VemoTimeComboBox::selectDefault()
     const bool isBeyond = m_default_index >= count();
     setItemVisible(isBeyond);
     setCurrentIndex(isBeyond ? m_custom_index : m_default_index);
+}
+
+void VemoTimeComboBox::reportTime()
+{
+    const QTime shown = time();
+    if (shown == m_reported_time)
+        return;
+    m_reported_time = shown;
+    Q_EMIT timeChanged(shown);
 }

@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QPersistentModelIndex>
 #include <QStringList>
+#include <QTime>
 
 #include <string>
 
@@ -32,12 +33,14 @@ class QValidator;
 ///     start->setEditable(true);
 ///     start->setCurrentText("06:00");
 ///     start->setDefault("06:00"); // for a field that is emptied
+///     connect(start, &VemoTimeComboBox::timeChanged, this, &Page::slotStartChanged);
 ///
 /// \image html date-and-time-times-of-day.png
 class VEMO_EXPORT VemoTimeComboBox : public VemoComboBox
 {
     Q_OBJECT
     Q_PROPERTY(QStringList times READ times WRITE setTimes)
+    Q_PROPERTY(QTime time READ time WRITE setTime NOTIFY timeChanged DESIGNABLE false STORED false)
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable)
     Q_PROPERTY(QString customText READ customText WRITE setCustomText)
 
@@ -58,11 +61,22 @@ public:
     /// it stands, in the custom item, and any other selects its first row. UTF-8; it hides a
     /// function of QComboBox, too.
     void setCurrentText(const std::string &text);
+    void setCurrentText(const QString &text); ///< the same
+    void setCurrentText(const char *text); ///< the same
 
     /// Which item an emptied field returns to; at first that of row 0. What is shown now stays: use
     /// setCurrentText() to show a time at first. A text that is not among the items goes into the
     /// custom item, or means row 0 where the box is not editable.
     void setDefault(const std::string &text);
+    void setDefault(const QString &text); ///< the same
+    void setDefault(const char *text); ///< the same
+
+    /// The time that is shown, without a custom text; invalid for a text that is no time written
+    /// HH:mm, such as one that is still being typed.
+    QTime time() const;
+    /// Shows time as setCurrentText() shows its text HH:mm; seconds are left out. An invalid time
+    /// is ignored.
+    void setTime(const QTime &time);
 
     /// What follows a typed time, after one blank, from the next one on; at first nothing.
     void setCustomText(const QString &text);
@@ -74,6 +88,11 @@ public:
     void setMaxVisibleItems(int count);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    /// time() is another one than before: chosen, typed, or set by the program. What is typed
+    /// counts when the field loses the focus, or on Return.
+    void timeChanged(const QTime &time);
 
 private:
     void setItemVisible(bool visible);
@@ -89,6 +108,7 @@ private:
     void fillCustomItem(const QString &time);
     void showBeginning();
     void selectDefault();
+    void reportTime();
 
     int m_custom_index = 0;
     int m_default_index = 0;
@@ -96,4 +116,5 @@ private:
     QString m_custom_text;
     QPersistentModelIndex m_custom_row;
     QValidator *m_validator = nullptr;
+    QTime m_reported_time;
 };

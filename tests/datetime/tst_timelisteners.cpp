@@ -23,6 +23,12 @@ private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void survivesBeingSwitchedByItsListeners_data();
     void survivesBeingSwitchedByItsListeners();
+    void reportsEachNewTimeOnce_data();
+    void reportsEachNewTimeOnce();
+    void tellsItsTime_data();
+    void tellsItsTime();
+    void showsATimeThatIsSet();
+    void takesTextsOfEveryKind();
     void menuOfTheEditCopiesTheTime_data();
     void menuOfTheEditCopiesTheTime();
     void menuOfTheEditPastesOverTheTime();
@@ -65,6 +71,104 @@ void TimeListenersTest::survivesBeingSwitchedByItsListeners()
     box.setEditable(true);
     box.setEditable(false);
     QCOMPARE(box.times().size(), box.count());
+}
+
+void TimeListenersTest::reportsEachNewTimeOnce_data()
+{
+    QTest::addColumn<Cause>("cause");
+    QTest::addColumn<QTime>("time");
+    QTest::newRow("item chosen") << Cause([](Box &box) { box.setCurrentIndex(3); }) << QTime(1, 0);
+    QTest::newRow("item typed") << Cause([](Box &box) { box.leaveWith("8"); }) << QTime(8, 0);
+    QTest::newRow("custom time typed")
+        << Cause([](Box &box) { box.leaveWith("7:45"); }) << QTime(7, 45);
+    QTest::newRow("another in the same row") << Cause([](Box &box) {
+        box.leaveWith("7:45");
+        box.setCurrentText("07:46");
+    }) << QTime(7, 46);
+    QTest::newRow("set") << Cause([](Box &box) { box.setTime({9, 10}); }) << QTime(9, 10);
+    QTest::newRow("no time") << Cause([](Box &box) { box.setCurrentText("noon"); }) << QTime();
+    QTest::newRow("cleared") << Cause([](Box &box) { box.clear(); }) << QTime();
+}
+
+void TimeListenersTest::reportsEachNewTimeOnce()
+{
+    QFETCH(Cause, cause);
+    QFETCH(QTime, time);
+    Box box;
+    box.setCustomText("(own)");
+    box.setTime({5, 0});
+    const QSignalSpy times(&box, &VemoTimeComboBox::timeChanged);
+    box.setTime({5, 0});
+    box.leaveWith("5");
+    box.insertItem(1, "00:15");
+    QCOMPARE(times.size(), 0);
+    box.removeItem(1);
+    cause(box);
+    QCOMPARE(times.isEmpty() ? QTime(5, 0) : times.last()[0].toTime(), time);
+    QCOMPARE(box.time(), time);
+    const int count = times.size();
+    box.send(QEvent::FocusIn);
+    if (time.isValid())
+        box.send(QEvent::FocusOut);
+    QCOMPARE(times.size(), count);
+    for (int next = 1; next < count; ++next)
+        QVERIFY(times[next] != times[next - 1]);
+}
+
+void TimeListenersTest::tellsItsTime_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QTime>("time");
+    QTest::newRow("full") << "07:45" << QTime(7, 45);
+    QTest::newRow("with something behind") << "07:45 (own)" << QTime(7, 45);
+    QTest::newRow("not completed") << "7:45" << QTime();
+    QTest::newRow("out of range") << "99:99" << QTime();
+    QTest::newRow("nothing") << "" << QTime();
+}
+
+void TimeListenersTest::tellsItsTime()
+{
+    QFETCH(QString, text);
+    Box box;
+    box.setCurrentText(text);
+    QTEST(box.time(), "time");
+}
+
+void TimeListenersTest::showsATimeThatIsSet()
+{
+    Box box;
+    box.setTime({8, 30, 59});
+    QCOMPARE(box.currentText(), QString("08:30"));
+    QVERIFY(!box.isCustomShown());
+    box.setTime({8, 31});
+    QCOMPARE(box.currentText(), QString("08:31"));
+    QVERIFY(box.isCustomShown());
+    box.setTime({});
+    QCOMPARE(box.currentText(), QString("08:31"));
+    Box plain(Plain);
+    plain.setTime({8, 31});
+    QCOMPARE(plain.currentText(), QString("00:00"));
+}
+
+void TimeListenersTest::takesTextsOfEveryKind()
+{
+    Box box;
+    box.setCurrentText("08:30");
+    QCOMPARE(box.currentText(), QString("08:30"));
+    box.setCurrentText(std::string("09:30"));
+    QCOMPARE(box.currentText(), QString("09:30"));
+    box.setCurrentText(QString("10:30"));
+    QCOMPARE(box.currentText(), QString("10:30"));
+    const auto emptied = [&box] {
+        box.leaveWith(QString());
+        return box.currentText();
+    };
+    box.setDefault("01:30");
+    QCOMPARE(emptied(), QString("01:30"));
+    box.setDefault(std::string("02:30"));
+    QCOMPARE(emptied(), QString("02:30"));
+    box.setDefault(QString("03:30"));
+    QCOMPARE(emptied(), QString("03:30"));
 }
 
 namespace {
