@@ -36,6 +36,8 @@ VemoButton::VemoButton(const QString &text, int role, QWidget *parent) : QPushBu
         setStyleSheet(getStyleSheet(kRoleKeys[role]));
 }
 
+VemoButton::VemoButton(const QString &text, QWidget *parent) : VemoButton(text, DEFAULT, parent) { }
+
 VemoButton::VemoButton(QWidget *parent) : VemoButton(QString(), DEFAULT, parent) { }
 
 void VemoButton::setRole(int role)

@@ -19,6 +19,8 @@ int pushedInside(int position, int length, int first, int last)
 
 VemoMenu::VemoMenu(QWidget *parent) : QMenu(parent) { }
 
+VemoMenu::VemoMenu(const QString &title, QWidget *parent) : QMenu(title, parent) { }
+
 void VemoMenu::showEvent(QShowEvent *event)
 {
     QMenu::showEvent(event);

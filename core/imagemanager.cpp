@@ -82,6 +82,11 @@ bool ImageManager::isInitialized() const
     return !m_imageFolder.isEmpty();
 }
 
+bool ImageManager::contains(const QString &name) const
+{
+    return m_images.contains(name);
+}
+
 QPixmap ImageManager::getImage(const QString &name, ImageType type)
 {
     const auto found = m_images.find(name);

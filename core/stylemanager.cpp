@@ -35,6 +35,11 @@ void StyleManager::initialize(const std::vector<QString> &paths)
     storeSections(withoutComments(std::move(text)), m_style_sheets);
 }
 
+bool StyleManager::contains(const QString &key) const
+{
+    return m_style_sheets.find(key) != m_style_sheets.end();
+}
+
 QString StyleManager::getStyleSheet(const QString &key, bool unscaled) const
 {
     const auto found = m_style_sheets.find(key);

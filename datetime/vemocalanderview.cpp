@@ -178,6 +178,11 @@ QDate VemoCalanderView::maximumDate() const
     return m_calendar->maximumDate();
 }
 
+void VemoCalanderView::setDateRange(const QDate &first, const QDate &last)
+{
+    m_calendar->setDateRange(first, last);
+}
+
 void VemoCalanderView::setSelectedDate(const QDate &date)
 {
     m_calendar->setSelectedDate(date);

@@ -127,7 +127,7 @@ void VemoDateSelector::clearDate()
     m_calendar_view->setCurrentPage(today.year(), today.month());
 }
 
-VemoCalanderView *VemoDateSelector::getCalendarView()
+VemoCalanderView *VemoDateSelector::getCalendarView() const
 {
     return m_calendar_view;
 }

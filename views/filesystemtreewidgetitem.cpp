@@ -20,6 +20,11 @@ const QString *pathOf(const QTreeWidgetItem &other)
 } // namespace
 
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() = default;
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(QTreeWidget *parent) : QTreeWidgetItem(parent) { }
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(QTreeWidgetItem *parent)
+    : QTreeWidgetItem(parent)
+{
+}
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &) = default;
 FileSystemTreeWidgetItem &FileSystemTreeWidgetItem::operator=(
     const FileSystemTreeWidgetItem &) = default;

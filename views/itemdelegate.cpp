@@ -34,6 +34,8 @@ QRect &lastCheckRect()
 
 ItemDelegate::ItemDelegate() = default;
 
+ItemDelegate::ItemDelegate(QObject *parent) : QItemDelegate(parent) { }
+
 bool ItemDelegate::eventFilter(QObject *object, QEvent *event)
 {
     const QPointer<ItemDelegate> self(this);

@@ -75,7 +75,7 @@ void VemoButtonPath::refresh(QString path) // NOLINT: by value, as the slot of i
         focusNextChild();
 }
 
-QString VemoButtonPath::getPath(int index)
+QString VemoButtonPath::getPath(int index) const
 {
     return pathUpTo(qMin(index, m_buttons.size() - 1));
 }

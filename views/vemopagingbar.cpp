@@ -164,6 +164,8 @@ VemoPagingBar::VemoPagingBar(QWidget *parent)
     m_model->setParent(this);
 }
 
+VemoPagingBar::VemoPagingBar(std::nullptr_t) : VemoPagingBar() { }
+
 VemoPagingBar::~VemoPagingBar() = default;
 
 void VemoPagingBar::initializeUI()

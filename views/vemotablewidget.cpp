@@ -31,8 +31,8 @@ int VemoTableColumnsInfo::addColumn(const QString &name, int width, bool proport
     return static_cast<int>(m_columns.size()) - 1;
 }
 
-ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns)
-    : QTableWidget(rows, columns)
+ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns, QWidget *parent)
+    : QTableWidget(rows, columns, parent)
 {
 }
 
@@ -93,12 +93,12 @@ QStringList VemoTableWidget::columnTexts() const
     return texts;
 }
 
-QHeaderView *VemoTableWidget::getHeader()
+QHeaderView *VemoTableWidget::getHeader() const
 {
     return m_header;
 }
 
-QTableWidget *VemoTableWidget::getTable()
+QTableWidget *VemoTableWidget::getTable() const
 {
     return m_table;
 }

@@ -47,7 +47,7 @@ public:
 
     /// Empty, without a page to fetch; 760 x 560 design pixels, or what nine tenths of the primary
     /// screen hold. It belongs to parent; without one it is the caller's to delete.
-    explicit BrowserWindow(QWidget *parent);
+    explicit BrowserWindow(QWidget *parent = nullptr);
     ~BrowserWindow() override;
 
     /// Fetches url. An earlier fetch that still runs goes on, too: the last to arrive stays.

@@ -25,6 +25,9 @@ public:
     /// Replaces the whole table: keys of an earlier table that this one lacks are gone.
     void installStrings(const QMap<QString, QString> &strings);
 
+    /// The whole table, for a host that adds its own texts: insert them into a copy and install it.
+    QMap<QString, QString> strings() const { return m_strings; }
+
     /// The text under key; key itself and a warning where there is none.
     QString getString(const QString &key) const;
 

@@ -30,6 +30,10 @@ public:
 
     /// An item of the type QTreeWidgetItem::Type that belongs to nobody yet: empty, all flags off.
     FileSystemTreeWidgetItem();
+    /// The same as the last top-level item of a tree, which owns it.
+    explicit FileSystemTreeWidgetItem(QTreeWidget *parent);
+    /// The same as the last child of an item, which owns it.
+    explicit FileSystemTreeWidgetItem(QTreeWidgetItem *parent);
     /// Copies the fields and the columns, but neither children nor tree.
     FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &other);
     /// A copy: other stays in its tree and keeps its fields.

@@ -36,7 +36,7 @@ public:
 
     /// The icon of an extension, which is given without its dot and in any case; with removed, the
     /// one that shows the file as gone. A file name, without a folder.
-    QString getFiletypeMapping(const QString &extension, bool removed) const;
+    QString getFiletypeMapping(const QString &extension, bool removed = false) const;
 
     /// Maps each of the extensions, with a single blank between two, to type, whatever they meant
     /// before.

@@ -50,7 +50,7 @@ public:
 
     /// Starts to fetch the page at once; the context is copied. Style files must be loaded. The
     /// window belongs to parent; without one it is the caller's to delete.
-    HelpWindow(const HelpContext &context, QWidget *parent);
+    explicit HelpWindow(const HelpContext &context, QWidget *parent = nullptr);
 
 private:
     void retrieveHelpContent();

@@ -52,6 +52,9 @@ public:
     void initialize(InitializeType type);
     bool isInitialized() const; ///< whether initialize() was called
 
+    /// Whether the catalogue lists name; a host can ask before getImage() would warn.
+    bool contains(const QString &name) const;
+
     /// The picture of name in that state: a quarter of the artwork's size in design pixels, scaled
     /// to screen pixels, with the screen's pixel ratio. A state without a picture yields the normal
     /// one and a warning; an unknown name, as every name is before initialize(), a null pixmap and

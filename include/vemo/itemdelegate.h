@@ -10,9 +10,7 @@
 /// A view doesn't own its delegate: give it a parent. Load the style files before the first
 /// renaming; the editor's look is "component.tree_item", and plain with a warning without it.
 ///
-///     auto *delegate = new ItemDelegate;
-///     delegate->setParent(tree);
-///     tree->setItemDelegate(delegate);
+///     tree->setItemDelegate(new ItemDelegate(tree));
 ///
 /// \image html tree-renaming-and-check-boxes.png
 class VEMO_EXPORT ItemDelegate : public QItemDelegate
@@ -20,8 +18,10 @@ class VEMO_EXPORT ItemDelegate : public QItemDelegate
     Q_OBJECT
 
 public:
-    /// Made without a parent.
+    /// Without a parent.
     ItemDelegate();
+    /// Deleted with parent.
+    explicit ItemDelegate(QObject *parent);
 
     bool eventFilter(QObject *object, QEvent *event) override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;

@@ -38,6 +38,9 @@ public:
     /// initialised.
     void initialize(const std::vector<QString> &paths);
 
+    /// Whether there is a section under key; a host can ask before getStyleSheet() would warn.
+    bool contains(const QString &key) const;
+
     /// The section under key, its "px" lengths scaled from design to screen pixels unless unscaled
     /// is true (see DPIinfo::getScaledStyleSheet()); an empty string and a warning where there is none.
     QString getStyleSheet(const QString &key, bool unscaled = false) const;

@@ -44,7 +44,7 @@ public:
     /// The path up to a column, without a slash in front: names are in even columns, the arrows
     /// between them in odd ones, up to which the path ends in a slash. Beyond the last column it is
     /// the whole path, and empty for a negative one.
-    QString getPath(int index);
+    QString getPath(int index) const;
 
     /// The whole path, without a slash in front.
     QString path() const;

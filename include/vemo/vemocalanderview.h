@@ -37,7 +37,7 @@ class VEMO_EXPORT VemoCalanderView : public QAbstractItemView
 
 public:
     /// Shows the current month, with nothing picked but today.
-    explicit VemoCalanderView(QWidget *parent);
+    explicit VemoCalanderView(QWidget *parent = nullptr);
     ~VemoCalanderView() override;
 
     /// Shows a month, counted from 1; the selected day stays, and the range doesn't matter.
@@ -51,6 +51,9 @@ public:
     void setMaximumDate(const QDate &date);
     /// The last day that can be picked; far in the future at first.
     QDate maximumDate() const;
+
+    /// Both at once, as in QCalendarWidget; ignored if either is invalid.
+    void setDateRange(const QDate &first, const QDate &last);
 
     /// Today at first. Selects the day, or the nearest that can be picked, shows its month and
     /// reports nothing.

@@ -29,13 +29,13 @@ class VemoCalanderView;
 class VEMO_EXPORT VemoDateSelector : public QComboBox
 {
     Q_OBJECT
-    Q_PROPERTY(QDate date READ date WRITE setDate RESET clearDate)
+    Q_PROPERTY(QDate date READ date WRITE setDate RESET clearDate NOTIFY currentIndexChanged)
     Q_PROPERTY(QString placeholder READ placeholder WRITE setPlaceholder)
 
 public:
     /// Shows the placeholder, which may be empty and is kept.
     explicit VemoDateSelector(QString placeholder, QWidget *parent = nullptr);
-    explicit VemoDateSelector(QWidget *parent); ///< with an empty placeholder
+    explicit VemoDateSelector(QWidget *parent = nullptr); ///< with an empty placeholder
     ~VemoDateSelector() override;
 
     /// The chosen date, null while there is none.
@@ -53,7 +53,7 @@ public:
     void clearDate();
 
     /// The calendar that opens, which is the field's own.
-    VemoCalanderView *getCalendarView();
+    VemoCalanderView *getCalendarView() const;
 
 public Q_SLOTS:
     /// Shows date, turns the calendar to its month, without selecting the day there, and closes it.

@@ -22,6 +22,8 @@ class VEMO_EXPORT VemoMenu : public QMenu
 public:
     /// An empty menu.
     explicit VemoMenu(QWidget *parent = nullptr);
+    /// An empty menu with a title.
+    explicit VemoMenu(const QString &title, QWidget *parent = nullptr);
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -20,7 +20,7 @@ class VEMO_EXPORT VemoPagingModel : public QObject // clazy:exclude=missing-qobj
 {
 public:
     /// Page 1 of no items, with that many rows to a page.
-    VemoPagingModel(int rowLimit, QObject *parent);
+    explicit VemoPagingModel(int rowLimit, QObject *parent = nullptr);
 
     /// Rows of a page.
     int rowLimit() const;

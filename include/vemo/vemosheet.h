@@ -38,7 +38,7 @@ class VEMO_EXPORT VemoSheet : public QFrame
 
 public:
     /// An empty frame, a child of parent.
-    explicit VemoSheet(QWidget *parent);
+    explicit VemoSheet(QWidget *parent = nullptr);
     ~VemoSheet() override;
 
     /// Shows widget, which the frame takes over, in the middle of the body, and takes on the size
