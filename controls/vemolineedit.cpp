@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemolineedit.h>
 
+#include "controls/fieldbuttons_p.h"
 #include "controls/placeholderink_p.h"
 #include "controls/spokentooltip_p.h"
 #include "core/scaling_p.h"
@@ -14,6 +15,8 @@
 #include <QLineEdit>
 #include <QStyle>
 #include <QVariant>
+
+#include <utility>
 
 namespace {
 
@@ -82,6 +85,46 @@ void VemoLineEdit::setEditText(const QString &text)
     m_line_edit->setText(text);
 }
 
+QString VemoLineEdit::text() const
+{
+    return getEditText();
+}
+
+void VemoLineEdit::setText(const QString &text)
+{
+    setEditText(text);
+}
+
+void VemoLineEdit::clear()
+{
+    m_line_edit->clear();
+}
+
+void VemoLineEdit::selectAll()
+{
+    m_line_edit->selectAll();
+}
+
+bool VemoLineEdit::isReadOnly() const
+{
+    return m_line_edit->isReadOnly();
+}
+
+void VemoLineEdit::setReadOnly(bool readOnly)
+{
+    m_line_edit->setReadOnly(readOnly);
+}
+
+int VemoLineEdit::maxLength() const
+{
+    return m_line_edit->maxLength();
+}
+
+void VemoLineEdit::setMaxLength(int length)
+{
+    m_line_edit->setMaxLength(length);
+}
+
 QString VemoLineEdit::preText() const
 {
     return m_pre_label->text();
@@ -112,6 +155,27 @@ void VemoLineEdit::setPlaceholderText(const QString &text)
     m_line_edit->setPlaceholderText(text);
 }
 
+void VemoLineEdit::setCaptionsVisible(bool visible)
+{
+    m_pre_label->setVisible(visible);
+    m_post_label->setVisible(visible);
+}
+
+bool VemoLineEdit::areCaptionsVisible() const
+{
+    return !m_pre_label->isHidden() || !m_post_label->isHidden();
+}
+
+void VemoLineEdit::setClearButtonEnabled(bool enabled)
+{
+    setNamedClearButton(m_line_edit, enabled);
+}
+
+bool VemoLineEdit::isClearButtonEnabled() const
+{
+    return m_line_edit->isClearButtonEnabled();
+}
+
 void VemoLineEdit::setError(bool error)
 {
     m_line_edit->setProperty("error", error);
@@ -124,14 +188,33 @@ bool VemoLineEdit::hasError() const
     return m_line_edit->property("error").toBool();
 }
 
+void VemoLineEdit::setErrorText(const QString &text)
+{
+    m_error_text = text;
+    if (!m_error_label && !text.isEmpty()) {
+        m_error_label = styled<QLabel>("component.lineedit_error");
+        m_error_label->setTextFormat(Qt::PlainText);
+        m_error_label->setWordWrap(true);
+        m_error_label->hide();
+        m_error_label->setParent(this);
+    }
+    showErrorText();
+}
+
 void VemoLineEdit::setValidator(bool (*validator)(const QString &))
 {
     m_validator = validator;
 }
 
+void VemoLineEdit::setCheck(std::function<bool(const QString &)> check)
+{
+    m_check = std::move(check);
+}
+
 bool VemoLineEdit::validate() const
 {
-    return !m_validator || m_validator(getEditText());
+    const QString text = getEditText();
+    return (!m_validator || m_validator(text)) && (!m_check || m_check(text));
 }
 
 void VemoLineEdit::setMargins(int left, int top, int right, int bottom)
@@ -158,6 +241,11 @@ bool VemoLineEdit::eventFilter(QObject *watched, QEvent *event)
     // before the field is announced.
     if (watched == m_line_edit && event->type() == QEvent::FocusIn)
         announceCaption();
+    if (watched == m_line_edit && event->type() == QEvent::DynamicPropertyChange)
+        showErrorText();
+    const bool isMoved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+    if (watched == m_line_edit && isMoved)
+        placeErrorText();
     return QWidget::eventFilter(watched, event);
 }
 
@@ -171,4 +259,42 @@ void VemoLineEdit::announceCaption()
     if (m_announced.isEmpty())
         m_announced = textOfBuddyLabel(*this);
     m_line_edit->setAccessibleName(m_announced);
+}
+
+void VemoLineEdit::showErrorText()
+{
+    if (!m_error_label)
+        return;
+    const bool isShown = hasError() && !m_error_text.isEmpty();
+    m_error_label->setText(m_error_text);
+    m_error_label->setVisible(isShown);
+    placeErrorText();
+    if (isShown && !m_is_error_described)
+        m_own_description = m_line_edit->accessibleDescription();
+    if (isShown)
+        m_line_edit->setAccessibleDescription(m_error_text);
+    else if (m_is_error_described)
+        m_line_edit->setAccessibleDescription(m_own_description);
+    m_is_error_described = isShown;
+}
+
+/// Below the field and as wide as the row from there on; the widget's lower margin is its room.
+void VemoLineEdit::placeErrorText()
+{
+    if (!m_error_label)
+        return;
+    int height = 0;
+    if (!m_error_label->isHidden()) {
+        const QRect field = m_line_edit->geometry();
+        const int left = isRightToLeft() ? 0 : field.left();
+        const int right = isRightToLeft() ? field.right() + 1 : width();
+        m_error_label->ensurePolished();
+        height = m_error_label->heightForWidth(right - left);
+        m_error_label->setGeometry(left, field.bottom() + 1, right - left, height);
+    }
+    // The host may have margins of its own.
+    QMargins margins = contentsMargins();
+    margins.setBottom(margins.bottom() + height - m_error_height);
+    m_error_height = height;
+    setContentsMargins(margins);
 }

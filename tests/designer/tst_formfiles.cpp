@@ -154,6 +154,9 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoLineEdit.postText", "days");
     row("VemoLineEdit.placeholderText", "1 to 99");
     row("VemoLineEdit.error", true);
+    row("VemoLineEdit.errorText", "A number from 1 to 99");
+    row("VemoLineEdit.clearButtonEnabled", true);
+    row("VemoLineEdit.captionsVisible", false);
     row("VemoFilterBar.placeholderText", "Search files");
     row("VemoDateSelector.date", QDate(2024, 3, 7));
     row("VemoDateSelector.placeholder", "Any date");
@@ -207,7 +210,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 26);
+    QCOMPARE(count, 29);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()
