@@ -5,6 +5,7 @@
 #include "controls/popuppainting_p.h"
 #include "controls/spokentooltip_p.h"
 #include "core/scaling_p.h"
+#include "datetime/dateclearing_p.h"
 #include "datetime/enterkey_p.h"
 
 #include <vemo/mousebuttonfilter.h>
@@ -94,7 +95,7 @@ VemoDateSelector::VemoDateSelector(QString placeholder, QWidget *parent)
     showPlaceholder();
     connect(m_calendar_view, SIGNAL(sigDateSelect(QDate)), this, SLOT(dateSelect(QDate)));
     setUpSizes();
-    setStyleSheet(getStyleSheet("component.date_selector") + getStyleSheet("component.menu"));
+    setUpStyle();
 }
 
 VemoDateSelector::VemoDateSelector(QWidget *parent) : VemoDateSelector(QString(), parent) { }
@@ -109,6 +110,52 @@ QDate VemoDateSelector::date() const
 void VemoDateSelector::setDate(const QDate &date)
 {
     dateSelect(date);
+}
+
+QDate VemoDateSelector::minimumDate() const
+{
+    return m_calendar_view->minimumDate();
+}
+
+void VemoDateSelector::setMinimumDate(const QDate &date)
+{
+    m_calendar_view->setMinimumDate(date);
+}
+
+QDate VemoDateSelector::maximumDate() const
+{
+    return m_calendar_view->maximumDate();
+}
+
+void VemoDateSelector::setMaximumDate(const QDate &date)
+{
+    m_calendar_view->setMaximumDate(date);
+}
+
+void VemoDateSelector::setDateRange(const QDate &first, const QDate &last)
+{
+    m_calendar_view->setDateRange(first, last);
+}
+
+void VemoDateSelector::setDisplayFormat(const QString &format)
+{
+    m_display_format = format;
+    if (date().isValid())
+        setItemText(0, textOf(date()));
+}
+
+void VemoDateSelector::setClearable(bool clearable)
+{
+    if (clearable == isClearable())
+        return;
+    delete m_clearing;
+    m_clearing = clearable ? new DateClearing(this) : nullptr;
+    setUpStyle();
+}
+
+bool VemoDateSelector::isClearable() const
+{
+    return m_clearing;
 }
 
 void VemoDateSelector::setPlaceholder(const QString &placeholder)
@@ -139,8 +186,7 @@ void VemoDateSelector::dateSelect(const QDate &date)
         showPlaceholder();
         return;
     }
-    // QDate::toString() would use the digits of the system's locale.
-    addItem(QLocale::c().toString(date, QStringLiteral("yyyy-MM-dd")), date);
+    addItem(textOf(date), date);
     setCurrentIndex(0);
     m_calendar_view->setCurrentPage(date.year(), date.month());
     update();
@@ -159,4 +205,17 @@ void VemoDateSelector::setUpSizes()
     setFixedHeight(scaled(kFieldHeight));
     // Otherwise the list of a wide field would be as wide, with empty space next to the calendar.
     view()->parentWidget()->setMaximumWidth(view()->width());
+}
+
+void VemoDateSelector::setUpStyle()
+{
+    setStyleSheet(getStyleSheet("component.date_selector") + getStyleSheet("component.menu")
+        + (m_clearing ? m_clearing->roomForButton() : QString()));
+}
+
+QString VemoDateSelector::textOf(const QDate &date) const
+{
+    // QDate::toString() would use the digits of the system's locale.
+    return m_display_format.isEmpty() ? QLocale::c().toString(date, QStringLiteral("yyyy-MM-dd"))
+                                      : locale().toString(date, m_display_format);
 }

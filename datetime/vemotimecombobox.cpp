@@ -17,6 +17,12 @@ namespace {
 constexpr int kTimeLength = 5; // HH:mm
 constexpr auto kTimeFormat = "HH:mm";
 
+/// Not by QTime's own function, which writes the digits of the system's locale.
+QString textOf(const QTime &time)
+{
+    return QLocale::c().toString(time, QLatin1String(kTimeFormat));
+}
+
 QString twoDigits(const QString &part)
 {
     return part.size() < 2 ? part.rightJustified(2, QLatin1Char('0')) : part;
@@ -107,6 +113,18 @@ void VemoTimeComboBox::setTimes(const QStringList &times)
         setCurrentIndex(row);
 }
 
+void VemoTimeComboBox::setTimes(const QTime &first, const QTime &last, int minutes)
+{
+    if (!first.isValid() || !last.isValid() || minutes < 1)
+        return;
+    QStringList times;
+    const QTime midnight(0, 0);
+    const int end = midnight.secsTo(last) / 60;
+    for (int minute = midnight.secsTo(first) / 60; minute <= end; minute += minutes)
+        times << textOf(midnight.addSecs(minute * 60));
+    setTimes(times);
+}
+
 void VemoTimeComboBox::setEditable(bool editable)
 {
     if (isEditable() == editable)
@@ -167,9 +185,8 @@ QTime VemoTimeComboBox::time() const
 
 void VemoTimeComboBox::setTime(const QTime &time)
 {
-    // Not by QTime's own, which writes the digits of the system's locale.
     if (time.isValid())
-        setCurrentText(QLocale::c().toString(time, QLatin1String(kTimeFormat)));
+        setCurrentText(textOf(time));
 }
 
 void VemoTimeComboBox::setDefault(const std::string &text)

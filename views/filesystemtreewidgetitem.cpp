@@ -20,7 +20,8 @@ const QString *pathOf(const QTreeWidgetItem &other)
 } // namespace
 
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() = default;
-FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(QTreeWidget *parent) : QTreeWidgetItem(parent) { }
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(QTreeWidget *parent)
+    : QTreeWidgetItem(parent) { }
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(QTreeWidgetItem *parent)
     : QTreeWidgetItem(parent)
 {

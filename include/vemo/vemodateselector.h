@@ -7,6 +7,7 @@
 #include <QDate>
 #include <QString>
 
+class DateClearing;
 class VemoCalanderView;
 
 /// A date field: a combo box that opens a whole month calendar. Its single item shows the date as
@@ -29,7 +30,11 @@ class VemoCalanderView;
 class VEMO_EXPORT VemoDateSelector : public QComboBox
 {
     Q_OBJECT
-    Q_PROPERTY(QDate date READ date WRITE setDate RESET clearDate NOTIFY currentIndexChanged)
+    Q_PROPERTY(QDate date READ date WRITE setDate RESET clearDate)
+    Q_PROPERTY(QDate minimumDate READ minimumDate WRITE setMinimumDate)
+    Q_PROPERTY(QDate maximumDate READ maximumDate WRITE setMaximumDate)
+    Q_PROPERTY(QString displayFormat READ displayFormat WRITE setDisplayFormat)
+    Q_PROPERTY(bool clearable READ isClearable WRITE setClearable)
     Q_PROPERTY(QString placeholder READ placeholder WRITE setPlaceholder)
 
 public:
@@ -42,6 +47,24 @@ public:
     QDate date() const;
     /// dateSelect() by another name, for forms.
     void setDate(const QDate &date);
+
+    QDate minimumDate() const; ///< the first day that the calendar lets the user pick
+    void setMinimumDate(const QDate &date); ///< see VemoCalanderView::setMinimumDate()
+    QDate maximumDate() const; ///< the last day that the calendar lets the user pick
+    void setMaximumDate(const QDate &date); ///< see VemoCalanderView::setMaximumDate()
+    void setDateRange(const QDate &first, const QDate &last); ///< both at once
+
+    /// How the date is written, as QLocale::toString() takes it, in the widget's locale(). An empty
+    /// format, as at first, means "yyyy-MM-dd" with the digits 0 to 9 in every locale; for the
+    /// locale's own write setDisplayFormat(locale().dateFormat(QLocale::ShortFormat)).
+    void setDisplayFormat(const QString &format);
+    QString displayFormat() const { return m_display_format; } ///< empty at first
+
+    /// Whether the user can go back to the placeholder: by Delete or Backspace, and by a button in
+    /// the field, which is shown while there is a date. False at first. Looks up the picture
+    /// "bt_close", the section "component.icon_button" and the string "accessible_clear".
+    void setClearable(bool clearable);
+    bool isClearable() const; ///< whether the user can go back to the placeholder
 
     /// Takes the place of the old one where that is shown. (QComboBox's own placeholder text is
     /// never seen: the field has an item at all times.)
@@ -62,9 +85,15 @@ public Q_SLOTS:
     void dateSelect(const QDate &date);
 
 private:
+    friend class DateClearing;
+
     void showPlaceholder();
     void setUpSizes();
+    void setUpStyle();
+    QString textOf(const QDate &date) const;
 
     VemoCalanderView *m_calendar_view;
     QString m_placeholder;
+    QString m_display_format;
+    DateClearing *m_clearing = nullptr; ///< a child, while the date can be cleared
 };

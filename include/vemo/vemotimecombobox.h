@@ -52,6 +52,9 @@ public:
     QStringList times() const;
     /// Other items, for forms. A time that is shown stays, where it is among the new ones.
     void setTimes(const QStringList &times);
+    /// A time each so many minutes, from first up to last at most. Nothing happens if one of the
+    /// times is invalid, or minutes less than 1.
+    void setTimes(const QTime &first, const QTime &last, int minutes);
 
     /// Whether a time may be typed; at first not. Inserts the custom item, or removes it. It hides
     /// a function of QComboBox that is not virtual: call it through this class.

@@ -160,6 +160,10 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoFilterBar.placeholderText", "Search files");
     row("VemoDateSelector.date", QDate(2024, 3, 7));
     row("VemoDateSelector.placeholder", "Any date");
+    row("VemoDateSelector.minimumDate", QDate(2024, 2, 1));
+    row("VemoDateSelector.maximumDate", QDate(2094, 4, 30));
+    row("VemoDateSelector.displayFormat", "dd/MM/yyyy");
+    row("VemoDateSelector.clearable", true);
     row("VemoTimeComboBox.times", QStringList({"00:00", "12:00"}));
     row("VemoTimeComboBox.editable", true);
     row("VemoTimeComboBox.customText", "(own)");
@@ -210,7 +214,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 29);
+    QCOMPARE(count, 33);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()

@@ -345,13 +345,13 @@ static_assert(!std::is_invocable_v<decltype(&showInfoMsg), QString, QString>);
 void HabitsTest::isNamedInTheGuideWithAReason_data()
 {
     // The first column of the guide's table.
-    for (const char *code : {"new LinkLabel(text, page)", "findChild<VemoFootbar *>()",
-             "findChild<VemoLabel *>()", "findChild<MouseButtonFilter *>()",
-             "new VemoMask(sheet, window, color)",
-             "connect(lineEdit, &VemoLineEdit::textChanged, ...)",
-             "lineEdit->setValidator([this](...) { ... })",
-             "connect(date, &VemoDateSelector::dateChanged, ...)", "accessibleList(window, {})",
-             "showInfoMsg(title, text)", "VemoMessageSheet(type)", "Q_PROPERTY with NOTIFY"})
+    for (const char *code :
+        {"new LinkLabel(text, page)", "findChild<VemoFootbar *>()", "findChild<VemoLabel *>()",
+            "findChild<MouseButtonFilter *>()", "new VemoMask(sheet, window, color)",
+            "connect(lineEdit, &VemoLineEdit::textChanged, ...)",
+            "lineEdit->setValidator([this](...) { ... })",
+            "connect(date, &VemoDateSelector::dateChanged, ...)", "accessibleList(window, {})",
+            "showInfoMsg(title, text)", "VemoMessageSheet(type)", "Q_PROPERTY with NOTIFY"})
         QTest::newRow(code);
 }
 
