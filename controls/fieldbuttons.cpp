@@ -21,10 +21,9 @@ QIcon iconOf(const char *name)
 
 void setNamedClearButton(QLineEdit *field, bool enabled)
 {
-    if (enabled == field->isClearButtonEnabled())
-        return;
     field->setClearButtonEnabled(enabled);
-    if (QAction *action = clearButtonAction(field)) {
+    QAction *action = clearButtonAction(field);
+    if (enabled && action) {
         action->setIcon(iconOf("bt_close"));
         action->setText(
             ComponentStrings::getInstance().getString(QStringLiteral("accessible_clear")));

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemofilterbar.h>
 
+#include "controls/fieldbuttons_p.h"
 #include "controls/placeholderink_p.h"
 #include "core/scaling_p.h"
 
 #include <vemo/stylemanager.h>
 #include <vemo/vemoiconbutton.h>
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QTimer>
 
 namespace {
 
@@ -23,7 +26,9 @@ constexpr int kButtonHeight = 24;
 } // namespace
 
 VemoFilterBar::VemoFilterBar(QWidget *parent)
-    : QLineEdit(parent), m_dropdown_button(new VemoIconButton(QStringLiteral("bt_search_dropdown")))
+    : QLineEdit(parent),
+      m_dropdown_button(new VemoIconButton(QStringLiteral("bt_search_dropdown"))),
+      m_search_timer(new QTimer(this))
 {
     setAttribute(Qt::WA_MacShowFocusRect, false);
 
@@ -39,7 +44,13 @@ VemoFilterBar::VemoFilterBar(QWidget *parent)
     palePlaceholder(this);
     setFixedHeight(scaled(kHeight));
     addButtonLayout();
+    m_search_timer->setSingleShot(true);
     connect(this, SIGNAL(returnPressed()), this, SLOT(slotKeywordChange()));
+    connect(m_search_timer, SIGNAL(timeout()), this, SLOT(slotKeywordChange()));
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        if (m_search_delay >= 0)
+            m_search_timer->start(m_search_delay);
+    });
 }
 
 /// In a right-to-left layout the button moves to the right, like the padding of the text.
@@ -60,8 +71,35 @@ void VemoFilterBar::setMenu(QMenu *menu)
     m_dropdown_button->setAccessibleName(title.isEmpty() ? placeholderText() : title);
 }
 
+void VemoFilterBar::setSearchDelay(int msecs)
+{
+    m_search_delay = qMax(msecs, -1);
+    m_search_timer->stop();
+}
+
+void VemoFilterBar::setClearedByEscape(bool cleared)
+{
+    m_is_cleared_by_escape = cleared;
+}
+
+void VemoFilterBar::setClearButtonVisible(bool visible)
+{
+    if (visible == m_is_clear_button_visible)
+        return;
+    m_is_clear_button_visible = visible;
+    setNamedClearButton(this, visible);
+    // It is triggered before the button empties the line.
+    if (const QAction *clear = clearButtonAction(this))
+        connect(clear, &QAction::triggered, this, [this] { clearAndReport(); });
+}
+
 void VemoFilterBar::keyPressEvent(QKeyEvent *event)
 {
+    if (m_is_cleared_by_escape && event->key() == Qt::Key_Escape && !text().isEmpty()) {
+        event->accept();
+        clearAndReport();
+        return;
+    }
     if (event->key() != Qt::Key_Down) {
         QLineEdit::keyPressEvent(event);
         return;
@@ -72,7 +110,14 @@ void VemoFilterBar::keyPressEvent(QKeyEvent *event)
         m_dropdown_button->showMenu();
 }
 
+void VemoFilterBar::clearAndReport()
+{
+    clear();
+    slotKeywordChange();
+}
+
 void VemoFilterBar::slotKeywordChange()
 {
+    m_search_timer->stop();
     Q_EMIT sigKeywordChanged(text());
 }

@@ -3,6 +3,7 @@
 
 #include "core/logging_p.h"
 #include "core/scaling_p.h"
+#include "views/pagingextras_p.h"
 
 #include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
@@ -235,6 +236,55 @@ void VemoPagingBar::reset()
     first_page();
 }
 
+int VemoPagingBar::page() const
+{
+    return m_model ? m_model->nowPage() : 0;
+}
+
+void VemoPagingBar::setPage(int page)
+{
+    if (hasModel())
+        showPage(m_is_clamping ? qBound(1, page, m_model->pageCount()) : page);
+}
+
+void VemoPagingBar::setClamping(bool clamping)
+{
+    m_is_clamping = clamping;
+}
+
+void VemoPagingBar::setRangeVisible(bool visible)
+{
+    if (visible != isRangeVisible())
+        extras()->setRangeVisible(visible);
+}
+
+bool VemoPagingBar::isRangeVisible() const
+{
+    return m_extras && m_extras->isRangeVisible();
+}
+
+void VemoPagingBar::setRowLimits(const QVector<int> &limits)
+{
+    if (limits != rowLimits())
+        extras()->setRowLimits(limits);
+}
+
+QVector<int> VemoPagingBar::rowLimits() const
+{
+    return m_extras ? m_extras->rowLimits() : QVector<int>();
+}
+
+void VemoPagingBar::setJumpFieldVisible(bool visible)
+{
+    if (visible != isJumpFieldVisible())
+        extras()->setJumpFieldVisible(visible);
+}
+
+bool VemoPagingBar::isJumpFieldVisible() const
+{
+    return m_extras && m_extras->isJumpFieldVisible();
+}
+
 void VemoPagingBar::setRefreshButtonHidden(bool hidden)
 {
     m_refresh_button->setHidden(hidden);
@@ -309,7 +359,7 @@ void VemoPagingBar::last_page()
         goTo(m_model->pageCount());
 }
 
-void VemoPagingBar::setPage(int page)
+void VemoPagingBar::showPage(int page)
 {
     const int pageCount = m_model->pageCount();
     for (int slot = 0; slot < kSlots; ++slot) {
@@ -324,14 +374,44 @@ void VemoPagingBar::setPage(int page)
     m_first_page_button->setEnabled(page != 1);
     // Deliberate: a page beyond the last one is also kept.
     m_model->setNowPage(page);
+    if (m_extras)
+        m_extras->showPosition(*m_model);
+    if (page == m_reported_page)
+        return;
+    m_reported_page = page;
+    Q_EMIT pageChanged(page);
 }
 
 void VemoPagingBar::goTo(int page)
 {
     if (!hasModel())
         return;
-    setPage(page);
-    Q_EMIT sigPageChanged();
+    const QPointer<VemoPagingBar> self(this);
+    showPage(page);
+    if (self)
+        Q_EMIT sigPageChanged();
+}
+
+PagingExtras *VemoPagingBar::extras()
+{
+    if (m_extras)
+        return m_extras;
+    m_extras = new PagingExtras;
+    m_main_layout->insertWidget(m_main_layout->indexOf(m_last_page_button) + 1, m_extras);
+    connect(m_extras, &PagingExtras::rowLimitChosen, this, [this](int limit) {
+        if (!hasModel())
+            return;
+        const int first = qMax(m_model->startItem(), 0);
+        m_model->setRowLimit(limit);
+        goTo(first / limit + 1);
+    });
+    connect(m_extras, &PagingExtras::pageChosen, this, [this](int page) {
+        if (hasModel())
+            goTo(qBound(1, page, m_model->pageCount()));
+    });
+    if (m_model)
+        m_extras->showPosition(*m_model);
+    return m_extras;
 }
 
 bool VemoPagingBar::hasModel() const

@@ -5,12 +5,14 @@
 
 #include <QPointer>
 #include <QString>
+#include <QVector>
 #include <QWidget>
 
 #include <array>
 #include <cstddef>
 #include <vector>
 
+class PagingExtras;
 class QHBoxLayout;
 class QLabel;
 class QSignalMapper;
@@ -49,6 +51,10 @@ class VEMO_EXPORT VemoPagingBar : public QWidget
     Q_OBJECT
     Q_PROPERTY(int rowLimit READ rowLimit WRITE setRowLimit)
     Q_PROPERTY(int itemCount READ itemCount WRITE setItemCount)
+    Q_PROPERTY(int page READ page WRITE setPage NOTIFY pageChanged STORED false DESIGNABLE false)
+    Q_PROPERTY(bool clamping READ isClamping WRITE setClamping)
+    Q_PROPERTY(bool rangeVisible READ isRangeVisible WRITE setRangeVisible)
+    Q_PROPERTY(bool jumpFieldVisible READ isJumpFieldVisible WRITE setJumpFieldVisible)
     Q_PROPERTY(bool refreshButtonHidden READ isRefreshButtonHidden WRITE setRefreshButtonHidden)
     Q_PROPERTY(QString footerText READ footerText WRITE setFooterText)
 
@@ -83,6 +89,34 @@ public:
     /// Goes to page 1 and emits sigPageChanged().
     void reset();
 
+    /// The current page, which is the model's, counted from 1; 0 without a model.
+    int page() const;
+    /// Goes to a page without emitting sigPageChanged(). Deliberate: a page beyond the last one is
+    /// kept as well, unless isClamping().
+    void setPage(int page);
+
+    /// Whether setPage(), setItemCount() and setRowLimit() stay within the pages that there are.
+    /// False at first. Setting it leaves the current page as it is.
+    void setClamping(bool clamping);
+    bool isClamping() const { return m_is_clamping; } ///< false at first
+
+    /// A label "21-40 of 312" after the page buttons, in the numbers of locale(), empty on a page
+    /// without items. False at first. Looks up the string "items_range".
+    void setRangeVisible(bool visible);
+    bool isRangeVisible() const; ///< whether there is such a label
+
+    /// A box after the page buttons that lets the user choose the rows per page; numbers below 1
+    /// are left out, and no numbers, as at first, take the box away. A choice sets the model's row
+    /// limit, goes to the page of the item that was the first one, and emits sigPageChanged().
+    /// Looks up the string "rows_per_page".
+    void setRowLimits(const QVector<int> &limits);
+    QVector<int> rowLimits() const; ///< the rows per page to choose from
+
+    /// A field after the page buttons into which the user types a page to go to; a number beyond
+    /// the last page means that. False at first. Looks up the string "go_to_page".
+    void setJumpFieldVisible(bool visible);
+    bool isJumpFieldVisible() const; ///< whether there is such a field
+
     /// The refresh button is shown at first.
     void setRefreshButtonHidden(bool hidden);
     bool isRefreshButtonHidden() const; ///< whether it was told to hide
@@ -101,6 +135,9 @@ public:
 Q_SIGNALS:
     /// The user, or reset(), chose a page, be it the current one; it is in the model's nowPage().
     void sigPageChanged();
+    /// page() is another one than before, for whatever reason; unlike sigPageChanged() also by the
+    /// program, and not for the page that is shown already.
+    void pageChanged(int page);
     /// The refresh button was clicked; the bar itself does nothing about it.
     void sigRefresh();
 
@@ -112,8 +149,9 @@ private Q_SLOTS:
     void last_page();
 
 private:
-    void setPage(int page);
+    void showPage(int page);
     void goTo(int page);
+    PagingExtras *extras();
     bool hasModel() const;
     void addPageButtons();
     void addRefreshButton();
@@ -135,4 +173,7 @@ private:
     std::vector<QLabel *> m_footer_labels; ///< the first is the rightmost
     VemoIconButton *m_refresh_button = nullptr;
     QSignalMapper *m_page_mapper = nullptr; ///< page button to its slot
+    PagingExtras *m_extras = nullptr; ///< made for the first of its parts
+    bool m_is_clamping = false;
+    int m_reported_page = 1;
 };

@@ -158,6 +158,9 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoLineEdit.clearButtonEnabled", true);
     row("VemoLineEdit.captionsVisible", false);
     row("VemoFilterBar.placeholderText", "Search files");
+    row("VemoFilterBar.searchDelay", 300);
+    row("VemoFilterBar.clearedByEscape", true);
+    row("VemoFilterBar.clearButtonVisible", true);
     row("VemoDateSelector.date", QDate(2024, 3, 7));
     row("VemoDateSelector.placeholder", "Any date");
     row("VemoDateSelector.minimumDate", QDate(2024, 2, 1));
@@ -176,6 +179,9 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoTableWidget.columnTexts", QStringList({"Name|120|0.5", "Kind|90|0", "Size|80"}));
     row("VemoPagingBar.rowLimit", 20);
     row("VemoPagingBar.itemCount", 500);
+    row("VemoPagingBar.clamping", true);
+    row("VemoPagingBar.rangeVisible", true);
+    row("VemoPagingBar.jumpFieldVisible", true);
     row("VemoPagingBar.refreshButtonHidden", true);
     row("VemoPagingBar.footerText", "500 items");
     row("VemoButtonPath.path", "home/R&D/2026");
@@ -214,7 +220,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 33);
+    QCOMPARE(count, 39);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()
