@@ -25,8 +25,8 @@ class VemoPagingBar;
 /// "detailsPanel" with "detailsName", "detailsKind", "detailsSize", "detailsModified",
 /// "detailsCreated", "detailsPlace", "detailsAccess", "fromDate", "fromTime", "toDate", "toTime",
 /// "fromCalendar", "toCalendar" and "clearDates"; the actions "upAction" and so on; "contextMenu";
-/// the sheets "messageSheet", "nameSheet" with "nameField", "trashSheet", "copySheet" with
-/// "copyCancel"; "helpWindow".
+/// the sheets "messageSheet", "nameSheet" with "nameField", "trashSheet", "leftoverSheet",
+/// "copySheet" with "copyCancel"; "helpWindow".
 ///
 /// startLook() must have been called.
 class FileWindow : public QWidget

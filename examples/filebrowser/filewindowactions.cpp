@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The second half of the window: what its actions do.
+#include "copyleftovers.h"
 #include "core/scaling_p.h"
 #include "filetable.h"
 #include "filewindow.h"
@@ -75,7 +76,7 @@ void FileWindow::copySelected()
 
 void FileWindow::paste()
 {
-    m_work->paste(folder());
+    m_work->paste(folder(), m_listing->namesStartingWith(kUnfinishedCopyPrefix));
 }
 
 void FileWindow::search()

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "filework.h"
 
+#include "copyleftovers.h"
 #include "fileoperations.h"
+#include "nativename.h"
 #include "paths.h"
 #include "questions.h"
 #include "texts.h"
@@ -104,8 +106,12 @@ void FileWork::askNewFolder(const QString &folder)
 void FileWork::askTrash(const QString &folder, const QStringList &names)
 {
     const QPointer<FileWork> self(this);
-    if (names.isEmpty() || !::askTrash(m_window, names) || !self)
-        return;
+    if (!names.isEmpty() && ::askTrash(m_window, names) && self)
+        trash(folder, names);
+}
+
+void FileWork::trash(const QString &folder, const QStringList &names)
+{
     QStringList problems;
     for (const QString &name : names) {
         const FileResult result = moveToTrash(childPath(folder, name));
@@ -134,7 +140,23 @@ bool FileWork::canPaste() const
     return data && data->hasUrls();
 }
 
-void FileWork::paste(const QString &folder)
+void FileWork::offerLeftovers(const QString &folder, const QStringList &unfinished)
+{
+    const QPointer<FileWork> self(this);
+    const auto leftovers = [&folder](const QStringList &names) {
+        QStringList found;
+        for (const QString &name : names) {
+            if (isLeftoverCopy(toNativeName(childPath(folder, name))))
+                found << name;
+        }
+        return found;
+    };
+    const QStringList names = leftovers(unfinished);
+    if (!names.isEmpty() && askTrashLeftovers(m_window, names) && self)
+        trash(folder, leftovers(names)); // The question took its time.
+}
+
+void FileWork::paste(const QString &folder, const QStringList &unfinished)
 {
     QStringList sources;
     if (const QMimeData *data = QGuiApplication::clipboard()->mimeData()) {
@@ -147,6 +169,9 @@ void FileWork::paste(const QString &folder)
     if (sources.isEmpty())
         return;
     const QPointer<FileWork> self(this);
+    offerLeftovers(folder, unfinished);
+    if (!self)
+        return;
     const CopyOutcome outcome = copyUnderSheet(m_window, sources, folder);
     if (!self)
         return;

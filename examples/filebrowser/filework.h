@@ -24,7 +24,9 @@ public:
     void askNewFolder(const QString &folder);
     void askTrash(const QString &folder, const QStringList &names);
     void copy(const QString &folder, const QStringList &names);
-    void paste(const QString &folder);
+    /// unfinished are names in folder under which copies may have been broken off: those that were
+    /// are offered for the trash first.
+    void paste(const QString &folder, const QStringList &unfinished);
     bool canPaste() const;
 
 Q_SIGNALS:
@@ -33,6 +35,8 @@ Q_SIGNALS:
     void vanished(const QString &name);
 
 private:
+    void trash(const QString &folder, const QStringList &names);
+    void offerLeftovers(const QString &folder, const QStringList &unfinished);
     void tellVanished(const QString &name);
     void tellProblems(const char *key, const QStringList &problems);
 

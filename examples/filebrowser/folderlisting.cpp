@@ -41,6 +41,16 @@ int FolderListing::indexOf(const QString &name) const
     return found == m_shown.end() ? -1 : int(found - m_shown.begin());
 }
 
+QStringList FolderListing::namesStartingWith(const QString &start) const
+{
+    QStringList names;
+    for (const FileEntry &entry : m_entries) {
+        if (entry.name.startsWith(start))
+            names << entry.name;
+    }
+    return names;
+}
+
 void FolderListing::read(const QString &folder)
 {
     m_incoming.take();

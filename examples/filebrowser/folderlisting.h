@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QObject>
+#include <QStringList>
 #include <QVector>
 
 class FolderReader;
@@ -41,6 +42,8 @@ public:
     QVector<FileEntry> page(int start, int length) const;
     /// The place of a name among those that pass the filter; -1 if it is not there.
     int indexOf(const QString &name) const;
+    /// Among all entries, whatever the filter.
+    QStringList namesStartingWith(const QString &start) const;
 
     /// Discards all entries immediately if the folder is a different one. The entries of the same
     /// folder remain until it has been read again.

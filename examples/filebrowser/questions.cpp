@@ -47,6 +47,15 @@ Result run(Sheet *newSheet, QWidget *window, const std::function<Result(Sheet *,
     return result;
 }
 
+bool runTrashSheet(VemoMessageSheet *sheet, QWidget *window)
+{
+    QAbstractButton *apply = sheet->button(QMessageBox::Apply);
+    apply->setText(text("trash_button"));
+    apply->setStyleSheet(getStyleSheet("component.red_button"));
+    return run<VemoMessageSheet, bool>(sheet, window,
+        [](VemoMessageSheet *, int code) { return code == QDialogButtonBox::Apply; });
+}
+
 /// The second line of a question, always there, so that the sheet does not jump.
 QString secondLine(const QString &line, const char *color)
 {
@@ -118,9 +127,13 @@ bool askTrash(QWidget *window, const QStringList &names)
     sheet->setObjectName("trashSheet");
     sheet->setDoubleConfirmCheckBox(true, text("trash_sure"));
     // Only now, since the check box gives the buttons their own captions back.
-    QAbstractButton *apply = sheet->button(QMessageBox::Apply);
-    apply->setText(text("trash_button"));
-    apply->setStyleSheet(getStyleSheet("component.red_button"));
-    return run<VemoMessageSheet, bool>(sheet, window,
-        [](VemoMessageSheet *, int code) { return code == QDialogButtonBox::Apply; });
+    return runTrashSheet(sheet, window);
+}
+
+bool askTrashLeftovers(QWidget *window, const QStringList &names)
+{
+    auto *sheet = new VemoMessageSheet(VemoMessageSheet::WarningConfirm,
+        richText("trash_leftovers", {numberText(names.size())}), listOf(names), window);
+    sheet->setObjectName("leftoverSheet");
+    return runTrashSheet(sheet, window);
 }

@@ -26,6 +26,9 @@ QString askName(QWidget *window, const QString &prompt, const QString &hint, con
 /// Asks whether to move the entries to the trash; a check box must be ticked first.
 bool askTrash(QWidget *window, const QStringList &names);
 
+/// Whether what is left of copies that were broken off may go to the trash.
+bool askTrashLeftovers(QWidget *window, const QStringList &names);
+
 /// The result of a copy.
 struct CopyOutcome
 {

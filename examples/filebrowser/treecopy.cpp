@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "treecopy.h"
 
+#include "copyleftovers.h"
 #include "nativename.h"
 #include "safemove.h"
-
-#include <QRandomGenerator>
 
 #include <cerrno>
 #include <climits>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -19,12 +19,6 @@ constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
 QByteArray lastName(const QByteArray &path)
 {
     return path.mid(path.lastIndexOf('/') + 1);
-}
-
-/// A hidden, unique name.
-QByteArray temporaryName()
-{
-    return ".copying-" + QByteArray::number(QRandomGenerator::system()->generate64(), 16);
 }
 
 QByteArray targetOfLink(const QByteArray &path)
@@ -62,13 +56,28 @@ QByteArray nameOfCopy(const QByteArray &name, int n, bool isFolder)
 
 TreeCopy::TreeCopy(const CopyPlan &plan, const QByteArray &targetFolder)
     : m_items(plan.items()), m_target(targetFolder == "/" ? QByteArray() : targetFolder),
-      m_temporary(m_target + '/' + temporaryName()), m_unfinished(m_items.size())
+      m_temporary(m_target + '/' + unfinishedCopyName()), m_unfinished(m_items.size())
 {
 }
 
 TreeCopy::~TreeCopy()
 {
     while (undoStep()) { }
+    closeMark();
+}
+
+void TreeCopy::closeMark()
+{
+    if (m_mark >= 0)
+        ::close(std::exchange(m_mark, -1));
+}
+
+/// What is there of item can be taken back from now on.
+void TreeCopy::note(const CopyItem &item, const QByteArray &to)
+{
+    m_created += {to, item.kind == CopyItem::Folder};
+    if (item.below.isEmpty())
+        m_mark = markUnfinishedCopy(to);
 }
 
 qint64 TreeCopy::doneBytes() const
@@ -121,7 +130,7 @@ TreeCopy::State TreeCopy::begin(const CopyItem &item)
     const FileCopy::Side side = m_file.open(item.from, to);
     if (side != FileCopy::Side::None)
         return report(item, side, m_file.error());
-    m_created += {to, false};
+    note(item, to);
     return Working;
 }
 
@@ -129,7 +138,7 @@ TreeCopy::State TreeCopy::makeFolder(const CopyItem &item, const QByteArray &to)
 {
     if (mkdir(to.constData(), S_IRWXU) != 0)
         return report(item, FileCopy::Side::Writing, errno);
-    m_created += {to, true};
+    note(item, to);
     m_done += 1;
     return Working;
 }
@@ -141,7 +150,7 @@ TreeCopy::State TreeCopy::makeLink(const CopyItem &item, const QByteArray &to)
         return report(item, FileCopy::Side::Reading, errno);
     if (symlink(target.constData(), to.constData()) != 0)
         return report(item, FileCopy::Side::Writing, errno);
-    m_created += {to, false};
+    note(item, to);
     struct stat status = {};
     if (lstat(item.from.constData(), &status) == 0)
         keepTimes(to, status);
@@ -188,6 +197,7 @@ TreeCopy::State TreeCopy::place()
         if (error == 0) {
             m_path = path;
             m_created.clear();
+            closeMark();
             return Done;
         }
         if (error != EEXIST)

@@ -38,6 +38,8 @@ private:
     State copyOn();
     State place();
     State report(const CopyItem &item, FileCopy::Side side, int error);
+    void note(const CopyItem &item, const QByteArray &to);
+    void closeMark();
     void finishFolder(const CopyItem &item) const;
 
     const QVector<CopyItem> m_items;
@@ -47,6 +49,7 @@ private:
     QStringList m_problems;
     QVector<Created> m_created;
     FileCopy m_file;
+    int m_mark = -1; ///< Of the copy itself, see markUnfinishedCopy().
     qint64 m_done = 0;
     int m_next = 0; ///< The next item to copy.
     int m_unfinished; ///< Folders before this item get their permissions and times last.

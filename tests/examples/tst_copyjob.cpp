@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "copying.h"
 #include "diskfolder.h"
+#include "examples/filebrowser/copyleftovers.h"
 #include "examples/filebrowser/nativename.h"
 
 #include "support/vemotest.h"
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void aFolderIsCopiedWithAllThatIsInIt();
     void progressRunsUpToTheTotal();
     void permissionsAndTimesAreKept();
+    void theBitsThatLendRightsAreDropped();
     void linksStayLinks();
     void aTakenNameKeepsBoth_data();
     void aTakenNameKeepsBoth();
@@ -40,6 +42,10 @@ private Q_SLOTS:
     void cancellingEarlyOrLateIsHarmless();
     void deletingTheJobTakesBackWhatIsNotDone();
     void theJobMayBeDeletedInItsSignals();
+    void aCopyAtWorkIsNoLeftover_data();
+    void aCopyAtWorkIsNoLeftover();
+    void onlyOwnUnfinishedCopiesAreLeftovers_data();
+    void onlyOwnUnfinishedCopiesAreLeftovers();
     void othersAreServedBetweenTheSlices();
 };
 
@@ -105,6 +111,22 @@ void CopyJobTest::permissionsAndTimesAreKept()
         QCOMPARE(stat(to.native(name).constData(), &status), 0);
         QCOMPARE(status.st_mode & 0777, 0540u);
         QCOMPARE(status.st_mtime, 1111111111);
+    }
+}
+
+void CopyJobTest::theBitsThatLendRightsAreDropped()
+{
+    const DiskFolder from, to;
+    from.makeFolder("top");
+    from.write("top/a", "content");
+    for (const char *name : {"top/a", "top"})
+        QCOMPARE(chmod(from.native(name).constData(), 06755), 0);
+    Copying copying({from.path("top")}, to.path());
+    copying.waitForEnd();
+    for (const char *name : {"top/a", "top"}) {
+        struct stat status = {};
+        QCOMPARE(stat(to.native(name).constData(), &status), 0);
+        QCOMPARE(status.st_mode & 07777, 0755u);
     }
 }
 
@@ -333,6 +355,69 @@ void CopyJobTest::theJobMayBeDeletedInItsSignals()
     QTRY_VERIFY(!job);
     for (const QByteArray &name : to.contents().keys())
         QVERIFY(name.startsWith('a'));
+}
+
+void CopyJobTest::aCopyAtWorkIsNoLeftover_data()
+{
+    cancelTakesBackWhatIsNotDone_data();
+}
+
+void CopyJobTest::aCopyAtWorkIsNoLeftover()
+{
+    QFETCH(bool, inFolder);
+    const DiskFolder from, to;
+    from.makeFolder("top");
+    from.write("top/large", QByteArray(kManyBytes, 'a'));
+    Copying copying({from.path(inFolder ? "top" : "top/large")}, to.path());
+    while (copying.done.isEmpty() || copying.done.last() < 2)
+        QCoreApplication::processEvents();
+    const QByteArray name = to.contents().firstKey().split('/').first();
+    QVERIFY(name.startsWith(kUnfinishedCopyPrefix));
+    QVERIFY(!isLeftoverCopy(to.native(name)));
+    copying.waitForEnd();
+    QVERIFY(!isLeftoverCopy(to.native(name))); // It is gone.
+}
+
+void CopyJobTest::onlyOwnUnfinishedCopiesAreLeftovers_data()
+{
+    QTest::addColumn<QByteArray>("kind");
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<bool>("isLeftover");
+    const auto row = [](const char *kind, const char *name, bool isLeftover) {
+        QTest::addRow("%s %s", kind, name) << QByteArray(kind) << QByteArray(name) << isLeftover;
+    };
+    row("file", ".copying-0123456789abcdef", true);
+    row("folder", ".copying-f", true);
+    row("link", ".copying-a1", true);
+    row("foreign file", ".copying-1", false);
+    row("pipe", ".copying-1", false);
+    row("no", ".copying-1", false);
+    row("file", ".copying-", false);
+    row("file", ".copying-notes", false);
+    row("file", ".copying-0123456789abcdef0", false);
+    row("file", "copying-1", false);
+}
+
+void CopyJobTest::onlyOwnUnfinishedCopiesAreLeftovers()
+{
+    QFETCH(QByteArray, kind);
+    QFETCH(QByteArray, name);
+    QFETCH(bool, isLeftover);
+    const DiskFolder folder;
+    if (kind == "folder")
+        folder.makeFolder(name);
+    else if (kind == "link")
+        folder.link(name, "nowhere");
+    else if (kind == "pipe")
+        QCOMPARE(mkfifo(folder.native(name).constData(), 0644), 0);
+    else if (kind != "no")
+        folder.write(name, "half");
+    if (kind == "foreign file") {
+        if (getuid() != 0)
+            QSKIP("Only root can give files away");
+        folder.giveTo(65534);
+    }
+    QCOMPARE(isLeftoverCopy(folder.native(name)), isLeftover);
 }
 
 void CopyJobTest::othersAreServedBetweenTheSlices()

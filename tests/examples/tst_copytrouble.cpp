@@ -2,6 +2,7 @@
 #include "childworld.h"
 #include "copying.h"
 #include "diskfolder.h"
+#include "examples/filebrowser/copyleftovers.h"
 
 #include "support/vemotest.h"
 
@@ -77,8 +78,23 @@ int cancelAmongReadOnlyFolders()
     return copying.copied.isEmpty() && copying.problems.isEmpty() ? 0 : 1;
 }
 
+/// Ends as if the machine had gone down.
+int dieWhileCopying(const QString &source)
+{
+    const QString path = QString::fromUtf8(ChildWorld::folder());
+    Copying copying({path + source}, path + "/disk");
+    QObject::connect(&copying.job, &CopyJob::progress, [](qint64 done) {
+        if (done > 1)
+            std::raise(SIGKILL);
+    });
+    copying.waitForEnd();
+    return 1;
+}
+
 int runScenario(const QString &scenario)
 {
+    if (scenario.startsWith("/"))
+        return dieWhileCopying(scenario);
     if (scenario == "full disk")
         return copyToFullDisk();
     if (scenario == "read-only folders")
@@ -96,6 +112,8 @@ private Q_SLOTS:
     void troubleLeavesNothingHalfDone_data();
     void troubleLeavesNothingHalfDone();
     void cancellingTakesReadOnlyFoldersBack();
+    void aKilledCopyIsFoundAgain_data();
+    void aKilledCopyIsFoundAgain();
 };
 
 void CopyTroubleTest::troubleLeavesNothingHalfDone_data()
@@ -163,6 +181,28 @@ void CopyTroubleTest::cancellingTakesReadOnlyFoldersBack()
     QCOMPARE(result.status, QProcess::NormalExit);
     QCOMPARE(result.exitCode, 0);
     COMPARE_CONTENTS(folder.contents(), (before));
+}
+
+void CopyTroubleTest::aKilledCopyIsFoundAgain_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::newRow("a file") << "/folder/large";
+    QTest::newRow("a folder") << "/folder";
+}
+
+void CopyTroubleTest::aKilledCopyIsFoundAgain()
+{
+    QFETCH(QString, source);
+    const DiskFolder folder;
+    folder.makeFolder("disk");
+    folder.makeFolder("folder");
+    folder.write("folder/large", QByteArray(64 * 1024 * 1024, 'l'));
+    const ChildResult result = runChild(source, {ChildWorld::variableFor(folder.path())});
+    QCOMPARE(result.status, QProcess::CrashExit);
+    const QStringList left =
+        QDir(folder.path("disk")).entryList(QDir::Hidden | QDir::AllEntries | QDir::NoDotAndDotDot);
+    QCOMPARE(left.size(), 1);
+    QVERIFY(isLeftoverCopy(folder.native("disk/" + left.first().toUtf8())));
 }
 
 VEMO_TEST_MAIN_WITH_CHILD(CopyTroubleTest, runScenario)

@@ -63,6 +63,8 @@ private Q_SLOTS:
     void movesToTheTrashOnlyAfterTwoConfirmations();
     void keepsWhatIsNotConfirmed();
     void copiesUnderASheetAndKeepsBoth();
+    void offersWhatIsLeftOfBrokenCopies_data();
+    void offersWhatIsLeftOfBrokenCopies();
     void endsACopyByEscape();
     void pastesOnlyFiles();
     void takesNoKeysUnderASheet();
@@ -285,6 +287,47 @@ void FileWindowWorkTest::copiesUnderASheetAndKeepsBoth()
     QTRY_COMPARE(driver.selected(), QStringList("a <b> (2).txt"));
 }
 
+void FileWindowWorkTest::offersWhatIsLeftOfBrokenCopies_data()
+{
+    QTest::addColumn<bool>("isTaken");
+    QTest::newRow("taken") << true;
+    QTest::newRow("left") << false;
+}
+
+void FileWindowWorkTest::offersWhatIsLeftOfBrokenCopies()
+{
+    QFETCH(const bool, isTaken);
+    const DiskFolder folder(QFile::encodeName(m_disk.path()));
+    folder.write("a.txt", "text");
+    folder.write(".copying-notes", "of the user's own");
+    folder.write(".copying-0123456789abcdef", "half");
+    folder.makeFolder(".copying-9");
+    DiskFolder::Contents expected = folder.contents();
+    expected.insert("a (2).txt", "text");
+    FileWindowDriver driver(folder.path());
+    driver.onSheet("leftoverSheet", [&](VemoSheet *sheet) {
+        const QString asked = FileWindowDriver::textOf(sheet);
+        QVERIFY(asked.contains("<b>2</b>"));
+        QVERIFY(asked.contains(".copying-9") && !asked.contains("notes"));
+        QCOMPARE(folder.contents().size(), expected.size() - 1); // Nothing is copied yet.
+        if (isTaken)
+            button(sheet, "Move to trash")->click();
+        else
+            driver.press(Qt::Key_Escape);
+    });
+    driver.select({"a.txt"});
+    driver.press(Qt::Key_C, Qt::ControlModifier);
+    driver.press(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(driver.sheetsMet(), 1);
+    if (isTaken) {
+        for (const QByteArray &name :
+            {QByteArray(".copying-0123456789abcdef"), QByteArray(".copying-9/")})
+            expected.remove(name);
+        QVERIFY(QFile::exists(m_disk.filePath("data/Trash/files/.copying-9")));
+    }
+    COMPARE_CONTENTS(folder.contents(), (expected));
+}
+
 void FileWindowWorkTest::endsACopyByEscape()
 {
     const DiskFolder folder;
@@ -337,6 +380,7 @@ void FileWindowWorkTest::diesUnderASheet_data()
     QTest::newRow("new name") << QByteArray("nameSheet") << QByteArray("renameAction");
     QTest::newRow("trash") << QByteArray("trashSheet") << QByteArray("trashAction");
     QTest::newRow("copy") << QByteArray("copySheet") << QByteArray("pasteAction");
+    QTest::newRow("leftovers") << QByteArray("leftoverSheet") << QByteArray("pasteAction");
     QTest::newRow("message") << QByteArray("messageSheet") << QByteArray("openAction");
 }
 
@@ -346,6 +390,8 @@ void FileWindowWorkTest::diesUnderASheet()
     QFETCH(const QByteArray, action);
     const DiskFolder folder;
     folder.write(".file", "");
+    if (sheet == "leftoverSheet")
+        folder.write(".copying-1", "half");
     FileWindowDriver driver(folder.path());
     driver.select({".file"});
     driver.press(Qt::Key_C, Qt::ControlModifier);
