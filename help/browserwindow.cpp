@@ -4,7 +4,7 @@
 #include "core/scaling_p.h"
 #include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
-#include "help/replylimit_p.h"
+#include "help/webreply_p.h"
 
 #include <vemo/stylemanager.h>
 
@@ -106,7 +106,7 @@ void BrowserWindow::query()
     m_timer->start(TIMEOUT);
     QNetworkReply *reply = m_network_manager->get(QNetworkRequest(m_url));
     connect(this, SIGNAL(sigAbortRequest()), reply, SLOT(abort()));
-    limitReply(reply, kMostPageBytes);
+    limitReply(reply, kMaxPageBytes);
 }
 
 void BrowserWindow::slotQueryTimeout()

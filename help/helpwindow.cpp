@@ -81,7 +81,7 @@ void HelpWindow::fallbackOffline()
     m_text_browser->setSearchPaths({m_local_folder});
     QFile file(m_local_folder + QLatin1Char('/') + m_context.link);
     // A pipe or a device is as good as missing: it might never end.
-    if (!isResourceFile(QFileInfo(file), kMostPageBytes) || !file.open(QIODevice::ReadOnly))
+    if (!isResourceFile(QFileInfo(file), kMaxPageBytes) || !file.open(QIODevice::ReadOnly))
         return;
     QTextStream stream(&file);
     stream.setCodec(QTextCodec::codecForName("Utf8"));

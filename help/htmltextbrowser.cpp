@@ -5,11 +5,12 @@
 #include "core/scaling_p.h"
 #include "help/helplimits_p.h"
 #include "help/imagedownloader_p.h"
+#include "help/pagecss_p.h"
 #include "help/pagedocument_p.h"
 #include "help/picturefolder_p.h"
 #include "help/picturescan_p.h"
 #include "help/safepage_p.h"
-#include "help/weburl_p.h"
+#include "help/webreply_p.h"
 
 #include <QDesktopServices>
 #include <QElapsedTimer>
@@ -86,7 +87,7 @@ bool HtmlTextBrowser::showContent(const QString &html)
                            << m_page_url.toString();
         return false;
     }
-    page()->forgetPictures();
+    page()->forgetPictures(safe.pictures);
     m_replaced_source = source();
     const BaseAddress base = isRichText ? findBaseAddress(html) : BaseAddress();
     if (base.start >= 0) {
@@ -139,7 +140,7 @@ void HtmlTextBrowser::startDownloads(int page)
     const auto turns = m_turns.find(page);
     if (turns == m_turns.end())
         return;
-    for (int started = 0; turns->running < kMostDownloadsAtOnce && !turns->waiting.isEmpty();
+    for (int started = 0; turns->running < kMaxDownloadsAtOnce && !turns->waiting.isEmpty();
          ++started) {
         if (started == kStartsPerEvent) {
             QMetaObject::invokeMethod(
@@ -272,9 +273,12 @@ QVariant HtmlTextBrowser::loadResource(int type, const QUrl &name)
     const bool isForeignFolder =
         isRelative && searchPaths().contains(pictureFolder()) && !isPictureFolderOwn();
     const QVariant found = isForeignFolder ? QVariant() : QTextBrowser::loadResource(type, name);
-    return found.isNull() && isRelative
+    const QVariant resource = found.isNull() && isRelative
         ? QTextBrowser::loadResource(type, m_page_url.resolved(name))
         : found;
+    if (type != QTextDocument::StyleSheetResource || resource.isNull())
+        return resource;
+    return withoutLargeNumbers(QString::fromUtf8(resource.toByteArray()));
 }
 
 void HtmlTextBrowser::resizeEvent(QResizeEvent *event)

@@ -4,7 +4,7 @@
 #include "core/logging_p.h"
 #include "help/helplimits_p.h"
 #include "help/picturefolder_p.h"
-#include "help/weburl_p.h"
+#include "help/webreply_p.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -87,7 +87,7 @@ void ImageDownloader::receive()
     *m_buffered_bytes += bytes.size();
     const bool isFromNetwork = isWebUrl(m_reply->url());
     if (!isFromNetwork
-        || (m_body.size() <= kMostPictureBytes && *m_buffered_bytes <= kMaxBufferedBytes))
+        || (m_body.size() <= kMaxWebPictureBytes && *m_buffered_bytes <= kMaxBufferedBytes))
         return;
     qCWarning(vemoLog) << "Too much data from" << m_reply->url().toString();
     *m_buffered_bytes -= m_body.size();

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "help/pagecss_p.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr int kMaxValueLength = 4000; // A picture may be in it.
+constexpr int kFontPixels = 20; // Of a letter of no size of its own.
+constexpr int kIndentPixels = 40; // Of a step to the right.
 
 bool isOneOf(QChar c, const char *letters)
 {
@@ -106,16 +111,51 @@ bool hasLargeNumber(const QString &name, const QString &value)
             ++i;
         if (isColour || i == start)
             continue;
-        const bool isRelative = value.midRef(i).startsWith(QLatin1Char('e'), Qt::CaseInsensitive);
-        if (depth == 0 && i - start > (isRelative ? 2 : maxDigits))
+        const QStringRef unit = value.midRef(i);
+        const bool isRelative = unit.startsWith(QLatin1Char('e'), Qt::CaseInsensitive);
+        const bool hasExponent = isRelative && unit.size() > 1 && unit.at(1).isDigit();
+        if (depth == 0 && (hasExponent || i - start > (isRelative ? 2 : maxDigits)))
             return true;
         --i;
     }
     return false;
 }
 
-void noteProperty(const QString &name, QStringView value, CssEffort *effort)
+/// The largest length in value, in pixels; not less than what the text engine makes of it.
+int largestLength(const QString &value)
 {
+    int largest = 0;
+    for (int i = 0; i < value.size(); ++i) {
+        const int start = i;
+        while (i < value.size() && value.at(i).isDigit())
+            ++i;
+        const int number = value.midRef(start, i - start).toInt();
+        const QStringRef unit = value.midRef(i);
+        if (unit.startsWith(QLatin1Char('e'), Qt::CaseInsensitive))
+            largest = qMax(largest, kFontPixels * (number + 1));
+        else if (unit.startsWith(QLatin1String("pt"), Qt::CaseInsensitive))
+            largest = qMax(largest, number * 4 / 3 + 1);
+        else
+            largest = qMax(largest, number);
+    }
+    return largest;
+}
+
+void noteLengths(const QString &name, const QString &value, CssEffort *effort)
+{
+    const auto begins = [&name](
+                            const char *start) { return name.startsWith(QLatin1String(start)); };
+    if (begins("font") || begins("line-height"))
+        effort->maxLine = qMax(effort->maxLine, largestLength(value) * 3 / 2);
+    else if (begins("margin") || begins("padding") || begins("border") || begins("height")
+        || name.contains(QLatin1String("indent")))
+        effort->maxLength =
+            qMax(effort->maxLength, largestLength(value) * (begins("-qt") ? kIndentPixels : 1));
+}
+
+void noteProperty(const QString &name, const QString &value, CssEffort *effort)
+{
+    noteLengths(name, value, effort);
     ++effort->declarations;
     effort->hasWhiteSpace |= name == QLatin1String("white-space");
     effort->hasFonts |= name.startsWith(QLatin1String("font"));
@@ -152,6 +192,12 @@ bool isPlainSelector(QStringView selector)
     });
 }
 
+bool isOfHeadings(const QString &selector)
+{
+    static const QRegularExpression headings(QStringLiteral("^h[1-6](, ?h[1-6])*$"));
+    return headings.match(selector).hasMatch();
+}
+
 void noteSelector(const QString &selector, CssEffort *effort)
 {
     effort->selectors += 1 + selector.count(QLatin1Char(','));
@@ -173,7 +219,12 @@ QString rule(const QString &selector, QStringView block, bool mayHoldMedia, CssE
     if (!isPlainSelector(selector))
         return {};
     noteSelector(selector, effort);
-    return selector + QLatin1Char('{') + declarations(block, effort) + QLatin1Char('}');
+    const int maxLine = std::exchange(effort->maxLine, 0);
+    const QString plain = declarations(block, effort);
+    int &line = isOfHeadings(selector) ? effort->maxHeadingLine : effort->maxLine;
+    line = qMax(line, std::exchange(effort->maxLine, 0));
+    effort->maxLine = qMax(maxLine, effort->maxLine);
+    return selector + QLatin1Char('{') + plain + QLatin1Char('}');
 }
 
 /// The end of the block that begins at position, at its closing brace.
@@ -208,6 +259,24 @@ QString rules(QStringView css, bool mayHoldMedia, CssEffort *effort)
 }
 
 } // namespace
+
+QString withoutLargeNumbers(const QString &css)
+{
+    const QString text = withoutComments(css);
+    QString kept;
+    for (int start = 0; start < text.size();) {
+        const int end = findOutside(text, start, ";{}");
+        const QStringView each = QStringView(text).mid(start, end - start);
+        const int colon = int(each.indexOf(QLatin1Char(':')));
+        const bool isSelector = end < text.size() && text.at(end) == QLatin1Char('{');
+        const bool isLeftOut = colon >= 0 && !isSelector
+            && hasLargeNumber(
+                each.left(colon).trimmed().toString().toLower(), each.mid(colon + 1).toString());
+        kept += text.midRef(isLeftOut ? end : start, isLeftOut ? 1 : end + 1 - start);
+        start = end + 1;
+    }
+    return kept == text ? css : kept;
+}
 
 QString plainDeclarations(const QString &css, CssEffort *effort)
 {

@@ -11,6 +11,9 @@ struct CssEffort
     int declarations = 0;
     int ancestors = 0; ///< Steps from an element to those around it.
     int siblings = 0; ///< Steps to the one before it.
+    int maxLength = 0; ///< Pixels of the largest margin, padding, border, indent or height.
+    int maxLine = 0; ///< Pixels that a line of the largest font or line height takes.
+    int maxHeadingLine = 0; ///< The same for headings alone.
     bool hasFonts = false;
     bool hasFloats = false;
     bool hasWhiteSpace = false;
@@ -24,3 +27,7 @@ QString plainDeclarations(const QString &css, CssEffort *effort);
 /// css, of a style sheet, rewritten in the same way. Rules but those for media are left out,
 /// imports in particular.
 QString plainStyleSheet(const QString &css, CssEffort *effort);
+
+/// css, a style sheet or a style attribute of a local page, without the declarations whose lengths
+/// are too large for the text engine; letter for letter the same if there are none.
+QString withoutLargeNumbers(const QString &css);

@@ -76,8 +76,9 @@ void PageDocument::setLocalFilesAllowed(bool allowed)
     m_local_files_allowed = allowed;
 }
 
-void PageDocument::forgetPictures()
+void PageDocument::forgetPictures(int count)
 {
+    m_max_picture_height = kMaxPicturesHeight / qMax(1, count);
     m_pictures.clear();
     m_local_pictures.clear();
     m_warned_of.clear();

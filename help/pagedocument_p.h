@@ -2,6 +2,7 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
+#include "help/helplimits_p.h"
 #include "help/webpicture_p.h"
 
 #include <QHash>
@@ -22,8 +23,10 @@ public:
     bool areLocalFilesAllowed() const { return m_local_files_allowed; }
     void setLocalFilesAllowed(bool allowed);
 
-    /// Discards all pictures, before another page is shown.
-    void forgetPictures();
+    /// Discards all pictures, before another page with this number of pictures is shown.
+    void forgetPictures(int count);
+    /// No picture is shown higher than this, in pixels.
+    int maxPictureHeight() const { return m_max_picture_height; }
     /// Reloads the pictures with these file names and updates the layout of the text around them.
     void renewPictures(const QSet<QString> &fileNames);
     /// After the width of the page has changed, updates the layout of pictures that are as wide as
@@ -55,6 +58,7 @@ private:
     bool m_local_files_allowed = false;
     QHash<QString, WebPicture> m_pictures; // By their address on the page.
     qint64 m_pixels = 0; // Of them.
+    int m_max_picture_height = kMaxPicturesHeight;
     QSet<QString> m_warned_of;
     int m_fitted_width = 0; // The page's, when the pictures were last fitted into it.
     QHash<QString, QPixmap> m_local_pictures;

@@ -4,6 +4,7 @@
 
 #include "help/pagecss_p.h"
 
+#include <QChar>
 #include <QSet>
 
 /// Estimates what the text engine takes for a page, in nanoseconds. The figures are measured with
@@ -12,13 +13,17 @@ class PageWork
 {
 public:
     qint64 total() const { return m_total; }
-    bool isTooMuch() const { return m_total > kMaxWork; }
+    bool isTooMuch() const { return m_total > kMaxWork || m_height > kMaxHeight; }
 
+    /// The text engine never returns from a page that is more than 8 million pixels high. Fonts may
+    /// be twice as large as assumed here, and pictures take kMaxPicturesHeight of it.
+    void addHeight(qint64 pixels) { m_height += pixels; }
     /// Everything inside of a table is laid out twice.
     void setTables(int depth) { m_tables = depth; }
     void addText(int letters, int signs) { add(kLetter * letters + kSign * signs); }
     void addLines(int count) { add(kElement * count); }
-    void addFont(uint font);
+    /// The text engine looks for a monospaced font again for each text.
+    void addFont(uint font, bool isMonospaced);
     void addElement(int depth, int sibling, const CssEffort &css);
     /// An end looks for its beginning.
     void addClosing(int depth) { m_total += kDepth * depth; }
@@ -35,6 +40,7 @@ public:
     void addCell(int gridGrowth) { add(kCell + kGrid * qint64(gridGrowth)); }
 
     static constexpr int kPictureAsLetters = 6;
+    static constexpr qint64 kMaxHeight = 2500000; ///< In pixels.
 
 private:
     void add(qint64 work) { m_total += work << m_tables; }
@@ -51,6 +57,7 @@ private:
     static constexpr qint64 kSibling = 50;
     static constexpr qint64 kAttributeLetter = 150;
     static constexpr qint64 kFont = 1000000;
+    static constexpr qint64 kMonospaced = 170000;
     static constexpr qint64 kItem = 140;
     static constexpr qint64 kPictureLetter = 45;
     static constexpr qint64 kFloat = 1;
@@ -59,13 +66,16 @@ private:
     static constexpr qint64 kGrid = 3000;
 
     qint64 m_total = 0;
+    qint64 m_height = 0;
     int m_tables = 0;
     qint64 m_floats = 0;
     QSet<uint> m_fonts;
 };
 
-inline void PageWork::addFont(uint font)
+inline void PageWork::addFont(uint font, bool isMonospaced)
 {
+    if (isMonospaced)
+        add(kMonospaced);
     if (m_fonts.contains(font))
         return;
     m_fonts.insert(font);
@@ -84,3 +94,67 @@ inline void PageWork::addFloat(bool isTable)
     m_total += (kFloat * m_floats * m_floats) << (isTable ? 3 * m_tables : m_tables);
     ++m_floats;
 }
+
+/// Counts the letters of a text by what they cost.
+class TextWork
+{
+public:
+    /// What lines have to be filled with.
+    enum Width { FULL_WIDTH, WIDTH_OF_WORDS, NO_WIDTH };
+
+    void take(QChar c)
+    {
+        const ushort code = c.unicode();
+        const bool isLatin = (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z');
+        const QChar::Script script = isLatin ? QChar::Script_Latin
+            : code < 0x80                    ? QChar::Script_Common
+                                             : c.script();
+        const bool isOther = script != m_script && script > QChar::Script_Common;
+        if (isOther)
+            m_script = script;
+        if (isOther || isComplex(code))
+            ++m_signs;
+        else
+            ++m_letters;
+        m_lines += code == '\n';
+        m_breaks += code == 0x2028 || code == 0x2029;
+        m_words += code == ' ' || code == '\n';
+        m_signs += code == 0x2029 ? kSignsOfParagraph : 0;
+    }
+    /// Charges what has been taken since the last time.
+    void chargeTo(PageWork *work, bool linesCount)
+    {
+        work->addText(m_letters, m_signs);
+        if (linesCount)
+            work->addLines(m_lines);
+        m_letters = m_signs = m_lines = m_breaks = m_words = 0;
+    }
+    /// The pixels that what has been taken since the last time may be high, in lines of so many.
+    qint64 height(Width width, int line, bool linesCount) const
+    {
+        // Half of what a window of usual width has room for.
+        const int lettersOfLine = qMax(1, 1400 / line);
+        const int all = m_letters + m_signs;
+        const int wrapped = width == NO_WIDTH ? all
+            : width == WIDTH_OF_WORDS         ? m_words + 1
+                                              : all / lettersOfLine;
+        return qint64(line) * (wrapped + m_breaks + (linesCount ? m_lines : 0));
+    }
+
+private:
+    static bool isComplex(ushort code)
+    {
+        return (code >= 0x0300 && code < 0x0370) || (code >= 0x0590 && code < 0x1E00)
+            || (code >= 0x2000 && code < 0x2010) || (code >= 0x2028 && code < 0x2030)
+            || (code >= 0x2060 && code < 0x2070) || code < 0x09 || code >= 0xD800;
+    }
+
+    static constexpr int kSignsOfParagraph = 3;
+
+    QChar::Script m_script = QChar::Script_Latin;
+    int m_letters = 0;
+    int m_signs = 0;
+    int m_lines = 0;
+    int m_breaks = 0; ///< That hold whatever the text is in.
+    int m_words = 0;
+};

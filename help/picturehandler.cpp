@@ -44,6 +44,10 @@ QSizeF PictureHandler::intrinsicSize(
         if (!hasHeight)
             size.setHeight(hasWidth ? qRound(size.width() / ratio) : natural.height());
     }
+    const qreal maxHeight = m_page->maxPictureHeight();
+    if (size.height() > maxHeight)
+        size =
+            QSizeF(hasWidth ? size.width() : size.width() * maxHeight / size.height(), maxHeight);
     return size * pointsScale(document);
 }
 

@@ -3,7 +3,7 @@
 
 #include "help/helplimits_p.h"
 #include "help/htmltokens_p.h"
-#include "help/textwork_p.h"
+#include "help/pagework_p.h"
 #include "help/wordbreaks_p.h"
 
 #include <QHash>
@@ -11,6 +11,9 @@
 #include <algorithm>
 
 namespace {
+
+constexpr int kLinePixels = 20; // Of a font of usual size.
+constexpr int kIndentPixels = 40; // Of a list or a quotation.
 
 bool isOneOf(const QString &name, std::initializer_list<const char *> names)
 {
@@ -84,6 +87,9 @@ struct Element
     int rows = 0; ///< Of a table, as the next two.
     int columns = 0;
     int columnsOfRow = 0;
+    int indent = 0; ///< In pixels, as the next one.
+    int cellHeight = 0; ///< Of a table: what it adds to each of its rows.
+    int line = 0; ///< Of its text, if that is higher than usual.
 };
 
 /// text with the entities of the signs that HTML is made of, and numeric ones, resolved.
@@ -125,12 +131,15 @@ bool isTooLong(const HtmlAttribute &attribute)
     if (!isOneOf(attribute.name,
             {"width", "height", "border", "cellpadding", "cellspacing", "size", "start", "value"}))
         return false;
-    const QString length = resolved(attribute.value).trimmed();
-    int end = 0;
-    while (
-        end < length.size() && (length.at(end).isDigit() || (end == 0 && !length.at(0).isLetter())))
-        ++end;
-    return end > 5 || qAbs(length.leftRef(end).toInt()) > kMaxLength;
+    QString length = resolved(attribute.value).trimmed();
+    // Another entity may be a blank: the text engine finds a number behind it.
+    if (length.contains(QLatin1Char('&')))
+        return true;
+    if (length.endsWith(QLatin1Char('%')))
+        length.chop(1);
+    bool isNumber = false;
+    const double number = length.toDouble(&isNumber);
+    return isNumber && !(qAbs(number) <= kMaxLength); // Neither is one that is infinite, or none.
 }
 
 /// Reads a page and writes it again.
@@ -159,6 +168,10 @@ private:
     void noteFont(const QString &declarations, Font *font) const;
     void chargeElement(const HtmlToken &token);
     void chargeCell(bool isRow);
+    void chargeHeight(const QString &name, int traits);
+    void noteHeight(const QString &name, const QString &length);
+    TextWork::Width width() const;
+    int line() const;
     void beginLine();
 
     void writeText(QStringView text);
@@ -180,9 +193,15 @@ private:
     bool m_keeps_lines = false; // Whether a line of the page may be one of the text.
     int m_paragraph = 0; // Letters since the last line began.
     int m_loose_items = 0;
-    int m_columns = 1; // Of the tag in hand.
+    bool m_has_floats = false;
+    int m_pictures = 0;
+    int m_indent = 0; // Of the open elements, in pixels.
+    int m_columns = 1; // Of the tag in hand, as the rest.
     int m_rows = 1;
     bool m_floats = false;
+    int m_length = 0; // The largest of its style.
+    int m_cell_height = 0;
+    int m_own_line = 0;
 };
 
 PageWriter::PageWriter(const QString &html, bool isFromNetwork)
@@ -196,10 +215,10 @@ SafePage PageWriter::write()
     HtmlToken token;
     while (!m_is_too_deep && !m_work.isTooMuch()) {
         if (!m_tokens.next(&token))
-            return {SafePage::FINE, m_html, m_work.total()};
+            return {SafePage::FINE, m_html, m_work.total(), m_pictures};
         read(token);
     }
-    return {m_is_too_deep ? SafePage::TOO_DEEP : SafePage::TOO_SLOW, {}, m_work.total()};
+    return {m_is_too_deep ? SafePage::TOO_DEEP : SafePage::TOO_SLOW, {}, m_work.total(), 0};
 }
 
 void PageWriter::read(const HtmlToken &token)
@@ -234,6 +253,7 @@ void PageWriter::open(const HtmlToken &token)
     m_html += QLatin1Char('<') + token.name;
     const Font font = writeAttributes(token, traits);
     chargeElement(token);
+    chargeHeight(token.name, traits);
     const bool isEmpty = (traits & EMPTY) || token.endsItself;
     m_html += isEmpty ? QLatin1String(" />") : QLatin1String(">");
     if (token.name == QLatin1String("br"))
@@ -288,10 +308,18 @@ void PageWriter::push(const QString &name, const Font &font, bool isWritten)
     element.name = name;
     element.font = font;
     element.isWritten = isWritten;
+    const bool isIndented = isWritten && isOneOf(name, {"ul", "ol", "dd", "blockquote"});
+    element.indent = (isIndented ? kIndentPixels : 0)
+        + (isWritten && (traitsOf(name) & BLOCK) ? qMax(m_length, m_css.maxLength) : 0);
+    element.cellHeight = m_cell_height;
+    element.line = qMax(m_own_line, m_open.isEmpty() ? 0 : m_open.last().line);
+    if (name.size() == 2 && name.at(0) == QLatin1Char('h') && (traitsOf(name) & SIZED))
+        element.line = qMax(element.line, m_css.maxHeadingLine);
+    m_indent += element.indent;
     m_open += element;
     if (name == QLatin1String("table"))
         m_work.setTables(++m_tables);
-    m_is_too_deep |= m_open.size() > kMostNestedTags || m_tables > kMostNestedTables;
+    m_is_too_deep |= m_open.size() > kMaxNestedTags || m_tables > kMaxNestedTables;
 }
 
 void PageWriter::close(const QString &name)
@@ -311,6 +339,7 @@ void PageWriter::closeDownTo(int index)
 void PageWriter::closeInnermost()
 {
     const Element element = m_open.takeLast();
+    m_indent -= element.indent;
     if (element.name == QLatin1String("table"))
         m_work.setTables(--m_tables);
     if (traitsOf(element.name) & LINES)
@@ -343,6 +372,7 @@ Font PageWriter::writeAttributes(const HtmlToken &token, int traits)
     if (m_css.hasFonts)
         font.other = qHash(token.name, font.other);
     m_columns = m_rows = 1;
+    m_length = m_cell_height = m_own_line = 0;
     m_floats = m_css.hasFloats;
     for (const HtmlAttribute &attribute : token.attributes)
         writeAttribute(attribute, &font);
@@ -361,16 +391,19 @@ void PageWriter::writeAttribute(const HtmlAttribute &attribute, Font *font)
             attribute.hasEntities ? resolved(attribute.value) : attribute.value.toString();
         CssEffort effort;
         const QString declarations = plainDeclarations(css, &effort);
-        writeEscaped(m_is_from_network ? declarations : css, false);
+        writeEscaped(m_is_from_network ? declarations : withoutLargeNumbers(css), false);
         m_css.hasDisplay |= effort.hasDisplay;
         m_css.hasWhiteSpace |= effort.hasWhiteSpace;
         m_floats |= effort.hasFloats;
+        m_length = qMax(m_length, effort.maxLength);
+        m_own_line = qMax(m_own_line, effort.maxLine);
         if (effort.hasFonts)
             noteFont(declarations, font);
     } else if (isOneOf(name, {"colspan", "rowspan"})) {
         m_html += spanOf(attribute);
     } else {
         writeEscaped(attribute.value, attribute.hasEntities);
+        noteHeight(name, resolved(attribute.value));
         m_floats |= name == QLatin1String("align") && isSide(attribute.value);
         if (name == QLatin1String("size"))
             font->size = qHash(attribute.value);
@@ -408,7 +441,9 @@ void PageWriter::chargeElement(const HtmlToken &token)
     m_work.addElement(m_open.size(), sibling, m_css);
     const QString &name = token.name;
     m_keeps_lines |= isOneOf(name, {"pre", "meta"});
+    m_has_floats |= m_floats;
     if (name == QLatin1String("img")) {
+        ++m_pictures;
         m_work.addPicture(m_paragraph);
         m_paragraph += PageWork::kPictureAsLetters;
     } else if (name == QLatin1String("li")) {
@@ -419,6 +454,50 @@ void PageWriter::chargeElement(const HtmlToken &token)
     }
     if (m_floats && isOneOf(name, {"img", "table"}))
         m_work.addFloat(name == QLatin1String("table"));
+}
+
+/// What element adds to the page's height besides its text.
+void PageWriter::chargeHeight(const QString &name, int traits)
+{
+    constexpr int kLengths = 3; // A margin, a padding and a border, say.
+    if (name == QLatin1String("br"))
+        m_work.addHeight(line());
+    if (!(traits & BLOCK))
+        return;
+    const bool hasMargins = isOneOf(name,
+        {"p", "h1", "h2", "h3", "h4", "h5", "h6", "ul", "ol", "dl", "pre", "blockquote", "hr"});
+    m_work.addHeight(kLengths * qMax(m_length, m_css.maxLength) + (hasMargins ? kLinePixels : 0));
+    if (traits & LINES)
+        m_work.addHeight((traits & SIZED) ? qMax(3 * line(), m_css.maxHeadingLine) : line());
+    const int table = isOneOf(name, {"td", "th"}) ? indexOf(QStringLiteral("table")) : -1;
+    if (table >= 0)
+        m_work.addHeight(m_open.at(table).cellHeight);
+}
+
+void PageWriter::noteHeight(const QString &name, const QString &length)
+{
+    const int pixels = qBound(0, int(length.toDouble()), 10000);
+    if (name == QLatin1String("height"))
+        m_work.addHeight(pixels);
+    else if (isOneOf(name, {"border", "cellpadding", "cellspacing"}))
+        m_cell_height += 2 * pixels;
+    else if (name == QLatin1String("size"))
+        m_own_line = qMax(m_own_line, 3 * kLinePixels);
+}
+
+/// Pixels of a line.
+int PageWriter::line() const
+{
+    const int ofElement = m_open.isEmpty() ? 0 : m_open.last().line;
+    return qMax(qMax(kLinePixels, m_css.maxLine), qMax(ofElement, m_own_line));
+}
+
+TextWork::Width PageWriter::width() const
+{
+    constexpr int kNarrow = 500; // Pixels taken from a window of usual width.
+    return m_indent > kNarrow          ? TextWork::NO_WIDTH
+        : m_tables > 0 || m_has_floats ? TextWork::WIDTH_OF_WORDS
+                                       : TextWork::FULL_WIDTH;
 }
 
 /// A table is as wide as its widest row.
@@ -449,7 +528,7 @@ void PageWriter::beginLine()
 void PageWriter::writeText(QStringView text)
 {
     if (!m_open.isEmpty() && !text.trimmed().isEmpty())
-        m_work.addFont(m_open.last().font.hash());
+        m_work.addFont(m_open.last().font.hash(), m_open.last().font.traits & MONOSPACED);
     int start = 0;
     for (int i = 0; i < text.size(); ++i) {
         const QChar c = text.at(i);
@@ -464,7 +543,9 @@ void PageWriter::writeText(QStringView text)
             i = qMax(i, htmlEntityEnd(text, i) - 1);
     }
     writeEscaped(text.mid(start), true);
-    m_letters.chargeTo(&m_work, m_keeps_lines || m_css.hasWhiteSpace);
+    const bool linesCount = m_keeps_lines || m_css.hasWhiteSpace;
+    m_work.addHeight(m_letters.height(width(), line(), linesCount));
+    m_letters.chargeTo(&m_work, linesCount);
     m_paragraph += int(text.size());
 }
 
@@ -510,7 +591,7 @@ void PageWriter::writeStyleSheet()
 {
     const QString css = resolved(m_raw);
     const QString plain = plainStyleSheet(css, &m_css);
-    writeEscaped(m_is_from_network ? plain : css, false);
+    writeEscaped(m_is_from_network ? plain : withoutLargeNumbers(css), false);
     m_work.addAttribute(css.size());
 }
 
@@ -536,8 +617,9 @@ SafePage safePlainText(const QString &text)
             broken += WordBreaks::kBreak;
         broken += c;
     }
+    work.addHeight(letters.height(TextWork::FULL_WIDTH, kLinePixels, true));
     letters.chargeTo(&work, true);
     if (work.isTooMuch())
-        return {SafePage::TOO_SLOW, {}, work.total()};
-    return {SafePage::FINE, broken, work.total()};
+        return {SafePage::TOO_SLOW, {}, work.total(), 0};
+    return {SafePage::FINE, broken, work.total(), 0};
 }

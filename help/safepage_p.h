@@ -12,6 +12,7 @@ struct SafePage
     Verdict verdict = FINE;
     QString html; ///< Empty unless FINE.
     qint64 work = 0; ///< What the text engine will take by estimate, in nanoseconds.
+    int pictures = 0; ///< How many it has.
 };
 
 /// Writes the page html again so that nothing in it has two readings, and judges what it costs to
@@ -26,7 +27,7 @@ struct SafePage
 /// the title after kMaxTitleLength.
 ///
 /// On a page from the network, style sheets are written again, too, and files with style sheets are
-/// left out.
+/// left out. On another page they stay as they are, but for lengths that are too large.
 SafePage safePage(const QString &html, bool isFromNetwork);
 
 /// The same for plain text: html is the text with its endless words broken.

@@ -64,7 +64,7 @@ WebPicture readWebPicture(QIODevice *device, qint64 pixelsLeft, int maxWidth)
     if (picture.size.isEmpty())
         return failed(WebPicture::UNREADABLE);
     const qint64 pixels = qint64(picture.size.width()) * picture.size.height();
-    if (pixels > kMostPicturePixels)
+    if (pixels > kMaxPicturePixels)
         return failed(WebPicture::TOO_LARGE);
     if (pixels > pixelsLeft)
         return failed(WebPicture::TOO_MANY);

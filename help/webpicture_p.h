@@ -17,7 +17,7 @@ struct WebPicture
 };
 
 /// Reads a picture if it is a PNG, JPEG, GIF, BMP or WebP by its content, and judges its size by
-/// its header before it is decoded: no more than kMostPicturePixels, and no more than pixelsLeft.
+/// its header before it is decoded: no more than kMaxPicturePixels, and no more than pixelsLeft.
 /// What is wider than maxWidth is decoded at that width.
 WebPicture readWebPicture(QIODevice *device, qint64 pixelsLeft, int maxWidth);
 

@@ -147,7 +147,7 @@ void fuzzHelpPages(const QByteArray &data)
         browser->setDocument(document);
         browser->setSearchPaths({QDir::tempPath() + QLatin1String("/vemo-no-such-folder")});
     }
-    document->forgetPictures();
+    document->forgetPictures(0);
     browser->setHtml(safe.html);
     document->setTextWidth(400);
     document->renewPictures({QStringLiteral("s.png")});

@@ -102,8 +102,10 @@ private:
     {
         return oneOf({"\"20480\"", "9", "\"/>\"", "\"</table>\"", "'<!--'", "\"100%\"", "left",
             "\"float:left\"", "\"display:inline\"", "\"white-space:pre\"", "'font-size:40px'",
-            "\"fl\\6f at:left\"", "\"margin:99999999px\"", "\"-1\"", "99999999999", "\"a b\"",
-            "\"data:image/png;base64,AAAA\"", "\"../x.png\"", "\"unended"});
+            "\"fl\\6f at:left\"", "\"margin:99999999px\"", "\"margin:9e9px\"", "\"margin:9999px\"",
+            "\"-qt-list-indent:9999\"", "9e9", "inf", "9999", "\"&nbsp;99999999\"", "\"-1\"",
+            "99999999999", "\"a b\"", "\"data:image/png;base64,AAAA\"", "\"../x.png\"",
+            "\"unended"});
     }
 
     QString text()
@@ -126,7 +128,8 @@ private:
         const QString rule = oneOf({"p", "*", "td", ".a", "b + b", "div p b", "a:link",
                                  "@media x{p", "@import 'x'; p", "/*p", "<!-- p"})
             + oneOf({"{color:red}", "{float:left}", "{display:inline}", "{font-size:9px;color:red}",
-                "{white-space:pre}", "{margin:9px", "{background:url(x}", "{", "}"});
+                "{margin:1e9px}", "{white-space:pre}", "{margin:9px", "{background:url(x}", "{",
+                "}"});
         return rule.repeated(1 + below(below(8) == 0 ? 200 : 4));
     }
 

@@ -340,7 +340,7 @@ void tst_htmltextbrowser::theSameAddressTwiceAtOnceIsFetchedTwice()
 
 void tst_htmltextbrowser::noMoreThanSixtyFourAtOnce()
 {
-    QCOMPARE(kMostDownloadsAtOnce, 64);
+    QCOMPARE(kMaxDownloadsAtOnce, 64);
     m_server->setAnswer({}, page("bytes"));
     const Answer silent = silence();
     for (int i = 0; i < 64; ++i)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "help/helphost.h"
+#include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
 #include "help/imagedownloader_p.h"
 #include "help/picturefolder_p.h"
@@ -38,6 +39,8 @@ private Q_SLOTS:
     void picturesAreJudgedByTheirHeader();
     void thePicturesOfAPageHaveOneLimit();
     void aPictureWiderThanThePageIsFittedIn();
+    void thePicturesOfAPageAreNotTooHighTogether_data();
+    void thePicturesOfAPageAreNotTooHighTogether();
     void nothingIsReadFromAFolderThatIsNotTheUsersOwn_data();
     void nothingIsReadFromAFolderThatIsNotTheUsersOwn();
     void noAddressOfAPageIsAFileToTheLayout();
@@ -206,6 +209,10 @@ void tst_pagesafety::onlyPlainFormatsAreShown_data()
         << QString::fromLatin1(svg).arg(secret()).toLatin1() << false;
     QTest::newRow("SVG that names a device that never answers")
         << QString::fromLatin1(svg).arg(QStringLiteral("/dev/zero")).toLatin1() << false;
+    QTest::newRow("SVG of 16,000 x 16,000")
+        << QByteArray(svg).replace("\"60\"", "\"16000\"").replace("%1", "") << false;
+    QTest::newRow("a megabyte of compressed SVG")
+        << QByteArray::fromHex("1f8b0800000000000003") + QByteArray(1024 * 1024, 'x') << false;
     QTest::newRow("SVG, compressed")
         << QByteArray::fromHex("1f8b08000000000000032b2e4b57a8c8cd") << false;
     for (const char *format : {"PPM", "XPM", "XBM", "ICO"})
@@ -299,14 +306,14 @@ void tst_pagesafety::thePicturesOfAPageHaveOneLimit()
     image.save(&bytes, "PNG");
     QVERIFY(preparePictureFolder());
     QString html = QStringLiteral("<html><base href=\"http://127.0.0.1:1/\">");
-    for (int i = 0; i < 7; ++i) { // 25 million pixels each: five are fewer than 128 Mi.
+    for (int i = 0; i < 12; ++i) { // 25 million pixels each: five are fewer than 128 Mi.
         const QString name = QStringLiteral("p%1.png").arg(i);
         writePicture(pictureFolder() + QLatin1Char('/') + name, bytes.data());
         html += QStringLiteral("<p><img src=\"%1\">").arg(name);
     }
     m_browser->setHtmlContent(html);
     const QStringList warnings = messages.take();
-    QCOMPARE(warnings.size(), 2);
+    QCOMPARE(warnings.size(), 7);
     for (const QString &warning : warnings)
         QVERIFY(warning.startsWith(QLatin1String("Page has too many large pictures to show \"p")));
     // The next page begins at nothing.
@@ -340,6 +347,27 @@ void tst_pagesafety::aPictureWiderThanThePageIsFittedIn()
     m_browser->setHtmlContent(
         QStringLiteral("<html><img width=\"900\" src=\"%1\"></html>").arg(source));
     QVERIFY(m_browser->horizontalScrollBar()->maximum() > 500);
+}
+
+void tst_pagesafety::thePicturesOfAPageAreNotTooHighTogether_data()
+{
+    QTest::addColumn<QString>("attributes");
+    QTest::newRow("their own height") << "";
+    QTest::newRow("by their width") << "width=\"40\"";
+}
+
+void tst_pagesafety::thePicturesOfAPageAreNotTooHighTogether()
+{
+    QFETCH(const QString, attributes);
+    QImage image(20, 40000, QImage::Format_Mono);
+    image.fill(1);
+    QBuffer bytes;
+    image.save(&bytes, "PNG");
+    const QString picture =
+        QStringLiteral("<p><img %1 src=\"%2\">").arg(attributes, dataAddress(bytes.data()));
+    m_browser->setHtmlContent("<html>" + picture.repeated(100));
+    const double height = m_browser->document()->size().height();
+    QVERIFY(height > 0.9 * kMaxPicturesHeight && height < 1.1 * kMaxPicturesHeight);
 }
 
 void tst_pagesafety::nothingIsReadFromAFolderThatIsNotTheUsersOwn_data()
