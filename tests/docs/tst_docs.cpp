@@ -130,6 +130,7 @@ private Q_SLOTS:
     void everyLinkLeadsSomewhere();
     void everyNameOfTheInterfaceIsInAGuide();
     void everyWarningIsInAGuide();
+    void everyTestOfASecurityPromiseExists();
     void everyStyleSectionIsInTheThemingGuide();
     void everyClassHasAnExampleAndEveryWidgetAPicture_data();
     void everyClassHasAnExampleAndEveryWidgetAPicture();
@@ -179,6 +180,24 @@ void DocsTest::everyWarningIsInAGuide()
     QVERIFY(warnings.size() >= 15);
     for (const QString &warning : qAsConst(warnings))
         QVERIFY2(text.contains(warning), qPrintable(warning));
+}
+
+void DocsTest::everyTestOfASecurityPromiseExists()
+{
+    static const QRegularExpression named("`(?:(tst_\\w+)(?:::(\\w+))?|([a-z]+[A-Z]\\w*))`");
+    QString allTests;
+    for (const QString &path : filesIn("tests/help", "tst_*.cpp"))
+        allTests += textOf(path);
+    int count = 0;
+    for (auto match = named.globalMatch(textOf("SECURITY.md")); match.hasNext(); ++count) {
+        const QRegularExpressionMatch found = match.next();
+        const QString program = found.captured(1);
+        const QString test = found.captured(2) + found.captured(3);
+        const QString text =
+            program.isEmpty() ? allTests : textOf("tests/help/" + program + ".cpp");
+        QVERIFY2(text.contains("void " + test), qPrintable(found.captured()));
+    }
+    QVERIFY(count >= 30);
 }
 
 void DocsTest::everyStyleSectionIsInTheThemingGuide()
