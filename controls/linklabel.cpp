@@ -107,7 +107,7 @@ LinkLabel::LinkLabel(QWidget *parent) : LinkLabel(QString())
 LinkLabel::~LinkLabel()
 {
     // Qt sends no leave event to a widget that is destroyed under the pointer.
-    for (; m_hands > 0; --m_hands)
+    for (; m_cursorsSet > 0; --m_cursorsSet)
         removeTopmostHand();
 }
 
@@ -129,7 +129,7 @@ void LinkLabel::enterEvent(QEvent *event)
     m_has_left = false;
     if (isEnabled()) {
         QGuiApplication::setOverrideCursor(Qt::PointingHandCursor);
-        ++m_hands;
+        ++m_cursorsSet;
         if (m_hoverUnderline)
             setUnderlined(true);
     }
@@ -152,7 +152,7 @@ void LinkLabel::leaveEvent(QEvent *event)
     // Deliberate: restores a cursor even if this label has set none, for instance because it was
     // enabled under the pointer.
     QGuiApplication::restoreOverrideCursor();
-    m_hands = qMax(0, m_hands - 1);
+    m_cursorsSet = qMax(0, m_cursorsSet - 1);
     if (m_hoverUnderline)
         setUnderlined(false);
     ClickableLabel::leaveEvent(event);

@@ -7,9 +7,9 @@
 
 class QWidget;
 
-/// What accessibleList() leaves out: some widgets, and those whose focus policy is too weak.
+/// The widgets that accessibleList() leaves out: given ones, and those with a lower focus policy.
 ///
-///     // Only what the Tab key stops at, without the close button.
+///     // Only the Tab stops, without the close button.
 ///     const AccessibleFilter filter({ closeButton }, Qt::StrongFocus);
 ///     const QList<QWidget *> order = accessibleList(window, filter);
 ///
@@ -17,20 +17,22 @@ class QWidget;
 class VEMO_EXPORT AccessibleFilter
 {
 public:
-    /// Leaves nothing out: no widgets, and the level Qt::NoFocus.
+    /// Leaves out nothing: no widgets, and the level Qt::NoFocus.
     AccessibleFilter() = default;
-    /// Leaves out widgets, and what takes less focus than level. The widgets stay the caller's.
+    /// Leaves out widgets, and all widgets with a focus policy below level. The caller keeps
+    /// ownership of the widgets.
     AccessibleFilter(const QList<QWidget *> &widgets, Qt::FocusPolicy level);
 
-    /// The widgets never listed; their children still are. Pointers are compared, never followed.
+    /// The widgets that are never listed, although their children are. The pointers are compared
+    /// but never dereferenced.
     const QList<QWidget *> &filterWidgets() const { return m_filter_widgets; }
-    /// Replaces the widgets never listed.
+    /// Sets the widgets that are never listed.
     void setFilterWidgets(const QList<QWidget *> &widgets) { m_filter_widgets = widgets; }
 
-    /// The least focus policy that is listed. Policies are compared as the integers they are:
+    /// The lowest focus policy that is listed. Policies are compared as integers:
     /// NoFocus 0, TabFocus 1, ClickFocus 2, StrongFocus 11, WheelFocus 15.
     Qt::FocusPolicy focusLevel() const { return m_focus_level; }
-    /// Replaces the least focus policy.
+    /// Sets the lowest focus policy that is listed.
     void setFocusLevel(Qt::FocusPolicy level) { m_focus_level = level; }
 
 private:
@@ -38,21 +40,21 @@ private:
     Qt::FocusPolicy m_focus_level = Qt::NoFocus;
 };
 
-/// The visible widgets under root, itself included, that can take the keyboard focus and are not
-/// excluded: each before its children, siblings in the order of QObject::children(). That is the
-/// order in which they were added until raise(), lower() or stackUnder() moves one.
+/// Returns root and the visible widgets below it that accept the keyboard focus and are not
+/// excluded: parents before their children, siblings in the order of QObject::children(). That is
+/// the order in which they were added, unless raise(), lower() or stackUnder() has moved one.
 ///
-/// Empty for a root that is null or hidden; a hidden widget hides all that is under it. Only the
-/// focus policy counts, so disabled widgets are listed, too. Nothing has to be initialised first.
+/// The list is empty if root is null or hidden; a hidden widget excludes everything below it. Only
+/// the focus policy is considered, so disabled widgets are listed as well. Requires: nothing.
 ///
 ///     const QList<QWidget *> order = accessibleList(window, QList<QWidget *>{ closeButton });
 VEMO_EXPORT QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded);
 
-/// The same walk, taking the widgets that pass filter. The default filter passes every visible
-/// widget, also those without focus.
+/// Returns the widgets that pass filter, in the same order. The default filter passes every visible
+/// widget, including those that do not accept the focus.
 VEMO_EXPORT QList<QWidget *> accessibleList(QWidget *root, AccessibleFilter filter);
 
-/// Gives all widgets one focus policy, in list order; null entries are passed over.
+/// Sets the focus policy of all widgets, in list order; null entries are ignored.
 ///
 ///     adjustFocusPolicy(Qt::NoFocus, accessibleList(sideBar, QList<QWidget *>()));
 VEMO_EXPORT void adjustFocusPolicy(Qt::FocusPolicy policy, QList<QWidget *> widgets);

@@ -11,25 +11,26 @@ class QNetworkAccessManager;
 class QNetworkReply;
 class QTimer;
 
-/// An application-modal window that fetches one web page and shows it, pictures included.
+/// An application-modal window that fetches a web page and shows it with its pictures.
 ///
-/// Nothing is fetched before reload(). A fetch that fails, or takes longer than TIMEOUT, leaves the
-/// view as it was and calls fallbackOffline(), which a derived class overrides to show something
-/// else. Redirects are not followed. Style files must be loaded before; without the section
-/// "component.scrollbar" there is a warning and the scroll bars look plain.
+/// Nothing is fetched until reload() is called. If a fetch fails or takes longer than TIMEOUT, the
+/// view does not change and fallbackOffline() is called, which derived classes override to show
+/// something else. Redirects are not followed. Requires: style files; without the section
+/// "component.scrollbar" the scroll bars look plain, with a warning.
 ///
-/// Links to http, https and mailto open in the user's programs. A page from the network can't make
-/// the window read local files, nor any address that is not http or https; a page from a file can,
-/// and refers to what lies beside it. A page of more than 32 MiB, of more than 12 tables or 1000
-/// tags inside each other, or that would take longer than about 1.5 seconds to show, counts as
-/// failed and is warned about. A picture stays missing if it has more than 64 MiB or 64 million
-/// pixels or, on a page from the network, if it is no PNG, JPEG, GIF, BMP or WebP, or exceeds the
-/// 128 million pixels that all pictures may have; there it is shown no wider than the page. No more
-/// than 64 pictures of a page are fetched at once; one that gets no byte for 30 seconds no longer
-/// counts.
+/// Links to http, https and mailto open in the user's programs. A page from the network cannot make
+/// the window read local files or any address other than http and https; a page from a file can,
+/// and its relative addresses refer to the file's folder. A page counts as failed, with a warning,
+/// if it has more than 32 MiB, more than 12 nested tables or 1000 nested tags, or would take longer
+/// than about 1.5 seconds to show. A picture is not shown if it has more than 64 MiB or 64 million
+/// pixels or, on a page from the network, if it is not a PNG, JPEG, GIF, BMP or WebP or exceeds the
+/// 128 million pixels allowed for all pictures; there it is shown no wider than the page. At most
+/// 64 pictures of a page are fetched at once, not counting those that have received no data for 30
+/// seconds.
 ///
-/// Ctrl with the wheel, plus, minus and 0 zooms, F7 lets the arrow keys move a text cursor (with
-/// Shift: select), Escape closes. The title is the page's own, unless the host sets one.
+/// Ctrl with the wheel, plus, minus and 0 zooms; F7 shows a text cursor for the arrow keys, which
+/// select with Shift; Escape closes the window. The title is that of the page unless the host sets
+/// one.
 ///
 ///     auto *window = new BrowserWindow(this);
 ///     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -42,22 +43,23 @@ class VEMO_EXPORT BrowserWindow : public QDialog
     Q_OBJECT
 
 public:
-    /// How long a page may take to arrive, in milliseconds.
+    /// Time limit for fetching a page, in milliseconds.
     static const int TIMEOUT = 10000;
 
-    /// Empty, without a page to fetch; 760 x 560 design pixels, or what nine tenths of the primary
-    /// screen hold. It belongs to parent; without one it is the caller's to delete.
+    /// Creates an empty window of 760 x 560 design pixels, or nine tenths of the primary screen if
+    /// that is smaller. It belongs to parent; if that is null, the caller must delete it.
     explicit BrowserWindow(QWidget *parent = nullptr);
     ~BrowserWindow() override;
 
-    /// Fetches url. An earlier fetch that still runs goes on, too: the last to arrive stays.
+    /// Fetches url. An earlier fetch continues; the page that arrives last is shown.
     void reload(const QUrl &url);
-    /// Fetches the same page again; an empty address, which fails, where there was none yet.
+    /// Fetches the same page again. Without an earlier page the address is empty, so the fetch
+    /// fails.
     void reload();
 
 Q_SIGNALS:
-    /// Makes every fetch of a page that still runs fail. The window emits it when TIMEOUT is over;
-    /// a host may emit it to give up sooner.
+    /// Aborts all running fetches of pages, which then fail. The window emits it after TIMEOUT; a
+    /// host may emit it earlier.
     void sigAbortRequest();
 
 private Q_SLOTS:
@@ -68,11 +70,11 @@ private Q_SLOTS:
     void slotToggleTextCursor();
 
 private:
-    friend class HelpWindow; // It shows its local page in this window's text browser.
+    friend class HelpWindow; // Shows its local page in this window's text browser.
 
     void init();
     void query();
-    /// Called whenever a fetch failed. May delete the window.
+    /// Called whenever a fetch has failed. May delete the window.
     virtual void fallbackOffline();
 
     void makeShortcuts();

@@ -5,13 +5,13 @@
 
 #include <QLabel>
 
-/// A label that reports each press of a mouse button on it, whichever button it is.
+/// A label that emits a signal when any mouse button is pressed on it.
 ///
-/// It has no look of its own and takes no keyboard focus: where the keyboard must reach it too, use
-/// a button. It may be deleted in a slot of clicked(). It belongs to its parent.
+/// It has no look of its own and does not accept the keyboard focus: if users must reach it with
+/// the keyboard, use a button. A slot of clicked() may delete it. It belongs to its parent.
 ///
 ///     auto *title = new ClickableLabel(tr("Details"), header);
-///     connect(title, SIGNAL(clicked()), this, SLOT(slotToggleDetails()));
+///     connect(title, &ClickableLabel::clicked, this, &MainWindow::toggleDetails);
 ///
 /// \image html labels-labels-to-press.png
 class VEMO_EXPORT ClickableLabel : public QLabel
@@ -19,14 +19,14 @@ class VEMO_EXPORT ClickableLabel : public QLabel
     Q_OBJECT
 
 public:
-    /// A label with a text; no resources are needed.
+    /// Creates a label with a text. Requires: nothing.
     explicit ClickableLabel(const QString &text, QWidget *parent = nullptr);
-    /// Without a text.
+    /// Creates a label without a text.
     explicit ClickableLabel(QWidget *parent = nullptr);
 
 Q_SIGNALS:
-    /// The user pressed a mouse button, any of them, on the label. Both presses of a double click
-    /// count; a disabled label gets none.
+    /// Emitted when any mouse button is pressed on the label, twice for a double click. A disabled
+    /// label does not emit it.
     void clicked();
 
 protected:

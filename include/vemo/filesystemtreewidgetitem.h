@@ -6,10 +6,10 @@
 #include <QString>
 #include <QTreeWidgetItem>
 
-/// A tree item that knows which node of a file system it stands for.
+/// A tree item that represents a node of a file system.
 ///
-/// The fields are the host's: no setter changes the item's text, icon or check state. The library
-/// reads the path alone, to sort. Needs no resources; belongs to its tree or parent item.
+/// The fields are for the host: no setter changes the item's text, icon or check state. The library
+/// only reads the path, for sorting. Requires: nothing. It belongs to its tree or parent item.
 ///
 ///     auto *item = new FileSystemTreeWidgetItem;
 ///     item->setText(0, tr("Projects"));
@@ -20,71 +20,73 @@
 class VEMO_EXPORT FileSystemTreeWidgetItem : public QTreeWidgetItem
 {
 public:
-    /// How much of the node is known.
+    /// The loading state of the node.
     enum ItemStatus : int {
-        NORMAL = 0, ///< its children were never asked for
+        NORMAL = 0, ///< its children have not been requested
         LOADING = 1, ///< its children are being listed
-        LOADED = 2, ///< its children are all in the tree
-        FAILED = 3, ///< its children can't be listed
+        LOADED = 2, ///< all its children are in the tree
+        FAILED = 3, ///< its children cannot be listed
     };
 
-    /// An item of the type QTreeWidgetItem::Type that belongs to nobody yet: empty, all flags off.
+    /// Creates an empty item of type QTreeWidgetItem::Type without a parent, with all flags false.
     FileSystemTreeWidgetItem();
     /// The same as the last top-level item of a tree, which owns it.
     explicit FileSystemTreeWidgetItem(QTreeWidget *parent);
     /// The same as the last child of an item, which owns it.
     explicit FileSystemTreeWidgetItem(QTreeWidgetItem *parent);
-    /// Copies the fields and the columns, but neither children nor tree.
+    /// Copies the fields and the columns, but not the children, and not into a tree.
     FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &other);
-    /// A copy: other stays in its tree and keeps its fields.
+    /// Copies other, which stays in its tree and keeps its fields.
     FileSystemTreeWidgetItem(FileSystemTreeWidgetItem &&other) noexcept;
     /// Copies the fields and the columns.
     FileSystemTreeWidgetItem &operator=(const FileSystemTreeWidgetItem &other);
-    /// As the copying assignment.
+    /// Same as copy assignment.
     FileSystemTreeWidgetItem &operator=(FileSystemTreeWidgetItem &&other) noexcept;
     ~FileSystemTreeWidgetItem() override;
 
-    /// By the text of the sort column; but no item is less than one whose path is "home".
+    /// Compares the texts of the sort column, but no item is less than one whose path is "home".
     bool operator<(const QTreeWidgetItem &other) const override;
 
-    /// The path, empty until set.
+    /// The path; initially empty.
     const QString &getPath() const;
-    /// Any text, such as "home/projects"; "home" has a meaning for sorting.
+    /// Sets the path, which may be any text, such as "home/projects"; "home" is special for
+    /// sorting.
     void setPath(const QString &path);
 
-    /// The view that the node is shown in.
+    /// The host's number of the view that shows the node; initially 0.
     unsigned long long getBelongViewId() const;
-    /// Stores the view's number, which is the host's; 0 at first.
+    /// Sets the number of the view.
     void setBelongViewId(unsigned long long id);
 
-    /// The node's number, 0 until set.
+    /// The host's number of the node; initially 0.
     unsigned long long getNodeId() const;
-    /// Stores the node's number, which is the host's.
+    /// Sets the number of the node.
     void setNodeId(unsigned long long id);
 
-    /// A row that stands in for what is not there (yet).
+    /// Whether the item is a placeholder, for example for children that are not listed yet.
     bool isFake() const;
-    /// Marks a row that stands in; false at first.
+    /// Marks the item as a placeholder; initially false.
     void setFake(bool fake);
 
-    /// The node is deleted, but still shown.
+    /// Whether the node has been deleted but is still shown.
     bool isRemoved() const;
-    /// Marks the node as deleted; false at first.
+    /// Marks the node as deleted; initially false.
     void setRemoved(bool removed);
 
-    /// The node is read-only.
+    /// Whether the node is read-only.
     bool getRO() const;
-    /// Marks the node as read-only; false at first.
+    /// Marks the node as read-only; initially false.
     void setRO(bool readOnly);
 
-    /// The item has a fake child, so that it can be expanded before its children are known.
+    /// Whether the item has a placeholder child, which makes it expandable before its children are
+    /// known.
     bool isFakeChildExist() const;
-    /// Notes whether there is a fake child; adds and removes none.
+    /// Stores whether there is a placeholder child; does not add or remove it.
     void setFakeChildExist(bool exists);
 
-    /// How much of the node is known; NORMAL until set.
+    /// The loading state of the node; initially NORMAL.
     ItemStatus getTreeWidgetItemStatus() const;
-    /// Stores how much is known; loads nothing.
+    /// Stores the loading state; does not load anything.
     void setTreeWidgetItemStatus(ItemStatus status);
 
 private:

@@ -8,11 +8,11 @@
 
 #include <map>
 
-/// Icon file names for file extensions: "doc" and "docx" both give "doc.png".
+/// Maps file extensions to names of icon files: "doc" and "docx" both map to "doc.png".
 ///
-/// The map loads no pictures; the host's icon set has them: for each type one as "doc.png" and one
-/// for a file that is gone, "doc_removed.png". Unknown extensions get "xxx.png" and
-/// "xxx_removed.png". Nothing has to be initialised before.
+/// The map does not load pictures; the host's icon set has two for each type, such as "doc.png"
+/// and, for deleted files, "doc_removed.png". Unknown extensions map to "xxx.png" and
+/// "xxx_removed.png". Requires: nothing.
 ///
 ///     const QString icon = FileTypeMap::getInstance().getFiletypeMapping(info.suffix(), false);
 ///     item->setIcon(QIcon(imageFolder + "/" + icon));
@@ -21,31 +21,30 @@
 class VEMO_EXPORT FileTypeMap
 {
 public:
-    /// Orders extensions without regard to case: "DOC" and "doc" are one.
+    /// Compares extensions case-insensitively: "DOC" and "doc" are equal.
     ///
     ///     CaseLessCompare()("a", "B"); // true
     struct VEMO_EXPORT CaseLessCompare
     {
-        /// Whether a stands before b.
+        /// Whether a sorts before b.
         bool operator()(const QString &a, const QString &b) const;
     };
 
-    /// The one instance, made on first use; it lives until the process ends. The first call fills
-    /// the map.
+    /// The only instance, created on first use; it exists until the process ends. The first call
+    /// fills the map.
     static FileTypeMap &getInstance();
 
-    /// The icon of an extension, which is given without its dot and in any case; with removed, the
-    /// one that shows the file as gone. A file name, without a folder.
+    /// The file name of an extension's icon, without a folder; if removed is true, that of the icon
+    /// for deleted files. Pass the extension without its dot, in upper or lower case.
     QString getFiletypeMapping(const QString &extension, bool removed = false) const;
 
-    /// Maps each of the extensions, with a single blank between two, to type, whatever they meant
-    /// before.
+    /// Maps extensions, which are separated by single blanks, to type. Replaces earlier mappings.
     ///
     ///     FileTypeMap::getInstance().mappingFile("disc", "iso img"); // "disc.png" from now on
     void mappingFile(const QString &type, const QString &extensions);
 
 private:
-    /// Kept beside each type, so that a look-up builds no string.
+    /// Stored per type, so that look-ups do not create strings.
     struct IconNames
     {
         QString present;

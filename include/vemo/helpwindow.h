@@ -5,7 +5,7 @@
 
 #include <QString>
 
-/// Which page of the online help to show.
+/// Identifies a page of the online help.
 ///
 ///     HelpContext context;
 ///     context.lang = "enu";
@@ -14,20 +14,19 @@
 /// \image html help-the-local-help.png
 struct HelpContext
 {
-    QString lang; ///< Three-letter language code, as VemoLocale::getDefaultLanguage() gives it.
-    QString helpPath; ///< Root folder of the local help, read when the online help can't be.
+    QString lang; ///< Three-letter language code, as returned by VemoLocale::getDefaultLanguage().
+    QString helpPath; ///< Root folder of the local help, used if the online help is unreachable.
     QString link; ///< File name of the page, relative to the language's folder.
-    QString section; ///< Help section that the page belongs to; only the online help asks for it.
-    QString version = QStringLiteral("1.0"); ///< Version of the help; again only online.
+    QString section; ///< Help section of the page; only used for the online help.
+    QString version = QStringLiteral("1.0"); ///< Version of the help; only used online.
 };
 
-/// Shows one page of the online help, or its local copy when the knowledge base can't be reached.
+/// Shows one page of the online help, or its local copy if the knowledge base cannot be reached.
 ///
-/// The page is fetched from the knowledge base as soon as the window is made; showing the window is
-/// the caller's. The local copy is read from helpPath/lang/link, its pictures from helpPath/lang;
-/// where there is none the window stays empty. The codes of VemoLocale become those of the help:
-/// "deu", "esn" and "fra" are "ger", "spn" and "fre" there, and languages without help of their own
-/// get "enu".
+/// The constructor starts to fetch the page; the caller shows the window. The local copy is read
+/// from helpPath/lang/link and its pictures from helpPath/lang; if it is missing, the window stays
+/// empty. Codes of VemoLocale are converted to those of the help: "deu", "esn" and "fra" become
+/// "ger", "spn" and "fre", and languages without help become "enu".
 ///
 ///     HelpContext context;
 ///     context.lang = VemoLocale::getInstance().getDefaultLanguage();
@@ -41,15 +40,15 @@ class VEMO_EXPORT HelpWindow : public BrowserWindow
     Q_OBJECT
 
 public:
-    /// Names the knowledge base for the windows to come: scheme, host and port of url; its path is
-    /// always the library's own. Only https is taken: anything else is refused with a warning.
+    /// Sets the knowledge base for windows created later: scheme, host and port of url; the path is
+    /// always that of the library. Only https is accepted; any other url is ignored with a warning.
     static void setKnowledgeBaseUrl(const QUrl &url);
-    /// Scheme, host and port of the knowledge base; the value of VEMO_KNOWLEDGEBASE_URL at build
-    /// time until a host sets another.
+    /// Scheme, host and port of the knowledge base. The default is the value of
+    /// VEMO_KNOWLEDGEBASE_URL at build time.
     static QUrl knowledgeBaseUrl();
 
-    /// Starts to fetch the page at once; the context is copied. Style files must be loaded. The
-    /// window belongs to parent; without one it is the caller's to delete.
+    /// Starts to fetch the page; the context is copied. Requires: style files. The window belongs
+    /// to parent; if that is null, the caller must delete it.
     explicit HelpWindow(const HelpContext &context, QWidget *parent = nullptr);
 
 private:

@@ -5,10 +5,10 @@
 
 #include <QItemDelegate>
 
-/// Rows of 28 design pixels, renamed in place by names that a file can have.
+/// Rows of 28 design pixels that are renamed in place, with an editor for valid file names.
 ///
-/// A view doesn't own its delegate: give it a parent. Load the style files before the first
-/// renaming; the editor's look is "component.tree_item", and plain with a warning without it.
+/// A view does not own its delegate: give it a parent. Requires: style files, before the first
+/// renaming; without the section "component.tree_item" the editor looks plain, with a warning.
 ///
 ///     tree->setItemDelegate(new ItemDelegate(tree));
 ///
@@ -18,21 +18,21 @@ class VEMO_EXPORT ItemDelegate : public QItemDelegate
     Q_OBJECT
 
 public:
-    /// Without a parent.
+    /// Creates a delegate without a parent.
     ItemDelegate();
-    /// Deleted with parent.
+    /// Creates a delegate that belongs to parent.
     explicit ItemDelegate(QObject *parent);
 
     bool eventFilter(QObject *object, QEvent *event) override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
-    /// A line edit gets the look and takes no name that begins with a full stop or holds one of
-    /// \ / : * ? " < > |. Any other editor is filled in as it is.
+    /// Styles a line edit, which then rejects names that begin with a full stop or contain one of
+    /// \ / : * ? " < > |. Other editors only receive the data.
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
 
 Q_SIGNALS:
-    /// The user pressed Escape, and no other key, in the editor, which closes after the slots. The
-    /// event is not to be kept.
+    /// Emitted when the user presses Escape in the editor, but for no other key. The editor closes
+    /// after the slots. The event is only valid during the signal.
     void sigKeyPressed(QKeyEvent *);
 
 protected:

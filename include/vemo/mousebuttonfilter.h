@@ -5,11 +5,11 @@
 
 #include <QObject>
 
-/// An event filter that keeps every mouse press, release and double click from what it is installed
-/// on; the pointer's moves and the wheel still arrive.
+/// An event filter that blocks every mouse press, release and double click of the object it is
+/// installed on; mouse moves and wheel events still arrive.
 ///
-/// It filters nothing until it is installed. Without a parent it is yours to delete; deleting it
-/// lifts the filter.
+/// It has no effect until it is installed. Without a parent, you must delete it; deleting it
+/// removes the filter.
 ///
 ///     preview->installEventFilter(new MouseButtonFilter(preview));
 ///
@@ -17,16 +17,16 @@
 class VEMO_EXPORT MouseButtonFilter : public QObject
 {
 public:
-    /// Without a parent.
+    /// Creates a filter without a parent.
     MouseButtonFilter();
-    /// Deleted with parent.
+    /// Creates a filter that belongs to parent.
     explicit MouseButtonFilter(QObject *parent);
 
     bool eventFilter(QObject *object, QEvent *event) override;
 };
 
-/// An event filter that keeps only mouse releases from what it is installed on: it is pressed, but
-/// never clicked. For its ownership see MouseButtonFilter.
+/// An event filter that only blocks mouse releases of the object it is installed on: a button is
+/// pressed but never clicked. Ownership is as for MouseButtonFilter.
 ///
 ///     button->installEventFilter(new MouseReleaseFilter(button));
 ///
@@ -34,9 +34,9 @@ public:
 class VEMO_EXPORT MouseReleaseFilter : public QObject
 {
 public:
-    /// Without a parent.
+    /// Creates a filter without a parent.
     MouseReleaseFilter();
-    /// Deleted with parent.
+    /// Creates a filter that belongs to parent.
     explicit MouseReleaseFilter(QObject *parent);
 
     bool eventFilter(QObject *object, QEvent *event) override;

@@ -5,9 +5,9 @@
 
 #include <QString>
 
-/// Plain text as the HTML of a tool tip that shows it letter for letter, with its line breaks and
-/// runs of blanks. Left to itself a tool tip would take "<b>" for mark-up and join the lines. Also
-/// an empty text yields HTML: set no tool tip for it. Needs no resources.
+/// Converts plain text to HTML for a tool tip that shows it unchanged, including line breaks and
+/// runs of blanks. A plain tool tip would interpret "<b>" as mark-up and join the lines. Even an
+/// empty text is converted to HTML, so do not set a tool tip for it. Requires: nothing.
 ///
 ///     fileLabel->setToolTip(getHtmlEscapedStringForToolTip(fileName));
 VEMO_EXPORT QString getHtmlEscapedStringForToolTip(const QString &text);

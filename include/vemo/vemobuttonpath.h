@@ -13,60 +13,63 @@ class QPushButton;
 class QSignalMapper;
 class QToolButton;
 
-/// A folder path as a row of buttons, one for each part, that lead to that part.
+/// A folder path as a row of buttons, one for each part.
 ///
-/// If the row is wider than the bar, its right end shows, and a folder button at the left has a
-/// menu of the parts that are out of sight; a name that is cut shows the rest after three dots. In
-/// a right-to-left layout all of this is mirrored. The bar itself goes nowhere: it asks, and the
-/// host answers with refresh(). Load pictures and style files first. It belongs to its parent.
+/// If the row is wider than the bar, the bar shows its right end, and a folder button on the left
+/// has a menu with the hidden parts; a name that is cut off shows the rest after three dots. In
+/// right-to-left layouts all of this is mirrored. The bar does not change its path by itself: it
+/// emits a signal, and the host calls refresh(). Requires: pictures, style files. It belongs to its
+/// parent.
 ///
 ///     auto *path = new VemoButtonPath(this);
-///     connect(path, SIGNAL(sigUpdatePath(QString)), this, SLOT(slotOpenFolder(QString)));
+///     connect(path, &VemoButtonPath::sigUpdatePath, this, &MainWindow::openFolder);
 ///     path->refresh("home/projects/2026");
 ///
 /// \image html path-and-filter-a-path-and-its-width.png
 class VEMO_EXPORT VemoButtonPath : public QTableWidget
 {
     Q_OBJECT
+    /// The shown path, without a leading slash.
     Q_PROPERTY(QString path READ path WRITE setPath)
 
 public:
-    /// An empty bar, 28 design pixels high. Pictures "bt_next" and "folder" and the sections
-    /// "component.button_path", the same with "_arrow", "_name_button" and "_change_folder_btn",
-    /// and "component.menu" should be there; what is missing warns and looks plain.
+    /// Creates an empty bar, 28 design pixels high. It uses the pictures "bt_next" and "folder" and
+    /// the sections "component.button_path", the same with "_arrow", "_name_button" and
+    /// "_change_folder_btn", and "component.menu"; without them it looks plain, with warnings.
     explicit VemoButtonPath(QWidget *parent = nullptr);
     ~VemoButtonPath() override;
 
-    /// Shows path, its parts separated by "/"; empty parts are left out. May be called from a slot
-    /// of sigUpdatePath(). If one of the buttons has the keyboard focus, the last name gets it.
+    /// Shows path, whose parts are separated by "/"; empty parts are ignored. May be called from a
+    /// slot of sigUpdatePath(). If one of the buttons has the keyboard focus, the last name gets
+    /// it.
     void refresh(QString path);
 
-    /// The path up to a column, without a slash in front: names are in even columns, the arrows
-    /// between them in odd ones, up to which the path ends in a slash. Beyond the last column it is
-    /// the whole path, and empty for a negative one.
+    /// The path up to a column, without a leading slash. Names are in even columns, the arrows
+    /// between them in odd ones; for an arrow's column the path ends with a slash. The whole path
+    /// for columns beyond the last one; empty for negative ones.
     QString getPath(int index) const;
 
-    /// The whole path, without a slash in front.
+    /// The whole path, without a leading slash.
     QString path() const;
-    /// refresh() by another name, for forms.
+    /// Same as refresh(); for forms.
     void setPath(const QString &path);
 
 Q_SIGNALS:
-    /// The user asks, by a button or the menu, for the path up to one of the parts; so does
-    /// slotPathBarClicked(). refresh() emits nothing.
+    /// Emitted when the user requests the path up to a part, with a button or the menu, and by
+    /// slotPathBarClicked(). refresh() does not emit it.
     void sigUpdatePath(QString path);
 
 public Q_SLOTS:
-    /// The same as refresh(), for a connection.
+    /// Same as refresh(); for connections.
     void slotUpdatePath(QString path);
     /// Emits sigUpdatePath() with the path up to a column.
     void slotPathBarClicked(int btn_id);
 
-    /// Scrolls sideways until the column is out from under the folder button as well.
+    /// Scrolls horizontally until the folder button does not cover the column either.
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
 
 protected:
-    /// Fits menu and scroll position to the new width.
+    /// Adjusts the menu and the scroll position to the new width.
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;

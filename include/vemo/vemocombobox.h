@@ -5,18 +5,19 @@
 
 #include <QComboBox>
 
-/// A combo box in the library's look whose list opens two screen pixels below it, in line with its
-/// left edge, wherever on the screen it stands.
+/// A combo box in the library's look whose list always opens two screen pixels below it, aligned
+/// with its left edge.
 ///
-/// Load the style files before. The section "component.combobox" holds the placeholders %1 and %2,
-/// which become the padding at both sides (6 design pixels, fractions kept) and the border; the
-/// section "component.scrollbar" follows it. A missing section is warned about and left out. It
-/// belongs to its parent. Assistive tools announce it by its accessible name, or else by the text
-/// of the label whose buddy it is, or else by its current text.
+/// Requires: style files. The section "component.combobox" contains the placeholders %1 and %2,
+/// which are replaced by the padding on both sides (6 design pixels, with fractions) and the
+/// border; the section "component.scrollbar" is appended. A missing section is left out, with a
+/// warning. It belongs to its parent. Assistive tools announce it by its accessible name; if it has
+/// none, by the label whose buddy it is, and otherwise by its current text.
 ///
 ///     auto *unit = new VemoComboBox(page);
 ///     unit->addItems({ tr("Days"), tr("Weeks") });
-///     connect(unit, SIGNAL(currentIndexChanged(int)), this, SLOT(slotUnitChanged(int)));
+///     connect(unit, QOverload<int>::of(&VemoComboBox::currentIndexChanged), this,
+///         &MainWindow::setUnit);
 ///
 /// \image html choices-combo-boxes.png
 class VEMO_EXPORT VemoComboBox : public QComboBox
@@ -24,10 +25,10 @@ class VEMO_EXPORT VemoComboBox : public QComboBox
     Q_OBJECT
 
 public:
-    /// An empty box; looks its styles up.
+    /// Creates an empty box and looks up its styles.
     explicit VemoComboBox(QWidget *parent = nullptr);
 
-    /// Opens the list. The box gives up the keyboard focus first and, if it had it, takes it back
-    /// once the list is closed, unless another widget of the window has it by then.
+    /// Opens the list. The box first gives up the keyboard focus and, if it had the focus, takes it
+    /// back when the list has closed, unless another widget of the window has it by then.
     void showPopup() override;
 };

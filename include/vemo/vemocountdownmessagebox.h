@@ -6,14 +6,14 @@
 #include <QMessageBox>
 #include <QTimer>
 
-/// A message box that answers itself: the OK button counts down, and below 0 the default button is
-/// clicked.
+/// A message box that answers itself: the OK button counts down, and one period after 0 the default
+/// button is clicked.
 ///
-/// It counts from the start value, 10 unless set otherwise, in steps of one second unless set
-/// otherwise, and starts again each time it is shown; so it stays for one period more than the
-/// start value. While minimised it goes on counting. It begins with an OK button, which is the
-/// default one. Without a default button it stays open. The box belongs to its parent. Install the
-/// string "ok" before; the button shows the key without it.
+/// It counts down from the start value (by default 10) once per period (by default a second), and
+/// starts again each time it is shown. It therefore stays open for one period more than the start
+/// value. It continues to count while it is minimised. Initially it has an OK button, which is the
+/// default button; without a default button it stays open. It belongs to its parent. Requires: the
+/// string "ok"; without it the button shows the key.
 ///
 ///     VemoCountdownMessageBox box(window);
 ///     box.setText(tr("The computer is about to restart."));
@@ -26,17 +26,18 @@ class VEMO_EXPORT VemoCountdownMessageBox : public QMessageBox
     Q_OBJECT
 
 public:
-    /// A message box with an OK button, not yet counting.
+    /// Creates a message box with an OK button. It counts when it is shown.
     explicit VemoCountdownMessageBox(QWidget *parent = nullptr);
     ~VemoCountdownMessageBox() override;
 
-    /// Counts from the next show on; a negative value counts as 0.
+    /// Sets the start value, which takes effect the next time the box is shown. Negative values
+    /// count as 0.
     void setStartValue(int value);
-    /// What the next show begins with.
+    /// The start value the next time the box is shown.
     int startValue() const { return m_start_value; }
 
-    /// In milliseconds; a negative value counts as 0. While it counts, the next tick comes that
-    /// long after the call.
+    /// Sets the period in milliseconds; negative values count as 0. If the box is counting, the
+    /// next tick is one period after the call.
     void setPeriod(int msecs);
     /// Milliseconds between two ticks.
     int period() const { return m_timer.interval(); }

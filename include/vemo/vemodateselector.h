@@ -10,78 +10,81 @@
 class DateClearing;
 class VemoCalanderView;
 
-/// A date field: a combo box that opens a whole month calendar. Its single item shows the date as
-/// "yyyy-MM-dd", or a placeholder while there is none; the item's data holds the date, null for the
+/// A date field: a combo box that opens a month calendar. Its only item shows the date as
+/// "yyyy-MM-dd", or a placeholder if there is none; the item's data is the date, or null for the
 /// placeholder.
 ///
-/// It has no signal of its own: listen to getCalendarView()'s sigDateSelect(QDate), which comes
-/// when the user picks a day, or to those of QComboBox: as the item is made anew, each change of
-/// the date, the program's too, emits currentIndexChanged() twice, with -1 and with 0. Picking a
-/// date closes the calendar. The field is 32 design pixels high, the calendar 280 x 260.
+/// It has no signal of its own: connect to sigDateSelect(QDate) of getCalendarView(), which is
+/// emitted when the user selects a day, or to the signals of QComboBox. Because the item is
+/// recreated, every change of the date, including those by the program, emits currentIndexChanged()
+/// twice, with -1 and with 0. Selecting a date closes the calendar. The field is 32 design pixels
+/// high, the calendar 280 x 260.
 ///
-/// Load pictures, style files and strings before; without the sections "component.date_selector"
-/// and "component.menu" it looks plain, with a warning each. It belongs to its parent.
+/// Requires: pictures, style files, strings; without the sections "component.date_selector" and
+/// "component.menu" it looks plain, with warnings. It belongs to its parent.
 ///
 ///     auto *from = new VemoDateSelector(tr("Any date"), page);
 ///     from->getCalendarView()->setMaximumDate(QDate::currentDate());
-///     const QDate date = from->currentData().toDate(); // null while none is chosen
+///     const QDate date = from->currentData().toDate(); // null if none is selected
 ///
 /// \image html date-and-time-date-fields.png
 class VEMO_EXPORT VemoDateSelector : public QComboBox
 {
     Q_OBJECT
+    /// The selected date; null if there is none.
     Q_PROPERTY(QDate date READ date WRITE setDate RESET clearDate)
     Q_PROPERTY(QDate minimumDate READ minimumDate WRITE setMinimumDate)
     Q_PROPERTY(QDate maximumDate READ maximumDate WRITE setMaximumDate)
     Q_PROPERTY(QString displayFormat READ displayFormat WRITE setDisplayFormat)
     Q_PROPERTY(bool clearable READ isClearable WRITE setClearable)
+    /// The text shown if there is no date.
     Q_PROPERTY(QString placeholder READ placeholder WRITE setPlaceholder)
 
 public:
-    /// Shows the placeholder, which may be empty and is kept.
+    /// Creates a field that shows the placeholder, which may be empty.
     explicit VemoDateSelector(QString placeholder, QWidget *parent = nullptr);
-    explicit VemoDateSelector(QWidget *parent = nullptr); ///< with an empty placeholder
+    explicit VemoDateSelector(QWidget *parent = nullptr); ///< Creates one without a placeholder.
     ~VemoDateSelector() override;
 
-    /// The chosen date, null while there is none.
+    /// The selected date; null if there is none.
     QDate date() const;
-    /// dateSelect() by another name, for forms.
+    /// Same as dateSelect(); for forms.
     void setDate(const QDate &date);
 
-    QDate minimumDate() const; ///< the first day that the calendar lets the user pick
+    QDate minimumDate() const; ///< the first day that can be selected in the calendar
     void setMinimumDate(const QDate &date); ///< see VemoCalanderView::setMinimumDate()
-    QDate maximumDate() const; ///< the last day that the calendar lets the user pick
+    QDate maximumDate() const; ///< the last day that can be selected in the calendar
     void setMaximumDate(const QDate &date); ///< see VemoCalanderView::setMaximumDate()
-    void setDateRange(const QDate &first, const QDate &last); ///< both at once
+    void setDateRange(const QDate &first, const QDate &last); ///< sets both
 
-    /// How the date is written, as QLocale::toString() takes it, in the widget's locale(). An empty
-    /// format, as at first, means "yyyy-MM-dd" with the digits 0 to 9 in every locale; for the
-    /// locale's own write setDisplayFormat(locale().dateFormat(QLocale::ShortFormat)).
+    /// Sets the format of the date for QLocale::toString(), with the widget's locale(). The
+    /// default, an empty format, means "yyyy-MM-dd" with the digits 0 to 9 in every locale. For the
+    /// locale's own format, call setDisplayFormat(locale().dateFormat(QLocale::ShortFormat)).
     void setDisplayFormat(const QString &format);
-    QString displayFormat() const { return m_display_format; } ///< empty at first
+    QString displayFormat() const { return m_display_format; } ///< initially empty
 
-    /// Whether the user can go back to the placeholder: by Delete or Backspace, and by a button in
-    /// the field, which is shown while there is a date. False at first. Looks up the picture
-    /// "bt_close", the section "component.icon_button" and the string "accessible_clear".
+    /// Sets whether the user can clear the date with Delete or Backspace, and with a button in the
+    /// field that is shown if there is a date. Initially false. Looks up the picture "bt_close",
+    /// the section "component.icon_button" and the string "accessible_clear".
     void setClearable(bool clearable);
-    bool isClearable() const; ///< whether the user can go back to the placeholder
+    bool isClearable() const; ///< whether the user can clear the date
 
-    /// Takes the place of the old one where that is shown. (QComboBox's own placeholder text is
-    /// never seen: the field has an item at all times.)
+    /// Sets the placeholder and shows it if there is no date. (QComboBox's own placeholder text is
+    /// never visible, because the field always has an item.)
     void setPlaceholder(const QString &placeholder);
-    /// What shows while there is no date.
+    /// The text shown if there is no date.
     QString placeholder() const { return m_placeholder; }
 
-    /// Back to the placeholder; the calendar shows the current month.
+    /// Shows the placeholder, and the current month in the calendar.
     void clearDate();
 
-    /// The calendar that opens, which is the field's own.
+    /// The calendar in the pop-up, which belongs to the field.
     VemoCalanderView *getCalendarView() const;
 
 public Q_SLOTS:
-    /// Shows date, turns the calendar to its month, without selecting the day there, and closes it.
-    /// The calendar's range is not looked at. An invalid date shows the placeholder and leaves the
-    /// calendar as it is.
+    /// Shows date in the field, shows its month in the calendar without selecting the day there,
+    /// and closes the calendar. The calendar's range is ignored. An invalid date shows the
+    /// placeholder and does not change the calendar.
     void dateSelect(const QDate &date);
 
 private:
@@ -95,5 +98,5 @@ private:
     VemoCalanderView *m_calendar_view;
     QString m_placeholder;
     QString m_display_format;
-    DateClearing *m_clearing = nullptr; ///< a child, while the date can be cleared
+    DateClearing *m_clearing = nullptr; ///< a child if the date can be cleared, otherwise null
 };

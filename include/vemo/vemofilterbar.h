@@ -9,17 +9,17 @@ class QMenu;
 class QTimer;
 class VemoIconButton;
 
-/// A search line: it hands on the keyword on Return, and has a button at its left end that can open
-/// a menu, as the Down key does.
+/// A search field that emits its text on Return. The button on its left and the Down key can open a
+/// menu.
 ///
-/// It filters nothing itself and keeps silent while the user types, unless setSearchDelay() is
-/// called. Load pictures and style files
-/// before: without the sections "component.lineedit", "component.filter_bar_padding" and
-/// "component.filter_search_button" it looks plain, with a warning each. It belongs to its parent.
+/// It does not filter anything itself, and emits nothing while the user types unless
+/// setSearchDelay() is called. Requires: pictures, style files; without the sections
+/// "component.lineedit", "component.filter_bar_padding" and "component.filter_search_button" it
+/// looks plain, with a warning each. It belongs to its parent.
 ///
 ///     auto *filter = new VemoFilterBar(this);
 ///     filter->setMenu(kindsMenu);
-///     connect(filter, SIGNAL(sigKeywordChanged(QString)), this, SLOT(slotFilter(QString)));
+///     connect(filter, &VemoFilterBar::sigKeywordChanged, this, &MainWindow::filterList);
 ///
 /// \image html path-and-filter-a-filter-with-a-menu.png
 class VEMO_EXPORT VemoFilterBar : public QLineEdit
@@ -30,33 +30,34 @@ class VEMO_EXPORT VemoFilterBar : public QLineEdit
     Q_PROPERTY(bool clearButtonVisible READ isClearButtonVisible WRITE setClearButtonVisible)
 
 public:
-    /// An empty line, 28 design pixels high, with the picture "bt_search_dropdown" on its button.
+    /// Creates an empty field, 28 design pixels high, with the picture "bt_search_dropdown" on its
+    /// button.
     explicit VemoFilterBar(QWidget *parent = nullptr);
 
-    /// The menu stays the caller's, and may be deleted at any time; a null one, as at first, opens
-    /// nothing. Screen readers call the button by the menu's title, or by the placeholder text if
-    /// there is none: set them first.
+    /// Sets the menu; initially there is none. The caller keeps ownership and may delete it at any
+    /// time. Screen readers announce the button by the menu's title, or by the placeholder text if
+    /// that is empty: set these first.
     void setMenu(QMenu *menu);
 
-    /// Emits sigKeywordChanged() also while the user types, that many milliseconds after the last
-    /// key. A negative delay, as at first, waits for Return.
+    /// Makes the bar also emit sigKeywordChanged() while the user types, the given number of
+    /// milliseconds after the last key. With a negative delay, the default, it waits for Return.
     void setSearchDelay(int msecs);
-    int searchDelay() const { return m_search_delay; } ///< -1 at first
+    int searchDelay() const { return m_search_delay; } ///< initially -1
 
-    /// Whether Escape empties the line and emits sigKeywordChanged(). An empty line leaves the key
-    /// to its window. False at first.
+    /// Sets whether Escape clears the field and emits sigKeywordChanged(), initially false. If the
+    /// field is empty, the key is passed on to the window.
     void setClearedByEscape(bool cleared);
-    bool isClearedByEscape() const { return m_is_cleared_by_escape; } ///< false at first
+    bool isClearedByEscape() const { return m_is_cleared_by_escape; } ///< initially false
 
-    /// Whether there is a button at the end of the line, shown while there is a text, that empties
-    /// it and emits sigKeywordChanged(); the button of setClearButtonEnabled() only empties it.
-    /// False at first. Looks up the picture "bt_close" and the string "accessible_clear".
+    /// Sets whether the end of the field has a button that clears it and emits sigKeywordChanged();
+    /// the button of setClearButtonEnabled() only clears it. The button is hidden if the field is
+    /// empty. Initially false. Looks up the picture "bt_close" and the string "accessible_clear".
     void setClearButtonVisible(bool visible);
-    bool isClearButtonVisible() const { return m_is_clear_button_visible; } ///< false at first
+    bool isClearButtonVisible() const { return m_is_clear_button_visible; } ///< initially false
 
 Q_SIGNALS:
-    /// The user pressed Return or Enter, or, if told so, typed, pressed Escape or the clear button.
-    /// The whole text, also when it is empty or the same as before.
+    /// Emitted with the whole text when the user presses Return or Enter, even if it is empty or
+    /// unchanged. If enabled, also emitted for typing, Escape and the clear button.
     void sigKeywordChanged(QString keyword);
 
 protected:

@@ -10,11 +10,11 @@
 
 class QHBoxLayout;
 
-/// The bar at the foot of a window: one group of widgets at its left, one at its right.
+/// A bar at the bottom of a window, with one group of widgets on the left and one on the right.
 ///
-/// Push the widgets first and then call init() once, which lays them out and makes them children of
-/// the bar; until then they belong to whom they did. It has no look of its own and needs no
-/// resources. It belongs to its parent.
+/// Push the widgets first, then call init() once, which lays them out and makes them children of
+/// the bar; until then ownership does not change. It has no look of its own. Requires: nothing. It
+/// belongs to its parent.
 ///
 ///     auto *bar = new VemoFootbar(window);
 ///     bar->pushLeftWidget(new VemoButton(tr("Help"), VemoButton::DEFAULT));
@@ -25,11 +25,10 @@ class QHBoxLayout;
 class VEMO_EXPORT VemoFootbar : public QWidget
 {
 public:
-    /// An empty bar.
+    /// Creates an empty bar.
     explicit VemoFootbar(QWidget *parent = nullptr);
 
-    /// Adds a widget to the end of the left group. A widget that is deleted before init() is left
-    /// out.
+    /// Appends a widget to the left group. Widgets that are deleted before init() are ignored.
     void pushLeftWidget(QWidget *widget);
     /// The same for the right group, from left to right.
     void pushRightWidget(QWidget *widget);
@@ -38,9 +37,9 @@ public:
     /// spacing of 10 design pixels. A second call adds them, and the gap between them, again.
     void init();
 
-    /// Around the widgets, in design pixels. Call it after init(), which sets its own values.
+    /// Sets the margins in design pixels. Call it after init(), which sets the default margins.
     void setMargins(int left, int top, int right, int bottom);
-    /// Between the widgets, in design pixels; also after init().
+    /// Sets the spacing between the widgets in design pixels. Call it after init().
     void setSpacing(int spacing);
 
 private:

@@ -5,15 +5,14 @@
 
 #include <QLabel>
 
-/// A text label in the library's look that is at least as tall as its wrapped text needs.
+/// A text label in the library's look that is at least as high as its wrapped text.
 ///
-/// Turn word wrap on and give it the vertical size policy Minimum: each resize then sets the
-/// minimum height to what the text needs at the new width, more when narrowed and less when
-/// widened. A new text alone doesn't: after a shorter one the height stays until the next resize.
-/// With any other policy the minimum height is left alone.
+/// Enable word wrap and set the vertical size policy Minimum: each resize then sets the minimum
+/// height to what the text needs at the new width. Setting a text does not: with a shorter text the
+/// height remains until the next resize. With any other policy the minimum height does not change.
 ///
-/// Requires: style files; without the section "component.label" it is a plain label, with a
-/// warning. It belongs to its parent.
+/// Requires: style files; without the section "component.label" it looks plain, with a warning. It
+/// belongs to its parent.
 ///
 ///     auto *hint = new VemoLabel(tr("Files are kept for 30 days ..."), page);
 ///     hint->setWordWrap(true);
@@ -23,10 +22,10 @@
 class VEMO_EXPORT VemoLabel : public QLabel
 {
 public:
-    /// With a text, plain or rich as QLabel takes it; looks its style up.
+    /// Creates a label with a plain or rich text, like QLabel, and looks up its style.
     explicit VemoLabel(
         const QString &text, QWidget *parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
-    /// Without a text.
+    /// Creates a label without a text.
     explicit VemoLabel(QWidget *parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
 
     void resizeEvent(QResizeEvent *event) override;

@@ -12,12 +12,12 @@ class QLabel;
 class QLineEdit;
 
 /// A text field between two labels (a caption before it, a unit or hint after it), with an error
-/// state for the style sheet to show and a check of the text that the host may supply.
+/// state that the style sheet shows and an optional validator.
 ///
-/// Checking and showing are apart: validate() never changes the look, setError() does. The keyboard
-/// focus goes to the field: setFocus(), Tab and the mnemonic of a label whose buddy the widget is
-/// (as in a QFormLayout) all end there. The parts belong to the widget. It has no signals: connect
-/// to those of getLineEdit(), which has all the rest of QLineEdit as well.
+/// Validation does not change the look: validate() only checks the text, and setError() shows the
+/// result. setFocus(), Tab and the mnemonic of a label whose buddy is this widget (as in a
+/// QFormLayout) give the keyboard focus to the field. The parts belong to the widget. It has no
+/// signals: connect to those of getLineEdit(), which also has all other functions of QLineEdit.
 ///
 /// Requires: style files; a missing section ("component.lineedit", "component.lineedit_label")
 /// leaves its part plain, with a warning.
@@ -31,16 +31,20 @@ class QLineEdit;
 class VEMO_EXPORT VemoLineEdit : public QWidget
 {
     Q_OBJECT
+    /// The text of the label before the field.
     Q_PROPERTY(QString preText READ preText WRITE setPreText)
+    /// The text of the field.
     Q_PROPERTY(QString editText READ getEditText WRITE setEditText)
+    /// The text of the label after the field.
     Q_PROPERTY(QString postText READ postText WRITE setPostText)
+    /// The text shown in the empty field.
     Q_PROPERTY(QString placeholderText READ placeholderText WRITE setPlaceholderText)
     Q_PROPERTY(QString errorText READ errorText WRITE setErrorText)
     Q_PROPERTY(bool clearButtonEnabled READ isClearButtonEnabled WRITE setClearButtonEnabled)
     Q_PROPERTY(bool captionsVisible READ areCaptionsVisible WRITE setCaptionsVisible)
 
 public:
-    /// Three empty parts in a row; looks their styles up.
+    /// Creates three empty parts in a row and looks up their styles.
     explicit VemoLineEdit(QWidget *parent = nullptr);
 
     /// The text of the field.
@@ -48,63 +52,65 @@ public:
     /// Sets the text of the field.
     void setEditText(const QString &text);
 
-    QString text() const; ///< getEditText() by Qt's name
-    void setText(const QString &text); ///< setEditText() by Qt's name
-    void clear(); ///< empties the field
+    QString text() const; ///< same as getEditText(), named as in Qt
+    void setText(const QString &text); ///< same as setEditText(), named as in Qt
+    void clear(); ///< clears the field
     void selectAll(); ///< selects the text of the field
-    bool isReadOnly() const; ///< of the field; false at first
+    bool isReadOnly() const; ///< of the field; initially false
     void setReadOnly(bool readOnly); ///< of the field
     int maxLength() const; ///< of the field, in characters
     void setMaxLength(int length); ///< of the field, in characters
 
-    /// The field. Unless the host names it for assistive tools, its name is the first of these that
-    /// is not empty: the accessible name of this widget, the text of the label before the field,
-    /// the text of the label whose buddy this widget is. Mark-up and mnemonics are left out.
+    /// The field. Unless the host sets its accessible name, that is the first of these that is not
+    /// empty: the accessible name of this widget, the text of the label before the field, the text
+    /// of the label whose buddy this widget is. Mark-up and mnemonics are left out.
     QLineEdit *getLineEdit() const { return m_line_edit; }
 
-    /// The label before the field. Both labels start empty, and empty still take their place.
+    /// The label before the field. Both labels are initially empty, and take part in the layout
+    /// even if empty.
     QLabel *getPreLabel() const { return m_pre_label; }
     /// The label after the field, such as a unit.
     QLabel *getPostLabel() const { return m_post_label; }
 
-    QString preText() const; ///< of the label before the field
-    void setPreText(const QString &text); ///< sets that of the label before the field
-    QString postText() const; ///< of the label after the field
-    void setPostText(const QString &text); ///< sets that of the label after the field
-    QString placeholderText() const; ///< what the empty field shows
-    void setPlaceholderText(const QString &text); ///< sets what the empty field shows
+    QString preText() const; ///< text of the label before the field
+    void setPreText(const QString &text); ///< sets the text of the label before the field
+    QString postText() const; ///< text of the label after the field
+    void setPostText(const QString &text); ///< sets the text of the label after the field
+    QString placeholderText() const; ///< text shown in the empty field
+    void setPlaceholderText(const QString &text); ///< sets the text shown in the empty field
 
-    /// Whether both labels have a place in the row; true at first. In a form, whose own labels are
-    /// the captions, fields without them line up with others. A hidden label still names the field.
+    /// Sets whether the labels are visible, initially true. In forms, which have their own labels,
+    /// fields without captions are aligned with others. A hidden label still names the field.
     void setCaptionsVisible(bool visible);
-    bool areCaptionsVisible() const; ///< whether both labels have a place in the row
+    bool areCaptionsVisible() const; ///< whether the labels are visible
 
-    /// A button at the end of the field that empties it, shown while there is a text. False at
-    /// first. Looks up the picture "bt_close" and the string "accessible_clear".
+    /// Sets whether the end of the field has a button that clears it, initially false. The button
+    /// is hidden if the field is empty. Looks up the picture "bt_close" and the string
+    /// "accessible_clear".
     void setClearButtonEnabled(bool enabled);
-    bool isClearButtonEnabled() const; ///< whether the field has a button that empties it
+    bool isClearButtonEnabled() const; ///< whether the field has a button that clears it
 
-    /// Sets the field's dynamic property "error", by which style sheets can tell it.
+    /// Sets the dynamic property "error" of the field, which style sheets can match.
     void setError(bool error);
-    bool hasError() const; ///< false at first
+    bool hasError() const; ///< initially false
 
-    /// What is wrong, plain text; empty at first. It appears below the field, in lines of its own,
-    /// while the field has the error state, and is the field's description for assistive tools.
+    /// Sets the error message, a plain text that is initially empty. It is shown below the field
+    /// while the field has the error state, and is then the accessible description of the field.
     /// Looks up the section "component.lineedit_error".
     void setErrorText(const QString &text);
-    QString errorText() const { return m_error_text; } ///< what is wrong
+    QString errorText() const { return m_error_text; } ///< the error message
 
-    /// The check that validate() makes; null, as at first, accepts every text.
+    /// Sets the function that validate() calls; null, which is the default, accepts every text.
     void setValidator(bool (*validator)(const QString &));
-    /// A check that may capture; an empty function, as at first, accepts every text. validate()
-    /// makes this one after the validator's.
+    /// Sets a check that may capture; an empty function, which is the default, accepts every text.
+    /// validate() calls it after the validator.
     void setCheck(std::function<bool(const QString &)> check);
-    /// The answer of both checks for the present text; true without any.
+    /// The result of the validator and the check for the current text; true if there are none.
     bool validate() const;
 
-    /// Around the parts, in design pixels; all 0 at first.
+    /// Sets the margins around the parts in design pixels; initially all 0.
     void setMargins(int left, int top, int right, int bottom);
-    /// Between the parts, in design pixels; 0 at first.
+    /// Sets the spacing between the parts in design pixels; initially 0.
     void setSpacing(int spacing);
 
 protected:
@@ -123,9 +129,9 @@ private:
     bool (*m_validator)(const QString &) = nullptr;
     QString m_announced;
     std::function<bool(const QString &)> m_check;
-    QLabel *m_error_label = nullptr; ///< below the layout; made with the first text
+    QLabel *m_error_label = nullptr; ///< below the layout; created for the first text
     QString m_error_text;
-    QString m_own_description; ///< the field's, while the error text takes its place
+    QString m_own_description; ///< the field's own, while the error text replaces it
     bool m_is_error_described = false;
     int m_error_height = 0; ///< of the widget's lower margin, in screen pixels
 };

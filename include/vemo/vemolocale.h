@@ -7,8 +7,8 @@
 
 #include <map>
 
-/// Three-letter language codes ("enu", "deu", "cht", ...) for locale names, by which string tables
-/// and help pages are named. Nothing has to be initialised before.
+/// Three-letter language codes ("enu", "deu", "cht", ...) for locale names, used in the names of
+/// string tables and help pages. Requires: nothing.
 ///
 /// chs (Chinese), cht (Chinese of Taiwan, Hong Kong and Macau), csy, dan, deu, enu, esn, fra, hun,
 /// ita, jpn, krn (Korean), nld, nor, plk, ptb (Portuguese), ptg (that of Portugal), rus, sve, trk.
@@ -20,14 +20,14 @@
 class VEMO_EXPORT VemoLocale
 {
 public:
-    /// The one instance, made on first use; it lives until the process ends.
+    /// The only instance, created on first use; it exists until the process ends.
     static VemoLocale &getInstance();
 
-    /// The code for the system's locale, asked for at each call; "enu" for a language without one.
+    /// The code for the system's current locale; "enu" for languages without a code.
     QString getDefaultLanguage() const;
 
-    /// Stores code under a language (lower case, two letters). Without effect on "pt" and "zh",
-    /// whose code depends on the region too.
+    /// Sets the code of a language (two lower-case letters). Has no effect on "pt" and "zh", whose
+    /// code also depends on the region.
     void setLanguageMap(QString language, QString code);
 
 private:

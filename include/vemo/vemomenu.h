@@ -7,12 +7,12 @@
 
 /// A menu that moves itself into the primary screen's available area when it is shown.
 ///
-/// It has no look of its own; give it the section "component.menu" where it should have the
-/// library's. It belongs to its parent.
+/// It does not style itself; set the section "component.menu" for the library's look. It belongs to
+/// its parent.
 ///
 ///     auto *menu = new VemoMenu(this);
 ///     menu->setStyleSheet(getStyleSheet("component.menu"));
-///     menu->addAction(tr("Rename"), this, SLOT(slotRename()));
+///     menu->addAction(tr("Rename"), this, &MainWindow::renameFile);
 ///
 /// \image html choices-menus.png
 class VEMO_EXPORT VemoMenu : public QMenu
@@ -20,7 +20,7 @@ class VEMO_EXPORT VemoMenu : public QMenu
     Q_OBJECT
 
 public:
-    /// An empty menu.
+    /// Creates an empty menu.
     explicit VemoMenu(QWidget *parent = nullptr);
     /// An empty menu with a title.
     explicit VemoMenu(const QString &title, QWidget *parent = nullptr);

@@ -7,8 +7,8 @@
 
 /// The arithmetic of paging through a list: rows per page, number of items, current page.
 ///
-/// The host owns it and hands it to a VemoPagingBar, which writes the current page. Nothing is
-/// clamped: what is set is stored as it comes. It needs no resources and has no signals.
+/// The host owns it and passes it to a VemoPagingBar, which sets the current page. Values are
+/// stored as they are, without clamping. It has no signals. Requires: nothing.
 ///
 ///     VemoPagingModel model(50, nullptr);
 ///     model.setItemCount(120);
@@ -19,30 +19,31 @@
 class VEMO_EXPORT VemoPagingModel : public QObject // clazy:exclude=missing-qobject-macro
 {
 public:
-    /// Page 1 of no items, with that many rows to a page.
+    /// Creates a model with the given rows per page and no items, at page 1.
     explicit VemoPagingModel(int rowLimit, QObject *parent = nullptr);
 
-    /// Rows of a page.
+    /// The number of rows per page.
     int rowLimit() const;
 
-    /// A row limit of 0 puts everything on one page: pageCount() then is 1, with a warning.
+    /// Sets the rows per page. A row limit of 0 puts everything on one page: pageCount() is then 1,
+    /// with a warning.
     void setRowLimit(int rowLimit);
 
-    /// Items of the whole list; 0 at first.
+    /// The number of items in the whole list; initially 0.
     int itemCount() const;
-    /// Stores the number; the current page stays as it is.
+    /// Sets the number of items; the current page does not change.
     void setItemCount(int itemCount);
 
-    /// Counted from 1, which it is at first.
+    /// The current page, counted from 1; initially 1.
     int nowPage() const;
-    /// Stores the page; whether there is such a page is not looked at.
+    /// Sets the current page, without checking whether it exists.
     void setNowPage(int nowPage);
 
-    /// At least 1, also without items.
+    /// The number of pages; at least 1, even without items.
     int pageCount() const;
 
-    /// Index, counted from 0, of the first item of the current page; beyond the items where the
-    /// page is beyond the last one.
+    /// Index, counted from 0, of the first item on the current page. It exceeds the number of items
+    /// if the page is beyond the last one.
     int startItem() const;
 
 private:

@@ -10,20 +10,20 @@
 
 class QPainter;
 
-/// The frame of every sheet: a white panel with a soft shadow around it, drawn inside its parent's
-/// window instead of opening a window of its own.
+/// The frame of every sheet: a white panel with a soft shadow, inside its parent's window instead
+/// of in a separate window.
 ///
-/// The shadow lies in a band of 22 design pixels on each side, the frame's contents margins, and is
-/// made of the eight catalogue pictures "bg_tutorial_l", "_r", "_t", "_b", "_lt", "_rt", "_lb"
-/// and "_rb". They are looked up at each paint; a missing one leaves its place empty and warns.
-/// Initialise the catalogue before the first paint.
+/// The shadow is 22 design pixels wide on each side, in the contents margins of the frame, and
+/// consists of the eight catalogue pictures "bg_tutorial_l", "_r", "_t", "_b", "_lt", "_rt", "_lb"
+/// and "_rb". They are looked up at each paint; a missing one is left out, with a warning.
+/// Requires: pictures, before the first paint.
 ///
-/// A frame neither places itself nor is it modal: lay it over a window with VemoMask, or take
-/// VemoMessageSheet or VemoInputSheet, which do the rest. To screen readers it is a dialog, and
-/// those two are modal while they run.
+/// A frame has no position of its own and is not modal: put it over a window with VemoMask, or use
+/// VemoMessageSheet or VemoInputSheet. To screen readers it is a dialog, and those two are modal
+/// while they run.
 ///
-/// A mask makes the frame as large as its size policy allows. That is the whole window, unless the
-/// policy is Fixed as here:
+/// A mask makes the frame as large as its size policy allows. That is the whole window unless the
+/// policy is Fixed, as here:
 ///
 ///     auto *sheet = new VemoSheet(window);
 ///     sheet->setWidget(new QCalendarWidget);
@@ -37,18 +37,17 @@ class VEMO_EXPORT VemoSheet : public QFrame
     Q_OBJECT
 
 public:
-    /// An empty frame, a child of parent.
+    /// Creates an empty frame as a child of parent.
     explicit VemoSheet(QWidget *parent = nullptr);
     ~VemoSheet() override;
 
-    /// Shows widget, which the frame takes over, in the middle of the body, and takes on the size
-    /// that it asks for. Not null. A widget set before stays a child of the frame, unmanaged.
+    /// Takes ownership of widget, centres it in the body and adopts its size hint. widget must not
+    /// be null. A previous widget remains an unmanaged child of the frame.
     void setWidget(QWidget *widget);
 
 Q_SIGNALS:
-    /// For derived sheets, which emit it at their end, whether the user or the program ended them,
-    /// with the result that exec() returns; not when they are deleted. The frame itself never emits
-    /// it.
+    /// Emitted by derived sheets when the user or the program ends them, with the result that
+    /// exec() returns, but not when they are deleted. The frame itself never emits it.
     void finished(int ret);
 
 protected:
@@ -57,7 +56,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    /// A picture as it was stretched for the last paint.
+    /// A picture as stretched for the last paint event.
     struct StretchedEdge
     {
         qint64 sourceKey = 0;

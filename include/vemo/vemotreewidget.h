@@ -7,60 +7,64 @@
 #include <QPersistentModelIndex>
 #include <QTreeWidget>
 
-/// A tree that paints a rounded highlight behind selected and hovered rows and tells the host of
+/// A tree that paints a rounded highlight under selected and hovered rows, and emits signals for
 /// key presses and right clicks.
 ///
-/// It looks up no style itself: a host sets its colours, its style sheet (the default theme has
-/// one, "component.tree") and, for renaming, an ItemDelegate. Rows without a check box
-/// (Qt::ItemIsUserCheckable) draw their text as disabled. It belongs to its parent. The events that
-/// its own signals hand out are not to be kept; their slots may delete the tree.
+/// It does not style itself: the host sets its colours, its style sheet (the default theme has the
+/// section "component.tree") and, for renaming, an ItemDelegate. The text of rows without a check
+/// box (Qt::ItemIsUserCheckable) is drawn as disabled. It belongs to its parent. The events passed
+/// to slots are only valid during the signal; slots may delete the tree.
 ///
 ///     auto *folders = new VemoTreeWidget(this);
 ///     folders->setStyleSheet(getStyleSheet("component.tree"));
 ///     folders->setBackgroundColor("#DCEBFB", "#EEF3F8");
-///     connect(folders, SIGNAL(sigMouseRightClickEvent(QMouseEvent *)), this,
-///         SLOT(slotShowMenu(QMouseEvent *)));
+///     connect(folders, &VemoTreeWidget::sigMouseRightClickEvent, this,
+///         &MainWindow::showFolderMenu);
 ///
 /// \image html tree-folders.png
 class VEMO_EXPORT VemoTreeWidget : public QTreeWidget
 {
     Q_OBJECT
+    /// The highlight of selected rows.
     Q_PROPERTY(QColor selectedColor READ selectedColor WRITE setSelectedColor)
+    /// The highlight of hovered rows.
     Q_PROPERTY(QColor hoverColor READ hoverColor WRITE setHoverColor)
 
 public:
-    /// An empty tree without colours.
+    /// Creates an empty tree without colours.
     explicit VemoTreeWidget(QWidget *parent = nullptr);
 
-    /// Colours behind selected and hovered rows, from the next paint on; invalid ones, as at first,
-    /// paint black.
+    /// Sets the highlights of selected and hovered rows, from the next paint event on. Initially
+    /// they are invalid and painted black.
     void setBackgroundColor(QColor selected, QColor hover);
 
-    /// The colour behind selected rows; invalid at first.
+    /// The highlight of selected rows; initially invalid.
     QColor selectedColor() const { return m_selected_color; }
-    /// The one colour without the other, for forms.
+    /// Sets this colour and keeps the other; for forms.
     void setSelectedColor(const QColor &color) { setBackgroundColor(color, m_hover_color); }
-    /// The colour behind hovered rows; invalid at first.
+    /// The highlight of hovered rows; initially invalid.
     QColor hoverColor() const { return m_hover_color; }
-    /// The one colour without the other, for forms.
+    /// Sets this colour and keeps the other; for forms.
     void setHoverColor(const QColor &color) { setBackgroundColor(m_selected_color, color); }
 
-    /// Scrolls sideways until the left edge of item is in the middle of the viewport, unless it has
-    /// 100 design pixels of room already. Does nothing for a null item or another tree's.
+    /// Scrolls horizontally until the left edge of item is in the middle of the viewport, unless
+    /// there are already 100 design pixels of space. Ignores null and items of other trees.
     void updateScrollArea(QTreeWidgetItem *item);
 
 Q_SIGNALS:
-    /// The user pressed a key; before the tree handles it.
+    /// Emitted when the user presses a key, before the tree handles it.
     void sigKeyPressEvent(QKeyEvent *);
-    /// The user pressed the right button, anywhere on the tree; before the tree handles it.
+    /// Emitted when the user presses the right button anywhere on the tree, before the tree handles
+    /// it.
     void sigMouseRightClickEvent(QMouseEvent *event);
 
 protected:
-    /// Follows the pointer, so that the highlight of a row goes when the pointer does.
+    /// Tracks the pointer, so that the highlight disappears when the pointer leaves a row.
     bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    /// Makes the current item current once more, so that its signals fire; without one, the first.
+    /// Sets the current item again so that its signals are emitted, or the first item if there is
+    /// none.
     void focusInEvent(QFocusEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void paintEvent(QPaintEvent *event) override;
@@ -79,5 +83,5 @@ private:
     QColor m_selected_color;
     QColor m_hover_color;
     const Paint *m_paint = nullptr; ///< set while the viewport is painted
-    QPersistentModelIndex m_hovered_row; ///< the row under the pointer, as far as events say
+    QPersistentModelIndex m_hovered_row; ///< the row under the pointer at the last event
 };

@@ -5,7 +5,7 @@
 #include <QProcessEnvironment>
 #include <QStringList>
 
-/// How a test program ended that was started again, as a child, for one scenario.
+/// The result of running this test program as a child process for a scenario.
 struct ChildResult
 {
     QProcess::ExitStatus status = QProcess::CrashExit;
@@ -14,12 +14,12 @@ struct ChildResult
 };
 
 /// Starts this test program again to run a scenario (see VEMO_TEST_MAIN_WITH_CHILD) and waits for
-/// its end. environment holds "NAME=value", and "NAME" for a variable to remove.
+/// its end. environment contains "NAME=value", or "NAME" for a variable to remove.
 ChildResult runChild(const QString &scenario, const QStringList &environment = {});
 
-/// The environment of such a child, for a test that starts it by itself.
+/// The environment of such a child, for tests that start it themselves.
 QProcessEnvironment childProcessEnvironment(
     const QString &scenario, const QStringList &environment);
 
-/// The scenario that this process was started for; empty in the test itself.
+/// The scenario for which this process was started; empty in the test itself.
 QString childScenario();

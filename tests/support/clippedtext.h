@@ -5,8 +5,8 @@
 
 class QWidget;
 
-/// What the visible widgets under root, and root itself, don't show whole, a line for each: texts
-/// of labels, buttons, boxes, header sections, the calendar's cells, and placeholders. Left out is
-/// what is cut on purpose: the content of a line edit, which scrolls, and the cells of other
-/// tables, trees and lists, which end in three dots.
+/// The texts that root and the visible widgets below it do not show completely, one line for each:
+/// texts of labels, buttons, boxes, header sections, the calendar's cells, and placeholders. Texts
+/// that are cut off deliberately are ignored: the content of a line edit, which scrolls, and the
+/// cells of other tables, trees and lists, which end with three dots.
 QStringList clippedTexts(QWidget *root);

@@ -7,8 +7,7 @@
 #include <functional>
 #include <utility>
 
-/// Counts the events of one type that an object gets, or those among them for which a condition
-/// holds.
+/// Counts the events of a type that an object receives, or those that satisfy a condition.
 class EventCounter : public QObject
 {
 public:

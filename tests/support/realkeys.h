@@ -3,9 +3,9 @@
 
 #include <Qt>
 
-/// Presses and releases a key as a user does: on X11 the server does it, so that window manager,
-/// focus, pop-ups and shortcuts have their say; elsewhere the window with the focus gets the
-/// events. On X11 it arrives later: wait for what it brings about (QTRY_...).
+/// Presses and releases a key like a user: on X11 through the server, so that the window manager,
+/// focus, pop-ups and shortcuts are involved; on other platforms the focused window receives the
+/// events. On X11 the key arrives later, so wait for its effect (QTRY_...).
 ///
-/// Fails the test where the program xdotool is missing, and for a key that it doesn't know.
+/// Fails the test if the program xdotool is missing or does not know the key.
 void pressRealKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

@@ -3,8 +3,8 @@
 
 #include <QStringList>
 
-/// Records every warning, and worse, between start() and stop(), and passes it on to the handler
-/// that was there before. Of the library's own category it records every message.
+/// Records warnings and more severe messages between start() and stop(), and passes them on to the
+/// previous handler. Records all messages of the library's own category.
 ///
 ///     getStyleSheet("no.such.key");
 ///     QCOMPARE(messages.take(), QStringList("Cannot find stylesheet \"no.such.key\""));
@@ -14,8 +14,8 @@ public:
     void start();
     void stop();
 
-    /// The texts since the last call, oldest first. A warning of the library's own category is
-    /// recorded as it is. Any other category is put before the text ("qt.svg: ..."), and so is any
-    /// other level ("critical: ...").
+    /// Returns the texts since the last call, oldest first. Warnings of the library's own category
+    /// are recorded unchanged; other texts are prefixed by their category ("qt.svg: ...") or level
+    /// ("critical: ...").
     QStringList take();
 };

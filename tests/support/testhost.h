@@ -6,7 +6,7 @@
 #include <QColor>
 #include <QTemporaryDir>
 
-/// A host application's folders, made for one test program: pictures, catalogue, style files.
+/// The folders of a host application, created for a test program: pictures, catalogue, style files.
 ///
 ///     TestHost host;
 ///     host.addPicture("folder", { 64, 64 }, Qt::red);
@@ -22,22 +22,22 @@ public:
     QString pictureFolder() const { return resourcePath() + QLatin1String("/images"); }
     QString tempPictureFolder() const { return userDataPath() + QLatin1String("/tmp_images"); }
 
-    /// Writes a one-colour PNG, its size in artwork pixels (4x), into the picture folder.
+    /// Writes a PNG with a single colour into the picture folder; size is in artwork pixels (4x).
     void addPicture(const QString &name, const QSize &size, const QColor &colour) const;
 
-    /// Writes a PNG of black and white pixels side by side: only a copy that was smoothed on the
-    /// way to a quarter of its size is grey.
+    /// Writes a PNG of alternating black and white pixels: only a copy that was smoothly scaled to
+    /// a quarter of its size is grey.
     void addChequeredPicture(const QString &name, const QSize &size) const;
     void writeCatalogue(const QStringList &names, const QStringList &tempNames = {}) const;
 
     /// Writes bytes into a file under the resource folder and returns its full path.
     QString writeFile(const QString &name, const QByteArray &bytes) const;
 
-    /// Registers both folders, then initialises the catalogue. Claims the warnings of registering
-    /// them once more.
+    /// Registers both folders, then initialises the catalogue. Claims the warnings for registering
+    /// them again.
     void start(ImageManager::InitializeType type) const;
 
-    /// Registers other folders, without the warnings of registering them once more.
+    /// Registers other folders, and claims the warnings for registering them again.
     static void registerFolders(const QString &resources, const QString &userData);
 
 private:
@@ -45,6 +45,6 @@ private:
     QTemporaryDir m_userData;
 };
 
-/// Starts the default theme, in English, on a folder that lives as long as the process; does
-/// nothing when it has been started before.
+/// Installs the default theme in English, with a folder that exists until the process ends. Does
+/// nothing if it is already installed.
 void startDefaultTheme();

@@ -7,9 +7,9 @@
 #include <QApplication>
 #include <QtTest>
 
-/// Base of every test class: a warning that the test function didn't claim with messages.take()
-/// fails it, and so does a window that it left behind. A test with an init() or cleanup() of its
-/// own calls these from it.
+/// Base of every test class. A test function fails if it logs a warning that it does not claim with
+/// messages.take(), or leaves a window open. Tests with their own init() or cleanup() must call
+/// those of this class.
 class VemoTest : public QObject
 {
     Q_OBJECT
@@ -22,15 +22,15 @@ protected Q_SLOTS:
     void cleanup();
 };
 
-/// The colour that widget shows at a point in its own coordinates.
+/// The colour of widget at a point in its own coordinates.
 QColor pixelAt(QWidget *widget, const QPoint &point);
 
-/// Fills in the test environment where the program was started by hand.
+/// Completes the test environment if the program was started manually.
 void setTestEnvironment();
 
 using ChildFunction = int (*)(const QString &scenario);
 
-/// The offscreen platform never frees its screens: reachable they are no leak.
+/// The offscreen platform never frees its screens, which are not reported as leaks if reachable.
 void keepScreensReachable();
 
 template <typename TestClass> int runTests(int argc, char **argv, ChildFunction child)
@@ -51,7 +51,7 @@ template <typename TestClass> int runTests(int argc, char **argv, ChildFunction 
         return runTests<TestClass>(argc, argv, nullptr);                                           \
     }
 
-/// childFunction, an int(const QString &scenario), runs in the processes that runChild() starts.
+/// childFunction, an int(const QString &scenario), is run in the processes started by runChild().
 #define VEMO_TEST_MAIN_WITH_CHILD(TestClass, childFunction)                                        \
     int main(int argc, char **argv)                                                                \
     {                                                                                              \
