@@ -25,7 +25,7 @@ constexpr int kMaxShownAddress = 200; // Letters of it in a warning.
 constexpr int kPausePerWork = 4;
 constexpr int kStartsPerEvent = 8; // Each makes a thread.
 
-/// Keeps a view's place while what it shows changes: the line at its upper edge stays there.
+/// Keeps the scroll position of a view while its content changes: the line at its top stays there.
 class ReadingPlace
 {
 public:
@@ -67,7 +67,7 @@ void HtmlTextBrowser::setPageUrl(const QUrl &url)
     const bool isLocal = url.isLocalFile() || url.scheme() == QLatin1String("qrc");
     m_page_url = url;
     page()->setLocalFilesAllowed(isLocal);
-    // Left alone, the base class looks for relative links, and those to files, on the disk.
+    // By default the base class searches the disk for relative links and links to files.
     setOpenLinks(isLocal);
 }
 
@@ -98,8 +98,8 @@ bool HtmlTextBrowser::showContent(const QString &html)
         setHtml(safe.html);
     else
         setPlainText(safe.html);
-    // In a view that its layout has not yet given its size, the base class scrolls to a cut first
-    // line.
+    // Before the layout has set the size of the view, the base class scrolls so that the first line
+    // is cut off.
     verticalScrollBar()->setValue(0);
     return true;
 }
@@ -121,8 +121,8 @@ void HtmlTextBrowser::downloadPictures(const QVector<QStringView> &sources)
 ImageDownloader *HtmlTextBrowser::makeDownloader(const QString &source, const QString &folder)
 {
     const QString name = source.mid(source.lastIndexOf(QLatin1Char('/')) + 1);
-    const QString url = m_base_url + source; // Joined as they stand: deliberately not resolved.
-    // A page refers to ../image/name, too, and by way of the search path this is where it gets.
+    const QString url = m_base_url + source; // Deliberate: joined, not resolved.
+    // Pages may also refer to ../image/name, which the search path resolves to this folder.
     auto *downloader = new ImageDownloader(folder + QLatin1String("/../image/") + name, url);
     downloader->setParent(this);
     downloader->shareBuffers(m_buffered_bytes);
@@ -160,17 +160,17 @@ void HtmlTextBrowser::startDownloads(int page)
 
 void HtmlTextBrowser::slotDownloadFinished(const QString &url, int res)
 {
-    Q_UNUSED(res) // Deliberate: the view is refreshed after a failure, too.
+    Q_UNUSED(res) // Deliberate: the view is also refreshed after a failure.
     auto *downloader = qobject_cast<ImageDownloader *>(sender());
     ImageDownloader *stored = m_downloads.value(url);
-    // A later download of the same address may have taken this one's entry.
+    // A later download of the same address may have replaced the entry.
     if (!downloader || downloader == stored) {
         m_downloads.remove(url);
         downloader = stored;
     }
     if (downloader)
         release(downloader);
-    // Where a link had led to a file before this page, reload() would bring the file back.
+    // If a link to a file was followed before this page, reload() would show that file again.
     if (source().isEmpty() || source() != m_replaced_source)
         reloadInPlace();
     if (!m_show_timer.isActive())
@@ -188,8 +188,8 @@ void HtmlTextBrowser::release(ImageDownloader *downloader)
     startDownloads(page);
 }
 
-/// Every picture gets its turn, even if a server leaves as many requests as may run at once without
-/// an answer. A silent download goes on, as there is no time limit, but no longer counts.
+/// Makes sure that every picture is fetched, even if a server does not answer the maximum number of
+/// parallel requests. A silent download continues, as there is no time limit, but is not counted.
 void HtmlTextBrowser::makeRoomForOthers(ImageDownloader *silent)
 {
     if (!m_page_numbers.contains(silent))
@@ -215,8 +215,8 @@ void HtmlTextBrowser::reloadInPlace()
     verticalScrollBar()->setValue(row);
 }
 
-/// Lays the page out with the pictures that have arrived: reload() alone doesn't, a text that was
-/// set has no source to load again. Many pictures share one turn.
+/// Updates the layout for the pictures that have arrived, many at a time. reload() is not enough,
+/// since text set with setHtml() has no source to reload.
 void HtmlTextBrowser::slotShowArrivedPictures()
 {
     QElapsedTimer timer;
@@ -225,14 +225,14 @@ void HtmlTextBrowser::slotShowArrivedPictures()
     page()->renewPictures(m_arrived);
     m_arrived.clear();
     place.restore();
-    // A long page with many pictures must leave time for its reader.
+    // A long page with many pictures must remain responsive.
     m_show_pause = kPausePerWork * int(timer.elapsed());
 }
 
 void HtmlTextBrowser::slotOpenLink(const QUrl &link)
 {
     if (openLinks())
-        return; // The base class goes on by itself.
+        return; // The base class handles the link.
     const QUrl href = hrefOf(link);
     if (href.isRelative() && href.path().isEmpty() && href.hasFragment()) {
         scrollToAnchor(href.fragment());
@@ -245,8 +245,8 @@ void HtmlTextBrowser::slotOpenLink(const QUrl &link)
         qCWarning(vemoLog) << "Link is not opened" << target.toString().left(kMaxShownAddress);
 }
 
-/// What the page has for link. The base class resolves it against the last file that it showed by
-/// itself, though that was another page.
+/// The href of link as in the page. The base class resolves links against the last file that it has
+/// shown itself, even if that was another page.
 QUrl HtmlTextBrowser::hrefOf(const QUrl &link) const
 {
     if (source().isEmpty())
@@ -261,7 +261,7 @@ QUrl HtmlTextBrowser::hrefOf(const QUrl &link) const
     return link;
 }
 
-/// A page from a file refers to what lies beside it; one from the network gets nothing here.
+/// Resolves addresses relative to the file of a page. Pages from the network get nothing here.
 QVariant HtmlTextBrowser::loadResource(int type, const QUrl &name)
 {
     const bool isPage =
@@ -269,7 +269,7 @@ QVariant HtmlTextBrowser::loadResource(int type, const QUrl &name)
     if (!isPage && !page()->areLocalFilesAllowed())
         return {};
     const bool isRelative = name.isRelative();
-    // The base class would look into it.
+    // The base class would search it.
     const bool isForeignFolder =
         isRelative && searchPaths().contains(pictureFolder()) && !isPictureFolderOwn();
     const QVariant found = isForeignFolder ? QVariant() : QTextBrowser::loadResource(type, name);

@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr int kMaxValueLength = 4000; // A picture may be in it.
-constexpr int kFontPixels = 20; // Of a letter of no size of its own.
-constexpr int kIndentPixels = 40; // Of a step to the right.
+constexpr int kMaxValueLength = 4000; // It may contain a picture.
+constexpr int kFontPixels = 20; // Height of a letter without an explicit size.
+constexpr int kIndentPixels = 40; // Per level.
 
 bool isOneOf(QChar c, const char *letters)
 {
@@ -46,8 +46,8 @@ QString withoutComments(const QString &css)
     }
 }
 
-/// Where the first of ends is from position on, outside of quotes and brackets; the text's end if
-/// there is none.
+/// The position of the first of ends at or after position, outside of quotes and brackets; the end
+/// of text if there is none.
 int findOutside(QStringView text, int position, const char *ends)
 {
     QChar quote;
@@ -70,8 +70,7 @@ int findOutside(QStringView text, int position, const char *ends)
     return int(text.size());
 }
 
-/// Whether value means to every reader what it seems to: quotes and brackets end, nothing is
-/// escaped.
+/// Whether value is unambiguous: quotes and brackets are closed, and nothing is escaped.
 bool isPlainValue(QStringView value)
 {
     if (value.isEmpty() || value.size() > kMaxValueLength)
@@ -121,7 +120,7 @@ bool hasLargeNumber(const QString &name, const QString &value)
     return false;
 }
 
-/// The largest length in value, in pixels; not less than what the text engine makes of it.
+/// The largest length in value, in pixels; at least the value that the text engine uses.
 int largestLength(const QString &value)
 {
     int largest = 0;
@@ -227,7 +226,7 @@ QString rule(const QString &selector, QStringView block, bool mayHoldMedia, CssE
     return selector + QLatin1Char('{') + plain + QLatin1Char('}');
 }
 
-/// The end of the block that begins at position, at its closing brace.
+/// The position of the closing brace of the block that begins at position.
 int blockEnd(QStringView css, int position)
 {
     int depth = 1;

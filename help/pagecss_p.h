@@ -4,30 +4,30 @@
 
 #include <QString>
 
-/// What the text engine has to do for a style sheet.
+/// The cost of a style sheet for the text engine.
 struct CssEffort
 {
     int selectors = 0;
     int declarations = 0;
-    int ancestors = 0; ///< Steps from an element to those around it.
-    int siblings = 0; ///< Steps to the one before it.
+    int ancestors = 0; ///< Steps from an element to its ancestors.
+    int siblings = 0; ///< Steps to the previous siblings.
     int maxLength = 0; ///< Pixels of the largest margin, padding, border, indent or height.
-    int maxLine = 0; ///< Pixels that a line of the largest font or line height takes.
-    int maxHeadingLine = 0; ///< The same for headings alone.
+    int maxLine = 0; ///< Height in pixels of a line with the largest font or line height.
+    int maxHeadingLine = 0; ///< The same for headings only.
     bool hasFonts = false;
     bool hasFloats = false;
     bool hasWhiteSpace = false;
     bool hasDisplay = false; ///< Whether blocks may become parts of a line.
 };
 
-/// css, of a style attribute, rewritten: plain declarations with one spelling. Whatever is not
-/// plain, such as escapes, is left out. Adds to effort.
+/// Rewrites the declarations of a style attribute in a plain, unambiguous form. Anything that is
+/// not plain, such as escapes, is left out. Adds to effort.
 QString plainDeclarations(const QString &css, CssEffort *effort);
 
-/// css, of a style sheet, rewritten in the same way. Rules but those for media are left out,
-/// imports in particular.
+/// Rewrites a style sheet in the same way. At-rules other than media rules are left out, imports in
+/// particular.
 QString plainStyleSheet(const QString &css, CssEffort *effort);
 
-/// css, a style sheet or a style attribute of a local page, without the declarations whose lengths
-/// are too large for the text engine; letter for letter the same if there are none.
+/// Removes declarations whose lengths are too large for the text engine from a style sheet or a
+/// style attribute of a local page. If there are none, css is returned unchanged.
 QString withoutLargeNumbers(const QString &css);

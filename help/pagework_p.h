@@ -7,36 +7,36 @@
 #include <QChar>
 #include <QSet>
 
-/// Estimates what the text engine takes for a page, in nanoseconds. The figures are measured with
-/// Qt 5.15, each with a page of nothing else.
+/// Estimates the time that the text engine needs for a page, in nanoseconds. The figures were
+/// measured with Qt 5.15, each with a page that only contains the item in question.
 class PageWork
 {
 public:
     qint64 total() const { return m_total; }
     bool isTooMuch() const { return m_total > kMaxWork || m_height > kMaxHeight; }
 
-    /// The text engine never returns from a page that is more than 8 million pixels high. Fonts may
-    /// be twice as large as assumed here, and pictures take kMaxPicturesHeight of it.
+    /// The text engine hangs on pages that are more than 8 million pixels high. Fonts may be twice
+    /// as large as assumed here, and pictures may use kMaxPicturesHeight.
     void addHeight(qint64 pixels) { m_height += pixels; }
-    /// Everything inside of a table is laid out twice.
+    /// The content of a table is laid out twice.
     void setTables(int depth) { m_tables = depth; }
     void addText(int letters, int signs) { add(kLetter * letters + kSign * signs); }
     void addLines(int count) { add(kElement * count); }
-    /// The text engine looks for a monospaced font again for each text.
+    /// The text engine searches for a monospaced font again for each text.
     void addFont(uint font, bool isMonospaced);
     void addElement(int depth, int sibling, const CssEffort &css);
-    /// An end looks for its beginning.
+    /// An end tag searches for its start tag.
     void addClosing(int depth) { m_total += kDepth * depth; }
     void addAttribute(qint64 length) { m_total += kAttributeLetter * length; }
-    /// Items know their list as a sequence.
+    /// An item is searched for in the sequence of its list.
     void addItem(int itemsBefore) { m_total += kItem * itemsBefore; }
     /// The text before the picture in its paragraph is shaped again.
     void addPicture(int lettersBefore) { m_total += kPictureLetter * lettersBefore; }
-    /// Each looks for room between all earlier ones, tables again and again.
+    /// Each float searches for space among all earlier ones; tables do so repeatedly.
     void addFloat(bool isTable);
-    /// A cell over several rows pushes those beside it aside.
+    /// A cell that spans several rows moves its neighbours.
     void addSpan(int columns, int rows) { add(kSpan * columns * rows); }
-    /// gridGrowth: columns times rows that the table has become larger by.
+    /// gridGrowth is the increase of the table's columns times rows.
     void addCell(int gridGrowth) { add(kCell + kGrid * qint64(gridGrowth)); }
 
     static constexpr int kPictureAsLetters = 6;
@@ -48,7 +48,7 @@ private:
     static constexpr qint64 kMaxWork = 1500000000;
     static constexpr qint64 kLetter = 400;
     static constexpr qint64 kSign =
-        4000; ///< A letter of another script than the one before, or of a complex one.
+        4000; ///< A letter of a complex script, or of a different script than the previous one.
     static constexpr qint64 kElement = 12000;
     static constexpr qint64 kDepth = 50;
     static constexpr qint64 kSelector = 500;
@@ -99,7 +99,7 @@ inline void PageWork::addFloat(bool isTable)
 class TextWork
 {
 public:
-    /// What lines have to be filled with.
+    /// The width that the text of a line fills.
     enum Width { FULL_WIDTH, WIDTH_OF_WORDS, NO_WIDTH };
 
     void take(QChar c)
@@ -129,10 +129,11 @@ public:
             work->addLines(m_lines);
         m_letters = m_signs = m_lines = m_breaks = m_words = 0;
     }
-    /// The pixels that what has been taken since the last time may be high, in lines of so many.
+    /// The maximum height in pixels of the letters counted since the last call, for the given
+    /// height of a line.
     qint64 height(Width width, int line, bool linesCount) const
     {
-        // Half of what a window of usual width has room for.
+        // Half of the letters that fit into a window of usual width.
         const int lettersOfLine = qMax(1, 1400 / line);
         const int all = m_letters + m_signs;
         const int wrapped = width == NO_WIDTH ? all
@@ -155,6 +156,6 @@ private:
     int m_letters = 0;
     int m_signs = 0;
     int m_lines = 0;
-    int m_breaks = 0; ///< That hold whatever the text is in.
+    int m_breaks = 0; ///< Line breaks that are effective in any element.
     int m_words = 0;
 };

@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr int kLinePixels = 20; // Of a font of usual size.
-constexpr int kIndentPixels = 40; // Of a list or a quotation.
+constexpr int kLinePixels = 20; // For a font of usual size.
+constexpr int kIndentPixels = 40; // For a list or a quotation.
 
 bool isOneOf(const QString &name, std::initializer_list<const char *> names)
 {
@@ -21,15 +21,15 @@ bool isOneOf(const QString &name, std::initializer_list<const char *> names)
         [&name](const char *each) { return name == QLatin1String(each); });
 }
 
-/// What an element is, looked up once for each of its tags.
+/// Properties of an element, looked up once for each of its tags.
 enum Trait {
     EMPTY = 1, ///< Has no content and no end tag.
     BLOCK = 2,
-    LINES = 4, ///< Always begins a line, and ends with one.
+    LINES = 4, ///< Always starts a new line, and ends it.
     BOLD = 8,
     ITALIC = 16,
     MONOSPACED = 32,
-    SIZED = 64, ///< In a size of its own.
+    SIZED = 64, ///< Has its own font size.
 };
 
 int traitsOf(const QString &name)
@@ -66,7 +66,7 @@ bool isPlainName(const QString &name)
            });
 }
 
-/// What tells one font of a page from another.
+/// The properties that distinguish the fonts of a page.
 struct Font
 {
     int traits = 0;
@@ -80,7 +80,7 @@ struct Font
 struct Element
 {
     QString name;
-    bool isWritten = true; ///< False for those that the text engine puts in by itself.
+    bool isWritten = true; ///< False for those that the text engine inserts itself.
     Font font;
     int children = 0;
     int items = 0; ///< Of a list.
@@ -88,11 +88,11 @@ struct Element
     int columns = 0;
     int columnsOfRow = 0;
     int indent = 0; ///< In pixels, as the next one.
-    int cellHeight = 0; ///< Of a table: what it adds to each of its rows.
-    int line = 0; ///< Of its text, if that is higher than usual.
+    int cellHeight = 0; ///< Of a table: the height that it adds to each row.
+    int line = 0; ///< The line height of its text, if that is higher than usual.
 };
 
-/// text with the entities of the signs that HTML is made of, and numeric ones, resolved.
+/// Resolves numeric entities and those of characters with a meaning in HTML.
 QString resolved(QStringView text)
 {
     static const QHash<QString, QChar> names {{QStringLiteral("quot"), QLatin1Char('"')},
@@ -124,7 +124,7 @@ bool isSide(QStringView alignment)
     return isOneOf(resolved(alignment).toLower(), {"left", "right"});
 }
 
-/// Whether attribute is a length beyond any page's, for which the text engine's numbers overflow.
+/// Whether attribute is a length so large that it would overflow the text engine's integers.
 bool isTooLong(const HtmlAttribute &attribute)
 {
     constexpr int kMaxLength = 9999;
@@ -132,7 +132,7 @@ bool isTooLong(const HtmlAttribute &attribute)
             {"width", "height", "border", "cellpadding", "cellspacing", "size", "start", "value"}))
         return false;
     QString length = resolved(attribute.value).trimmed();
-    // Another entity may be a blank: the text engine finds a number behind it.
+    // Another entity may be a blank, after which the text engine would find a number.
     if (length.contains(QLatin1Char('&')))
         return true;
     if (length.endsWith(QLatin1Char('%')))
@@ -142,7 +142,7 @@ bool isTooLong(const HtmlAttribute &attribute)
     return isNumber && !(qAbs(number) <= kMaxLength); // Neither is one that is infinite, or none.
 }
 
-/// Reads a page and writes it again.
+/// Parses a page and rewrites it.
 class PageWriter
 {
 public:
@@ -190,13 +190,13 @@ private:
     CssEffort m_css;
     WordBreaks m_words;
     TextWork m_letters;
-    bool m_keeps_lines = false; // Whether a line of the page may be one of the text.
-    int m_paragraph = 0; // Letters since the last line began.
+    bool m_keeps_lines = false; // Whether line breaks of the page may be kept in the text.
+    int m_paragraph = 0; // Letters since the start of the line.
     int m_loose_items = 0;
     bool m_has_floats = false;
     int m_pictures = 0;
     int m_indent = 0; // Of the open elements, in pixels.
-    int m_columns = 1; // Of the tag in hand, as the rest.
+    int m_columns = 1; // Of the current tag, like the following.
     int m_rows = 1;
     bool m_floats = false;
     int m_length = 0; // The largest of its style.
@@ -262,7 +262,7 @@ void PageWriter::open(const HtmlToken &token)
         push(token.name, font, true);
 }
 
-/// Ends what the text engine ends where this element begins, and begins what it puts in.
+/// Closes the elements that the text engine closes before this element, and opens those it inserts.
 void PageWriter::findPlace(const QString &name)
 {
     if (name == QLatin1String("td") && indexOf(QStringLiteral("tr")) < 0) {
@@ -456,10 +456,10 @@ void PageWriter::chargeElement(const HtmlToken &token)
         m_work.addFloat(name == QLatin1String("table"));
 }
 
-/// What element adds to the page's height besides its text.
+/// Adds the height of an element without its text to that of the page.
 void PageWriter::chargeHeight(const QString &name, int traits)
 {
-    constexpr int kLengths = 3; // A margin, a padding and a border, say.
+    constexpr int kLengths = 3; // For example a margin, a padding and a border.
     if (name == QLatin1String("br"))
         m_work.addHeight(line());
     if (!(traits & BLOCK))
@@ -485,7 +485,7 @@ void PageWriter::noteHeight(const QString &name, const QString &length)
         m_own_line = qMax(m_own_line, 3 * kLinePixels);
 }
 
-/// Pixels of a line.
+/// The height of a line in pixels.
 int PageWriter::line() const
 {
     const int ofElement = m_open.isEmpty() ? 0 : m_open.last().line;
@@ -518,7 +518,7 @@ void PageWriter::chargeCell(bool isRow)
 
 void PageWriter::beginLine()
 {
-    // A style may have made it a part of a line.
+    // A style may have made it inline.
     if (m_css.hasDisplay)
         return;
     m_words.restart();
@@ -549,7 +549,7 @@ void PageWriter::writeText(QStringView text)
     m_paragraph += int(text.size());
 }
 
-/// Writes text so that nothing in it is a tag or a quote; entities stay if there are any.
+/// Writes text with tags and quotes escaped; entities are kept if there are any.
 void PageWriter::writeEscaped(QStringView text, bool hasEntities)
 {
     int start = 0;
@@ -582,7 +582,7 @@ void PageWriter::writeEscaped(QStringView text, bool hasEntities)
 
 void PageWriter::writeTitle()
 {
-    // Entities are at most that much longer than what they are for.
+    // Entities are at most that much longer than the character.
     writeEscaped(
         resolved(QStringView(m_raw).left(kMaxTitleLength * 10)).left(kMaxTitleLength), true);
 }

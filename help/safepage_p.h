@@ -4,31 +4,30 @@
 
 #include <QString>
 
-/// A page as the text engine may see it.
+/// A page that may be passed to the text engine.
 struct SafePage
 {
     enum Verdict { FINE, TOO_DEEP, TOO_SLOW };
 
     Verdict verdict = FINE;
     QString html; ///< Empty unless FINE.
-    qint64 work = 0; ///< What the text engine will take by estimate, in nanoseconds.
-    int pictures = 0; ///< How many it has.
+    qint64 work = 0; ///< The estimated time for the text engine, in nanoseconds.
+    int pictures = 0; ///< The number of pictures.
 };
 
-/// Writes the page html again so that nothing in it has two readings, and judges what it costs to
-/// show.
+/// Rewrites the page html in an unambiguous form, and estimates the cost of showing it.
 ///
-/// The text engine's own parser is lenient: to tell from a page what it will make of it would mean
-/// to repeat each of its leniencies. So the page is read here, just as leniently, and what was read
-/// is written out in one strict spelling: a name of plain letters, attributes in double quotes,
-/// every element but the empty ones ended by a tag of its own before the one around it, no
-/// comments. What the text engine sees nests exactly as deep as counted here, whatever the page
-/// looked like. Spans are cut to kMaxSpan, words broken after WordBreaks::kMaxWordLength letters,
-/// the title after kMaxTitleLength.
+/// The text engine's own parser is so lenient that its result can only be predicted by imitating
+/// all of its rules. So the page is parsed here just as leniently, and the result is written in one
+/// strict form: names of plain letters, attributes in double quotes, an end tag for every element
+/// except the empty ones, inside its parent, and no comments. The text engine then sees exactly the
+/// nesting that was counted here, whatever the page looked like. Spans are limited to kMaxSpan,
+/// words are broken after WordBreaks::kMaxWordLength letters, and the title is truncated after
+/// kMaxTitleLength.
 ///
-/// On a page from the network, style sheets are written again, too, and files with style sheets are
-/// left out. On another page they stay as they are, but for lengths that are too large.
+/// On pages from the network, style sheets are also rewritten, and files with style sheets are left
+/// out. On other pages they are unchanged except for lengths that are too large.
 SafePage safePage(const QString &html, bool isFromNetwork);
 
-/// The same for plain text: html is the text with its endless words broken.
+/// The same for plain text: html is the text with breaks in long words.
 SafePage safePlainText(const QString &text);

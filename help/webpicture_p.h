@@ -16,9 +16,9 @@ struct WebPicture
     Problem problem = NONE;
 };
 
-/// Reads a picture if it is a PNG, JPEG, GIF, BMP or WebP by its content, and judges its size by
-/// its header before it is decoded: no more than kMaxPicturePixels, and no more than pixelsLeft.
-/// What is wider than maxWidth is decoded at that width.
+/// Reads a picture if its content is PNG, JPEG, GIF, BMP or WebP. Checks the size in
+/// its header before it is decoded: at most kMaxPicturePixels and at most pixelsLeft.
+/// Decodes pictures that are wider than maxWidth at that width.
 WebPicture readWebPicture(QIODevice *device, qint64 pixelsLeft, int maxWidth);
 
 /// The bytes that an address of the scheme data holds; empty if they can't be told.
