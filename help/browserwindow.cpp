@@ -25,7 +25,7 @@ constexpr int kHeight = 560;
 
 QSize firstSize()
 {
-    // Where the screen is small, it leaves room for the window's frame.
+    // On small screens, leave room for the window's frame.
     const QSize most = QGuiApplication::primaryScreen()->availableSize() * 0.9;
     return QSize(scaled(kWidth), scaled(kHeight)).boundedTo(most);
 }
@@ -50,8 +50,8 @@ BrowserWindow::BrowserWindow(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_text_browser);
     setWindowModality(Qt::ApplicationModal);
-    // Under a parent with a style sheet the scroll bars have looked up their rules already; Qt
-    // looks them up anew only for what it has polished.
+    // If the parent has a style sheet, the scroll bars have already evaluated their rules, and Qt
+    // only evaluates them again for polished widgets.
     ensurePolished();
     setStyleSheet(getStyleSheet("component.scrollbar"));
     makeShortcuts();
@@ -61,7 +61,7 @@ BrowserWindow::BrowserWindow(QWidget *parent)
 BrowserWindow::~BrowserWindow()
 {
     delete m_timer;
-    // While a reply is in hand its manager is still at work further down the call stack.
+    // While a reply is being handled, its manager is still active further up the call stack.
     if (m_replies_in_hand > 0)
         m_network_manager->deleteLater();
     else
@@ -116,7 +116,7 @@ void BrowserWindow::slotQueryTimeout()
 
 void BrowserWindow::slotReceiveReply(QNetworkReply *reply)
 {
-    // Deliberate: an earlier fetch that ends leaves a later one without a time limit.
+    // Deliberate: when an earlier fetch ends, a later one has no time limit any more.
     m_timer->stop();
     reply->deleteLater();
     const QPointer<BrowserWindow> self(this);
@@ -132,7 +132,7 @@ void BrowserWindow::slotReceiveReply(QNetworkReply *reply)
 void BrowserWindow::showPage(QNetworkReply *reply)
 {
     const QByteArray body = reply->readAll();
-    // The length is given so that a zero byte doesn't end the text.
+    // The length is passed so that a zero byte does not end the text.
     const QString html = QString::fromUtf8(body.constData(), body.size());
     const QUrl earlier = m_text_browser->pageUrl();
     m_text_browser->setPageUrl(reply->url());
@@ -147,8 +147,8 @@ void BrowserWindow::fallbackOffline() { }
 void BrowserWindow::slotPageChanged()
 {
     if (windowTitle() != m_page_title)
-        return; // The host's own.
-    // The X server breaks the connection for a title of megabytes.
+        return; // Set by the host.
+    // The X server closes the connection if a title has megabytes.
     m_page_title = m_text_browser->documentTitle().left(kMaxTitleLength);
     setWindowTitle(m_page_title);
 }

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The help's code for a language code of VemoLocale.
+/// The language code used by the help for a code of VemoLocale.
 QString helpLanguage(const QString &lang)
 {
     static const QMap<QString, QString> codes {
@@ -80,7 +80,7 @@ void HelpWindow::fallbackOffline()
     m_local_folder = m_context.helpPath + QLatin1Char('/') + m_context.lang;
     m_text_browser->setSearchPaths({m_local_folder});
     QFile file(m_local_folder + QLatin1Char('/') + m_context.link);
-    // A pipe or a device is as good as missing: it might never end.
+    // A pipe or a device counts as missing, because it might be endless.
     if (!isResourceFile(QFileInfo(file), kMaxPageBytes) || !file.open(QIODevice::ReadOnly))
         return;
     QTextStream stream(&file);

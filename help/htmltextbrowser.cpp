@@ -21,9 +21,9 @@
 namespace {
 
 constexpr int kMargin = 12; // In design pixels, 96 dpi.
-constexpr int kMaxShownAddress = 200; // Letters of it in a warning.
+constexpr int kMaxShownAddress = 200; // Letters in a warning.
 constexpr int kPausePerWork = 4;
-constexpr int kStartsPerEvent = 8; // Each makes a thread.
+constexpr int kStartsPerEvent = 8; // Each creates a thread.
 
 /// Keeps the scroll position of a view while its content changes: the line at its top stays there.
 class ReadingPlace

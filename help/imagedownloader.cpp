@@ -43,7 +43,7 @@ void ImageDownloader::start()
     connect(m_network_manager,
         SIGNAL(finished(QNetworkReply*)), this, SLOT(slotFinishDownload(QNetworkReply*)));
     m_reply = m_network_manager->get(QNetworkRequest(QUrl(m_url)));
-    // What comes is taken at once: the network's threads hold no more than this.
+    // Data is read immediately, so the network threads never buffer more than this.
     if (isWebUrl(m_reply->url()))
         m_reply->setReadBufferSize(kReadBytes);
     connect(m_reply, &QNetworkReply::readyRead, this, &ImageDownloader::receive);
@@ -68,8 +68,8 @@ void ImageDownloader::slotFinishDownload(QNetworkReply *reply)
     if (reply->error() == QNetworkReply::NoError)
         receive();
     const bool isReceived = reply->error() == QNetworkReply::NoError && !m_is_too_much;
-    // Deliberate: the whole body replaces the file, even if the connection broke off in a way that
-    // the network does not report.
+    // Deliberate: the body replaces the file even if the connection was aborted without an error
+    // from QNetworkReply.
     if (isReceived)
         writePicture(m_local_path, m_body);
     *m_buffered_bytes -= m_body.size();

@@ -57,7 +57,7 @@ private:
     QPixmap m_missing_picture;
     bool m_local_files_allowed = false;
     QHash<QString, WebPicture> m_pictures; // By their address on the page.
-    qint64 m_pixels = 0; // Of them.
+    qint64 m_pixels = 0; // Of these pictures.
     int m_max_picture_height = kMaxPicturesHeight;
     QSet<QString> m_warned_of;
     int m_fitted_width = 0; // The page's, when the pictures were last fitted into it.

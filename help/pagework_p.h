@@ -95,7 +95,7 @@ inline void PageWork::addFloat(bool isTable)
     ++m_floats;
 }
 
-/// Counts the letters of a text by what they cost.
+/// Counts the letters of a text by their layout cost.
 class TextWork
 {
 public:
@@ -121,7 +121,7 @@ public:
         m_words += code == ' ' || code == '\n';
         m_signs += code == 0x2029 ? kSignsOfParagraph : 0;
     }
-    /// Charges what has been taken since the last time.
+    /// Adds the cost of the letters counted since the last call.
     void chargeTo(PageWork *work, bool linesCount)
     {
         work->addText(m_letters, m_signs);

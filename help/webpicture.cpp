@@ -10,8 +10,8 @@
 
 namespace {
 
-/// The format of a picture that begins with bytes; empty if it is none for a page of a stranger's.
-/// Others can do more than be pictures: an SVG names files.
+/// The format of a picture that begins with bytes; empty if pages from the network may not use it.
+/// Other formats are not harmless: an SVG can refer to files.
 QByteArray formatOf(const QByteArray &bytes)
 {
     if (bytes.startsWith("\x89PNG\r\n\x1A\n"))
@@ -27,7 +27,7 @@ QByteArray formatOf(const QByteArray &bytes)
     return {};
 }
 
-/// Whether bytes begin a picture of another format; anything else is just not a picture.
+/// Whether bytes begin a picture of any other format.
 bool isOtherPicture(const QByteArray &bytes)
 {
     const QByteArray ico("\0\0\1\0", 4);
@@ -58,7 +58,7 @@ WebPicture readWebPicture(QIODevice *device, qint64 pixelsLeft, int maxWidth)
         return failed(isOtherPicture(device->peek(1024)) ? WebPicture::UNKNOWN_FORMAT
                                                          : WebPicture::UNREADABLE);
     QImageReader reader(device, format);
-    reader.setAutoDetectImageFormat(false); // No other reader gets to see it.
+    reader.setAutoDetectImageFormat(false); // No other image plug-in may read it.
     WebPicture picture;
     picture.size = reader.size();
     if (picture.size.isEmpty())

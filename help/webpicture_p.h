@@ -12,7 +12,7 @@ struct WebPicture
     enum Problem { NONE, UNREADABLE, UNKNOWN_FORMAT, TOO_LARGE, TOO_MANY };
 
     QPixmap pixmap; ///< Null if there is a problem; smaller than size if that is too wide.
-    QSize size; ///< As the picture's header gives it.
+    QSize size; ///< According to the picture's header.
     Problem problem = NONE;
 };
 
@@ -21,5 +21,5 @@ struct WebPicture
 /// Decodes pictures that are wider than maxWidth at that width.
 WebPicture readWebPicture(QIODevice *device, qint64 pixelsLeft, int maxWidth);
 
-/// The bytes that an address of the scheme data holds; empty if they can't be told.
+/// The bytes in an address of the scheme data; empty if it is malformed.
 QByteArray bytesOfDataAddress(const QString &address);

@@ -14,10 +14,10 @@ constexpr qint64 kMargin = qint64(1024) * 1024;
 void limitReply(QNetworkReply *reply, qint64 maxBytes)
 {
     if (!isWebUrl(reply->url()))
-        return; // Files of the user's own: no server to distrust, and their replies can't abort.
-    // Stops the network's thread, too, which inflates a compressed body on its own. It stops as
-    // much as a block short of a full buffer: the margin makes sure that readyRead() tells of the
-    // excess.
+        return; // Local files are trusted, and their replies do not support abort().
+    // This also stops the network thread, which decompresses the body on its own. It may stop a
+    // block before the buffer is full: because of the margin, the excess is still reported by
+    // readyRead().
     reply->setReadBufferSize(maxBytes + kMargin);
     QObject::connect(reply, &QIODevice::readyRead, reply, [reply, maxBytes] {
         if (reply->bytesAvailable() <= maxBytes || reply->isFinished())

@@ -6,12 +6,12 @@
 
 class QNetworkReply;
 
-/// Whether url is one that a page from the network may have fetched.
+/// Whether a page from the network may fetch url.
 inline bool isWebUrl(const QUrl &url)
 {
     return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
 }
 
-/// Aborts reply, with a warning, as soon as more than maxBytes have come from a server. Nothing
-/// may be read from reply before it has finished.
+/// Aborts reply with a warning as soon as the server has sent more than maxBytes. The caller must
+/// not read from reply before it has finished.
 void limitReply(QNetworkReply *reply, qint64 maxBytes);
