@@ -170,7 +170,7 @@ void BadCatalogueTest::aNameWithSlashesReadsASubfolder()
     start();
     QVERIFY(!getGlobalImage("sub/icon").isNull());
     QVERIFY(!getGlobalImage("../images/folder").isNull());
-    // There is no folder "tmp_sub", so nothing is written and no warning logged.
+    // The folder "tmp_sub" does not exist, so nothing is written and no warning logged.
     QVERIFY(QDir(m_host->tempPictureFolder()).isEmpty());
 }
 

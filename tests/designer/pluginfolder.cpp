@@ -8,7 +8,7 @@
 
 namespace {
 
-/// One that really unloads, which Qt's own forbids unless told.
+/// A loader that really unloads, which QPluginLoader prevents by default.
 class UnloadingLoader : public QPluginLoader
 {
 public:

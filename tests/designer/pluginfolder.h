@@ -5,10 +5,10 @@
 
 class QDesignerCustomWidgetInterface;
 
-/// Lets Qt look for plug-ins in the build's folder only, and not among those of this machine.
+/// Makes Qt search for plug-ins only in the build folder, not among those installed.
 void useBuiltPlugins();
 
-/// What the plug-in offers, loaded where it wasn't; empty where it can't be.
+/// The widgets of the plug-in, which is loaded if necessary; empty if it cannot be loaded.
 QList<QDesignerCustomWidgetInterface *> formWidgets();
 QStringList formWidgetNames();
 QDesignerCustomWidgetInterface *formWidget(const QString &name);

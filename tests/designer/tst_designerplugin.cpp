@@ -15,7 +15,7 @@
 
 #include <cstdio>
 
-/// No test here does a host's start-up, save in processes of its own.
+/// Tests only perform a host's start-up in separate processes.
 class DesignerPluginTest : public VemoTest
 {
     Q_OBJECT
@@ -203,7 +203,7 @@ void DesignerPluginTest::takesItsTemporaryFolderAway()
 
 void DesignerPluginTest::makesNothingWhereTheThemeCannotStart()
 {
-    // Where nobody can write, root included.
+    // Not writable for anyone, including root.
     const ChildResult child = runChild("no folder", {"TMPDIR=/proc"});
     QCOMPARE(child.status, QProcess::NormalExit);
     QCOMPARE(child.exitCode, 0);

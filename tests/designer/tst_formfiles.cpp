@@ -34,8 +34,8 @@ private:
 
 namespace {
 
-/// Writes a widget of the library without its parts, as Qt Designer does: only the widget itself
-/// knows how to make these.
+/// Writes a widget of the library without its internal children, like Qt Designer: only the widget
+/// itself can create these.
 class FormWriter : public QFormBuilder
 {
 protected:
@@ -68,7 +68,7 @@ QByteArray everyWidgetForm()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The writable properties that the library's own classes add, not those of Qt.
+/// The writable properties added by the library's classes, without those of Qt.
 QStringList ownProperties(const QWidget *widget)
 {
     QStringList names;
@@ -82,7 +82,7 @@ QStringList ownProperties(const QWidget *widget)
     return names;
 }
 
-/// What the form sets: our own properties, and those of Qt that it uses.
+/// The properties set in the form: our own, and those of Qt that it uses.
 Values valuesIn(QWidget *form)
 {
     Values values;

@@ -162,7 +162,7 @@ std::vector<Fault> linkFaults()
         linkFault("link to /dev/null", "/dev/null", Fault::NotAFile),
         linkFault("link to /dev/urandom", "/dev/urandom", Fault::NotAFile),
         linkFault("link to a folder", "/tmp", Fault::Unopenable),
-        // An ordinary file by its looks, whose bytes can't be read.
+        // Looks like a regular file, but its bytes cannot be read.
         linkFault("link to /proc/self/mem", "/proc/self/mem", Fault::Unopenable),
     };
 }

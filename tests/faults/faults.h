@@ -7,27 +7,27 @@
 #include <functional>
 #include <vector>
 
-/// One way in which a file can be other than a library expects.
+/// One way in which a file can differ from what the library expects.
 struct Fault
 {
     enum Content {
         Whole, ///< reads like the good file
-        Broken, ///< can be read, but holds something else
-        Unopenable, ///< exists, but can't be opened
-        NotAFile, ///< to be treated as missing, whatever reading it would yield
+        Broken, ///< can be read, but contains something else
+        Unopenable, ///< exists, but cannot be opened
+        NotAFile, ///< must be treated as missing
     };
 
     const char *name;
     Content asText;
     Content asPicture;
 
-    /// Puts it at path, made from the bytes of a good file.
+    /// Creates it at path from the bytes of a good file.
     std::function<void(const QString &path, const QByteArray &good)> make;
 };
 
 const std::vector<Fault> &allFaults();
 
-/// The program without the rights of root while it lives: root may read and write every file.
+/// Drops root's privileges during its lifetime, because root may read and write every file.
 class Unprivileged
 {
 public:
@@ -35,7 +35,7 @@ public:
     ~Unprivileged();
 };
 
-/// How much more memory the process held at its worst than at the beginning, in bytes.
+/// Measures the growth of the process's peak memory, in bytes.
 class MemoryPeak
 {
 public:
@@ -46,7 +46,8 @@ private:
     qint64 m_before;
 };
 
-/// Lets every file of the process end at size bytes while it lives, as if the disk were full.
+/// Limits all files written by the process to size bytes during its lifetime, as if the disk was
+/// full.
 class FullDisk
 {
 public:

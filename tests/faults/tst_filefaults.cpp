@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What becomes of a program whose files are not what they should be: each fault at each place, and
-// never more memory than a small part of what the file pretends to hold.
+// Tests each fault of a file in each place where the library reads one. The library must never
+// allocate more than a small part of the size that the file claims to have.
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemomessagesheet.h>
@@ -39,7 +39,7 @@ QByteArray plainPng(Qt::GlobalColor colour)
     return pngOf(picture);
 }
 
-/// A picture that is large as a file, too.
+/// A picture whose file is also large.
 QByteArray noisyPng()
 {
     QImage picture(320, 320, QImage::Format_RGB32);
@@ -62,7 +62,7 @@ QColor colourOf(const QPixmap &picture)
     return picture.isNull() ? QColor() : picture.toImage().pixelColor(1, 1);
 }
 
-/// Whether path is an ordinary file that an ordinary user may not write.
+/// Whether path is a regular file that an ordinary user must not write.
 bool isProtectedFile(const QString &path)
 {
     const Unprivileged user;

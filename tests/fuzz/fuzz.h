@@ -5,16 +5,17 @@
 #include <QList>
 #include <QString>
 
-/// Ends the program, which a fuzzer takes for a finding, unless holds.
+/// Aborts the program unless holds is true, which a fuzzer reports as a finding.
 void require(bool holds, const char *promise);
 
 /// The characters of bytes, NULs included.
 QString textOf(const QByteArray &bytes);
 
-/// Takes the part of data before the first separator, which goes too; all of it without one.
+/// Removes and returns the part of data before the first separator, or all of it if there is none.
+/// The separator is also removed.
 QByteArray takePart(QByteArray *data, char separator = '\n');
 
-/// One round of a target: hands data to the library and compares what comes of it with what must.
+/// One run of a target: passes data to the library and checks the result.
 using FuzzTarget = void (*)(const QByteArray &data);
 
 void fuzzStyleFiles(const QByteArray &data);
@@ -28,6 +29,6 @@ void fuzzFileNames(const QByteArray &data);
 void fuzzPaths(const QByteArray &data);
 void fuzzPaging(const QByteArray &data);
 
-/// The target of a name, after what all of them need was set up; null for any other name.
+/// Performs the common set-up and returns the target with this name; null if there is none.
 FuzzTarget preparedTarget(const QByteArray &name);
 QList<QByteArray> targetNames();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What comes from outside: messages of other instances, pages of a server, and what users type.
+// Input from outside: messages of other instances, pages of a server, and typed text.
 #include "fuzz/fuzz.h"
 
 #include "app/messagereader_p.h"
@@ -35,7 +35,7 @@ namespace {
 const QRgb kSecretColour = qRgb(18, 52, 86);
 const char kSecretText[] = "a secret of this disk";
 
-/// A page document that looks at what its pages get.
+/// A page document that checks the resources of its pages.
 class WatchedDocument : public PageDocument
 {
 public:
@@ -55,7 +55,7 @@ protected:
     }
 };
 
-/// A folder with secrets, which bare names of files lead to.
+/// A folder with secrets, to which plain file names refer.
 void enterSecretFolder()
 {
     static QTemporaryDir *folder = nullptr;
@@ -79,7 +79,7 @@ QString utf8ByRules(const QByteArray &bytes)
     return decoder->needsMoreData() ? text += QChar(QChar::ReplacementCharacter) : text;
 }
 
-/// What a typed time becomes, step by step.
+/// The expected completion of a typed time, step by step.
 QString timeByRules(const QString &typed, const QString &custom, const QStringList &times)
 {
     const auto padded = [](const QString &part) {

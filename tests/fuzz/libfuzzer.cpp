@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Lets libFuzzer feed the target that the environment names.
+// Connects libFuzzer to the target named in the environment.
 #include "fuzz/fuzz.h"
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Feeds a target every file of a folder, and changed copies of each. For compilers without a
+// Feeds a target with every file of a folder, and with mutations of each. For compilers without a
 // fuzzer:
 //
 //   fuzzreplay TARGET FOLDER CHANGES
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// One small change that a careless or hostile hand could make.
+/// A small random change.
 QByteArray changed(QByteArray bytes, const QByteArray &other, QRandomGenerator *random)
 {
     const int at = random->bounded(bytes.size() + 1);

@@ -11,7 +11,7 @@
 #include <QRadioButton>
 #include <QSet>
 
-/// What assistive tools find on the gallery's pages.
+/// The accessible interfaces on the gallery's pages.
 class AccessibilityTest : public VemoTest
 {
     Q_OBJECT

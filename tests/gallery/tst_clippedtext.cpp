@@ -80,7 +80,7 @@ QWidget *newWeekdays()
 
 Q_DECLARE_METATYPE(NewWidget)
 
-/// What finds clipped texts, on widgets that clip.
+/// The function that finds clipped texts, with widgets that clip.
 class ClippedTextTest : public VemoTest
 {
     Q_OBJECT

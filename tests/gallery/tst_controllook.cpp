@@ -9,7 +9,7 @@
 #include <QLineEdit>
 #include <QtMath>
 
-/// That the theme shows the states of the small controls apart, and moves nothing between them.
+/// The theme distinguishes the states of the small controls without moving anything.
 class ControlLookTest : public VemoTest
 {
     Q_OBJECT
@@ -167,7 +167,7 @@ QMenu *newMenu()
     return menu;
 }
 
-/// An entry of a menu, without what stands at its left and right.
+/// An entry of a menu, without the parts on its left and right.
 QImage entry(QMenu *menu, int index)
 {
     const QRect area = menu->actionGeometry(menu->actions().at(index));

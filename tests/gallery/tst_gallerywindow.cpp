@@ -29,7 +29,7 @@ Options options(const QString &page = {})
     return options;
 }
 
-/// A gallery on show, with its parts.
+/// A visible gallery and its parts.
 struct Gallery
 {
     explicit Gallery(const QString &page = {}) : window(options(page))

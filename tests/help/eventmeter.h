@@ -6,7 +6,7 @@
 
 #include <ctime>
 
-/// An application that knows the most processor time of its thread that one event has taken.
+/// An application that records the maximum CPU time of a single event in its thread.
 class EventMeter : public QApplication
 {
 public:
@@ -14,12 +14,12 @@ public:
 
     void reset() { m_max = 0; }
     double maxMilliseconds() const { return m_max; }
-    /// Who got that event.
+    /// The receiver of that event.
     QString receiver() const { return m_receiver; }
 
     bool notify(QObject *receiver, QEvent *event) override
     {
-        // Events inside of events are part of the outer one; those of other threads come by, too.
+        // Nested events are part of the outer one; events of other threads also arrive here.
         if (QThread::currentThread() != thread() || m_is_measuring)
             return QApplication::notify(receiver, event);
         m_is_measuring = true;
@@ -36,7 +36,7 @@ public:
         return result;
     }
 
-    /// The processor time of the calling thread, in milliseconds.
+    /// The CPU time of the calling thread, in milliseconds.
     static double now()
     {
         timespec time {};

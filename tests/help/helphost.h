@@ -9,19 +9,18 @@
 class ImageDownloader;
 class QWidget;
 
-/// A host with a style file, a temporary folder of its own for pictures, and a folder of local
-/// help.
+/// A host with a style file, its own temporary folder for pictures, and a folder of local help.
 class HelpHost
 {
 public:
     HelpHost();
 
-    /// What TMPDIR names as long as this lives.
+    /// The value of TMPDIR during the lifetime of this object.
     QString tempFolder() const { return m_temp.path(); }
     QString pictureFolder() const { return tempFolder() + QLatin1String("/kestrava_help/image"); }
     QString helpPath() const { return m_help.path(); }
 
-    /// Writes a page, or a picture, of the local help: "enu/index.html", say.
+    /// Writes a page or a picture of the local help, for example "enu/index.html".
     void addHelpFile(const QString &name, const QByteArray &bytes) const;
 
 private:
@@ -30,10 +29,10 @@ private:
     QTemporaryDir m_help;
 };
 
-/// A PNG of one colour.
+/// A PNG with a single colour.
 QByteArray pictureBytes(const QSize &size, const QColor &colour);
 
 QByteArray fileBytes(const QString &path);
 
-/// How many pixels of what widget shows have exactly this colour.
+/// The number of pixels of widget with exactly this colour.
 int countPixels(QWidget *widget, const QColor &colour);

@@ -10,5 +10,5 @@ struct HostilePage
     QString body;
 };
 
-/// Every way that a page has to name a picture, a style sheet or a page, each naming address.
+/// Every way in which a page can refer to a picture, a style sheet or a page, each with address.
 QVector<HostilePage> pagesThatRefer(const QString &address);

@@ -24,7 +24,7 @@ private:
     int below(int end) { return int(m_random.bounded(quint32(end))); }
     QString oneOf(const QStringList &texts) { return texts.at(below(texts.size())); }
 
-    /// A piece so many times: mostly a few, now and then hundreds.
+    /// Repeats a piece: usually a few times, occasionally hundreds of times.
     QString run()
     {
         const QString piece = below(3) == 0 ? tag() + text() : block();

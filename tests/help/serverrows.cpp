@@ -35,7 +35,7 @@ Answer sized(const QByteArray &length)
     return head("Content-Length: " + length + "\r\n");
 }
 
-/// In the gzip format: a block of zeros, for which it needs a thousandth of their number.
+/// A block of zeros in gzip format, compressed to a thousandth of its size.
 QByteArray gzip(const QByteArray &bytes)
 {
     const QByteArray zlib = qCompress(bytes, 9);

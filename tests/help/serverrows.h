@@ -4,7 +4,7 @@
 #include "help/testcertificates.h"
 #include "help/testserver.h"
 
-/// What a knowledge base does, and what the reader gets to see.
+/// The behaviour of a knowledge base, and the expected result.
 struct ServerRow
 {
     const char *name = nullptr;
@@ -14,11 +14,11 @@ struct ServerRow
     const char *warning = nullptr; ///< How the one warning begins.
 };
 
-/// Answers that come within a moment.
+/// Answers that arrive quickly.
 QVector<ServerRow> statusRows();
 QVector<ServerRow> lengthRows();
 QVector<ServerRow> headRows();
 QVector<ServerRow> bodyRows();
 QVector<ServerRow> certificateRows();
-/// Answers that never come to an end.
+/// Answers that never end.
 QVector<ServerRow> endlessRows();

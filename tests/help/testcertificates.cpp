@@ -97,7 +97,7 @@ void TestCertificates::makeAuthority(const QString &name)
         QStringLiteral("-out"), name + QLatin1String(".pem")});
 }
 
-/// An empty authority makes it sign itself.
+/// If authority is empty, it is self-signed.
 void TestCertificates::makeCertificate(
     const QString &name, const QString &authority, const QString &host, const QStringList &dates)
 {

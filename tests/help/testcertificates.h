@@ -12,13 +12,13 @@ public:
 
     TestCertificates();
 
-    /// False where there is no openssl command; say so and skip.
+    /// False if there is no openssl command; the test must then be skipped.
     bool isValid() const { return m_is_valid; }
 
-    /// What a server on 127.0.0.1 shows.
+    /// The configuration of a server on 127.0.0.1.
     QSslConfiguration server(Kind kind) const;
 
-    /// Lets all connections that this process makes from now on trust the authority.
+    /// Makes all later connections of this process trust the authority.
     void trust() const;
 
 private:

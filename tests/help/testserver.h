@@ -8,15 +8,15 @@
 #include <QSslConfiguration>
 #include <QThread>
 
-/// What a TestServer does with a request, in this order.
+/// The reaction of a TestServer to a request, in this order.
 struct Answer
 {
     enum End { CLOSE, KEEP_OPEN, RESET };
 
-    QByteArray bytes; ///< Sent as they are, head included.
-    QByteArray tail; ///< Sent again and again after that.
-    int tailCount = 0; ///< How often; -1 is forever.
-    int tailPause = 0; ///< Milliseconds before each.
+    QByteArray bytes; ///< Sent unchanged, including the header.
+    QByteArray tail; ///< Sent repeatedly after that.
+    int tailCount = 0; ///< The number of repetitions; -1 means forever.
+    int tailPause = 0; ///< Milliseconds before each repetition.
     End end = CLOSE;
 };
 
@@ -24,11 +24,11 @@ Q_DECLARE_METATYPE(Answer)
 
 /// An answer with status 200, the given body and its length.
 Answer page(const QByteArray &body, const QByteArray &headers = {});
-/// An answer with any status line, "404 Not Found", say.
+/// An answer with any status line, for example "404 Not Found".
 Answer status(const QByteArray &line, const QByteArray &headers = {}, const QByteArray &body = {});
 
-/// A web server on a free port of 127.0.0.1, in a thread of its own, that keeps what it is asked
-/// byte by byte and answers exactly what it is told, right or wrong.
+/// A web server on a free port of 127.0.0.1, in its own thread, that records all requests byte by
+/// byte and sends exactly the configured answers, valid or not.
 ///
 ///     TestServer server;
 ///     server.setAnswer("/index.html", page("<html>Hello</html>"));
@@ -36,19 +36,19 @@ Answer status(const QByteArray &line, const QByteArray &headers = {}, const QByt
 class TestServer
 {
 public:
-    /// Speaks plain HTTP, or TLS with a configuration that holds a certificate.
+    /// Uses plain HTTP, or TLS if the configuration contains a certificate.
     explicit TestServer(const QSslConfiguration &tls = QSslConfiguration());
     ~TestServer();
 
     QUrl url(const QString &path = QStringLiteral("/")) const;
 
-    /// The answer to requests for path, its query left out; an empty path stands for all others.
-    /// What has no answer gets 404.
+    /// Sets the answer to requests for path without its query; an empty path means all others.
+    /// Requests without an answer get 404.
     void setAnswer(const QByteArray &path, const Answer &answer);
 
-    /// All requests up to now.
+    /// All requests so far.
     QList<QByteArray> requests() const;
-    /// How often path, its query left out, was asked for.
+    /// The number of requests for path, ignoring queries.
     int requestCount(const QByteArray &path) const;
     int maxConnectionsAtOnce() const;
 

@@ -13,7 +13,7 @@
 #include <QTextBrowser>
 #include <QWheelEvent>
 
-/// What a reader does with the window.
+/// User input in the window.
 class tst_browserinput : public VemoTest
 {
     Q_OBJECT

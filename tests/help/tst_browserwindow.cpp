@@ -53,7 +53,7 @@ static constexpr int kMebibyte = 1024 * 1024;
 
 namespace {
 
-/// Counts its failures, and can end its own life at one.
+/// Counts failures, and can delete itself on one.
 class CountingWindow : public BrowserWindow
 {
 public:

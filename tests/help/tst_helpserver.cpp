@@ -97,7 +97,7 @@ void tst_helpserver::cleanup()
 
 void tst_helpserver::cleanupTestCase()
 {
-    // Told and not judged: a busy machine is no fault of the library's.
+    // Printed but not checked, because it depends on the load of the machine.
     for (auto event = m_events.constBegin(); event != m_events.constEnd(); ++event)
         if (event.key() > 10)
             qInfo("longest event %.1f ms of processor time: %s", event.key(),

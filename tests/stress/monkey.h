@@ -7,8 +7,8 @@
 
 class QWidget;
 
-/// A window to shake, made from a seed. With isOwned the monkey may also delete it, and its direct
-/// children; a program's own windows are left to their program.
+/// A window for random events, created from a seed. If isOwned, the monkey may also delete it and
+/// its direct children.
 struct Scene
 {
     QString name;
@@ -19,6 +19,6 @@ struct Scene
 /// Runs the scene described by scenario, which monkeyFinding() has created. Never returns.
 [[noreturn]] void playMonkey(const QString &scenario, const std::vector<Scene> &scenes);
 
-/// What happens to the scene under count random events; empty if it survives them. A finding names
-/// the seed and the shortest list of events that still shows it.
+/// Sends count random events to the scene. Returns an empty text if it survives, otherwise a
+/// finding with the seed and the shortest list of events that reproduces it.
 QString monkeyFinding(const QString &scene, quint32 seed, int count);

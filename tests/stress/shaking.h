@@ -7,7 +7,8 @@
 
 #include <QElapsedTimer>
 
-/// Shakes each scene once, or for VEMO_MONKEY_SECONDS in turn. The seeds follow VEMO_MONKEY_SEED.
+/// Runs each scene once, or all in turn for VEMO_MONKEY_SECONDS. The seeds start at
+/// VEMO_MONKEY_SEED.
 inline void shake(const std::vector<Scene> &scenes, int eventsInSuite)
 {
     const int seconds = stressNumber("VEMO_MONKEY_SECONDS", 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Random events on windows of random widgets. See shaking.h for what the environment sets.
+// Random events on windows with random widgets. See shaking.h for the environment variables.
 #include "stress/shaking.h"
 #include "support/testhost.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Sixteen sheets run inside each other and end in a random order, each in a random way.
-// VEMO_SHEET_ORDERS sets how many orders.
+// Sixteen nested sheets end in a random order, each in a random way. VEMO_SHEET_ORDERS sets the
+// number of orders.
 #include "stress/widgetkinds.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -22,7 +22,7 @@ struct OpenSheet
     bool isMessage = false;
 };
 
-/// Opens the sheets one inside the other, then ends them in the order of a seed.
+/// Opens nested sheets, then ends them in the order of a seed.
 class Nest : public QObject
 {
 public:

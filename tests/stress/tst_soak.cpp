@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 kNoise = 64 * 1024; // Caches of Qt's that fill up late, in bytes.
+constexpr qint64 kNoise = 64 * 1024; // Bytes, for caches of Qt that fill late.
 
 qint64 bytesInUse()
 {
@@ -52,7 +52,7 @@ QString styleOf(const std::function<QWidget *(QWidget *)> &make)
     return make(&window)->styleSheet();
 }
 
-/// How many bytes more are in use after cycles, once everything that is kept on purpose is there.
+/// The growth in bytes after the given cycles, once everything that is kept deliberately exists.
 qint64 growthOf(const std::function<QWidget *(QWidget *)> &make, int cycles)
 {
     const int warmUp = 50 + cycles / 10;

@@ -170,7 +170,7 @@ QWidget *makeMask(QWidget *parent)
     return VemoMask::createMask(label, parent, QColor(0, 0, 0, 20));
 }
 
-/// Nobody listens at the knowledge base's port, so the window shows the local page.
+/// There is no server at the knowledge base's port, so the window shows the local page.
 QWidget *makeHelp(QWidget *parent)
 {
     static const QTemporaryDir folder;

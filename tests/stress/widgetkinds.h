@@ -6,7 +6,7 @@
 
 class QWidget;
 
-/// A widget of the library, and the nearest one that Qt itself has.
+/// A widget of the library, and the most similar one of Qt.
 struct WidgetKind
 {
     const char *name;
@@ -14,8 +14,8 @@ struct WidgetKind
     std::function<QWidget *(QWidget *parent)> makeStock;
 };
 
-/// Every public widget, with something in it.
+/// Every public widget, with some content.
 const std::vector<WidgetKind> &widgetKinds();
 
-/// A number that the environment sets for longer runs, or what the suite uses.
+/// A number from the environment for longer runs, or the suite's default.
 int stressNumber(const char *variable, int inSuite);

@@ -14,7 +14,7 @@
 
 namespace {
 
-// WCAG AA for text of ordinary size, and for what else must be seen to use a control.
+// WCAG AA for text of normal size, and for other parts that are needed to use a control.
 constexpr double kReadable = 4.5;
 constexpr double kVisible = 3.0;
 const QStringList kGrounds {"#FFFFFF", "#F5F7FA"}; // surface and canvas
@@ -72,7 +72,7 @@ QVector<Rule> rulesOf(const QString &section)
         const auto rule = match.next();
         const QString block = rule.captured(2);
         for (const QString &selector : rule.captured(1).split(',')) {
-            // What can't be used need not be readable.
+            // Disabled controls need not be readable.
             if (selector.contains(":disabled") || selector.contains(":off"))
                 continue;
             rules.append({selector.trimmed(), property(block, "color"),

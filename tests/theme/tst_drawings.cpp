@@ -119,7 +119,7 @@ double fraction(double value)
 
 } // namespace
 
-/// That the drawings keep to the rules of theme/README.md.
+/// The drawings follow the rules of theme/README.md.
 class DrawingsTest : public VemoTest
 {
     Q_OBJECT

@@ -31,7 +31,7 @@ template <typename Widget> QWidget *newWidget()
     return new Widget;
 }
 
-/// A button of a host's own, which goes by its own name.
+/// A button class of a host, with its own class name.
 class OwnButton : public QPushButton
 {
     Q_OBJECT
@@ -50,7 +50,8 @@ void show(QWidget &window, QWidget *widget)
 
 Q_DECLARE_METATYPE(NewWidget)
 
-/// What applyDefaultThemeStyle() does with Qt's own widgets, beyond what the stored pictures show.
+/// The effects of applyDefaultThemeStyle() on Qt's own widgets that the stored pictures do not
+/// show.
 class StockStyleTest : public VemoTest
 {
     Q_OBJECT

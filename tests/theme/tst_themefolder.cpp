@@ -24,7 +24,7 @@ void copyFolder(const QString &from, const QString &to)
     }
 }
 
-/// The five steps of start-up, as a host does them on a folder of its own.
+/// The five steps of the start-up of a host with its own folder.
 void startOn(const QString &theme, const QString &userData)
 {
     UIPathManager::getInstance().setPath("resource_path", theme);

@@ -35,7 +35,7 @@ QString folder()
     return QStringLiteral(VEMO_BASELINES "/") + factor();
 }
 
-/// What the script that renews the pictures reads.
+/// The output for the script that updates the pictures.
 void tell(const char *what, const QString &path)
 {
     std::printf("%s baselines%s\n", what, qPrintable(path.mid(int(qstrlen(VEMO_BASELINES)))));

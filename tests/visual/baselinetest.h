@@ -19,7 +19,7 @@ using Looks = QVector<Look>;
 using NewWidget = std::function<QWidget *()>;
 using PartOf = std::function<QWidget *(QWidget *)>;
 
-/// Every state of a widget that takes the focus.
+/// All states of a widget that accepts the focus.
 const QVector<State> kAllStates {
     State::Rest, State::Hover, State::Pressed, State::Focus, State::Disabled};
 
@@ -27,7 +27,7 @@ const QVector<State> kAllStates {
 void addStates(Looks &looks, const QString &name, const NewWidget &make,
     const QVector<State> &states = kAllStates, const QSize &size = {});
 
-/// The same where it is a part of the widget that is in the state.
+/// The same if a part of the widget is in the state.
 void addPartStates(Looks &looks, const QString &name, const NewWidget &make, const PartOf &part,
     const QVector<State> &states, const QSize &size = {});
 
@@ -43,7 +43,7 @@ protected:
     explicit BaselineTest(const QString &family) : m_family(family) { }
 
     virtual Looks looks() const = 0;
-    /// Called once the theme is there; what it sets holds for all pictures.
+    /// Called after the theme has been installed. Its settings apply to all pictures.
     virtual void prepare() { }
 
 private Q_SLOTS:

@@ -3,6 +3,6 @@
 
 #include <QFont>
 
-/// A font in which each character is a box of one width, and the blank is blank: texts keep their
-/// place and their colour, but no picture depends on how a system draws letters.
+/// A font in which each character is a box of the same width, and the blank is empty: texts keep
+/// their position and colour, but pictures do not depend on the text rendering of a system.
 QFont boxFont();

@@ -7,23 +7,24 @@
 struct Comparison
 {
     int differing = 0; ///< pixels that differ by more than the tolerance
-    int largest = 0; ///< of the differences of a channel, of 255
-    QImage difference; ///< as large as both; red where they differ, faint where they don't
+    int largest = 0; ///< the largest difference of a channel, of 255
+    QImage difference; ///< as large as both; red where they differ, faint elsewhere
 
     bool isEqual() const { return differing == 0; }
 };
 
-/// Compares pixel by pixel. Tolerated is what another processor rounds otherwise, which is less
-/// than the step between any two colours of the theme. Where only one picture has a pixel it
-/// differs.
+/// Compares pixel by pixel, with a tolerance for rounding differences between processors that is
+/// smaller than the difference of any two colours of the theme. Pixels that only one picture has
+/// are differences.
 Comparison compared(const QImage &expected, const QImage &actual);
 
-/// Three pictures in a row, magnified, each on its own ground: expected, actual, difference.
+/// Three magnified pictures in a row: expected, actual, difference.
 QImage sideBySide(const QImage &expected, const QImage &actual, const QImage &difference);
 
-/// Compares a picture with the one stored at path. Yields what is wrong, a sentence that names the
-/// file; empty where nothing is. Where the pictures differ it writes the three to differencePath.
+/// Compares a picture with the one stored at path. Returns an error message with the name of the
+/// file; empty if they are equal. If they differ, writes the three pictures to differencePath.
 QString compareWithFile(const QImage &actual, const QString &path, const QString &differencePath);
 
-/// Stores a picture with as few bytes as it takes, making the folder. False where that fails.
+/// Stores a picture with as few bytes as possible, and creates the folder. Returns false on
+/// failure.
 bool storePicture(const QImage &picture, const QString &path);

@@ -8,8 +8,8 @@
 
 enum class State { Rest, Hover, Pressed, Focus, Disabled };
 
-/// A shown, active window on the theme's ground with one widget in it, which is put into its states
-/// by what a user does, and drawn.
+/// An active window with the theme's background that contains a widget. User input puts the widget
+/// into its states, and the result is drawn.
 ///
 ///     Stage stage(new VemoCheckBox);
 ///     stage.put(State::Hover);
@@ -17,8 +17,8 @@ enum class State { Rest, Hover, Pressed, Focus, Disabled };
 class Stage
 {
 public:
-    /// Takes the widget. size is in design pixels; where it has no width or no height, the widget's
-    /// own one counts.
+    /// Takes ownership of the widget. size is in design pixels; if its width or height is 0, that
+    /// of the widget is used.
     explicit Stage(QWidget *widget, const QSize &size = {});
     ~Stage();
     Q_DISABLE_COPY(Stage)
@@ -30,7 +30,7 @@ public:
     void hover(QWidget *part, const QPoint &point) const;
     void press(QWidget *part, const QPoint &point);
 
-    /// The widget with a breath of ground around it.
+    /// The widget with some background around it.
     QImage picture();
 
 private:
@@ -38,5 +38,5 @@ private:
     QPointer<QWindow> m_pressed;
 };
 
-/// Of a pop-up or any other shown widget, without ground.
+/// The picture of a pop-up or any other visible widget, without background.
 QImage pictureOf(QWidget *widget);
