@@ -17,7 +17,7 @@
 namespace {
 
 constexpr qint64 kGiB = 1024 * 1024 * 1024;
-constexpr int kTooLong = 65 * 1024 * 1024; // More than any resource may have.
+constexpr int kTooLong = 65 * 1024 * 1024; // More than the limit of any resource.
 constexpr uid_t kNobody = 65534;
 constexpr uid_t kSomebody = 12345;
 
@@ -41,7 +41,7 @@ void makePipe(const QString &path)
         qFatal("Cannot make the pipe %s", qPrintable(path));
 }
 
-/// A pipe that somebody writes bytes into and leaves open.
+/// A pipe to which bytes are written and which stays open.
 void makePipeWithWriter(const QString &path, const QByteArray &bytes)
 {
     static int last = -1;

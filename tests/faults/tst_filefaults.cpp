@@ -296,8 +296,8 @@ void FileFaultsTest::aTemporaryPicturesPlace()
     const MemoryPeak peak;
     start(ImageManager::LAZY_LOAD);
     QVERIFY2(peak.growth() <= kMaxMemory, qPrintable(QString::number(peak.growth())));
-    // A folder can't be replaced, and a file that may not be written must not be; what a link leads
-    // to is left alone.
+    // A folder cannot be replaced, a write-protected file must not be, and the target of a link
+    // must not change.
     const bool isFolder = QLatin1String(fault.name) == QLatin1String("folder");
     const QFileInfo after(tempPicture());
     QCOMPARE(after.isDir(), isFolder);

@@ -27,11 +27,11 @@ void startApplication()
     static char name[] = "fuzz";
     static char *argv[] = {name, nullptr};
     setTestEnvironment();
-    // Never deleted: at exit, some of what its destructor releases has already gone.
+    // Never deleted: at exit, some objects used by its destructor have already been destroyed.
     static const auto *const app = new QApplication(argc, argv);
     Q_UNUSED(app)
     keepScreensReachable();
-    // What is logged about each input would take most of the time.
+    // Logging would take most of the time.
     QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
     startDefaultTheme();
     QLoggingCategory::setFilterRules(QStringLiteral("*=false"));

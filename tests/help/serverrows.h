@@ -9,9 +9,9 @@ struct ServerRow
 {
     const char *name = nullptr;
     Answer answer;
-    QString text; ///< Of the page; null where the local page is shown.
+    QString text; ///< Of the page; null if the local page is shown.
     TestCertificates::Kind certificate = TestCertificates::GOOD;
-    const char *warning = nullptr; ///< How the one warning begins.
+    const char *warning = nullptr; ///< The start of the only warning.
 };
 
 /// Answers that arrive quickly.
