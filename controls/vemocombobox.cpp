@@ -10,12 +10,14 @@
 
 #include <QAbstractItemView>
 #include <QEvent>
+#include <QLineEdit>
 #include <QStyledItemDelegate>
 #include <QTimer>
 
 namespace {
 
 constexpr double kSidePadding = 6.0; // Design pixels.
+constexpr int kEditMargin = 2; // Screen pixels: QLineEdit's own.
 constexpr int kListGap = 2; // Screen pixels: deliberately not scaled.
 
 QString paddingRules()
@@ -90,6 +92,25 @@ private:
     QWidget *m_box; // The parent of the pop-up.
 };
 
+// QLineEdit keeps two pixels free on either side of its text. The size hint of an editable box does
+// not account for them, so that its widest text was cut; and the text began further in than that of
+// a box that is not editable.
+class EditMargins : public QObject
+{
+public:
+    explicit EditMargins(QComboBox *box) : QObject(box) { box->installEventFilter(this); }
+
+    bool eventFilter(QObject * /*box*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::ChildPolished) {
+            auto *edit = qobject_cast<QLineEdit *>(static_cast<QChildEvent *>(event)->child());
+            if (edit && edit->textMargins().isNull())
+                edit->setTextMargins(-kEditMargin, 0, -kEditMargin, 0);
+        }
+        return false;
+    }
+};
+
 } // namespace
 
 VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
@@ -105,6 +126,7 @@ VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
     connect(this, &QObject::destroyed, delegate, [delegate] { delete delegate; });
     paintPopupOnce(this);
     new PlaceBeforeShown(*this, view()->parentWidget());
+    new EditMargins(this);
 }
 
 void VemoComboBox::showPopup()

@@ -7,6 +7,8 @@
 //
 //     drawpictures PALETTE OUTDIR SVG...
 
+#include "gridfit_p.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -239,12 +241,16 @@ QImage render(const Picture &picture, qreal degrees = 0)
 
     QImage image(drawing.size * kOversampling, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
+    if (drawing.turnSteps == 0)
+        drawOnGrid(renderer, image, kOversampling);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(image.width() / 2.0, image.height() / 2.0);
-    painter.rotate(degrees);
-    painter.translate(image.width() / -2.0, image.height() / -2.0);
-    renderer.render(&painter, QRectF(image.rect()));
+    if (drawing.turnSteps > 0) {
+        painter.translate(image.width() / 2.0, image.height() / 2.0);
+        painter.rotate(degrees);
+        painter.translate(image.width() / -2.0, image.height() / -2.0);
+        renderer.render(&painter, QRectF(image.rect()));
+    }
     if (!complaint().isEmpty())
         fail(drawing.path, complaint());
     if (picture.state == "removed")

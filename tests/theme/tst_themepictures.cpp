@@ -10,6 +10,8 @@
 #include <QJsonObject>
 #include <QMovie>
 
+#include <cmath>
+
 namespace {
 
 constexpr auto kImages = ":/vemo/theme/images/";
@@ -103,6 +105,8 @@ private Q_SLOTS:
     void aRemovedPictureDiffersByItsBadgeOnly();
     void aBadgeLeavesNoScraps();
     void noTwoFileTypesLookAlike();
+    void straightStrokesAreCrisp_data();
+    void straightStrokesAreCrisp();
     void theShadowFadesEvenlyAndMeetsAtItsCorners();
     void theBusyAnimationTurns();
 };
@@ -225,6 +229,43 @@ void ThemePicturesTest::noTwoFileTypesLookAlike()
             QVERIFY2(difference(*a, *b) > 8, qPrintable(pair));
         }
     }
+}
+
+void ThemePicturesTest::straightStrokesAreCrisp_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QPointF>("from");
+    QTest::addColumn<QPointF>("to");
+    // Across one straight stroke, in design pixels.
+    QTest::newRow("an edge at the left, even") << "xls" << QPointF(0, 4.5) << QPointF(5, 4.5);
+    QTest::newRow("an edge at the left, odd") << "doc" << QPointF(1, 6.5) << QPointF(5, 6.5);
+    QTest::newRow("an edge at the right, odd") << "xls" << QPointF(11, 4.5) << QPointF(16, 4.5);
+    QTest::newRow("an edge at the top") << "xls" << QPointF(4.5, 0) << QPointF(4.5, 5);
+    QTest::newRow("a line in the middle") << "bt_add" << QPointF(4, 4) << QPointF(4, 11);
+    QTest::newRow("a shaft") << "bt_up" << QPointF(4, 10) << QPointF(11, 10);
+}
+
+void ThemePicturesTest::straightStrokesAreCrisp()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QPointF, from);
+    QFETCH(const QPointF, to);
+    const QImage picture = getGlobalImage(name).toImage().convertToFormat(QImage::Format_ARGB32);
+    const double scale = picture.width() / 16.0;
+    const bool isAcross = from.y() == to.y();
+    int touched = 0;
+    double covered = 0;
+    const int end = int((isAcross ? to.x() : to.y()) * scale);
+    for (int i = int((isAcross ? from.x() : from.y()) * scale); i < end; ++i) {
+        const QRgb pixel = isAcross ? picture.pixel(i, int(from.y() * scale))
+                                    : picture.pixel(int(from.x() * scale), i);
+        // What nobody sees doesn't count.
+        touched += qAlpha(pixel) > 255 / 8 ? 1 : 0;
+        covered += qAlpha(pixel) / 255.0;
+    }
+    // The pen is 1.25 wide.
+    QVERIFY2(qAbs(covered - 1.25 * scale) < 0.2, qPrintable(QString::number(covered)));
+    QCOMPARE(touched, int(std::ceil(1.25 * scale)));
 }
 
 void ThemePicturesTest::theShadowFadesEvenlyAndMeetsAtItsCorners()

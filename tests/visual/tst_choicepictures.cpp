@@ -118,7 +118,8 @@ Looks ChoicePictures::looks() const
     addStates(looks, "radio-off", [] { return newRadioButton(false); });
     addStates(looks, "radio-on", [] { return newRadioButton(true); });
     addStates(looks, "combo", newComboBox, boxStates, {72, 0});
-    addStates(looks, "combo-editable", newEditableComboBox, boxStates, {72, 0});
+    // Without the focus it looks like one that is not editable.
+    addStates(looks, "combo-editable", newEditableComboBox, {State::Focus}, {72, 0});
     looks.append({"combo-open", [] { return openComboBox(false); }});
     looks.append({"combo-list", [] { return openComboBox(true); }});
     looks.append({"menu", openMenu});

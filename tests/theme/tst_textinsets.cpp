@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+// Fields that stand below each other begin their texts below each other, and show them whole.
+#include "core/scaling_p.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/defaulttheme.h>
+#include <vemo/stylemanager.h>
+#include <vemo/vemocombobox.h>
+#include <vemo/vemodateselector.h>
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <QSpinBox>
+
+#include <functional>
+
+namespace {
+
+const QString kText("HHHH"); // clazy:exclude=non-pod-global-static
+
+// In design pixels: the border's and the box's padding, and the two that an edit adds to it.
+constexpr int kInset = 7;
+constexpr int kEditMargin = 2;
+
+using NewField = std::function<QWidget *()>;
+
+template <typename Box> QWidget *newBox(bool isEditable)
+{
+    auto *box = new Box;
+    box->addItems({kText, "x"});
+    box->setEditable(isEditable);
+    return box;
+}
+
+template <typename Edit> QWidget *newEdit()
+{
+    auto *edit = new Edit;
+    edit->setText(kText);
+    return edit;
+}
+
+/// The field without the captions beside it.
+QWidget *newLineEdit()
+{
+    auto *edit = newEdit<QLineEdit>();
+    edit->setStyleSheet(getStyleSheet("component.lineedit"));
+    return edit;
+}
+
+QWidget *newSpinBox()
+{
+    auto *box = new QSpinBox;
+    box->setPrefix(kText);
+    return box;
+}
+
+/// The dark part of a picture, in logical pixels.
+QRect inkOf(const QImage &picture)
+{
+    QRect ink;
+    // Beside the frame.
+    for (int y = picture.height() / 4; y < picture.height() * 3 / 4; ++y) {
+        for (int x = 4; x < picture.width() - 4; ++x) {
+            if (qGray(picture.pixel(x, y)) < 80)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    const double ratio = picture.devicePixelRatio();
+    return {ink.topLeft() / ratio, ink.size() / ratio};
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(NewField)
+
+class TextInsetsTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void textsBeginBelowEachOther_data();
+    void textsBeginBelowEachOther();
+    void anEditableBoxShowsItsWidestTextWhole();
+    void aListMarksItsRowsAsAMenuDoes_data();
+    void aListMarksItsRowsAsAMenuDoes();
+};
+
+void TextInsetsTest::initTestCase()
+{
+    startDefaultTheme();
+    applyDefaultThemeStyle(*qApp);
+}
+
+void TextInsetsTest::textsBeginBelowEachOther_data()
+{
+    QTest::addColumn<NewField>("make");
+    QTest::addColumn<bool>("isEdit");
+    const auto add = [](const char *name, const NewField &make, bool isEdit) {
+        QTest::newRow(name) << make << isEdit;
+    };
+    add("component.lineedit", newLineEdit, true);
+    add(
+        "VemoDateSelector", [] { return new VemoDateSelector(kText, nullptr); }, false);
+    add(
+        "VemoComboBox", [] { return newBox<VemoComboBox>(false); }, false);
+    add(
+        "VemoComboBox, editable", [] { return newBox<VemoComboBox>(true); }, true);
+    add("QLineEdit", newEdit<QLineEdit>, true);
+    add("QSpinBox", newSpinBox, true);
+    add(
+        "QComboBox", [] { return newBox<QComboBox>(false); }, false);
+    add(
+        "QComboBox, editable", [] { return newBox<QComboBox>(true); }, true);
+}
+
+void TextInsetsTest::textsBeginBelowEachOther()
+{
+    QFETCH(const NewField, make);
+    QFETCH(const bool, isEdit);
+    const QScopedPointer<QWidget> field(make());
+    field->resize(scaled(200), scaled(32));
+    const int bearing = QFontMetrics(field->font()).leftBearing('H');
+    const int begin = inkOf(field->grab().toImage()).left() - bearing;
+    const int wanted = scaled(kInset) + (isEdit ? kEditMargin : 0);
+    // Frames and paddings are rounded one by one.
+    QVERIFY2(begin >= wanted - 1 && begin <= wanted + 2,
+        qPrintable(QString("%1, not %2").arg(begin).arg(wanted)));
+}
+
+void TextInsetsTest::anEditableBoxShowsItsWidestTextWhole()
+{
+    const QScopedPointer<QWidget> box(newBox<VemoComboBox>(true));
+    box->resize(scaled(200), scaled(32));
+    const QRect whole = inkOf(box->grab(QRect(0, 0, scaled(100), scaled(32))).toImage());
+    box->resize(box->sizeHint());
+    const QRect text(0, 0, box->width() - scaled(24), box->height());
+    QCOMPARE(inkOf(box->grab(text).toImage()).width(), whole.width());
+}
+
+void TextInsetsTest::aListMarksItsRowsAsAMenuDoes_data()
+{
+    QTest::addColumn<NewField>("make");
+    QTest::newRow("VemoComboBox") << NewField([] { return newBox<VemoComboBox>(false); });
+    QTest::newRow("QComboBox") << NewField([] { return newBox<QComboBox>(false); });
+}
+
+void TextInsetsTest::aListMarksItsRowsAsAMenuDoes()
+{
+    QFETCH(const NewField, make);
+    const QScopedPointer<QWidget> field(make());
+    auto *box = static_cast<QComboBox *>(field.data());
+    box->show();
+    box->showPopup();
+    QVERIFY(QTest::qWaitForWindowExposed(box->view()->window()));
+    const QRect row = box->view()->visualRect(box->model()->index(0, 0));
+    const auto colourAt = [box](const QPoint &point) {
+        return pixelAt(box->view()->viewport(), point);
+    };
+    const QColor surface = defaultThemeColor("surface");
+    QCOMPARE(colourAt({row.left(), row.center().y()}), surface);
+    QCOMPARE(colourAt({row.right(), row.center().y()}), surface);
+    QCOMPARE(colourAt({row.left() + scaled(4), row.center().y()}), defaultThemeColor("selection"));
+    // A rounded corner.
+    QVERIFY(colourAt({row.left() + scaled(3), row.top()}) != defaultThemeColor("selection"));
+    box->hidePopup();
+}
+
+VEMO_TEST_MAIN(TextInsetsTest)
+#include "tst_textinsets.moc"
