@@ -38,7 +38,7 @@ endmacro()
 set(CPACK_COMPONENTS_ALL "")
 string(JOIN "\n" about
   "Vemo Widgets is a Qt library of styled widgets for desktop client"
-  "utilities, and the resource services they stand on: style sheets,"
+  "utilities, and the resource services behind them: style sheets,"
   "pictures and strings that follow the screen's scale and the user's"
   "language.")
 vemo_package(Runtime ${runtime} libs "" "styled Qt widgets - libraries"

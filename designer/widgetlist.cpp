@@ -75,7 +75,7 @@ const FormWidgetInfo kLabels[] = {
         "text:richtext",
         make<ClickableLabel>},
     {"LinkLabel", "ClickableLabel", "Label that looks like a hyperlink",
-        "A clickable label with a pointing hand and an underline under the pointer. It carries its "
+        "A clickable label with a pointing hand and an underline under the pointer. It stores its "
         "target in \"hyperLink\" and leaves opening it to the host.",
         {120, 20},
         R"(<property name="text"><string>Link</string></property>)",
@@ -99,7 +99,7 @@ const FormWidgetInfo kFields[] = {
         "A combo box in the library's look, whose list opens below it.",
         {140, 32}, "", "", make<VemoComboBox>},
     {"VemoDateSelector", "QComboBox", "Date field",
-        "A date field that opens a month calendar. It shows a placeholder while there is no date.",
+        "A date field that opens a month calendar. It shows a placeholder if there is no date.",
         {140, 32},
         R"(<property name="placeholder"><string>Choose a date</string></property>)",
         "placeholder:singleline",
@@ -120,7 +120,7 @@ const FormWidgetInfo kFields[] = {
 
 const FormWidgetInfo kViews[] = {
     {"VemoTreeWidget", "QTreeWidget", "Tree with highlighted rows",
-        "A tree that paints a rounded highlight behind selected and hovered rows.",
+        "A tree that paints a rounded highlight under selected and hovered rows.",
         {240, 200},
         R"(<property name="selectedColor"><color><red>220</red><green>235</green><blue>251</blue>)"
         R"(</color></property><property name="hoverColor"><color><red>238</red>)"
@@ -133,7 +133,7 @@ const FormWidgetInfo kViews[] = {
         R"(<property name="columnTexts"><stringlist><string>Name|120|1</string>)"
         R"(<string>Size|80</string></stringlist></property>)", "",
         make<VemoTableWidget>},
-    {"ResizeSignalTableWidget", "QTableWidget", "Table that says when it is resized",
+    {"ResizeSignalTableWidget", "QTableWidget", "Table that reports its size",
         "A plain table that emits a signal when it is resized.",
         {240, 200}, "", "", make<ResizeSignalTableWidget>},
     {"VemoPagingBar", "QWidget", "Bar that pages through a list",

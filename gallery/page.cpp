@@ -145,7 +145,7 @@ QWidget *captioned(QWidget *specimen, const QString &caption)
 {
     auto *pair = new QWidget;
     auto *layout = newLayout<QVBoxLayout>(kTextGap);
-    // At the top, so that the captions of a row stand on one line.
+    // At the top, so that the captions of a row are aligned.
     layout->addStretch();
     layout->addWidget(specimen, 0, Qt::AlignLeft);
     layout->addWidget(newLabel("note", caption));

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kFields = 7;
 
-/// Something to lie behind a sheet.
+/// Adds some content below a sheet.
 void fill(QWidget *window)
 {
     auto *column = new QVBoxLayout(window);

@@ -111,7 +111,7 @@ void readColours(const QXmlStreamAttributes &attributes, Drawing &drawing)
         const bool isName = value.size() > 2 && value.startsWith('@') && value.endsWith('@');
         const QString name = isName ? value.mid(1, value.size() - 2) : QString();
         if (!palette().contains(name))
-            fail(drawing.path, "\"" + value + "\" is no colour of the palette");
+            fail(drawing.path, "\"" + value + "\" is not a colour of the palette");
         drawing.colours.insert(name);
     }
 }
@@ -237,7 +237,7 @@ QImage render(const Picture &picture, qreal degrees = 0)
     const QByteArray svg = reduced(drawing.svg, picture.state);
     QSvgRenderer renderer;
     if (!renderer.load(coloured(svg, states().value(picture.state))))
-        fail(drawing.path, "is no drawable SVG");
+        fail(drawing.path, "is not a drawable SVG");
 
     QImage image(drawing.size * kOversampling, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -394,11 +394,11 @@ void readPalette(const QString &path)
     const QJsonObject colours = QJsonDocument::fromJson(file.readAll()).object();
     for (auto it = colours.begin(); it != colours.end(); ++it) {
         if (!QColor::isValidColor(it.value().toString()))
-            fail(path, "\"" + it.key() + "\" is no colour");
+            fail(path, "\"" + it.key() + "\" is not a colour");
         palette().insert(it.key(), it.value().toString());
     }
     if (palette().isEmpty())
-        fail(path, "is no palette");
+        fail(path, "is not a palette");
 }
 
 void run(const QString &folder, const QStringList &paths)

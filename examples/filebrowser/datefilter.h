@@ -21,7 +21,7 @@ public:
     QDateTime from() const;
     /// The last one: the whole minute counts.
     QDateTime to() const;
-    /// An invalid date stands for no limit.
+    /// An invalid date means no limit.
     void setDays(const QDate &from, const QDate &to);
 
 public Q_SLOTS:

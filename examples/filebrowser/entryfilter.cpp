@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The name's letters behind its last dot; empty where there is none.
+/// The part of the name after its last dot; empty if there is none.
 QString suffixOf(const QString &name)
 {
     const int dot = name.lastIndexOf(QLatin1Char('.'));

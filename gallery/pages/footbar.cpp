@@ -27,7 +27,7 @@ VemoFootbar *newBar(const Widgets &left, const Widgets &right)
     return bar;
 }
 
-/// The foot of a window, for the bar to stand in.
+/// The bottom of a window, which contains the bar.
 QWidget *framed(VemoFootbar *bar)
 {
     auto *frame = new QFrame;

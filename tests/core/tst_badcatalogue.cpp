@@ -62,8 +62,8 @@ void BadCatalogueTest::aCatalogueThatCannotBeReadIsEmpty_data()
     QTest::newRow("an array") << QByteArray("[\"unread\"]");
     QTest::newRow("a text") << QByteArray("\"unread\"");
     QTest::newRow("not JSON") << QByteArray("images = unread");
-    QTest::newRow("something behind it") << QByteArray("{\"images\": [\"unread\"]} x");
-    QTest::newRow("NUL behind it") << QByteArray("{\"images\": [\"unread\"]}\0", 23);
+    QTest::newRow("followed by something") << QByteArray("{\"images\": [\"unread\"]} x");
+    QTest::newRow("followed by a NUL") << QByteArray("{\"images\": [\"unread\"]}\0", 23);
     QTest::newRow("binary") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
     QTest::newRow("images is a text") << QByteArray("{\"images\": \"unread\"}");
     QTest::newRow("images is an object") << QByteArray("{\"images\": {\"unread\": 1}}");

@@ -123,7 +123,7 @@ void BadStyleFilesTest::carriageReturnsAreDropped_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::newRow("at line ends") << QByteArray("==cr==\r\nx\r\ny\r\n");
-    QTest::newRow("behind a comment") << QByteArray("==cr==\r\nx// c\r\n\r\ny\r\n");
+    QTest::newRow("after a comment") << QByteArray("==cr==\r\nx// c\r\n\r\ny\r\n");
     QTest::newRow("anywhere") << QByteArray("\r==c\rr==\n\rx\n\r\ry");
 }
 

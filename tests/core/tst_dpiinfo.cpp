@@ -162,8 +162,8 @@ void DPIinfoTest::numbersBeyondAnIntEndAtTheHighestOne_data()
                                    << "2147483647px";
     QTest::newRow("beyond any double") << QString(400, '9') + "px"
                                        << "2147483647px";
-    QTest::newRow("hidden behind zeros") << QString(400, '0') + QString(12, '9') + "px"
-                                         << "2147483647px";
+    QTest::newRow("after many zeros") << QString(400, '0') + QString(12, '9') + "px"
+                                      << "2147483647px";
     QTest::newRow("only zeros") << QString(400, '0') + "px"
                                 << "0px";
 }
@@ -195,7 +195,7 @@ void DPIinfoTest::fractionsCountToTheirLastDigit_data()
     const QString halfWay = "1.99999999999999988897769753748434595763683319091796875";
     QTest::newRow("half-way") << halfWay + "px";
     QTest::newRow("just above") << halfWay + "1px";
-    QTest::newRow("far behind, just above") << halfWay + QString(1000, '0') + "1px";
+    QTest::newRow("decided by a late digit") << halfWay + QString(1000, '0') + "1px";
     QTest::newRow("just below") << halfWay.chopped(1) + "4px";
     QTest::newRow("fifteen digits") << "123456.789012345px";
     QTest::newRow("more digits than a double holds") << "1.9999999999999998px";

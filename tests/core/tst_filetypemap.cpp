@@ -84,10 +84,10 @@ void FileTypeMapTest::anythingElseHasTheGenericIcon_data()
     QTest::newRow("two suffixes") << "tar.gz";
     QTest::newRow("with its dot") << ".doc";
     QTest::newRow("with a blank") << "doc ";
-    QTest::newRow("a type that is no extension") << "video";
+    QTest::newRow("a type that is not an extension") << "video";
     QTest::newRow("full-width letters") << QString::fromUtf8("ｄｏｃ");
     QTest::newRow("a lone surrogate") << QString(QChar(0xd801));
-    QTest::newRow("NUL behind it") << QString("doc") + QChar(0);
+    QTest::newRow("followed by a NUL") << QString("doc") + QChar(0);
 }
 
 void FileTypeMapTest::anythingElseHasTheGenericIcon()

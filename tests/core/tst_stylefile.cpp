@@ -122,10 +122,10 @@ void StyleFileTest::sectionsAreStoredUnderTheirKeys_data()
     addSections("a later one that is empty", "==a==\nx\n==a==\n", {{"a", ""}});
     addSections("no line break at the end", "==a==\nx", {{"a", "\nx"}});
     addSections("a header at the end", "==a==\nx\n==b==", {{"a", "\nx"}, {"b", ""}});
-    addSections("a blank behind", "==a==\nx\n==b== \ny\n", {{"a", "\nx\n==b== \ny"}});
+    addSections("trailing blank", "==a==\nx\n==b== \ny\n", {{"a", "\nx\n==b== \ny"}});
     addSections("a blank in front", "==a==\n ==b==\ny\n", {{"a", "\n ==b==\ny"}});
     addSections("a single equals sign", "==a==\n=b=\n==b=\n=b==\n", {{"a", "\n=b=\n==b=\n=b=="}});
-    addSections("a tab is no blank", "==\ta==\nx\n", {{"\ta", "\nx"}});
+    addSections("a tab is not a blank", "==\ta==\nx\n", {{"\ta", "\nx"}});
     addSections("keys differ by case", "==A==\nx\n==a==\ny\n", {{"A", "\nx"}, {"a", "\ny"}});
     const QString key = QString::fromUtf8("ключ😀") + QChar(0) + QChar(0x2028);
     addSections("any Unicode", "==" + key + "==\nx\n", {{key, "\nx"}});

@@ -109,8 +109,8 @@ void TimeCompletionTest::completesAmongTheItems_data()
                           << "09:00" << false;
     QTest::newRow("colon") << "9:"
                            << "09:00" << false;
-    QTest::newRow("minute digit goes behind the nought") << "9:5"
-                                                         << "09:05" << true;
+    QTest::newRow("single minute digit is padded with a zero") << "9:5"
+                                                               << "09:05" << true;
     QTest::newRow("two and one") << "14:3"
                                  << "14:03" << true;
     QTest::newRow("full") << "23:30"
@@ -197,7 +197,7 @@ void TimeCompletionTest::plainBoxCompletesToo_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("afterwards");
     QTest::newRow("a time stays") << 1 << 1;
-    QTest::newRow("an item that is no time in full means row 0") << 2 << 0;
+    QTest::newRow("an item that is not a complete time means row 0") << 2 << 0;
     QTest::newRow("one whose beginning is another item") << 3 << 1;
     QTest::newRow("none selected means the default") << -1 << 0;
 }

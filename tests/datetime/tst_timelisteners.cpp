@@ -120,7 +120,7 @@ void TimeListenersTest::tellsItsTime_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QTime>("time");
     QTest::newRow("full") << "07:45" << QTime(7, 45);
-    QTest::newRow("with something behind") << "07:45 (own)" << QTime(7, 45);
+    QTest::newRow("with a custom text") << "07:45 (own)" << QTime(7, 45);
     QTest::newRow("not completed") << "7:45" << QTime();
     QTest::newRow("out of range") << "99:99" << QTime();
     QTest::newRow("nothing") << "" << QTime();

@@ -314,7 +314,7 @@ void FileWindowTest::listsTheFoldersOfTheTreeWhenTheyAreOpened()
     tree->currentItem()->setExpanded(true);
     QTRY_COMPARE(tree->currentItem()->child(0)->text(0), QString("sub"));
     QTreeWidgetItem *sub = tree->currentItem()->child(0);
-    // One that stands in for what is not known yet.
+    // A placeholder for unknown contents.
     QVERIFY(static_cast<FileSystemTreeWidgetItem *>(sub->child(0))->isFake());
     sub->setExpanded(true);
     QTRY_COMPARE(sub->child(0)->text(0), QString("one"));

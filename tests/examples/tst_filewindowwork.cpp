@@ -433,7 +433,7 @@ void FileWindowWorkTest::opensTheHelp()
     driver.press(Qt::Key_F1);
     auto *help = driver.part<QWidget>("helpWindow");
     QVERIFY(help && help->isVisible());
-    // The help on the disk stands in for that of the knowledge base, once that was found missing.
+    // The local help is shown when the knowledge base cannot be reached.
     auto *page = help->findChild<QTextBrowser *>();
     QTRY_VERIFY_WITH_TIMEOUT(page->toPlainText().contains("File browser"), 2 * HelpWindow::TIMEOUT);
     help->close();

@@ -38,7 +38,7 @@ bool isSmallPicture(QByteArray bytes)
 
 void fuzzStyleFiles(const QByteArray &data)
 {
-    // As from a file: without any "\r", and with a line break behind it.
+    // As from a file: without any "\r", and with a line break at the end.
     const QString text = textOf(QByteArray(data).replace("\r", "")) + QLatin1Char('\n');
     const QString cut = withoutComments(text);
     require(cut == withoutCommentsByRules(text), "comments are removed by their rules");

@@ -83,7 +83,7 @@ void tst_picturescan::sourcesAreFoundOnceEachInTheirOrder_data()
         << "<img data-src=\"a\" src=\"b\">" << QStringList("a");
     QTest::newRow("a tag inside a source")
         << "<img src=\"<img src=\"a\">" << QStringList({"<img src=", "a"});
-    QTest::newRow("case tells sources apart")
+    QTest::newRow("sources are case-sensitive")
         << "<img src=\"a\"><img src=\"A\">" << QStringList({"a", "A"});
     QTest::newRow("in a comment") << "<!-- <img src=\"a\"> -->" << QStringList("a");
     QTest::newRow("entities stay") << "<img src=\"a&amp;b\">" << QStringList("a&amp;b");

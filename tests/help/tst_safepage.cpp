@@ -387,7 +387,7 @@ static void addLengthRows()
     QTest::newRow("lengths with exponents") << "<html>"
             + times(5,
                 "<table style=\"margin:9e9px\" border=9e9 cellpadding=1e30 width=inf><tr><td>\n");
-    QTest::newRow("lengths behind blanks that are entities")
+    QTest::newRow("lengths after blanks that are entities")
         << "<html>" + times(5, "<table cellspacing=\"&nbsp;99999999\" width=99999999><tr><td>\n");
     QTest::newRow("the largest lengths") << "<html>"
             + times(12,

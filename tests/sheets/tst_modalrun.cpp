@@ -200,7 +200,7 @@ void ModalRunTest::focusGoesBack_data()
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("way");
     for (const char *kind : {"message", "input"}) {
-        for (const char *way : {"exec", "showSheet", "exec after a walk behind the sheet",
+        for (const char *way : {"exec", "showSheet", "exec after a walk below the sheet",
                  "deleted while shown", "deleted while it runs"})
             QTest::addRow("%s, %s", kind, way) << kind << way;
     }
@@ -223,7 +223,7 @@ void ModalRunTest::focusGoesBack()
     } else {
         any.execUntil([&] {
             QVERIFY(any.sheet()->isAncestorOf(scene.window.focusWidget()));
-            if (way.contains("behind"))
+            if (way.contains("below"))
                 scene.first->setFocus();
             if (way.contains("deleted"))
                 delete any.sheet();

@@ -24,7 +24,7 @@ class VemoMaskTest : public VemoTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void carriesTheWidgetAndReturnsIt();
+    void containsTheWidgetAndReturnsIt();
     void takesTheParentOfTheWidgetWhereNoneIsGiven();
     void isNotMadeWithout_data();
     void isNotMadeWithout();
@@ -43,7 +43,7 @@ private Q_SLOTS:
     void filtersLetEveryEventPass();
 };
 
-void VemoMaskTest::carriesTheWidgetAndReturnsIt()
+void VemoMaskTest::containsTheWidgetAndReturnsIt()
 {
     QWidget window;
     QWidget *sheet = plainSheet(nullptr);

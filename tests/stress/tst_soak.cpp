@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every public widget made, shown, used and deleted many times: what it leaves behind must not be
-// more than what the nearest stock widget leaves. VEMO_SOAK_CYCLES sets how often.
+// Every public widget is created, shown, used and deleted many times: the memory it leaves must not
+// be more than what the nearest stock widget leaves. VEMO_SOAK_CYCLES sets how often.
 #include "stress/widgetkinds.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"

@@ -144,7 +144,7 @@ void DrawingsTest::eachHasOnePen_data()
     QTest::addColumn<bool>("isBold");
     for (const QString &file : QDir(VEMO_DRAWINGS).entryList({"*.svg"})) {
         const QString name = file.chopped(4);
-        // The shadow of sheets is no stroke.
+        // The shadow of sheets has no strokes.
         if (!name.startsWith("bg_"))
             QTest::newRow(qPrintable(name)) << (name.startsWith("check") || name == "bt_more");
     }

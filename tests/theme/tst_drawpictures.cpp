@@ -280,16 +280,16 @@ void DrawPicturesTest::aFaultyDrawingIsRefused_data()
     QTest::newRow("left out of no state")
         << root + " data-states=\"hover\"><path data-not=\"removed\" fill=\"@surface@\"/></svg>"
         << "data-not=\"removed\" is none of data-states";
-    QTest::newRow("colour by name") << square("red") << "\"red\" is no colour of the palette";
+    QTest::newRow("colour by name") << square("red") << "\"red\" is not a colour of the palette";
     QTest::newRow("foreign colour")
-        << square("#123456") << "\"#123456\" is no colour of the palette";
+        << square("#123456") << "\"#123456\" is not a colour of the palette";
     QTest::newRow("a colour itself")
-        << square("#1769E0") << "\"#1769E0\" is no colour of the palette";
+        << square("#1769E0") << "\"#1769E0\" is not a colour of the palette";
     QTest::newRow("foreign name at the root")
-        << square("@surface@", "stroke=\"@glow@\"") << "\"@glow@\" is no colour of the palette";
+        << square("@surface@", "stroke=\"@glow@\"") << "\"@glow@\" is not a colour of the palette";
     QTest::newRow("name without its end")
-        << square("@surface") << "\"@surface\" is no colour of the palette";
-    QTest::newRow("no name") << square("@@") << "\"@@\" is no colour of the palette";
+        << square("@surface") << "\"@surface\" is not a colour of the palette";
+    QTest::newRow("no name") << square("@@") << "\"@@\" is not a colour of the palette";
     QTest::newRow("broken path") << root + "><path fill=\"@surface@\" d=\"M bad 3\"/></svg>"
                                  << "Invalid path data; path truncated.";
     QTest::newRow("one frame") << square("@surface@", "data-turn=\"1\"")
@@ -335,8 +335,8 @@ void DrawPicturesTest::aFaultyPaletteIsRefused_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("complaint");
-    QTest::newRow("empty") << QByteArray() << "is no palette";
-    QTest::newRow("no colour") << QByteArray("{\"ink\": \"dark\"}") << "\"ink\" is no colour";
+    QTest::newRow("empty") << QByteArray() << "is not a palette";
+    QTest::newRow("no colour") << QByteArray("{\"ink\": \"dark\"}") << "\"ink\" is not a colour";
 }
 
 void DrawPicturesTest::aFaultyPaletteIsRefused()

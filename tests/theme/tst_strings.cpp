@@ -219,7 +219,7 @@ void StringsTest::aTableIsWellFormed()
     QJsonParseError error {};
     const QJsonObject object = QJsonDocument::fromJson(bytes, &error).object();
     QCOMPARE(error.error, QJsonParseError::NoError);
-    // A key that is there twice would hide one text behind the other.
+    // If a key occurs twice, one of its texts would be ignored.
     QCOMPARE(found(text, "(?m)^  \"").size(), object.size());
     for (auto entry = object.begin(); entry != object.end(); ++entry) {
         QVERIFY2(entry.value().isString(), qPrintable(entry.key()));

@@ -48,7 +48,7 @@ QStringList fileTypes()
     return names;
 }
 
-// Where the badge of a removed file stands, and the gap around it.
+// The position of the badge of a removed file, and the gap around it.
 bool isInBadge(int x, int y)
 {
     constexpr int kCentre = 50; // of 64 pixels

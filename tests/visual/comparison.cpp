@@ -27,7 +27,7 @@ int distance(QRgb a, QRgb b)
         qAbs(qBlue(a) - qBlue(b)), qAbs(qAlpha(a) - qAlpha(b))});
 }
 
-/// A pale shade of a pixel, so that the differences stand out before it.
+/// A pale shade of a pixel, so that differences stand out.
 QRgb faint(QRgb pixel)
 {
     const int shade = 192 + qGray(pixel) / 4;

@@ -40,7 +40,7 @@ Stage::Stage(QWidget *widget, const QSize &size)
 
 Stage::~Stage()
 {
-    // Beside it, which is no click. Left pressed, the button would turn later moves into drags.
+    // Released outside, which is not a click. A pressed button would turn later moves into drags.
     if (m_pressed)
         QTest::mouseRelease(m_pressed, Qt::LeftButton, {}, kAway);
     QCursor::setPos(kAway);

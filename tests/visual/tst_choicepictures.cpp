@@ -56,7 +56,7 @@ QImage openComboBox(bool isListWanted)
     return picture;
 }
 
-/// Entries in which each kind stands once at rest and once disabled.
+/// Entries of each kind, enabled and disabled.
 QImage openMenu()
 {
     VemoMenu menu;

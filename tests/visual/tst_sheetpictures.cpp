@@ -22,7 +22,7 @@ constexpr QSize kContent(64, 32);
 using NewSheet = std::function<VemoSheet *(QWidget *)>;
 using Change = std::function<void(Stage &, VemoSheet *)>;
 
-/// What a window shows with a sheet over its mask, and two bars behind them.
+/// The picture of a window with a sheet, its mask, and two bars below them.
 QImage sheetOverWindow(const NewSheet &make, const Change &change = {}, const QSize &size = kWindow)
 {
     auto *window = new QWidget;
