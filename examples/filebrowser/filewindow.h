@@ -19,14 +19,14 @@ class VemoPagingBar;
 
 /// The window: the bar at the top, the tree of folders, the list with its pages, the details.
 ///
-/// Its parts have names, for tests and for tools: "topBar" with "upButton", "pathBar", "filterBar",
-/// "kindMenu", "newFolderButton", "renameButton", "trashButton", "detailsButton" and "helpButton";
-/// "folderTree"; "fileList" with "fileTable" and "fileHeader"; "pagingBar"; "emptyText"; the
-/// "detailsPanel" with "detailsName", "detailsKind", "detailsSize", "detailsModified",
-/// "detailsCreated", "detailsPlace", "detailsAccess", "fromDate", "fromTime", "toDate", "toTime",
-/// "fromCalendar", "toCalendar" and "clearDates"; the actions "upAction" and so on; "contextMenu";
-/// the sheets "messageSheet", "nameSheet" with "nameField", "trashSheet", "leftoverSheet",
-/// "copySheet" with "copyCancel"; "helpWindow".
+/// Its parts have object names for tests and tools: "topBar" with "upButton", "pathBar",
+/// "filterBar", "kindMenu", "newFolderButton", "renameButton", "trashButton", "detailsButton" and
+/// "helpButton"; "folderTree"; "fileList" with "fileTable" and "fileHeader"; "pagingBar";
+/// "emptyText"; the "detailsPanel" with "detailsName", "detailsKind", "detailsSize",
+/// "detailsModified", "detailsCreated", "detailsPlace", "detailsAccess", "fromDate", "fromTime",
+/// "toDate", "toTime", "fromCalendar", "toCalendar" and "clearDates"; the actions "upAction" and so
+/// on; "contextMenu"; the sheets "messageSheet", "nameSheet" with "nameField", "trashSheet",
+/// "leftoverSheet", "copySheet" with "copyCancel"; "helpWindow".
 ///
 /// startLook() must have been called.
 class FileWindow : public QWidget
@@ -41,7 +41,7 @@ public:
     FileTable *table() const { return m_table; }
 
 public Q_SLOTS:
-    /// A folder that can't be read leads back to the one before, with a message.
+    /// If the folder cannot be read, shows a message and returns to the previous one.
     void openFolder(const QString &folder);
 
 private:

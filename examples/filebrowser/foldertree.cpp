@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kIndentation = 16; // design pixels
 constexpr int kIconSize = 16; // design pixels
-constexpr int kMostChildren = 1000; // More would hold up the window, and nobody scrolls that far.
+constexpr int kMaxChildren = 1000; // More would block the window, and nobody scrolls that far.
 
 FileSystemTreeWidgetItem *folderItem(QTreeWidgetItem *item)
 {
@@ -39,7 +39,7 @@ bool isOnTheWay(const QString &folder, const QString &target)
     return target == folder || target.startsWith(childPath(folder, {}));
 }
 
-/// The path of the child of folder that target is, or lies in.
+/// The path of the child of folder that is or contains target.
 QString stepTo(const QString &folder, const QString &target)
 {
     const QString start = childPath(folder, {});
@@ -100,13 +100,13 @@ FolderTree::Item *FolderTree::newFolderItem(const QString &path, const QString &
     return item;
 }
 
-/// Stands for what is not known yet; it makes the arrow that opens the folder.
+/// Adds a placeholder for contents that are not known yet, which makes the folder expandable.
 void FolderTree::addPlaceholder(Item *item, const QString &caption) const
 {
     auto *placeholder = new Item;
     placeholder->setFake(true);
     placeholder->setText(0, caption);
-    // Without the flag of the check box the tree draws it as disabled.
+    // Without Qt::ItemIsUserCheckable the tree draws its text as disabled.
     placeholder->setFlags(Qt::ItemIsEnabled);
     item->addChild(placeholder);
     item->setFakeChildExist(true);
@@ -155,7 +155,7 @@ void FolderTree::fill(const QString &path, QVector<FileEntry> folders)
     Item *item = find(path);
     if (!item)
         return;
-    // Hidden folders would bury the others; the list on the right has them.
+    // There are too many hidden folders; the list on the right shows them.
     folders.erase(std::remove_if(folders.begin(), folders.end(),
                       [](const FileEntry &entry) { return entry.name.startsWith('.'); }),
         folders.end());
@@ -175,10 +175,10 @@ void FolderTree::giveUp(const QString &path)
     walkToTarget();
 }
 
-/// Keeps the items of folders that are still there, with all that is known of them.
+/// Keeps the items of folders that still exist, with their contents.
 void FolderTree::updateChildren(Item *item, const QVector<FileEntry> &folders)
 {
-    const QVector<FileEntry> shown = folders.mid(0, kMostChildren);
+    const QVector<FileEntry> shown = folders.mid(0, kMaxChildren);
     dropPlaceholder(item);
     dropVanished(item, shown);
     for (int i = 0; i < shown.size(); ++i) {
@@ -186,8 +186,8 @@ void FolderTree::updateChildren(Item *item, const QVector<FileEntry> &folders)
         if (i >= item->childCount() || folderItem(item->child(i))->getPath() != path)
             item->insertChild(i, newFolderItem(path, displayName(shown.at(i).name)));
     }
-    if (folders.size() > kMostChildren)
-        addPlaceholder(item, text("more_folders", numberText(folders.size() - kMostChildren)));
+    if (folders.size() > kMaxChildren)
+        addPlaceholder(item, text("more_folders", numberText(folders.size() - kMaxChildren)));
     item->setFakeChildExist(false);
 }
 
@@ -198,7 +198,7 @@ void FolderTree::dropVanished(Item *item, const QVector<FileEntry> &folders) con
         paths.insert(childPath(item->getPath(), folder.name));
     for (int i = item->childCount() - 1; i >= 0; --i) {
         const QString path = folderItem(item->child(i))->getPath();
-        // One that the list leaves out may still be there since the user is in it.
+        // A hidden folder may have an item because the user has opened it.
         const bool isLeftOut = nameOf(path).startsWith('.') && isFolderAt(path);
         if (!paths.contains(path) && !isLeftOut)
             delete item->takeChild(i);
@@ -240,7 +240,7 @@ FolderTree::Item *FolderTree::find(const QString &path) const
     return item;
 }
 
-/// Goes as far towards the folder to show as is known, and has the next one read.
+/// Moves towards the target as far as folders are known, and starts to read the next one.
 void FolderTree::walkToTarget()
 {
     if (m_target.isEmpty())
@@ -255,7 +255,7 @@ void FolderTree::walkToTarget()
             return;
         }
         if (!child) {
-            // A hidden one, one beyond the most, or one in a folder that can't be read.
+            // It is hidden, exceeds kMaxChildren, or its parent cannot be read.
             child = newFolderItem(step, displayName(nameOf(step)));
             item->addChild(child);
         }
@@ -271,7 +271,7 @@ void FolderTree::makeCurrent(Item *item)
     const QSignalBlocker quiet(this);
     setCurrentItem(item);
     scrollToItem(item, QAbstractItemView::PositionAtCenter);
-    // Sideways no further than needed.
+    // Scroll horizontally no further than necessary.
     horizontalScrollBar()->setValue(0);
     updateScrollArea(item);
 }

@@ -17,16 +17,16 @@ bool isSheetOpen(const QWidget *window);
 /// Both are rich text, as returned by richText().
 void tell(QWidget *window, const QString &message, const QString &reason = {});
 
-/// One name is asked for until it is one that can be given, or the user cancels: then the result is
-/// null. prompt and hint, the line below it, are plain text. problemOf says what is wrong with a
-/// name, in plain text, which takes the place of the hint; nothing if the name is right.
+/// Asks for a name until it is valid or the user cancels; then the result is null. prompt, and hint
+/// in the line below it, are plain text. problemOf returns the problem with a name as plain text,
+/// which replaces the hint; empty if the name is valid.
 QString askName(QWidget *window, const QString &prompt, const QString &hint, const QString &name,
     const std::function<QString(const QString &)> &problemOf);
 
 /// Asks whether to move the entries to the trash; a check box must be ticked first.
 bool askTrash(QWidget *window, const QStringList &names);
 
-/// Whether what is left of copies that were broken off may go to the trash.
+/// Asks whether to move the remains of aborted copies to the trash.
 bool askTrashLeftovers(QWidget *window, const QStringList &names);
 
 /// The result of a copy.

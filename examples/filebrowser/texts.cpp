@@ -25,7 +25,7 @@ QChar visible(QChar c)
         return QChar(0x21B5); // arrow of the Return key
     if (c == '\t')
         return QChar(0x21E5); // arrow of the Tab key
-    // A surrogate without its other half stands for a byte that is no letter.
+    // A lone surrogate represents an invalid byte.
     const bool isNoLetter = c.unicode() < 0x20 || (c.unicode() >= 0x7F && c.unicode() < 0xA0)
         || c.isSurrogate() || turnsDirection(c);
     return isNoLetter ? QChar(QChar::ReplacementCharacter) : c;

@@ -6,20 +6,20 @@
 
 class QDateTime;
 
-/// The text under "filebrowser." + key, with its place markers filled by values that stand as they
-/// are: for plain text only.
+/// The text for "filebrowser." + key, with its placeholders replaced by the unescaped values: for
+/// plain text only.
 QString text(const char *key);
 QString text(const char *key, const QString &first);
 QString text(const char *key, const QString &first, const QString &second);
 
-/// The same as a piece of rich text: the values, which may come from a disk, are shown, in bold,
-/// and never understood as markup.
+/// The same as a piece of rich text: the values, which may come from a disk, are escaped and shown
+/// in bold.
 QString markedText(const char *key, const QStringList &values = {});
-/// Such a piece as the whole text of a label, which takes it for rich text then.
+/// The same as the complete rich text of a label.
 QString richText(const char *key, const QStringList &values = {});
 
-/// A file name on one line, with a mark for each character that can't be seen, and those that turn
-/// the direction of writing.
+/// A file name on one line, with a symbol for each invisible character and each character that
+/// changes the writing direction.
 QString displayName(const QString &name);
 /// The same for a text that breaks its lines: shortened, and with places to break.
 QString nameInText(const QString &name);
