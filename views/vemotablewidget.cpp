@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QHeaderView>
 #include <QResizeEvent>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -59,6 +60,8 @@ VemoTableWidget::~VemoTableWidget() = default;
 void VemoTableWidget::setColumns(const VemoTableColumnsInfo &columns)
 {
     m_columns = columns;
+    m_dragged.clear();
+    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
     const int count = static_cast<int>(m_columns.m_columns.size());
     m_header_table->setColumnCount(count + 1);
     m_table->setColumnCount(count);
@@ -105,16 +108,20 @@ QTableWidget *VemoTableWidget::getTable() const
 
 void VemoTableWidget::slotTableResized(QSize size)
 {
+    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
     double fixedSum = 0;
+    int index = 0;
     for (const auto &column : m_columns.m_columns) {
-        if (!column.takesShare())
+        if (!column.takesShare() && !m_header->isSectionHidden(index))
             fixedSum += column.width;
+        ++index;
     }
     // Deliberate: the extra section is not subtracted.
     const int free = truncToInt(size.width() - fixedSum * DPIinfo::getInstance().getDPI());
     int section = 0;
     for (const auto &column : m_columns.m_columns) {
-        if (column.takesShare()) {
+        const bool isKept = m_are_dragged_widths_kept && m_dragged.count(section) != 0;
+        if (column.takesShare() && !isKept) {
             const int share = truncToInt(free * column.ratio);
             m_header->resizeSection(section, qMax(share, scaled(column.width)));
         }
@@ -122,8 +129,12 @@ void VemoTableWidget::slotTableResized(QSize size)
     }
 }
 
-void VemoTableWidget::slotSectionResized(int index, int /*old_size*/, int new_size)
+void VemoTableWidget::slotSectionResized(int index, int old_size, int new_size)
 {
+    // A section that is hidden or shown is resized to or from 0.
+    if (!m_is_header_leading && old_size != 0 && new_size != 0)
+        m_dragged.insert(index);
+    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
     m_table->horizontalHeader()->resizeSection(index, new_size);
 }
 
@@ -261,4 +272,5 @@ void VemoTableWidget::connectParts()
         this, SLOT(slotHeaderScrolled(int)));
     connect(m_table, SIGNAL(sigResized(QSize)), this, SLOT(slotTableResized(QSize)));
     // clang-format on
+    connectColumns();
 }

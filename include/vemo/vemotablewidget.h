@@ -7,8 +7,10 @@
 #include <QWidget>
 
 #include <memory>
+#include <set>
 #include <vector>
 
+class EmptyText;
 class QHeaderView;
 class QScrollArea;
 
@@ -75,10 +77,11 @@ protected:
 /// has an item for each cell; use a VemoPagingBar for long lists.
 ///
 /// The header is a separate widget above the table and its scroll bar, and scrolls horizontally
-/// with the table. Clicking it does nothing by itself: to sort, make the sections clickable and
-/// connect to getHeader(). The header is 30 and a row 28 design pixels high. Requires: style files;
-/// without the sections "component.table_header", "component.table" and "component.scrollbar" it
-/// looks plain, with warnings. It belongs to its parent.
+/// with the table. Widths, places, hidden columns and labels that are set on getTable() are also
+/// those of the header. Clicking it does nothing by itself: to sort, see setSortRequestsEnabled().
+/// The header is 30 and a row 28 design pixels high. Requires: style files; without the sections
+/// "component.table_header", "component.table" and "component.scrollbar" it looks plain, with
+/// warnings. It belongs to its parent.
 ///
 ///     VemoTableColumnsInfo columns;
 ///     columns.addColumn(tr("Name"), 120, true, 1.0);
@@ -110,10 +113,50 @@ public:
     /// The columns as such texts.
     QStringList columnTexts() const;
 
+    /// Hides a column in the table and in the header; the others share its room. The same as on
+    /// getTable().
+    void setColumnHidden(int column, bool hidden);
+    bool isColumnHidden(int column) const; ///< false by default
+
+    /// Aligns the label of a column and the text of its items, unless an item has an alignment of
+    /// its own. Left and vertically centred by default.
+    void setColumnAlignment(int column, Qt::Alignment alignment);
+
+    /// Whether a click on the header requests sorting and shows an arrow there, see
+    /// sortRequested(). False by default.
+    void setSortRequestsEnabled(bool enabled);
+    bool areSortRequestsEnabled() const { return m_are_sort_requests_enabled; } ///< see the setter
+    /// Shows the arrow in a column, -1 for none; neither emits a signal nor sorts.
+    void setSortIndicator(int column, Qt::SortOrder order);
+
+    /// Whether a proportional column that the user dragged, or whose width was set on getTable(),
+    /// keeps its width when the table is resized. False by default; each call forgets the widths
+    /// that were kept.
+    void setDraggedWidthsKept(bool kept);
+    bool areDraggedWidthsKept() const { return m_are_dragged_widths_kept; } ///< see the setter
+
+    /// A plain text shown in the middle of a table without rows; empty by default. Looks up the
+    /// section "component.table_empty_text".
+    void setEmptyText(const QString &text);
+    QString emptyText() const; ///< empty by default
+
+    /// The widths, places and visibility of the columns and the sort arrow, for QSettings. Widths
+    /// are stored in design pixels.
+    QByteArray saveState() const;
+    /// Restores what saveState() returned for the same columns. Returns false and changes nothing
+    /// if state is damaged or of other columns. Proportional columns get their shares again at the
+    /// next resize, unless areDraggedWidthsKept().
+    bool restoreState(const QByteArray &state);
+
     /// The header, which belongs to the widget. It has one section more than the table has columns.
     QHeaderView *getHeader() const;
     /// The inner table, which belongs to the widget. Fill it like any QTableWidget.
     QTableWidget *getTable() const;
+
+Q_SIGNALS:
+    /// The user clicked the header of a column, which shows the arrow now. The table does not sort:
+    /// sort your data and fill the rows again.
+    void sortRequested(int column, Qt::SortOrder order);
 
 public Q_SLOTS:
     /// Resets the proportional columns to their shares of the width of size, in screen pixels, even
@@ -132,6 +175,12 @@ protected:
 
 private Q_SLOTS:
     void slotHeaderScrolled(int value);
+    void slotHeaderClicked(int section);
+    void slotColumnResized(int column, int old_size, int new_size);
+    void slotSectionMoved(int section);
+    void slotColumnMoved(int column);
+    void slotLabelsChanged(Qt::Orientation orientation, int first, int last);
+    void slotColumnsRestored();
 
 private:
     void initailze(); // The misspelling is deliberate.
@@ -141,6 +190,7 @@ private:
     void setupTable();
     void setupLayout();
     void connectParts();
+    void connectColumns();
 
     VemoTableColumnsInfo m_columns;
     /// Stores the header's labels. Never shown; not a child, which would be shown with its parent.
@@ -148,4 +198,11 @@ private:
     QScrollArea *m_header_scroll_area = nullptr;
     QHeaderView *m_header = nullptr;
     ResizeSignalTableWidget *m_table = nullptr;
+    EmptyText *m_empty_text = nullptr; ///< a child of the table, created with the first text
+    bool m_are_sort_requests_enabled = false;
+    int m_sort_column = -1;
+    Qt::SortOrder m_sort_order = Qt::AscendingOrder;
+    bool m_are_dragged_widths_kept = false;
+    bool m_is_header_leading = false; ///< while the table's columns follow the header
+    std::set<int> m_dragged; ///< sections that were resized other than by sharing
 };
