@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
-#include "core/scaling_p.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/filesystemtreewidgetitem.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
@@ -77,7 +77,7 @@ std::unique_ptr<QTableWidget> stockTable(int columns)
     table->setStyleSheet(tableStyle());
     table->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header"));
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    table->verticalHeader()->setDefaultSectionSize(scaled(28));
+    table->verticalHeader()->setDefaultSectionSize(DPIinfo::scaled(28));
     table->verticalHeader()->hide();
     table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -301,7 +301,7 @@ public:
         : m_name_style(isStyled ? getStyleSheet("component.button_path_name_button") : QString()),
           m_arrow_style(isStyled ? getStyleSheet("component.button_path_arrow") : QString())
     {
-        m_window.resize(900, scaled(28));
+        m_window.resize(900, DPIinfo::scaled(28));
         m_window.show();
         process();
     }
@@ -318,13 +318,14 @@ public:
             if (layout->count() > 0) {
                 auto *button = newButton(m_arrow_style);
                 button->setIcon(arrow);
-                button->setFixedSize(scaled(6), scaled(28));
+                button->setFixedSize(DPIinfo::scaled(6), DPIinfo::scaled(28));
                 layout->addWidget(button);
             }
             auto *button = newButton(m_name_style);
             button->setText(part);
-            button->setFixedHeight(scaled(26));
-            button->setFixedWidth(scaled(button->fontMetrics().boundingRect(part).width() + 16));
+            button->setFixedHeight(DPIinfo::scaled(26));
+            button->setFixedWidth(
+                DPIinfo::scaled(button->fontMetrics().boundingRect(part).width() + 16));
             layout->addWidget(button);
         }
         m_row->adjustSize();
@@ -383,7 +384,7 @@ constexpr int kNumbers = 5;
 /// Keeps the keyboard focus away from the buttons, because its ring takes longer to draw.
 void showBar(QWidget &bar)
 {
-    bar.resize(700, scaled(32));
+    bar.resize(700, DPIinfo::scaled(32));
     bar.setFocusPolicy(Qt::StrongFocus);
     bar.show();
     process();
@@ -413,8 +414,8 @@ public:
         for (int i = 0; i < kNumbers; ++i) {
             m_numbers[i] = new QPushButton;
             m_numbers[i]->setFlat(true);
-            m_numbers[i]->setFixedHeight(scaled(24));
-            m_numbers[i]->setMinimumWidth(scaled(24));
+            m_numbers[i]->setFixedHeight(DPIinfo::scaled(24));
+            m_numbers[i]->setMinimumWidth(DPIinfo::scaled(24));
             m_numbers[i]->setStyleSheet(getStyleSheet(
                 i == 2 ? "component.select_paging_button" : "component.nonselect_paging_button"));
             layout->addWidget(m_numbers[i]);

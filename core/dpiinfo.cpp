@@ -225,6 +225,11 @@ DPIinfo::DPIinfo()
     }
 }
 
+int DPIinfo::scaled(qreal designPixels)
+{
+    return ::scaled(designPixels);
+}
+
 QString DPIinfo::getScaledStyleSheet(QString sheet) const
 {
     // There is at most one number for every three characters.

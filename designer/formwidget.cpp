@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "designer/formwidget.h"
 
-#include "core/scaling_p.h"
 #include "designer/themestart.h"
+
+#include <vemo/dpiinfo.h>
 
 #include <QIcon>
 
@@ -14,8 +15,8 @@ QString geometry(const QSize &size)
         return {};
     return QStringLiteral("<property name=\"geometry\"><rect><x>0</x><y>0</y>"
                           "<width>%1</width><height>%2</height></rect></property>")
-        .arg(scaled(size.width()))
-        .arg(scaled(size.height()));
+        .arg(DPIinfo::scaled(size.width()))
+        .arg(DPIinfo::scaled(size.height()));
 }
 
 /// The description of text editors for Qt Designer, with the element names that it expects.

@@ -8,9 +8,8 @@
 #include "gallery/page.h"
 #include "gallery/screenshots.h"
 
-#include "core/scaling_p.h"
-
 #include <vemo/defaulttheme.h>
+#include <vemo/dpiinfo.h>
 #include <vemo/qtsingleapplication.h>
 #include <vemo/vemocountdownmessagebox.h>
 
@@ -53,13 +52,13 @@ QRect content(const QImage &picture)
 
 QImage cut(const QImage &picture)
 {
-    const int frame = scaled(kFrame);
+    const int frame = DPIinfo::scaled(kFrame);
     return picture.copy(content(picture).adjusted(-frame, -frame, frame, frame) & picture.rect());
 }
 
 QImage cardPicture(const QFrame &card, const QWidget &window)
 {
-    const int border = scaled(kBorder);
+    const int border = DPIinfo::scaled(kBorder);
     const QRect inside = card.rect().adjusted(border, border, -border, -border);
     const QPoint place = card.mapTo(&window, inside.topLeft());
     const auto grabbed = const_cast<QWidget &>(window).grab(QRect(place, inside.size()));

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/gallerywindow.h"
 
-#include "core/scaling_p.h"
 #include "gallery/look.h"
 #include "gallery/page.h"
 
 #include <vemo/componentstrings.h>
+#include <vemo/dpiinfo.h>
 
 #include <QAction>
 #include <QCoreApplication>
@@ -52,7 +52,7 @@ GalleryWindow::GalleryWindow(const Options &options)
     layout->addWidget(m_stack, 1);
     addPages();
     connectParts();
-    resize(scaled(kWindowSize.width()), scaled(kWindowSize.height()));
+    resize(DPIinfo::scaled(kWindowSize.width()), DPIinfo::scaled(kWindowSize.height()));
     showPage(m_options.page.isEmpty() ? 0 : pageIndex(m_options.page));
     m_list->setFocus();
 }
@@ -123,11 +123,11 @@ void GalleryWindow::slotSearch()
 QWidget *GalleryWindow::newSidebar()
 {
     auto *sidebar = named("sidebar", new QFrame);
-    sidebar->setFixedWidth(scaled(kSidebarWidth));
+    sidebar->setFixedWidth(DPIinfo::scaled(kSidebarWidth));
     auto *layout = new QVBoxLayout(sidebar);
-    const int margin = scaled(kSidebarMargin);
+    const int margin = DPIinfo::scaled(kSidebarMargin);
     layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(scaled(kSidebarGap));
+    layout->setSpacing(DPIinfo::scaled(kSidebarGap));
     auto *title = named("sidebarTitle", new QLabel(windowTitle()));
     title->setIndent(0);
     title->setWordWrap(true);

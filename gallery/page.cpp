@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/page.h"
 
-#include "core/scaling_p.h"
+#include <vemo/dpiinfo.h>
 
 #include <QFrame>
 #include <QGridLayout>
@@ -36,14 +36,14 @@ template <typename Layout> Layout *newLayout(int gap)
 {
     auto *layout = new Layout;
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(gap));
+    layout->setSpacing(DPIinfo::scaled(gap));
     return layout;
 }
 
 QGridLayout *newGrid()
 {
     auto *grid = newLayout<QGridLayout>(kGap);
-    grid->setVerticalSpacing(scaled(kRowGap));
+    grid->setVerticalSpacing(DPIinfo::scaled(kRowGap));
     return grid;
 }
 
@@ -52,7 +52,7 @@ QGridLayout *newGrid()
 Page::Page(const QString &title, const Options &options)
     : m_options(options), m_layout(newLayout<QVBoxLayout>(kTextGap))
 {
-    const int margin = scaled(kPageMargin);
+    const int margin = DPIinfo::scaled(kPageMargin);
     m_layout->setContentsMargins(margin, margin, margin, margin);
     m_layout->addWidget(newLabel("pageTitle", title));
     m_layout->addStretch();
@@ -68,16 +68,16 @@ void Page::addSection(const QString &caption, const QString &explanation)
 {
     const auto append = [this](
                             QWidget *part) { m_layout->insertWidget(m_layout->count() - 1, part); };
-    m_layout->insertSpacing(m_layout->count() - 1, scaled(kSectionGap - 2 * kTextGap));
+    m_layout->insertSpacing(m_layout->count() - 1, DPIinfo::scaled(kSectionGap - 2 * kTextGap));
     append(newLabel("sectionCaption", caption));
     if (!explanation.isEmpty())
         append(newParagraph("sectionText", explanation));
-    m_layout->insertSpacing(m_layout->count() - 1, scaled(kTextGap));
+    m_layout->insertSpacing(m_layout->count() - 1, DPIinfo::scaled(kTextGap));
 
     auto *frame = new QFrame;
     frame->setObjectName("card");
     m_card = newLayout<QVBoxLayout>(kGap);
-    const int margin = scaled(kCardMargin);
+    const int margin = DPIinfo::scaled(kCardMargin);
     m_card->setContentsMargins(margin, margin, margin, margin);
     frame->setLayout(m_card);
     append(frame);

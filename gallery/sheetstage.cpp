@@ -2,9 +2,8 @@
 #include "gallery/sheetstage.h"
 #include "gallery/demotexts.h"
 
-#include "core/scaling_p.h"
-
 #include <vemo/defaulttheme.h>
+#include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemosheet.h>
@@ -45,7 +44,7 @@ QPixmap sheetOverWindow(const QSize &size, const std::function<VemoSheet *(QWidg
     QWidget window;
     window.setObjectName("stage");
     window.setStyleSheet(withDefaultThemeColors("#stage { background: @canvas@; }"));
-    window.resize(scaled(size.width()), scaled(size.height()));
+    window.resize(DPIinfo::scaled(size.width()), DPIinfo::scaled(size.height()));
     window.setAttribute(Qt::WA_DontShowOnScreen);
     fill(&window);
     VemoSheet *sheet = newSheet(&window);

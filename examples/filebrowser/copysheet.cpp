@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "copyjob.h"
-#include "core/scaling_p.h"
 #include "questions.h"
 #include "texts.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
@@ -69,7 +69,7 @@ private:
     void addButton()
     {
         auto *column = static_cast<QBoxLayout *>(layout());
-        column->addSpacing(scaled(kButtonGap));
+        column->addSpacing(DPIinfo::scaled(kButtonGap));
         column->addWidget(m_cancel, 0, Qt::AlignRight);
         adjustSize();
     }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "datefilter.h"
 
-#include "core/scaling_p.h"
 #include "texts.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemocalanderview.h>
 #include <vemo/vemodateselector.h>
@@ -34,7 +34,7 @@ VemoTimeComboBox *newTimeBox(const char *time)
     box->setEditable(true);
     box->setDefault(time);
     box->setCurrentText(time);
-    box->setFixedWidth(scaled(kTimeWidth));
+    box->setFixedWidth(DPIinfo::scaled(kTimeWidth));
     return box;
 }
 
@@ -46,12 +46,12 @@ DateFilter::DateFilter(QWidget *parent)
     setObjectName("dateFilter");
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setHorizontalSpacing(scaled(kGap));
-    layout->setVerticalSpacing(scaled(kSmallGap));
+    layout->setHorizontalSpacing(DPIinfo::scaled(kGap));
+    layout->setVerticalSpacing(DPIinfo::scaled(kSmallGap));
     m_from = addMoment(layout, "changed_from", "from");
-    layout->setRowMinimumHeight(layout->rowCount(), scaled(kSmallGap));
+    layout->setRowMinimumHeight(layout->rowCount(), DPIinfo::scaled(kSmallGap));
     m_to = addMoment(layout, "changed_to", "to");
-    layout->setRowMinimumHeight(layout->rowCount(), scaled(kSmallGap));
+    layout->setRowMinimumHeight(layout->rowCount(), DPIinfo::scaled(kSmallGap));
     m_clear->setObjectName("clearDates");
     layout->addWidget(m_clear, layout->rowCount(), 0, 1, 2, Qt::AlignRight);
     connect(m_clear, &VemoButton::clicked, this, &DateFilter::clear);

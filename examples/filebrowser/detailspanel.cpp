@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "detailspanel.h"
 
-#include "core/scaling_p.h"
 #include "datefilter.h"
 #include "kinds.h"
 #include "paths.h"
 #include "texts.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 #include <vemo/tooltiptext.h>
 
@@ -83,15 +83,15 @@ DetailsPanel::DetailsPanel(QWidget *parent)
       m_dates(new DateFilter(this))
 {
     setObjectName("detailsPanel");
-    setFixedWidth(scaled(kWidth));
+    setFixedWidth(DPIinfo::scaled(kWidth));
     auto *column = new QVBoxLayout(this);
-    const int margin = scaled(kMargin);
+    const int margin = DPIinfo::scaled(kMargin);
     column->setContentsMargins(margin, margin, margin, margin);
-    column->setSpacing(scaled(kSmallGap));
+    column->setSpacing(DPIinfo::scaled(kSmallGap));
     column->addLayout(newHeading());
     auto *facts = new QGridLayout;
-    facts->setHorizontalSpacing(scaled(kSmallGap));
-    facts->setVerticalSpacing(scaled(kFactGap));
+    facts->setHorizontalSpacing(DPIinfo::scaled(kSmallGap));
+    facts->setVerticalSpacing(DPIinfo::scaled(kFactGap));
     facts->setColumnStretch(1, 1);
     addFact(facts, "fact_size", m_size);
     addFact(facts, "fact_modified", m_modified);
@@ -99,11 +99,11 @@ DetailsPanel::DetailsPanel(QWidget *parent)
     addFact(facts, "fact_place", m_place);
     addFact(facts, "fact_access", m_access);
     column->addLayout(facts);
-    column->addSpacing(scaled(kGap));
+    column->addSpacing(DPIinfo::scaled(kGap));
     auto *line = new QFrame;
     line->setObjectName("line");
     column->addWidget(line);
-    column->addSpacing(scaled(kSmallGap));
+    column->addSpacing(DPIinfo::scaled(kSmallGap));
     column->addWidget(newCaption("panelCaption", text("changed_between")));
     column->addWidget(m_dates);
     column->addStretch();
@@ -112,7 +112,7 @@ DetailsPanel::DetailsPanel(QWidget *parent)
 QLayout *DetailsPanel::newHeading()
 {
     auto *row = new QHBoxLayout;
-    row->setSpacing(scaled(kGap));
+    row->setSpacing(DPIinfo::scaled(kGap));
     auto *lines = new QVBoxLayout;
     lines->setSpacing(0);
     lines->addWidget(m_name);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "filetable.h"
 
-#include "core/scaling_p.h"
 #include "kinds.h"
 #include "namedelegate.h"
 #include "texts.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/tooltiptext.h>
 
 #include <QApplication>
@@ -98,7 +98,7 @@ void FileTable::setUpTable()
     QTableWidget *table = getTable();
     table->setObjectName("fileTable");
     table->setAccessibleName(text("accessible_files"));
-    table->setIconSize(QSize(scaled(kIconSize), scaled(kIconSize)));
+    table->setIconSize(QSize(DPIinfo::scaled(kIconSize), DPIinfo::scaled(kIconSize)));
     table->setTabKeyNavigation(false);
     table->setContextMenuPolicy(Qt::CustomContextMenu);
     table->setTextElideMode(Qt::ElideMiddle);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "filewindow.h"
 
-#include "core/scaling_p.h"
 #include "datefilter.h"
 #include "detailspanel.h"
 #include "filetable.h"
@@ -14,6 +13,7 @@
 #include "texts.h"
 #include "topbar.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/helpwindow.h>
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
@@ -64,8 +64,8 @@ FileWindow::FileWindow(const QString &folder)
     connectActions();
     connectWork();
     // The width follows from the parts, which need more in some languages than in others.
-    setMinimumHeight(scaled(kLeastHeight));
-    resize(scaled(kWindowSize.width()), scaled(kWindowSize.height()));
+    setMinimumHeight(DPIinfo::scaled(kLeastHeight));
+    resize(DPIinfo::scaled(kWindowSize.width()), DPIinfo::scaled(kWindowSize.height()));
     m_table->getTable()->setFocus();
     openFolder(folder);
 }
@@ -96,7 +96,8 @@ void FileWindow::layOutParts()
     splitter->addWidget(m_tree);
     splitter->addWidget(newListColumn());
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({scaled(kTreeWidth), scaled(kWindowSize.width() - kTreeWidth)});
+    splitter->setSizes(
+        {DPIinfo::scaled(kTreeWidth), DPIinfo::scaled(kWindowSize.width() - kTreeWidth)});
     auto *row = new QHBoxLayout;
     row->setSpacing(0);
     row->addWidget(splitter, 1);

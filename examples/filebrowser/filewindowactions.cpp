@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The second half of the window: what its actions do.
 #include "copyleftovers.h"
-#include "core/scaling_p.h"
 #include "filetable.h"
 #include "filewindow.h"
 #include "filework.h"
@@ -11,6 +10,7 @@
 #include "paths.h"
 #include "topbar.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/helpwindow.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemomenu.h>
@@ -98,7 +98,8 @@ void FileWindow::showHelp()
     m_help = new HelpWindow(context, this);
     m_help->setObjectName("helpWindow");
     m_help->setAttribute(Qt::WA_DeleteOnClose);
-    m_help->setMinimumSize(scaled(kLeastHelpSize.width()), scaled(kLeastHelpSize.height()));
+    m_help->setMinimumSize(
+        DPIinfo::scaled(kLeastHelpSize.width()), DPIinfo::scaled(kLeastHelpSize.height()));
     m_help->show();
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "foldertree.h"
 
-#include "core/scaling_p.h"
 #include "entryfilter.h"
 #include "folderreader.h"
 #include "kinds.h"
@@ -9,6 +8,7 @@
 #include "texts.h"
 
 #include <vemo/defaulttheme.h>
+#include <vemo/dpiinfo.h>
 #include <vemo/itemdelegate.h>
 #include <vemo/stylemanager.h>
 #include <vemo/tooltiptext.h>
@@ -66,8 +66,8 @@ void FolderTree::setUpLook()
 {
     setAccessibleName(text("accessible_folders"));
     setHeaderHidden(true);
-    setIndentation(scaled(kIndentation));
-    setIconSize(QSize(scaled(kIconSize), scaled(kIconSize)));
+    setIndentation(DPIinfo::scaled(kIndentation));
+    setIconSize(QSize(DPIinfo::scaled(kIconSize), DPIinfo::scaled(kIconSize)));
     setUniformRowHeights(true);
     setStyleSheet(getStyleSheet("component.tree") + getStyleSheet("component.scrollbar"));
     setBackgroundColor(defaultThemeColor("selection"), defaultThemeColor("hover"));

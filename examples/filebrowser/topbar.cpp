@@ -2,10 +2,10 @@
 #include "topbar.h"
 
 #include "actions.h"
-#include "core/scaling_p.h"
 #include "kinds.h"
 #include "texts.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/filetypemap.h>
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
@@ -38,7 +38,7 @@ public:
         setObjectName(QString(action->objectName()).replace("Action", "Button"));
         setAccessibleName(action->text());
         setToolTip(action->toolTip());
-        setFixedSize(scaled(kButtonSize), scaled(kButtonSize));
+        setFixedSize(DPIinfo::scaled(kButtonSize), DPIinfo::scaled(kButtonSize));
         setCheckable(action->isCheckable());
         connect(this, &QToolButton::clicked, action, &QAction::trigger);
         connect(action, &QAction::changed, this, [this] { follow(); });
@@ -66,15 +66,15 @@ TopBar::TopBar(const Actions &actions, QWidget *parent)
     m_path->setAccessibleName(text("accessible_path"));
     setUpFilter();
     auto *layout = new QHBoxLayout(this);
-    const int margin = scaled(kMargin);
+    const int margin = DPIinfo::scaled(kMargin);
     layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(scaled(kSmallGap));
+    layout->setSpacing(DPIinfo::scaled(kSmallGap));
     layout->addWidget(newButton(actions.up, "bt_up"));
-    layout->addSpacing(scaled(kGap - kSmallGap));
+    layout->addSpacing(DPIinfo::scaled(kGap - kSmallGap));
     layout->addWidget(m_path, 1);
-    layout->addSpacing(scaled(kGap - kSmallGap));
+    layout->addSpacing(DPIinfo::scaled(kGap - kSmallGap));
     layout->addWidget(m_filter);
-    layout->addSpacing(scaled(kGap - kSmallGap));
+    layout->addSpacing(DPIinfo::scaled(kGap - kSmallGap));
     layout->addWidget(newButton(actions.newFolder, "bt_new_folder"));
     layout->addWidget(newButton(actions.rename, "bt_edit"));
     layout->addWidget(newButton(actions.trash, "bt_delete"));
@@ -91,7 +91,7 @@ QWidget *TopBar::newButton(QAction *action, const QString &picture)
 void TopBar::setUpFilter()
 {
     m_filter->setObjectName("filterBar");
-    m_filter->setFixedWidth(scaled(kFilterWidth));
+    m_filter->setFixedWidth(DPIinfo::scaled(kFilterWidth));
     m_filter->setAccessibleName(text("accessible_filter"));
     m_filter->installEventFilter(this);
     m_kinds->setObjectName("kindMenu");

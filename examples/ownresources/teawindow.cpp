@@ -19,11 +19,6 @@ constexpr int kWidth = 420; // design pixels
 constexpr int kHeight = 340; // design pixels
 constexpr int kMargin = 24; // design pixels
 
-int onScreen(int designPixels)
-{
-    return int(designPixels * DPIinfo::getInstance().getDPI());
-}
-
 QString text(const char *key)
 {
     return ComponentStrings::getInstance().getString(key);
@@ -37,7 +32,7 @@ TeaWindow::TeaWindow()
     setObjectName("TeaWindow");
     setStyleSheet(getStyleSheet("tea.window"));
     setWindowTitle(text("tea.title"));
-    resize(onScreen(kWidth), onScreen(kHeight));
+    resize(DPIinfo::scaled(kWidth), DPIinfo::scaled(kHeight));
 
     auto *cup = new VemoIconButton("cup");
     cup->setAccessibleName(text("tea.brew"));
@@ -47,11 +42,11 @@ TeaWindow::TeaWindow()
     auto *brew = new VemoButton(text("tea.brew"), VemoButton::APPLY);
 
     auto *row = new QHBoxLayout;
-    row->setSpacing(onScreen(kMargin) / 2);
+    row->setSpacing(DPIinfo::scaled(kMargin) / 2);
     row->addWidget(cup, 0, Qt::AlignTop);
     row->addWidget(hint);
     auto *column = new QVBoxLayout(this);
-    const int margin = onScreen(kMargin);
+    const int margin = DPIinfo::scaled(kMargin);
     column->setContentsMargins(margin, margin, margin, margin);
     column->addLayout(row);
     column->addStretch();

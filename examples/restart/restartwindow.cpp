@@ -16,11 +16,6 @@ namespace {
 constexpr int kWidth = 420; // design pixels
 constexpr int kMargin = 24; // design pixels
 
-int onScreen(int designPixels)
-{
-    return int(designPixels * DPIinfo::getInstance().getDPI());
-}
-
 } // namespace
 
 RestartWindow::RestartWindow(QtSingleApplication *app) : m_app(app)
@@ -37,14 +32,14 @@ RestartWindow::RestartWindow(QtSingleApplication *app) : m_app(app)
     buttons->addStretch();
     buttons->addWidget(restart);
     auto *column = new QVBoxLayout(this);
-    const int margin = onScreen(kMargin);
+    const int margin = DPIinfo::scaled(kMargin);
     column->setContentsMargins(margin, margin, margin, margin);
     column->addWidget(process);
     column->addWidget(m_news);
     column->addStretch();
     column->addSpacing(margin);
     column->addLayout(buttons);
-    resize(onScreen(kWidth), 0);
+    resize(DPIinfo::scaled(kWidth), 0);
     showNews("Start me again: this window comes to the front instead.");
 
     connect(restart, SIGNAL(clicked()), this, SLOT(slotRestart()));

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobuttonpath.h>
 #include <vemo/vemofilterbar.h>
@@ -26,7 +26,7 @@ const char *const kDeepPath = "home/Projects/2026/R&D/Prototypes/Paging bar/Draw
 VemoButtonPath *pathBar(const QString &path, int width)
 {
     auto *bar = new VemoButtonPath;
-    bar->setFixedWidth(scaled(width));
+    bar->setFixedWidth(DPIinfo::scaled(width));
     bar->refresh(path);
     QObject::connect(bar, &VemoButtonPath::sigUpdatePath, bar, &VemoButtonPath::slotUpdatePath);
     return bar;
@@ -38,15 +38,15 @@ QWidget *resizablePath()
     auto *specimen = new QWidget;
     auto *layout = new QVBoxLayout(specimen);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(12));
+    layout->setSpacing(DPIinfo::scaled(12));
     VemoButtonPath *bar = pathBar(kDeepPath, kMostWidth);
     auto *slider = new QSlider(Qt::Horizontal);
     slider->setAccessibleName("Width of the bar");
-    slider->setFixedWidth(scaled(kMostWidth));
+    slider->setFixedWidth(DPIinfo::scaled(kMostWidth));
     slider->setRange(kLeastWidth, kMostWidth);
     slider->setValue(kMostWidth);
     QObject::connect(slider, &QSlider::valueChanged, bar,
-        [bar](int width) { bar->setFixedWidth(scaled(width)); });
+        [bar](int width) { bar->setFixedWidth(DPIinfo::scaled(width)); });
     layout->addWidget(bar, 0, Qt::AlignLeft);
     layout->addWidget(slider, 0, Qt::AlignLeft);
     return specimen;
@@ -72,7 +72,7 @@ path->refresh("home/Projects/2026"); // also when slotOpenFolder() has opened it
 VemoFilterBar *filterBar(const QString &text)
 {
     auto *bar = new VemoFilterBar;
-    bar->setFixedWidth(scaled(kFilterWidth));
+    bar->setFixedWidth(DPIinfo::scaled(kFilterWidth));
     bar->setAccessibleName("Filter");
     bar->findChild<VemoIconButton *>()->setAccessibleName("Kinds to show");
     bar->setPlaceholderText(demo("filter_hint"));

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 #include "gallery/snapshot.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 
 #include <QFrame>
@@ -54,7 +54,7 @@ template <typename Button> Button *named(Button *button, const QString &name)
 template <typename Button> Button *sized(Button *button, int role)
 {
     if (role == VemoButton::SELECT_PAGING || role == VemoButton::NONSELECT_PAGING)
-        button->setMinimumWidth(scaled(kPageNumberWidth));
+        button->setMinimumWidth(DPIinfo::scaled(kPageNumberWidth));
     return button;
 }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/controlsnapshots.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 #include "gallery/specimens.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
@@ -108,7 +108,7 @@ QPixmap openList()
     box.addItems(periods());
     qobject_cast<QStandardItemModel *>(box.model())->item(3)->setEnabled(false);
     QWidget *list = box.view()->parentWidget();
-    list->resize(scaled(160), scaled(28) * 5 + 2);
+    list->resize(DPIinfo::scaled(160), DPIinfo::scaled(28) * 5 + 2);
     box.view()->setCurrentIndex(box.model()->index(1, 0));
     return list->grab();
 }
@@ -126,7 +126,7 @@ void addComboBoxes(Page &page)
     VemoComboBox *editable = newComboBox(periods());
     editable->setEditable(true);
     // By its own hint the field would be a little too narrow for the widest item.
-    editable->setMinimumWidth(scaled(kEditableWidth));
+    editable->setMinimumWidth(DPIinfo::scaled(kEditableWidth));
     page.addRow({captioned(picture(openList()), "The open list"), captioned(editable, "Editable"),
         captioned(newComboBox({"Jede volle Stunde", "Täglich um Mitternacht"}), "German"),
         captioned(newComboBox({"每天午夜", "每小时"}), "Chinese")});

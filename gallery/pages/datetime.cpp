@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemocalanderview.h>
@@ -83,7 +83,7 @@ QWidget *row(const QList<QWidget *> &widgets)
     auto *host = new QWidget;
     auto *layout = new QHBoxLayout(host);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(kGap));
+    layout->setSpacing(DPIinfo::scaled(kGap));
     for (QWidget *widget : widgets)
         layout->addWidget(widget);
     return host;
@@ -92,7 +92,7 @@ QWidget *row(const QList<QWidget *> &widgets)
 VemoDateSelector *dateField(const QString &placeholder, const QString &name)
 {
     auto *field = new VemoDateSelector(placeholder, nullptr);
-    field->setFixedWidth(scaled(kFieldWidth));
+    field->setFixedWidth(DPIinfo::scaled(kFieldWidth));
     field->setAccessibleName(name);
     return field;
 }
@@ -150,7 +150,7 @@ VemoCalanderView *calendar()
 {
     auto *view = new VemoCalanderView(nullptr);
     view->setStyleSheet(getStyleSheet("component.date_selector") + getStyleSheet("component.menu"));
-    view->setFixedSize(scaled(280), scaled(260));
+    view->setFixedSize(DPIinfo::scaled(280), DPIinfo::scaled(260));
     return view;
 }
 
@@ -182,7 +182,7 @@ VemoTimeComboBox *timeBox(bool isEditable, const QString &name)
     box->setEditable(isEditable);
     box->setDefault("08:00");
     box->setCurrentText("08:00");
-    box->setFixedWidth(scaled(kTimeWidth));
+    box->setFixedWidth(DPIinfo::scaled(kTimeWidth));
     box->setAccessibleName(name);
     return box;
 }
@@ -205,7 +205,7 @@ QWidget *livingTime(const SignalLog &log)
     QObject::connect(
         editable, &VemoCheckBox::toggled, box, [box](bool isOn) { box->setEditable(isOn); });
     auto *custom = new VemoLineEdit;
-    custom->setFixedWidth(scaled(kTimeWidth));
+    custom->setFixedWidth(DPIinfo::scaled(kTimeWidth));
     custom->getLineEdit()->setPlaceholderText(demo("custom_text"));
     custom->getLineEdit()->setAccessibleName("Custom text");
     QObject::connect(custom->getLineEdit(), &QLineEdit::textChanged, box,

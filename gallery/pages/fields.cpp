@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/controlsnapshots.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
+
+#include <vemo/dpiinfo.h>
 
 #include <QLabel>
 #include <QLineEdit>
@@ -14,7 +15,7 @@ constexpr int kFieldWidth = 120; // Design pixels.
 
 VemoLineEdit *sized(VemoLineEdit *edit)
 {
-    edit->getLineEdit()->setFixedWidth(scaled(kFieldWidth));
+    edit->getLineEdit()->setFixedWidth(DPIinfo::scaled(kFieldWidth));
     return edit;
 }
 

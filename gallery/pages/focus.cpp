@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
 #include <vemo/accessiblefilter.h>
+#include <vemo/dpiinfo.h>
 #include <vemo/vemocombobox.h>
 
 #include <QPaintEvent>
@@ -49,11 +49,11 @@ private:
     {
         const QColor accent(0x17, 0x69, 0xE0);
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(accent, scaled(1), Qt::DotLine));
+        painter.setPen(QPen(accent, DPIinfo::scaled(1), Qt::DotLine));
         painter.drawRect(frame);
         if (index > 0)
             painter.drawLine(previous, frame.topLeft());
-        const int size = scaled(18);
+        const int size = DPIinfo::scaled(18);
         const QRect badge(frame.topLeft() - QPoint(size / 2, size / 2), QSize(size, size));
         painter.setPen(Qt::NoPen);
         painter.setBrush(accent);

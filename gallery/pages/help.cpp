@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/commandline.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/helpwindow.h>
 #include <vemo/imagemanager.h>
 #include <vemo/uipathmanager.h>
@@ -123,7 +123,7 @@ QWidget *pictureOf(BrowserWindow &window, int reloads)
     while ((view->toPlainText().isEmpty() || *left > 0) && !timer.hasExpired(kPatience))
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 50);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    window.resize(scaled(560), scaled(380));
+    window.resize(DPIinfo::scaled(560), DPIinfo::scaled(380));
     return picture(window.grab());
 }
 

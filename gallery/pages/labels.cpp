@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
 #include <vemo/defaulttheme.h>
+#include <vemo/dpiinfo.h>
 #include <vemo/linklabel.h>
 #include <vemo/tooltiptext.h>
 #include <vemo/vemolabel.h>
@@ -24,7 +24,7 @@ VemoLabel *newWrappedLabel(const QString &text, int width)
     auto *label = new VemoLabel(text);
     label->setWordWrap(true);
     label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Minimum);
-    label->setFixedWidth(scaled(width));
+    label->setFixedWidth(DPIinfo::scaled(width));
     label->setAlignment(Qt::AlignTop);
     return label;
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/filetypemap.h>
 #include <vemo/imagemanager.h>
 #include <vemo/vemopagingbar.h>
@@ -45,7 +45,7 @@ public:
         layout->setSpacing(0);
         layout->addWidget(&m_table);
         layout->addWidget(&m_bar);
-        setFixedHeight(scaled(kListHeight));
+        setFixedHeight(DPIinfo::scaled(kListHeight));
         m_table.getTable()->setAccessibleName("Documents");
         connect(&m_bar, &VemoPagingBar::sigPageChanged, this, [this] { fill(); });
         connect(&m_bar, &VemoPagingBar::sigRefresh, this, [this] { fill(); });

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/commandline.h"
 #include "gallery/languages.h"
 #include "gallery/page.h"
@@ -63,7 +62,7 @@ QWidget *sideBySide(const QList<QWidget *> &pictures)
     auto *group = new QWidget;
     auto *layout = new QHBoxLayout(group);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(kPictureGap));
+    layout->setSpacing(DPIinfo::scaled(kPictureGap));
     for (QWidget *picture : pictures)
         layout->addWidget(picture);
     return group;

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 #include "gallery/specimens.h"
+
+#include <vemo/dpiinfo.h>
 
 #include <QCheckBox>
 #include <QDial>
@@ -101,9 +102,9 @@ QSlider *newSlider(Qt::Orientation orientation, QSlider::TickPosition ticks)
     slider->setTickPosition(ticks);
     slider->setValue(40);
     if (orientation == Qt::Horizontal)
-        slider->setFixedWidth(scaled(kLength));
+        slider->setFixedWidth(DPIinfo::scaled(kLength));
     else
-        slider->setFixedHeight(scaled(kHeight));
+        slider->setFixedHeight(DPIinfo::scaled(kHeight));
     return slider;
 }
 
@@ -112,7 +113,7 @@ QDial *newDial(bool hasNotches)
     auto *dial = named(new QDial, "Brightness");
     dial->setNotchesVisible(hasNotches);
     dial->setValue(30);
-    dial->setFixedSize(scaled(kDial), scaled(kDial));
+    dial->setFixedSize(DPIinfo::scaled(kDial), DPIinfo::scaled(kDial));
     return dial;
 }
 
@@ -120,7 +121,7 @@ QScrollBar *newScrollBar()
 {
     auto *bar = new QScrollBar(Qt::Horizontal);
     bar->setPageStep(30);
-    bar->setFixedWidth(scaled(kLength));
+    bar->setFixedWidth(DPIinfo::scaled(kLength));
     return bar;
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 #include "gallery/specimens.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 
 #include <QAction>
@@ -72,7 +72,7 @@ QToolButton *newToolButton(const QString &text, const char *picture)
     auto *button = new QToolButton;
     button->setText(text);
     button->setIcon(QIcon(getGlobalImage(picture)));
-    button->setIconSize(QSize(scaled(16), scaled(16)));
+    button->setIconSize(QSize(DPIinfo::scaled(16), DPIinfo::scaled(16)));
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     return button;
 }
@@ -154,14 +154,14 @@ QComboBox *newEditableBox()
 QFontComboBox *newFontBox()
 {
     auto *box = named(new QFontComboBox, "Font");
-    box->setFixedWidth(scaled(kFontWidth));
+    box->setFixedWidth(DPIinfo::scaled(kFontWidth));
     return box;
 }
 
 template <typename Edit> Edit *newText(const QString &text, const char *name)
 {
     Edit *edit = named(new Edit, name);
-    edit->setFixedHeight(scaled(kTextHeight));
+    edit->setFixedHeight(DPIinfo::scaled(kTextHeight));
     edit->setPlainText(text);
     return edit;
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 #include "gallery/specimens.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 
 #include <QCalendarWidget>
@@ -26,7 +26,7 @@ constexpr int kHeight = 192;
 
 template <typename Widget> Widget *sized(Widget *widget, int height)
 {
-    widget->setFixedHeight(scaled(height));
+    widget->setFixedHeight(DPIinfo::scaled(height));
     return widget;
 }
 
@@ -46,7 +46,7 @@ QTabWidget *newTabs(QTabWidget::TabPosition position)
     for (const char *title : {"Copy", "Sync", "Off"})
         tabs->addTab(newPane(QString("%1 at night").arg(title)), title);
     tabs->setTabEnabled(2, false);
-    tabs->setMinimumHeight(scaled(kTabsHeight));
+    tabs->setMinimumHeight(DPIinfo::scaled(kTabsHeight));
     return tabs;
 }
 
@@ -78,7 +78,7 @@ QToolBox *newToolBox()
     auto *box = new QToolBox;
     box->addItem(newPane("At night"), QIcon(getGlobalImage("bt_clock")), "Times");
     box->addItem(newPane("All folders"), QIcon(getGlobalImage("folder")), "Folders");
-    box->setMinimumHeight(scaled(kTabsHeight));
+    box->setMinimumHeight(DPIinfo::scaled(kTabsHeight));
     for (QScrollArea *area : box->findChildren<QScrollArea *>())
         area->setAccessibleName("Page");
     return box;

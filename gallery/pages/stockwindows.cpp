@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 #include "gallery/specimens.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 
 #include <QComboBox>
@@ -67,7 +67,7 @@ QMainWindow *newWindow()
     window->setCentralWidget(splitter);
     window->statusBar()->showMessage("Ready");
     window->statusBar()->addPermanentWidget(new QLabel("12 MB"));
-    window->setFixedHeight(scaled(kWindowHeight));
+    window->setFixedHeight(DPIinfo::scaled(kWindowHeight));
     return window;
 }
 

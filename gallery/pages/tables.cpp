@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
+#include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
 #include <vemo/vemotablewidget.h>
 
@@ -26,7 +26,7 @@ void addFile(QTableWidget *table, const QString &picture, const QStringList &cel
 VemoTableWidget *finished(VemoTableWidget *widget, const QString &name, int height)
 {
     widget->getTable()->setAccessibleName(name);
-    widget->setFixedHeight(scaled(height));
+    widget->setFixedHeight(DPIinfo::scaled(height));
     return widget;
 }
 

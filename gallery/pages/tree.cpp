@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "core/scaling_p.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pageregistry.h"
 
 #include <vemo/defaulttheme.h>
+#include <vemo/dpiinfo.h>
 #include <vemo/filesystemtreewidgetitem.h>
 #include <vemo/imagemanager.h>
 #include <vemo/itemdelegate.h>
@@ -68,7 +68,7 @@ VemoTreeWidget *newTree(const QString &name, int height)
     auto *delegate = new ItemDelegate;
     delegate->setParent(tree);
     tree->setItemDelegate(delegate);
-    tree->setFixedHeight(scaled(height));
+    tree->setFixedHeight(DPIinfo::scaled(height));
     return tree;
 }
 
@@ -131,7 +131,7 @@ QWidget *sideBySide(const QList<QWidget *> &widgets)
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(16));
+    layout->setSpacing(DPIinfo::scaled(16));
     for (QWidget *widget : widgets)
         layout->addWidget(widget);
     return row;

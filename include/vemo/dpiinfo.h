@@ -7,11 +7,11 @@
 
 /// The primary screen's scale, measured once: on the first call of getInstance(), and never again.
 ///
-/// Every length of the library is a design pixel, made for a screen of 96 dpi; times getDPI() it
-/// becomes a screen pixel. Don't call getInstance() before the application object exists: without a
+/// Every length of the library is in design pixels, made for a screen of 96 dpi; scaled() turns it
+/// into screen pixels. Don't call getInstance() before the application object exists: without a
 /// screen both values are 1.
 ///
-///     const int rowHeight = int(DPIinfo::getInstance().getDPI() * 28); // 35 at 120 dpi
+///     const int rowHeight = DPIinfo::scaled(28); // 35 at 120 dpi
 ///
 /// \image html resources-screen.png
 class VEMO_EXPORT DPIinfo
@@ -26,6 +26,10 @@ public:
 
     /// The device pixel ratio, such as 2 on a screen with pixels of half the size.
     double getDPR() const { return m_dpr; }
+
+    /// The screen pixels of a length in design pixels: times getDPI(), truncated toward zero, so 42
+    /// for 28.5 at 144 dpi. Clamped to what an int holds; 0 for NaN.
+    static int scaled(qreal designPixels);
 
     /// sheet with every "px" length multiplied by getDPI() and cut to whole pixels.
     ///

@@ -234,8 +234,12 @@ void DPIinfoTest::sizesInCodeAreTruncatedTowardZero()
     QFETCH(double, value);
     QFETCH(int, expected);
     QCOMPARE(truncToInt(value), expected);
+    const double factor = DPIinfo::getInstance().getDPI();
+    QCOMPARE(DPIinfo::scaled(value / factor), truncToInt(factor * (value / factor)));
     for (const int length : {1, 3, 6, 28, -1, -3})
-        QCOMPARE(scaled(length), static_cast<int>(DPIinfo::getInstance().getDPI() * length));
+        QCOMPARE(DPIinfo::scaled(length), static_cast<int>(factor * length));
+    for (const double length : {0.9, 2.5, 28.5, -2.5})
+        QCOMPARE(DPIinfo::scaled(length), static_cast<int>(factor * length));
 }
 
 VEMO_TEST_MAIN(DPIinfoTest)
