@@ -6,11 +6,14 @@
 #include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
+#include <vemo/vemomask.h>
 #include <vemo/vemosheet.h>
 
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMetaEnum>
+#include <QPointer>
 #include <QVBoxLayout>
 
 namespace {

@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QKeyEvent>
+#include <QMovie>
 #include <QPushButton>
 
 #include <algorithm>
@@ -226,6 +227,20 @@ QPushButton *VemoMessageSheetPrivate::button(QDialogButtonBox::StandardButton wh
     return buttonBox->button(which);
 }
 
+bool VemoMessageSheetPrivate::begin(bool greysCloseItem)
+{
+    const QPointer<VemoMessageSheet> self(q);
+    run.begin(greysCloseItem);
+    if (self)
+        takeFocus();
+    if (!self)
+        return false;
+    QMovie *animation = type == VemoMessageSheet::Processing ? iconLabel->movie() : nullptr;
+    if (animation && animation->isValid())
+        animation->start();
+    return true;
+}
+
 void VemoMessageSheetPrivate::takeFocus()
 {
     if (textLabel) {
@@ -266,7 +281,7 @@ void VemoMessageSheetPrivate::press(QKeyEvent *key)
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-        clickFirst({QDialogButtonBox::Ok, QDialogButtonBox::Apply});
+        confirm(key->key());
         break;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
@@ -275,6 +290,15 @@ void VemoMessageSheetPrivate::press(QKeyEvent *key)
     default:
         break;
     }
+}
+
+void VemoMessageSheetPrivate::confirm(int key)
+{
+    QPushButton *focused = isOneCall && key != Qt::Key_Space ? focusedButton(q) : nullptr;
+    if (focused)
+        focused->click();
+    else
+        clickFirst({QDialogButtonBox::Ok, QDialogButtonBox::Apply});
 }
 
 void VemoMessageSheetPrivate::clickFirst(

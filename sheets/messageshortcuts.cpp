@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/messageshortcuts.h>
 
+#include "sheets/onecall_p.h"
 #include "sheets/sheetparts_p.h"
 #include "sheets/vemomessagesheet_p.h"
 
@@ -31,15 +32,6 @@ QString captionOr(const QString &custom, const char *key)
 {
     return custom.isEmpty() ? ComponentStrings::getInstance().getString(QLatin1String(key))
                             : custom;
-}
-
-/// Otherwise the caller would wait for an answer to a sheet that nobody sees.
-void showWindow(QWidget *window)
-{
-    if (window->isMinimized())
-        window->setWindowState((window->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
-    if (!window->isVisible())
-        window->show();
 }
 
 int runSheet(const Message &message, QWidget *parent)

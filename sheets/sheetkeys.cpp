@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QShortcut>
 
 #include <algorithm>
@@ -46,6 +47,12 @@ bool isFocusLostToWindow(const QWidget *sheet, const QObject *watched, const QEv
 {
     return event->type() == QEvent::FocusIn && watched == sheet->window() && sheet->isVisible()
         && static_cast<const QFocusEvent *>(event)->reason() == Qt::MouseFocusReason;
+}
+
+QPushButton *focusedButton(const QWidget *sheet)
+{
+    auto *button = qobject_cast<QPushButton *>(sheet->window()->focusWidget());
+    return button && sheet->isAncestorOf(button) ? button : nullptr;
 }
 
 QList<QWidget *> focusStops(QWidget *sheet)

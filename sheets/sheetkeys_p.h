@@ -6,6 +6,7 @@
 
 class QEvent;
 class QObject;
+class QPushButton;
 class QWidget;
 
 /// Keeps the shortcuts of the window from firing while sheet is visible; its own still fire.
@@ -14,6 +15,9 @@ bool overridesShortcut(const QWidget *sheet, const QObject *watched, QEvent *eve
 
 /// Whether a click beside the visible sheet has just given its window the focus.
 bool isFocusLostToWindow(const QWidget *sheet, const QObject *watched, const QEvent *event);
+
+/// The button of sheet that has the focus; null without one.
+QPushButton *focusedButton(const QWidget *sheet);
 
 /// The widgets of sheet, in child order, among which Tab goes round: none while it is hidden.
 QList<QWidget *> focusStops(QWidget *sheet);

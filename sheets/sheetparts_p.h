@@ -6,7 +6,10 @@
 
 #include <vemo/stylemanager.h>
 
+#include <QColor>
 #include <QPushButton>
+
+const QColor kShade(0, 0, 0, 20); // Of a mask that the library lays itself.
 
 /// Gives a button of a sheet its caption and the style of its role.
 inline void dressButton(QPushButton *button, const QString &caption, const char *styleKey)

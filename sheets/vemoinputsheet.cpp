@@ -5,6 +5,7 @@
 #include "sheets/buttonboxstyle_p.h"
 #include "sheets/messagelabel_p.h"
 #include "sheets/modalrun_p.h"
+#include "sheets/onecall_p.h"
 #include "sheets/sheetkeys_p.h"
 #include "sheets/sheetparts_p.h"
 
@@ -55,12 +56,17 @@ public:
     void fit();
     void fitLater();
     void click(QDialogButtonBox::StandardButton which) const;
+    /// Shows the sheet and gives its line edit the focus. Whether it survived.
+    bool begin(bool greysCloseItem);
+    /// The keys that confirm: OK, or the focused button where that takes them.
+    void confirm(int key) const;
 
     VemoInputSheet *q;
     MessageLabel *label; ///< the prompt
     QLineEdit *lineEdit;
     QDialogButtonBox *buttonBox;
     ModalRun run;
+    bool isOneCall = false; ///< execAndDelete() or open(): a focused button takes Return
     bool isStale = false; ///< the style or the font changed since the last layout
 
 private:
@@ -165,6 +171,26 @@ void VemoInputSheetPrivate::click(QDialogButtonBox::StandardButton which) const
         present->click();
 }
 
+bool VemoInputSheetPrivate::begin(bool greysCloseItem)
+{
+    const QPointer<VemoInputSheet> self(q);
+    run.begin(greysCloseItem);
+    if (self)
+        q->setFocus(Qt::TabFocusReason);
+    if (self)
+        lineEdit->setFocus(Qt::OtherFocusReason);
+    return self;
+}
+
+void VemoInputSheetPrivate::confirm(int key) const
+{
+    QPushButton *focused = isOneCall && key != Qt::Key_Space ? focusedButton(q) : nullptr;
+    if (focused)
+        focused->click();
+    else
+        click(QDialogButtonBox::Ok);
+}
+
 VemoInputSheet::VemoInputSheet(const QString &text, QWidget *parent)
     : VemoSheet(parent), m_d(new VemoInputSheetPrivate(this))
 {
@@ -187,13 +213,23 @@ VemoInputSheet::~VemoInputSheet()
 
 int VemoInputSheet::exec()
 {
-    const QPointer<VemoInputSheet> self(this);
-    m_d->run.begin(m_block_window_button);
-    if (self)
-        setFocus(Qt::TabFocusReason);
-    if (self)
-        m_d->lineEdit->setFocus(Qt::OtherFocusReason);
-    return self ? m_d->run.exec() : 0;
+    return m_d->begin(m_block_window_button) ? m_d->run.exec() : 0;
+}
+
+int VemoInputSheet::execAndDelete(const std::function<void(int)> &atEnd)
+{
+    if (std::exchange(m_d->isOneCall, true))
+        return exec();
+    return execOnce(
+        this, [this] { return exec(); }, atEnd);
+}
+
+void VemoInputSheet::open(const std::function<void(int)> &atEnd)
+{
+    if (std::exchange(m_d->isOneCall, true))
+        return;
+    openOnce(
+        this, [this] { m_d->begin(m_block_window_button); }, atEnd);
 }
 
 void VemoInputSheet::showSheet()
@@ -250,14 +286,15 @@ bool VemoInputSheet::eventFilter(QObject *watched, QEvent *event)
     }
     if (event->type() != QEvent::KeyPress || watched != window())
         return VemoSheet::eventFilter(watched, event);
-    switch (static_cast<QKeyEvent *>(event)->key()) {
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    switch (key) {
     case Qt::Key_Escape:
         m_d->click(QDialogButtonBox::Discard);
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-        m_d->click(QDialogButtonBox::Ok);
+        m_d->confirm(key);
         break;
     default:
         break;

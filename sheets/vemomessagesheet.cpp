@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemomessagesheet.h>
 
+#include "sheets/onecall_p.h"
 #include "sheets/sheetkeys_p.h"
 #include "sheets/vemomessagesheet_p.h"
 
@@ -11,6 +12,8 @@
 #include <QKeyEvent>
 #include <QMovie>
 #include <QPushButton>
+
+#include <utility>
 
 VemoMessageSheet::VemoMessageSheet(QWidget *parent, MessageType type, bool showIcon)
     : VemoSheet(parent), m_d(new VemoMessageSheetPrivate(this, type, showIcon))
@@ -60,16 +63,23 @@ VemoMessageSheet::~VemoMessageSheet()
 
 int VemoMessageSheet::exec()
 {
-    const QPointer<VemoMessageSheet> self(this);
-    m_d->run.begin(m_block_window_button);
-    if (self)
-        m_d->takeFocus();
-    if (!self)
-        return 0;
-    QMovie *movie = m_d->type == Processing ? m_d->iconLabel->movie() : nullptr;
-    if (movie && movie->isValid())
-        movie->start();
-    return m_d->run.exec();
+    return m_d->begin(m_block_window_button) ? m_d->run.exec() : 0;
+}
+
+int VemoMessageSheet::execAndDelete(const std::function<void(int)> &atEnd)
+{
+    if (std::exchange(m_d->isOneCall, true))
+        return exec();
+    return execOnce(
+        this, [this] { return exec(); }, atEnd);
+}
+
+void VemoMessageSheet::open(const std::function<void(int)> &atEnd)
+{
+    if (std::exchange(m_d->isOneCall, true))
+        return;
+    openOnce(
+        this, [this] { m_d->begin(m_block_window_button); }, atEnd);
 }
 
 void VemoMessageSheet::showSheet()

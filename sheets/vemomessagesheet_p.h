@@ -52,6 +52,8 @@ public:
     QPushButton *button(QDialogButtonBox::StandardButton which) const;
     void clickFirst(std::initializer_list<QDialogButtonBox::StandardButton> candidates) const;
 
+    /// Shows the sheet and gives it the focus. Whether it survived.
+    bool begin(bool greysCloseItem);
     void takeFocus();
     void collectFocus();
     /// Gives the focus to the next widget of the sheet: forward for Tab, else backward.
@@ -59,6 +61,8 @@ public:
     void moveFocus(QWidget *from, bool isForward);
     /// The keys that reach the window.
     void press(QKeyEvent *key);
+    /// The keys that confirm: OK or Apply, or the focused button where that takes them.
+    void confirm(int key);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -77,6 +81,7 @@ public:
     QList<QWidget *> focusList; ///< among these Tab cycles; collected anew before each use
     QWidget *firstFocus = nullptr;
     QWidget *lastFocus = nullptr;
+    bool isOneCall = false; ///< execAndDelete() or open(): a focused button takes Return
     bool isStale = false; ///< the style or the font changed since the last layout
     QPointer<QMovie> movie; ///< not ours: it has no parent, and the host may delete it any time
 

@@ -23,8 +23,6 @@ namespace {
 
 using Button = QDialogButtonBox;
 
-const QColor kShade(0, 0, 0, 20); // Of the mask under a shortcut's sheet.
-
 // Lengths in design pixels.
 constexpr double kConfirmSpacing = 8;
 constexpr double kConfirmHeight = 32;

@@ -5,14 +5,12 @@
 
 #include <vemo/dpiinfo.h>
 #include <vemo/vemobutton.h>
-#include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
 
 #include <QBoxLayout>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMovie>
-#include <QPointer>
 #include <QTimer>
 
 #include <memory>
@@ -108,15 +106,12 @@ void connectJob(CopyJob *job, CopySheet *sheet, const std::shared_ptr<CopyOutcom
 
 CopyOutcome copyUnderSheet(QWidget *window, const QStringList &sources, const QString &target)
 {
-    const QPointer<CopySheet> sheet = new CopySheet(window);
-    VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
-    const QPointer<QWidget> mask = sheet->parentWidget();
+    auto *sheet = new CopySheet(window);
     const auto outcome = std::make_shared<CopyOutcome>();
     // A child of the sheet: when the window goes, so does the work, and leaves nothing half done.
     auto *job = new CopyJob(sources, target, sheet);
     connectJob(job, sheet, outcome);
     job->start();
-    sheet->exec();
-    delete mask.data();
+    sheet->execAndDelete();
     return *outcome;
 }

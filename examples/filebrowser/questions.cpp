@@ -6,12 +6,10 @@
 #include <vemo/defaulttheme.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemoinputsheet.h>
-#include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
 
 #include <QAbstractButton>
 #include <QLineEdit>
-#include <QPointer>
 #include <QValidator>
 
 #include <algorithm>
@@ -19,7 +17,6 @@
 namespace {
 
 constexpr int kNamesShown = 5;
-const QColor kDim(0, 0, 0, 20);
 const QChar kJoiner(0x2060); // takes no room
 
 /// Keeps out what no name can hold; everything else that is wrong is told, not swallowed.
@@ -34,26 +31,12 @@ public:
     }
 };
 
-/// Runs the sheet, and deletes it and its mask unless the window took them along.
-template <typename Sheet, typename Result>
-Result run(Sheet *newSheet, QWidget *window, const std::function<Result(Sheet *, int)> &resultOf)
-{
-    const QPointer<Sheet> sheet = newSheet;
-    VemoMask::createMask(newSheet, window, kDim);
-    const QPointer<QWidget> mask = newSheet->parentWidget();
-    const int code = newSheet->exec();
-    Result result = sheet ? resultOf(newSheet, code) : Result();
-    delete mask.data();
-    return result;
-}
-
-bool runTrashSheet(VemoMessageSheet *sheet, QWidget *window)
+bool runTrashSheet(VemoMessageSheet *sheet)
 {
     QAbstractButton *apply = sheet->button(QMessageBox::Apply);
     apply->setText(text("trash_button"));
     apply->setStyleSheet(getStyleSheet("component.red_button"));
-    return run<VemoMessageSheet, bool>(sheet, window,
-        [](VemoMessageSheet *, int code) { return code == QDialogButtonBox::Apply; });
+    return sheet->execAndDelete() == QDialogButtonBox::Apply;
 }
 
 /// The second line of a question, always there, so that the sheet does not jump.
@@ -89,7 +72,7 @@ void tell(QWidget *window, const QString &message, const QString &reason)
 {
     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Warning, message, reason, window);
     sheet->setObjectName("messageSheet");
-    run<VemoMessageSheet, bool>(sheet, window, [](VemoMessageSheet *, int) { return true; });
+    sheet->execAndDelete();
 }
 
 QString askName(QWidget *window, const QString &prompt, const QString &hint, const QString &name,
@@ -113,9 +96,12 @@ QString askName(QWidget *window, const QString &prompt, const QString &hint, con
     field->setText(name);
     field->selectAll();
     check(name);
-    return run<VemoInputSheet, QString>(sheet, window, [](VemoInputSheet *ended, int code) {
-        return code == QDialogButtonBox::Ok ? ended->getContent() : QString();
+    QString answer;
+    sheet->execAndDelete([&](int result) {
+        if (result == QDialogButtonBox::Ok)
+            answer = sheet->getContent();
     });
+    return answer;
 }
 
 bool askTrash(QWidget *window, const QStringList &names)
@@ -127,7 +113,7 @@ bool askTrash(QWidget *window, const QStringList &names)
     sheet->setObjectName("trashSheet");
     sheet->setDoubleConfirmCheckBox(true, text("trash_sure"));
     // Only now, since the check box gives the buttons their own captions back.
-    return runTrashSheet(sheet, window);
+    return runTrashSheet(sheet);
 }
 
 bool askTrashLeftovers(QWidget *window, const QStringList &names)
@@ -135,5 +121,5 @@ bool askTrashLeftovers(QWidget *window, const QStringList &names)
     auto *sheet = new VemoMessageSheet(VemoMessageSheet::WarningConfirm,
         richText("trash_leftovers", {numberText(names.size())}), listOf(names), window);
     sheet->setObjectName("leftoverSheet");
-    return runTrashSheet(sheet, window);
+    return runTrashSheet(sheet);
 }

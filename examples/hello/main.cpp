@@ -4,7 +4,6 @@
 //     hello-example [PICTURE]    with a file name, writes a picture of its window and ends
 #include <vemo/DefaultTheme>
 #include <vemo/VemoButton>
-#include <vemo/VemoMask>
 #include <vemo/VemoMessageSheet>
 
 #include <QApplication>
@@ -29,12 +28,14 @@ int main(int argc, char **argv)
     auto *layout = new QVBoxLayout(&window);
     layout->addWidget(greet, 0, Qt::AlignCenter);
 
-    auto *sheet =
-        new VemoMessageSheet(VemoMessageSheet::Information, "Hello from Vemo Widgets.", &window);
-    VemoMask::createMask(sheet, &window, QColor(0, 0, 0, 20));
-    QObject::connect(greet, &VemoButton::clicked, sheet, &VemoMessageSheet::showSheet);
+    const auto sayHello = [&window] {
+        auto *sheet = new VemoMessageSheet(
+            VemoMessageSheet::Information, "Hello from Vemo Widgets.", &window);
+        sheet->open();
+    };
+    QObject::connect(greet, &VemoButton::clicked, &window, sayHello);
     window.show();
-    sheet->showSheet();
+    sayHello();
 
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() > 1)

@@ -7,7 +7,6 @@
 #include <vemo/VemoButton>
 #include <vemo/VemoIconButton>
 #include <vemo/VemoLabel>
-#include <vemo/VemoMask>
 #include <vemo/VemoMessageSheet>
 
 #include <QHBoxLayout>
@@ -59,8 +58,5 @@ TeaWindow::TeaWindow()
 void TeaWindow::slotBrew()
 {
     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Information, text("tea.ready"), this);
-    VemoMask::createMask(sheet, this, QColor(0, 0, 0, 20));
-    // The mask, which is the sheet's parent now, goes with it: nothing of the call stays behind.
-    connect(sheet, SIGNAL(finished(int)), sheet->parentWidget(), SLOT(deleteLater()));
-    sheet->showSheet();
+    sheet->open();
 }

@@ -51,7 +51,7 @@ int runBusy(QWidget *window)
 {
     auto *sheet = newBusy("Copying 1,204 files ...", window);
     QTimer::singleShot(kBusyTime, sheet, SLOT(quit()));
-    return execOver(sheet, window);
+    return sheet->execAndDelete();
 }
 
 /// A button that shows a message of a type.
@@ -63,7 +63,7 @@ QWidget *newTypeButton(const QString &caption, Sheet::MessageType type, QLabel *
         // These two have no buttons.
         if (type == Sheet::App || type == Sheet::Processing)
             QTimer::singleShot(kBusyTime, sheet, SLOT(quit()));
-        return execOver(sheet, window);
+        return sheet->execAndDelete();
     });
 }
 
@@ -82,21 +82,19 @@ void addTypes(Page &page)
         newTypeButton("WarningConfirm", Sheet::WarningConfirm, result),
         newAskingButton("Processing", result, runBusy),
         newAskingButton("Double confirm", result,
-            [](QWidget *window) { return execOver(newDoubleConfirm(window), window); })});
+            [](QWidget *window) { return newDoubleConfirm(window)->execAndDelete(); })});
     page.add(result);
-    page.addCode(R"(QPointer<VemoMessageSheet> sheet =
-    new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
-VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
-if (sheet->exec() == QDialogButtonBox::Apply)
-    deleteIt();
-if (sheet)
-    delete sheet->parentWidget();)");
+    page.addCode(
+        R"(auto *sheet = new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
+if (sheet->execAndDelete() == QDialogButtonBox::Apply)
+    deleteIt();)");
 }
 
 QWidget *newTextButton(const QString &caption, const QString &text, QLabel *result)
 {
-    return newAskingButton(caption, result,
-        [=](QWidget *window) { return execOver(new Sheet(Sheet::Confirm, text, window), window); });
+    return newAskingButton(caption, result, [=](QWidget *window) {
+        return (new Sheet(Sheet::Confirm, text, window))->execAndDelete();
+    });
 }
 
 void addTexts(Page &page)

@@ -7,8 +7,11 @@
 #include <vemo/vemobutton.h>
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemolabel.h>
+#include <vemo/vemomask.h>
 
+#include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
@@ -31,27 +34,23 @@ void addInput(Page &page)
     auto *content = note("Content: none yet");
     auto *ask = newAskingButton("Ask for a name", result, [content](QWidget *window) {
         const QPointer<QLabel> held = content;
-        QPointer<VemoInputSheet> sheet =
+        auto *sheet =
             new VemoInputSheet("Name of the new folder, in <b>small letters</b>:", window);
         sheet->getLineEdit()->setValidator(
             new QRegularExpressionValidator(QRegularExpression("[a-z ]*"), sheet->getLineEdit()));
-        VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
-        const int code = sheet->exec();
-        if (held && sheet)
-            held->setText("Content: " + sheet->getContent());
-        if (sheet)
-            delete sheet->parentWidget();
-        return code;
+        return sheet->execAndDelete([=](int) {
+            if (held)
+                held->setText("Content: " + sheet->getContent());
+        });
     });
     page.addSection("Input sheet", "Return in the field presses OK, Escape cancels.");
     page.addRow({ask, result, content});
     page.add(picture(sheetOverWindow(kStage, newInput)));
-    page.addCode(R"(QPointer<VemoInputSheet> sheet = new VemoInputSheet(tr("Name:"), window);
-VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
-if (sheet->exec() == QDialogButtonBox::Ok)
-    makeFolder(sheet->getContent());
-if (sheet)
-    delete sheet->parentWidget();)");
+    page.addCode(R"(auto *sheet = new VemoInputSheet(tr("Name:"), window);
+sheet->open([=](int result) {
+    if (result == QDialogButtonBox::Ok)
+        makeFolder(sheet->getContent());
+});)");
 }
 
 VemoSheet *newOwnSheet(QWidget *window)
@@ -64,7 +63,9 @@ VemoSheet *newOwnSheet(QWidget *window)
     auto *sheet = new VemoSheet(window);
     sheet->setWidget(content);
     sheet->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    QObject::connect(close, &VemoButton::clicked, sheet, &VemoSheet::deleteLater);
+    // Its parent is the mask by then, which would stay behind otherwise.
+    QObject::connect(
+        close, &VemoButton::clicked, sheet, [sheet] { sheet->parentWidget()->deleteLater(); });
     return sheet;
 }
 
@@ -83,8 +84,8 @@ void addFrame(Page &page)
     page.addCode(R"(auto *sheet = new VemoSheet(window);
 sheet->setWidget(content);
 sheet->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
-sheet->show();)");
+VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20))->show();
+connect(close, SIGNAL(clicked()), sheet->parentWidget(), SLOT(deleteLater()));)");
 }
 
 void build(Page &page)

@@ -6,6 +6,8 @@
 
 #include <QMessageBox>
 
+#include <functional>
+
 class QLineEdit;
 class VemoInputSheetPrivate;
 
@@ -16,20 +18,22 @@ class VemoInputSheetPrivate;
 /// goes round among the line edit and the buttons. The sheet checks nothing: set a validator on
 /// getLineEdit() if you need one.
 ///
-/// Sheet and window may be deleted while it runs: exec() returns 0 then. Hold it by a pointer where
-/// that can happen, never on the stack. At its end it is hidden, not deleted: delete it or run it
-/// again. Its width is that of the parent less 40 design pixels, at most 480. It is taken by the
+/// execAndDelete() and open() do all that a sheet needs: they lay a mask over the window and delete
+/// mask and sheet at the end. To run a sheet more than once, lay it into a VemoMask and call
+/// exec(), which hides it at the end. Sheet and window may be deleted while it runs: the result is
+/// 0 then. Create it with new, never on the stack.
+///
+/// Its width is that of the parent less 40 design pixels, at most 480. It is taken by the
 /// constructor and again by setText(): from the mask, which is as wide as the window, after
 /// VemoMask::createMask(). So give the constructor the window. Load the style files, the catalogue
 /// and the strings "ok" and "cancel" before: a missing string shows its key, a missing style or
 /// picture is left out, each with a warning.
 ///
-///     QPointer<VemoInputSheet> sheet = new VemoInputSheet(tr("Name of the folder:"), window);
-///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
-///     if (sheet->exec() == QDialogButtonBox::Ok)
-///         makeFolder(sheet->getContent());
-///     if (sheet)
-///         delete sheet->parentWidget(); // the mask, and the sheet with it
+///     auto *sheet = new VemoInputSheet(tr("Name of the folder:"), window);
+///     sheet->open([=](int result) {
+///         if (result == QDialogButtonBox::Ok)
+///             makeFolder(sheet->getContent());
+///     });
 ///
 /// \image html sheets-input-sheet.png
 class VEMO_EXPORT VemoInputSheet : public VemoSheet
@@ -46,6 +50,17 @@ public:
     /// Shows the sheet and waits for its end. Returns the pressed button or what done() was given;
     /// 0 after quit(), after the sheet's own death, and where the application quits meanwhile.
     int exec();
+
+    /// exec() over a mask in the usual shade, which is laid under the sheet if it has none; at the
+    /// end both are deleted. Return and Enter press a focused button; without one they press OK. A
+    /// hidden or minimised window is shown first.
+    ///
+    /// atEnd is called with the result while the sheet, and getContent(), still exists; not if it
+    /// was deleted. Sheet and window may be deleted at any time.
+    int execAndDelete(const std::function<void(int result)> &atEnd = {});
+
+    /// The same without waiting: returns at once, and calls atEnd when the sheet has ended.
+    void open(const std::function<void(int result)> &atEnd = {});
 
     /// Shows the sheet, its line edit focused, and returns at once; finished() tells the end. The
     /// Close item stays as it is.

@@ -7,6 +7,8 @@
 #include <QDialogButtonBox>
 #include <QMessageBox>
 
+#include <functional>
+
 class QMovie;
 class VemoMessageSheetPrivate;
 
@@ -40,9 +42,12 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 /// which deliberately is Discard; Return, Enter and Space press OK or Apply. Tab goes round inside
 /// the sheet. While it is visible, no shortcut or mnemonic of the window fires: only its own do.
 ///
-/// Sheet and window may be deleted while it runs: exec() returns 0 then. Hold it by a pointer where
-/// that can happen, never on the stack. At its end it is hidden, not deleted: delete it or run it
-/// again. For a plain question, showConfirmMsg() does it all.
+/// execAndDelete() and open() do all that a sheet needs: they lay a mask over the window and delete
+/// mask and sheet at the end. For a plain question there is showConfirmMsg(). To run a sheet more
+/// than once, lay it into a VemoMask and call exec(), which hides it at the end.
+///
+/// Sheet and window may be deleted while it runs: the result is 0 then. Create it with new, never
+/// on the stack.
 ///
 /// The width is that of the parent less 40 design pixels, at most 540, but deliberately 480 over a
 /// parent of exactly 540. It is taken by the constructor and again by each setter of a text,
@@ -54,13 +59,10 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 /// catalogue before: a missing string shows its key, a missing style or picture is left out, each
 /// with a warning.
 ///
-///     QPointer<VemoMessageSheet> sheet =
-///         new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
-///     VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
-///     if (sheet->exec() == QDialogButtonBox::Apply)
+///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::WarningConfirm, tr("Delete it?"),
+///     window); sheet->setDoubleConfirmCheckBox(true, tr("There is no way back")); if
+///     (sheet->execAndDelete() == QDialogButtonBox::Apply)
 ///         deleteIt();
-///     if (sheet)
-///         delete sheet->parentWidget(); // the mask, and the sheet with it
 ///
 /// \image html messages-as-they-look.png
 class VEMO_EXPORT VemoMessageSheet : public VemoSheet
@@ -101,6 +103,23 @@ public:
     /// Shows the sheet and waits for its end. Returns the pressed button or what done() was given;
     /// 0 after quit(), after the sheet's own death, and where the application quits meanwhile.
     int exec();
+
+    /// exec() over a mask in the usual shade, which is laid under the sheet if it has none; at the
+    /// end both are deleted. Return and Enter press a focused button; without one they confirm. A
+    /// hidden or minimised window is shown first.
+    ///
+    /// atEnd is called with the result while the sheet still exists; not if it was deleted. Sheet
+    /// and window may be deleted at any time.
+    int execAndDelete(const std::function<void(int result)> &atEnd = {});
+
+    /// The same without waiting: returns at once, and calls atEnd when the sheet has ended.
+    ///
+    ///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
+    ///     sheet->open([this](int result) {
+    ///         if (result == QDialogButtonBox::Apply)
+    ///             deleteIt();
+    ///     });
+    void open(const std::function<void(int result)> &atEnd = {});
 
     /// Shows the sheet and returns at once; finished() tells the end. The Close item stays as it
     /// is, and the busy animation stands still.

@@ -78,6 +78,32 @@ int showHeld(Sheet *sheet, Scene &scene, const std::function<void(VemoSheet *)> 
     return result;
 }
 
+template <typename Sheet>
+int execOnce(Sheet *sheet, const std::function<void(VemoSheet *)> &beforeShow)
+{
+    const QPointer<Sheet> held = sheet;
+    if (beforeShow)
+        beforeShow(sheet);
+    return held ? held->execAndDelete() : 0;
+}
+
+template <typename Sheet>
+int openOnce(Sheet *sheet, const std::function<void(VemoSheet *)> &beforeShow)
+{
+    const QPointer<Sheet> held = sheet;
+    if (beforeShow)
+        beforeShow(sheet);
+    if (!held)
+        return 0;
+    QEventLoop loop;
+    int result = 0;
+    QObject::connect(sheet, &VemoSheet::finished, &loop, [&](int ret) { result = ret; });
+    QObject::connect(sheet, &QObject::destroyed, &loop, &QEventLoop::quit);
+    held->open();
+    loop.exec();
+    return result;
+}
+
 QHash<QString, Run> runs()
 {
     const auto message = [](Scene &scene) {
@@ -88,6 +114,16 @@ QHash<QString, Run> runs()
         {"message sheet", [=](Scene &s, const auto &b) { return execHeld(message(s), s, b); }},
         {"message sheet shown",
             [=](Scene &s, const auto &b) { return showHeld(message(s), s, b); }},
+        {"message sheet once", [=](Scene &s, const auto &b) { return execOnce(message(s), b); }},
+        {"message sheet opened", [=](Scene &s, const auto &b) { return openOnce(message(s), b); }},
+        {"input sheet once",
+            [](Scene &s, const auto &b) {
+                return execOnce(new VemoInputSheet("name", s.panel), b);
+            }},
+        {"input sheet opened",
+            [](Scene &s, const auto &b) {
+                return openOnce(new VemoInputSheet("name", s.panel), b);
+            }},
         {"busy sheet",
             [=](Scene &s, const auto &b) {
                 auto *sheet = new VemoMessageSheet("busy", busy, s.panel);
@@ -407,7 +443,7 @@ QStringList lifetimeCases()
     for (const QString &run : qAsConst(all)) {
         names += deaths(run);
         QStringList events = acts().keys();
-        if (!isShortcut(run) && !run.endsWith("shown"))
+        if (!isShortcut(run) && !run.endsWith("shown") && !run.endsWith("opened"))
             events += execActs().keys();
         events.sort();
         for (const QString &event : qAsConst(events))
