@@ -21,6 +21,7 @@
 namespace {
 
 const QLatin1String kFileSuffix(".png");
+const QLatin1String kImages("/images");
 
 /// The picture in the file, whatever its format; null where there is none. PNG is tried first, and
 /// a missing file not under other names: both of what makes QPixmap's own loading slower.
@@ -67,14 +68,26 @@ ImageManager &ImageManager::getInstance()
 void ImageManager::initialize(InitializeType type)
 {
     m_initType = type;
-    m_imageFolder = UIPathManager::getInstance().getPath(QStringLiteral("resource_path"))
-        + QLatin1String("/images");
+    m_imageFolder = UIPathManager::getInstance().getPath(QStringLiteral("resource_path")) + kImages;
     m_tempImageFolder = UIPathManager::getInstance().getPath(QStringLiteral("user_data_path"))
         + QLatin1String("/tmp_images");
     QDir().mkpath(m_tempImageFolder);
     readJson();
     if (type == PRELOAD)
         prepareImages();
+}
+
+void ImageManager::addCatalogue(const QString &folder)
+{
+    if (!m_addedFolders.contains(folder))
+        m_addedFolders += folder;
+    if (!isInitialized())
+        return;
+    const QStringList names = readCatalogue(folder);
+    if (m_initType != PRELOAD)
+        return;
+    for (const QString &name : names)
+        load(m_images[name]);
 }
 
 bool ImageManager::isInitialized() const
@@ -117,22 +130,33 @@ const QString &ImageManager::getTempImageFolder() const
 
 void ImageManager::readJson()
 {
-    const QString text =
-        textOfResource(UIPathManager::getInstance().getPath(QStringLiteral("resource_path"))
-            + QLatin1String("/images.json"));
-    // By way of a string, so that a byte that isn't UTF-8 spoils one name and not the catalogue.
-    const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
-    const QJsonArray names = catalogue.value(QLatin1String("images")).toArray();
-    for (const QJsonValue &name : names)
-        parseJson(name.toString());
-    const QJsonArray tempNames = catalogue.value(QLatin1String("tmp_images")).toArray();
-    for (const QJsonValue &name : tempNames)
-        prepareTempImage(name.toString().remove(QLatin1Char(' ')));
+    readCatalogue(UIPathManager::getInstance().getPath(QStringLiteral("resource_path")));
+    for (const QString &folder : qAsConst(m_addedFolders))
+        readCatalogue(folder);
 }
 
-void ImageManager::parseJson(const QString &name)
+QStringList ImageManager::readCatalogue(const QString &folder)
+{
+    const QString imageFolder = folder + kImages;
+    const QString text = textOfResource(folder + QLatin1String("/images.json"));
+    // By way of a string, so that a byte that isn't UTF-8 spoils one name and not the catalogue.
+    const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
+    const QJsonArray listed = catalogue.value(QLatin1String("images")).toArray();
+    QStringList names;
+    for (const QJsonValue &name : listed) {
+        names += name.toString();
+        parseJson(names.last(), imageFolder);
+    }
+    const QJsonArray tempNames = catalogue.value(QLatin1String("tmp_images")).toArray();
+    for (const QJsonValue &name : tempNames)
+        prepareTempImage(name.toString().remove(QLatin1Char(' ')), imageFolder);
+    return names;
+}
+
+void ImageManager::parseJson(const QString &name, const QString &imageFolder)
 {
     Image image;
+    image.folder = imageFolder;
     image.fileNames = {name, name + QLatin1String("_hover"), name + QLatin1String("_click"),
         name + QLatin1String("_disable")};
     m_images.insert(name, image);
@@ -165,7 +189,7 @@ void ImageManager::load(Image &image)
     };
     QString missingPath;
     for (size_t state = 0; state < kStates; ++state) {
-        const QString path = getImageFullPath(image.fileNames[state]);
+        const QString path = getImageFullPath(image.fileNames[state], image.folder);
         // States without a picture all have the empty file name: one look at that file will do.
         const QImage artwork = path == missingPath ? QImage() : readPicture(path);
         if (artwork.isNull()) {
@@ -180,21 +204,21 @@ void ImageManager::load(Image &image)
     }
 }
 
-void ImageManager::prepareTempImage(const QString &name)
+void ImageManager::prepareTempImage(const QString &name, const QString &imageFolder)
 {
     const QString path = getTempImageFullPath(name);
     // A name with ".." in it must not lead out of the folder.
     if (!QDir::cleanPath(path).startsWith(QDir::cleanPath(m_tempImageFolder) + QLatin1Char('/')))
         return;
-    QImage picture = readPicture(getImageFullPath(name));
+    QImage picture = readPicture(getImageFullPath(name, imageFolder));
     if (!picture.isNull())
         picture = fitted(picture, picture.size() / 4.0 * DPIinfo::getInstance().getDPI());
     replaceFile(path, pngOf(picture));
 }
 
-QString ImageManager::getImageFullPath(const QString &name) const
+QString ImageManager::getImageFullPath(const QString &name, const QString &imageFolder)
 {
-    return m_imageFolder + QDir::separator() + name + kFileSuffix;
+    return imageFolder + QDir::separator() + name + kFileSuffix;
 }
 
 QString ImageManager::getTempImageFullPath(const QString &name) const

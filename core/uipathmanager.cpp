@@ -18,6 +18,11 @@ void UIPathManager::setPath(const QString &key, const QString &path)
     m_paths[key] = path;
 }
 
+void UIPathManager::replacePath(const QString &key, const QString &path)
+{
+    m_paths[key] = path;
+}
+
 QString UIPathManager::getPath(const QString &key) const
 {
     const auto found = m_paths.find(key);

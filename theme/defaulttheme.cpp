@@ -7,6 +7,7 @@
 #include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
 #include <vemo/uipathmanager.h>
+#include <vemo/vemolocale.h>
 
 #include <QApplication>
 #include <QColor>
@@ -15,6 +16,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTemporaryFile>
 
 #include <tuple>
@@ -39,13 +41,9 @@ QJsonObject jsonObject(const QString &path)
     return QJsonDocument::fromJson(content).object();
 }
 
-QJsonObject stringTable(const QString &languageCode)
+QJsonObject stringTable(const QString &folder, const QString &languageCode)
 {
-    const QJsonObject table =
-        jsonObject(QStringLiteral("%1/strings/%2.json").arg(kThemeFolder, languageCode));
-    if (table.isEmpty())
-        qCWarning(vemoLog) << "No strings for language" << languageCode;
-    return table;
+    return jsonObject(QStringLiteral("%1/strings/%2.json").arg(folder, languageCode));
 }
 
 void insertStrings(QMap<QString, QString> &strings, const QJsonObject &table)
@@ -54,23 +52,38 @@ void insertStrings(QMap<QString, QString> &strings, const QJsonObject &table)
         strings.insert(entry.key(), entry.value().toString());
 }
 
-QMap<QString, QString> stringsIn(const QString &languageCode)
+/// English first, for what the language lacks.
+QMap<QString, QString> stringsOf(const DefaultThemeOptions &options)
 {
+    QStringList codes {kDefaultLanguage};
+    if (options.languageCode != kDefaultLanguage)
+        codes += options.languageCode;
     QMap<QString, QString> strings;
-    insertStrings(strings, stringTable(kDefaultLanguage));
-    if (languageCode != kDefaultLanguage)
-        insertStrings(strings, stringTable(languageCode));
+    for (const QString &code : qAsConst(codes)) {
+        const QJsonObject table = stringTable(kThemeFolder, code);
+        if (table.isEmpty())
+            qCWarning(vemoLog) << "No strings for language" << code;
+        insertStrings(strings, table);
+        for (const QString &folder : options.resourceFolders)
+            insertStrings(strings, stringTable(folder, code));
+    }
+    for (auto entry = options.strings.begin(); entry != options.strings.end(); ++entry)
+        strings.insert(entry.key(), entry.value());
     return strings;
 }
 
-std::vector<QString> styleFiles()
+/// Those of the theme first: a later section takes the place of an earlier one.
+std::vector<QString> styleFiles(const QStringList &resourceFolders)
 {
     std::vector<QString> paths;
-    const QFileInfoList files =
-        QDir(kThemeFolder + QLatin1String("/style"))
-            .entryInfoList({QStringLiteral("*.qss")}, QDir::Files, QDir::Name);
-    for (const QFileInfo &file : files)
-        paths.push_back(file.filePath());
+    const QStringList folders = QStringList(kThemeFolder) + resourceFolders;
+    for (const QString &folder : folders) {
+        const QFileInfoList files =
+            QDir(folder + QLatin1String("/style"))
+                .entryInfoList({QStringLiteral("*.qss")}, QDir::Files, QDir::Name);
+        for (const QFileInfo &file : files)
+            paths.push_back(file.filePath());
+    }
     return paths;
 }
 
@@ -81,20 +94,67 @@ static void initializeResources()
     Q_INIT_RESOURCE(vemo_theme);
 }
 
+static void registerResources(const DefaultThemeOptions &options)
+{
+    initializeResources();
+    UIPathManager::getInstance().replacePath(QStringLiteral("resource_path"), kThemeFolder);
+    UIPathManager::getInstance().replacePath(
+        QStringLiteral("user_data_path"), options.userDataPath);
+    ComponentStrings::getInstance().installStrings(stringsOf(options));
+    ImageManager::getInstance().initialize(options.pictureLoading);
+    for (const QString &folder : options.resourceFolders)
+        ImageManager::getInstance().addCatalogue(folder);
+    StyleManager::getInstance().initialize(styleFiles(options.resourceFolders));
+}
+
+static void setApplicationLook(QApplication &application, const DefaultThemeOptions &options)
+{
+    if (options.stylesStockWidgets)
+        QApplication::setStyle(new StockStyle);
+    else if (options.setsPalette)
+        QApplication::setStyle(QStringLiteral("fusion"));
+    if (options.setsPalette)
+        QApplication::setPalette(defaultThemePalette());
+    if (options.stylesStockWidgets)
+        application.setStyleSheet(getStyleSheet("application"));
+}
+
+static bool install(const DefaultThemeOptions &options)
+{
+    if (!isWritable(options.userDataPath)) {
+        qCWarning(vemoLog) << "Cannot write to user data folder" << options.userDataPath;
+        return false;
+    }
+    registerResources(options);
+    setApplicationLook(*qApp, options);
+    return true;
+}
+
+bool installDefaultTheme(const DefaultThemeOptions &options)
+{
+    DefaultThemeOptions complete = options;
+    if (complete.userDataPath.isEmpty())
+        complete.userDataPath = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    if (complete.languageCode.isEmpty())
+        complete.languageCode = VemoLocale::getInstance().getDefaultLanguage();
+    return install(complete);
+}
+
 bool installDefaultTheme(
     const QString &userDataPath, const QString &languageCode, ImageManager::InitializeType type)
 {
-    if (!isWritable(userDataPath)) {
-        qCWarning(vemoLog) << "Cannot write to user data folder" << userDataPath;
-        return false;
-    }
-    initializeResources();
-    UIPathManager::getInstance().setPath(QStringLiteral("resource_path"), kThemeFolder);
-    UIPathManager::getInstance().setPath(QStringLiteral("user_data_path"), userDataPath);
-    ComponentStrings::getInstance().installStrings(stringsIn(languageCode));
-    ImageManager::getInstance().initialize(type);
-    StyleManager::getInstance().initialize(styleFiles());
-    return true;
+    DefaultThemeOptions options;
+    options.userDataPath = userDataPath;
+    options.languageCode = languageCode;
+    options.pictureLoading = type;
+    options.setsPalette = false;
+    options.stylesStockWidgets = false;
+    return install(options);
+}
+
+QString defaultThemeBusyAnimation()
+{
+    return kThemeFolder + QLatin1String("/images/busy.gif");
 }
 
 QColor defaultThemeColor(const QString &name)
@@ -146,7 +206,5 @@ QPalette defaultThemePalette()
 
 void applyDefaultThemeStyle(QApplication &application)
 {
-    QApplication::setStyle(new StockStyle);
-    QApplication::setPalette(defaultThemePalette());
-    application.setStyleSheet(getStyleSheet("application"));
+    setApplicationLook(application, {});
 }

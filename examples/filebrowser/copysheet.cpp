@@ -3,6 +3,7 @@
 #include "questions.h"
 #include "texts.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/dpiinfo.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemomessagesheet.h>
@@ -25,7 +26,7 @@ class CopySheet : public VemoMessageSheet
 {
 public:
     explicit CopySheet(QWidget *window)
-        : VemoMessageSheet(richText("copy_preparing"), ":/vemo/theme/images/busy.gif", window),
+        : VemoMessageSheet(richText("copy_preparing"), defaultThemeBusyAnimation(), window),
           m_cancel(new VemoButton(text("copy_cancel"), VemoButton::CANCEL))
     {
         setObjectName("copySheet");

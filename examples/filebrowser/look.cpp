@@ -3,47 +3,20 @@
 
 #include "languages.h"
 
-#include <vemo/componentstrings.h>
 #include <vemo/defaulttheme.h>
 #include <vemo/stylemanager.h>
+#include <vemo/uipathmanager.h>
 
 #include <QApplication>
-#include <QFile>
 #include <QFont>
 #include <QFontInfo>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 namespace {
 
 constexpr int kDesktopFontSize = 10; // points
 
-void insertStrings(QMap<QString, QString> &strings, const QString &path)
+void setApplicationFont()
 {
-    QFile file(path);
-    // A language without a file of its own keeps the English texts.
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    const QJsonObject table = QJsonDocument::fromJson(file.readAll()).object();
-    for (auto entry = table.begin(); entry != table.end(); ++entry)
-        strings.insert(entry.key(), entry.value().toString());
-}
-
-/// installStrings() replaces the whole table, so that the theme's texts have to be in it, too.
-void installOwnStrings(const QString &languageCode)
-{
-    QMap<QString, QString> strings;
-    for (const QString &code : {QString("enu"), languageCode}) {
-        insertStrings(strings, QString(":/vemo/theme/strings/%1.json").arg(code));
-        insertStrings(strings, QString(":/filebrowser/strings/%1.json").arg(code));
-    }
-    ComponentStrings::getInstance().installStrings(strings);
-}
-
-void setApplicationLook()
-{
-    QApplication::setStyle("fusion");
-    QApplication::setPalette(defaultThemePalette());
     if (QGuiApplication::platformName() == "offscreen") {
         // Its font is larger than that of any desktop.
         QFont font = QApplication::font();
@@ -63,6 +36,23 @@ void setFontFor(const QString &languageCode)
     QApplication::setFont(font);
 }
 
+bool install(const QString &userFolder, const QString &languageCode)
+{
+    DefaultThemeOptions options;
+    options.userDataPath = userFolder;
+    options.languageCode = languageCode;
+    options.stylesStockWidgets = false;
+    options.resourceFolders = QStringList {":/filebrowser"};
+    return installDefaultTheme(options);
+}
+
+/// How dates and numbers are written.
+void setLocale(const QString &languageCode)
+{
+    QLocale::setDefault(localeOf(languageCode));
+    setFontFor(languageCode);
+}
+
 } // namespace
 
 static void initializeResources()
@@ -73,19 +63,17 @@ static void initializeResources()
 bool startLook(const QString &userFolder, const QString &languageCode)
 {
     initializeResources();
-    setApplicationLook();
-    if (!installDefaultTheme(userFolder, languageCode, ImageManager::LAZY_LOAD))
+    setApplicationFont();
+    if (!install(userFolder, languageCode))
         return false;
-    speak(languageCode);
-    StyleManager::getInstance().initialize({QString(":/filebrowser/filebrowser.qss")});
+    setLocale(languageCode);
     return true;
 }
 
 void speak(const QString &languageCode)
 {
-    QLocale::setDefault(localeOf(languageCode));
-    setFontFor(languageCode);
-    installOwnStrings(languageCode);
+    install(UIPathManager::getInstance().getPath("user_data_path"), languageCode);
+    setLocale(languageCode);
 }
 
 QString windowStyle()

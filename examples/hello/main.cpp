@@ -7,7 +7,6 @@
 #include <vemo/VemoMessageSheet>
 
 #include <QApplication>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 
 int main(int argc, char **argv)
@@ -15,10 +14,7 @@ int main(int argc, char **argv)
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
     QApplication::setApplicationName("vemo-hello-example");
-    QApplication::setStyle("fusion");
-    QApplication::setPalette(defaultThemePalette());
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
-    if (!installDefaultTheme(cache, "enu", ImageManager::LAZY_LOAD))
+    if (!installDefaultTheme())
         return 1;
 
     QWidget window;

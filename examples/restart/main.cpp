@@ -5,8 +5,6 @@
 #include <vemo/DefaultTheme>
 #include <vemo/QtSingleApplication>
 
-#include <QStandardPaths>
-
 int main(int argc, char **argv)
 {
     QCoreApplication::setApplicationName("vemo-restart-example");
@@ -14,8 +12,7 @@ int main(int argc, char **argv)
     if (app.sendMessage(QCoreApplication::arguments().mid(1).join(' ')))
         return 0;
 
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
-    if (!installDefaultTheme(folder, "enu", ImageManager::LAZY_LOAD))
+    if (!installDefaultTheme())
         return 1;
     RestartWindow window(&app);
     app.setActivationWindow(&window);

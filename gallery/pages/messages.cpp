@@ -4,6 +4,7 @@
 #include "gallery/pageregistry.h"
 #include "gallery/sheetstage.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/messageshortcuts.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemocountdownmessagebox.h>
@@ -16,7 +17,6 @@ namespace {
 
 using Sheet = VemoMessageSheet;
 
-const QString kBusy = QStringLiteral(":/vemo/theme/images/busy.gif");
 constexpr int kBusyTime = 3000; // Milliseconds.
 constexpr QSize kStage(420, 320);
 constexpr QSize kNarrowStage(270, 320);
@@ -42,7 +42,7 @@ Sheet *newDoubleConfirm(QWidget *window)
 
 Sheet *newBusy(const QString &text, QWidget *window)
 {
-    auto *sheet = new Sheet(text, kBusy, window);
+    auto *sheet = new Sheet(text, defaultThemeBusyAnimation(), window);
     sheet->movie()->setParent(sheet);
     return sheet;
 }

@@ -5,25 +5,73 @@
 #include <vemo/themeexport.h>
 
 #include <QColor>
+#include <QMap>
 #include <QPalette>
 #include <QString>
+#include <QStringList>
 
 class QApplication;
 
-/// Does the host's whole start-up from the embedded default theme: folders, strings, pictures and
-/// styles, in that order. Call it once, after the application object and before the first widget.
-/// It is in a library of its own: link Vemo::Theme.
+/// What installDefaultTheme() does, with a default for everything.
 ///
-/// The folder userDataPath is made if it is missing and takes the generated pictures. languageCode
-/// is one of VemoLocale's; a language that the theme lacks is warned about and shown in English.
-/// type is handed to ImageManager::initialize().
-/// False and a warning, with nothing registered, where userDataPath can't be written.
+///     DefaultThemeOptions options;
+///     options.languageCode = "deu";
+///     options.resourceFolders = {":/tea"};
+///     installDefaultTheme(options);
+struct DefaultThemeOptions
+{
+    /// Takes the generated pictures; it is created if it is missing. Empty: the application's cache
+    /// folder (QStandardPaths::CacheLocation).
+    QString userDataPath;
+
+    /// One of VemoLocale's codes; empty: that of the system. A language that the theme lacks is
+    /// warned about and shown in English.
+    QString languageCode;
+
+    /// When pictures are loaded, see ImageManager::initialize().
+    ImageManager::InitializeType pictureLoading = ImageManager::LAZY_LOAD;
+
+    /// Sets the style Fusion and defaultThemePalette(), for windows and everything else that no
+    /// style section covers.
+    bool setsPalette = true;
+
+    /// Gives Qt's own widgets the look of ours, see applyDefaultThemeStyle(). The palette is a
+    /// matter of setsPalette.
+    bool stylesStockWidgets = true;
+
+    /// Folders of the host's own resources, beside those of the theme, and like them: pictures as
+    /// in ImageManager::addCatalogue(), style files "/style/*.qss", and texts
+    /// "/strings/<code>.json", of English and of languageCode. A folder may lack any of these. What
+    /// has the name of something in the theme, or in a folder before it, takes its place: a
+    /// section, a picture, or a text.
+    QStringList resourceFolders;
+
+    /// Further texts of the host, already in the right language; they take the place of all others.
+    QMap<QString, QString> strings;
+};
+
+/// Does the host's whole start-up from the embedded default theme: folders, strings, pictures and
+/// styles, in that order, and then the look of the application. Call it after the application
+/// object and before the first widget. It is in a library of its own: link Vemo::Theme.
+///
+/// It may be called again, with another language for instance; widgets keep the texts that they
+/// have. Returns false after a warning, with nothing registered, if userDataPath can't be written.
 ///
 ///     QApplication app(argc, argv);
-///     installDefaultTheme(QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
-///         VemoLocale::getInstance().getDefaultLanguage(), ImageManager::LAZY_LOAD);
+///     if (!installDefaultTheme())
+///         return 1;
+VEMO_THEME_EXPORT bool installDefaultTheme(const DefaultThemeOptions &options = {});
+
+/// The same for a host that sets style and palette itself: neither of them is changed, and stock
+/// widgets stay as Qt has them. Nothing is taken for an empty userDataPath or languageCode.
 VEMO_THEME_EXPORT bool installDefaultTheme(
     const QString &userDataPath, const QString &languageCode, ImageManager::InitializeType type);
+
+/// The path of the theme's busy animation, for VemoMessageSheet's constructor or a QMovie; after
+/// installDefaultTheme().
+///
+///     auto *sheet = new VemoMessageSheet(tr("Copying ..."), defaultThemeBusyAnimation(), window);
+VEMO_THEME_EXPORT QString defaultThemeBusyAnimation();
 
 /// The theme's colours for what no style section dresses: windows, and stock widgets among ours.
 /// The host's to set, before or after the start-up; every role that is not the theme's has Qt's
@@ -35,7 +83,8 @@ VEMO_THEME_EXPORT QPalette defaultThemePalette();
 
 /// Gives Qt's own widgets the look of ours: the style (Fusion), the palette, and the section
 /// "application" as the application's style sheet, in place of one that it had. Call it once, after
-/// installDefaultTheme() and before the first widget; without it stock widgets stay as Qt has them.
+/// installDefaultTheme() and before the first widget, if that was called without this option;
+/// without either stock widgets stay as Qt has them.
 ///
 /// It dresses the classes that Qt has, not their subclasses, so that VemoButton and a host's own
 /// QPushButton look the same with and without it. A host's own rules go behind:

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QPixmap>
 #include <QString>
+#include <QStringList>
 
 #include <array>
 
@@ -46,10 +47,18 @@ public:
 
     /// Reads the catalogue and writes the temporary pictures; the application object must exist. A
     /// catalogue or picture that is missing or broken is passed over in silence, and so is what is
-    /// not an ordinary file, a catalogue of more than 16 MiB and a picture file of more than 64 MiB.
-    /// A temporary picture that can't be written whole is empty or absent. A later call reads
+    /// not an ordinary file, a catalogue of more than 16 MiB and a picture file of more than 64
+    /// MiB. A temporary picture that can't be written whole is empty or absent. A later call reads
     /// everything again; names that are no longer listed stay.
     void initialize(InitializeType type);
+    /// Adds a host's own pictures: the catalogue file "/images.json" and the PNG files in "/images"
+    /// below folder, read as those of "resource_path" are. A name that is in both catalogues then
+    /// has the pictures of this one. Before initialize() it is read there; a later initialize()
+    /// reads it again, after the first catalogue. A folder that was added before is read again, but
+    /// keeps its place.
+    ///
+    ///     ImageManager::getInstance().addCatalogue(":/tea"); // ":/tea/images.json"
+    void addCatalogue(const QString &folder);
     bool isInitialized() const; ///< whether initialize() was called
 
     /// Whether the catalogue lists name; a host can ask before getImage() would warn.
@@ -72,6 +81,7 @@ private:
 
     struct Image
     {
+        QString folder; ///< of the files
         std::array<QString, kStates> fileNames; ///< by ImageType; empty: this state has no picture
         std::array<QPixmap, kStates> pixmaps;
         bool loaded = false; ///< at least one of the four has been
@@ -80,17 +90,20 @@ private:
     ImageManager() = default;
 
     void readJson();
-    void parseJson(const QString &name);
+    /// The names of the pictures in it.
+    QStringList readCatalogue(const QString &folder);
+    void parseJson(const QString &name, const QString &imageFolder);
     void prepareImages();
     void lazyLoad(const QString &name);
     void load(Image &image);
-    void prepareTempImage(const QString &name);
-    QString getImageFullPath(const QString &name) const;
+    void prepareTempImage(const QString &name, const QString &imageFolder);
+    static QString getImageFullPath(const QString &name, const QString &imageFolder);
     QString getTempImageFullPath(const QString &name) const;
 
     InitializeType m_initType = PRELOAD;
     QString m_imageFolder;
     QString m_tempImageFolder;
+    QStringList m_addedFolders;
     QHash<QString, Image> m_images;
 };
 

@@ -28,6 +28,9 @@ public:
     /// path. Whether the path exists is not looked at.
     void setPath(const QString &key, const QString &path);
 
+    /// Stores path under key, whether or not there is one already, without a warning.
+    void replacePath(const QString &key, const QString &path);
+
     /// The path stored under key; an empty string and a warning where there is none.
     QString getPath(const QString &key) const;
 

@@ -83,6 +83,9 @@ private Q_SLOTS:
     void lazyPicturesWithoutFilesAreLookedForAgain();
     void aNameListedTwiceIsOnePicture();
     void initialisedAgainItReadsEverythingAnewAndForgetsNoName();
+    void picturesOfAnAddedCatalogueAreFound_data();
+    void picturesOfAnAddedCatalogueAreFound();
+    void anAddedCatalogueIsReadAgainAfterTheFirst();
     void theFreeFunctionsAnswerLikeTheCatalogue();
     void aCopyAnswersOnItsOwn();
 
@@ -417,6 +420,44 @@ void ImageManagerTest::initialisedAgainItReadsEverythingAnewAndForgetsNoName()
     start(ImageManager::LAZY_LOAD, {"both"});
     QCOMPARE(middleOf(getGlobalImage("first")), QColor(Qt::red));
     QCOMPARE(middleOf(getGlobalImage("both")), QColor(Qt::blue));
+}
+
+void ImageManagerTest::picturesOfAnAddedCatalogueAreFound_data()
+{
+    addBothModes();
+}
+
+void ImageManagerTest::picturesOfAnAddedCatalogueAreFound()
+{
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+    m_host->addPicture("doc", {64, 64}, Qt::red);
+    start(fetchedMode(), {"folder", "doc"});
+    const TestHost added;
+    added.addPicture("folder", {64, 64}, Qt::green);
+    added.addPicture("cup", {64, 64}, Qt::blue);
+    added.addPicture("cup_hover", {64, 64}, Qt::white);
+    added.writeCatalogue({"folder", "cup"}, {"c u p"});
+    ImageManager::getInstance().addCatalogue(added.resourcePath());
+    QCOMPARE(middleOf(getGlobalImage("doc")), QColor(Qt::red));
+    QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::green));
+    QCOMPARE(middleOf(getGlobalImage("cup")), QColor(Qt::blue));
+    QCOMPARE(middleOf(getGlobalImage("cup", ImageManager::HOVER)), QColor(Qt::white));
+    QCOMPARE(middleOf(QPixmap(m_host->tempPictureFolder() + "/tmp_cup.png")), QColor(Qt::blue));
+    QCOMPARE(ImageManager::getInstance().getImageFolder(), m_host->pictureFolder());
+}
+
+void ImageManagerTest::anAddedCatalogueIsReadAgainAfterTheFirst()
+{
+    const TestHost added;
+    added.addPicture("folder", {64, 64}, Qt::green);
+    added.writeCatalogue({"folder"});
+    ImageManager::getInstance().addCatalogue(added.resourcePath());
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+    start(ImageManager::PRELOAD, {"folder"});
+    QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::green));
+    added.addPicture("folder", {64, 64}, Qt::blue);
+    start(ImageManager::PRELOAD, {"folder"});
+    QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::blue));
 }
 
 void ImageManagerTest::theFreeFunctionsAnswerLikeTheCatalogue()

@@ -7,8 +7,8 @@
 #     awk -f extract.awk PAGE... > snippets.cpp
 
 BEGIN {
-  waits = "exec\\(|(Msg|CustomBtn)\\(|popup\\(|startDetached|HelpWindow|BrowserWindow"
-  shares = "initialize\\(|installStrings|setFilterRules|setPalette|applyDefaultThemeStyle|qApp->"
+  waits = "exec(AndDelete)?\\(|(Msg|CustomBtn)\\(|popup\\(|startDetached|HelpWindow|BrowserWindow"
+  shares = "initialize\\(|installDefaultTheme\\(|addCatalogue\\(|installStrings|setFilterRules|setPalette|applyDefaultThemeStyle|qApp->"
 }
 
 FNR == 1 {

@@ -6,6 +6,7 @@
 #include <vemo/BrowserWindow>
 #include <vemo/ComponentStrings>
 #include <vemo/DPIinfo>
+#include <vemo/DefaultTheme>
 #include <vemo/FileSystemTreeWidgetItem>
 #include <vemo/FileTypeMap>
 #include <vemo/HelpWindow>
@@ -64,7 +65,8 @@ public:
     QWidget *window = this;
     QWidget *page = new QWidget(this);
     QBoxLayout *layout = new QVBoxLayout(page);
-    CopyJob *job = nullptr;
+    CopyJob copying;
+    CopyJob *job = &copying;
     QtSingleApplication *singleApplication = nullptr;
     QString fileName = QStringLiteral("report.doc");
     QString resources;

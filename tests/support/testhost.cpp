@@ -44,6 +44,7 @@ void TestHost::writeCatalogue(const QStringList &names, const QStringList &tempN
 QString TestHost::writeFile(const QString &name, const QByteArray &bytes) const
 {
     const QString path = resourcePath() + QLatin1Char('/') + name;
+    QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         QTest::qFail(qPrintable(QLatin1String("Cannot write ") + path), __FILE__, __LINE__);

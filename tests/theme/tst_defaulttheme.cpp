@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/defaulttheme.h>
 
+#include "support/testhost.h"
 #include "support/vemotest.h"
 
 #include <vemo/componentstrings.h>
@@ -11,6 +12,9 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMovie>
+#include <QStandardPaths>
+#include <QStyle>
 #include <QTemporaryDir>
 
 namespace {
@@ -60,6 +64,13 @@ private Q_SLOTS:
     void aTextGetsColoursForTheirNames_data();
     void aTextGetsColoursForTheirNames();
     void anUnknownColourIsWarnedAbout();
+    void optionsHaveDefaultsForEverything();
+    void applicationLookIsChosen_data();
+    void applicationLookIsChosen();
+    void ownResourcesLieBesideTheTheme_data();
+    void ownResourcesLieBesideTheTheme();
+    void aSecondCallForAnotherLanguageWarnsOfNothing();
+    void busyAnimationCanBeRead();
 
 private:
     QTemporaryDir m_folder;
@@ -112,7 +123,6 @@ void DefaultThemeTest::oneCallStartsEverythingFromResources()
     QFETCH(int, mode);
     const auto type = static_cast<ImageManager::InitializeType>(mode);
     QVERIFY(installDefaultTheme(m_folder.path(), "enu", type));
-    messages.take(); // From registering the folders again.
     const UIPathManager &paths = UIPathManager::getInstance();
     QCOMPARE(paths.getPath("resource_path"), QString(":/vemo/theme"));
     QCOMPARE(paths.getPath("user_data_path"), m_folder.path());
@@ -177,6 +187,112 @@ void DefaultThemeTest::anUnknownColourIsWarnedAbout()
     QCOMPARE(messages.take(), QStringList("No colour of the theme is called \"glow\""));
     withDefaultThemeColors("color: @glow@;");
     QCOMPARE(messages.take(), QStringList("No colour of the theme is called \"glow\""));
+}
+
+void DefaultThemeTest::optionsHaveDefaultsForEverything()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QVERIFY(installDefaultTheme());
+    QCOMPARE(UIPathManager::getInstance().getPath("user_data_path"),
+        QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+    QCOMPARE(ComponentStrings::getInstance().getString("cancel"), QString("Cancel"));
+    QCOMPARE(qApp->palette(), defaultThemePalette());
+    QCOMPARE(qApp->styleSheet(), getStyleSheet("application"));
+}
+
+void DefaultThemeTest::applicationLookIsChosen_data()
+{
+    QTest::addColumn<bool>("setsPalette");
+    QTest::addColumn<bool>("stylesStockWidgets");
+    QTest::newRow("nothing") << false << false;
+    QTest::newRow("palette") << true << false;
+    QTest::newRow("stock widgets") << false << true;
+    QTest::newRow("both") << true << true;
+}
+
+void DefaultThemeTest::applicationLookIsChosen()
+{
+    QFETCH(const bool, setsPalette);
+    QFETCH(const bool, stylesStockWidgets);
+    qApp->setStyleSheet(QString());
+    QApplication::setStyle("windows");
+    const QPalette before(Qt::darkGreen);
+    QApplication::setPalette(before);
+    DefaultThemeOptions options;
+    options.userDataPath = m_folder.path();
+    options.setsPalette = setsPalette;
+    options.stylesStockWidgets = stylesStockWidgets;
+    QVERIFY(installDefaultTheme(options));
+    const QColor ground = QApplication::palette().color(QPalette::Window);
+    QCOMPARE(ground, setsPalette ? defaultThemeColor("canvas") : before.color(QPalette::Window));
+    QCOMPARE(qApp->styleSheet().isEmpty(), !stylesStockWidgets);
+    qApp->setStyleSheet(QString());
+    QCOMPARE(QApplication::style()->objectName(),
+        QString(setsPalette || stylesStockWidgets ? "fusion" : "windows"));
+}
+
+void DefaultThemeTest::ownResourcesLieBesideTheTheme_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("title");
+    for (const auto mode : {ImageManager::PRELOAD, ImageManager::LAZY_LOAD}) {
+        QTest::addRow("German, mode %d", mode) << int(mode) << "deu"
+                                               << "Tee";
+        QTest::addRow("a language that it lacks, mode %d", mode) << int(mode) << "fra"
+                                                                 << "Tea";
+    }
+}
+
+void DefaultThemeTest::ownResourcesLieBesideTheTheme()
+{
+    QFETCH(const int, mode);
+    QFETCH(const QString, language);
+    QFETCH(const QString, title);
+    const TestHost own;
+    own.addPicture("cup", {64, 64}, Qt::red);
+    own.addPicture("folder", {64, 64}, Qt::green);
+    own.writeCatalogue({"cup", "folder"});
+    own.writeFile("strings/enu.json", R"({"tea.title": "Tea", "ok": "Fine", "both": "file"})");
+    own.writeFile("strings/deu.json", R"({"tea.title": "Tee"})");
+    own.writeFile("style/tea.qss", "== tea.window ==\na\n== component.label ==\nb\n");
+    DefaultThemeOptions options;
+    options.userDataPath = m_folder.path();
+    options.languageCode = language;
+    options.pictureLoading = ImageManager::InitializeType(mode);
+    options.resourceFolders = QStringList {own.resourcePath(), m_folder.path() + "/none"};
+    options.strings = {{"both", "table"}};
+    QVERIFY(installDefaultTheme(options));
+
+    QCOMPARE(getGlobalImage("cup").toImage().pixelColor(8, 8), QColor(Qt::red));
+    QCOMPARE(getGlobalImage("folder").toImage().pixelColor(8, 8), QColor(Qt::green));
+    QVERIFY(!getGlobalImage("icon_warning").isNull());
+    const ComponentStrings &texts = ComponentStrings::getInstance();
+    QCOMPARE(texts.getString("tea.title"), title);
+    QCOMPARE(texts.getString("both"), QString("table"));
+    QVERIFY(texts.getString("cancel") != "cancel");
+    QCOMPARE(getStyleSheet("tea.window").trimmed(), QString("a"));
+    QCOMPARE(getStyleSheet("component.label").trimmed(), QString("b"));
+    QVERIFY(getStyleSheet("component.apply_button").contains("QPushButton"));
+}
+
+void DefaultThemeTest::aSecondCallForAnotherLanguageWarnsOfNothing()
+{
+    DefaultThemeOptions options;
+    options.userDataPath = m_folder.path();
+    for (const char *code : {"enu", "deu"}) {
+        options.languageCode = code;
+        QVERIFY(installDefaultTheme(options));
+        QVERIFY(installDefaultTheme(m_folder.path(), code, ImageManager::LAZY_LOAD));
+    }
+    QCOMPARE(messages.take(), QStringList());
+    QCOMPARE(ComponentStrings::getInstance().getString("cancel"), QString("Abbrechen"));
+}
+
+void DefaultThemeTest::busyAnimationCanBeRead()
+{
+    QVERIFY(installDefaultTheme(m_folder.path(), "enu", ImageManager::LAZY_LOAD));
+    QVERIFY(QMovie(defaultThemeBusyAnimation()).isValid());
 }
 
 VEMO_TEST_MAIN_WITH_CHILD(DefaultThemeTest, installAndReport)
