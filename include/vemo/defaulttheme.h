@@ -18,6 +18,8 @@ class QApplication;
 ///     options.languageCode = "deu";
 ///     options.resourceFolders = {":/tea"};
 ///     installDefaultTheme(options);
+///
+/// \image html gallery.png
 struct DefaultThemeOptions
 {
     /// Takes the generated pictures; it is created if it is missing. Empty: the application's cache

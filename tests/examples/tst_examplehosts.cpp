@@ -56,6 +56,7 @@ class ExampleHostsTest : public VemoTest
 private Q_SLOTS:
     void showsItsSheetAndWarnsOfNothing_data();
     void showsItsSheetAndWarnsOfNothing();
+    void settingsAreInOneLookUnlessAskedOtherwise();
     void endsWithAnErrorWhereItCannotStart_data();
     void endsWithAnErrorWhereItCannotStart();
 
@@ -97,6 +98,22 @@ void ExampleHostsTest::showsItsSheetAndWarnsOfNothing()
     QCOMPARE(picture.pixelColor(picture.rect().center()), QColor(Qt::white)); // the sheet's body
     QVERIFY(holds(picture, button));
     QCOMPARE(picture.pixelColor(0, 0), ground);
+}
+
+void ExampleHostsTest::settingsAreInOneLookUnlessAskedOtherwise()
+{
+    const QColor canvas("#F5F7FA");
+    for (const bool isPlain : {false, true}) {
+        const QString path = m_folder.filePath("settings.png");
+        const QStringList arguments = isPlain ? QStringList {"--plain", path} : QStringList {path};
+        const Run run = runHost(VEMO_SETTINGS_PROGRAM, arguments, m_folder.filePath("cache"));
+        QCOMPARE(run.errors, QString());
+        QCOMPARE(run.exitCode, 0);
+        const QImage picture(path);
+        QVERIFY(QFile::remove(path));
+        QCOMPARE(picture.pixelColor(0, 0) == canvas, !isPlain);
+        QVERIFY(holds(picture, QColor("#1769E0"))); // our own button in either case
+    }
 }
 
 void ExampleHostsTest::endsWithAnErrorWhereItCannotStart_data()

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// The settings of a backup utility: widgets of the library and of Qt in one window, in one look.
+//
+//     settings-example [--plain] [PICTURE]    --plain leaves Qt's widgets as they are; with a file
+//                                             name, writes a picture of its window and ends
+#include "settingswindow.h"
+
+#include <vemo/DefaultTheme>
+
+#include <QApplication>
+#include <QFont>
+
+namespace {
+
+constexpr int kFontSize = 10; // points; the offscreen platform has a larger one than any desktop
+
+void useDesktopFont()
+{
+    if (QGuiApplication::platformName() != "offscreen")
+        return;
+    QFont font = QApplication::font();
+    font.setPointSize(kFontSize);
+    QApplication::setFont(font);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("vemo-settings-example");
+    QApplication::setStyle("fusion");
+    useDesktopFont();
+    QStringList arguments = QApplication::arguments().mid(1);
+    const bool isPlain = arguments.removeAll("--plain") > 0;
+
+    DefaultThemeOptions options;
+    options.languageCode = "enu"; // that of the window's own texts
+    options.setsPalette = !isPlain;
+    options.stylesStockWidgets = !isPlain;
+    if (!installDefaultTheme(options))
+        return 1;
+    SettingsWindow window;
+    window.show();
+    if (!arguments.isEmpty())
+        return window.grab().save(arguments.first()) ? 0 : 1;
+    return QApplication::exec();
+}

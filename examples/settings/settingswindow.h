@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+class QComboBox;
+class QListWidget;
+
+/// What is backed up, where to and when.
+class SettingsWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    SettingsWindow();
+
+private Q_SLOTS:
+    void slotAddPattern();
+    void slotRemoveFolder();
+    void slotSave();
+
+private:
+    QWidget *newFoldersPage();
+    QWidget *newSchedulePage();
+    QWidget *newFolderGroup();
+    QWidget *newDestinationGroup();
+    QWidget *newFoot();
+
+    QListWidget *m_folders = nullptr;
+    QComboBox *m_patterns = nullptr;
+};
