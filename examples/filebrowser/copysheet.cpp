@@ -27,14 +27,17 @@ class CopySheet : public VemoMessageSheet
 public:
     explicit CopySheet(QWidget *window)
         : VemoMessageSheet(richText("copy_preparing"), defaultThemeBusyAnimation(), window),
+          m_foot(new QWidget(this)),
           m_cancel(new VemoButton(text("copy_cancel"), VemoButton::CANCEL))
     {
         setObjectName("copySheet");
         m_cancel->setObjectName("copyCancel");
-        m_cancel->setParent(this);
-        addButton();
-        // Nobody else deletes it.
-        movie()->setParent(this);
+        auto *row = new QHBoxLayout(m_foot);
+        row->setContentsMargins(0, DPIinfo::scaled(kButtonGap), 0, 0);
+        row->addStretch();
+        row->addWidget(m_cancel);
+        addFoot();
+        movie()->setParent(this); // The sheet itself does not delete it.
     }
 
     VemoButton *cancelButton() const { return m_cancel; }
@@ -42,7 +45,7 @@ public:
     void showProgress(const QString &line)
     {
         setText(line);
-        addButton();
+        addFoot();
     }
 
     bool event(QEvent *event) override
@@ -65,14 +68,13 @@ protected:
 
 private:
     /// Every new text lays out the sheet without it.
-    void addButton()
+    void addFoot()
     {
-        auto *column = static_cast<QBoxLayout *>(layout());
-        column->addSpacing(DPIinfo::scaled(kButtonGap));
-        column->addWidget(m_cancel, 0, Qt::AlignRight);
+        layout()->addWidget(m_foot);
         adjustSize();
     }
 
+    QWidget *m_foot; ///< holds the button
     VemoButton *m_cancel;
 };
 

@@ -22,6 +22,11 @@ bool isOfKind(const QString &name, const QString &kind)
 
 } // namespace
 
+bool EntryFilter::isEmpty() const
+{
+    return text.isEmpty() && kind.isEmpty() && !from.isValid() && !to.isValid();
+}
+
 bool EntryFilter::accepts(const FileEntry &entry) const
 {
     if (!text.isEmpty() && !entry.name.contains(text, Qt::CaseInsensitive))
@@ -30,8 +35,8 @@ bool EntryFilter::accepts(const FileEntry &entry) const
         return false;
     if (!from.isValid() && !to.isValid())
         return true;
-    const QDate day = entry.modified.toLocalTime().date();
-    return day.isValid() && !(from.isValid() && day < from) && !(to.isValid() && day > to);
+    return entry.modified.isValid() && !(from.isValid() && entry.modified < from)
+        && !(to.isValid() && entry.modified > to);
 }
 
 void sortEntries(QVector<FileEntry> &entries)

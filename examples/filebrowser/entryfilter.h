@@ -3,7 +3,7 @@
 
 #include "fileentry.h"
 
-#include <QDate>
+#include <QDateTime>
 #include <QVector>
 
 /// Which entries of a folder are shown. A field that is left empty lets everything pass.
@@ -11,9 +11,10 @@ struct EntryFilter
 {
     QString text; ///< Some part of the name, in any case.
     QString kind; ///< A kind of FileTypeMap ("image", and "xxx" for unknown ones); folders pass.
-    QDate from; ///< First day of the last change, in local time.
-    QDate to; ///< Last day of it, which counts too.
+    QDateTime from; ///< First moment of the last change.
+    QDateTime to; ///< Last moment of it, which counts too.
 
+    bool isEmpty() const;
     bool accepts(const FileEntry &entry) const;
 };
 

@@ -86,7 +86,7 @@ QString toolTipOf(const FileEntry &entry)
 
 } // namespace
 
-FileTable::FileTable(QWidget *parent) : VemoTableWidget(columns(), parent)
+FileTable::FileTable(QWidget *parent) : VemoTableWidget(columns(), parent), m_table(getTable())
 {
     setObjectName("fileList");
     setUpTable();
@@ -159,8 +159,7 @@ void FileTable::fillRow(int row, const FileEntry &entry)
 QStringList FileTable::selectedNames() const
 {
     QStringList names;
-    const auto *table = const_cast<FileTable *>(this)->getTable();
-    const QModelIndexList rows = table->selectionModel()->selectedRows();
+    const QModelIndexList rows = m_table->selectionModel()->selectedRows();
     for (const QModelIndex &index : rows) {
         if (index.row() < m_entries.size())
             names << m_entries.at(index.row()).name;
@@ -170,10 +169,9 @@ QStringList FileTable::selectedNames() const
 
 const FileEntry *FileTable::currentEntry() const
 {
-    const auto *table = const_cast<FileTable *>(this)->getTable();
-    const QModelIndex current = table->currentIndex();
+    const QModelIndex current = m_table->currentIndex();
     const bool isThere = current.isValid() && current.row() < m_entries.size()
-        && table->selectionModel()->isRowSelected(current.row(), {});
+        && m_table->selectionModel()->isRowSelected(current.row(), {});
     return isThere ? &m_entries.at(current.row()) : nullptr;
 }
 

@@ -6,18 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-bool ListingFilter::isEmpty() const
-{
-    return text.isEmpty() && kind.isEmpty() && !from.isValid() && !to.isValid();
-}
-
-bool ListingFilter::accepts(const FileEntry &entry) const
-{
-    const EntryFilter days {text, kind, from.date(), to.date()};
-    return days.accepts(entry) && !(from.isValid() && entry.modified < from)
-        && !(to.isValid() && entry.modified > to);
-}
-
 FolderListing::FolderListing(QObject *parent) : QObject(parent), m_reader(new FolderReader(this))
 {
     connect(m_reader, &FolderReader::entriesRead, this, &FolderListing::slotEntriesRead);
@@ -62,7 +50,7 @@ void FolderListing::read(const QString &folder)
     applyFilter();
 }
 
-void FolderListing::setFilter(const ListingFilter &filter)
+void FolderListing::setFilter(const EntryFilter &filter)
 {
     m_filter = filter;
     applyFilter();

@@ -5,25 +5,11 @@
 #include "entrysorter.h"
 #include "fileentry.h"
 
-#include <QDateTime>
 #include <QObject>
 #include <QStringList>
 #include <QVector>
 
 class FolderReader;
-
-/// What the table is to show: the filter of the name and the kind, and the moments between which an
-/// entry was changed last. An invalid moment is no limit.
-struct ListingFilter
-{
-    QString text;
-    QString kind;
-    QDateTime from;
-    QDateTime to; ///< counts too
-
-    bool isEmpty() const;
-    bool accepts(const FileEntry &entry) const;
-};
 
 /// The sorted and filtered entries of a folder, which is read without blocking the window.
 class FolderListing : public QObject
@@ -35,7 +21,7 @@ public:
 
     QString folder() const { return m_folder; }
     bool isReading() const { return m_is_reading; }
-    const ListingFilter &filter() const { return m_filter; }
+    const EntryFilter &filter() const { return m_filter; }
     /// How many entries the folder has, and how many of them pass the filter.
     int total() const { return m_entries.size(); }
     int count() const { return m_shown.size(); }
@@ -48,7 +34,7 @@ public:
     /// Discards all entries immediately if the folder is a different one. The entries of the same
     /// folder remain until it has been read again.
     void read(const QString &folder);
-    void setFilter(const ListingFilter &filter);
+    void setFilter(const EntryFilter &filter);
 
 Q_SIGNALS:
     /// The number of entries found so far.
@@ -67,7 +53,7 @@ private:
 
     FolderReader *m_reader;
     QString m_folder;
-    ListingFilter m_filter;
+    EntryFilter m_filter;
     EntrySorter m_incoming;
     QVector<FileEntry> m_entries;
     QVector<int> m_shown; ///< indices into m_entries

@@ -46,7 +46,7 @@ void NameDelegate::setModelData(
     const auto *field = qobject_cast<QLineEdit *>(editor);
     const QString from = index.data(Qt::EditRole).toString();
     if (field && field->text() != from)
-        Q_EMIT const_cast<NameDelegate *>(this)->nameEntered(from, field->text());
+        Q_EMIT nameEntered(from, field->text());
 }
 
 bool NameDelegate::canEdit(const QString &name)

@@ -21,6 +21,6 @@ public:
     static bool canEdit(const QString &name);
 
 Q_SIGNALS:
-    /// Another name than before was entered.
-    void nameEntered(const QString &from, const QString &to);
+    /// Another name than before was entered. Const, as is the function of Qt's that it comes from.
+    void nameEntered(const QString &from, const QString &to) const;
 };

@@ -35,8 +35,8 @@ private Q_SLOTS:
     void theKindIsThatOfTheSuffix_data();
     void theKindIsThatOfTheSuffix();
     void foldersPassEveryKind();
-    void bothDaysCount_data();
-    void bothDaysCount();
+    void bothMomentsCount_data();
+    void bothMomentsCount();
     void anEntryWithoutATimePassesNoDate();
     void allPartsOfTheFilterMustAgree();
     void foldersComeFirst();
@@ -47,6 +47,7 @@ private Q_SLOTS:
 
 void EntryFilterTest::anEmptyFilterLetsEverythingPass()
 {
+    QVERIFY(EntryFilter().isEmpty());
     QVERIFY(EntryFilter().accepts(entry("a")));
     QVERIFY(EntryFilter().accepts(entry(QString(), true)));
 }
@@ -116,38 +117,39 @@ void EntryFilterTest::foldersPassEveryKind()
     QVERIFY(filter.accepts(entry("a.png", true)));
 }
 
-void EntryFilterTest::bothDaysCount_data()
+void EntryFilterTest::bothMomentsCount_data()
 {
-    QTest::addColumn<QDate>("from");
-    QTest::addColumn<QDate>("to");
+    QTest::addColumn<QDateTime>("from");
+    QTest::addColumn<QDateTime>("to");
     QTest::addColumn<bool>("passes");
-    const QDate day(2024, 2, 29);
-    QTest::newRow("that day") << day << day << true;
-    QTest::newRow("from that day") << day << QDate() << true;
-    QTest::newRow("to that day") << QDate() << day << true;
-    QTest::newRow("from the next") << day.addDays(1) << QDate() << false;
-    QTest::newRow("to the one before") << QDate() << day.addDays(-1) << false;
-    QTest::newRow("around it") << day.addYears(-1) << day.addYears(1) << true;
-    QTest::newRow("the wrong way round") << day.addDays(1) << day.addDays(-1) << false;
+    const QDateTime noon(QDate(2024, 2, 29), QTime(12, 0));
+    QTest::newRow("that moment") << noon << noon << true;
+    QTest::newRow("from that moment") << noon << QDateTime() << true;
+    QTest::newRow("to that moment") << QDateTime() << noon << true;
+    QTest::newRow("from the next") << noon.addMSecs(1) << QDateTime() << false;
+    QTest::newRow("to the one before") << QDateTime() << noon.addMSecs(-1) << false;
+    QTest::newRow("around it") << noon.addYears(-1) << noon.addYears(1) << true;
+    QTest::newRow("the wrong way round") << noon.addDays(1) << noon.addDays(-1) << false;
 }
 
-void EntryFilterTest::bothDaysCount()
+void EntryFilterTest::bothMomentsCount()
 {
-    QFETCH(QDate, from);
-    QFETCH(QDate, to);
+    QFETCH(QDateTime, from);
+    QFETCH(QDateTime, to);
     QFETCH(bool, passes);
     EntryFilter filter;
     filter.from = from;
     filter.to = to;
-    const QDate day(2024, 2, 29);
-    for (const QDateTime &time : {day.startOfDay(), day.endOfDay(), day.endOfDay().toUTC()})
+    QCOMPARE(filter.isEmpty(), false);
+    const QDateTime noon(QDate(2024, 2, 29), QTime(12, 0));
+    for (const QDateTime &time : {noon, noon.toUTC()})
         QCOMPARE(filter.accepts(entry("a", false, time)), passes);
 }
 
 void EntryFilterTest::anEntryWithoutATimePassesNoDate()
 {
     EntryFilter filter;
-    filter.from = QDate(1970, 1, 1);
+    filter.from = QDate(1970, 1, 1).startOfDay();
     QVERIFY(!filter.accepts(entry("a")));
 }
 
@@ -156,7 +158,7 @@ void EntryFilterTest::allPartsOfTheFilterMustAgree()
     EntryFilter filter;
     filter.text = "a";
     filter.kind = "image";
-    filter.from = QDate(2024, 1, 1);
+    filter.from = QDate(2024, 1, 1).startOfDay();
     const QDateTime late(QDate(2024, 6, 1), QTime(12, 0));
     QVERIFY(filter.accepts(entry("a.png", false, late)));
     QVERIFY(!filter.accepts(entry("b.png", false, late)));
