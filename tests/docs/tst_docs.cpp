@@ -36,6 +36,7 @@ QStringList pages()
     QStringList paths = filesIn(".", "*.md") + filesIn("docs", "*.md");
     paths << "theme/README.md"
           << "benchmarks/README.md"
+          << "examples/filebrowser/README.md"
           << "examples/ownresources/README.md";
     return paths;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "browserstage.h"
 
-#include "examples/filebrowser/look.h"
+#include "examples/filebrowser/ui/look.h"
 
 #include <vemo/helpwindow.h>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "diskfolder.h"
-#include "examples/filebrowser/filetable.h"
-#include "examples/filebrowser/filewindow.h"
+#include "examples/filebrowser/ui/filetable.h"
+#include "examples/filebrowser/ui/filewindow.h"
 
 #include <vemo/vemosheet.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "copying.h"
 
-#include "examples/filebrowser/nativename.h"
+#include "examples/filebrowser/files/nativename.h"
 
 #include <QtTest>
 

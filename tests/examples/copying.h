@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "examples/filebrowser/copyjob.h"
+#include "examples/filebrowser/files/copyjob.h"
 
 #include <QVector>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "filewindowdriver.h"
 
-#include "examples/filebrowser/filetable.h"
-#include "examples/filebrowser/look.h"
+#include "examples/filebrowser/ui/filetable.h"
+#include "examples/filebrowser/ui/look.h"
 
 #include <QLabel>
 #include <QTemporaryDir>

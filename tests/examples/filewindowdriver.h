@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "examples/filebrowser/filewindow.h"
+#include "examples/filebrowser/ui/filewindow.h"
 
 #include <vemo/vemosheet.h>
 

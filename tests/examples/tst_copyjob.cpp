@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "copying.h"
 #include "diskfolder.h"
-#include "examples/filebrowser/copyleftovers.h"
-#include "examples/filebrowser/nativename.h"
+#include "examples/filebrowser/files/copyleftovers.h"
+#include "examples/filebrowser/files/nativename.h"
 
 #include "support/vemotest.h"
 

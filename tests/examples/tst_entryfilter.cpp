@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "examples/filebrowser/entryfilter.h"
+#include "examples/filebrowser/files/entryfilter.h"
 
 #include "support/vemotest.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "examples/filebrowser/entrysorter.h"
+#include "examples/filebrowser/files/entrysorter.h"
 
 #include "support/vemotest.h"
 

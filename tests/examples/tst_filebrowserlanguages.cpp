@@ -2,8 +2,8 @@
 // Every state of the window in every language, without a warning and with every text whole.
 #include "browserstage.h"
 
-#include "examples/filebrowser/languages.h"
-#include "examples/filebrowser/look.h"
+#include "examples/filebrowser/ui/languages.h"
+#include "examples/filebrowser/ui/look.h"
 #include "support/clippedtext.h"
 #include "support/vemotest.h"
 

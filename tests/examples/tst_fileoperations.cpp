@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "childworld.h"
 #include "diskfolder.h"
-#include "examples/filebrowser/fileoperations.h"
-#include "examples/filebrowser/nativename.h"
-#include "examples/filebrowser/safemove.h"
+#include "examples/filebrowser/files/fileoperations.h"
+#include "examples/filebrowser/files/nativename.h"
+#include "examples/filebrowser/files/safemove.h"
 
 #include "support/vemotest.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "examples/filebrowser/kinds.h"
-#include "examples/filebrowser/languages.h"
-#include "examples/filebrowser/nativename.h"
-#include "examples/filebrowser/options.h"
-#include "examples/filebrowser/paths.h"
-#include "examples/filebrowser/texts.h"
+#include "examples/filebrowser/ui/kinds.h"
+#include "examples/filebrowser/ui/languages.h"
+#include "examples/filebrowser/files/nativename.h"
+#include "examples/filebrowser/ui/options.h"
+#include "examples/filebrowser/files/paths.h"
+#include "examples/filebrowser/ui/texts.h"
 #include "filewindowdriver.h"
 #include "support/vemotest.h"
 

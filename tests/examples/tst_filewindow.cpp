@@ -2,8 +2,8 @@
 #include "filewindowdriver.h"
 
 #include "diskfolder.h"
-#include "examples/filebrowser/datefilter.h"
-#include "examples/filebrowser/filetable.h"
+#include "examples/filebrowser/ui/datefilter.h"
+#include "examples/filebrowser/ui/filetable.h"
 #include "support/vemotest.h"
 
 #include <vemo/filesystemtreewidgetitem.h>

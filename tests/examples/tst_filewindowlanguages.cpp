@@ -3,7 +3,7 @@
 #include "filewindowdriver.h"
 
 #include "diskfolder.h"
-#include "examples/filebrowser/languages.h"
+#include "examples/filebrowser/ui/languages.h"
 #include "support/clippedtext.h"
 #include "support/vemotest.h"
 

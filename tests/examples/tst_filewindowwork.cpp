@@ -2,10 +2,10 @@
 #include "filewindowdriver.h"
 
 #include "diskfolder.h"
-#include "examples/filebrowser/filetable.h"
-#include "examples/filebrowser/nativename.h"
-#include "examples/filebrowser/questions.h"
-#include "examples/filebrowser/texts.h"
+#include "examples/filebrowser/files/nativename.h"
+#include "examples/filebrowser/ui/filetable.h"
+#include "examples/filebrowser/ui/questions.h"
+#include "examples/filebrowser/ui/texts.h"
 #include "support/vemotest.h"
 
 #include <vemo/helpwindow.h>
