@@ -73,12 +73,12 @@ FileWindow::FileWindow(const QString &folder)
 void FileWindow::makeParts()
 {
     m_table = new FileTable(this);
-    m_table->setMinimumWidth(scaled(kLeastListWidth));
+    m_table->setMinimumWidth(DPIinfo::scaled(kLeastListWidth));
     m_actions = Actions::make(this, m_table);
     m_actions.details->setChecked(true);
     m_top = new TopBar(m_actions, this);
     m_tree = new FolderTree(this);
-    m_tree->setMinimumWidth(scaled(kLeastTreeWidth));
+    m_tree->setMinimumWidth(DPIinfo::scaled(kLeastTreeWidth));
     m_paging = new VemoPagingBar(&m_pages, this);
     m_paging->setObjectName("pagingBar");
     // Without a parent yet: Tab comes last to what joins the window last.

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "namedelegate.h"
 
-#include "core/scaling_p.h"
 #include "texts.h"
+
+#include <vemo/dpiinfo.h>
 
 #include <QLineEdit>
 #include <QPainter>
@@ -17,7 +18,7 @@ constexpr int kIndent = 5; // design pixels
 /// content in line with the header above it.
 QStyleOptionViewItem indented(QStyleOptionViewItem cell)
 {
-    const int indent = scaled(kIndent);
+    const int indent = DPIinfo::scaled(kIndent);
     if (cell.direction == Qt::RightToLeft)
         cell.rect.adjust(0, 0, -indent, 0);
     else
