@@ -59,9 +59,9 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 /// catalogue before: a missing string shows its key, a missing style or picture is left out, each
 /// with a warning.
 ///
-///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::WarningConfirm, tr("Delete it?"),
-///     window); sheet->setDoubleConfirmCheckBox(true, tr("There is no way back")); if
-///     (sheet->execAndDelete() == QDialogButtonBox::Apply)
+///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
+///     sheet->setInformativeText(tr("It can't be brought back."));
+///     if (sheet->execAndDelete() == QDialogButtonBox::Apply)
 ///         deleteIt();
 ///
 /// \image html messages-as-they-look.png
