@@ -10,6 +10,7 @@
 #include <vemo/vemocountdownmessagebox.h>
 #include <vemo/vemomessagesheet.h>
 
+#include <QLabel>
 #include <QMovie>
 #include <QTimer>
 
