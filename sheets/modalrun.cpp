@@ -187,9 +187,13 @@ void ModalRun::abandon()
     if (run->loop) {
         run->releaseLoop();
         run->loop->exit(0);
-    } else if (run->isOpen() && run->focus && !isAnyOver(run->window, m_sheet)) {
+    } else if (run->isOpen() && !isAnyOver(run->window, m_sheet)) {
         // Later, because the window may be about to be deleted.
-        QTimer::singleShot(0, run->focus, SLOT(setFocus()));
+        if (run->focus)
+            QTimer::singleShot(0, run->focus, SLOT(setFocus()));
+        if (run->isGreyed && run->window)
+            QTimer::singleShot(
+                0, run->window, [window = run->window] { enableCloseItem(window, true); });
     }
     run->close();
 }

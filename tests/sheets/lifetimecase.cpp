@@ -101,6 +101,7 @@ int openOnce(Sheet *sheet, const std::function<void(VemoSheet *)> &beforeShow)
     QObject::connect(sheet, &QObject::destroyed, &loop, &QEventLoop::quit);
     held->open();
     loop.exec();
+    delete held.data(); // It is still open if the application quits.
     return result;
 }
 
