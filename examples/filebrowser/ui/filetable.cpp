@@ -86,7 +86,7 @@ QString toolTipOf(const FileEntry &entry)
 
 } // namespace
 
-FileTable::FileTable(QWidget *parent) : VemoTableWidget(columns(), parent), m_table(getTable())
+FileTable::FileTable(QWidget *parent) : VemoTableWidget(columns(), parent)
 {
     setObjectName("fileList");
     setUpTable();
@@ -159,7 +159,7 @@ void FileTable::fillRow(int row, const FileEntry &entry)
 QStringList FileTable::selectedNames() const
 {
     QStringList names;
-    const QModelIndexList rows = m_table->selectionModel()->selectedRows();
+    const QModelIndexList rows = getTable()->selectionModel()->selectedRows();
     for (const QModelIndex &index : rows) {
         if (index.row() < m_entries.size())
             names << m_entries.at(index.row()).name;
@@ -169,9 +169,10 @@ QStringList FileTable::selectedNames() const
 
 const FileEntry *FileTable::currentEntry() const
 {
-    const QModelIndex current = m_table->currentIndex();
+    const QTableWidget *table = getTable();
+    const QModelIndex current = table->currentIndex();
     const bool isThere = current.isValid() && current.row() < m_entries.size()
-        && m_table->selectionModel()->isRowSelected(current.row(), {});
+        && table->selectionModel()->isRowSelected(current.row(), {});
     return isThere ? &m_entries.at(current.row()) : nullptr;
 }
 

@@ -43,6 +43,5 @@ private:
     void fillRow(int row, const FileEntry &entry);
     void requestMenu(const QPoint &position);
 
-    QTableWidget *const m_table; ///< getTable(), which a const function can't call
     QVector<FileEntry> m_entries;
 };
