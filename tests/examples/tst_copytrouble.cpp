@@ -2,7 +2,7 @@
 #include "childworld.h"
 #include "copying.h"
 #include "diskfolder.h"
-#include "examples/filebrowser/copyleftovers.h"
+#include "examples/filebrowser/files/copyleftovers.h"
 
 #include "support/vemotest.h"
 
