@@ -77,9 +77,24 @@ void stockPage(bench::Case &c)
     c.ours(paintedPage, [] { applyDefaultThemeStyle(*qApp); });
 }
 
+/// The same with the shortest sheet that applies to each of the classes: what Qt takes for it is
+/// out of our hands.
+void oneRulePage(bench::Case &c)
+{
+    bench::useTheme();
+    c.withoutGoal();
+    c.items(kWidgets);
+    c.resultsDiffer();
+    c.reference(QStringLiteral("plain Fusion"), paintedPage, [] { undress({}); });
+    c.limit(QStringLiteral("an empty application sheet"), paintedPage,
+        [] { undress(QStringLiteral("NoClass { }")); });
+    c.ours(paintedPage, [] { undress(QStringLiteral("QWidget { border: 1px solid gray; }")); });
+}
+
 void stockCases(bench::Cases &cases)
 {
     cases.add(QStringLiteral("stock.page"), stockPage);
+    cases.add(QStringLiteral("stock.page/one rule"), oneRulePage);
 }
 
 const bool isRegistered = bench::addFamily(stockCases);

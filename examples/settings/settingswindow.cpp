@@ -134,6 +134,7 @@ QWidget *SettingsWindow::newDestinationGroup()
     auto *group = new QGroupBox("Where to");
     auto *address = new VemoLineEdit;
     address->setEditText("backup.example.org");
+    address->setMargins(0, 0, 0, 0);
     auto *used = new QProgressBar;
     used->setValue(62);
     auto *encrypt = new QCheckBox("Encrypt");

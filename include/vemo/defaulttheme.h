@@ -19,7 +19,7 @@ class QApplication;
 ///     options.resourceFolders = {":/tea"};
 ///     installDefaultTheme(options);
 ///
-/// \image html gallery.png
+/// \image html settings.png
 struct DefaultThemeOptions
 {
     /// Takes the generated pictures; it is created if it is missing. Empty: the application's cache
