@@ -18,8 +18,6 @@ class QApplication;
 ///     options.languageCode = "deu";
 ///     options.resourceFolders = {":/tea"};
 ///     installDefaultTheme(options);
-///
-/// \image html settings.png
 struct DefaultThemeOptions
 {
     /// Takes the generated pictures; it is created if it is missing. Empty: the application's cache
