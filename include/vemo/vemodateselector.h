@@ -33,9 +33,13 @@ class VEMO_EXPORT VemoDateSelector : public QComboBox
     Q_OBJECT
     /// The selected date; null if there is none.
     Q_PROPERTY(QDate date READ date WRITE setDate RESET clearDate)
+    /// The first day that can be selected.
     Q_PROPERTY(QDate minimumDate READ minimumDate WRITE setMinimumDate)
+    /// The last day that can be selected.
     Q_PROPERTY(QDate maximumDate READ maximumDate WRITE setMaximumDate)
+    /// The format of the date; empty for yyyy-MM-dd.
     Q_PROPERTY(QString displayFormat READ displayFormat WRITE setDisplayFormat)
+    /// Whether the user can clear the date.
     Q_PROPERTY(bool clearable READ isClearable WRITE setClearable)
     /// The text shown if there is no date.
     Q_PROPERTY(QString placeholder READ placeholder WRITE setPlaceholder)

@@ -25,8 +25,11 @@ class VemoIconButton;
 class VEMO_EXPORT VemoFilterBar : public QLineEdit
 {
     Q_OBJECT
+    /// The delay in milliseconds for emitting while the user types; negative for none.
     Q_PROPERTY(int searchDelay READ searchDelay WRITE setSearchDelay)
+    /// Whether Escape clears the field.
     Q_PROPERTY(bool clearedByEscape READ isClearedByEscape WRITE setClearedByEscape)
+    /// Whether the field has a button that clears it.
     Q_PROPERTY(bool clearButtonVisible READ isClearButtonVisible WRITE setClearButtonVisible)
 
 public:

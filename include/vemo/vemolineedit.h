@@ -39,8 +39,11 @@ class VEMO_EXPORT VemoLineEdit : public QWidget
     Q_PROPERTY(QString postText READ postText WRITE setPostText)
     /// The text shown in the empty field.
     Q_PROPERTY(QString placeholderText READ placeholderText WRITE setPlaceholderText)
+    /// The error message.
     Q_PROPERTY(QString errorText READ errorText WRITE setErrorText)
+    /// Whether the field has a button that clears it.
     Q_PROPERTY(bool clearButtonEnabled READ isClearButtonEnabled WRITE setClearButtonEnabled)
+    /// Whether the labels are visible.
     Q_PROPERTY(bool captionsVisible READ areCaptionsVisible WRITE setCaptionsVisible)
 
 public:

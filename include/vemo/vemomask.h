@@ -9,21 +9,21 @@ class VemoMaskPrivate;
 
 /// A translucent cover between a window and the sheet shown over it.
 ///
-/// The cover fills the window, follows its size, holds the sheet in its middle, and is visible
-/// exactly while the sheet is shown. Until then it stays above every other child of the window,
-/// also above those that are added or raised later; of two masks, the one shown last is above.
-/// Clicks, the wheel, context menus, tool tips and drops stop at it.
+/// The cover fills the window, follows its size, centres the sheet, and is visible exactly while
+/// the sheet is shown. While visible, it stays above every other child of the window, including
+/// those added or raised later; of two masks, the one shown last is on top. Clicks, wheel events,
+/// context menus, tool tips and drops stop at it.
 ///
 /// A sheet whose size policy lets it grow fills the cover. Message and input sheets have a fixed
-/// width; give a VemoSheet of your own the policy Fixed to keep it in the middle.
+/// width; set the policy Fixed for your own VemoSheet to keep it centred.
 ///
 /// It belongs to the window and is deleted with it. If the sheet is deleted first, the hidden cover
-/// stays: delete sheet->parentWidget() instead, which deletes both. Scope the window's own style
-/// rules by object name: a rule for every QWidget or QFrame replaces the cover's colour. It needs
-/// no resources.
+/// remains: delete sheet->parentWidget() instead, which deletes both. Scope the window's own style
+/// rules by object name: a rule for every QWidget or QFrame replaces the cover's colour. Requires:
+/// nothing.
 ///
-/// VemoMessageSheet and VemoInputSheet lay their mask themselves in execAndDelete() and open(). For
-/// a frame of your own, which ends when you delete the mask:
+/// VemoMessageSheet and VemoInputSheet create their mask themselves in execAndDelete() and open().
+/// For your own frame, which ends when you delete the mask:
 ///
 ///     auto *sheet = new VemoSheet(window);
 ///     sheet->setWidget(content);
@@ -37,20 +37,19 @@ class VEMO_EXPORT VemoMask : public QFrame
     Q_OBJECT
 
 public:
-    /// Lays a cover over parent, which should be a window, and puts widget, which becomes its
-    /// child, in the middle of it. A null parent means that of widget. color should be translucent:
-    /// the message functions use QColor(0, 0, 0, 20). Returns widget (its parentWidget() is now the
-    /// cover), or null if widget or any parent is missing, or if parent is widget or lies within
-    /// it.
+    /// Creates a cover over parent, which should be a window, and centres widget in it, which
+    /// becomes its child. A null parent means that of widget. color should be translucent: the
+    /// message functions use QColor(0, 0, 0, 20). Returns widget (its parentWidget() is now the
+    /// cover), or null if widget or any parent is missing, or if parent is widget or inside it.
     ///
-    /// Each call makes a new cover. If widget has one already, that one stays behind, empty, and
-    /// deliberately is still shown and hidden with widget, so that the window gets darker: delete
+    /// Each call creates a cover. If widget already has one, that one remains empty and,
+    /// deliberately, is still shown and hidden with widget, so that the window gets darker: delete
     /// it first, after widget->setParent(window).
     static QWidget *createMask(QWidget *widget, QWidget *parent, QColor color);
 
     ~VemoMask() override;
 
-    /// Takes on the size of the window again; already done whenever that changes.
+    /// Adopts the size of the window; called automatically whenever that changes.
     void resize();
 
 protected:

@@ -20,9 +20,9 @@ class VemoMessageSheetPrivate;
 /// \image html messages-as-they-look.png
 struct VEMO_EXPORT MsgBoxCustomBtnText
 {
-    /// All captions by default.
+    /// Selects all default captions.
     MsgBoxCustomBtnText() = default;
-    /// Captions for two buttons; that of Reset stays empty.
+    /// Sets the captions of two buttons; that of Reset remains empty.
     MsgBoxCustomBtnText(const QString &apply, const QString &cancel)
         : applyText(apply), cancelText(cancel)
     {
@@ -36,28 +36,27 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 /// A message box drawn as a sheet over its window: an icon, a text, an optional informative text,
 /// an optional check box that must be ticked first, and buttons.
 ///
-/// exec() runs it modally: it takes the keys and the Close events of its window, greys out the
-/// window's Close item (on Windows), gives the keyboard focus back at the end, and returns the
+/// exec() runs it modally: it receives the keys of its window, blocks the window's Close events and
+/// disables its Close item (on Windows), restores the keyboard focus at the end, and returns the
 /// pressed button, a QDialogButtonBox::StandardButton, or 0. Escape presses the cancel button,
-/// which deliberately is Discard; Return, Enter and Space press OK or Apply. Tab goes round inside
-/// the sheet. While it is visible, no shortcut or mnemonic of the window fires: only its own do.
+/// which deliberately is Discard; Return, Enter and Space press OK or Apply. Tab cycles inside the
+/// sheet. While it is visible, shortcuts and mnemonics of the window are blocked.
 ///
-/// execAndDelete() and open() do all that a sheet needs: they lay a mask over the window and delete
-/// mask and sheet at the end. For a plain question there is showConfirmMsg(). To run a sheet more
-/// than once, lay it into a VemoMask and call exec(), which hides it at the end.
+/// execAndDelete() and open() also put a mask over the window, and delete the mask and the sheet at
+/// the end. For a plain question use showConfirmMsg(). To run a sheet more than once, put it into a
+/// VemoMask and call exec(), which hides it at the end.
 ///
-/// Sheet and window may be deleted while it runs: the result is 0 then. Create it with new, never
-/// on the stack.
+/// The sheet and the window may be deleted while it runs; the result is then 0. Create the sheet
+/// with new, never on the stack.
 ///
 /// The width is that of the parent less 40 design pixels, at most 540, but deliberately 480 over a
-/// parent of exactly 540. It is taken by the constructor and again by each setter of a text,
-/// picture or type: from the mask, which is as wide as the window, after VemoMask::createMask(). So
-/// give the constructor the window. Buttons that do not fit side by side are stacked. The height is
-/// what the text needs: a window too low for it squeezes the sheet.
+/// parent of exactly 540. It is set by the constructor and again by each setter of a text, picture
+/// or type, then from the mask, which is as wide as the window. So pass the window to the
+/// constructor. Buttons that do not fit side by side are stacked. The height is that of the
+/// content: if the window is too low, the sheet is squeezed.
 ///
-/// Load the style files, the strings ("ok", "cancel", "reset", "wizard_client_upgrade") and the
-/// catalogue before: a missing string shows its key, a missing style or picture is left out, each
-/// with a warning.
+/// Requires: style files, pictures, strings ("ok", "cancel", "reset", "wizard_client_upgrade"). A
+/// missing string shows its key, a missing style or picture is left out, each with a warning.
 ///
 ///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
 ///     sheet->setInformativeText(tr("It can't be brought back."));
@@ -70,7 +69,7 @@ class VEMO_EXPORT VemoMessageSheet : public VemoSheet
     Q_OBJECT
 
 public:
-    /// Which picture and which buttons a sheet has; the numbers are part of the interface.
+    /// Types, with their pictures and buttons. The numbers are part of the interface.
     enum MessageType : int {
         App = 0, ///< the application's picture, "app_img"; no buttons
         Information = 1, ///< "icon_information"; OK
@@ -79,40 +78,40 @@ public:
         ConfirmReset = 4, ///< "icon_question"; Apply, Discard and Reset
         Upgrading = 5, ///< "icon_information"; Apply ("wizard_client_upgrade") and Discard
         WarningConfirm = 6, ///< "icon_warning"; Apply and Discard
-        Processing = 7, ///< no icon but what is set, no buttons
+        Processing = 7, ///< no icon unless one is set; no buttons
     };
 
-    /// A sheet for work that goes on: moviePath is a file that QMovie reads, shown 32 design pixels
-    /// wide and high; one that it can't read, that is not an ordinary file or has more than 64 MiB
-    /// leaves no picture. It ends with done() or quit(). Deliberate: the sheet never deletes the
-    /// movie, see movie().
+    /// Creates a sheet for work in progress. moviePath is a file for QMovie, shown 32 design pixels
+    /// wide and high; if it is unreadable, not a regular file or larger than 64 MiB, there is no
+    /// picture. End the sheet with done() or quit(). Deliberate: the sheet never deletes the movie,
+    /// see movie().
     VemoMessageSheet(const QString &text, const QString &moviePath, QWidget *parent);
-    /// With a second text below the first. showIcon false leaves out the type's picture. The parent
-    /// gives the width: take the window.
+    /// Creates a sheet with a second text below the first. If showIcon is false, there is no
+    /// picture. The width depends on parent: pass the window.
     VemoMessageSheet(MessageType type, const QString &text, const QString &informativeText,
         QWidget *parent, bool showIcon = true);
-    /// With captions of your own.
+    /// Creates a sheet with your own captions.
     VemoMessageSheet(MessageType type, const QString &text, const MsgBoxCustomBtnText &captions,
         QWidget *parent, bool showIcon = true);
-    /// With the type's own captions.
+    /// Creates a sheet with the captions of its type.
     VemoMessageSheet(MessageType type, const QString &text, QWidget *parent, bool showIcon = true);
-    /// Without a text.
+    /// Creates a sheet without a text.
     explicit VemoMessageSheet(MessageType type, QWidget *parent, bool showIcon = true);
     ~VemoMessageSheet() override;
 
-    /// Shows the sheet and waits for its end. Returns the pressed button or what done() was given;
-    /// 0 after quit(), after the sheet's own death, and where the application quits meanwhile.
+    /// Shows the sheet and waits for its end. Returns the pressed button or the argument of done();
+    /// 0 after quit(), if the sheet was deleted, and if the application quits.
     int exec();
 
-    /// exec() over a mask in the usual shade, which is laid under the sheet if it has none; at the
-    /// end both are deleted. Return and Enter press a focused button; without one they confirm. A
-    /// hidden or minimised window is shown first.
+    /// Calls exec() over a mask with the default colour, which is created if the sheet has none,
+    /// and deletes both at the end. Return and Enter press the focused button; otherwise they
+    /// confirm. A hidden or minimised window is shown first.
     ///
-    /// atEnd is called with the result while the sheet still exists; not if it was deleted. Sheet
-    /// and window may be deleted at any time.
+    /// atEnd is called with the result while the sheet still exists, but not if it was deleted. The
+    /// sheet and the window may be deleted at any time.
     int execAndDelete(const std::function<void(int result)> &atEnd = {});
 
-    /// The same without waiting: returns at once, and calls atEnd when the sheet has ended.
+    /// The same without waiting: returns immediately, and calls atEnd when the sheet has ended.
     ///
     ///     auto *sheet = new VemoMessageSheet(VemoMessageSheet::Confirm, tr("Delete it?"), window);
     ///     sheet->open([this](int result) {
@@ -121,49 +120,50 @@ public:
     ///     });
     void open(const std::function<void(int result)> &atEnd = {});
 
-    /// Shows the sheet and returns at once; finished() tells the end. The Close item stays as it
-    /// is, and the busy animation stands still.
+    /// Shows the sheet and returns immediately; it emits finished() at its end. Does not disable
+    /// the Close item and does not start the busy animation.
     virtual void showSheet();
 
-    /// The Ok, Apply, Discard or Reset button, which stay the sheet's, until it is built anew; null
-    /// where its type has no such button.
+    /// The Ok, Apply, Discard or Reset button, which belongs to the sheet and is valid until the
+    /// sheet is rebuilt; null if its type has no such button.
     QAbstractButton *button(QMessageBox::StandardButton which) const;
 
-    /// The busy animation, or null. It has no parent and outlives the sheet: delete it, at any
-    /// time, or give it a parent such as the sheet.
+    /// The busy animation, or null. It has no parent and outlives the sheet: delete it at any time,
+    /// or give it a parent such as the sheet.
     QMovie *movie() const;
 
-    /// Plain or rich text, as it looks: escape what is not yours. Links open in the browser. An
-    /// empty text removes its label.
+    /// Sets the text. Texts that look like rich text are shown as rich text: escape texts from
+    /// outside. Links open in the browser. An empty text removes its label.
     void setText(const QString &text);
-    /// The second text, as the first. styleSheet, if not empty, replaces
-    /// "component.message_sheet_informative_text" when the label is made, until the next of the
-    /// setters that build the sheet anew.
+    /// Sets the second text in the same way. styleSheet, unless empty, replaces the section
+    /// "component.message_sheet_informative_text" when the label is created, until a setter
+    /// rebuilds the sheet.
     void setInformativeText(const QString &text, const QString &styleSheet = {});
-    /// Any picture; a null one leaves its place to the text.
+    /// Sets the picture; if it is null, the text uses its space.
     void setIcon(const QPixmap &icon);
 
-    /// Whether the picture is shown. This and the next two build the sheet anew; deliberately,
-    /// custom captions are lost by it, and so is what setIcon() set.
+    /// Shows or hides the picture. This and the next two functions rebuild the sheet, which
+    /// deliberately discards custom captions and the picture of setIcon().
     void setIconVisible(bool isVisible);
-    /// Another picture, other buttons.
+    /// Changes the type, and with it the picture and the buttons.
     void setMessageType(MessageType type);
-    /// on: Apply is enabled only while the box with this text is checked, which it is not at first.
-    /// Off by default.
+    /// If on, adds a check box with this text, initially unchecked; Apply is only enabled while it
+    /// is checked. Off by default.
     void setDoubleConfirmCheckBox(bool on, const QString &text);
 
-    /// Whether the window's Close item and Close events are blocked; true from the start. Set it
+    /// Sets whether the window's Close item and Close events are blocked, by default true. Call it
     /// before exec().
     void setBlockWindowButton(bool isBlocked);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
-    /// Ends the sheet: exec() returns ret, finished(ret) is emitted, the window gets its keys back.
+    /// Ends the sheet: exec() returns ret, finished(ret) is emitted, and the window receives keys
+    /// again.
     void done(int ret);
-    /// done() with 0.
+    /// Calls done() with 0.
     void quit();
-    /// done() with the code of that button; the sheet's own buttons are connected to it.
+    /// Calls done() with the code of that button; the sheet's own buttons are connected to it.
     void buttonClick(QAbstractButton *which);
 
 protected:
@@ -177,7 +177,7 @@ private Q_SLOTS:
 private:
     friend class VemoMessageSheetPrivate;
 
-    /// Without any content yet.
+    /// Creates a sheet without any content.
     VemoMessageSheet(QWidget *parent, MessageType type, bool showIcon);
 
     VemoMessageSheetPrivate *m_d;

@@ -54,9 +54,13 @@ class VEMO_EXPORT VemoPagingBar : public QWidget
     Q_PROPERTY(int rowLimit READ rowLimit WRITE setRowLimit)
     /// The model's number of items.
     Q_PROPERTY(int itemCount READ itemCount WRITE setItemCount)
+    /// The current page, counted from 1.
     Q_PROPERTY(int page READ page WRITE setPage NOTIFY pageChanged STORED false DESIGNABLE false)
+    /// Whether the page is clamped to the existing ones.
     Q_PROPERTY(bool clamping READ isClamping WRITE setClamping)
+    /// Whether the label with the shown range is visible.
     Q_PROPERTY(bool rangeVisible READ isRangeVisible WRITE setRangeVisible)
+    /// Whether the field for a page number is visible.
     Q_PROPERTY(bool jumpFieldVisible READ isJumpFieldVisible WRITE setJumpFieldVisible)
     /// Whether the refresh button is hidden.
     Q_PROPERTY(bool refreshButtonHidden READ isRefreshButtonHidden WRITE setRefreshButtonHidden)

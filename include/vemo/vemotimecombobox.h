@@ -41,6 +41,7 @@ class VEMO_EXPORT VemoTimeComboBox : public VemoComboBox
     Q_OBJECT
     /// The items without the custom item.
     Q_PROPERTY(QStringList times READ times WRITE setTimes)
+    /// The current time.
     Q_PROPERTY(QTime time READ time WRITE setTime NOTIFY timeChanged DESIGNABLE false STORED false)
     /// Whether a time can be typed.
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable)
