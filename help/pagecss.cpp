@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int kMaxValueLength = 4000; // It may contain a picture.
+constexpr int kMaxNumber = 9999; // Of a length.
 constexpr int kFontPixels = 20; // Height of a letter without an explicit size.
 constexpr int kIndentPixels = 40; // Per level.
 
@@ -128,7 +129,8 @@ int largestLength(const QString &value)
         const int start = i;
         while (i < value.size() && value.at(i).isDigit())
             ++i;
-        const int number = value.midRef(start, i - start).toInt();
+        // Those in brackets have not been judged.
+        const int number = qMin(value.midRef(start, i - start).toInt(), kMaxNumber);
         const QStringRef unit = value.midRef(i);
         if (unit.startsWith(QLatin1Char('e'), Qt::CaseInsensitive))
             largest = qMax(largest, kFontPixels * (number + 1));
@@ -197,8 +199,30 @@ bool isOfHeadings(const QString &selector)
     return headings.match(selector).hasMatch();
 }
 
+/// What an element must have for selector, which has no comma, to apply.
+QString keyOf(const QString &selector)
+{
+    static const QRegularExpression combinator(QStringLiteral("[ >+~]"));
+    static const QRegularExpression mark(QStringLiteral("[.#]"));
+    static const QRegularExpression end(QStringLiteral("[.#:]"));
+    if (selector.contains(QLatin1Char('[')))
+        return QStringLiteral("*"); // There may be anything in its quotes.
+    const QString last = selector.mid(selector.lastIndexOf(combinator) + 1).toLower();
+    const int start = qMax(0, last.indexOf(mark));
+    const int length = last.indexOf(end, start + 1) - start; // To the last if negative.
+    const QString key = last.mid(start, length < 0 ? -1 : length);
+    return key.isEmpty() || key.startsWith(QLatin1Char(':')) ? QStringLiteral("*") : key;
+}
+
 void noteSelector(const QString &selector, CssEffort *effort)
 {
+    static const QRegularExpression descendant(QStringLiteral("[^ >+~] [^ >+~]"));
+    const QStringList each = selector.split(QLatin1Char(','));
+    for (const QString &one : each) {
+        const QString key = keyOf(one.trimmed());
+        ++effort->selectorsFor[key];
+        effort->descendantsFor[key] += one.trimmed().contains(descendant);
+    }
     effort->selectors += 1 + selector.count(QLatin1Char(','));
     effort->ancestors += selector.count(QLatin1Char(' ')) + selector.count(QLatin1Char('>'));
     effort->siblings += selector.count(QLatin1Char('+')) + selector.count(QLatin1Char('~'));

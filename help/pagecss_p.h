@@ -2,12 +2,17 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 /// The cost of a style sheet for the text engine.
 struct CssEffort
 {
     int selectors = 0;
+    /// Selectors by what the element that they are for must have: its name, ".class" or "#id"; the
+    /// name of any element is "*".
+    QHash<QString, int> selectorsFor;
+    QHash<QString, int> descendantsFor; ///< Those of them that look for an element around it.
     int declarations = 0;
     int ancestors = 0; ///< Steps from an element to its ancestors.
     int siblings = 0; ///< Steps to the previous siblings.

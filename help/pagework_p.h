@@ -25,6 +25,12 @@ public:
     /// The text engine searches for a monospaced font again for each text.
     void addFont(uint font, bool isMonospaced);
     void addElement(int depth, int sibling, const CssEffort &css);
+    /// Each selector that applies looks at all elements around, and one for descendants at those
+    /// around each of them.
+    void addMatches(int selectors, int descendants, qint64 depth)
+    {
+        m_total += kMatch * selectors * depth + kDescendant * descendants * depth * depth;
+    }
     /// An end tag searches for its start tag.
     void addClosing(int depth) { m_total += kDepth * depth; }
     void addAttribute(qint64 length) { m_total += kAttributeLetter * length; }
@@ -53,6 +59,8 @@ private:
     static constexpr qint64 kDepth = 50;
     static constexpr qint64 kSelector = 500;
     static constexpr qint64 kDeclaration = 150;
+    static constexpr qint64 kMatch = 500;
+    static constexpr qint64 kDescendant = 110;
     static constexpr qint64 kAncestor = 150;
     static constexpr qint64 kSibling = 50;
     static constexpr qint64 kAttributeLetter = 150;

@@ -170,6 +170,8 @@ private:
     void chargeCell(bool isRow);
     void chargeHeight(const QString &name, int traits);
     void noteHeight(const QString &name, const QString &length);
+    void noteMatches(const QString &attribute, const QString &value);
+    void noteMatch(const QString &key);
     TextWork::Width width() const;
     int line() const;
     void beginLine();
@@ -202,6 +204,8 @@ private:
     int m_length = 0; // The largest of its style.
     int m_cell_height = 0;
     int m_own_line = 0;
+    int m_matches = 0; // Selectors that may apply to it.
+    int m_descendant_matches = 0;
 };
 
 PageWriter::PageWriter(const QString &html, bool isFromNetwork)
@@ -372,7 +376,7 @@ Font PageWriter::writeAttributes(const HtmlToken &token, int traits)
     if (m_css.hasFonts)
         font.other = qHash(token.name, font.other);
     m_columns = m_rows = 1;
-    m_length = m_cell_height = m_own_line = 0;
+    m_length = m_cell_height = m_own_line = m_matches = m_descendant_matches = 0;
     m_floats = m_css.hasFloats;
     for (const HtmlAttribute &attribute : token.attributes)
         writeAttribute(attribute, &font);
@@ -404,6 +408,8 @@ void PageWriter::writeAttribute(const HtmlAttribute &attribute, Font *font)
     } else {
         writeEscaped(attribute.value, attribute.hasEntities);
         noteHeight(name, resolved(attribute.value));
+        if (isOneOf(name, {"class", "id"}))
+            noteMatches(name, resolved(attribute.value).toLower());
         m_floats |= name == QLatin1String("align") && isSide(attribute.value);
         if (name == QLatin1String("size"))
             font->size = qHash(attribute.value);
@@ -440,6 +446,9 @@ void PageWriter::chargeElement(const HtmlToken &token)
     const int sibling = m_open.isEmpty() ? 0 : m_open.last().children++;
     m_work.addElement(m_open.size(), sibling, m_css);
     const QString &name = token.name;
+    noteMatch(name);
+    noteMatch(QStringLiteral("*"));
+    m_work.addMatches(m_matches, m_descendant_matches, m_open.size() + 1);
     m_keeps_lines |= isOneOf(name, {"pre", "meta"});
     m_has_floats |= m_floats;
     if (name == QLatin1String("img")) {
@@ -483,6 +492,20 @@ void PageWriter::noteHeight(const QString &name, const QString &length)
         m_cell_height += 2 * pixels;
     else if (name == QLatin1String("size"))
         m_own_line = qMax(m_own_line, 3 * kLinePixels);
+}
+
+void PageWriter::noteMatches(const QString &attribute, const QString &value)
+{
+    const QLatin1Char mark(attribute == QLatin1String("id") ? '#' : '.');
+    const QStringList words = value.simplified().split(QLatin1Char(' '));
+    for (const QString &word : words)
+        noteMatch(mark + word);
+}
+
+void PageWriter::noteMatch(const QString &key)
+{
+    m_matches += m_css.selectorsFor.value(key);
+    m_descendant_matches += m_css.descendantsFor.value(key);
 }
 
 /// The height of a line in pixels.

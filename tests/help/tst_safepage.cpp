@@ -438,6 +438,12 @@ void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage_data()
     QTest::newRow("rules for descendants") << "<html><style>"
             + times(100, "q b b b b b p{color:red}") + "</style>" + times(100, "<b>")
             + times(4000, "<p>x");
+    for (const char *rule : {"b", "*", ".c", "#c", "i b", "[x=\"a q\"]"})
+        QTest::addRow("rules for nested tags: %s", rule) << "<html><style>"
+                + times(600, QLatin1String(rule) + QLatin1String("{color:red}")) + "</style>"
+                + times(800, "<b class=c id=c x=\"a q\">");
+    QTest::newRow("rules for descendants of nested tags")
+        << "<html><style>" + times(30, "i b{color:red}") + "</style>" + times(300, "<b>");
     QTest::newRow("rules for siblings")
         << "<html><style>" + times(100, "b + p + p{color:red}") + "</style>" + times(9000, "<p>x");
     QTest::newRow("22 tables in 371 bytes") << "<html>" + times(22, "< table><tr><td>");
@@ -619,6 +625,7 @@ void tst_safepage::lengthsThatOverflowAreLeftOut_data()
     row("font-size:999px", "font-size:999px;", "font-size:999px");
     row("color:red;/* ; */margin/**/:99999px", "color:red;", "color:red;");
     row("co\\lor:red;margin:9px", "margin:9px;", "co\\lor:red;margin:9px");
+    row("margin:x(2000000000pt)", "margin:x(2000000000pt);", "margin:x(2000000000pt)");
     row("background:url(99999.png)", "background:url(99999.png);", "background:url(99999.png)");
 }
 
