@@ -14,14 +14,14 @@
 
 namespace {
 
-/// What one shortcut shows, whichever way it goes.
+/// The content of a message, with or without a parent.
 struct Message
 {
     VemoMessageSheet::MessageType type;
     QMessageBox::Icon boxIcon;
     const char *boxStyleKey;
     const char *boxPicture;
-    QString title; ///< of the box; a sheet has none
+    QString title; ///< of the box; sheets have no title
     QString text;
     bool showIcon;
     MsgBoxCustomBtnText captions = {};
@@ -40,7 +40,7 @@ int runSheet(const Message &message, QWidget *parent)
     showWindow(parent->window());
     if (!heldParent)
         return 0;
-    // On the heap, since it may die with its window while it runs.
+    // On the heap, because it may be deleted with its window while it runs.
     const QPointer<VemoMessageSheet> sheet = VemoMessageSheetPrivate::newMaskedSheet(message.type,
         message.text, message.informativeText, message.captions, parent, message.showIcon);
     const int result = sheet->exec();
@@ -63,7 +63,7 @@ void addOkButton(QMessageBox &box)
         "component.apply_button");
 }
 
-/// Instead of Qt's stock icon, which is coarse and of another look.
+/// Replaces Qt's stock icon, which is coarse and has a different look.
 void showPicture(QMessageBox &box, const char *name)
 {
     auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgboxex_icon_label"));
@@ -120,7 +120,7 @@ void showInfoMsg(const QString &title, const QString &text, QWidget *parent, boo
 
 void showUpgradingMsg(const QString &title, const QString &text, QWidget *parent, bool showIcon)
 {
-    // Deliberate: the box warns.
+    // Deliberate: the box has the warning icon.
     run({VemoMessageSheet::Upgrading, QMessageBox::Warning, "component.upgrading_message_box",
             "icon_warning", title, text, showIcon},
         parent);

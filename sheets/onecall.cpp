@@ -16,7 +16,7 @@ struct MaskedSheet
 {
     explicit MaskedSheet(VemoSheet *newSheet) : sheet(newSheet), mask(coverOf(newSheet)) { }
 
-    /// The mask that the host laid under it, or a new one; null for a sheet without a parent.
+    /// The mask that the host has created, or a new one; null for a sheet without a parent.
     static QWidget *coverOf(VemoSheet *sheet)
     {
         QWidget *parent = sheet->parentWidget();
@@ -28,7 +28,7 @@ struct MaskedSheet
     void remove() const
     {
         delete mask.data();
-        // Somebody gave it another parent.
+        // Its parent was changed in the meantime.
         delete sheet.data();
     }
 
@@ -44,7 +44,7 @@ struct MaskedSheet
     QPointer<QWidget> mask;
 };
 
-/// Whether it survived.
+/// Shows the window of sheet and returns whether the sheet still exists.
 bool showWindowOf(VemoSheet *sheet)
 {
     const QPointer<VemoSheet> held = sheet;

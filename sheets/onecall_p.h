@@ -7,15 +7,15 @@
 class VemoSheet;
 class QWidget;
 
-/// Shows a hidden or minimised window: otherwise the caller would wait for an answer to a sheet
-/// that nobody sees.
+/// Shows a hidden or minimised window. Otherwise the caller would wait for an answer to an
+/// invisible sheet.
 void showWindow(QWidget *window);
 
-/// Lays a mask under sheet, runs it by exec, calls atEnd with the result if the sheet is still
-/// there, and deletes sheet and mask. Sheet, mask and window may die at any time.
+/// Creates a mask for sheet, runs it with exec, calls atEnd with the result if the sheet still
+/// exists, and deletes the sheet and the mask. Sheet, mask and window may be deleted at any time.
 int execOnce(
     VemoSheet *sheet, const std::function<int()> &exec, const std::function<void(int)> &atEnd);
 
-/// The same without waiting: show makes the sheet visible, finished() ends it.
+/// The same without waiting: show makes the sheet visible, and finished() is emitted at its end.
 void openOnce(
     VemoSheet *sheet, const std::function<void()> &show, const std::function<void(int)> &atEnd);

@@ -9,19 +9,19 @@ class QObject;
 class QPushButton;
 class QWidget;
 
-/// Keeps the shortcuts of the window from firing while sheet is visible; its own still fire.
-/// Returns whether event, which was sent to watched, was such a shortcut: it is consumed then.
+/// Blocks the shortcuts of the window while sheet is visible, but not those of the sheet. Returns
+/// whether event, which was sent to watched, was such a shortcut and must be consumed.
 bool overridesShortcut(const QWidget *sheet, const QObject *watched, QEvent *event);
 
-/// Whether a click beside the visible sheet has just given its window the focus.
+/// Whether a click next to the visible sheet has just given the focus to its window.
 bool isFocusLostToWindow(const QWidget *sheet, const QObject *watched, const QEvent *event);
 
 /// The button of sheet that has the focus; null without one.
 QPushButton *focusedButton(const QWidget *sheet);
 
-/// The widgets of sheet, in child order, among which Tab goes round: none while it is hidden.
+/// The widgets of sheet through which Tab cycles, in child order; none if it is hidden.
 QList<QWidget *> focusStops(QWidget *sheet);
 
-/// Gives the focus to the stop after from in the focus chain, or before it. At the end of the sheet
-/// the first stop, or the last one, is next.
+/// Gives the focus to the next or previous stop after from in the focus chain, and wraps at the end
+/// of the sheet.
 void moveFocus(QWidget *sheet, const QList<QWidget *> &stops, QWidget *from, bool isForward);

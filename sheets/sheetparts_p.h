@@ -11,11 +11,11 @@
 
 const QColor kShade(0, 0, 0, 20); // Of a mask that the library lays itself.
 
-/// Gives a button of a sheet its caption and the style of its role.
+/// Sets the caption and the style of a sheet's button.
 inline void dressButton(QPushButton *button, const QString &caption, const char *styleKey)
 {
     button->setText(caption);
-    // Some desktops put stock icons on the buttons of a QDialogButtonBox.
+    // Some desktops add stock icons to the buttons of a QDialogButtonBox.
     button->setIcon(QIcon());
     button->setStyleSheet(getStyleSheet(styleKey));
 }

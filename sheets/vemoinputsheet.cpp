@@ -30,7 +30,8 @@ constexpr double kButtonGap = 24;
 constexpr double kWidest = 480;
 constexpr double kBesides = 40;
 
-/// The width of a sheet over a parent, both in design pixels. Deliberate: not that of a message.
+/// The width of a sheet over a parent of the given width, both in design pixels. Deliberate:
+/// differs from that of a message.
 int widthOver(double parentWidth)
 {
     return truncToInt(std::clamp(parentWidth - kBesides, 0.0, kWidest));
@@ -51,8 +52,8 @@ public:
     void build();
     void changeText(const QString &text);
     void layOut();
-    /// Fits the size to the content after a change of style or font: at once if the sheet is
-    /// shown only now, otherwise soon.
+    /// Fits the size to the content after a change of style or font: immediately if the sheet is
+    /// just being shown, otherwise later.
     void fit();
     void fitLater();
     void click(QDialogButtonBox::StandardButton which) const;
@@ -67,7 +68,7 @@ public:
     QDialogButtonBox *buttonBox;
     ModalRun run;
     bool isOneCall = false; ///< execAndDelete() or open(): a focused button takes Return
-    bool isStale = false; ///< the style or the font changed since the last layout
+    bool isStale = false; ///< whether the style or the font has changed since the last layout
 
 private:
     void dressButtons();
@@ -89,7 +90,7 @@ void VemoInputSheetPrivate::build()
 
 void VemoInputSheetPrivate::dressButtons()
 {
-    // In this order Discard is before Ok, as it is before Apply in a message.
+    // This order puts Discard before Ok, as in a message.
     buttonBox->setStyle(buttonBoxStyle(QDialogButtonBox::GnomeLayout));
     // Deliberate: the cancel button is Discard, as in a message.
     buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Discard);
@@ -100,13 +101,13 @@ void VemoInputSheetPrivate::dressButtons()
     dressButton(cancel, stringOf("cancel"), "component.cancel_button");
     setButtonSize(ok);
     setButtonSize(cancel);
-    // Shift+Tab starts again at the last child.
+    // Shift+Tab wraps to the last child.
     ok->raise();
 }
 
 void VemoInputSheetPrivate::changeText(const QString &text)
 {
-    // Deliberate: what looks like a length in the host's own text is scaled along.
+    // Deliberate: lengths in the host's own text are scaled as well.
     const QString prompt = QStringLiteral("<p style='line-height: 20px;'>%1</p>").arg(text);
     label->setText(DPIinfo::getInstance().getScaledStyleSheet(prompt));
     label->setWordWrap(true);
@@ -148,7 +149,7 @@ void VemoInputSheetPrivate::takeSize()
 void VemoInputSheetPrivate::fit()
 {
     isStale = false;
-    // Polish first: only then are the margins set and the font of the prompt known.
+    // Polish first: the margins and the font of the prompt are not set before.
     q->ensurePolished();
     const QMargins band = q->contentsMargins();
     const int width = q->width() - band.left() - band.right() - 2 * scaled(kMargin);
@@ -159,7 +160,7 @@ void VemoInputSheetPrivate::fit()
 
 void VemoInputSheetPrivate::fitLater()
 {
-    // The parts of the sheet get their new fonts only after it.
+    // The parts of the sheet get their new fonts after the sheet.
     if (!std::exchange(isStale, true) && q->isVisible())
         QMetaObject::invokeMethod(
             this, [this] { fit(); }, Qt::QueuedConnection);
@@ -299,7 +300,7 @@ bool VemoInputSheet::eventFilter(QObject *watched, QEvent *event)
     default:
         break;
     }
-    // Every key, so that the window behind the sheet gets none.
+    // Consumes every key, so that the window below the sheet receives none.
     return true;
 }
 

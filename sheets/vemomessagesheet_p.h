@@ -17,31 +17,31 @@ class QKeyEvent;
 class QMovie;
 class QPushButton;
 
-/// The parts of one message sheet, how they are dressed, laid out and reached by the keyboard.
+/// The parts of a message sheet, their style, layout and keyboard handling.
 class VemoMessageSheetPrivate : public QObject
 {
 public:
     VemoMessageSheetPrivate(
         VemoMessageSheet *sheet, VemoMessageSheet::MessageType messageType, bool isIconShown);
 
-    /// A message as the shortcuts show it. The mask comes before the content, since a widget with
-    /// a style sheet that gets another parent is polished anew, with all that is in it.
+    /// Creates a message for the message functions. The mask is created before the content, because
+    /// Qt polishes a widget with a style sheet and all its children again when its parent changes.
     static VemoMessageSheet *newMaskedSheet(VemoMessageSheet::MessageType type, const QString &text,
         const QString &informativeText, const MsgBoxCustomBtnText &captions, QWidget *parent,
         bool showIcon);
 
-    /// The content as a whole, laid out once. over: the widget that the width comes from.
+    /// Creates the whole content with a single layout. The width depends on that of over.
     void build(const MsgBoxCustomBtnText &captions, const QString &text,
         const QString &informativeText, const QWidget *over);
-    /// Everything but the texts and the layout.
+    /// Updates everything except the texts and the layout.
     void dress(const MsgBoxCustomBtnText &captions);
     void layOut() { layOut(q->parentWidget()); }
     void layOut(const QWidget *over);
-    /// Fits the size to the content after a change of style or font: at once if the sheet is
-    /// shown only now, otherwise soon.
+    /// Fits the size to the content after a change of style or font: immediately if the sheet is
+    /// just being shown, otherwise later.
     void fit();
     void fitLater();
-    /// What the setters do: deliberately with empty captions.
+    /// Called by the setters. Deliberate: with empty captions.
     void rebuild();
 
     void showMovie(const QString &path);
@@ -56,10 +56,10 @@ public:
     bool begin(bool greysCloseItem);
     void takeFocus();
     void collectFocus();
-    /// Gives the focus to the next widget of the sheet: forward for Tab, else backward.
+    /// Moves the focus inside the sheet: forward for Tab, otherwise backward.
     void restrictedFocus(QObject *from, QKeyEvent *key);
     void moveFocus(QWidget *from, bool isForward);
-    /// The keys that reach the window.
+    /// Handles the keys sent to the window.
     void press(QKeyEvent *key);
     /// The keys that confirm: OK or Apply, or the focused button where that takes them.
     void confirm(int key);
@@ -67,8 +67,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     VemoMessageSheet *q;
-    MessageLabel *textLabel = nullptr; ///< null while the text is empty
-    MessageLabel *informativeLabel = nullptr; ///< null while the informative text is empty
+    MessageLabel *textLabel = nullptr; ///< null if the text is empty
+    MessageLabel *informativeLabel = nullptr; ///< null if the informative text is empty
     QLabel *iconLabel;
     VemoMessageSheet::MessageType type;
     QDialogButtonBox *buttonBox;
@@ -78,12 +78,12 @@ public:
     ClickableLabel *confirmLabel = nullptr;
     QWidget *confirmContainer;
     bool doubleConfirm = false;
-    QList<QWidget *> focusList; ///< among these Tab cycles; collected anew before each use
+    QList<QWidget *> focusList; ///< Tab cycles through these; collected before each use
     QWidget *firstFocus = nullptr;
     QWidget *lastFocus = nullptr;
     bool isOneCall = false; ///< execAndDelete() or open(): a focused button takes Return
-    bool isStale = false; ///< the style or the font changed since the last layout
-    QPointer<QMovie> movie; ///< not ours: it has no parent, and the host may delete it any time
+    bool isStale = false; ///< whether the style or the font has changed since the last layout
+    QPointer<QMovie> movie; ///< not owned: it has no parent, and the host may delete it at any time
 
 private:
     void showTypeIcon();

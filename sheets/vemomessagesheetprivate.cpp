@@ -35,7 +35,7 @@ constexpr const char *kInformativeText = "component.message_sheet_informative_te
 
 struct TypeLook
 {
-    const char *icon; ///< a catalogue name; null: none
+    const char *icon; ///< a catalogue name; null if there is none
     int buttons;
     const char *styleKey;
 };
@@ -68,7 +68,7 @@ QString captionOf(const QString &custom, const char *key)
 void discard(QWidget *widget)
 {
     widget->hide();
-    // Not at once: it may be in the middle of a signal.
+    // Later, because it may be emitting a signal.
     widget->deleteLater();
 }
 
@@ -83,7 +83,7 @@ VemoMessageSheetPrivate::VemoMessageSheetPrivate(
     confirmContainer->hide();
     buttonBox->setStyle(buttonBoxStyle(Button::WinLayout));
     buttonBox->installEventFilter(this);
-    // As wide as the sheet also while the buttons are stacked.
+    // As wide as the sheet, even if the buttons are stacked.
     buttonBox->setSizePolicy(QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed));
     connect(buttonBox, SIGNAL(clicked(QAbstractButton*)), q, SLOT(buttonClick(QAbstractButton*)));
 }
@@ -159,7 +159,7 @@ void VemoMessageSheetPrivate::dressButtons(const MsgBoxCustomBtnText &captions)
         dressButton(cancel, captionOf(captions.cancelText, "cancel"), "component.cancel_button");
         setButtonSize(cancel);
     }
-    // Deliberate: this one alone keeps its natural size.
+    // Deliberate: only this button keeps its natural size.
     if (QPushButton *reset = button(Button::Reset))
         dressButton(reset, captionOf(captions.resetText, "reset"), "component.reset_button");
 }
@@ -205,7 +205,7 @@ void VemoMessageSheetPrivate::dressLabels()
 {
     if (textLabel)
         textLabel->setStyleSheet(getStyleSheet(kText));
-    // Deliberate: a style of its own given to the informative text ends here.
+    // Deliberate: this replaces a style set for the informative text.
     if (informativeLabel)
         informativeLabel->setStyleSheet(getStyleSheet(kInformativeText));
 }
@@ -217,7 +217,7 @@ void VemoMessageSheetPrivate::showMovie(const QString &path)
     if (!file.exists() || isResourceFile(file, kMaxPictureBytes))
         movie->setFileName(path);
     movie->setScaledSize({scaled(kMovieSize), scaled(kMovieSize)});
-    // Until it runs, it has a size only from here on.
+    // A movie that does not run has no size before this call.
     movie->jumpToFrame(0);
     iconLabel->setMovie(movie);
 }
@@ -233,7 +233,7 @@ void VemoMessageSheetPrivate::changeText(const QString &text)
             textLabel->setAlignment(Qt::AlignTop);
             textLabel->setTextInteractionFlags(Qt::TextSelectableByMouse
                 | Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-            // The flags take the focus policy along.
+            // Setting the interaction flags also changes the focus policy.
             textLabel->setFocusPolicy(Qt::StrongFocus);
         }
         textLabel->setText(text);

@@ -17,8 +17,8 @@
 namespace {
 
 // In design pixels.
-constexpr int kLeastWidth = 120;
-constexpr int kMostWidth = 640;
+constexpr int kMinWidth = 120;
+constexpr int kMaxWidth = 640;
 constexpr int kFilterWidth = 320;
 
 const char *const kDeepPath = "home/Projects/2026/R&D/Prototypes/Paging bar/Drawings";
@@ -39,12 +39,12 @@ QWidget *resizablePath()
     auto *layout = new QVBoxLayout(specimen);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(DPIinfo::scaled(12));
-    VemoButtonPath *bar = pathBar(kDeepPath, kMostWidth);
+    VemoButtonPath *bar = pathBar(kDeepPath, kMaxWidth);
     auto *slider = new QSlider(Qt::Horizontal);
     slider->setAccessibleName("Width of the bar");
-    slider->setFixedWidth(DPIinfo::scaled(kMostWidth));
-    slider->setRange(kLeastWidth, kMostWidth);
-    slider->setValue(kMostWidth);
+    slider->setFixedWidth(DPIinfo::scaled(kMaxWidth));
+    slider->setRange(kMinWidth, kMaxWidth);
+    slider->setValue(kMaxWidth);
     QObject::connect(slider, &QSlider::valueChanged, bar,
         [bar](int width) { bar->setFixedWidth(DPIinfo::scaled(width)); });
     layout->addWidget(bar, 0, Qt::AlignLeft);

@@ -32,10 +32,10 @@ namespace {
 
 // In design pixels.
 constexpr QSize kWindowSize(1100, 720);
-constexpr int kLeastHeight = 480;
+constexpr int kMinHeight = 480;
 constexpr int kTreeWidth = 216;
-constexpr int kLeastTreeWidth = 144;
-constexpr int kLeastListWidth = 320;
+constexpr int kMinTreeWidth = 144;
+constexpr int kMinListWidth = 320;
 
 constexpr int kRowsPerPage = 100;
 constexpr int kManyEntries = 2000; // from so many on it is told that they are being read
@@ -64,7 +64,7 @@ FileWindow::FileWindow(const QString &folder)
     connectActions();
     connectWork();
     // The width follows from the parts, which need more in some languages than in others.
-    setMinimumHeight(DPIinfo::scaled(kLeastHeight));
+    setMinimumHeight(DPIinfo::scaled(kMinHeight));
     resize(DPIinfo::scaled(kWindowSize.width()), DPIinfo::scaled(kWindowSize.height()));
     m_table->getTable()->setFocus();
     openFolder(folder);
@@ -73,12 +73,12 @@ FileWindow::FileWindow(const QString &folder)
 void FileWindow::makeParts()
 {
     m_table = new FileTable(this);
-    m_table->setMinimumWidth(DPIinfo::scaled(kLeastListWidth));
+    m_table->setMinimumWidth(DPIinfo::scaled(kMinListWidth));
     m_actions = Actions::make(this, m_table);
     m_actions.details->setChecked(true);
     m_top = new TopBar(m_actions, this);
     m_tree = new FolderTree(this);
-    m_tree->setMinimumWidth(DPIinfo::scaled(kLeastTreeWidth));
+    m_tree->setMinimumWidth(DPIinfo::scaled(kMinTreeWidth));
     m_paging = new VemoPagingBar(&m_pages, this);
     m_paging->setObjectName("pagingBar");
     // Without a parent yet: Tab comes last to what joins the window last.

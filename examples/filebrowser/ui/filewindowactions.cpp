@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr QSize kLeastHelpSize(560, 440); // design pixels
+constexpr QSize kMinHelpSize(560, 440); // design pixels
 
 } // namespace
 
@@ -99,7 +99,7 @@ void FileWindow::showHelp()
     m_help->setObjectName("helpWindow");
     m_help->setAttribute(Qt::WA_DeleteOnClose);
     m_help->setMinimumSize(
-        DPIinfo::scaled(kLeastHelpSize.width()), DPIinfo::scaled(kLeastHelpSize.height()));
+        DPIinfo::scaled(kMinHelpSize.width()), DPIinfo::scaled(kMinHelpSize.height()));
     m_help->show();
 }
 
@@ -114,7 +114,7 @@ void FileWindow::showMenu(const QPoint &position)
         menu->addSeparator();
     }
     m_actions.paste->setEnabled(m_work->canPaste());
-    // Outside the menu the key always asks anew what there is to paste.
+    // Outside the menu, the key always checks the clipboard again.
     connect(
         menu, &QMenu::aboutToHide, m_actions.paste, [this] { m_actions.paste->setEnabled(true); },
         Qt::QueuedConnection);
