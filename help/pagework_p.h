@@ -20,7 +20,11 @@ public:
     void addHeight(qint64 pixels) { m_height += pixels; }
     /// The content of a table is laid out twice.
     void setTables(int depth) { m_tables = depth; }
-    void addText(int letters, int signs) { add(kLetter * letters + kSign * signs); }
+    /// In the narrow columns of a table, each change of script may begin a line.
+    void addText(int letters, int signs, int changes)
+    {
+        add(kLetter * letters + kSign * signs + (m_tables > 0 ? kChange * changes : 0));
+    }
     void addLines(int count) { add(kElement * count); }
     /// The text engine searches for a monospaced font again for each text.
     void addFont(uint font, bool isMonospaced);
@@ -55,6 +59,7 @@ private:
     static constexpr qint64 kLetter = 400;
     static constexpr qint64 kSign =
         4000; ///< A letter of a complex script, or of a different script than the previous one.
+    static constexpr qint64 kChange = 40000;
     static constexpr qint64 kElement = 12000;
     static constexpr qint64 kDepth = 50;
     static constexpr qint64 kSelector = 500;
@@ -118,8 +123,10 @@ public:
             : code < 0x80                    ? QChar::Script_Common
                                              : c.script();
         const bool isOther = script != m_script && script > QChar::Script_Common;
-        if (isOther)
+        if (isOther) {
             m_script = script;
+            ++m_changes;
+        }
         if (isOther || isComplex(code))
             ++m_signs;
         else
@@ -132,10 +139,10 @@ public:
     /// Adds the cost of the letters counted since the last call.
     void chargeTo(PageWork *work, bool linesCount)
     {
-        work->addText(m_letters, m_signs);
+        work->addText(m_letters, m_signs, m_changes);
         if (linesCount)
             work->addLines(m_lines);
-        m_letters = m_signs = m_lines = m_breaks = m_words = 0;
+        m_letters = m_signs = m_changes = m_lines = m_breaks = m_words = 0;
     }
     /// The maximum height in pixels of the letters counted since the last call, for the given
     /// height of a line.
@@ -163,6 +170,7 @@ private:
     QChar::Script m_script = QChar::Script_Latin;
     int m_letters = 0;
     int m_signs = 0;
+    int m_changes = 0; ///< Of script; they are among the signs.
     int m_lines = 0;
     int m_breaks = 0; ///< Line breaks that are effective in any element.
     int m_words = 0;

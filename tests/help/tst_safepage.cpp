@@ -449,6 +449,10 @@ void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage_data()
     QTest::newRow("22 tables in 371 bytes") << "<html>" + times(22, "< table><tr><td>");
     QTest::newRow("text in 12 tables")
         << "<html>" + times(12, "<table><tr><td>") + times(2000, "word ");
+    QTest::newRow("two scripts in narrow columns") << "<html><table><tr>"
+            + times(40, "<th rowspan=9>" + times(207, QString(QChar(0x5D0)) + "a"));
+    QTest::newRow("two scripts in 9 tables")
+        << "<html>" + times(9, "<table><tr><td>") + times(314, QString(QChar(0x5D0)) + "a");
     QTest::newRow("floating tables in tables") << "<html>" + times(2, "<table><tr><td>")
             + times(1000, "<table style=\"fl\\6f at:left;float:left\"><tr><td>x</table>");
     addLengthRows();
