@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/page.h"
 
+#include "gallery/wrappinglayout.h"
+
 #include <vemo/dpiinfo.h>
 
 #include <QFrame>
@@ -90,10 +92,9 @@ void Page::add(QWidget *specimen)
 
 void Page::addRow(const QList<QWidget *> &specimens)
 {
-    auto *row = newLayout<QHBoxLayout>(kGap);
+    auto *row = newLayout<WrappingLayout>(kGap);
     for (QWidget *specimen : specimens)
         row->addWidget(specimen);
-    row->addStretch();
     card()->addLayout(row);
 }
 

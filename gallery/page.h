@@ -36,7 +36,7 @@ public:
     /// Adds a specimen as wide as the card.
     void add(QWidget *specimen);
 
-    /// Adds specimens side by side, with their own widths.
+    /// Adds specimens side by side, with their own widths, in as many lines as they need.
     void addRow(const QList<QWidget *> &specimens);
 
     /// Adds specimens row by row in columns of equal width.

@@ -20,6 +20,7 @@ namespace {
 constexpr int kMinWidth = 120;
 constexpr int kMaxWidth = 640;
 constexpr int kFilterWidth = 320;
+constexpr int kNoteGap = 4; // as below every specimen
 
 const char *const kDeepPath = "home/Projects/2026/R&D/Prototypes/Paging bar/Drawings";
 
@@ -99,6 +100,7 @@ QWidget *livingFilter()
     auto *specimen = new QWidget;
     auto *layout = new QVBoxLayout(specimen);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(DPIinfo::scaled(kNoteGap));
     VemoFilterBar *bar = withMenu(filterBar(QString()));
     QLabel *keyword = note("No keyword yet");
     QObject::connect(bar, &VemoFilterBar::sigKeywordChanged, keyword,

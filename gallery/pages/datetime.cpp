@@ -26,7 +26,7 @@ constexpr int kFieldWidth = 224;
 constexpr int kTimeWidth = 200;
 constexpr int kGap = 12;
 
-constexpr int kLogLines = 6;
+constexpr int kLogLines = 3;
 constexpr int kMinutesApart = 30;
 constexpr int kRange = 10; // Days before and after today.
 
@@ -34,10 +34,7 @@ constexpr int kRange = 10; // Days before and after today.
 class SignalLog
 {
 public:
-    SignalLog() : m_label(note("No signal yet" + QString(kLogLines - 1, '\n')))
-    {
-        m_label->setAccessibleName("Signals");
-    }
+    SignalLog() : m_label(note("No signal yet")) { m_label->setAccessibleName("Signals"); }
     QLabel *label() const { return m_label; }
 
     void watch(const QString &name, VemoDateSelector *field) const
@@ -71,7 +68,7 @@ private:
         lines.prepend(name + ": " + signal);
         lines = lines.mid(0, kLogLines);
         label->setProperty("lines", lines);
-        label->setText(lines.join('\n') + QString(kLogLines - lines.size(), '\n'));
+        label->setText(lines.join('\n'));
     }
 
     QLabel *m_label;

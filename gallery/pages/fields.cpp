@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kFieldWidth = 120; // Design pixels.
+constexpr int kFieldWidth = 96; // Design pixels.
 
 VemoLineEdit *sized(VemoLineEdit *edit)
 {

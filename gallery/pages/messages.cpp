@@ -19,7 +19,7 @@ namespace {
 using Sheet = VemoMessageSheet;
 
 constexpr int kBusyTime = 3000; // Milliseconds.
-constexpr QSize kStage(420, 320);
+constexpr QSize kStage(400, 320);
 constexpr QSize kNarrowStage(270, 320);
 
 const char *const kGerman =

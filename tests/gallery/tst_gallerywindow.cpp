@@ -10,8 +10,10 @@
 #include <vemo/defaulttheme.h>
 #include <vemo/vemobutton.h>
 
+#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QAction>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -20,6 +22,8 @@
 #include <QStackedWidget>
 
 namespace {
+
+constexpr int kDesktopFontSize = 10; // points
 
 Options options(const QString &page = {})
 {
@@ -80,6 +84,10 @@ private Q_SLOTS:
     void arrowsSkipPagesThatTheSearchHides();
     void escapeEmptiesTheSearchField();
     void theClearButtonShowsBesideTextAndEmptiesIt();
+    void noPageScrollsSideways_data() { everyPageIsBuiltWithoutAWarning_data(); }
+    void noPageScrollsSideways();
+    void specimensOfARowAreInLine_data() { everyPageIsBuiltWithoutAWarning_data(); }
+    void specimensOfARowAreInLine();
     void growsUntilNothingIsCutOff_data();
     void growsUntilNothingIsCutOff();
     void codeCanBeSelected();
@@ -234,6 +242,47 @@ void GalleryWindowTest::theClearButtonShowsBesideTextAndEmptiesIt()
     clear->trigger();
     QCOMPARE(gallery.search->text(), QString());
     QVERIFY(!clear->isVisible());
+}
+
+void GalleryWindowTest::noPageScrollsSideways()
+{
+    QFETCH(QString, title);
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSize(kDesktopFontSize); // as the program does
+    QApplication::setFont(font);
+    int hidden = -1;
+    {
+        const Gallery gallery(title);
+        const auto *area = qobject_cast<QScrollArea *>(gallery.stack->currentWidget());
+        QCoreApplication::processEvents();
+        hidden = area->horizontalScrollBar()->maximum();
+    }
+    QApplication::setFont(before);
+    QCOMPARE(hidden, 0);
+}
+
+/// Of two captioned specimens that are of one height and overlap in their rows, both begin at the
+/// same height.
+void GalleryWindowTest::specimensOfARowAreInLine()
+{
+    QFETCH(QString, title);
+    const Gallery gallery(title);
+    const QWidget *page = qobject_cast<QScrollArea *>(gallery.stack->currentWidget())->widget();
+    QVector<QRect> places;
+    for (const QLineEdit *field : page->findChildren<QLineEdit *>()) {
+        if (!qobject_cast<QAbstractSpinBox *>(field->parent())
+            && !qobject_cast<QComboBox *>(field->parent()))
+            places << QRect(field->mapTo(page, QPoint(0, 0)), field->size());
+    }
+    for (const QRect &one : qAsConst(places)) {
+        for (const QRect &other : qAsConst(places)) {
+            const bool areOfOneRow =
+                one.height() == other.height() && qAbs(one.top() - other.top()) < one.height();
+            QVERIFY2(!areOfOneRow || one.top() == other.top(),
+                qPrintable(QString("%1 and %2").arg(one.top()).arg(other.top())));
+        }
+    }
 }
 
 void GalleryWindowTest::growsUntilNothingIsCutOff_data()
