@@ -2,6 +2,8 @@
 #include "sheets/messagelabel_p.h"
 
 #include <QEvent>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 
 void MessageLabel::fit()
 {
@@ -45,6 +47,16 @@ void MessageLabel::changeEvent(QEvent *event)
     QLabel::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         m_fittedWidth = -1;
+}
+
+void MessageLabel::paintEvent(QPaintEvent *event)
+{
+    QLabel::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect ring;
+    ring.initFrom(this);
+    QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, ring);
 }
 
 void MessageLabel::resizeEvent(QResizeEvent *event)

@@ -28,6 +28,8 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    /// With the focus rectangle of the style, which a QLabel leaves out.
+    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

@@ -17,6 +17,7 @@ constexpr int kGroove = 4;
 constexpr int kGap = 2;
 constexpr int kNotch = 3;
 constexpr int kMinTickDistance = 3;
+constexpr int kFocusRing = 4; // a thinner one hardly differs from the frame at rest
 
 // Screen pixels: Qt reserves five for ticks at every factor.
 constexpr int kTick = 4;
@@ -50,7 +51,7 @@ HandleLook handleLook(const QStyleOptionSlider &option, QStyle::SubControl part)
     const int fine = qMax(1, scaled(1));
     if (!(option.state & QStyle::State_Enabled))
         return {colour("line"), colour("hover"), fine};
-    const int width = option.state & QStyle::State_HasFocus ? scaled(2) : fine;
+    const int width = option.state & QStyle::State_HasFocus ? scaled(kFocusRing) : fine;
     if ((option.state & QStyle::State_Sunken) && isOver(option, part))
         return {colour("accent-pressed"), colour("selection"), width};
     if ((option.state & QStyle::State_MouseOver) && isOver(option, part))

@@ -34,6 +34,12 @@ void drawHighlight(QPainter *painter, QRect row, const QColor &color)
     painter->restore();
 }
 
+bool isMenuKey(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Menu
+        || (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
+
 /// The rows in which at least one column is selected.
 class TouchedRows
 {
@@ -151,7 +157,11 @@ void VemoTreeWidget::mousePressEvent(QMouseEvent *event)
 void VemoTreeWidget::keyPressEvent(QKeyEvent *event)
 {
     const QPointer<VemoTreeWidget> self(this);
+    // A slot may change the event, or delete the tree.
+    const bool asksForMenu = isMenuKey(*event);
     Q_EMIT sigKeyPressEvent(event);
+    if (self && asksForMenu)
+        Q_EMIT sigMenuKeyEvent(currentItem(), menuPosition());
     if (self)
         QTreeWidget::keyPressEvent(event);
 }
@@ -204,6 +214,15 @@ void VemoTreeWidget::drawRow(
             row.state &= ~QStyle::State_Enabled;
     }
     QTreeView::drawRow(painter, row, index);
+}
+
+/// Of the menu of the current item: where its row ends, at the side where it begins.
+QPoint VemoTreeWidget::menuPosition() const
+{
+    if (!currentItem())
+        return {};
+    const QRect row = visualItemRect(currentItem()) & viewport()->rect();
+    return isRightToLeft() ? row.bottomRight() : row.bottomLeft();
 }
 
 bool VemoTreeWidget::isSelected(const QModelIndex &index) const

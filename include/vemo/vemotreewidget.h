@@ -57,6 +57,10 @@ Q_SIGNALS:
     /// Emitted when the user presses the right button anywhere on the tree, before the tree handles
     /// it.
     void sigMouseRightClickEvent(QMouseEvent *event);
+    /// The user asked for a menu by the keyboard, with the Menu key or Shift+F10; after
+    /// sigKeyPressEvent() and before the tree handles the key. item is the current one, or null;
+    /// position is where its menu should open, below its text, in the viewport.
+    void sigMenuKeyEvent(QTreeWidgetItem *item, const QPoint &position);
 
 protected:
     /// Tracks the pointer, so that the highlight disappears when the pointer leaves a row.
@@ -74,6 +78,7 @@ protected:
 private:
     struct Paint;
 
+    QPoint menuPosition() const;
     bool isSelected(const QModelIndex &index) const;
     bool isHovered(const QRect &rect) const;
     void setPointer(const QPoint &pointer);

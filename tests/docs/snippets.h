@@ -88,6 +88,7 @@ public:
     void filterFrom(const QDate &) { }
     void selectDate(const QDate &) { }
     void showFolderMenu(QMouseEvent *) { }
+    void showMenuOf(QTreeWidgetItem *, const QPoint &) { }
 };
 
 /// A block of the documentation's code, named by its page and line.

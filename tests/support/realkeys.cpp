@@ -12,10 +12,11 @@ QString x11Name(Qt::Key key)
 {
     static const QHash<Qt::Key, QString> names {{Qt::Key_Backtab, "Tab"}, {Qt::Key_Down, "Down"},
         {Qt::Key_Delete, "Delete"}, {Qt::Key_End, "End"}, {Qt::Key_Enter, "KP_Enter"},
-        {Qt::Key_Escape, "Escape"}, {Qt::Key_F4, "F4"}, {Qt::Key_Home, "Home"},
-        {Qt::Key_Left, "Left"}, {Qt::Key_PageDown, "Next"}, {Qt::Key_PageUp, "Prior"},
-        {Qt::Key_Return, "Return"}, {Qt::Key_Right, "Right"}, {Qt::Key_Space, "space"},
-        {Qt::Key_Tab, "Tab"}, {Qt::Key_Up, "Up"}};
+        {Qt::Key_Escape, "Escape"}, {Qt::Key_F4, "F4"}, {Qt::Key_F10, "F10"},
+        {Qt::Key_Home, "Home"}, {Qt::Key_Left, "Left"}, {Qt::Key_Menu, "Menu"},
+        {Qt::Key_PageDown, "Next"}, {Qt::Key_PageUp, "Prior"}, {Qt::Key_Return, "Return"},
+        {Qt::Key_Right, "Right"}, {Qt::Key_Space, "space"}, {Qt::Key_Tab, "Tab"},
+        {Qt::Key_Up, "Up"}};
     if (key >= Qt::Key_A && key <= Qt::Key_Z)
         return QString(QChar(key)).toLower();
     if (key >= Qt::Key_0 && key <= Qt::Key_9)

@@ -2,8 +2,11 @@
 #include <vemo/vemotreewidget.h>
 
 #include "core/scaling_p.h"
+#include "support/realkeys.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
+
+#include <vemo/stylemanager.h>
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -67,6 +70,7 @@ struct Chain
 
 Q_DECLARE_METATYPE(QTreeWidgetItem *)
 Q_DECLARE_METATYPE(Qt::MouseButton)
+Q_DECLARE_METATYPE(Qt::Key)
 
 class TreeEventsTest : public VemoTest
 {
@@ -78,6 +82,12 @@ private Q_SLOTS:
     void tellsOfARightClickBeforeItHandlesIt();
     void tellsOfNoOtherClick_data();
     void tellsOfNoOtherClick();
+    void tellsOfTheMenuKeys_data();
+    void tellsOfTheMenuKeys();
+    void opensTheMenuWhereTheRowBegins_data();
+    void opensTheMenuWhereTheRowBegins();
+    void mirrorsItsClosedBranch_data();
+    void mirrorsItsClosedBranch();
     void makesTheFirstItemCurrentOnFocus();
     void makesTheCurrentItemCurrentOnceMoreOnFocus();
     void takesTheFocusWithoutAnyItem();
@@ -153,6 +163,122 @@ void TreeEventsTest::tellsOfNoOtherClick()
     QCOMPARE(clicks.size(), 0);
 }
 
+void TreeEventsTest::tellsOfTheMenuKeys_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<int>("times");
+    const Qt::KeyboardModifiers none = Qt::NoModifier;
+    QTest::newRow("Menu") << Qt::Key_Menu << none << 1;
+    QTest::newRow("Shift+F10") << Qt::Key_F10 << Qt::KeyboardModifiers(Qt::ShiftModifier) << 1;
+    QTest::newRow("F10") << Qt::Key_F10 << none << 0;
+    QTest::newRow("Ctrl+Shift+F10")
+        << Qt::Key_F10 << (Qt::ShiftModifier | Qt::ControlModifier) << 0;
+    QTest::newRow("Return") << Qt::Key_Return << none << 0;
+}
+
+void TreeEventsTest::tellsOfTheMenuKeys()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(int, times);
+    Tree tree;
+    tree.show();
+    tree.widget.setCurrentItem(tree.item(1));
+    tree.widget.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&tree.widget));
+    tree.widget.setFocus();
+    QList<int> keys;
+    connect(&tree.widget, &VemoTreeWidget::sigKeyPressEvent, this,
+        [&](QKeyEvent *event) { keys << event->key(); });
+    QList<QTreeWidgetItem *> items;
+    connect(&tree.widget, &VemoTreeWidget::sigMenuKeyEvent, this,
+        [&](QTreeWidgetItem *item, const QPoint &) {
+            QCOMPARE(keys.last(), int(key));
+            items << item;
+        });
+    pressRealKey(key, modifiers);
+    QTRY_VERIFY(keys.contains(key));
+    QCOMPARE(items.size(), times);
+    QCOMPARE(items.count(tree.item(1)), times);
+}
+
+void TreeEventsTest::opensTheMenuWhereTheRowBegins_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<int>("row");
+    for (const int row : {-1, 0, 2}) {
+        QTest::addRow("row %d", row) << Qt::LeftToRight << row;
+        QTest::addRow("row %d, right to left", row) << Qt::RightToLeft << row;
+    }
+}
+
+void TreeEventsTest::opensTheMenuWhereTheRowBegins()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    QFETCH(int, row);
+    Tree tree;
+    tree.widget.setLayoutDirection(direction);
+    tree.show();
+    tree.widget.setCurrentItem(row < 0 ? nullptr : tree.item(row));
+    QPoint position(-1, -1);
+    connect(&tree.widget, &VemoTreeWidget::sigMenuKeyEvent, this,
+        [&](QTreeWidgetItem *, const QPoint &place) { position = place; });
+    QTest::keyClick(&tree.widget, Qt::Key_Menu);
+    const QRect rect = row < 0 ? QRect(0, 0, 1, 1) : tree.widget.visualItemRect(tree.item(row));
+    QCOMPARE(
+        position, direction == Qt::LeftToRight || row < 0 ? rect.bottomLeft() : rect.bottomRight());
+}
+
+namespace {
+
+/// The row in which a picture's ink reaches farthest to a side: of an arrow, that of its tip.
+int tipRow(const QImage &picture, bool isAtRight)
+{
+    int farthest = isAtRight ? 0 : picture.width();
+    int row = -1;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const bool isFarther = isAtRight ? x > farthest : x < farthest;
+            if (qGray(picture.pixel(x, y)) < 190 && isFarther) {
+                farthest = x;
+                row = y;
+            }
+        }
+    }
+    return row;
+}
+
+} // namespace
+
+void TreeEventsTest::mirrorsItsClosedBranch_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+}
+
+void TreeEventsTest::mirrorsItsClosedBranch()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    Tree tree;
+    for (int row = 0; row < 3; ++row)
+        tree.item(row)->addChild(new QTreeWidgetItem(QStringList("child")));
+    tree.widget.setLayoutDirection(direction);
+    tree.widget.setStyleSheet(getStyleSheet("component.tree"));
+    tree.widget.setBackgroundColor(Qt::white, Qt::white);
+    tree.widget.move(100, 100);
+    QCursor::setPos(0, 0);
+    tree.show();
+    const bool isMirrored = direction == Qt::RightToLeft;
+    const int width = tree.widget.indentation();
+    const QRect row = tree.widget.visualItemRect(tree.item(1));
+    const int left = isMirrored ? tree.widget.viewport()->width() - width : 0;
+    const QImage branch =
+        tree.widget.viewport()->grab({left, row.top(), width, row.height()}).toImage();
+    QVERIFY(qAbs(tipRow(branch, !isMirrored) - branch.height() / 2) <= 2);
+}
+
 void TreeEventsTest::makesTheFirstItemCurrentOnFocus()
 {
     Tree tree;
@@ -225,6 +351,7 @@ void TreeEventsTest::survivesItsDeletionInASlot_data()
 {
     QTest::addColumn<QString>("signal");
     QTest::newRow("key") << "key";
+    QTest::newRow("menu key") << "menu";
     QTest::newRow("right click") << "click";
     QTest::newRow("focus") << "focus";
 }
@@ -237,10 +364,12 @@ void TreeEventsTest::survivesItsDeletionInASlot()
     tree->setCurrentItem(item);
     tree->show();
     const QPointer<VemoTreeWidget> guard(tree);
-    connect(tree, &VemoTreeWidget::sigKeyPressEvent, qApp, [tree] { delete tree; });
+    if (signal == "key")
+        connect(tree, &VemoTreeWidget::sigKeyPressEvent, qApp, [tree] { delete tree; });
+    connect(tree, &VemoTreeWidget::sigMenuKeyEvent, qApp, [tree] { delete tree; });
     connect(tree, &VemoTreeWidget::sigMouseRightClickEvent, qApp, [tree] { delete tree; });
-    if (signal == "key") {
-        QTest::keyPress(tree, Qt::Key_A);
+    if (signal == "key" || signal == "menu") {
+        QTest::keyPress(tree, Qt::Key_Menu);
     } else if (signal == "click") {
         QTest::mousePress(tree->viewport(), Qt::RightButton);
     } else {

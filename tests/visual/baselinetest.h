@@ -34,7 +34,8 @@ void addPartStates(Looks &looks, const QString &name, const NewWidget &make, con
 /// Base of the tests that compare the look of widgets with pictures in baselines/FACTOR/. If the
 /// environment contains VEMO_UPDATE_BASELINES, they store pictures that differ instead: see
 /// scripts/update-baselines. If it contains VEMO_STYLE_STOCK, stock widgets are styled, which must
-/// not change the pictures of ours.
+/// not change the pictures of ours. If it contains VEMO_MIRRORED, everything is laid out from right
+/// to left, which must give the mirror image of the stored pictures except for texts and drawings.
 class BaselineTest : public VemoTest
 {
     Q_OBJECT
