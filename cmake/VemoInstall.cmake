@@ -28,6 +28,10 @@ install(FILES ${VEMO_HEADERS} ${VEMO_FORWARDING_HEADERS}
 install(DIRECTORY "${VEMO_THEME_FOLDER}/" "${VEMO_THEME_DRAWINGS}"
   DESTINATION ${dataDir}/theme COMPONENT Development)
 install(FILES theme/README.md DESTINATION ${dataDir}/theme COMPONENT Development)
+if(VEMO_DARK_THEME)
+  install(DIRECTORY "${VEMO_DARK_THEME_FOLDER}/" "${VEMO_DARK_THEME_DRAWINGS}"
+    DESTINATION ${dataDir}/theme-dark COMPONENT Development)
+endif()
 
 # CMake
 install(EXPORT VemoWidgetsTargets NAMESPACE Vemo:: DESTINATION ${packageDir} COMPONENT Development)

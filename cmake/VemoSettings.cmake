@@ -9,6 +9,7 @@ elseif(NOT DEFINED BUILD_SHARED_LIBS)
   set(BUILD_SHARED_LIBS ON)
 endif()
 option(VEMO_INSTALL "Install the library" ${PROJECT_IS_TOP_LEVEL})
+option(VEMO_DARK_THEME "Embed the dark twin of the default theme" ON)
 option(VEMO_BUILD_GALLERY "Build the gallery" ${PROJECT_IS_TOP_LEVEL})
 option(VEMO_BUILD_EXAMPLES "Build the examples" ${PROJECT_IS_TOP_LEVEL})
 # A plug-in with a static copy of the library would initialise it in addition to the application's copy.

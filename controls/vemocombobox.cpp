@@ -14,6 +14,8 @@
 #include <QStyledItemDelegate>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
 constexpr double kSidePadding = 6.0; // Design pixels.
@@ -27,12 +29,17 @@ QString paddingRules()
     return QStringLiteral("padding-left: %1px; \npadding-right: %1px;").arg(width);
 }
 
-/// Deliberate: the same colour in every theme.
-const QLatin1String kBorder("border: 1px solid #C8D2DC;");
+/// Deliberate: this colour in every theme that names no other.
+QString borderRule()
+{
+    const QColor named = StyleManager::getInstance().getColor(QStringLiteral("combo-border"), {});
+    return QStringLiteral("border: 1px solid %1;")
+        .arg(named.isValid() ? named.name() : QStringLiteral("#C8D2DC"));
+}
 
 QString comboBoxStyle()
 {
-    const QString box = getStyleSheet("component.combobox").arg(paddingRules()).arg(kBorder);
+    const QString box = getStyleSheet("component.combobox").arg(paddingRules()).arg(borderRule());
     return box + getStyleSheet("component.scrollbar");
 }
 
@@ -113,11 +120,11 @@ public:
 
 } // namespace
 
-VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent)
+VemoComboBox::VemoComboBox(QWidget *parent) : QComboBox(parent), m_theme_style(comboBoxStyle())
 {
     announceByGivenName<VemoComboBox>();
     speakToolTip(this);
-    setStyleSheet(comboBoxStyle());
+    setStyleSheet(m_theme_style);
     // Qt's own delegate draws rows without the style sheet.
     auto *delegate = new QStyledItemDelegate;
     view()->setItemDelegate(delegate);
@@ -143,4 +150,14 @@ void VemoComboBox::showPopup()
     auto *popup = findChild<QFrame *>();
     if (popup)
         placeBelow(*this, popup);
+}
+
+void VemoComboBox::customEvent(QEvent *event)
+{
+    if (event->type() == StyleManager::reloadEvent()) {
+        // Not the section as it is in the file: its gaps are filled.
+        const QString before = std::exchange(m_theme_style, comboBoxStyle());
+        setStyleSheet(styleSheet().replace(before, m_theme_style));
+    }
+    QComboBox::customEvent(event);
 }

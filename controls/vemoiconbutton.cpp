@@ -112,18 +112,25 @@ VemoIconButton::VemoIconButton(QWidget *parent) : QToolButton(parent)
 
 void VemoIconButton::setAllIcon(const QString &name)
 {
-    const QPixmap normal = getGlobalImage(name);
+    m_name = name;
+    loadPictures();
+    setIcon(m_defaultIcon);
+}
+
+void VemoIconButton::loadPictures()
+{
+    const QPixmap normal = getGlobalImage(m_name);
     m_defaultIcon = normal;
-    m_hoverIcon = getGlobalImage(name, ImageManager::HOVER);
-    m_pressIcon = getGlobalImage(name, ImageManager::CLICK);
-    const QPixmap disabled = getGlobalImage(name, ImageManager::DISABLE);
+    m_hoverIcon = getGlobalImage(m_name, ImageManager::HOVER);
+    m_pressIcon = getGlobalImage(m_name, ImageManager::CLICK);
+    const QPixmap disabled = getGlobalImage(m_name, ImageManager::DISABLE);
     m_disableIcon = disabled.cacheKey() == normal.cacheKey() ? m_defaultIcon : asDrawn(disabled);
     m_iconSize = normal.size() / DPIinfo::getInstance().getDPR();
-    setIcon(m_defaultIcon);
 }
 
 void VemoIconButton::setDefaultIcon(const QPixmap &picture)
 {
+    m_name.clear();
     m_defaultIcon = m_hoverIcon = m_pressIcon = m_disableIcon = picture;
     m_iconSize = picture.size() / DPIinfo::getInstance().getDPR();
     applyNormalStyle();
@@ -131,16 +138,19 @@ void VemoIconButton::setDefaultIcon(const QPixmap &picture)
 
 void VemoIconButton::setHoverIcon(const QPixmap &picture)
 {
+    m_name.clear();
     m_hoverIcon = picture;
 }
 
 void VemoIconButton::setPressIcon(const QPixmap &picture)
 {
+    m_name.clear();
     m_pressIcon = picture;
 }
 
 void VemoIconButton::setDisableIcon(const QPixmap &picture)
 {
+    m_name.clear();
     m_disableIcon = asDrawn(picture);
 }
 
@@ -201,6 +211,25 @@ void VemoIconButton::changeEvent(QEvent *event)
     if (event->type() == QEvent::EnabledChange)
         applyEnabledStyle();
     QToolButton::changeEvent(event);
+}
+
+void VemoIconButton::customEvent(QEvent *event)
+{
+    if (event->type() == StyleManager::reloadEvent() && !m_name.isEmpty()) {
+        const qint64 shown = icon().cacheKey();
+        const QIcon *const shownIcon = [&]() -> const QIcon * {
+            for (const QIcon *each : {&m_defaultIcon, &m_hoverIcon, &m_pressIcon, &m_disableIcon}) {
+                if (each->cacheKey() == shown)
+                    return each;
+            }
+            return nullptr;
+        }();
+        loadPictures();
+        // One that the host has set itself stays.
+        if (shownIcon)
+            showIcon(*shownIcon);
+    }
+    QToolButton::customEvent(event);
 }
 
 void VemoIconButton::initialize()

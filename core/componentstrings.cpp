@@ -3,6 +3,9 @@
 
 #include "core/logging_p.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 ComponentStrings &ComponentStrings::getInstance()
 {
     static ComponentStrings instance;
@@ -12,6 +15,13 @@ ComponentStrings &ComponentStrings::getInstance()
 void ComponentStrings::installStrings(const QMap<QString, QString> &strings)
 {
     m_strings = strings;
+}
+
+void ComponentStrings::changeStrings(const QMap<QString, QString> &strings)
+{
+    installStrings(strings);
+    QEvent event(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(QCoreApplication::instance(), &event);
 }
 
 QString ComponentStrings::getString(const QString &key) const

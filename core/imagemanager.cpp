@@ -118,6 +118,17 @@ QPixmap ImageManager::getImage(const QString &name, ImageType type)
     return found->pixmaps[state];
 }
 
+bool ImageManager::hasImage(const QString &name, ImageType type)
+{
+    const auto found = m_images.find(name);
+    if (found == m_images.end())
+        return false;
+    if (m_initType == LAZY_LOAD && !found->loaded)
+        lazyLoad(name);
+    const auto state = static_cast<size_t>(type);
+    return state < kStates && !found->pixmaps[state].isNull();
+}
+
 const QString &ImageManager::getImageFolder() const
 {
     return initialized(m_imageFolder);

@@ -31,8 +31,8 @@ constexpr int kWeekdayHeight = 30;
 
 constexpr int kColumnWidth = 30; // Screen pixels: deliberately not scaled.
 constexpr int kDaysOfWeek = 7;
-constexpr Qt::GlobalColor kWeekendInk =
-    Qt::black; // Deliberate: black in every theme, not Qt's red.
+// Deliberate: not Qt's red, in every theme that names no other.
+constexpr Qt::GlobalColor kWeekendInk = Qt::black;
 constexpr int kShortMonth = 3; // Characters, in every language.
 
 constexpr auto kPrevious = "qt_calendar_prevmonth";
@@ -133,7 +133,7 @@ VemoCalanderView::VemoCalanderView(QWidget *parent) : QAbstractItemView(parent)
 {
     makeCalendarsAccessible();
     auto *layout = new QVBoxLayout(this);
-    auto *today = new VemoButton(text("today"), VemoButton::CANCEL);
+    auto *today = new VemoButton(taken("today"), VemoButton::CANCEL);
     today->setFixedHeight(scaled(kTodayHeight));
     m_calendar = new DayCalendar(this);
     today->setObjectName(QLatin1String(kToday));
@@ -142,7 +142,7 @@ VemoCalanderView::VemoCalanderView(QWidget *parent) : QAbstractItemView(parent)
 
     setSelectionMode(NoSelection);
     setUpCalendar();
-    setAccessibleName(text("accessible_calendar"));
+    setAccessibleName(taken("accessible_calendar"));
     handleNavigationBar();
     handleWeekdayHeader();
     handleTabOrder();
@@ -307,10 +307,67 @@ void VemoCalanderView::setUpCalendar()
     m_calendar->setFirstDayOfWeek(Qt::Sunday);
     m_calendar->setHorizontalHeaderFormat(QCalendarWidget::NoHorizontalHeader);
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    setWeekendInk();
+}
+
+void VemoCalanderView::setWeekendInk()
+{
+    m_weekend_ink =
+        StyleManager::getInstance().getColor(QStringLiteral("weekend-ink"), kWeekendInk);
     QTextCharFormat weekend = m_calendar->weekdayTextFormat(Qt::Saturday);
-    weekend.setForeground(QBrush(kWeekendInk, Qt::SolidPattern));
+    weekend.setForeground(QBrush(m_weekend_ink, Qt::SolidPattern));
     m_calendar->setWeekdayTextFormat(Qt::Saturday, weekend);
     m_calendar->setWeekdayTextFormat(Qt::Sunday, weekend);
+}
+
+/// The text under key; remembered, to tell it from one of the host's own.
+QString VemoCalanderView::taken(const char *key)
+{
+    return m_texts[QLatin1String(key)] = text(key);
+}
+
+void VemoCalanderView::translate()
+{
+    const auto changeName = [this](const char *key, const QList<QWidget *> &widgets) {
+        const QString before = m_texts.value(QLatin1String(key));
+        const QString now = taken(key);
+        for (QWidget *widget : widgets) {
+            if (widget->accessibleName() == before)
+                widget->setAccessibleName(now);
+        }
+    };
+    changeName("accessible_calendar",
+        {this, part<QWidget>(this, kGrid), part<QWidget>(this, kYearEdit)});
+    changeName("accessible_calendar_prev_month", {part<QWidget>(this, kPrevious)});
+    changeName("accessible_calendar_next_month", {part<QWidget>(this, kNext)});
+    auto *today = part<VemoButton>(this, kToday);
+    const bool isTodayOurs = today->text() == m_texts.value(QStringLiteral("today"));
+    const QString todayText = taken("today");
+    if (isTodayOurs)
+        today->setText(todayText);
+    showMonthNames();
+    showMonthName(m_calendar->monthShown());
+    showWeekdays();
+}
+
+void VemoCalanderView::changeEvent(QEvent *event)
+{
+    QAbstractItemView::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        translate();
+}
+
+void VemoCalanderView::customEvent(QEvent *event)
+{
+    if (event->type() == StyleManager::reloadEvent()) {
+        setPicture(part<QToolButton>(this, kPrevious), "bt_pagebar_backend");
+        setPicture(part<QToolButton>(this, kNext), "bt_pagebar_nextend");
+        const QTextCharFormat weekend = m_calendar->weekdayTextFormat(Qt::Saturday);
+        // A format of the host's own stays.
+        if (weekend.foreground().color() == m_weekend_ink)
+            setWeekendInk();
+    }
+    QAbstractItemView::customEvent(event);
 }
 
 void VemoCalanderView::handleNavigationBar()
@@ -320,8 +377,8 @@ void VemoCalanderView::handleNavigationBar()
     for (QToolButton *button :
         {previous, next, part<QToolButton>(this, kMonth), part<QToolButton>(this, kYear)})
         button->setFocusPolicy(Qt::StrongFocus);
-    previous->setAccessibleName(text("accessible_calendar_prev_month"));
-    next->setAccessibleName(text("accessible_calendar_next_month"));
+    previous->setAccessibleName(taken("accessible_calendar_prev_month"));
+    next->setAccessibleName(taken("accessible_calendar_next_month"));
     setPicture(previous, "bt_pagebar_backend");
     setPicture(next, "bt_pagebar_nextend");
     for (QToolButton *button : {previous, next})
@@ -338,13 +395,18 @@ void VemoCalanderView::handleNavigationBar()
 
 void VemoCalanderView::handleMonthMenu()
 {
-    auto *button = part<QToolButton>(this, kMonth);
+    showMonthNames();
+    showMonthName(QDate::currentDate().month());
+}
+
+void VemoCalanderView::showMonthNames()
+{
+    m_month_names.clear();
     for (const char *key : kMonthKeys)
         m_month_names += text(key);
-    const QList<QAction *> entries = button->menu()->actions();
+    const QList<QAction *> entries = part<QToolButton>(this, kMonth)->menu()->actions();
     for (QAction *action : entries)
         action->setText(m_month_names.value(action->data().toInt() - 1).left(kShortMonth));
-    showMonthName(QDate::currentDate().month());
 }
 
 void VemoCalanderView::handleWeekdayHeader()
@@ -360,12 +422,11 @@ void VemoCalanderView::handleWeekdayHeader()
     m_weekday_header->verticalHeader()->hide();
     m_weekday_header->insertRow(0);
     for (int column = 0; column < kDaysOfWeek; ++column) {
-        const QString name = text(kWeekdayKeys[column]);
-        auto *item = new QTableWidgetItem(name.mid(0, 1));
-        item->setData(Qt::AccessibleTextRole, name);
+        auto *item = new QTableWidgetItem;
         item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
         m_weekday_header->setItem(0, column, item);
     }
+    showWeekdays();
     m_weekday_header->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_weekday_header->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     m_weekday_header->setEditTriggers(NoEditTriggers);
@@ -384,6 +445,16 @@ void VemoCalanderView::handleWeekdayHeader()
     // Last, and the header after the table: once in place, each is styled only once.
     m_weekday_header->setStyleSheet(style);
     m_weekday_header->horizontalHeader()->setStyleSheet(headerStyle);
+}
+
+void VemoCalanderView::showWeekdays()
+{
+    for (int column = 0; column < kDaysOfWeek; ++column) {
+        const QString name = text(kWeekdayKeys[column]);
+        QTableWidgetItem *item = m_weekday_header->item(0, column);
+        item->setText(name.mid(0, 1));
+        item->setData(Qt::AccessibleTextRole, name);
+    }
 }
 
 void VemoCalanderView::handleTabOrder()

@@ -134,6 +134,9 @@ void VemoMessageSheetPrivate::fitLater()
 
 bool VemoMessageSheetPrivate::eventFilter(QObject *watched, QEvent *event)
 {
+    // The box would give its buttons Qt's own captions.
+    if (watched == buttonBox && event->type() == QEvent::LanguageChange)
+        return true;
     const bool isReordered = watched == buttonBox && event->type() == QEvent::StyleChange
         && buttonBox->orientation() == Qt::Vertical;
     if (!isReordered)

@@ -21,7 +21,7 @@ struct MaskedSheet
     {
         QWidget *parent = sheet->parentWidget();
         if (parent && !qobject_cast<VemoMask *>(parent))
-            VemoMask::createMask(sheet, parent->window(), kShade);
+            VemoMask::createMask(sheet, parent->window(), maskShade());
         return sheet->parentWidget();
     }
 

@@ -9,7 +9,22 @@
 #include <QColor>
 #include <QPushButton>
 
-const QColor kShade(0, 0, 0, 20); // Of a mask that the library lays itself.
+#include <utility>
+
+/// Of a mask that the library lays itself.
+inline QColor maskShade()
+{
+    return StyleManager::getInstance().getColor(QStringLiteral("mask"), QColor(0, 0, 0, 20));
+}
+
+/// For another language: gives the button text instead of shown, unless it has a caption of the
+/// host's own.
+inline void changeCaption(QPushButton *button, QString &shown, const QString &text)
+{
+    const QString before = std::exchange(shown, text);
+    if (button && button->text() == before)
+        button->setText(text);
+}
 
 /// Sets the caption and the style of a sheet's button.
 inline void dressButton(QPushButton *button, const QString &caption, const char *styleKey)

@@ -61,6 +61,10 @@ public:
     bool begin(bool greysCloseItem);
     /// The keys that confirm: OK, or the focused button where that takes them.
     void confirm(int key) const;
+    /// After another language was chosen: captions of the host's own stay.
+    void translate();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
     VemoInputSheet *q;
     MessageLabel *label; ///< the prompt
@@ -73,6 +77,9 @@ public:
 private:
     void dressButtons();
     void takeSize();
+
+    QString okText;
+    QString cancelText;
 };
 
 VemoInputSheetPrivate::VemoInputSheetPrivate(VemoInputSheet *sheet)
@@ -92,17 +99,34 @@ void VemoInputSheetPrivate::dressButtons()
 {
     // This order puts Discard before Ok, as in a message.
     buttonBox->setStyle(buttonBoxStyle(QDialogButtonBox::GnomeLayout));
+    buttonBox->installEventFilter(this);
     // Deliberate: the cancel button is Discard, as in a message.
     buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Discard);
     QPushButton *ok = buttonBox->button(QDialogButtonBox::Ok);
     QPushButton *cancel = buttonBox->button(QDialogButtonBox::Discard);
-    dressButton(ok, stringOf("ok"), "component.apply_button");
+    okText = stringOf("ok");
+    cancelText = stringOf("cancel");
+    dressButton(ok, okText, "component.apply_button");
     ok->setDefault(true);
-    dressButton(cancel, stringOf("cancel"), "component.cancel_button");
+    dressButton(cancel, cancelText, "component.cancel_button");
     setButtonSize(ok);
     setButtonSize(cancel);
     // Shift+Tab wraps to the last child.
     ok->raise();
+}
+
+bool VemoInputSheetPrivate::eventFilter(QObject *watched, QEvent *event)
+{
+    // The box would give its buttons Qt's own captions.
+    return (watched == buttonBox && event->type() == QEvent::LanguageChange)
+        || QObject::eventFilter(watched, event);
+}
+
+void VemoInputSheetPrivate::translate()
+{
+    changeCaption(buttonBox->button(QDialogButtonBox::Ok), okText, stringOf("ok"));
+    changeCaption(buttonBox->button(QDialogButtonBox::Discard), cancelText, stringOf("cancel"));
+    fitLater();
 }
 
 void VemoInputSheetPrivate::changeText(const QString &text)
@@ -324,6 +348,8 @@ void VemoInputSheet::changeEvent(QEvent *event)
     VemoSheet::changeEvent(event);
     if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
         m_d->fitLater();
+    if (event->type() == QEvent::LanguageChange)
+        m_d->translate();
 }
 
 void VemoInputSheet::showEvent(QShowEvent *event)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemomask.h>
 
+#include "sheets/sheetparts_p.h"
+
 #include <vemo/vemosheet.h>
 
 #include <QChildEvent>
@@ -11,8 +13,6 @@
 #include <QVector>
 
 namespace {
-
-constexpr int kDefaultAlpha = 20;
 
 bool canCover(const QWidget *widget, const QWidget *parent)
 {
@@ -202,7 +202,17 @@ public:
         q->hide();
     }
 
-    QColor color = QColor(0, 0, 0, kDefaultAlpha);
+    /// Takes the shade of a reloaded theme, if this mask had that of the last one.
+    void changeShade()
+    {
+        if (!isShade)
+            return;
+        color = maskShade();
+        fillWindow();
+    }
+
+    QColor color;
+    bool isShade = false; ///< the theme's, not a colour of the host's own
     VemoMask *q;
     QWidget *widget = nullptr; ///< may be deleted before us, so do not dereference it then
 
@@ -226,6 +236,7 @@ VemoMask::VemoMask(QWidget *widget, QWidget *parent, const QColor &color)
     : QFrame(parent), m_d(new VemoMaskPrivate(this))
 {
     m_d->color = color;
+    m_d->isShade = color == maskShade();
     m_d->fillWindow();
     m_d->carry(widget);
     resize();
@@ -252,4 +263,11 @@ bool VemoMask::eventFilter(QObject *watched, QEvent *event)
     else if (watched == m_d->widget && event->type() == QEvent::HideToParent)
         m_d->uncover();
     return false;
+}
+
+void VemoMask::customEvent(QEvent *event)
+{
+    if (event->type() == StyleManager::reloadEvent())
+        m_d->changeShade();
+    QFrame::customEvent(event);
 }

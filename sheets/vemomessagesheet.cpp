@@ -6,6 +6,7 @@
 #include "sheets/vemomessagesheet_p.h"
 
 #include <vemo/clickablelabel.h>
+#include <vemo/stylemanager.h>
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -183,6 +184,15 @@ void VemoMessageSheet::changeEvent(QEvent *event)
     VemoSheet::changeEvent(event);
     if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
         m_d->fitLater();
+    if (event->type() == QEvent::LanguageChange)
+        m_d->translate();
+}
+
+void VemoMessageSheet::customEvent(QEvent *event)
+{
+    if (event->type() == StyleManager::reloadEvent())
+        m_d->reloadTypeIcon();
+    VemoSheet::customEvent(event);
 }
 
 bool VemoMessageSheet::focusNextPrevChild(bool next)

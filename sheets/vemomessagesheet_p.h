@@ -7,6 +7,7 @@
 
 #include <vemo/vemomessagesheet.h>
 
+#include <QMap>
 #include <QPointer>
 
 #include <initializer_list>
@@ -45,6 +46,10 @@ public:
     void rebuild();
 
     void showMovie(const QString &path);
+    /// After another theme was loaded.
+    void reloadTypeIcon();
+    /// After another language was chosen: captions of the host's own stay.
+    void translate();
     void changeText(const QString &text);
     void changeInformativeText(const QString &text, const QString &styleSheet);
 
@@ -86,7 +91,13 @@ public:
     QPointer<QMovie> movie; ///< not owned: it has no parent, and the host may delete it at any time
 
 private:
+    QString typeCaption(QDialogButtonBox::StandardButton which) const;
+
+    QMap<QDialogButtonBox::StandardButton, QString> shownCaptions; ///< without those of the host
+    qint64 typePictureKey = 0; ///< of the picture of the type that was last shown
+
     void showTypeIcon();
+    void showTypePicture(const QPixmap &picture);
     void dressButtons(const MsgBoxCustomBtnText &captions);
     void dressConfirmRow();
     void removeConfirmRow();

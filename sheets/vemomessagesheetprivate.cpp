@@ -59,10 +59,9 @@ const TypeLook &lookOf(int type)
     return isKnown ? kLooks[type] : kUnknownLook;
 }
 
-QString captionOf(const QString &custom, const char *key)
+QString textOf(const char *key)
 {
-    return custom.isEmpty() ? ComponentStrings::getInstance().getString(QLatin1String(key))
-                            : custom;
+    return ComponentStrings::getInstance().getString(QLatin1String(key));
 }
 
 void discard(QWidget *widget)
@@ -93,7 +92,7 @@ VemoMessageSheet *VemoMessageSheetPrivate::newMaskedSheet(VemoMessageSheet::Mess
     QWidget *parent, bool showIcon)
 {
     auto *sheet = new VemoMessageSheet(parent, type, showIcon);
-    VemoMask::createMask(sheet, parent->window(), kShade);
+    VemoMask::createMask(sheet, parent->window(), maskShade());
     sheet->m_d->build(captions, text, informativeText, parent);
     return sheet;
 }
@@ -135,33 +134,69 @@ void VemoMessageSheetPrivate::showTypeIcon()
 {
     const TypeLook &look = lookOf(type);
     if (showIcon && look.icon)
-        iconLabel->setPixmap(getGlobalImage(look.icon));
+        showTypePicture(getGlobalImage(look.icon));
     else if (showIcon && type == VemoMessageSheet::Processing && movie)
         iconLabel->setMovie(movie);
     else
         iconLabel->clear();
 }
 
+void VemoMessageSheetPrivate::showTypePicture(const QPixmap &picture)
+{
+    iconLabel->setPixmap(picture);
+    typePictureKey = picture.cacheKey();
+}
+
+void VemoMessageSheetPrivate::reloadTypeIcon()
+{
+    const QPixmap shown = iconLabel->pixmap(Qt::ReturnByValue);
+    // A picture of the host's own stays.
+    if (!shown.isNull() && shown.cacheKey() == typePictureKey)
+        showTypeIcon();
+}
+
+QString VemoMessageSheetPrivate::typeCaption(Button::StandardButton which) const
+{
+    if (which == Button::Discard)
+        return textOf("cancel");
+    if (which == Button::Reset)
+        return textOf("reset");
+    const bool isUpgrading = type == VemoMessageSheet::Upgrading;
+    return textOf(isUpgrading ? "wizard_client_upgrade" : "ok");
+}
+
+void VemoMessageSheetPrivate::translate()
+{
+    for (const auto which : {Button::Ok, Button::Apply, Button::Discard, Button::Reset}) {
+        if (shownCaptions.contains(which))
+            changeCaption(button(which), shownCaptions[which], typeCaption(which));
+    }
+    fitLater();
+}
+
 void VemoMessageSheetPrivate::dressButtons(const MsgBoxCustomBtnText &captions)
 {
-    const bool isUpgrading = type == VemoMessageSheet::Upgrading;
+    shownCaptions.clear();
+    const auto caption = [this](const QString &custom, Button::StandardButton which) {
+        return custom.isEmpty() ? shownCaptions[which] = typeCaption(which) : custom;
+    };
     for (const auto which : {Button::Ok, Button::Apply}) {
         QPushButton *apply = button(which);
         if (!apply)
             continue;
-        dressButton(apply,
-            captionOf(captions.applyText, isUpgrading ? "wizard_client_upgrade" : "ok"),
-            "component.apply_button");
+        dressButton(apply, caption(captions.applyText, which), "component.apply_button");
         apply->setDefault(true);
         setButtonSize(apply);
     }
     if (QPushButton *cancel = button(Button::Discard)) {
-        dressButton(cancel, captionOf(captions.cancelText, "cancel"), "component.cancel_button");
+        dressButton(
+            cancel, caption(captions.cancelText, Button::Discard), "component.cancel_button");
         setButtonSize(cancel);
     }
     // Deliberate: only this button keeps its natural size.
     if (QPushButton *reset = button(Button::Reset))
-        dressButton(reset, captionOf(captions.resetText, "reset"), "component.reset_button");
+        dressButton(
+            reset, caption(captions.resetText, Button::Reset), "component.reset_button");
 }
 
 void VemoMessageSheetPrivate::dressConfirmRow()

@@ -5,6 +5,7 @@
 #include "sheets/modalrun_p.h"
 
 #include <vemo/imagemanager.h>
+#include <vemo/stylemanager.h>
 
 #include <QAccessibleWidget>
 #include <QEvent>
@@ -13,7 +14,7 @@
 
 namespace {
 
-constexpr Qt::GlobalColor kBody = Qt::white; // Deliberate: in every theme.
+constexpr Qt::GlobalColor kBody = Qt::white; // Deliberate: in every theme that names no other.
 constexpr double kShadowWidth = 22.0;
 
 /// A dialog, modal while it runs. Screen readers know a frame as a mere border.
@@ -85,7 +86,7 @@ void VemoSheet::paintEvent(QPaintEvent * /*event*/)
     if (body.isEmpty())
         return;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(kBody);
+    painter.setBrush(StyleManager::getInstance().getColor(QStringLiteral("sheet-body"), kBody));
     painter.drawRect(body);
 }
 

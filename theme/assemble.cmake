@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# Copies the theme's data files next to its drawn pictures, replaces the names of colours (@accent@) by
-# those of PALETTE, and writes a resource list of all files. The drawings are copied to DRAWINGS in the
-# same way, for users who install the theme to change it.
+# Copies the theme's data files next to its drawn pictures and replaces the names of colours (@accent@)
+# by those of PALETTE. Those in style-dark go into the folder style, too. The drawings are copied to
+# DRAWINGS in the same way, for users who install the theme to change it.
 
 file(READ "${PALETTE}" palette)
 string(JSON count LENGTH "${palette}")
@@ -21,7 +21,8 @@ function(copy_with_colours from to)
 endfunction()
 
 foreach(file IN LISTS DATA)
-  copy_with_colours("${SOURCE}/${file}" "${FOLDER}/${file}")
+  string(REPLACE "style-dark/" "style/" target "${file}")
+  copy_with_colours("${SOURCE}/${file}" "${FOLDER}/${target}")
 endforeach()
 configure_file("${PALETTE}" "${FOLDER}/palette.json" COPYONLY)
 
@@ -29,10 +30,3 @@ foreach(file IN LISTS PICTURES)
   cmake_path(GET file FILENAME name)
   copy_with_colours("${file}" "${DRAWINGS}/${name}")
 endforeach()
-
-file(GLOB_RECURSE files RELATIVE "${FOLDER}" "${FOLDER}/*")
-set(entries "")
-foreach(file IN LISTS files)
-  string(APPEND entries "  <file alias=\"${file}\">${FOLDER}/${file}</file>\n")
-endforeach()
-file(WRITE "${QRC}" "<RCC>\n<qresource prefix=\"/vemo/theme\">\n${entries}</qresource>\n</RCC>\n")

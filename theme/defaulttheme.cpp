@@ -3,6 +3,7 @@
 
 #include "core/logging_p.h"
 #include "theme/stockstyle_p.h"
+#include "theme/thememode_p.h"
 
 #include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
@@ -13,6 +14,7 @@
 #include <QColor>
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
@@ -72,39 +74,62 @@ QMap<QString, QString> stringsOf(const DefaultThemeOptions &options)
     return strings;
 }
 
-/// Those of the theme first: a later section takes the place of an earlier one.
-std::vector<QString> styleFiles(const QStringList &resourceFolders)
+/// Edges and the like, which Qt has for light windows.
+void setEdges(QPalette &palette)
 {
-    std::vector<QString> paths;
-    const QStringList folders = QStringList(kThemeFolder) + resourceFolders;
-    for (const QString &folder : folders) {
-        const QFileInfoList files =
-            QDir(folder + QLatin1String("/style"))
-                .entryInfoList({QStringLiteral("*.qss")}, QDir::Files, QDir::Name);
-        for (const QFileInfo &file : files)
-            paths.push_back(file.filePath());
-    }
-    return paths;
+    for (const auto &[role, name] : {
+             std::make_tuple(QPalette::Light, "line"),
+             std::make_tuple(QPalette::Midlight, "line"),
+             std::make_tuple(QPalette::Mid, "hover"),
+             std::make_tuple(QPalette::Dark, "canvas"),
+             std::make_tuple(QPalette::Shadow, "shadow"),
+             std::make_tuple(QPalette::BrightText, "ink"),
+             std::make_tuple(QPalette::LinkVisited, "accent-hover"),
+         })
+        palette.setColor(role, defaultThemeColor(QLatin1String(name)));
+}
+
+/// The colours of the look on show.
+QJsonObject themeColours()
+{
+    static QHash<QString, QJsonObject> known; // by folder
+    const QString folder = themeFolder();
+    if (!known.contains(folder))
+        known.insert(folder, jsonObject(folder + QLatin1String("/palette.json")));
+    return known.value(folder);
 }
 
 } // namespace
 
-static void initializeResources()
+QHash<QRgb, QString> themeColourNames()
+{
+    QHash<QRgb, QString> names;
+    const QJsonObject colours = themeColours();
+    for (auto colour = colours.begin(); colour != colours.end(); ++colour) {
+        const QRgb rgb = QColor(colour.value().toString()).rgba();
+        if (!names.contains(rgb))
+            names.insert(rgb, colour.key());
+    }
+    return names;
+}
+
+void initializeThemeResources()
 {
     Q_INIT_RESOURCE(vemo_theme);
 }
 
 static void registerResources(const DefaultThemeOptions &options)
 {
-    initializeResources();
-    UIPathManager::getInstance().replacePath(QStringLiteral("resource_path"), kThemeFolder);
+    initializeThemeResources();
+    UIPathManager::getInstance().replacePath(QStringLiteral("resource_path"), themeFolder());
     UIPathManager::getInstance().replacePath(
         QStringLiteral("user_data_path"), options.userDataPath);
     ComponentStrings::getInstance().installStrings(stringsOf(options));
     ImageManager::getInstance().initialize(options.pictureLoading);
     for (const QString &folder : options.resourceFolders)
         ImageManager::getInstance().addCatalogue(folder);
-    StyleManager::getInstance().initialize(styleFiles(options.resourceFolders));
+    themeWasInstalled(options.pictureLoading, options.resourceFolders);
+    StyleManager::getInstance().initialize(themeStyleFiles());
 }
 
 static void setApplicationLook(QApplication &application, const DefaultThemeOptions &options)
@@ -154,13 +179,51 @@ bool installDefaultTheme(
 
 QString defaultThemeBusyAnimation()
 {
-    return kThemeFolder + QLatin1String("/images/busy.gif");
+    return themeFolder() + QLatin1String("/images/busy.gif");
+}
+
+QVector<DefaultThemeLanguage> defaultThemeLanguages()
+{
+    QVector<DefaultThemeLanguage> languages;
+    for (const auto &[code, name, locale] : {
+             std::make_tuple("chs", "简体中文", "zh_CN"),
+             std::make_tuple("cht", "繁體中文", "zh_TW"),
+             std::make_tuple("csy", "Čeština", "cs_CZ"),
+             std::make_tuple("dan", "Dansk", "da_DK"),
+             std::make_tuple("deu", "Deutsch", "de_DE"),
+             std::make_tuple("enu", "English", "en_US"),
+             std::make_tuple("esn", "Español", "es_ES"),
+             std::make_tuple("fra", "Français", "fr_FR"),
+             std::make_tuple("hun", "Magyar", "hu_HU"),
+             std::make_tuple("ita", "Italiano", "it_IT"),
+             std::make_tuple("jpn", "日本語", "ja_JP"),
+             std::make_tuple("krn", "한국어", "ko_KR"),
+             std::make_tuple("nld", "Nederlands", "nl_NL"),
+             std::make_tuple("nor", "Norsk", "nb_NO"),
+             std::make_tuple("plk", "Polski", "pl_PL"),
+             std::make_tuple("ptb", "Português (Brasil)", "pt_BR"),
+             std::make_tuple("ptg", "Português", "pt_PT"),
+             std::make_tuple("rus", "Русский", "ru_RU"),
+             std::make_tuple("sve", "Svenska", "sv_SE"),
+             std::make_tuple("trk", "Türkçe", "tr_TR"),
+         })
+        languages.append(
+            {QLatin1String(code), QString::fromUtf8(name), QLocale(QLatin1String(locale))});
+    return languages;
+}
+
+QMap<QString, QString> defaultThemeStrings(const QString &code)
+{
+    initializeThemeResources();
+    DefaultThemeOptions options;
+    options.languageCode = code;
+    return stringsOf(options);
 }
 
 QColor defaultThemeColor(const QString &name)
 {
-    initializeResources();
-    static const QJsonObject colours = jsonObject(kThemeFolder + QLatin1String("/palette.json"));
+    initializeThemeResources();
+    const QJsonObject colours = themeColours();
     if (!colours.contains(name))
         qCWarning(vemoLog) << "No colour of the theme is called" << name;
     return QColor(colours.value(name).toString());
@@ -177,12 +240,14 @@ QString withDefaultThemeColors(const QString &text)
         result += defaultThemeColor(name.captured(1)).name();
         end = name.capturedEnd();
     }
-    return result + text.midRef(end);
+    result += text.midRef(end);
+    rememberColoured(result, text);
+    return result;
 }
 
 QPalette defaultThemePalette()
 {
-    QPalette palette;
+    QPalette palette = basePalette();
     for (const auto &[role, name] : {
              std::make_tuple(QPalette::Window, "canvas"),
              std::make_tuple(QPalette::WindowText, "ink"),
@@ -201,6 +266,8 @@ QPalette defaultThemePalette()
         palette.setColor(role, defaultThemeColor(QLatin1String(name)));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, defaultThemeColor(QStringLiteral("faint-ink")));
+    if (isDefaultThemeDark())
+        setEdges(palette);
     return palette;
 }
 

@@ -86,13 +86,19 @@ void PathName::paintEvent(QPaintEvent * /*event*/)
 
 PathArrow::PathArrow(
     QWidget *viewport, const QWidget *cover, const QString &style, const QPixmap &picture)
-    : PathButton(viewport, cover, style), m_picture(picture)
+    : PathButton(viewport, cover, style)
 {
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(QStringLiteral("/")); // as in a path, and in every language
+    setFixedSize(scaled(kArrowWidth), scaled(kArrowHeight));
+    setPicture(picture);
+}
+
+void PathArrow::setPicture(const QPixmap &picture)
+{
+    m_picture = picture;
     // With a larger icon size Qt would draw a picture with a high pixel ratio larger and coarser.
     setIconSize(picture.size() / picture.devicePixelRatio());
-    setFixedSize(scaled(kArrowWidth), scaled(kArrowHeight));
     showPicture();
 }
 

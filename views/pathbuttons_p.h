@@ -42,6 +42,8 @@ public:
     PathArrow(
         QWidget *viewport, const QWidget *cover, const QString &style, const QPixmap &picture);
 
+    void setPicture(const QPixmap &picture);
+
 protected:
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -130,6 +130,17 @@ void VemoButtonPath::changeEvent(QEvent *event)
         placeFolderButton();
 }
 
+void VemoButtonPath::customEvent(QEvent *event)
+{
+    if (event->type() == StyleManager::reloadEvent()) {
+        m_change_folder_button->setIcon(getGlobalImage("folder"));
+        const QPixmap arrow = m_buttons.size() > 1 ? getGlobalImage("bt_next") : QPixmap();
+        for (int column = 1; column < m_buttons.size(); column += 2)
+            static_cast<PathArrow *>(m_buttons.at(column))->setPicture(arrow);
+    }
+    QTableWidget::customEvent(event);
+}
+
 void VemoButtonPath::scrollContentsBy(int dx, int dy)
 {
     QTableWidget::scrollContentsBy(dx, dy);

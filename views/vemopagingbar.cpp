@@ -17,6 +17,8 @@
 #include <QLabel>
 #include <QSignalMapper>
 
+#include <utility>
+
 namespace {
 
 // In design pixels.
@@ -44,6 +46,36 @@ QString text(const char *key)
     return ComponentStrings::getInstance().getString(QLatin1String(key));
 }
 
+/// A line in front of a footer label.
+class Separator : public QLabel
+{
+public:
+    Separator() { takeColor(); }
+
+protected:
+    void customEvent(QEvent *event) override
+    {
+        if (event->type() == StyleManager::reloadEvent())
+            takeColor();
+        QLabel::customEvent(event);
+    }
+
+private:
+    void takeColor()
+    {
+        const QColor named =
+            StyleManager::getInstance().getColor(QStringLiteral("paging-separator"), {});
+        // Deliberate: this color in every theme that names no other.
+        const QString color = named.isValid() ? QStringLiteral("rgba(%1,%2,%3,%4)")
+                                                    .arg(named.red())
+                                                    .arg(named.green())
+                                                    .arg(named.blue())
+                                                    .arg(named.alpha())
+                                              : QStringLiteral("rgba(171,181,194,0.20)");
+        setStyleSheet(QStringLiteral("QLabel {background: %1;}").arg(color));
+    }
+};
+
 /// In a right-to-left layout the row is mirrored, so each button shows the picture of its
 /// counterpart.
 class NavigationButton : public VemoIconButton
@@ -51,10 +83,11 @@ class NavigationButton : public VemoIconButton
 public:
     NavigationButton(const char *picture, const char *counterpart, const char *toolTipKey)
         : VemoIconButton(QLatin1String(picture)), m_picture(QLatin1String(picture)),
-          m_counterpart(QLatin1String(counterpart))
+          m_counterpart(QLatin1String(counterpart)), m_key(toolTipKey)
     {
-        setToolTip(::text(toolTipKey));
+        setToolTip(::text(m_key));
         setAccessibleName(toolTip());
+        m_shown = toolTip();
         if (isRightToLeft())
             setAllIcon(m_counterpart);
     }
@@ -63,6 +96,8 @@ protected:
     void changeEvent(QEvent *event) override
     {
         VemoIconButton::changeEvent(event);
+        if (event->type() == QEvent::LanguageChange)
+            translate();
         if (event->type() != QEvent::LayoutDirectionChange)
             return;
         setAllIcon(isRightToLeft() ? m_counterpart : m_picture);
@@ -72,8 +107,45 @@ protected:
     }
 
 private:
+    /// Texts of the host's own stay.
+    void translate()
+    {
+        const QString before = std::exchange(m_shown, ::text(m_key));
+        if (accessibleName() == before)
+            setAccessibleName(m_shown);
+        if (toolTip() == before)
+            setToolTip(m_shown);
+    }
+
     QString m_picture;
     QString m_counterpart;
+    const char *m_key; ///< of the tool tip
+    QString m_shown;
+};
+
+/// Asks for the page again.
+class RefreshButton : public VemoIconButton
+{
+public:
+    RefreshButton() : VemoIconButton(QStringLiteral("bt_pagebar_refresh"))
+    {
+        m_shown = ::text("pagebar_refresh");
+        setAccessibleName(m_shown);
+    }
+
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        VemoIconButton::changeEvent(event);
+        if (event->type() != QEvent::LanguageChange)
+            return;
+        const QString before = std::exchange(m_shown, ::text("pagebar_refresh"));
+        if (accessibleName() == before)
+            setAccessibleName(m_shown);
+    }
+
+private:
+    QString m_shown;
 };
 
 /// A page number. A blank one draws nothing, not even the background of its style.
@@ -442,8 +514,7 @@ void VemoPagingBar::addPageButtons()
 
 void VemoPagingBar::addRefreshButton()
 {
-    m_refresh_button = new VemoIconButton(QStringLiteral("bt_pagebar_refresh"));
-    m_refresh_button->setAccessibleName(text("pagebar_refresh"));
+    m_refresh_button = new RefreshButton;
     m_refresh_button->setFixedSize(scaled(kButtonSize), scaled(kButtonSize));
 
     m_footer_layout = new QHBoxLayout;
@@ -492,9 +563,8 @@ void VemoPagingBar::addFooterLabel(const PagingFooterInfo &info)
     label->setStyleSheet(footerStyle());
     m_footer_labels.push_back(label);
 
-    auto *separator = new QLabel;
+    auto *separator = new Separator;
     separator->setFixedSize(scaled(1), scaled(kButtonSize));
-    separator->setStyleSheet(QStringLiteral("QLabel {background: rgba(171,181,194,0.20);}"));
     m_footer_layout->addWidget(separator, 0, Qt::AlignVCenter);
     m_footer_layout->addWidget(label, 0, Qt::AlignVCenter);
 }

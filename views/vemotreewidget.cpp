@@ -3,6 +3,8 @@
 
 #include "core/scaling_p.h"
 
+#include <vemo/stylemanager.h>
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -19,7 +21,8 @@
 namespace {
 
 constexpr int kRoomAtRight = 100; // design pixels
-constexpr Qt::GlobalColor kHighlightOutline = Qt::white; // Deliberate: the same in every theme.
+// Deliberate: in every theme that names no other.
+constexpr Qt::GlobalColor kHighlightOutline = Qt::white;
 constexpr int kHighlightInset = 3; // design pixels; also the radius of its corners
 
 void drawHighlight(QPainter *painter, QRect row, const QColor &color)
@@ -29,7 +32,8 @@ void drawHighlight(QPainter *painter, QRect row, const QColor &color)
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(QBrush(color, Qt::SolidPattern));
-    painter->setPen(kHighlightOutline);
+    painter->setPen(StyleManager::getInstance().getColor(
+        QStringLiteral("tree-outline"), kHighlightOutline));
     painter->drawRoundedRect(row, inset, inset, Qt::AbsoluteSize);
     painter->restore();
 }

@@ -9,7 +9,8 @@
 /// The translated texts of the user interface, looked up by key.
 ///
 /// The host installs the whole table, already in the user's language, before it builds its first
-/// widget; widgets take their captions from here when they are made, and keep them. The table is
+/// widget; widgets take their captions from here when they are made, and again on
+/// QEvent::LanguageChange. The table is
 /// empty at first; a missing text shows its key on screen.
 ///
 ///     ComponentStrings::getInstance().installStrings({ { "common.ok", tr("OK") } });
@@ -27,6 +28,13 @@ public:
 
     /// The whole table, for a host that adds its own texts: insert them into a copy and install it.
     QMap<QString, QString> strings() const { return m_strings; }
+
+    /// installStrings(), then QEvent::LanguageChange for the application: each class that has taken
+    /// texts from the table takes them again, once control returns to the event loop. A text that
+    /// the host has set itself stays.
+    ///
+    ///     ComponentStrings::getInstance().changeStrings(table); // the user chose another language
+    void changeStrings(const QMap<QString, QString> &strings);
 
     /// The text under key; key itself and a warning where there is none.
     QString getString(const QString &key) const;

@@ -5,12 +5,23 @@
 #include <vemo/themeexport.h>
 
 #include <QColor>
+#include <QLocale>
 #include <QMap>
 #include <QPalette>
 #include <QString>
 #include <QStringList>
+#include <QVector>
+
+#include <vector>
 
 class QApplication;
+
+/// Which of the theme's two looks is shown.
+enum class DefaultThemeMode {
+    Light,
+    Dark,
+    System, ///< that of the desktop, now and whenever it changes
+};
 
 /// What installDefaultTheme() does, with a default for everything.
 ///
@@ -73,6 +84,29 @@ VEMO_THEME_EXPORT bool installDefaultTheme(
 ///     auto *sheet = new VemoMessageSheet(tr("Copying ..."), defaultThemeBusyAnimation(), window);
 VEMO_THEME_EXPORT QString defaultThemeBusyAnimation();
 
+/// Shows the light or the dark look: in all that is built from now on and, after
+/// installDefaultTheme(), at once in everything there is: style sheets of the theme's sections and
+/// of what withDefaultThemeColors() has made, pictures that the widgets look up by name, the rows'
+/// colours of VemoTreeWidget, and getGlobalIcon(). Called before
+/// installDefaultTheme(), it starts in that look; the first start is light. The palette follows if
+/// the application shows defaultThemePalette().
+///
+/// styleFiles are the host's own, loaded after those of the theme and of
+/// DefaultThemeOptions::resourceFolders. Host code that has put something
+/// together from sections, pictures or colours does so again on StyleManager::reloadEvent().
+/// False and a warning if the library was built without the dark look (VEMO_DARK_THEME).
+/// Requires: the application object.
+///
+///     setDefaultThemeMode(DefaultThemeMode::System, {":/tea/tea.qss"});
+VEMO_THEME_EXPORT bool setDefaultThemeMode(
+    DefaultThemeMode mode, const std::vector<QString> &styleFiles = {});
+
+/// What setDefaultThemeMode() was last called with; light at first.
+VEMO_THEME_EXPORT DefaultThemeMode defaultThemeMode();
+
+/// Whether the look on show is the dark one.
+VEMO_THEME_EXPORT bool isDefaultThemeDark();
+
 /// The theme's colours for what no style section dresses: windows, and stock widgets among ours.
 /// The host's to set, before or after the start-up; every role that is not the theme's has Qt's
 /// default.
@@ -93,12 +127,37 @@ VEMO_THEME_EXPORT QPalette defaultThemePalette();
 ///     app.setStyleSheet(app.styleSheet() + getStyleSheet("tea.application"));
 VEMO_THEME_EXPORT void applyDefaultThemeStyle(QApplication &application);
 
-/// One of the theme's colours, by its name in theme/palette.json: "ink", "accent-hover". A warning
-/// and no valid colour where there is none of that name.
+/// A language that the theme has texts in.
+///
+///     for (const DefaultThemeLanguage &language : defaultThemeLanguages())
+///         languageBox->addItem(language.nativeName, language.code);
+///
+/// \image html resources-language-codes.png
+struct DefaultThemeLanguage
+{
+    QString code; ///< one of VemoLocale's, such as "deu"
+    QString nativeName; ///< as its speakers call it, such as "Deutsch"
+    QLocale locale;
+};
+
+/// The theme's languages, by code.
+VEMO_THEME_EXPORT QVector<DefaultThemeLanguage> defaultThemeLanguages();
+
+/// The theme's texts in the language with that code, in English where it lacks one; a language that
+/// it lacks is warned about. A host merges them with its own.
+///
+///     QMap<QString, QString> texts = defaultThemeStrings("deu");
+///     texts.insert("tea.brew", "Aufbrühen");
+///     ComponentStrings::getInstance().changeStrings(texts);
+VEMO_THEME_EXPORT QMap<QString, QString> defaultThemeStrings(const QString &code);
+
+/// One of the colours of the look on show, by its name in theme/palette.json: "ink",
+/// "accent-hover". A warning and no valid colour where there is none of that name.
 VEMO_THEME_EXPORT QColor defaultThemeColor(const QString &name);
 
 /// text, say a host's own style section, with the theme's colours for their names between "@". A
-/// name that is none is warned about.
+/// name that is none is warned about. setDefaultThemeMode() exchanges the colours in style sheets
+/// that have the result in them.
 ///
 ///     window->setStyleSheet(withDefaultThemeColors(getStyleSheet("tea.window")));
 ///     // == tea.window ==

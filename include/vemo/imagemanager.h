@@ -4,6 +4,7 @@
 #include <vemo/export.h>
 
 #include <QHash>
+#include <QIcon>
 #include <QPixmap>
 #include <QString>
 #include <QStringList>
@@ -70,6 +71,9 @@ public:
     /// a warning.
     QPixmap getImage(const QString &name, ImageType type);
 
+    /// Whether the catalogue has a picture of name in that state, without a warning.
+    bool hasImage(const QString &name, ImageType type);
+
     /// The folder of the pictures, as style sheets name it. Before initialize() this call warns
     /// "ImageManager is not initialized" and ends the process.
     const QString &getImageFolder() const;
@@ -113,3 +117,12 @@ VEMO_EXPORT QPixmap getGlobalImage(
 /// The same with an 8-bit name.
 VEMO_EXPORT QPixmap getGlobalImage(
     const char *name, ImageManager::ImageType type = ImageManager::NORMAL);
+
+/// An icon that looks its pictures up whenever it is drawn, so that it follows the catalogue when
+/// another theme is loaded. It shows HOVER while active, DISABLE while disabled and CLICK while on
+/// (checked); a missing state is made of the normal picture, as Qt does it. An 8-bit name is Latin-1.
+///
+///     item->setIcon(0, getGlobalIcon("folder"));
+VEMO_EXPORT QIcon getGlobalIcon(const QString &name);
+/// The same with an 8-bit name.
+VEMO_EXPORT QIcon getGlobalIcon(const char *name);

@@ -72,6 +72,8 @@ protected:
     /// Adjusts the menu and the scroll position to the new width.
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    /// Takes the pictures of a reloaded theme.
+    void customEvent(QEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
 
 protected Q_SLOTS:

@@ -4,7 +4,9 @@
 #include <vemo/export.h>
 
 #include <QAbstractItemView>
+#include <QColor>
 #include <QDate>
+#include <QMap>
 #include <QStringList>
 
 class QAction;
@@ -17,8 +19,8 @@ class QTableWidget;
 /// to be spelt this way.)
 ///
 /// It is an item view only so that a combo box can take it for its list, as VemoDateSelector does;
-/// it shows no model. Pictures, style files and strings must be loaded before: the names are those
-/// of the language at construction, and a missing one shows its key. It sets no style sheet on
+/// it shows no model. Pictures, style files and strings must be loaded before; a missing
+/// name shows its key. QEvent::LanguageChange makes it take its texts again. It sets no style sheet on
 /// itself; the section "component.date_selector" dresses it where an ancestor has it set, or you
 /// set it. The view belongs to its parent and owns its parts, which keep the object names of
 /// QCalendarWidget's own ("qt_calendar_prevmonth", ...).
@@ -94,6 +96,10 @@ protected:
     void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) override;
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
     void keyPressEvent(QKeyEvent *event) override;
+    /// Takes the texts of another language.
+    void changeEvent(QEvent *event) override;
+    /// Takes pictures and colors of a reloaded theme.
+    void customEvent(QEvent *event) override;
 
 private Q_SLOTS:
     void pageChanged(int, int month);
@@ -105,11 +111,18 @@ private:
     void handleWeekdayHeader();
     void handleTabOrder();
     void setUpCalendar();
+    void setWeekendInk();
+    void translate();
+    QString taken(const char *key);
+    void showMonthNames();
+    void showWeekdays();
     void connectParts();
     void nameParts();
     void showMonthName(int month);
 
     QTableWidget *m_weekday_header = nullptr;
     QStringList m_month_names;
+    QColor m_weekend_ink;
+    QMap<QString, QString> m_texts; ///< those on show, by key
     QCalendarWidget *m_calendar = nullptr;
 };

@@ -31,4 +31,11 @@ public:
     /// Opens the list. The box first gives up the keyboard focus and, if it had the focus, takes it
     /// back when the list has closed, unless another widget of the window has it by then.
     void showPopup() override;
+
+protected:
+    /// Takes the style of a reloaded theme.
+    void customEvent(QEvent *event) override;
+
+private:
+    QString m_theme_style;
 };

@@ -54,6 +54,8 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    /// Takes the shade of a reloaded theme.
+    void customEvent(QEvent *event) override;
 
 private:
     VemoMask(QWidget *widget, QWidget *parent, const QColor &color);

@@ -168,6 +168,8 @@ public Q_SLOTS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    /// Takes the picture of a reloaded theme.
+    void customEvent(QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     void showEvent(QShowEvent *event) override;
 

@@ -8,7 +8,7 @@
 
 BEGIN {
   waits = "exec(AndDelete)?\\(|(Msg|CustomBtn)\\(|popup\\(|startDetached|HelpWindow|BrowserWindow"
-  shares = "initialize\\(|installDefaultTheme\\(|addCatalogue\\(|installStrings|setFilterRules|setPalette|applyDefaultThemeStyle|qApp->"
+  shares = "initialize\\(|installDefaultTheme\\(|addCatalogue\\(|installStrings|setFilterRules|setPalette|applyDefaultThemeStyle|qApp->|setDefaultThemeMode|changeStrings|reload\\("
 }
 
 FNR == 1 {

@@ -4,9 +4,14 @@
 #include "support/testhost.h"
 
 #include <vemo/defaulttheme.h>
+#include <vemo/stylemanager.h>
 #include <vemo/vemolineedit.h>
+#include <vemo/vemomask.h>
+#include <vemo/vemosheet.h>
 
 #include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLineEdit>
 #include <QRegularExpression>
 
@@ -17,7 +22,7 @@ namespace {
 // WCAG AA for text of normal size, and for other parts that are needed to use a control.
 constexpr double kReadable = 4.5;
 constexpr double kVisible = 3.0;
-const QStringList kGrounds {"#FFFFFF", "#F5F7FA"}; // surface and canvas
+const QStringList kLooks {"theme", "theme-dark"}; // their folders
 
 struct Rule
 {
@@ -28,6 +33,32 @@ struct Rule
     QString selectedColour;
     QString selectedGround;
 };
+
+/// The colours of a look, by name.
+QMap<QString, QString> paletteOf(const QString &look)
+{
+    QFile file(":/vemo/" + look + "/palette.json");
+    QMap<QString, QString> colours;
+    if (!file.open(QIODevice::ReadOnly))
+        return colours;
+    const QJsonObject palette = QJsonDocument::fromJson(file.readAll()).object();
+    for (auto colour = palette.begin(); colour != palette.end(); ++colour)
+        colours.insert(colour.key(), colour.value().toString());
+    return colours;
+}
+
+QStringList coloursOf(const QString &look, const QStringList &names)
+{
+    QStringList colours;
+    for (const QString &name : names)
+        colours += paletteOf(look).value(name);
+    return colours;
+}
+
+QStringList groundsOf(const QString &look)
+{
+    return coloursOf(look, {"surface", "canvas"});
+}
 
 double channel(double value)
 {
@@ -84,14 +115,15 @@ QVector<Rule> rulesOf(const QString &section)
     return rules;
 }
 
-/// Each section of the theme's style files, by its key.
-QMap<QString, QVector<Rule>> sections()
+/// Each section of a look's style files, by its key.
+QMap<QString, QVector<Rule>> sectionsOf(const QString &look)
 {
     static const QRegularExpression pattern(
         R"(^==(.*)==\n((?:^(?!==).*\n?)*))", QRegularExpression::MultilineOption);
     QMap<QString, QVector<Rule>> sections;
-    for (const QString &file : QDir(":/vemo/theme/style").entryList({"*.qss"})) {
-        QFile style(":/vemo/theme/style/" + file);
+    const QDir folder(":/vemo/" + look + "/style");
+    for (const QString &file : folder.entryList({"*.qss"})) {
+        QFile style(folder.filePath(file));
         if (!style.open(QIODevice::ReadOnly))
             return {};
         QString text = QString::fromUtf8(style.readAll());
@@ -138,14 +170,33 @@ bool isGraphic(const QString &selector)
     return selector.contains("::") && !selector.contains(text);
 }
 
-void addPair(
-    const QString &section, const QString &selector, const QString &colour, const QString &ground)
+/// Where a row of a test comes from.
+struct Place
 {
-    const QStringList grounds = ground.isEmpty() ? kGrounds : QStringList(ground);
+    QString look;
+    QString section;
+};
+
+void addPair(
+    const Place &place, const QString &selector, const QString &colour, const QString &ground)
+{
+    const QStringList grounds = ground.isEmpty() ? groundsOf(place.look) : QStringList(ground);
     for (const QString &behind : grounds)
-        QTest::addRow("%s: %s, %s on %s", qPrintable(section), qPrintable(selector),
-            qPrintable(colour), qPrintable(behind))
+        QTest::addRow("%s, %s: %s, %s on %s", qPrintable(place.look), qPrintable(place.section),
+            qPrintable(selector), qPrintable(colour), qPrintable(behind))
             << colour << behind;
+}
+
+/// Calls function with each rule, the other rules of its section, and its place.
+template <typename Function> void forEachRule(const Function &function)
+{
+    for (const QString &look : kLooks) {
+        const auto all = sectionsOf(look);
+        for (auto section = all.cbegin(); section != all.cend(); ++section) {
+            for (const Rule &rule : *section)
+                function(rule, *section, Place {look, section.key()});
+        }
+    }
 }
 
 void addColumns()
@@ -170,6 +221,8 @@ double contrast(const QImage &picture, const QString &ground)
 
 } // namespace
 
+Q_DECLARE_METATYPE(DefaultThemeMode)
+
 class ContrastTest : public VemoTest
 {
     Q_OBJECT
@@ -180,7 +233,9 @@ private Q_SLOTS:
     void textIsReadableOnItsGround();
     void thePaletteIsReadableOnItsGrounds_data();
     void thePaletteIsReadableOnItsGrounds();
+    void placeholdersAreReadable_data();
     void placeholdersAreReadable();
+    void aProgressTextIsReadableOnBothPartsOfItsBar_data();
     void aProgressTextIsReadableOnBothPartsOfItsBar();
     void focusAndChoicesAreVisible_data();
     void focusAndChoicesAreVisible();
@@ -188,28 +243,27 @@ private Q_SLOTS:
     void picturesAreVisibleOnTheirGround();
     void theMeasureKnowsGoodFromBad();
     void everyStateOfEveryWidgetIsLookedAt();
+    void aSheetStandsOutFromItsWindow_data();
+    void aSheetStandsOutFromItsWindow();
 };
 
 void ContrastTest::textIsReadableOnItsGround_data()
 {
     addColumns();
-    const auto all = sections();
-    for (auto section = all.cbegin(); section != all.cend(); ++section) {
-        for (const Rule &rule : *section) {
-            const auto value = [&](QString Rule::*member) {
-                return effective(rule.selector, *section, member);
-            };
-            if (isGraphic(rule.selector))
-                continue;
-            const QString colour = value(&Rule::colour);
-            const bool saysSo = !rule.colour.isEmpty() || !rule.ground.isEmpty();
-            if (saysSo && !colour.isEmpty())
-                addPair(section.key(), rule.selector, colour, value(&Rule::ground));
-            if (!rule.selectedColour.isEmpty())
-                addPair(section.key(), rule.selector + " (selection)", rule.selectedColour,
-                    value(&Rule::selectedGround));
-        }
-    }
+    forEachRule([](const Rule &rule, const QVector<Rule> &section, const Place &place) {
+        const auto value = [&](QString Rule::*member) {
+            return effective(rule.selector, section, member);
+        };
+        if (isGraphic(rule.selector))
+            return;
+        const QString colour = value(&Rule::colour);
+        const bool saysSo = !rule.colour.isEmpty() || !rule.ground.isEmpty();
+        if (saysSo && !colour.isEmpty())
+            addPair(place, rule.selector, colour, value(&Rule::ground));
+        if (!rule.selectedColour.isEmpty())
+            addPair(place, rule.selector + " (selection)", rule.selectedColour,
+                value(&Rule::selectedGround));
+    });
 }
 
 void ContrastTest::textIsReadableOnItsGround()
@@ -222,34 +276,61 @@ void ContrastTest::textIsReadableOnItsGround()
 
 void ContrastTest::thePaletteIsReadableOnItsGrounds_data()
 {
+    QTest::addColumn<DefaultThemeMode>("mode");
     QTest::addColumn<QPalette::ColorRole>("text");
     QTest::addColumn<QPalette::ColorRole>("ground");
-    QTest::newRow("window") << QPalette::WindowText << QPalette::Window;
-    QTest::newRow("list") << QPalette::Text << QPalette::Base;
-    QTest::newRow("every other row") << QPalette::Text << QPalette::AlternateBase;
-    QTest::newRow("button") << QPalette::ButtonText << QPalette::Button;
-    QTest::newRow("placeholder") << QPalette::PlaceholderText << QPalette::Base;
-    QTest::newRow("selection") << QPalette::HighlightedText << QPalette::Highlight;
-    QTest::newRow("link") << QPalette::Link << QPalette::Base;
-    QTest::newRow("tool tip") << QPalette::ToolTipText << QPalette::ToolTipBase;
+    for (const auto mode : {DefaultThemeMode::Light, DefaultThemeMode::Dark}) {
+        const auto add = [mode](const char *name, QPalette::ColorRole text,
+                             QPalette::ColorRole ground) {
+            QTest::addRow("%s, %s", mode == DefaultThemeMode::Dark ? "dark" : "light", name)
+                << mode << text << ground;
+        };
+        add("window", QPalette::WindowText, QPalette::Window);
+        add("list", QPalette::Text, QPalette::Base);
+        add("every other row", QPalette::Text, QPalette::AlternateBase);
+        add("button", QPalette::ButtonText, QPalette::Button);
+        add("placeholder", QPalette::PlaceholderText, QPalette::Base);
+        add("selection", QPalette::HighlightedText, QPalette::Highlight);
+        add("link", QPalette::Link, QPalette::Base);
+        add("tool tip", QPalette::ToolTipText, QPalette::ToolTipBase);
+    }
 }
 
 void ContrastTest::thePaletteIsReadableOnItsGrounds()
 {
+    QFETCH(DefaultThemeMode, mode);
     QFETCH(QPalette::ColorRole, text);
     QFETCH(QPalette::ColorRole, ground);
+    QVERIFY(setDefaultThemeMode(mode));
     const QPalette palette = defaultThemePalette();
     QVERIFY(contrast(palette.color(text).name(), palette.color(ground).name()) >= kReadable);
     QVERIFY(palette.isBrushSet(QPalette::Active, text)); // not what Qt would have there
     QVERIFY(palette.isBrushSet(QPalette::Active, ground));
 }
 
+void ContrastTest::placeholdersAreReadable_data()
+{
+    QTest::addColumn<DefaultThemeMode>("builtIn");
+    QTest::addColumn<DefaultThemeMode>("shownIn");
+    const auto light = DefaultThemeMode::Light;
+    const auto dark = DefaultThemeMode::Dark;
+    QTest::newRow("light") << light << light;
+    QTest::newRow("dark") << dark << dark;
+    QTest::newRow("light, then dark") << light << dark;
+    QTest::newRow("dark, then light") << dark << light;
+}
+
 void ContrastTest::placeholdersAreReadable()
 {
+    QFETCH(DefaultThemeMode, builtIn);
+    QFETCH(DefaultThemeMode, shownIn);
+    QVERIFY(setDefaultThemeMode(builtIn));
     VemoLineEdit edit;
     edit.show();
+    QVERIFY(setDefaultThemeMode(shownIn));
+    const QString look = shownIn == DefaultThemeMode::Dark ? "theme-dark" : "theme";
     const QColor ink = edit.getLineEdit()->palette().color(QPalette::PlaceholderText);
-    for (const QString &ground : kGrounds) {
+    for (const QString &ground : groundsOf(look)) {
         const QColor behind(ground);
         const auto mixed = [&ink](double over, double under) {
             return over * ink.alphaF() + under * (1 - ink.alphaF());
@@ -260,9 +341,17 @@ void ContrastTest::placeholdersAreReadable()
     }
 }
 
+void ContrastTest::aProgressTextIsReadableOnBothPartsOfItsBar_data()
+{
+    QTest::addColumn<QString>("look");
+    for (const QString &look : kLooks)
+        QTest::newRow(qPrintable(look)) << look;
+}
+
 void ContrastTest::aProgressTextIsReadableOnBothPartsOfItsBar()
 {
-    const QVector<Rule> rules = sections().value("application");
+    QFETCH(QString, look);
+    const QVector<Rule> rules = sectionsOf(look).value("application");
     const QString bar = "QProgressBar.QProgressBar";
     const QString text = effective(bar, rules, &Rule::colour);
     const QString ground = effective(bar, rules, &Rule::ground);
@@ -277,15 +366,12 @@ void ContrastTest::aProgressTextIsReadableOnBothPartsOfItsBar()
 void ContrastTest::focusAndChoicesAreVisible_data()
 {
     addColumns();
-    const auto all = sections();
-    for (auto section = all.cbegin(); section != all.cend(); ++section) {
-        for (const Rule &rule : *section) {
-            const bool isWanted =
-                rule.selector.contains(":focus") || rule.selector.contains("::indicator");
-            if (isWanted && !rule.ring.isEmpty())
-                addPair(section.key(), rule.selector, rule.ring, {});
-        }
-    }
+    forEachRule([](const Rule &rule, const QVector<Rule> &, const Place &place) {
+        const bool isWanted =
+            rule.selector.contains(":focus") || rule.selector.contains("::indicator");
+        if (isWanted && !rule.ring.isEmpty())
+            addPair(place, rule.selector, rule.ring, {});
+    });
 }
 
 void ContrastTest::focusAndChoicesAreVisible()
@@ -300,21 +386,25 @@ void ContrastTest::picturesAreVisibleOnTheirGround_data()
 {
     QTest::addColumn<QString>("picture");
     QTest::addColumn<QStringList>("grounds");
-    const QMap<QString, QStringList> states {
-        {"", kGrounds}, {"_hover", {"#EEF3F8"}}, {"_click", {"#DCEBFB"}}};
-    const QStringList onAccent {"#1769E0", "#0F57C2", "#0B469E"};
-    const QStringList onDanger {"#C93A3A", "#AF2C2C", "#8F2020"};
-    for (const QString &file : QDir(":/vemo/theme/images").entryList({"*.png"})) {
-        const QString name = file.chopped(4);
-        const QString state = name.mid(name.lastIndexOf('_') + 1);
-        if (name.startsWith("bg_") || state == "disable")
-            continue;
-        if (name.startsWith("check") || name == "radio_dot")
-            QTest::newRow(qPrintable(name)) << file << onAccent + onDanger;
-        else if (state == "hover" || state == "click")
-            QTest::newRow(qPrintable(name)) << file << states.value('_' + state);
-        else
-            QTest::newRow(qPrintable(name)) << file << states.value("") + QStringList("#DCEBFB");
+    const QStringList marked {"accent", "accent-hover", "accent-pressed", "danger", "danger-hover",
+        "danger-pressed"};
+    for (const QString &look : kLooks) {
+        const QDir folder(":/vemo/" + look + "/images");
+        for (const QString &file : folder.entryList({"*.png"})) {
+            const QString name = file.chopped(4);
+            const QString state = name.mid(name.lastIndexOf('_') + 1);
+            if (name.startsWith("bg_") || state == "disable")
+                continue;
+            QStringList grounds {"surface", "canvas", "selection"};
+            if (name.startsWith("check") || name == "radio_dot")
+                grounds = marked;
+            else if (state == "hover")
+                grounds = QStringList {"hover"};
+            else if (state == "click")
+                grounds = QStringList {"selection"};
+            QTest::addRow("%s, %s", qPrintable(look), qPrintable(name))
+                << folder.filePath(file) << coloursOf(look, grounds);
+        }
     }
 }
 
@@ -323,7 +413,7 @@ void ContrastTest::picturesAreVisibleOnTheirGround()
     QFETCH(QString, picture);
     QFETCH(QStringList, grounds);
     for (const QString &ground : grounds) {
-        const double measured = contrast(QImage(":/vemo/theme/images/" + picture), ground);
+        const double measured = contrast(QImage(picture), ground);
         QVERIFY2(measured >= kVisible, qPrintable(QString("%1: %2").arg(ground).arg(measured)));
     }
 }
@@ -338,7 +428,8 @@ void ContrastTest::theMeasureKnowsGoodFromBad()
 // Otherwise all tests would pass if the files could not be read.
 void ContrastTest::everyStateOfEveryWidgetIsLookedAt()
 {
-    const auto all = sections();
+    QCOMPARE(sectionsOf("theme-dark").size(), sectionsOf("theme").size() + 1); // "colors"
+    const auto all = sectionsOf("theme");
     QVERIFY(all.size() >= 30);
     const QVector<Rule> cancel = all.value("component.cancel_button");
     QCOMPARE(cancel.size(), 4);
@@ -348,6 +439,39 @@ void ContrastTest::everyStateOfEveryWidgetIsLookedAt()
     QCOMPARE(effective("QPushButton:focus", cancel, &Rule::ring), QString("#1769E0"));
     const QVector<Rule> table = all.value("component.table");
     QCOMPARE(effective("QTableWidget::item:hover", table, &Rule::colour), QString("#1F2933"));
+}
+
+void ContrastTest::aSheetStandsOutFromItsWindow_data()
+{
+    aProgressTextIsReadableOnBothPartsOfItsBar_data();
+}
+
+// The window under the mask, the edge of the shadow on it, and the body of the sheet.
+void ContrastTest::aSheetStandsOutFromItsWindow()
+{
+    QFETCH(QString, look);
+    const bool isDark = look == "theme-dark";
+    QVERIFY(setDefaultThemeMode(isDark ? DefaultThemeMode::Dark : DefaultThemeMode::Light));
+    QWidget window;
+    window.setPalette(defaultThemePalette());
+    window.resize(500, 400);
+    auto *sheet = new VemoSheet(&window);
+    sheet->setWidget(new QWidget);
+    sheet->setFixedSize(300, 200);
+    const QColor shade = StyleManager::getInstance().getColor("mask", QColor(0, 0, 0, 20));
+    VemoMask::createMask(sheet, &window, shade);
+    window.show();
+    const QColor uncovered = pixelAt(&window, {2, 2});
+    sheet->show();
+    const auto lightness = [&](const QPoint &point) { return pixelAt(&window, point).lightness(); };
+    const int masked = lightness({2, 2});
+    const int nextToBody = lightness({100 + 20, 200});
+    const int body = lightness({250, 200});
+    QVERIFY(uncovered.lightness() - masked >= 7);
+    QVERIFY2(isDark ? masked - lightness({100 + 17, 200}) >= 3 : masked - nextToBody >= 20,
+        qPrintable(QString::number(masked - lightness({100 + 17, 200}))));
+    QVERIFY(body - masked >= 15);
+    QCOMPARE(pixelAt(&window, {250, 200}), defaultThemeColor("surface"));
 }
 
 VEMO_TEST_MAIN(ContrastTest)
