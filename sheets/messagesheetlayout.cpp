@@ -28,7 +28,7 @@ constexpr double kConfirmGap = 10;
 constexpr double kButtonGap = 20;
 constexpr double kWidest = 540;
 constexpr double kOverWidest = 480;
-constexpr double kBesides = 40;
+constexpr double kParentMargin = 40;
 
 template <typename Layout> Layout *tight(Layout *layout)
 {
@@ -44,7 +44,7 @@ int widthOver(double parentWidth)
     // and larger ones.
     if (parentWidth == kWidest)
         return truncToInt(kOverWidest);
-    return std::max(0, truncToInt(std::min(kWidest, parentWidth - kBesides)));
+    return std::max(0, truncToInt(std::min(kWidest, parentWidth - kParentMargin)));
 }
 
 } // namespace
@@ -81,7 +81,7 @@ void VemoMessageSheetPrivate::layOut(const QWidget *over)
         column->addSpacing(scaled(kButtonGap));
         column->addWidget(buttonBox);
     }
-    takeSize(over);
+    updateSize(over);
 }
 
 /// Otherwise new parts of a visible sheet would be shown, and considered in the layout, later.
@@ -96,7 +96,7 @@ void VemoMessageSheetPrivate::showNewParts() const
     }
 }
 
-void VemoMessageSheetPrivate::takeSize(const QWidget *over)
+void VemoMessageSheetPrivate::updateSize(const QWidget *over)
 {
     if (q->isVisible())
         showNewParts();

@@ -52,14 +52,14 @@ void addConfirmButtons(QMessageBox &box, const MsgBoxCustomBtnText &captions)
 {
     QPushButton *cancel = box.addButton(QMessageBox::Cancel);
     QPushButton *apply = box.addButton(QMessageBox::Apply);
-    dressButton(apply, captionOr(captions.applyText, "ok"), "component.apply_button");
-    dressButton(cancel, captionOr(captions.cancelText, "cancel"), "component.cancel_button");
+    styleButton(apply, captionOr(captions.applyText, "ok"), "component.apply_button");
+    styleButton(cancel, captionOr(captions.cancelText, "cancel"), "component.cancel_button");
 }
 
 void addOkButton(QMessageBox &box)
 {
     box.setStandardButtons(QMessageBox::Ok);
-    dressButton(static_cast<QPushButton *>(box.button(QMessageBox::Ok)), captionOr({}, "ok"),
+    styleButton(static_cast<QPushButton *>(box.button(QMessageBox::Ok)), captionOr({}, "ok"),
         "component.apply_button");
 }
 

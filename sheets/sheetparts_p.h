@@ -27,7 +27,7 @@ inline void changeCaption(QPushButton *button, QString &shown, const QString &te
 }
 
 /// Sets the caption and the style of a sheet's button.
-inline void dressButton(QPushButton *button, const QString &caption, const char *styleKey)
+inline void styleButton(QPushButton *button, const QString &caption, const char *styleKey)
 {
     button->setText(caption);
     // Some desktops add stock icons to the buttons of a QDialogButtonBox.

@@ -28,13 +28,13 @@ constexpr double kPromptGap = 8;
 constexpr double kFieldHeight = 28;
 constexpr double kButtonGap = 24;
 constexpr double kWidest = 480;
-constexpr double kBesides = 40;
+constexpr double kParentMargin = 40;
 
 /// The width of a sheet over a parent of the given width, both in design pixels. Deliberate:
 /// differs from that of a message.
 int widthOver(double parentWidth)
 {
-    return truncToInt(std::clamp(parentWidth - kBesides, 0.0, kWidest));
+    return truncToInt(std::clamp(parentWidth - kParentMargin, 0.0, kWidest));
 }
 
 QString stringOf(const char *key)
@@ -75,8 +75,8 @@ public:
     bool isStale = false; ///< whether the style or the font has changed since the last layout
 
 private:
-    void dressButtons();
-    void takeSize();
+    void styleButtons();
+    void updateSize();
 
     QString okText;
     QString cancelText;
@@ -91,11 +91,11 @@ VemoInputSheetPrivate::VemoInputSheetPrivate(VemoInputSheet *sheet)
 void VemoInputSheetPrivate::build()
 {
     q->setStyleSheet(getStyleSheet("component.message_sheet_other"));
-    dressButtons();
+    styleButtons();
     connect(buttonBox, SIGNAL(clicked(QAbstractButton*)), q, SLOT(buttonClick(QAbstractButton*)));
 }
 
-void VemoInputSheetPrivate::dressButtons()
+void VemoInputSheetPrivate::styleButtons()
 {
     // This order puts Discard before Ok, as in a message.
     buttonBox->setStyle(buttonBoxStyle(QDialogButtonBox::GnomeLayout));
@@ -106,9 +106,9 @@ void VemoInputSheetPrivate::dressButtons()
     QPushButton *cancel = buttonBox->button(QDialogButtonBox::Discard);
     okText = stringOf("ok");
     cancelText = stringOf("cancel");
-    dressButton(ok, okText, "component.apply_button");
+    styleButton(ok, okText, "component.apply_button");
     ok->setDefault(true);
-    dressButton(cancel, cancelText, "component.cancel_button");
+    styleButton(cancel, cancelText, "component.cancel_button");
     setButtonSize(ok);
     setButtonSize(cancel);
     // Shift+Tab wraps to the last child.
@@ -157,10 +157,10 @@ void VemoInputSheetPrivate::layOut()
         column->addSpacing(scaled(kButtonGap));
         column->addWidget(buttonBox);
     }
-    takeSize();
+    updateSize();
 }
 
-void VemoInputSheetPrivate::takeSize()
+void VemoInputSheetPrivate::updateSize()
 {
     q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
     const QWidget *parent = q->parentWidget();

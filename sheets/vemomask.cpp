@@ -173,11 +173,11 @@ public:
     {
     }
 
-    void carry(QWidget *carried)
+    void setContent(QWidget *content)
     {
         auto *row = new QHBoxLayout(q);
-        row->addWidget(carried);
-        widget = carried;
+        row->addWidget(content);
+        widget = content;
     }
 
     void fillWindow() const
@@ -238,7 +238,7 @@ VemoMask::VemoMask(QWidget *widget, QWidget *parent, const QColor &color)
     m_d->color = color;
     m_d->isShade = color == maskShade();
     m_d->fillWindow();
-    m_d->carry(widget);
+    m_d->setContent(widget);
     resize();
     widget->installEventFilter(this);
     new ParentEventFilterWidget(this, parent);

@@ -24,7 +24,7 @@ VemoMessageSheet::VemoMessageSheet(QWidget *parent, MessageType type, bool showI
 VemoMessageSheet::VemoMessageSheet(const QString &text, const QString &moviePath, QWidget *parent)
     : VemoMessageSheet(parent, Processing, true)
 {
-    m_d->dress({});
+    m_d->updateStyle({});
     m_d->showMovie(moviePath);
     m_d->changeText(text);
     m_d->layOut();

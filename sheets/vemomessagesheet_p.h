@@ -35,7 +35,7 @@ public:
     void build(const MsgBoxCustomBtnText &captions, const QString &text,
         const QString &informativeText, const QWidget *over);
     /// Updates everything except the texts and the layout.
-    void dress(const MsgBoxCustomBtnText &captions);
+    void updateStyle(const MsgBoxCustomBtnText &captions);
     void layOut() { layOut(q->parentWidget()); }
     void layOut(const QWidget *over);
     /// Fits the size to the content after a change of style or font: immediately if the sheet is
@@ -98,13 +98,13 @@ private:
 
     void showTypeIcon();
     void showTypePicture(const QPixmap &picture);
-    void dressButtons(const MsgBoxCustomBtnText &captions);
-    void dressConfirmRow();
+    void styleButtons(const MsgBoxCustomBtnText &captions);
+    void styleConfirmRow();
     void removeConfirmRow();
-    void dressLabels();
+    void styleLabels();
     MessageLabel *newLabel(const QString &styleSheet);
     void showNewParts() const;
-    void takeSize(const QWidget *over);
+    void updateSize(const QWidget *over);
     void orderButtons(std::initializer_list<QDialogButtonBox::StandardButton> order) const;
     void orderFocus() const;
     int contentWidth() const;

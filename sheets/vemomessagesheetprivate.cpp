@@ -100,24 +100,24 @@ VemoMessageSheet *VemoMessageSheetPrivate::newMaskedSheet(VemoMessageSheet::Mess
 void VemoMessageSheetPrivate::build(const MsgBoxCustomBtnText &captions, const QString &text,
     const QString &informativeText, const QWidget *over)
 {
-    dress(captions);
+    updateStyle(captions);
     changeText(text);
     changeInformativeText(informativeText, {});
     layOut(over);
 }
 
-void VemoMessageSheetPrivate::dress(const MsgBoxCustomBtnText &captions)
+void VemoMessageSheetPrivate::updateStyle(const MsgBoxCustomBtnText &captions)
 {
     const TypeLook &look = lookOf(type);
     q->setStyleSheet(getStyleSheet(look.styleKey));
     showTypeIcon();
     buttonBox->setStandardButtons(Button::StandardButtons(look.buttons));
-    dressButtons(captions);
+    styleButtons(captions);
     if (doubleConfirm)
-        dressConfirmRow();
+        styleConfirmRow();
     else
         removeConfirmRow();
-    dressLabels();
+    styleLabels();
     for (const auto which : {Button::Ok, Button::Apply, Button::Discard, Button::Reset}) {
         if (QPushButton *present = button(which))
             present->installEventFilter(q);
@@ -126,7 +126,7 @@ void VemoMessageSheetPrivate::dress(const MsgBoxCustomBtnText &captions)
 
 void VemoMessageSheetPrivate::rebuild()
 {
-    dress({});
+    updateStyle({});
     layOut();
 }
 
@@ -174,7 +174,7 @@ void VemoMessageSheetPrivate::translate()
     fitLater();
 }
 
-void VemoMessageSheetPrivate::dressButtons(const MsgBoxCustomBtnText &captions)
+void VemoMessageSheetPrivate::styleButtons(const MsgBoxCustomBtnText &captions)
 {
     shownCaptions.clear();
     const auto caption = [this](const QString &custom, Button::StandardButton which) {
@@ -184,22 +184,21 @@ void VemoMessageSheetPrivate::dressButtons(const MsgBoxCustomBtnText &captions)
         QPushButton *apply = button(which);
         if (!apply)
             continue;
-        dressButton(apply, caption(captions.applyText, which), "component.apply_button");
+        styleButton(apply, caption(captions.applyText, which), "component.apply_button");
         apply->setDefault(true);
         setButtonSize(apply);
     }
     if (QPushButton *cancel = button(Button::Discard)) {
-        dressButton(
+        styleButton(
             cancel, caption(captions.cancelText, Button::Discard), "component.cancel_button");
         setButtonSize(cancel);
     }
     // Deliberate: only this button keeps its natural size.
     if (QPushButton *reset = button(Button::Reset))
-        dressButton(
-            reset, caption(captions.resetText, Button::Reset), "component.reset_button");
+        styleButton(reset, caption(captions.resetText, Button::Reset), "component.reset_button");
 }
 
-void VemoMessageSheetPrivate::dressConfirmRow()
+void VemoMessageSheetPrivate::styleConfirmRow()
 {
     removeConfirmRow();
     if (QPushButton *apply = button(Button::Apply))
@@ -236,7 +235,7 @@ void VemoMessageSheetPrivate::removeConfirmRow()
     confirmContainer->hide();
 }
 
-void VemoMessageSheetPrivate::dressLabels()
+void VemoMessageSheetPrivate::styleLabels()
 {
     if (textLabel)
         textLabel->setStyleSheet(getStyleSheet(kText));

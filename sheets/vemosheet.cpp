@@ -17,7 +17,7 @@ namespace {
 constexpr Qt::GlobalColor kBody = Qt::white; // Deliberate: in every theme that names no other.
 constexpr double kShadowWidth = 22.0;
 
-/// A dialog, modal while it runs. Screen readers know a frame as a mere border.
+/// A dialog, modal while it runs. By default screen readers treat a frame as a border.
 class AccessibleSheet : public QAccessibleWidget
 {
 public:
@@ -48,7 +48,7 @@ QAccessibleInterface *accessibleSheet(const QString &className, QObject *object)
 
 VemoSheet::VemoSheet(QWidget *parent) : QFrame(parent), m_shadow_width(scaled(kShadowWidth))
 {
-    // Installing it again does nothing.
+    // Installing the factory again is a no-op.
     QAccessible::installFactory(accessibleSheet);
     reserveBand();
 }
@@ -60,7 +60,7 @@ void VemoSheet::setWidget(QWidget *widget)
     delete layout();
     auto *row = new QHBoxLayout(this);
     row->addWidget(widget, 0, Qt::AlignCenter);
-    // The band counts from the polish on, and so it does in the size that the frame now takes.
+    // The contents margins are only in effect after polishing, so polish before measuring.
     ensurePolished();
     updateGeometry();
     adjustSize();
@@ -70,7 +70,7 @@ bool VemoSheet::event(QEvent *event)
 {
     const bool isHandled = QFrame::event(event);
     const QEvent::Type type = event->type();
-    // At each of these a frame sets its contents margins back to the width of its line.
+    // At each of these events QFrame resets its contents margins to the width of its line.
     if (type == QEvent::Polish || type == QEvent::ParentChange || type == QEvent::StyleChange)
         reserveBand();
     return isHandled;
@@ -82,7 +82,7 @@ void VemoSheet::paintEvent(QPaintEvent * /*event*/)
     drawShadow(painter);
     const int band = m_shadow_width;
     const QRect body(band, band, width() - 2 * band, height() - 2 * band);
-    // The painter would turn a negative size round and draw it all the same.
+    // QPainter would normalise a negative size and draw it.
     if (body.isEmpty())
         return;
     painter.setPen(Qt::NoPen);
@@ -103,7 +103,7 @@ void VemoSheet::reserveBand()
 
 void VemoSheet::drawShadow(QPainter &painter)
 {
-    // Looked up at each paint, so that a catalogue read anew shows at once.
+    // Looked up at each paint event, so that a reloaded catalogue takes effect immediately.
     const QPixmap left = getGlobalImage("bg_tutorial_l");
     const QPixmap right = getGlobalImage("bg_tutorial_r");
     const QPixmap top = getGlobalImage("bg_tutorial_t");
@@ -135,6 +135,7 @@ void VemoSheet::drawEdge(
     if (stretched.sourceKey != picture.cacheKey() || stretched.size != strip.size())
         stretched = {picture.cacheKey(), strip.size(),
             picture.scaled(strip.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation)};
-    // With its size: the stretched picture kept the pixel ratio and would fill half the strip.
+    // With a target size: the stretched picture has kept its pixel ratio and would only fill half
+    // the strip.
     painter.drawPixmap(strip, stretched.picture);
 }

@@ -20,10 +20,10 @@
 class VEMO_EXPORT ComponentStrings
 {
 public:
-    /// The one instance, made on first use; it lives until the process ends.
+    /// The only instance, created on first use; it exists until the process ends.
     static ComponentStrings &getInstance();
 
-    /// Replaces the whole table: keys of an earlier table that this one lacks are gone.
+    /// Replaces the whole table; it is not merged with an earlier one.
     void installStrings(const QMap<QString, QString> &strings);
 
     /// The whole table, for a host that adds its own texts: insert them into a copy and install it.
@@ -36,7 +36,7 @@ public:
     ///     ComponentStrings::getInstance().changeStrings(table); // the user chose another language
     void changeStrings(const QMap<QString, QString> &strings);
 
-    /// The text under key; key itself and a warning where there is none.
+    /// The text for key; if there is none, key itself, with a warning.
     QString getString(const QString &key) const;
 
 private:

@@ -23,7 +23,7 @@ enum class DefaultThemeMode {
     System, ///< that of the desktop, now and whenever it changes
 };
 
-/// What installDefaultTheme() does, with a default for everything.
+/// Options for installDefaultTheme(), all of which have defaults.
 ///
 ///     DefaultThemeOptions options;
 ///     options.languageCode = "deu";
@@ -31,50 +31,50 @@ enum class DefaultThemeMode {
 ///     installDefaultTheme(options);
 struct DefaultThemeOptions
 {
-    /// Takes the generated pictures; it is created if it is missing. Empty: the application's cache
-    /// folder (QStandardPaths::CacheLocation).
+    /// The folder for generated pictures, which is created if it is missing. If empty, the
+    /// application's cache folder (QStandardPaths::CacheLocation).
     QString userDataPath;
 
-    /// One of VemoLocale's codes; empty: that of the system. A language that the theme lacks is
-    /// warned about and shown in English.
+    /// A code of VemoLocale; if empty, that of the system. If the theme has no texts for it,
+    /// English is used, with a warning.
     QString languageCode;
 
-    /// When pictures are loaded, see ImageManager::initialize().
+    /// The time when pictures are loaded, see ImageManager::initialize().
     ImageManager::InitializeType pictureLoading = ImageManager::LAZY_LOAD;
 
-    /// Sets the style Fusion and defaultThemePalette(), for windows and everything else that no
-    /// style section covers.
+    /// Whether to set the style Fusion and defaultThemePalette(), for windows and everything else
+    /// without a style section.
     bool setsPalette = true;
 
-    /// Gives Qt's own widgets the look of ours, see applyDefaultThemeStyle(). The palette is a
-    /// matter of setsPalette.
+    /// Whether to give Qt's own widgets the look of ours, see applyDefaultThemeStyle(). The palette
+    /// depends on setsPalette.
     bool stylesStockWidgets = true;
 
-    /// Folders of the host's own resources, beside those of the theme, and like them: pictures as
-    /// in ImageManager::addCatalogue(), style files "/style/*.qss", and texts
-    /// "/strings/<code>.json", of English and of languageCode. A folder may lack any of these. What
-    /// has the name of something in the theme, or in a folder before it, takes its place: a
-    /// section, a picture, or a text.
+    /// Folders with the host's own resources, in addition to those of the theme: pictures as in
+    /// ImageManager::addCatalogue(), style files "/style/*.qss", and texts "/strings/<code>.json"
+    /// for English and languageCode. A folder may lack any of these. Sections, pictures and texts
+    /// replace those with the same name in the theme or in an earlier folder.
     QStringList resourceFolders;
 
-    /// Further texts of the host, already in the right language; they take the place of all others.
+    /// Additional texts of the host in the selected language, which replace all others.
     QMap<QString, QString> strings;
 };
 
-/// Does the host's whole start-up from the embedded default theme: folders, strings, pictures and
-/// styles, in that order, and then the look of the application. Call it after the application
-/// object and before the first widget. It is in a library of its own: link Vemo::Theme.
+/// Performs the host's complete start-up with the embedded default theme: folders, strings,
+/// pictures and styles, in that order, and then the look of the application. Call it after creating
+/// the application object and before the first widget. It is in a separate library: link
+/// Vemo::Theme.
 ///
-/// It may be called again, with another language for instance; widgets keep the texts that they
-/// have. Returns false after a warning, with nothing registered, if userDataPath can't be written.
+/// It may be called again, for example with another language; existing widgets keep their texts. If
+/// userDataPath is not writable, returns false with a warning and registers nothing.
 ///
 ///     QApplication app(argc, argv);
 ///     if (!installDefaultTheme())
 ///         return 1;
 VEMO_THEME_EXPORT bool installDefaultTheme(const DefaultThemeOptions &options = {});
 
-/// The same for a host that sets style and palette itself: neither of them is changed, and stock
-/// widgets stay as Qt has them. Nothing is taken for an empty userDataPath or languageCode.
+/// The same for a host that sets the style and the palette itself: neither is changed, and stock
+/// widgets keep Qt's look. There are no defaults for an empty userDataPath or languageCode.
 VEMO_THEME_EXPORT bool installDefaultTheme(
     const QString &userDataPath, const QString &languageCode, ImageManager::InitializeType type);
 
@@ -107,9 +107,9 @@ VEMO_THEME_EXPORT DefaultThemeMode defaultThemeMode();
 /// Whether the look on show is the dark one.
 VEMO_THEME_EXPORT bool isDefaultThemeDark();
 
-/// The theme's colours for what no style section dresses: windows, and stock widgets among ours.
-/// The host's to set, before or after the start-up; every role that is not the theme's has Qt's
-/// default.
+/// The theme's colours for everything without a style section: windows, and stock widgets. The host
+/// sets this palette, before or after the start-up. Roles that the theme does not define have Qt's
+/// defaults.
 ///
 ///     QApplication::setStyle("fusion");
 ///     QApplication::setPalette(defaultThemePalette());
@@ -155,9 +155,9 @@ VEMO_THEME_EXPORT QMap<QString, QString> defaultThemeStrings(const QString &code
 /// "accent-hover". A warning and no valid colour where there is none of that name.
 VEMO_THEME_EXPORT QColor defaultThemeColor(const QString &name);
 
-/// text, say a host's own style section, with the theme's colours for their names between "@". A
-/// name that is none is warned about. setDefaultThemeMode() exchanges the colours in style sheets
-/// that have the result in them.
+/// Replaces the names between "@" in text, for example a host's own style section, by the theme's
+/// colours. Unknown names log a warning. setDefaultThemeMode() exchanges the colours in style
+/// sheets that have the result in them.
 ///
 ///     window->setStyleSheet(withDefaultThemeColors(getStyleSheet("tea.window")));
 ///     // == tea.window ==

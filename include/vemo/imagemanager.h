@@ -11,13 +11,13 @@
 
 #include <array>
 
-/// The catalogue of pictures: up to four states of each name, shrunk from the 4x artwork to the
-/// size that fits the screen.
+/// The catalogue of pictures: up to four states per name, scaled down from 4x artwork to the size
+/// that fits the screen.
 ///
-/// The catalogue file "/images.json" and the PNG files in "/images" lie under the folder
-/// "resource_path"; screen-scaled copies for style sheets go to "/tmp_images" under
-/// "user_data_path". Register both folders with UIPathManager first. The catalogue lists names,
-/// without folder and ".png"; those of the second list are written as "tmp_" + name + ".png":
+/// The catalogue file "/images.json" and the PNG files in "/images" are below the folder
+/// "resource_path"; scaled copies for style sheets are written to "/tmp_images" below
+/// "user_data_path". Register both folders with UIPathManager first. The catalogue lists names
+/// without folder and ".png"; those in the second list are written as "tmp_" + name + ".png":
 ///
 ///     { "images": [ "folder", "icon_warning" ], "tmp_images": [ "combobox_arrow" ] }
 ///
@@ -31,7 +31,7 @@ class VEMO_EXPORT ImageManager
 public:
     /// The state of a control that a picture is for.
     enum ImageType : int {
-        NORMAL = 0, ///< at rest; also stands in for a missing state
+        NORMAL = 0, ///< normal; also used for missing states
         HOVER = 1, ///< file name + "_hover"
         CLICK = 2, ///< file name + "_click"
         DISABLE = 3, ///< file name + "_disable"
@@ -40,23 +40,23 @@ public:
     /// When pictures are loaded.
     enum InitializeType : int {
         PRELOAD = 0, ///< every picture is loaded by initialize()
-        LAZY_LOAD = 1, ///< the states of a name are loaded when it is first asked for
+        LAZY_LOAD = 1, ///< the states of a name are loaded on its first use
     };
 
-    /// The one instance, made on first use; it lives until the process ends.
+    /// The only instance, created on first use; it exists until the process ends.
     static ImageManager &getInstance();
 
     /// Reads the catalogue and writes the temporary pictures; the application object must exist. A
-    /// catalogue or picture that is missing or broken is passed over in silence, and so is what is
-    /// not an ordinary file, a catalogue of more than 16 MiB and a picture file of more than 64
-    /// MiB. A temporary picture that can't be written whole is empty or absent. A later call reads
-    /// everything again; names that are no longer listed stay.
+    /// missing or broken catalogue or picture is ignored without a warning, as is anything but a
+    /// regular file, a catalogue larger than 16 MiB and a picture file larger than 64 MiB. If a
+    /// temporary picture cannot be written completely, its file is empty or missing. A later call
+    /// reads everything again; names that are no longer listed remain.
     void initialize(InitializeType type);
     /// Adds a host's own pictures: the catalogue file "/images.json" and the PNG files in "/images"
-    /// below folder, read as those of "resource_path" are. A name that is in both catalogues then
-    /// has the pictures of this one. Before initialize() it is read there; a later initialize()
-    /// reads it again, after the first catalogue. A folder that was added before is read again, but
-    /// keeps its place.
+    /// below folder, in the same format as in "resource_path". Names in both catalogues then refer
+    /// to the pictures of this one. If called before initialize(), the catalogue is read by
+    /// initialize(); later calls of initialize() read it again, after the first catalogue. A folder
+    /// that is already added is read again, but keeps its position.
     ///
     ///     ImageManager::getInstance().addCatalogue(":/tea"); // ":/tea/images.json"
     void addCatalogue(const QString &folder);
@@ -65,19 +65,19 @@ public:
     /// Whether the catalogue lists name; a host can ask before getImage() would warn.
     bool contains(const QString &name) const;
 
-    /// The picture of name in that state: a quarter of the artwork's size in design pixels, scaled
-    /// to screen pixels, with the screen's pixel ratio. A state without a picture yields the normal
-    /// one and a warning; an unknown name, as every name is before initialize(), a null pixmap and
-    /// a warning.
+    /// The picture of name in the given state: a quarter of the artwork's size in design pixels,
+    /// scaled to screen pixels, with the screen's pixel ratio. For a state without a picture, the
+    /// normal one and a warning; for an unknown name, a null pixmap and a warning. Before
+    /// initialize() all names are unknown.
     QPixmap getImage(const QString &name, ImageType type);
 
     /// Whether the catalogue has a picture of name in that state, without a warning.
     bool hasImage(const QString &name, ImageType type);
 
-    /// The folder of the pictures, as style sheets name it. Before initialize() this call warns
+    /// The folder of the pictures, as used in style sheets. Before initialize() this call logs
     /// "ImageManager is not initialized" and ends the process.
     const QString &getImageFolder() const;
-    /// The folder of the temporary pictures. Before initialize() it ends the process, too.
+    /// The folder of the temporary pictures. Before initialize() this call also ends the process.
     const QString &getTempImageFolder() const;
 
 private:
@@ -85,16 +85,16 @@ private:
 
     struct Image
     {
-        QString folder; ///< of the files
-        std::array<QString, kStates> fileNames; ///< by ImageType; empty: this state has no picture
+        QString folder; ///< the folder of the files
+        std::array<QString, kStates> fileNames; ///< by ImageType; empty if there is no picture
         std::array<QPixmap, kStates> pixmaps;
-        bool loaded = false; ///< at least one of the four has been
+        bool loaded = false; ///< whether at least one of the four is loaded
     };
 
     ImageManager() = default;
 
     void readJson();
-    /// The names of the pictures in it.
+    /// Returns the names of the pictures in the catalogue of folder.
     QStringList readCatalogue(const QString &folder);
     void parseJson(const QString &name, const QString &imageFolder);
     void prepareImages();
@@ -111,7 +111,7 @@ private:
     QHash<QString, Image> m_images;
 };
 
-/// ImageManager::getImage() of the one instance; an 8-bit name is Latin-1.
+/// ImageManager::getImage() of the only instance; an 8-bit name is Latin-1.
 VEMO_EXPORT QPixmap getGlobalImage(
     const QString &name, ImageManager::ImageType type = ImageManager::NORMAL);
 /// The same with an 8-bit name.
@@ -120,7 +120,8 @@ VEMO_EXPORT QPixmap getGlobalImage(
 
 /// An icon that looks its pictures up whenever it is drawn, so that it follows the catalogue when
 /// another theme is loaded. It shows HOVER while active, DISABLE while disabled and CLICK while on
-/// (checked); a missing state is made of the normal picture, as Qt does it. An 8-bit name is Latin-1.
+/// (checked); a missing state is made of the normal picture, as Qt does it. An 8-bit name is
+/// Latin-1.
 ///
 ///     item->setIcon(0, getGlobalIcon("folder"));
 VEMO_EXPORT QIcon getGlobalIcon(const QString &name);

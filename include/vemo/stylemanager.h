@@ -15,8 +15,8 @@
 ///
 /// Load the files once, after ImageManager::initialize(): the placeholders "IMG_LOC" and
 /// "TMPIMG_LOC" in them become its two folders. Widgets look their sections up when they are made,
-/// and keep them until reload(). Files are UTF-8. Comments are /* ... */ on one line, and // to the end of a line,
-/// which takes the line break with it. A section begins with a header line:
+/// and keep them until reload(). Files are UTF-8. Comments are /* ... */ on one line, and // to the
+/// end of a line, which takes the line break with it. A section begins with a header line:
 ///
 ///     == component.red_button ==
 ///     QPushButton { color: white; border-image: url("IMG_LOC/red.png"); }
@@ -24,21 +24,20 @@
 ///     StyleManager::getInstance().initialize({ ":/styles/buttons.qss", ":/styles/own.qss" });
 ///     button->setStyleSheet(getStyleSheet("component.red_button"));
 ///
-/// The quotes keep a folder whose name holds "'", "%", "}" or letters other than ASCII; a folder
-/// with a double quote or a backslash in its name shows no pictures.
+/// The quotes are needed for folders whose names contain "'", "%", "}" or non-ASCII letters.
+/// Pictures in folders whose names contain a double quote or a backslash are not shown.
 ///
 /// \image html fields-states.png
 class VEMO_EXPORT StyleManager
 {
 public:
-    /// The one instance, made on first use; it lives until the process ends.
+    /// The only instance, created on first use; it exists until the process ends.
     static StyleManager &getInstance();
 
-    /// Reads all files, in order; of two sections with one key the later one wins, also over an
-    /// earlier call's. A file that does not exist is warned about and left out, and so is what is
-    /// not an ordinary file (a pipe, a device) or has more than 16 MiB; one that can't be opened is
-    /// left out in silence. Ends the process when the picture catalogue is not
-    /// initialised.
+    /// Reads all files, in order. A later section replaces an earlier one with the same key, even
+    /// one of an earlier call. Files that do not exist, are not regular files (a pipe, a device) or
+    /// are larger than 16 MiB are skipped with a warning; files that cannot be opened are skipped
+    /// without one. Ends the process if the picture catalogue is not initialised.
     void initialize(const std::vector<QString> &paths);
 
     /// Whether there is a section under key; a host can ask before getStyleSheet() would warn.
@@ -62,15 +61,17 @@ public:
 
     /// A color that style sheets can't set, from the optional section "colors", or fallback if the
     /// section or the name is missing. Each entry is a name and a color: "#RRGGBB", an SVG name or
-    /// "rgba(r, g, b, a)" with an alpha up to 255. The library's names, and what they are otherwise:
+    /// "rgba(r, g, b, a)" with an alpha up to 255. The library's names, and what they are
+    /// otherwise:
     ///
     ///     == colors ==
     ///     sheet-body: white; combo-border: #C8D2DC; tree-outline: white; weekend-ink: black;
     ///     paging-separator: rgba(171, 181, 194, 51); mask: rgba(0, 0, 0, 20);
     QColor getColor(const QString &name, const QColor &fallback) const;
 
-    /// The section under key, its "px" lengths scaled from design to screen pixels unless unscaled
-    /// is true (see DPIinfo::getScaledStyleSheet()); an empty string and a warning where there is none.
+    /// The section for key, with "px" lengths scaled from design to screen pixels unless unscaled
+    /// is true (see DPIinfo::getScaledStyleSheet()). If there is none, an empty string and a
+    /// warning.
     QString getStyleSheet(const QString &key, bool unscaled = false) const;
 
 private:
@@ -80,7 +81,7 @@ private:
     QHash<QString, QColor> m_colors; ///< of the section "colors"
 };
 
-/// StyleManager::getStyleSheet() of the one instance; the 8-bit key is Latin-1.
+/// StyleManager::getStyleSheet() of the only instance; an 8-bit key is Latin-1.
 VEMO_EXPORT QString getStyleSheet(const QString &key, bool unscaled = false);
 /// The same with an 8-bit key.
 VEMO_EXPORT QString getStyleSheet(const char *key, bool unscaled = false);

@@ -7,11 +7,11 @@
 
 #include <map>
 
-/// The folders that a host application registers under a key, once, at start-up.
+/// Folders by key, which a host registers once at start-up.
 ///
 /// The library reads "resource_path" (style pictures and the picture catalogue) and
-/// "user_data_path" (a writable folder for generated pictures); a host may keep its own keys here
-/// too. Register paths without a trailing slash: style files must not see "//".
+/// "user_data_path" (a writable folder for generated pictures); hosts may also add their own keys.
+/// Register paths without a trailing slash, since "//" begins a comment in style files.
 ///
 ///     const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
 ///     UIPathManager::getInstance().setPath("resource_path", ":/vemo/theme");
@@ -21,17 +21,17 @@
 class VEMO_EXPORT UIPathManager
 {
 public:
-    /// The one instance, made on first use; it lives until the process ends.
+    /// The only instance, created on first use; it exists until the process ends.
     static UIPathManager &getInstance();
 
-    /// Stores path under key. An existing key is overwritten, with a warning that names the new
-    /// path. Whether the path exists is not looked at.
+    /// Stores path under key. Overwriting an existing key logs a warning with the new path. The
+    /// path is not checked for existence.
     void setPath(const QString &key, const QString &path);
 
-    /// Stores path under key, whether or not there is one already, without a warning.
+    /// Stores path under key without a warning, even if the key exists.
     void replacePath(const QString &key, const QString &path);
 
-    /// The path stored under key; an empty string and a warning where there is none.
+    /// The path stored under key; if there is none, an empty string and a warning.
     QString getPath(const QString &key) const;
 
 private:

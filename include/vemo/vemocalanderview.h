@@ -20,14 +20,14 @@ class QTableWidget;
 ///
 /// It is an item view only so that a combo box can take it for its list, as VemoDateSelector does;
 /// it shows no model. Pictures, style files and strings must be loaded before; a missing
-/// name shows its key. QEvent::LanguageChange makes it take its texts again. It sets no style sheet on
-/// itself; the section "component.date_selector" dresses it where an ancestor has it set, or you
+/// name shows its key. QEvent::LanguageChange makes it take its texts again. It sets no style sheet
+/// on itself; the section "component.date_selector" dresses it where an ancestor has it set, or you
 /// set it. The view belongs to its parent and owns its parts, which keep the object names of
 /// QCalendarWidget's own ("qt_calendar_prevmonth", ...).
 ///
 ///     auto *calendar = new VemoCalanderView(page);
 ///     calendar->setMinimumDate(QDate::currentDate());
-///     connect(calendar, SIGNAL(sigDateSelect(QDate)), this, SLOT(slotDateSelect(QDate)));
+///     connect(calendar, &VemoCalanderView::sigDateSelect, this, &MainWindow::selectDate);
 ///
 /// \image html date-and-time-calendars.png
 class VEMO_EXPORT VemoCalanderView : public QAbstractItemView
@@ -38,39 +38,39 @@ class VEMO_EXPORT VemoCalanderView : public QAbstractItemView
     Q_PROPERTY(QDate selectedDate READ selectedDate WRITE setSelectedDate)
 
 public:
-    /// Shows the current month, with nothing picked but today.
+    /// Creates a calendar that shows the current month, with today selected.
     explicit VemoCalanderView(QWidget *parent = nullptr);
     ~VemoCalanderView() override;
 
-    /// Shows a month, counted from 1; the selected day stays, and the range doesn't matter.
+    /// Shows a month, counted from 1, regardless of the range. The selected day does not change.
     void setCurrentPage(int year, int month);
-    /// The first day that can be picked. Where it lies after the last one, it becomes both. Here
-    /// and below an invalid date is ignored.
+    /// Sets the first day that can be selected. If it is after the last one, it becomes both.
+    /// Invalid dates are ignored by this and the other setters.
     void setMinimumDate(const QDate &date);
-    /// The first day that can be picked; far in the past at first.
+    /// The first day that can be selected; initially far in the past.
     QDate minimumDate() const;
-    /// The last day that can be picked. Where it lies before the first one, it becomes both.
+    /// Sets the last day that can be selected. If it is before the first one, it becomes both.
     void setMaximumDate(const QDate &date);
-    /// The last day that can be picked; far in the future at first.
+    /// The last day that can be selected; initially far in the future.
     QDate maximumDate() const;
 
-    /// Both at once, as in QCalendarWidget; ignored if either is invalid.
+    /// Sets both, as in QCalendarWidget. Ignored if either is invalid.
     void setDateRange(const QDate &first, const QDate &last);
 
-    /// Today at first. Selects the day, or the nearest that can be picked, shows its month and
-    /// reports nothing.
+    /// Selects date, or the nearest day in range, and shows its month without emitting a signal.
+    /// Initially today is selected.
     void setSelectedDate(const QDate &date);
     /// The selected day.
     QDate selectedDate() const;
 
     /// At least minimumSizeHint().
     QSize sizeHint() const override;
-    /// As much as all days need in the view's font.
+    /// The space that all days need in the view's font.
     QSize minimumSizeHint() const override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    // The view shows no model: these do nothing and answer that there is nothing.
+    // The view does not show a model, so these do nothing and return empty values.
     /// Always empty.
     QRect visualRect(const QModelIndex &index) const override;
     /// Does nothing.
@@ -79,13 +79,13 @@ public:
     QModelIndex indexAt(const QPoint &point) const override;
 
 public Q_SLOTS:
-    /// Selects today as far as the range allows, and reports today in any case.
+    /// Selects today, or the nearest day in range, and emits sigDateSelect() with today.
     void selectToday();
 
 Q_SIGNALS:
-    /// A day was picked: by the user's click, by Return, or by the today button, and so by
-    /// selectToday(); setSelectedDate() emits nothing. A double click, which also activates the
-    /// day, reports it twice.
+    /// Emitted when a day is selected by a click, by Return, by the today button or by
+    /// selectToday(), but not by setSelectedDate(). A double click also activates the day and so
+    /// emits it twice.
     void sigDateSelect(QDate date);
 
 protected:

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "examples/filebrowser/files/nativename.h"
+#include "examples/filebrowser/files/paths.h"
 #include "examples/filebrowser/ui/kinds.h"
 #include "examples/filebrowser/ui/languages.h"
-#include "examples/filebrowser/files/nativename.h"
 #include "examples/filebrowser/ui/options.h"
-#include "examples/filebrowser/files/paths.h"
 #include "examples/filebrowser/ui/texts.h"
 #include "filewindowdriver.h"
 #include "support/vemotest.h"
