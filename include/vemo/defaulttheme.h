@@ -120,7 +120,7 @@ VEMO_THEME_EXPORT QPalette defaultThemePalette();
 /// installDefaultTheme() and before the first widget, if that was called without this option;
 /// without either stock widgets stay as Qt has them.
 ///
-/// It dresses the classes that Qt has, not their subclasses, so that VemoButton and a host's own
+/// It styles Qt's classes but not their subclasses, so that VemoButton and a host's own
 /// QPushButton look the same with and without it. A host's own rules go behind:
 ///
 ///     applyDefaultThemeStyle(app);
@@ -137,7 +137,7 @@ struct DefaultThemeLanguage
 {
     QString code; ///< one of VemoLocale's, such as "deu"
     QString nativeName; ///< as its speakers call it, such as "Deutsch"
-    QLocale locale;
+    QLocale locale; ///< formats dates and numbers in the language
 };
 
 /// The theme's languages, by code.

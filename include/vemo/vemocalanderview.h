@@ -21,7 +21,7 @@ class QTableWidget;
 /// It is an item view only so that a combo box can take it for its list, as VemoDateSelector does;
 /// it shows no model. Pictures, style files and strings must be loaded before; a missing
 /// name shows its key. QEvent::LanguageChange makes it take its texts again. It sets no style sheet
-/// on itself; the section "component.date_selector" dresses it where an ancestor has it set, or you
+/// on itself; the section "component.date_selector" styles it if an ancestor has it set, or you
 /// set it. The view belongs to its parent and owns its parts, which keep the object names of
 /// QCalendarWidget's own ("qt_calendar_prevmonth", ...).
 ///
