@@ -27,7 +27,8 @@ public:
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
     {
         const bool isFine = QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
-        const qreal ratio = isFine && painter->device() ? painter->device()->devicePixelRatioF() : 1;
+        const qreal ratio =
+            isFine && painter->device() ? painter->device()->devicePixelRatioF() : 1;
         painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
     }
 

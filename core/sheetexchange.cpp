@@ -47,7 +47,8 @@ QString SheetExchange::withNewParts(const QString &sheet) const
     };
     for (const Pair &pair : m_pairs) {
         const int length = pair.before.size();
-        for (int at = sheet.indexOf(pair.before); at >= 0; at = sheet.indexOf(pair.before, at + length)) {
+        for (int at = sheet.indexOf(pair.before); at >= 0;
+             at = sheet.indexOf(pair.before, at + length)) {
             if (isFree(at, at + length))
                 parts.emplace(at, &pair);
         }

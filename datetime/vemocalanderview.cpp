@@ -336,8 +336,8 @@ void VemoCalanderView::translate()
                 widget->setAccessibleName(now);
         }
     };
-    changeName("accessible_calendar",
-        {this, part<QWidget>(this, kGrid), part<QWidget>(this, kYearEdit)});
+    changeName(
+        "accessible_calendar", {this, part<QWidget>(this, kGrid), part<QWidget>(this, kYearEdit)});
     changeName("accessible_calendar_prev_month", {part<QWidget>(this, kPrevious)});
     changeName("accessible_calendar_next_month", {part<QWidget>(this, kNext)});
     auto *today = part<VemoButton>(this, kToday);

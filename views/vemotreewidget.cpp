@@ -32,8 +32,8 @@ void drawHighlight(QPainter *painter, QRect row, const QColor &color)
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(QBrush(color, Qt::SolidPattern));
-    painter->setPen(StyleManager::getInstance().getColor(
-        QStringLiteral("tree-outline"), kHighlightOutline));
+    painter->setPen(
+        StyleManager::getInstance().getColor(QStringLiteral("tree-outline"), kHighlightOutline));
     painter->drawRoundedRect(row, inset, inset, Qt::AbsoluteSize);
     painter->restore();
 }

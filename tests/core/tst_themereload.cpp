@@ -41,17 +41,19 @@ QColor middleOf(const QPixmap &pixmap)
     return image.isNull() ? QColor() : image.pixelColor(image.rect().center());
 }
 
-const QByteArray kBefore = "== a ==\nQLabel { color: red; padding: 10px; }\n"
-                           "== long ==\nQLabel { color: red; padding: 10px; }\nQFrame { border: none; }\n"
-                           "== other ==\nQWidget { color: red; }\n"
-                           "== twin ==\nQWidget { color: red; }\n"
-                           "== gone ==\nQFrame { color: red; }\n"
-                           "== empty ==\n\n";
-const QByteArray kAfter = "== a ==\nQLabel { color: blue; padding: 10px; }\n"
-                          "== long ==\nQLabel { color: blue; padding: 10px; }\nQFrame { border: 2px; }\n"
-                          "== other ==\nQWidget { color: blue; }\n"
-                          "== twin ==\nQWidget { color: green; }\n"
-                          "== empty ==\nQWidget { color: blue; }\n";
+const QByteArray kBefore =
+    "== a ==\nQLabel { color: red; padding: 10px; }\n"
+    "== long ==\nQLabel { color: red; padding: 10px; }\nQFrame { border: none; }\n"
+    "== other ==\nQWidget { color: red; }\n"
+    "== twin ==\nQWidget { color: red; }\n"
+    "== gone ==\nQFrame { color: red; }\n"
+    "== empty ==\n\n";
+const QByteArray kAfter =
+    "== a ==\nQLabel { color: blue; padding: 10px; }\n"
+    "== long ==\nQLabel { color: blue; padding: 10px; }\nQFrame { border: 2px; }\n"
+    "== other ==\nQWidget { color: blue; }\n"
+    "== twin ==\nQWidget { color: green; }\n"
+    "== empty ==\nQWidget { color: blue; }\n";
 
 } // namespace
 
@@ -128,7 +130,8 @@ void ThemeReloadTest::sectionsInASheetAreExchanged_data()
     add("two sections", [=] { return section("a") + section("other"); });
     add("a section twice", [=] { return section("other") + section("other"); });
     add("one that begins with another", [=] { return section("long"); });
-    add("between rules of the host", [=] { return "#x { color: red; }" + section("a") + "QMenu {}"; });
+    add("between rules of the host",
+        [=] { return "#x { color: red; }" + section("a") + "QMenu {}"; });
     add("none", [] { return QString("QLabel { color: red; }"); });
     add("nothing", [] { return QString(); });
 }
@@ -276,9 +279,9 @@ void ThemeReloadTest::anIconDrawsByName()
     QFETCH(QIcon::Mode, mode);
     QFETCH(QIcon::State, state);
     QFETCH(QColor, expected);
-    for (const auto &[name, colour] : {std::make_pair("four", Qt::red),
-             std::make_pair("four_hover", Qt::green), std::make_pair("four_click", Qt::blue),
-             std::make_pair("four_disable", Qt::gray)})
+    for (const auto &[name, colour] :
+        {std::make_pair("four", Qt::red), std::make_pair("four_hover", Qt::green),
+            std::make_pair("four_click", Qt::blue), std::make_pair("four_disable", Qt::gray)})
         m_host.addPicture(name, {64, 64}, colour);
     m_host.writeCatalogue({"four"});
     ImageManager::getInstance().initialize(ImageManager::LAZY_LOAD);

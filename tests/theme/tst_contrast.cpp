@@ -386,8 +386,8 @@ void ContrastTest::picturesAreVisibleOnTheirGround_data()
 {
     QTest::addColumn<QString>("picture");
     QTest::addColumn<QStringList>("grounds");
-    const QStringList marked {"accent", "accent-hover", "accent-pressed", "danger", "danger-hover",
-        "danger-pressed"};
+    const QStringList marked {
+        "accent", "accent-hover", "accent-pressed", "danger", "danger-hover", "danger-pressed"};
     for (const QString &look : kLooks) {
         const QDir folder(":/vemo/" + look + "/images");
         for (const QString &file : folder.entryList({"*.png"})) {

@@ -41,7 +41,8 @@ QStringList textsIn(QWidget *root)
         texts << widget->toolTip() << widget->accessibleName();
         if (const auto *button = qobject_cast<QAbstractButton *>(widget))
             texts << button->text();
-        if (const auto *table = qobject_cast<QTableWidget *>(widget); table && table->rowCount() == 1) {
+        if (const auto *table = qobject_cast<QTableWidget *>(widget);
+            table && table->rowCount() == 1) {
             for (int column = 0; column < table->columnCount(); ++column)
                 texts << table->item(0, column)->data(Qt::AccessibleTextRole).toString()
                       << table->item(0, column)->text();
@@ -89,16 +90,15 @@ void LanguageChangeTest::aWidgetSpeaksAsIfMadeInThatLanguage_data()
     QTest::addColumn<Make>("make");
     QTest::newRow("paging bar") << Make([]() -> QWidget * { return new VemoPagingBar(nullptr); });
     QTest::newRow("calendar") << Make([]() -> QWidget * { return new VemoCalanderView(nullptr); });
-    QTest::newRow("input sheet") << Make([]() -> QWidget * { return new VemoInputSheet({}, nullptr); });
-    QTest::newRow("information") << Make([]() -> QWidget * {
-        return new VemoMessageSheet(VemoMessageSheet::Information, nullptr);
-    });
+    QTest::newRow("input sheet") << Make(
+        []() -> QWidget * { return new VemoInputSheet({}, nullptr); });
+    QTest::newRow("information") << Make(
+        []() -> QWidget * { return new VemoMessageSheet(VemoMessageSheet::Information, nullptr); });
     QTest::newRow("confirmation with reset") << Make([]() -> QWidget * {
         return new VemoMessageSheet(VemoMessageSheet::ConfirmReset, nullptr);
     });
-    QTest::newRow("upgrade") << Make([]() -> QWidget * {
-        return new VemoMessageSheet(VemoMessageSheet::Upgrading, nullptr);
-    });
+    QTest::newRow("upgrade") << Make(
+        []() -> QWidget * { return new VemoMessageSheet(VemoMessageSheet::Upgrading, nullptr); });
 }
 
 void LanguageChangeTest::aWidgetSpeaksAsIfMadeInThatLanguage()

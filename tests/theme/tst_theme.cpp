@@ -134,8 +134,9 @@ void ThemeTest::everyTemporaryPictureIsWritten()
 void ThemeTest::theColoursAreInThePaletteAlone_data()
 {
     QTest::addColumn<QString>("path");
-    for (const char *folder : {"theme/style", "theme/style-dark", "theme/images", "theme/images-dark", "designer/icons", "theme", "gallery",
-             "gallery/pages", "examples/filebrowser"}) {
+    for (const char *folder :
+        {"theme/style", "theme/style-dark", "theme/images", "theme/images-dark", "designer/icons",
+            "theme", "gallery", "gallery/pages", "examples/filebrowser"}) {
         const QDir sources(QLatin1String(VEMO_SOURCE_DIR "/") + folder);
         for (const QString &file : sources.entryList({"*.qss", "*.svg", "*.cpp"}, QDir::Files))
             QTest::addRow("%s/%s", folder, qPrintable(file)) << sources.filePath(file);

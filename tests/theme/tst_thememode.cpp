@@ -53,10 +53,11 @@ int startDark(const QString &)
     const QTemporaryDir folder;
     const bool isDark = setDefaultThemeMode(kDark)
         && installDefaultTheme(folder.path(), "enu", ImageManager::LAZY_LOAD);
-    const QString report = QString("<%1|%2|%3>")
-                               .arg(isDark)
-                               .arg(UIPathManager::getInstance().getPath("resource_path"))
-                               .arg(VemoButton("x", VemoButton::CANCEL).styleSheet().contains("#1B222A"));
+    const QString report =
+        QString("<%1|%2|%3>")
+            .arg(isDark)
+            .arg(UIPathManager::getInstance().getPath("resource_path"))
+            .arg(VemoButton("x", VemoButton::CANCEL).styleSheet().contains("#1B222A"));
     std::fputs(qPrintable(report), stderr);
     return 0;
 }
@@ -156,7 +157,8 @@ void ThemeModeTest::sectionsOfTheHostAreLoadedAfterThoseOfTheTheme()
     const QTemporaryDir folder;
     QFile file(folder.filePath("own.qss"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("== component.label ==\nQLabel { color: red; }\n== own ==\nQLabel { color: blue; }\n");
+    file.write(
+        "== component.label ==\nQLabel { color: red; }\n== own ==\nQLabel { color: blue; }\n");
     file.close();
     QLabel label;
     label.setStyleSheet(getStyleSheet("component.label"));
@@ -250,7 +252,8 @@ void ThemeModeTest::aCalendarFollows()
     QTextCharFormat own;
     own.setForeground(Qt::red);
     setDefaultThemeMode(kDark);
-    QCOMPARE(calendar->weekdayTextFormat(Qt::Sunday).foreground().color(), defaultThemeColor("ink"));
+    QCOMPARE(
+        calendar->weekdayTextFormat(Qt::Sunday).foreground().color(), defaultThemeColor("ink"));
     QCOMPARE(imageOf(view.findChild<QToolButton *>("qt_calendar_nextmonth")->icon()),
         pictureOf("bt_pagebar_nextend"));
     calendar->setWeekdayTextFormat(Qt::Saturday, own);
