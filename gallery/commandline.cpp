@@ -22,6 +22,10 @@ const QLatin1String kPage("page");
 const QLatin1String kList("list");
 const QLatin1String kHelp("help");
 const QLatin1String kVersion("version");
+// Qt's own, which QApplication reads.
+const QLatin1String kReverse("reverse");
+const QLatin1String kStyle("style");
+const QLatin1String kPlatform("platform");
 
 void declareOptions(QCommandLineParser &parser)
 {
@@ -37,7 +41,12 @@ void declareOptions(QCommandLineParser &parser)
         {kUserFolder, "Keep the generated pictures in <folder>.", "folder"},
         {kPage, "Start with the page <title>; with --screenshots, write only this one.", "title"},
         {kList, "Print the titles of all pages and leave."},
+        {kReverse, "Lay everything out from right to left."},
+        {kStyle, "Leave Qt's own widgets to the style <name>.", "name"},
+        {kPlatform, "Use Qt's platform plug-in <name>.", "name"},
     });
+    // As Qt takes its own: "-reverse" as well as "--reverse".
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
 }
 
 QString unknownLanguage(const QString &code)
@@ -54,7 +63,8 @@ QString unknownLanguage(const QString &code)
 /// An option that is given with an empty value would otherwise pass for one that isn't given.
 QString emptyValue(const QCommandLineParser &parser)
 {
-    for (const QLatin1String option : {kScreenshots, kLanguage, kUserFolder, kPage}) {
+    for (const QLatin1String option :
+        {kScreenshots, kLanguage, kUserFolder, kPage, kStyle, kPlatform}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             return QString("Option \"%1\" needs a value.").arg(option);
     }
@@ -91,6 +101,8 @@ Options optionsIn(const QCommandLineParser &parser)
         parser, kUserFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
     options.page = parser.value(kPage);
     options.screenshots = parser.value(kScreenshots);
+    options.style = parser.value(kStyle);
+    options.platform = parser.value(kPlatform);
     return options;
 }
 

@@ -13,6 +13,8 @@ struct Options
     QString userFolder; ///< takes the generated pictures
     QString page; ///< title of the page to start with; empty: the first
     QString screenshots; ///< folder to write PNG files into; empty: show the window
+    QString style; ///< of Qt's own widgets; empty: the theme's
+    QString platform; ///< Qt's plug-in; empty: Qt chooses
 };
 
 /// A parsed command line.

@@ -6,6 +6,7 @@
 const std::vector<Language> &languages()
 {
     static const std::vector<Language> table {
+        {"ara", "العربية", "ar_AE", ""},
         {"chs", "简体中文", "zh_CN", "Noto Sans CJK SC"},
         {"cht", "繁體中文", "zh_TW", "Noto Sans CJK TC"},
         {"csy", "Čeština", "cs_CZ", ""},
@@ -14,6 +15,7 @@ const std::vector<Language> &languages()
         {"enu", "English", "en_US", ""},
         {"esn", "Español", "es_ES", ""},
         {"fra", "Français", "fr_FR", ""},
+        {"heb", "עברית", "he_IL", ""},
         {"hun", "Magyar", "hu_HU", ""},
         {"ita", "Italiano", "it_IT", ""},
         {"jpn", "日本語", "ja_JP", "Noto Sans CJK JP"},

@@ -5,16 +5,16 @@
 
 #include <vector>
 
-/// A language code of VemoLocale and a locale that is mapped to it.
+/// One language that the theme and the gallery have texts in.
 struct Language
 {
     const char *code;
     const char *name; ///< in the language itself, UTF-8
-    const char *locale;
+    const char *locale; ///< its numbers and its direction
     const char *family; ///< has its Chinese characters, which are not drawn alike everywhere
 };
 
-/// The 20 languages, by code.
+/// The 20 languages of VemoLocale, and two more that are written from right to left; by code.
 const std::vector<Language> &languages();
 
 /// The language of a code; English for an unknown code.

@@ -15,6 +15,7 @@ void setDesktopLanguage(const QString &code)
 {
     const Language &language = languageOf(code);
     QLocale::setDefault(QLocale(language.locale));
+    QGuiApplication::setLayoutDirection(QLocale().textDirection());
     QFont font = QApplication::font();
     QStringList families {QFontInfo(font).family()};
     if (*language.family)

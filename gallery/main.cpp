@@ -31,9 +31,10 @@ CommandLine commandLine(int argc, char **argv)
 }
 
 /// Qt ends the process if it finds no display, so check first.
-bool hasDisplay()
+bool hasDisplay(const Options &options)
 {
-    return QSysInfo::kernelType() != "linux" || qEnvironmentVariableIsSet("QT_QPA_PLATFORM")
+    return QSysInfo::kernelType() != "linux" || !options.platform.isEmpty()
+        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM")
         || !qEnvironmentVariableIsEmpty("DISPLAY")
         || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
@@ -46,9 +47,12 @@ int runWindow(QtSingleApplication &app, const Options &options)
     return QApplication::exec();
 }
 
-void setLook(QApplication &app)
+void setLook(QApplication &app, const Options &options)
 {
-    applyDefaultThemeStyle(app);
+    if (options.style.isEmpty())
+        applyDefaultThemeStyle(app);
+    else
+        QApplication::setPalette(defaultThemePalette());
     if (QGuiApplication::platformName() == "offscreen") {
         // Its default font is larger than that of any desktop.
         QFont font = QApplication::font();
@@ -63,10 +67,13 @@ int run(QtSingleApplication &app, const Options &options)
         return fail(QString("Cannot write to the folder \"%1\"; choose another with --user-folder.")
                         .arg(options.userFolder),
             kFailure);
-    setLook(app);
+    setLook(app, options);
     installGalleryStyle();
+    const bool isReversed = QGuiApplication::isRightToLeft();
     if (options.language != VemoLocale::getInstance().getDefaultLanguage())
         setDesktopLanguage(options.language);
+    if (isReversed)
+        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     setDemoLanguage(options.language);
     if (options.screenshots.isEmpty())
         return runWindow(app, options);
@@ -86,7 +93,7 @@ int main(int argc, char **argv)
         QTextStream(stdout) << line.answer;
         return 0;
     }
-    if (!hasDisplay()) {
+    if (!hasDisplay(line.options)) {
         if (line.options.screenshots.isEmpty())
             return fail("There is no display; --screenshots needs none.", kFailure);
         qputenv("QT_QPA_PLATFORM", "offscreen");

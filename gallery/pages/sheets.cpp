@@ -14,6 +14,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace {
@@ -63,6 +64,9 @@ VemoSheet *newOwnSheet(QWidget *window)
     auto *sheet = new VemoSheet(window);
     sheet->setWidget(content);
     sheet->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    sheet->setFocusProxy(close);
+    new QShortcut(
+        QKeySequence::Cancel, close, SLOT(click()), nullptr, Qt::WidgetWithChildrenShortcut);
     // Its parent is the mask by then, which would stay behind otherwise.
     QObject::connect(
         close, &VemoButton::clicked, sheet, [sheet] { sheet->parentWidget()->deleteLater(); });
@@ -74,7 +78,9 @@ void addFrame(Page &page)
     auto *show = new VemoButton("Show a sheet of our own", VemoButton::DEFAULT);
     QObject::connect(show, &VemoButton::clicked, show, [show] {
         QWidget *window = show->window();
-        VemoMask::createMask(newOwnSheet(window), window, QColor(0, 0, 0, 20))->show();
+        VemoSheet *sheet = newOwnSheet(window);
+        VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20))->show();
+        sheet->setFocus(Qt::PopupFocusReason);
     });
     page.addSection("Frame and mask",
         "The frame draws the shadow around any content; the mask dims the window and holds the "

@@ -13,6 +13,7 @@
 #include <vemo/vemotreewidget.h>
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 namespace {
@@ -58,6 +59,24 @@ FileSystemTreeWidgetItem *checked(FileSystemTreeWidgetItem *item, Qt::CheckState
     return item;
 }
 
+/// Tab ends the renaming. With Qt's delegate it goes on to the next name, and never past the last.
+class FolderDelegate : public ItemDelegate
+{
+public:
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() != QEvent::KeyPress || !isTab(static_cast<QKeyEvent *>(event)->key()))
+            return ItemDelegate::eventFilter(object, event);
+        auto *editor = static_cast<QWidget *>(object);
+        Q_EMIT commitData(editor);
+        Q_EMIT closeEditor(editor);
+        return true;
+    }
+
+private:
+    static bool isTab(int key) { return key == Qt::Key_Tab || key == Qt::Key_Backtab; }
+};
+
 VemoTreeWidget *newTree(const QString &name, int height)
 {
     auto *tree = new VemoTreeWidget;
@@ -65,17 +84,16 @@ VemoTreeWidget *newTree(const QString &name, int height)
     tree->setHeaderHidden(true);
     tree->setStyleSheet(getStyleSheet("component.tree") + getStyleSheet("component.scrollbar"));
     tree->setBackgroundColor(defaultThemeColor("selection"), defaultThemeColor("hover"));
-    auto *delegate = new ItemDelegate;
+    auto *delegate = new FolderDelegate;
     delegate->setParent(tree);
     tree->setItemDelegate(delegate);
     tree->setFixedHeight(DPIinfo::scaled(height));
     return tree;
 }
 
-/// Rename and sort, at the item that was right-clicked.
-void showMenu(VemoTreeWidget *tree, const QMouseEvent *event)
+/// Rename and sort.
+void showMenu(VemoTreeWidget *tree, QTreeWidgetItem *item, const QPoint &place)
 {
-    QTreeWidgetItem *item = tree->itemAt(event->pos());
     auto *menu = new VemoMenu(tree);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setStyleSheet(getStyleSheet("component.menu"));
@@ -84,7 +102,7 @@ void showMenu(VemoTreeWidget *tree, const QMouseEvent *event)
     QObject::connect(rename, &QAction::triggered, tree, [tree, item] { tree->editItem(item); });
     QObject::connect(menu->addAction(demo("sort_by_name")), &QAction::triggered, tree,
         [tree] { tree->sortItems(0, Qt::AscendingOrder); });
-    menu->popup(event->globalPos());
+    menu->popup(place);
 }
 
 VemoTreeWidget *folderTree()
@@ -99,8 +117,14 @@ VemoTreeWidget *folderTree()
     home->setExpanded(true);
     home->child(0)->setExpanded(true);
     tree->setCurrentItem(home->child(1));
-    QObject::connect(tree, &VemoTreeWidget::sigMouseRightClickEvent, tree,
-        [tree](QMouseEvent *event) { showMenu(tree, event); });
+    QObject::connect(
+        tree, &VemoTreeWidget::sigMouseRightClickEvent, tree, [tree](QMouseEvent *event) {
+            showMenu(tree, tree->itemAt(event->pos()), event->globalPos());
+        });
+    QObject::connect(tree, &VemoTreeWidget::sigMenuKeyEvent, tree,
+        [tree](QTreeWidgetItem *item, const QPoint &position) {
+            showMenu(tree, item, tree->viewport()->mapToGlobal(position));
+        });
     return tree;
 }
 
@@ -143,7 +167,8 @@ void build(Page &page)
         "VemoTreeWidget highlights whole rows, FileSystemTreeWidgetItem knows its node, "
         "ItemDelegate renames it in place.");
     page.addSection("Folders",
-        "Right-click for a menu, press F2 to rename. A row without a check box flag, such as the "
+        "Right-click or press Shift+F10 for a menu, F2 to rename. A row without a check box flag, "
+        "such as the "
         "read-only one, is drawn as disabled.");
     page.add(folderTree());
     page.addCode(R"(auto *folders = new VemoTreeWidget(this);

@@ -69,6 +69,8 @@ private Q_SLOTS:
     void writesOnePictureForEachPage_data();
     void writesOnePictureForEachPage();
     void writesTheChosenPageAlone();
+    void optionsDecideOnTheDirection_data();
+    void optionsDecideOnTheDirection();
     void screenshotsNeedNoDisplay();
     void withoutADisplayTheWindowIsRefused();
     void listIsPrintedWithoutADisplay();
@@ -90,7 +92,7 @@ void GalleryProgramTest::writesOnePictureForEachPage_data()
         return;
     QTest::newRow("lazy") << QStringList("--lazy");
     QTest::newRow("preload") << QStringList("--preload");
-    for (const char *code : {"deu", "cht", "rus"})
+    for (const char *code : {"deu", "cht", "rus", "ara"})
         QTest::newRow(code) << QStringList {"--language", code};
 }
 
@@ -122,6 +124,42 @@ void GalleryProgramTest::writesTheChosenPageAlone()
         {"--screenshots", folder.path(), "--page", "buttons", "--user-folder", m_userFolder});
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("buttons.png"));
+}
+
+void GalleryProgramTest::optionsDecideOnTheDirection_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<bool>("isFromRightToLeft");
+    QTest::newRow("none") << QStringList() << false;
+    QTest::newRow("German") << QStringList {"--language", "deu"} << false;
+    QTest::newRow("Arabic") << QStringList {"--language", "ara"} << true;
+    QTest::newRow("Hebrew") << QStringList {"--language", "heb"} << true;
+    QTest::newRow("reversed") << QStringList("-reverse") << true;
+    QTest::newRow("German, reversed") << QStringList {"--language", "deu", "-reverse"} << true;
+    QTest::newRow("Arabic, reversed") << QStringList {"--language", "ara", "-reverse"} << true;
+    QTest::newRow("another style, reversed")
+        << QStringList {"-style", "windows", "-reverse"} << true;
+}
+
+// The list of pages stands on a white ground, the page itself on a grey one.
+void GalleryProgramTest::optionsDecideOnTheDirection()
+{
+    QFETCH(QStringList, options);
+    QFETCH(bool, isFromRightToLeft);
+    const QTemporaryDir folder;
+    const Run run = runGallery(options
+            + QStringList {"-platform", "offscreen", "--screenshots", folder.path(), "--page",
+                "buttons", "--user-folder", m_userFolder},
+        {"QT_QPA_PLATFORM"});
+    QCOMPARE(withoutPlatformTalk(run.errors), QString());
+    QCOMPARE(run.exitCode, 0);
+    const QImage picture(folder.filePath("buttons.png"));
+    constexpr int kInset = 10; // past the lines at the edges
+    const int bottom = picture.height() - kInset;
+    const QColor left = picture.pixelColor(kInset, bottom);
+    const QColor right = picture.pixelColor(picture.width() - kInset, bottom);
+    QCOMPARE(left == Qt::white, !isFromRightToLeft);
+    QCOMPARE(right == Qt::white, isFromRightToLeft);
 }
 
 void GalleryProgramTest::screenshotsNeedNoDisplay()
