@@ -201,9 +201,9 @@ void TableOptionsTest::aligns()
         using QStyledItemDelegate::initStyleOption;
     };
     QStyleOptionViewItem option;
-    const auto *delegate = static_cast<Probe *>(
-        static_cast<QStyledItemDelegate *>(files.table()->itemDelegateForColumn(2)));
-    delegate->initStyleOption(&option, files.table()->model()->index(0, 2));
+    const auto *delegate =
+        static_cast<QStyledItemDelegate *>(files.table()->itemDelegateForColumn(2));
+    (delegate->*&Probe::initStyleOption)(&option, files.table()->model()->index(0, 2));
     QTEST(option.displayAlignment, "alignment");
 }
 
