@@ -186,6 +186,7 @@ QVector<DefaultThemeLanguage> defaultThemeLanguages()
 {
     QVector<DefaultThemeLanguage> languages;
     for (const auto &[code, name, locale] : {
+             std::make_tuple("ara", "العربية", "ar_AE"),
              std::make_tuple("chs", "简体中文", "zh_CN"),
              std::make_tuple("cht", "繁體中文", "zh_TW"),
              std::make_tuple("csy", "Čeština", "cs_CZ"),
@@ -194,6 +195,7 @@ QVector<DefaultThemeLanguage> defaultThemeLanguages()
              std::make_tuple("enu", "English", "en_US"),
              std::make_tuple("esn", "Español", "es_ES"),
              std::make_tuple("fra", "Français", "fr_FR"),
+             std::make_tuple("heb", "עברית", "he_IL"),
              std::make_tuple("hun", "Magyar", "hu_HU"),
              std::make_tuple("ita", "Italiano", "it_IT"),
              std::make_tuple("jpn", "日本語", "ja_JP"),

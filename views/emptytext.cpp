@@ -28,13 +28,16 @@ void EmptyText::setEmptyText(const QString &text)
 
 bool EmptyText::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize)
+    if (event->type() == QEvent::Resize && m_view)
         setGeometry(m_view->viewport()->geometry());
     return QLabel::eventFilter(watched, event);
 }
 
 void EmptyText::showOrHide()
 {
+    // The view's model is reset once more while the view is destroyed.
+    if (!m_view)
+        return;
     setGeometry(m_view->viewport()->geometry());
     setVisible(!text().isEmpty() && m_view->model()->rowCount() == 0);
 }

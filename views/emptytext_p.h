@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPointer>
 
 class QAbstractItemView;
 
@@ -19,5 +20,5 @@ public:
 private:
     void showOrHide();
 
-    QAbstractItemView *m_view;
+    QPointer<QAbstractItemView> m_view;
 };

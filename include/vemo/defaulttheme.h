@@ -135,7 +135,7 @@ VEMO_THEME_EXPORT void applyDefaultThemeStyle(QApplication &application);
 /// \image html resources-language-codes.png
 struct DefaultThemeLanguage
 {
-    QString code; ///< one of VemoLocale's, such as "deu"
+    QString code; ///< such as "deu"; one of VemoLocale's, except for "ara" and "heb"
     QString nativeName; ///< as its speakers call it, such as "Deutsch"
     QLocale locale; ///< formats dates and numbers in the language
 };
