@@ -6,18 +6,18 @@
 #include <QAbstractItemView>
 #include <QEvent>
 
-EmptyText::EmptyText(QAbstractItemView *view) : QLabel(view), m_view(view)
+EmptyText::EmptyText(QAbstractItemView *view)
+    : QLabel(view), m_viewport(view->viewport()), m_model(view->model())
 {
     setStyleSheet(getStyleSheet("component.table_empty_text"));
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setAlignment(Qt::AlignCenter);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    view->viewport()->installEventFilter(this);
-    const QAbstractItemModel *model = view->model();
-    connect(model, &QAbstractItemModel::rowsInserted, this, [this] { showOrHide(); });
-    connect(model, &QAbstractItemModel::rowsRemoved, this, [this] { showOrHide(); });
-    connect(model, &QAbstractItemModel::modelReset, this, [this] { showOrHide(); });
+    m_viewport->installEventFilter(this);
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, [this] { showOrHide(); });
+    connect(m_model, &QAbstractItemModel::rowsRemoved, this, [this] { showOrHide(); });
+    connect(m_model, &QAbstractItemModel::modelReset, this, [this] { showOrHide(); });
 }
 
 void EmptyText::setEmptyText(const QString &text)
@@ -28,16 +28,15 @@ void EmptyText::setEmptyText(const QString &text)
 
 bool EmptyText::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize && m_view)
-        setGeometry(m_view->viewport()->geometry());
+    if (event->type() == QEvent::Resize && m_viewport)
+        setGeometry(m_viewport->geometry());
     return QLabel::eventFilter(watched, event);
 }
 
 void EmptyText::showOrHide()
 {
-    // The view's model is reset once more while the view is destroyed.
-    if (!m_view)
+    if (!m_viewport || !m_model)
         return;
-    setGeometry(m_view->viewport()->geometry());
-    setVisible(!text().isEmpty() && m_view->model()->rowCount() == 0);
+    setGeometry(m_viewport->geometry());
+    setVisible(!text().isEmpty() && m_model->rowCount() == 0);
 }

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPointer>
 
+class QAbstractItemModel;
 class QAbstractItemView;
 
 /// A text in the middle of a view, shown while the view's model has no rows.
@@ -20,5 +21,7 @@ public:
 private:
     void showOrHide();
 
-    QPointer<QAbstractItemView> m_view;
+    // Not the view: both tell of changes while it is destroyed.
+    QPointer<QWidget> m_viewport;
+    QPointer<QAbstractItemModel> m_model;
 };
