@@ -5,6 +5,8 @@
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
+#include <QPixmapCache>
+
 #include <malloc.h>
 
 namespace {
@@ -79,6 +81,8 @@ private Q_SLOTS:
 void SoakTest::initTestCase()
 {
     startDefaultTheme();
+    // Otherwise it fills up to its limit while we measure.
+    QPixmapCache::setCacheLimit(0);
     // A menu that a click opens would wait for the user.
     auto *closing = new QTimer(this);
     connect(closing, &QTimer::timeout, this, [] {

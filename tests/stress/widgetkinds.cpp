@@ -156,12 +156,24 @@ QWidget *makeInput(QWidget *parent)
     return VemoMask::createMask(sheet, parent, QColor(0, 0, 0, 20));
 }
 
+QWidget *withButton(QWidget *frame)
+{
+    auto *layout = new QVBoxLayout(frame);
+    layout->addWidget(new QPushButton(QStringLiteral("Close")));
+    return frame;
+}
+
 QWidget *makeSheet(QWidget *parent)
 {
-    auto *sheet = new VemoSheet(parent);
-    auto *layout = new QVBoxLayout(sheet);
-    layout->addWidget(new QPushButton(QStringLiteral("Close")));
-    return VemoMask::createMask(sheet, parent, QColor(0, 0, 0, 20));
+    return VemoMask::createMask(withButton(new VemoSheet(parent)), parent, QColor(0, 0, 0, 20));
+}
+
+QWidget *makeStockSheet(QWidget *parent)
+{
+    auto *cover = new QWidget(parent);
+    auto *layout = new QHBoxLayout(cover);
+    layout->addWidget(withButton(new QFrame));
+    return cover;
 }
 
 QWidget *makeMask(QWidget *parent)
@@ -241,7 +253,7 @@ std::vector<WidgetKind> buttonsAndLabels()
 std::vector<WidgetKind> composites()
 {
     return {
-        {"VemoSheet", makeSheet, make<QMessageBox>},
+        {"VemoSheet", makeSheet, makeStockSheet},
         {"VemoMask", makeMask, make<QMessageBox>},
         {"VemoMessageSheet", makeMessage, make<QMessageBox>},
         {"VemoInputSheet", makeInput, make<QMessageBox>},
