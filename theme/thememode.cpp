@@ -17,6 +17,7 @@
 #include <QScopedValueRollback>
 #include <QStyleHints>
 #include <QVariant>
+#include <QVector>
 
 #include <utility>
 
@@ -103,14 +104,23 @@ QHash<QString, QString> &colouredTexts()
     return texts;
 }
 
+/// A handler of a change may delete widgets, hence the guards.
+QVector<QPointer<QWidget>> allWidgets()
+{
+    QVector<QPointer<QWidget>> widgets;
+    for (QWidget *widget : QApplication::allWidgets())
+        widgets.append(widget);
+    return widgets;
+}
+
 /// Sets the sheets with the colours of the last look again, in those of this one.
 void recolourSheets(const QHash<QString, QString> &texts)
 {
     for (auto text = texts.begin(); text != texts.end(); ++text) {
         const QString now = withDefaultThemeColors(text.value());
-        const QWidgetList widgets = QApplication::allWidgets();
-        for (QWidget *widget : widgets) {
-            const QString sheet = widget->styleSheet();
+        const auto widgets = allWidgets();
+        for (const QPointer<QWidget> &widget : widgets) {
+            const QString sheet = widget ? widget->styleSheet() : QString();
             if (sheet.contains(text.key()))
                 widget->setStyleSheet(QString(sheet).replace(text.key(), now));
         }
@@ -124,9 +134,9 @@ void recolourTrees(const QHash<QRgb, QString> &names)
         const QString name = colour.isValid() ? names.value(colour.rgba()) : QString();
         return name.isEmpty() ? colour : defaultThemeColor(name);
     };
-    const QWidgetList widgets = QApplication::allWidgets();
-    for (QWidget *widget : widgets) {
-        if (auto *tree = qobject_cast<VemoTreeWidget *>(widget))
+    const auto widgets = allWidgets();
+    for (const QPointer<QWidget> &widget : widgets) {
+        if (auto *tree = qobject_cast<VemoTreeWidget *>(widget.data()))
             tree->setBackgroundColor(current(tree->selectedColor()), current(tree->hoverColor()));
     }
 }

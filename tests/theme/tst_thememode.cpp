@@ -19,6 +19,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QSpinBox>
 #include <QTextCharFormat>
 
@@ -62,6 +63,20 @@ int startDark(const QString &)
     return 0;
 }
 
+/// Deletes another widget when its style changes.
+struct Rival : QWidget
+{
+    using QWidget::QWidget;
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::StyleChange)
+            delete other;
+        return QWidget::event(event);
+    }
+
+    QPointer<QWidget> other;
+};
+
 } // namespace
 
 class ThemeModeTest : public VemoTest
@@ -78,6 +93,7 @@ private Q_SLOTS:
     void backInLightEveryRoleIsAsBefore();
     void sectionsOfTheHostAreLoadedAfterThoseOfTheTheme();
     void sheetsWithColoursForNamesFollow();
+    void widgetsMayDieWhileSheetsFollow();
     void anIconButtonFollowsInItsState();
     void picturesOfTheHostsOwnStay();
     void aPathFollows();
@@ -175,6 +191,23 @@ void ThemeModeTest::sheetsWithColoursForNamesFollow()
     QCOMPARE(label.styleSheet(), QString("QMenu {}QLabel { color: #e4e9ef; }"));
     setDefaultThemeMode(kLight);
     QCOMPARE(label.styleSheet(), QString("QMenu {}QLabel { color: #1f2933; }"));
+}
+
+void ThemeModeTest::widgetsMayDieWhileSheetsFollow()
+{
+    QWidget window;
+    constexpr int kPairs = 16;
+    for (int i = 0; i < kPairs; ++i) {
+        auto *one = new Rival(&window);
+        auto *two = new Rival(&window);
+        for (Rival *rival : {one, two})
+            rival->setStyleSheet(withDefaultThemeColors("QWidget { color: @ink@; }"));
+        one->other = two;
+        two->other = one;
+    }
+    window.show();
+    setDefaultThemeMode(kDark);
+    QCOMPARE(window.findChildren<QWidget *>().size(), kPairs);
 }
 
 void ThemeModeTest::anIconButtonFollowsInItsState()
