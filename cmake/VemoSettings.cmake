@@ -29,6 +29,7 @@ set(VEMO_KNOWLEDGEBASE_URL "https://knowledgebase.vemo.invalid" CACHE STRING
 
 find_package(ECM 5.100 REQUIRED NO_MODULE)
 list(APPEND CMAKE_MODULE_PATH "${ECM_MODULE_PATH}")
+set(VEMO_PLAIN_CXX_FLAGS "${CMAKE_CXX_FLAGS}") # without sanitizers
 include(ECMEnableSanitizers)
 include(GNUInstallDirs)
 
@@ -50,7 +51,7 @@ if(VEMO_WARNINGS_AS_ERRORS)
   add_compile_options(-Werror)
 endif()
 if(ECM_ENABLE_SANITIZERS MATCHES "undefined")
-  add_compile_options(-fsanitize=float-cast-overflow -fno-sanitize-recover=undefined)
+  string(APPEND CMAKE_CXX_FLAGS " -fsanitize=float-cast-overflow -fno-sanitize-recover=undefined")
 endif()
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING)
 
@@ -62,12 +63,22 @@ if(PROJECT_IS_TOP_LEVEL AND VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     CCACHE_SLOPPINESS=pch_defines,time_macros ${VEMO_CCACHE})
 endif()
 
-# Precompiles these headers for all sources of the target, which halves the build time of a test.
+# Precompiles these headers for the target and all that reuse them, which halves the build time of a test.
 # Applies to the library only with VEMO_PRECOMPILE_QT: by default each of its files must include what
-# it uses. The scope is PUBLIC if other targets reuse the headers, PRIVATE otherwise.
-function(vemo_precompile_qt target scope)
+# it uses.
+function(vemo_precompile_qt target)
   target_precompile_headers(${target} PRIVATE ${ARGN})
+  vemo_keep_precompiled(${target})
+endfunction()
+
+function(vemo_reuse_precompiled target source)
+  target_precompile_headers(${target} REUSE_FROM ${source})
+  vemo_keep_precompiled(${target})
+endfunction()
+
+# Required by ccache.
+function(vemo_keep_precompiled target)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(${target} ${scope} -fpch-preprocess) # required by ccache
+    target_compile_options(${target} PRIVATE -fpch-preprocess)
   endif()
 endfunction()

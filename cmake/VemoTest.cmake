@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [DISPLAYS option...] [LOCALES de_DE ...] [TIMEOUT SECONDS]
-#   [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [PLAIN] [NEEDS target...])
+#   [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [PLAIN] [MEMORY] [NEEDS target...])
 #
 # Builds NAME.cpp and registers a run for each logical dpi. SCALE adds a run at the first dpi for each
 # device pixel ratio. The screen is measured once per process, so each needs its own run.
@@ -11,9 +11,11 @@
 # INTERNALS is for tests of code that the libraries do not export: it links their object files instead
 # of the libraries. None of the test's LIBRARIES may link the libraries.
 # PLAIN is for tests that are left out under the sanitizers, which would not find anything new in them.
+# MEMORY is for tests of lifetimes and hostile input, which the sanitizers judge: it gives their runs the label
+# of that name, and .ci/run repeats none of them without sanitizers.
 # NEEDS names targets of optional packages; the test links them, and is left out if one is missing.
 function(vemo_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;INTERNALS;PLAIN" "TIMEOUT"
+  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;INTERNALS;PLAIN;MEMORY" "TIMEOUT"
     "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS;LOCALES;NEEDS")
   if(arg_PLAIN AND ECM_ENABLE_SANITIZERS)
     return()
@@ -37,7 +39,7 @@ function(vemo_add_test name)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/tests")
   set_target_properties(${name} PROPERTIES VEMO_INTERNALS ${arg_INTERNALS})
   target_link_libraries(${name} PRIVATE VemoTestSupport ${arg_LIBRARIES} ${arg_NEEDS})
-  target_precompile_headers(${name} REUSE_FROM VemoTestSupport)
+  vemo_reuse_precompiled(${name} VemoTestSupport)
   if(NOT arg_SOURCES MATCHES "\\.h(;|$)")
     # AUTOMOC would add a scan and an empty source to each of many programs.
     set_target_properties(${name} PROPERTIES AUTOMOC OFF)
@@ -102,11 +104,14 @@ function(vemo_add_moc_file target source)
   target_sources(${target} PRIVATE "${output}")
 endfunction()
 
-# Registers one run of a test program; uses the caller's TIMEOUT.
+# Registers one run of a test program; uses the caller's TIMEOUT and MEMORY.
 # On X11 OpenGL is disabled, because its software driver is unloaded before its leaks can be identified, and so
 # are Qt's warnings of X errors, which may arrive after their window has been destroyed.
 function(vemo_register_test test dpi scale platform)
   add_test(NAME ${test} COMMAND ${ARGN})
+  if(arg_MEMORY)
+    set_property(TEST ${test} PROPERTY LABELS memory)
+  endif()
   set_tests_properties(${test} PROPERTIES
     TIMEOUT ${arg_TIMEOUT} COST ${arg_TIMEOUT} # The longest tests start first.
     ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FONT_DPI=${dpi};QT_SCALE_FACTOR=${scale};QT_STYLE_OVERRIDE=fusion;QT_XCB_GL_INTEGRATION=none;QT_LOGGING_RULES=qt.qpa.xcb.warning=false;LC_ALL=en_US.UTF-8;XDG_RUNTIME_DIR=${PROJECT_BINARY_DIR}/runtime;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0"

@@ -208,7 +208,7 @@ void FormFilesTest::propertySurvivesWritingAndReading()
 
 void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
 {
-    QFile source(QFINDTESTDATA("tst_formfiles.cpp"));
+    QFile source(VEMO_SOURCE_DIR "/tests/designer/tst_formfiles.cpp");
     QVERIFY(source.open(QIODevice::ReadOnly));
     const QByteArray rows = source.readAll();
     int count = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/clippedtext.h"
 
+#include <vemo/dpiinfo.h>
+
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
@@ -181,4 +183,16 @@ QStringList clippedTexts(QWidget *root)
             lookAt(widget, findings);
     }
     return findings.lines;
+}
+
+QStringList languagesToCheck(const QStringList &codes)
+{
+    if (DPIinfo::getInstance().getDPI() == 1)
+        return codes;
+    QStringList chosen;
+    for (const char *code : {"ara", "cht", "deu", "rus"}) {
+        if (codes.contains(code))
+            chosen += code;
+    }
+    return chosen;
 }
