@@ -116,6 +116,9 @@ function(vemo_register_test test dpi scale platform)
     TIMEOUT ${arg_TIMEOUT} COST ${arg_TIMEOUT} # The longest tests start first.
     ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FONT_DPI=${dpi};QT_SCALE_FACTOR=${scale};QT_STYLE_OVERRIDE=fusion;QT_XCB_GL_INTEGRATION=none;QT_LOGGING_RULES=qt.qpa.xcb.warning=false;LC_ALL=en_US.UTF-8;XDG_RUNTIME_DIR=${PROJECT_BINARY_DIR}/runtime;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0"
     ENVIRONMENT_MODIFICATION "LANGUAGE=unset:;QT_ENABLE_HIGHDPI_SCALING=unset:;QT_AUTO_SCREEN_SCALE_FACTOR=unset:;QT_SCREEN_SCALE_FACTORS=unset:;DISPLAY=unset:")
+  if(ECM_ENABLE_SANITIZERS)
+    set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT VEMO_SANITIZERS=1)
+  endif()
 endfunction()
 
 file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/runtime")

@@ -2,6 +2,7 @@
 #include "app/localpeer_p.h"
 
 #include "instances.h"
+#include "support/sanitizers.h"
 #include "support/vemotest.h"
 
 #include <algorithm>
@@ -14,11 +15,11 @@
 namespace {
 
 constexpr int kPatience = 60000;
-#ifdef __SANITIZE_ADDRESS__
-constexpr int kRounds = 4; // A process takes ten times as long to start.
-#else
-constexpr int kRounds = 20;
-#endif
+
+int rounds()
+{
+    return underSanitizers() ? 4 : 20;
+}
 
 std::vector<std::unique_ptr<ChildInstance>> startMany(int count, ChildInstance::Kind kind)
 {
@@ -58,7 +59,7 @@ void ManyInstancesTest::areOnePrimaryWhenAllStartAtOnce_data()
     QTest::addColumn<ChildInstance::Kind>("kind");
     QTest::addColumn<int>("rounds");
     QTest::newRow("whole applications") << ChildInstance::Application << 1;
-    QTest::newRow("their talking part") << ChildInstance::Peer << kRounds;
+    QTest::newRow("their talking part") << ChildInstance::Peer << rounds();
 }
 
 void ManyInstancesTest::areOnePrimaryWhenAllStartAtOnce()

@@ -10,11 +10,8 @@
 // with regular expressions and a text stream. They are slow and only used to check the scanners.
 
 /// How many seeds are tried, 100,000 texts each: a million in all.
-#ifdef __SANITIZE_ADDRESS__
-constexpr quint32 kSeeds = 2; // A text takes ten times as long.
-#else
 constexpr quint32 kSeeds = 10;
-#endif
+constexpr quint32 kFewSeeds = 2;
 
 QString scaledByRules(const QString &sheet, double factor);
 QString withoutCommentsByRules(QString text);

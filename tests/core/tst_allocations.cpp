@@ -13,25 +13,6 @@ int allocations = 0;
 
 } // namespace
 
-#if defined(__SANITIZE_ADDRESS__)
-
-extern "C" int __sanitizer_install_malloc_and_free_hooks(
-    void (*allocated)(const volatile void *, size_t), void (*released)(const volatile void *));
-
-static void countAllocation(const volatile void *, size_t)
-{
-    ++allocations;
-}
-
-static void ignoreRelease(const volatile void *) { }
-
-static void startCounting()
-{
-    __sanitizer_install_malloc_and_free_hooks(countAllocation, ignoreRelease);
-}
-
-#else
-
 // Replaces the functions of the C library: every library calls the definitions in the program.
 extern "C" {
 void *__libc_malloc(size_t size);
@@ -57,10 +38,6 @@ void *realloc(void *block, size_t size)
 }
 }
 
-static void startCounting() { }
-
-#endif
-
 class AllocationsTest : public VemoTest
 {
     Q_OBJECT
@@ -79,7 +56,6 @@ private:
 
 void AllocationsTest::initTestCase()
 {
-    startCounting();
     for (const char *name : {"bt", "bt_hover", "bt_click", "bt_disable"})
         m_host.addPicture(name, {64, 64}, Qt::red);
     m_host.writeCatalogue({"bt"});

@@ -42,6 +42,7 @@ struct Scene
     QPointer<QWidget> window;
     QPointer<QWidget> panel; ///< the parent passed to the sheet
     QPointer<QLineEdit> field; ///< has the focus
+    QObject timers; ///< the context of all timers: none fires after the case
 };
 
 using Run = std::function<int(Scene &scene, const std::function<void(VemoSheet *)> &beforeShow)>;
@@ -402,7 +403,7 @@ void act(const QStringList &name, Scene &scene, Outcome &outcome)
             quit(sheet);
     };
     // Ends sheets that the act has not ended.
-    QTimer::singleShot(50, qApp, end);
+    QTimer::singleShot(50, &scene.timers, end);
     if (name[1] == "before show")
         return;
     if (name.size() == 4)
@@ -453,25 +454,25 @@ QStringList lifetimeCases()
     return names;
 }
 
-int runLifetimeCase(const QString &joined)
+namespace {
+
+/// What is wrong after the case.
+QStringList faultsOf(const QString &joined)
 {
     const QStringList name = joined.split(" / ");
-    QApplication::setQuitOnLastWindowClosed(false);
     RecordedMessages messages;
     messages.start();
-    startDefaultTheme();
-    exchangeCloseItemRoutine([](std::uintptr_t, bool isEnabled) { closeItemCalls += isEnabled; });
-
+    closeItemCalls.clear();
     Scene scene;
     Outcome outcome;
     int result = 0;
-    QTimer::singleShot(0, qApp, [&] {
+    QTimer::singleShot(0, &scene.timers, [&] {
         const SheetDriver driver([&] { act(name, scene, outcome); });
         std::function<void(VemoSheet *)> beforeShow;
         if (name[1] == "before show") {
             outcome.hasActed = true;
             beforeShow = [&](VemoSheet *sheet) { destroy(name[2], name[3], scene, sheet); };
-            QTimer::singleShot(50, qApp, [&] {
+            QTimer::singleShot(50, &scene.timers, [&] {
                 if (scene.window && sheetOver(scene.window))
                     quit(sheetOver(scene.window));
             });
@@ -488,6 +489,22 @@ int runLifetimeCase(const QString &joined)
         texts += "Nothing happened.";
     if (tellsResult(name[0]) && result != outcome.expected)
         texts += QStringLiteral("Result %1, not %2.").arg(result).arg(outcome.expected);
-    QTextStream(stderr) << texts.join('\n');
-    return texts.isEmpty() ? 0 : 1;
+    return texts;
+}
+
+} // namespace
+
+int runLifetimeCases(const QString &names)
+{
+    QApplication::setQuitOnLastWindowClosed(false);
+    startDefaultTheme();
+    exchangeCloseItemRoutine([](std::uintptr_t, bool isEnabled) { closeItemCalls += isEnabled; });
+    int result = 0;
+    for (const QString &name : names.split('\n')) {
+        for (const QString &fault : faultsOf(name)) {
+            QTextStream(stderr) << name << ": " << fault << '\n';
+            result = 1;
+        }
+    }
+    return result;
 }

@@ -8,8 +8,9 @@
 ///
 ///     "showInfoMsg / while shown / window / delete"
 ///
-/// The names of all cases; each is run in its own process.
+/// The names of all cases.
 QStringList lifetimeCases();
 
-/// Runs a case. Returns 0 on success; otherwise prints the reason to standard error.
-int runLifetimeCase(const QString &name);
+/// Runs the cases with these names, one to a line. Returns 0 on success; otherwise prints the reasons
+/// to standard error.
+int runLifetimeCases(const QString &names);
