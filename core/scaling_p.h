@@ -2,25 +2,12 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
+#include "core/truncation_p.h"
+
 #include <vemo/dpiinfo.h>
-
-#include <cmath>
-#include <limits>
-
-/// value truncated toward zero and clamped to the range of int; 0 for NaN.
-inline int truncToInt(double value)
-{
-    constexpr double lowest = std::numeric_limits<int>::min();
-    constexpr double highest = std::numeric_limits<int>::max();
-    if (std::isnan(value))
-        return 0;
-    return value <= lowest ? std::numeric_limits<int>::min()
-        : value >= highest ? std::numeric_limits<int>::max()
-                           : static_cast<int>(value);
-}
 
 /// Screen pixels of a length in design pixels (96 dpi).
 inline int scaled(double designPixels)
 {
-    return truncToInt(DPIinfo::getInstance().getDPI() * designPixels);
+    return DPIinfo::scaled(designPixels);
 }
