@@ -82,3 +82,13 @@ function(vemo_keep_precompiled target)
     target_compile_options(${target} PRIVATE -fpch-preprocess)
   endif()
 endfunction()
+
+# For the current folder: tests and gallery are not instrumented. They are then compiled by the same
+# commands with and without sanitizers, so the compiler cache serves both builds.
+macro(vemo_without_sanitizers)
+  if(ECM_ENABLE_SANITIZERS)
+    set(CMAKE_CXX_FLAGS "${VEMO_PLAIN_CXX_FLAGS}")
+    list(TRANSFORM ECM_ENABLE_SANITIZERS PREPEND "-fsanitize=" OUTPUT_VARIABLE sanitizers)
+    add_link_options(${sanitizers})
+  endif()
+endmacro()
