@@ -2,7 +2,7 @@
 #pragma once
 
 #include "gallery/commandline.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pagelist.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
@@ -124,14 +124,11 @@ filter->setMenu(kindsMenu); // which stays yours
 connect(filter, SIGNAL(sigKeywordChanged(QString)), this, SLOT(slotFilter(QString)));)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildBarsPage(Page &page)
 {
     page.addSummary("VemoButtonPath shows where the user is, VemoFilterBar what is looked for.");
     addPaths(page);
     addFilters(page);
 }
-
-const PageEntry entry( // clazy:exclude=non-pod-global-static
-    53, "Path and filter", "VemoButtonPath VemoFilterBar breadcrumb folder search menu", build);
-
-} // namespace

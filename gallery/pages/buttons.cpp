@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 #include "gallery/snapshot.h"
 
 #include <vemo/dpiinfo.h>
@@ -189,7 +189,9 @@ more->setMenu(menu); // opens when the button is pressed
 edit->applyHoverStyle(); // in the enterEvent() of a row that highlights as a whole)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildButtonsPage(Page &page)
 {
     page.addSummary("VemoButton is a text button in six roles, VemoIconButton a tool button that "
                     "is only a picture.");
@@ -199,8 +201,3 @@ void build(Page &page)
     addIconButtons(page);
     addIconSources(page);
 }
-
-const PageEntry entry( // clazy:exclude=non-pod-global-static
-    20, "Buttons", "VemoButton VemoIconButton push tool role icon apply cancel red paging", build);
-
-} // namespace

@@ -2,7 +2,7 @@
 #include "gallery/controlsnapshots.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 #include "gallery/specimens.h"
 
 #include <vemo/dpiinfo.h>
@@ -185,7 +185,9 @@ void addMenus(Page &page)
 menu->setStyleSheet(getStyleSheet("component.menu"));)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildChoicesPage(Page &page)
 {
     page.addSummary("Check boxes, radio buttons, combo boxes and menus.");
     addCheckBoxes(page);
@@ -193,8 +195,3 @@ void build(Page &page)
     addComboBoxes(page);
     addMenus(page);
 }
-
-const PageEntry entry(26, "Choices", // clazy:exclude=non-pod-global-static
-    "VemoCheckBox VemoRadioButton VemoComboBox VemoMenu check radio combo menu shortcut", build);
-
-} // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
@@ -233,15 +233,12 @@ start->setCurrentText("06:00");
 start->setDefault("06:00");)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildDateAndTimePage(Page &page)
 {
     page.addSummary("A date field, the calendar that it opens, and a box for a time of day.");
     addFields(page);
     addCalendars(page);
     addTimes(page);
 }
-
-const PageEntry entry(60, "Date and time", // clazy:exclude=non-pod-global-static
-    "VemoDateSelector VemoCalanderView VemoTimeComboBox calendar month day today clock", build);
-
-} // namespace

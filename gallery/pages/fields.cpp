@@ -2,7 +2,7 @@
 #include "gallery/controlsnapshots.h"
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/dpiinfo.h>
 
@@ -133,7 +133,9 @@ edit->setMargins(0, 4, 0, 4); // design pixels
 edit->setSpacing(8);)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildFieldsPage(Page &page)
 {
     page.addSummary("VemoLineEdit is a text field between two labels, with an error state and a "
                     "check of the host's own.");
@@ -141,8 +143,3 @@ void build(Page &page)
     addValidator(page);
     addCaptions(page);
 }
-
-const PageEntry entry(24, "Fields", // clazy:exclude=non-pod-global-static
-    "VemoLineEdit text input error validator caption unit", build);
-
-} // namespace

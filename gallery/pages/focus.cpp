@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pagelist.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/accessiblefilter.h>
 #include <vemo/dpiinfo.h>
@@ -139,7 +140,9 @@ VemoComboBox *newLevelBox(Stage *stage)
     return box;
 }
 
-void build(Page &page)
+} // namespace
+
+void buildFocusPage(Page &page)
 {
     auto *stage = new Stage(page.options());
     stage->showPage(kFirstPage);
@@ -152,8 +155,3 @@ const QList<QWidget *> order = accessibleList(page, filter);)");
     page.addSection("Order");
     page.add(stage);
 }
-
-const PageEntry entry( // clazy:exclude=non-pod-global-static
-    30, kTitle, "accessibleList AccessibleFilter adjustFocusPolicy keyboard tab focus", build);
-
-} // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/mousebuttonfilter.h>
 #include <vemo/vemobutton.h>
@@ -88,7 +88,9 @@ filter->setParent(button);
 button->installEventFilter(filter);)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildFootBarPage(Page &page)
 {
     page.addSummary("VemoFootbar holds the buttons at the foot of a window. Two event filters keep "
                     "the mouse from a widget.");
@@ -96,8 +98,3 @@ void build(Page &page)
     addOneGroup(page);
     addFilters(page);
 }
-
-const PageEntry entry( // clazy:exclude=non-pod-global-static
-    28, "Foot bar", "VemoFootbar MouseButtonFilter MouseReleaseFilter footer buttons mouse", build);
-
-} // namespace

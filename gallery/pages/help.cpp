@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/commandline.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/helpwindow.h>
@@ -177,7 +177,9 @@ window->reload(url);
 window->show();)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildHelpPage(Page &page)
 {
     page.addSummary(
         "A window that shows a page of the web or of the online help, with its pictures. "
@@ -188,8 +190,3 @@ void build(Page &page)
     addLocalHelp(page, helpPath);
     addFetchedPage(page, helpPath);
 }
-
-const PageEntry entry( // clazy:exclude=non-pod-global-static
-    80, "Help", "HelpWindow BrowserWindow HelpContext online offline html", build);
-
-} // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/defaulttheme.h>
 #include <vemo/dpiinfo.h>
@@ -103,7 +103,9 @@ void addToolTips(Page &page)
     page.addCode("label->setToolTip(getHtmlEscapedStringForToolTip(fileName));");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildLabelsPage(Page &page)
 {
     page.addSummary("Text that grows with its lines, text that can be pressed, and links.");
     addPlain(page);
@@ -111,8 +113,3 @@ void build(Page &page)
     addClickable(page);
     addToolTips(page);
 }
-
-const PageEntry entry( // clazy:exclude=non-pod-global-static
-    22, "Labels", "VemoLabel ClickableLabel LinkLabel tooltip text hyperlink wrap", build);
-
-} // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 #include "gallery/sheetstage.h"
 
 #include <vemo/defaulttheme.h>
@@ -169,7 +169,9 @@ void addLooks(Page &page)
             [](QWidget *w) { return new Sheet(Sheet::ConfirmReset, demo("keep_settings"), w); })});
 }
 
-void build(Page &page)
+} // namespace
+
+void buildMessagesPage(Page &page)
 {
     page.addSummary("Messages drawn as a sheet over their window, and shortcuts for them.");
     addTypes(page);
@@ -177,10 +179,3 @@ void build(Page &page)
     addShortcuts(page);
     addLooks(page);
 }
-
-const PageEntry entry(40, "Messages", // clazy:exclude=non-pod-global-static
-    "VemoMessageSheet MsgBoxCustomBtnText VemoCountdownMessageBox showConfirmMsg showInfoMsg "
-    "showWarningMsg showUpgradingMsg dialog modal question warning busy countdown",
-    build);
-
-} // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/filetypemap.h>
@@ -130,7 +130,9 @@ void addFooters(Page &page)
 bar->setRefreshButtonHidden(true);)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildPagingPage(Page &page)
 {
     page.addSummary("VemoPagingBar moves through a long list; VemoPagingModel does the arithmetic "
                     "and belongs to the host.");
@@ -143,8 +145,3 @@ bar->reset(); // and in slotFillTable(): from model->startItem() on, model->rowL
     addPositions(page);
     addFooters(page);
 }
-
-const PageEntry entry( // clazy:exclude=non-pod-global-static
-    50, "Paging", "VemoPagingBar VemoPagingModel PagingFooterInfo page list footer refresh", build);
-
-} // namespace

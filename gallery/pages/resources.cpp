@@ -2,7 +2,7 @@
 #include "gallery/commandline.h"
 #include "gallery/languages.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/filetypemap.h>
@@ -181,7 +181,9 @@ void addPictures(Page &page)
     page.addGrid(5, single);
 }
 
-void build(Page &page)
+} // namespace
+
+void buildResourcesPage(Page &page)
 {
     page.addSummary("What the host registers once at its start and every widget looks up.");
     addScreen(page);
@@ -190,9 +192,3 @@ void build(Page &page)
     addPictures(page);
     addFileTypes(page);
 }
-
-const PageEntry entry(10, "Resources", // clazy:exclude=non-pod-global-static
-    "ImageManager FileTypeMap VemoLocale DPIinfo UIPathManager picture icon language dpi folder",
-    build);
-
-} // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 #include "gallery/sheetstage.h"
 
 #include <vemo/vemobutton.h>
@@ -94,15 +94,12 @@ VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20))->show();
 connect(close, SIGNAL(clicked()), sheet->parentWidget(), SLOT(deleteLater()));)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildSheetsPage(Page &page)
 {
     page.addSummary("Panels over a dimmed window: one that asks for a line of text, and the frame "
                     "for sheets of your own.");
     addInput(page);
     addFrame(page);
 }
-
-const PageEntry entry(42, "Sheets", // clazy:exclude=non-pod-global-static
-    "VemoSheet VemoInputSheet VemoMask prompt dialog modal", build);
-
-} // namespace

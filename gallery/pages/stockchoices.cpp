@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 #include "gallery/specimens.h"
 
 #include <vemo/dpiinfo.h>
@@ -139,14 +139,11 @@ void addRanges(Page &page)
         disabled(newDial(true))});
 }
 
-void build(Page &page)
+} // namespace
+
+void buildStockChoicesPage(Page &page)
 {
     page.addSummary("Qt's own choices, groups, progress bars, sliders and dials.");
     addChoices(page);
     addRanges(page);
 }
-
-const PageEntry entry(71, "Qt choices and ranges", // clazy:exclude=non-pod-global-static
-    "QCheckBox QRadioButton QGroupBox QProgressBar QSlider QDial QScrollBar stock", build);
-
-} // namespace

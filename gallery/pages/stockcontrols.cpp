@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 #include "gallery/specimens.h"
 
 #include <vemo/dpiinfo.h>
@@ -192,17 +192,12 @@ applyDefaultThemeStyle(app); // before the first widget
 new QLineEdit; // as in any Qt program)");
 }
 
-void build(Page &page)
+} // namespace
+
+void buildStockControlsPage(Page &page)
 {
     page.addSummary("Qt's own buttons and fields beside ours: one call styles them all. Classes "
                     "derived from them stay as they are.");
     addButtons(page);
     addFields(page);
 }
-
-const PageEntry entry(70, "Qt buttons and fields", // clazy:exclude=non-pod-global-static
-    "QPushButton QToolButton QLineEdit QSpinBox QDoubleSpinBox QDateEdit QTimeEdit QDateTimeEdit "
-    "QComboBox QFontComboBox QTextEdit QPlainTextEdit QTextBrowser QMenu stock",
-    build);
-
-} // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 #include "gallery/specimens.h"
 
 #include <vemo/dpiinfo.h>
@@ -162,17 +162,11 @@ void addViews(Page &page)
         3, {newList(), newTree(), newTable(), newPlainTable(), disabled(newTree()), newCalendar()});
 }
 
-void build(Page &page)
+} // namespace
+
+void buildStockViewsPage(Page &page)
 {
     page.addSummary("Qt's own tabs, lists, trees, tables and its calendar.");
     addTabs(page);
     addViews(page);
 }
-
-const PageEntry entry(72, "Qt tabs and views", // clazy:exclude=non-pod-global-static
-    "QTabWidget QTabBar QToolBox QListView QListWidget QTreeView QTreeWidget QTableView "
-    "QTableWidget "
-    "QHeaderView QCalendarWidget stock",
-    build);
-
-} // namespace

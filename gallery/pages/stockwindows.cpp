@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 #include "gallery/specimens.h"
 
 #include <vemo/dpiinfo.h>
@@ -121,7 +121,9 @@ void setUpWizard(QWizard &wizard)
     wizard.addPage(new QWizardPage);
 }
 
-void build(Page &page)
+} // namespace
+
+void buildStockWindowsPage(Page &page)
 {
     page.addSummary("Windows with bars and docks, dialogs, and what pops up.");
     page.addSection("A window", "Menu bar, tool bar, dock, splitter and status bar.");
@@ -132,10 +134,3 @@ void build(Page &page)
             opener<QProgressDialog>("Progress", setUpProgress),
             opener<QFileDialog>("File", setUpFile), opener<QWizard>("Wizard", setUpWizard)});
 }
-
-const PageEntry entry(73, "Qt windows and dialogs", // clazy:exclude=non-pod-global-static
-    "QMainWindow QMenuBar QMenu QToolBar QStatusBar QDockWidget QSplitter QToolTip QMessageBox "
-    "QInputDialog QProgressDialog QFileDialog QWizard stock",
-    build);
-
-} // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
@@ -98,7 +98,9 @@ VemoTableWidget *disabledTable()
     return widget;
 }
 
-void build(Page &page)
+} // namespace
+
+void buildTablesPage(Page &page)
 {
     page.addSummary(
         "VemoTableWidget is a read-only table of whole rows under a header of its own.");
@@ -124,8 +126,3 @@ connect(files->getHeader(), SIGNAL(sortIndicatorChanged(int, Qt::SortOrder)),
     page.addSection("Disabled");
     page.add(disabledTable());
 }
-
-const PageEntry entry(51, "Table", // clazy:exclude=non-pod-global-static
-    "VemoTableWidget VemoTableColumnsInfo ResizeSignalTableWidget header columns rows sort", build);
-
-} // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pages/pages.h"
 
 #include <vemo/defaulttheme.h>
 #include <vemo/dpiinfo.h>
@@ -161,7 +161,9 @@ QWidget *sideBySide(const QList<QWidget *> &widgets)
     return row;
 }
 
-void build(Page &page)
+} // namespace
+
+void buildTreePage(Page &page)
 {
     page.addSummary(
         "VemoTreeWidget highlights whole rows, FileSystemTreeWidgetItem knows its node, "
@@ -181,8 +183,3 @@ connect(folders, SIGNAL(sigMouseRightClickEvent(QMouseEvent *)), this,
         "The editor takes no name that begins with a full stop or holds \\ / : * ? \" < > or |.");
     page.add(sideBySide({editedTree(), checkedTree()}));
 }
-
-const PageEntry entry(52, "Tree", // clazy:exclude=non-pod-global-static
-    "VemoTreeWidget FileSystemTreeWidgetItem ItemDelegate folder rename removed read-only", build);
-
-} // namespace

@@ -2,47 +2,7 @@
 // What the code of the documentation is compiled in: a member function of a host's main window.
 #pragma once
 
-#include <vemo/AccessibleFilter>
-#include <vemo/BrowserWindow>
-#include <vemo/ComponentStrings>
-#include <vemo/DPIinfo>
-#include <vemo/DefaultTheme>
-#include <vemo/FileSystemTreeWidgetItem>
-#include <vemo/FileTypeMap>
-#include <vemo/HelpWindow>
-#include <vemo/ImageManager>
-#include <vemo/ItemDelegate>
-#include <vemo/LinkLabel>
-#include <vemo/MessageShortcuts>
-#include <vemo/MouseButtonFilter>
-#include <vemo/QtSingleApplication>
-#include <vemo/StyleManager>
-#include <vemo/ToolTipText>
-#include <vemo/UIPathManager>
-#include <vemo/VemoButton>
-#include <vemo/VemoButtonPath>
-#include <vemo/VemoCalanderView>
-#include <vemo/VemoCheckBox>
-#include <vemo/VemoComboBox>
-#include <vemo/VemoCountdownMessageBox>
-#include <vemo/VemoDateSelector>
-#include <vemo/VemoFilterBar>
-#include <vemo/VemoFootbar>
-#include <vemo/VemoIconButton>
-#include <vemo/VemoInputSheet>
-#include <vemo/VemoLabel>
-#include <vemo/VemoLineEdit>
-#include <vemo/VemoLocale>
-#include <vemo/VemoMask>
-#include <vemo/VemoMenu>
-#include <vemo/VemoMessageSheet>
-#include <vemo/VemoPagingBar>
-#include <vemo/VemoPagingModel>
-#include <vemo/VemoRadioButton>
-#include <vemo/VemoSheet>
-#include <vemo/VemoTableWidget>
-#include <vemo/VemoTimeComboBox>
-#include <vemo/VemoTreeWidget>
+#include "publicheaders.h"
 
 #include <QtWidgets>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/commandline.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pagelist.h"
 
 #include "support/testhost.h"
 #include "support/vemotest.h"

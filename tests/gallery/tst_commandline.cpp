@@ -3,7 +3,7 @@
 
 #include "gallery/commandline.h"
 #include "gallery/languages.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pagelist.h"
 
 #include <vemo/vemolocale.h>
 

@@ -2,7 +2,7 @@
 #include "gallery/commandline.h"
 #include "gallery/look.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pagelist.h"
 
 #include "support/focusring.h"
 #include "support/testhost.h"

@@ -2,7 +2,7 @@
 // The gallery as a user starts it.
 #include "support/vemotest.h"
 
-#include "gallery/pageregistry.h"
+#include "gallery/pagelist.h"
 #include "gallery/screenshots.h"
 
 #include <vemo/dpiinfo.h>

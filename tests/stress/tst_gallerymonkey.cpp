@@ -3,7 +3,7 @@
 #include "gallery/commandline.h"
 #include "gallery/gallerywindow.h"
 #include "gallery/look.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pagelist.h"
 #include "stress/shaking.h"
 #include "support/testhost.h"
 

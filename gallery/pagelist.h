@@ -7,33 +7,25 @@
 
 class Page;
 
-/// A page of the gallery. To add one, create a file in gallery/pages/ with such an object, and list
-/// the file in gallery/CMakeLists.txt:
+/// A page of the gallery. To add one, write the function that fills it in a file of gallery/pages/,
+/// and list the file in gallery/CMakeLists.txt, the function in gallery/pages/pages.h, and the page
+/// in gallery/pagelist.cpp:
 ///
-///     void build(Page &page)
+///     void buildButtonsPage(Page &page)
 ///     {
 ///         page.addSection("Roles");
 ///         page.addRow({new VemoButton("Save", VemoButton::APPLY)});
 ///         page.addCode("auto *save = new VemoButton(\"Save\", VemoButton::APPLY);");
 ///     }
-///
-///     const PageEntry entry(20, "Buttons", "VemoButton push click", build);
 struct PageEntry
 {
-    using Build = void (*)(Page &);
-
-    /// Registers the page. Pages are sorted by order, then by title; all texts must outlive the
-    /// entry. The search also finds the keywords.
-    PageEntry(int order, const char *title, const char *keywords, Build build);
-
-    int order;
     const char *title;
-    const char *keywords;
-    Build build;
+    const char *keywords; ///< further words that the search finds
+    void (*build)(Page &page);
 };
 
 /// All pages, in the order of the list.
-std::vector<PageEntry> pages();
+const std::vector<PageEntry> &pages();
 QStringList pageTitles();
 
 /// The index in pages() of a title, ignoring case; -1 if there is none.

@@ -1,0 +1,28 @@
+# SPDX-License-Identifier: MIT
+# The library's target; each folder adds its sources and public headers.
+
+add_library(VemoWidgets)
+add_library(Vemo::Widgets ALIAS VemoWidgets)
+target_include_directories(VemoWidgets
+  PUBLIC
+    "$<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>"
+    "$<BUILD_INTERFACE:${CMAKE_CURRENT_BINARY_DIR}/include>"
+    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
+  PRIVATE
+    "${CMAKE_CURRENT_SOURCE_DIR}")
+target_link_libraries(VemoWidgets PUBLIC Qt5::Widgets Qt5::Network)
+target_compile_definitions(VemoWidgets PRIVATE VEMO_BUILD_LIBRARY)
+if(NOT BUILD_SHARED_LIBS)
+  target_compile_definitions(VemoWidgets PUBLIC VEMO_STATIC)
+endif()
+set_target_properties(VemoWidgets PROPERTIES
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR}
+  EXPORT_NAME Widgets)
+
+# vemo_add_headers(NAME...): every exported name has a forwarding header, such as <vemo/VemoButton>,
+# which includes vemobutton.h. "A,B" means that B is declared in the header of A.
+set_property(GLOBAL PROPERTY VEMO_HEADER_NAMES "")
+function(vemo_add_headers)
+  set_property(GLOBAL APPEND PROPERTY VEMO_HEADER_NAMES ${ARGN})
+endfunction()
