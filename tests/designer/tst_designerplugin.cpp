@@ -22,7 +22,6 @@ class DesignerPluginTest : public VemoTest
 
 private Q_SLOTS:
     void initTestCase() { useBuiltPlugins(); }
-    void offersEachWidgetThatCanStandInAForm();
     void describesEachWidget_data();
     void describesEachWidget();
     void givesEachWidgetAFormToStartFrom_data() { describesEachWidget_data(); }
@@ -75,16 +74,6 @@ int createInChild(const QString &scenario)
 }
 
 } // namespace
-
-void DesignerPluginTest::offersEachWidgetThatCanStandInAForm()
-{
-    const QStringList expected {"ClickableLabel", "LinkLabel", "ResizeSignalTableWidget",
-        "VemoButton", "VemoButtonPath", "VemoCalanderView", "VemoCheckBox", "VemoComboBox",
-        "VemoDateSelector", "VemoFilterBar", "VemoFootbar", "VemoIconButton", "VemoLabel",
-        "VemoLineEdit", "VemoPagingBar", "VemoRadioButton", "VemoTableWidget", "VemoTimeComboBox",
-        "VemoTreeWidget"};
-    QCOMPARE(formWidgetNames(), expected);
-}
 
 void DesignerPluginTest::describesEachWidget_data()
 {
