@@ -29,5 +29,8 @@ QString demo(const char *key)
 
 void setDemoLanguage(const QString &code)
 {
-    table() = tableOf(code);
+    table() = tableOf("enu"); // for texts that have not been translated
+    const QJsonObject translated = tableOf(code);
+    for (auto entry = translated.begin(); entry != translated.end(); ++entry)
+        table().insert(entry.key(), entry.value());
 }

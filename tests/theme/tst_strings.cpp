@@ -164,8 +164,8 @@ private Q_SLOTS:
     void everyFolderHasItsLanguages();
     void aTableIsWellFormed_data() { addTables(); }
     void aTableIsWellFormed();
-    void aTableHasTheKeysOfTheEnglishOne_data() { addTables(); }
-    void aTableHasTheKeysOfTheEnglishOne();
+    void aTableHasNoKeyThatTheEnglishOneLacks_data() { addTables(); }
+    void aTableHasNoKeyThatTheEnglishOneLacks();
     void noTextLosesAPlaceholderOrANumber_data() { addTables(); }
     void noTextLosesAPlaceholderOrANumber();
     void noTextIsLeftInEnglish_data() { addTables(); }
@@ -244,13 +244,15 @@ void StringsTest::aTableIsWellFormed()
     }
 }
 
-void StringsTest::aTableHasTheKeysOfTheEnglishOne()
+// English is shown for a text that a language lacks; scripts/untranslated lists these.
+void StringsTest::aTableHasNoKeyThatTheEnglishOneLacks()
 {
     QFETCH(QString, folder);
     QFETCH(int, index);
     const QStringList english = tableOf(folder, "enu").keys();
     QVERIFY(!english.isEmpty());
-    QCOMPARE(tableOf(folder, kLanguages[index].code).keys(), english);
+    for (const QString &key : tableOf(folder, kLanguages[index].code).keys())
+        QVERIFY2(english.contains(key), qPrintable(key));
 }
 
 void StringsTest::noTextLosesAPlaceholderOrANumber()
