@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr double kSidePadding = 6.0; // Design pixels.
+constexpr double kSidePadding = 6.0; // design pixels
 constexpr int kEditMargin = 2; // Screen pixels: QLineEdit's own.
 constexpr int kListGap = 2; // Screen pixels: deliberately not scaled.
 

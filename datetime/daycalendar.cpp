@@ -21,7 +21,7 @@ constexpr int kHoverTint = 24;
 constexpr int kVeil = 150;
 constexpr int kOtherMonthInk = 190;
 
-constexpr int kRingWidth = 2; // In design pixels.
+constexpr int kRingWidth = 2; // design pixels
 
 QColor withAlpha(QColor colour, int alpha)
 {

@@ -21,7 +21,7 @@
 
 namespace {
 
-// All in design pixels.
+// In design pixels.
 constexpr QSize kWindowSize(1168, 760);
 constexpr int kSidebarWidth = 232;
 constexpr int kSidebarMargin = 16;

@@ -11,7 +11,7 @@
 
 namespace {
 
-// All in design pixels.
+// In design pixels.
 constexpr int kPageMargin = 32;
 constexpr int kCardMargin = 16;
 constexpr int kSectionGap = 28;

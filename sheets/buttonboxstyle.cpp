@@ -11,7 +11,7 @@
 
 namespace {
 
-// Lengths in design pixels.
+// In design pixels.
 constexpr double kButtonHeight = 32;
 constexpr double kButtonWidth = 100;
 

@@ -19,7 +19,7 @@ namespace {
 
 using Button = QDialogButtonBox;
 
-// Lengths in design pixels.
+// In design pixels.
 constexpr double kMargin = 20;
 constexpr double kBottomMargin = 10;
 constexpr double kIconGap = 20;

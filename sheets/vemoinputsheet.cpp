@@ -22,7 +22,7 @@
 
 namespace {
 
-// Lengths in design pixels.
+// In design pixels.
 constexpr double kMargin = 10;
 constexpr double kPromptGap = 8;
 constexpr double kFieldHeight = 28;

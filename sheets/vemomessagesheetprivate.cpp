@@ -23,7 +23,7 @@ namespace {
 
 using Button = QDialogButtonBox;
 
-// Lengths in design pixels.
+// In design pixels.
 constexpr double kConfirmSpacing = 8;
 constexpr double kConfirmHeight = 32;
 constexpr double kMovieSize = 32;

@@ -12,7 +12,7 @@
 
 namespace {
 
-// All in design pixels.
+// In design pixels.
 constexpr int kGroove = 4;
 constexpr int kGap = 2;
 constexpr int kNotch = 3;

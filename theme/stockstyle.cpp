@@ -23,7 +23,7 @@
 
 namespace {
 
-// All in design pixels.
+// In design pixels.
 constexpr int kHandle = 16;
 constexpr int kIcon = 16;
 constexpr int kLineArea = 7;

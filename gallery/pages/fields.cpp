@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kFieldWidth = 96; // Design pixels.
+constexpr int kFieldWidth = 96; // design pixels
 
 VemoLineEdit *sized(VemoLineEdit *edit)
 {
