@@ -21,6 +21,7 @@
 namespace {
 
 constexpr int kMargin = 12; // In design pixels, 96 dpi.
+constexpr int kLetterSide = 7; // The same; half of the area of a letter of usual size.
 constexpr int kMaxShownAddress = 200; // Letters in a warning.
 constexpr int kPausePerWork = 4;
 constexpr int kStartsPerEvent = 8; // Each creates a thread.
@@ -94,14 +95,28 @@ bool HtmlTextBrowser::showContent(const QString &html)
         m_base_url = html.mid(base.start, base.end - base.start);
         downloadPictures(pictureSources(html, base.end));
     }
-    if (isRichText)
-        setHtml(safe.html);
-    else
-        setPlainText(safe.html);
+    layOut(safe, isRichText);
     // Before the layout has set the size of the view, the base class scrolls so that the first line
     // is cut off.
     verticalScrollBar()->setValue(0);
     return true;
+}
+
+/// The base class only shows the scroll bar when it knows the height of the page, and then lays the
+/// page out again in the width that remains. So a page that is certainly higher than the view gets
+/// the scroll bar first.
+void HtmlTextBrowser::layOut(const SafePage &safe, bool isRichText)
+{
+    const qint64 letterArea = qint64(scaled(kLetterSide)) * scaled(kLetterSide);
+    const qint64 area = qint64(viewport()->width()) * viewport()->height();
+    const Qt::ScrollBarPolicy policy = verticalScrollBarPolicy();
+    if (policy == Qt::ScrollBarAsNeeded && safe.letters * letterArea > area)
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    if (isRichText)
+        setHtml(safe.html);
+    else
+        setPlainText(safe.html);
+    setVerticalScrollBarPolicy(policy);
 }
 
 void HtmlTextBrowser::downloadPictures(const QVector<QStringView> &sources)

@@ -12,6 +12,7 @@
 
 class ImageDownloader;
 class PageDocument;
+struct SafePage;
 
 /// Shows the text of a page, and its pictures as soon as they have been downloaded.
 ///
@@ -55,6 +56,7 @@ private:
         QQueue<ImageDownloader *> waiting;
     };
 
+    void layOut(const SafePage &safe, bool isRichText);
     void downloadPictures(const QVector<QStringView> &sources);
     ImageDownloader *makeDownloader(const QString &source, const QString &folder);
     void startDownloads(int page);

@@ -2,6 +2,7 @@
 #include "help/pagecss_p.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 #include <utility>
@@ -154,10 +155,20 @@ void noteLengths(const QString &name, const QString &value, CssEffort *effort)
             qMax(effort->maxLength, largestLength(value) * (begins("-qt") ? kIndentPixels : 1));
 }
 
+/// Whether elements may inherit the property name; all others were tried.
+bool isInherited(const QString &name)
+{
+    static const QSet<QString> others {"background", "background-color", "background-image",
+        "border", "border-color", "border-left", "color", "display", "float", "height", "margin",
+        "margin-left", "padding", "padding-left", "text-decoration", "vertical-align", "width"};
+    return !others.contains(name);
+}
+
 void noteProperty(const QString &name, const QString &value, CssEffort *effort)
 {
     noteLengths(name, value, effort);
     ++effort->declarations;
+    effort->inherited += isInherited(name);
     effort->hasWhiteSpace |= name == QLatin1String("white-space");
     effort->hasFonts |= name.startsWith(QLatin1String("font"));
     effort->hasFloats |= name == QLatin1String("float");
@@ -214,14 +225,13 @@ QString keyOf(const QString &selector)
     return key.isEmpty() || key.startsWith(QLatin1Char(':')) ? QStringLiteral("*") : key;
 }
 
-void noteSelector(const QString &selector, CssEffort *effort)
+void noteSelector(const QString &selector, int inherited, CssEffort *effort)
 {
     static const QRegularExpression descendant(QStringLiteral("[^ >+~] [^ >+~]"));
     const QStringList each = selector.split(QLatin1Char(','));
     for (const QString &one : each) {
-        const QString key = keyOf(one.trimmed());
-        ++effort->selectorsFor[key];
-        effort->descendantsFor[key] += one.trimmed().contains(descendant);
+        const QString trimmed = one.trimmed();
+        effort->matchesFor[keyOf(trimmed)].add({1, trimmed.contains(descendant), inherited});
     }
     effort->selectors += 1 + selector.count(QLatin1Char(','));
     effort->ancestors += selector.count(QLatin1Char(' ')) + selector.count(QLatin1Char('>'));
@@ -241,9 +251,10 @@ QString rule(const QString &selector, QStringView block, bool mayHoldMedia, CssE
     }
     if (!isPlainSelector(selector))
         return {};
-    noteSelector(selector, effort);
     const int maxLine = std::exchange(effort->maxLine, 0);
+    const int inherited = effort->inherited;
     const QString plain = declarations(block, effort);
+    noteSelector(selector, effort->inherited - inherited, effort);
     int &line = isOfHeadings(selector) ? effort->maxHeadingLine : effort->maxLine;
     line = qMax(line, std::exchange(effort->maxLine, 0));
     effort->maxLine = qMax(maxLine, effort->maxLine);

@@ -5,15 +5,30 @@
 #include <QHash>
 #include <QString>
 
+/// The rules that may apply to an element.
+struct CssMatches
+{
+    int selectors = 0;
+    int descendants = 0; ///< Those of them that look for an element around it.
+    int inherited = 0; ///< The declarations of properties that elements inherit.
+
+    void add(const CssMatches &other)
+    {
+        selectors += other.selectors;
+        descendants += other.descendants;
+        inherited += other.inherited;
+    }
+};
+
 /// The cost of a style sheet for the text engine.
 struct CssEffort
 {
     int selectors = 0;
-    /// Selectors by what the element that they are for must have: its name, ".class" or "#id"; the
-    /// name of any element is "*".
-    QHash<QString, int> selectorsFor;
-    QHash<QString, int> descendantsFor; ///< Those of them that look for an element around it.
+    /// Rules by what the element that they are for must have: its name, ".class" or "#id"; the name
+    /// of any element is "*".
+    QHash<QString, CssMatches> matchesFor;
     int declarations = 0;
+    int inherited = 0; ///< Those of them whose properties elements inherit.
     int ancestors = 0; ///< Steps from an element to its ancestors.
     int siblings = 0; ///< Steps to the previous siblings.
     int maxLength = 0; ///< Pixels of the largest margin, padding, border, indent or height.

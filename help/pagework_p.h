@@ -29,12 +29,16 @@ public:
     /// The text engine searches for a monospaced font again for each text.
     void addFont(uint font, bool isMonospaced);
     void addElement(int depth, int sibling, const CssEffort &css);
-    /// Each selector that applies looks at all elements around, and one for descendants at those
-    /// around each of them.
-    void addMatches(int selectors, int descendants, qint64 depth)
+    /// The work for the rules that apply to an element inside depth others. A selector for
+    /// descendants looks at each of those, and a declaration that is inherited at all others.
+    static qint64 ofStyle(const CssMatches &matches, int depth)
     {
-        m_total += kMatch * selectors * depth + kDescendant * descendants * depth * depth;
+        const qint64 inherited = matches.inherited;
+        return kMatch * matches.selectors + kDescendant * matches.descendants * depth
+            + inherited * qMin(kInherited * inherited, kMaxInherited + inherited);
     }
+    /// For each element, the text engine does this work for all elements around it, too.
+    void addStyles(qint64 ofAll) { m_total += ofAll; }
     /// An end tag searches for its start tag.
     void addClosing(int depth) { m_total += kDepth * depth; }
     void addAttribute(qint64 length) { m_total += kAttributeLetter * length; }
@@ -46,14 +50,18 @@ public:
     void addFloat(bool isTable);
     /// A cell that spans several rows moves its neighbours.
     void addSpan(int columns, int rows) { add(kSpan * columns * rows); }
-    /// gridGrowth is the increase of the table's columns times rows.
-    void addCell(int gridGrowth) { add(kCell + kGrid * qint64(gridGrowth)); }
+    /// gridGrowth is the increase of the table's columns times rows, and emptyGrowth that of its
+    /// cells that are not in the page, which the text engine inserts. The next cell fills some.
+    void addCell(int gridGrowth, int emptyGrowth)
+    {
+        add(kCell + kGrid * gridGrowth + kEmptyCell * emptyGrowth);
+    }
 
     static constexpr int kPictureAsLetters = 6;
     static constexpr qint64 kMaxHeight = 2500000; ///< In pixels.
 
 private:
-    void add(qint64 work) { m_total += work << m_tables; }
+    void add(qint64 work) { m_total += work * (qint64(1) << m_tables); }
 
     static constexpr qint64 kMaxWork = 1500000000;
     static constexpr qint64 kLetter = 400;
@@ -65,7 +73,9 @@ private:
     static constexpr qint64 kSelector = 500;
     static constexpr qint64 kDeclaration = 150;
     static constexpr qint64 kMatch = 500;
-    static constexpr qint64 kDescendant = 110;
+    static constexpr qint64 kDescendant = 200;
+    static constexpr qint64 kInherited = 27;
+    static constexpr qint64 kMaxInherited = 8000;
     static constexpr qint64 kAncestor = 150;
     static constexpr qint64 kSibling = 50;
     static constexpr qint64 kAttributeLetter = 150;
@@ -77,6 +87,7 @@ private:
     static constexpr qint64 kSpan = 36000;
     static constexpr qint64 kCell = 25000;
     static constexpr qint64 kGrid = 3000;
+    static constexpr qint64 kEmptyCell = 45000;
 
     qint64 m_total = 0;
     qint64 m_height = 0;

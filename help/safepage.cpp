@@ -86,10 +86,15 @@ struct Element
     int items = 0; ///< Of a list.
     int rows = 0; ///< Of a table, as the next two.
     int columns = 0;
-    int columnsOfRow = 0;
+    int columnsOfRow = 0; ///< Including those of cells that began in earlier rows.
+    int columnsSpanned = 0; ///< Those of such cells alone.
+    int emptyCells = 0; ///< Of rows with fewer cells than columns.
+    QHash<int, int> spanned; ///< By row: how many more such columns it has than the one before.
     int indent = 0; ///< In pixels, as the next one.
     int cellHeight = 0; ///< Of a table: the height that it adds to each row.
     int line = 0; ///< The line height of its text, if that is higher than usual.
+    QStringList marks; ///< Its classes, each with a dot, and its id with a number sign.
+    qint64 style = 0; ///< The work for its style.
 };
 
 /// Resolves numeric entities and those of characters with a meaning in HTML.
@@ -170,8 +175,9 @@ private:
     void chargeCell(bool isRow);
     void chargeHeight(const QString &name, int traits);
     void noteHeight(const QString &name, const QString &length);
-    void noteMatches(const QString &attribute, const QString &value);
-    void noteMatch(const QString &key);
+    void noteMarks(const QString &attribute, const QString &value);
+    qint64 styleWork(const QString &name, const QStringList &marks, int depth) const;
+    void renewStyles();
     TextWork::Width width() const;
     int line() const;
     void beginLine();
@@ -190,6 +196,7 @@ private:
     QString m_raw; // The text of a title or a style sheet.
     PageWork m_work;
     CssEffort m_css;
+    qint64 m_style = 0; // The work for the styles of the open elements.
     WordBreaks m_words;
     TextWork m_letters;
     bool m_keeps_lines = false; // Whether line breaks of the page may be kept in the text.
@@ -197,6 +204,7 @@ private:
     int m_loose_items = 0;
     bool m_has_floats = false;
     int m_pictures = 0;
+    int m_text_length = 0;
     int m_indent = 0; // Of the open elements, in pixels.
     int m_columns = 1; // Of the current tag, like the following.
     int m_rows = 1;
@@ -204,8 +212,7 @@ private:
     int m_length = 0; // The largest of its style.
     int m_cell_height = 0;
     int m_own_line = 0;
-    int m_matches = 0; // Selectors that may apply to it.
-    int m_descendant_matches = 0;
+    QStringList m_marks; // Its classes and its id.
 };
 
 PageWriter::PageWriter(const QString &html, bool isFromNetwork)
@@ -219,10 +226,10 @@ SafePage PageWriter::write()
     HtmlToken token;
     while (!m_is_too_deep && !m_work.isTooMuch()) {
         if (!m_tokens.next(&token))
-            return {SafePage::FINE, m_html, m_work.total(), m_pictures};
+            return {SafePage::FINE, m_html, m_work.total(), m_pictures, m_text_length};
         read(token);
     }
-    return {m_is_too_deep ? SafePage::TOO_DEEP : SafePage::TOO_SLOW, {}, m_work.total(), 0};
+    return {m_is_too_deep ? SafePage::TOO_DEEP : SafePage::TOO_SLOW, {}, m_work.total()};
 }
 
 void PageWriter::read(const HtmlToken &token)
@@ -319,6 +326,10 @@ void PageWriter::push(const QString &name, const Font &font, bool isWritten)
     element.line = qMax(m_own_line, m_open.isEmpty() ? 0 : m_open.last().line);
     if (name.size() == 2 && name.at(0) == QLatin1Char('h') && (traitsOf(name) & SIZED))
         element.line = qMax(element.line, m_css.maxHeadingLine);
+    if (isWritten)
+        element.marks = m_marks;
+    element.style = styleWork(name, element.marks, m_open.size() + 1);
+    m_style += element.style;
     m_indent += element.indent;
     m_open += element;
     if (name == QLatin1String("table"))
@@ -344,6 +355,7 @@ void PageWriter::closeInnermost()
 {
     const Element element = m_open.takeLast();
     m_indent -= element.indent;
+    m_style -= element.style;
     if (element.name == QLatin1String("table"))
         m_work.setTables(--m_tables);
     if (traitsOf(element.name) & LINES)
@@ -376,7 +388,8 @@ Font PageWriter::writeAttributes(const HtmlToken &token, int traits)
     if (m_css.hasFonts)
         font.other = qHash(token.name, font.other);
     m_columns = m_rows = 1;
-    m_length = m_cell_height = m_own_line = m_matches = m_descendant_matches = 0;
+    m_length = m_cell_height = m_own_line = 0;
+    m_marks.clear();
     m_floats = m_css.hasFloats;
     for (const HtmlAttribute &attribute : token.attributes)
         writeAttribute(attribute, &font);
@@ -409,7 +422,7 @@ void PageWriter::writeAttribute(const HtmlAttribute &attribute, Font *font)
         writeEscaped(attribute.value, attribute.hasEntities);
         noteHeight(name, resolved(attribute.value));
         if (isOneOf(name, {"class", "id"}))
-            noteMatches(name, resolved(attribute.value).toLower());
+            noteMarks(name, resolved(attribute.value).toLower());
         m_floats |= name == QLatin1String("align") && isSide(attribute.value);
         if (name == QLatin1String("size"))
             font->size = qHash(attribute.value);
@@ -446,9 +459,7 @@ void PageWriter::chargeElement(const HtmlToken &token)
     const int sibling = m_open.isEmpty() ? 0 : m_open.last().children++;
     m_work.addElement(m_open.size(), sibling, m_css);
     const QString &name = token.name;
-    noteMatch(name);
-    noteMatch(QStringLiteral("*"));
-    m_work.addMatches(m_matches, m_descendant_matches, m_open.size() + 1);
+    m_work.addStyles(m_style + styleWork(name, m_marks, m_open.size() + 1));
     m_keeps_lines |= isOneOf(name, {"pre", "meta"});
     m_has_floats |= m_floats;
     if (name == QLatin1String("img")) {
@@ -494,18 +505,35 @@ void PageWriter::noteHeight(const QString &name, const QString &length)
         m_own_line = qMax(m_own_line, 3 * kLinePixels);
 }
 
-void PageWriter::noteMatches(const QString &attribute, const QString &value)
+void PageWriter::noteMarks(const QString &attribute, const QString &value)
 {
     const QLatin1Char mark(attribute == QLatin1String("id") ? '#' : '.');
     const QStringList words = value.simplified().split(QLatin1Char(' '));
     for (const QString &word : words)
-        noteMatch(mark + word);
+        m_marks += mark + word;
 }
 
-void PageWriter::noteMatch(const QString &key)
+qint64 PageWriter::styleWork(const QString &name, const QStringList &marks, int depth) const
 {
-    m_matches += m_css.selectorsFor.value(key);
-    m_descendant_matches += m_css.descendantsFor.value(key);
+    if (m_css.matchesFor.isEmpty())
+        return 0;
+    CssMatches matches = m_css.matchesFor.value(name);
+    matches.add(m_css.matchesFor.value(QStringLiteral("*")));
+    for (const QString &mark : marks)
+        matches.add(m_css.matchesFor.value(mark));
+    return PageWork::ofStyle(matches, depth);
+}
+
+/// Another style sheet also applies to the elements around it.
+void PageWriter::renewStyles()
+{
+    m_style = 0;
+    for (int i = 0; i < m_open.size(); ++i) {
+        Element &element = m_open[i];
+        element.style = styleWork(element.name, element.marks, i + 1);
+        m_style += element.style;
+        m_work.addClosing(element.marks.size() + 1); // As long as to look for it.
+    }
 }
 
 /// The height of a line in pixels.
@@ -530,13 +558,24 @@ void PageWriter::chargeCell(bool isRow)
     if (index < 0)
         return;
     Element &table = m_open[index];
-    const int before = table.rows * table.columns;
+    const int cellsBefore = table.rows * table.columns;
+    const int emptyBefore = table.emptyCells;
     table.rows = qMax(1, table.rows + (isRow ? 1 : 0));
-    table.columnsOfRow = isRow ? 0 : table.columnsOfRow + m_columns;
+    if (isRow) {
+        table.columnsSpanned += table.spanned.take(table.rows);
+        table.columnsOfRow = 0;
+    }
+    const int added = isRow ? table.columnsSpanned : m_columns;
+    table.columnsOfRow += added;
     table.columns = qMax(table.columns, table.columnsOfRow);
-    m_work.addCell(table.rows * table.columns - before);
-    if (m_rows > 1)
+    const int growth = table.rows * table.columns - cellsBefore;
+    table.emptyCells += growth - added;
+    m_work.addCell(growth, table.emptyCells - emptyBefore);
+    if (m_rows > 1) {
+        table.spanned[table.rows + 1] += m_columns;
+        table.spanned[table.rows + m_rows] -= m_columns;
         m_work.addSpan(m_columns, m_rows);
+    }
 }
 
 void PageWriter::beginLine()
@@ -550,7 +589,9 @@ void PageWriter::beginLine()
 
 void PageWriter::writeText(QStringView text)
 {
-    if (!m_open.isEmpty() && !text.trimmed().isEmpty())
+    const bool isBlank = text.trimmed().isEmpty();
+    m_text_length += isBlank ? 0 : int(text.size());
+    if (!m_open.isEmpty() && !isBlank)
         m_work.addFont(m_open.last().font.hash(), m_open.last().font.traits & MONOSPACED);
     int start = 0;
     for (int i = 0; i < text.size(); ++i) {
@@ -614,6 +655,7 @@ void PageWriter::writeStyleSheet()
 {
     const QString css = resolved(m_raw);
     const QString plain = plainStyleSheet(css, &m_css);
+    renewStyles();
     writeEscaped(m_is_from_network ? plain : withoutLargeNumbers(css), false);
     m_work.addAttribute(css.size());
 }
@@ -643,6 +685,6 @@ SafePage safePlainText(const QString &text)
     work.addHeight(letters.height(TextWork::FULL_WIDTH, kLinePixels, true));
     letters.chargeTo(&work, true);
     if (work.isTooMuch())
-        return {SafePage::TOO_SLOW, {}, work.total(), 0};
-    return {SafePage::FINE, broken, work.total(), 0};
+        return {SafePage::TOO_SLOW, {}, work.total()};
+    return {SafePage::FINE, broken, work.total(), 0, text.size()};
 }

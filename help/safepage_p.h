@@ -13,6 +13,7 @@ struct SafePage
     QString html; ///< Empty unless FINE.
     qint64 work = 0; ///< The estimated time for the text engine, in nanoseconds.
     int pictures = 0; ///< The number of pictures.
+    int letters = 0; ///< The length of its texts.
 };
 
 /// Rewrites the page html in an unambiguous form, and estimates the cost of showing it.

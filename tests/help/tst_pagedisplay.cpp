@@ -21,6 +21,8 @@ private Q_SLOTS:
     void aPictureThatChangedIsShownAnew();
     void anotherPageShowsItsOwnPictures();
     void pagesGrowWithTheirPictures();
+    void aLongPageIsLaidOutOnce_data();
+    void aLongPageIsLaidOutOnce();
     void theLineAtTheUpperEdgeStaysThere();
     void aReaderAtTheTopStaysAtTheTop();
     void theSelectionStays();
@@ -42,7 +44,9 @@ private:
         return line.selectedText().trimmed();
     }
     void scrollToTheMiddle();
+    bool eventFilter(QObject *viewport, QEvent *event) override;
 
+    int m_letters_at_resize = 0; // The most that the view had to lay out again.
     HelpHost m_host;
     QScopedPointer<TestServer> m_server;
     QScopedPointer<HtmlTextBrowser> m_browser;
@@ -164,6 +168,40 @@ void tst_pagedisplay::scrollToTheMiddle()
     QScrollBar *bar = m_browser->verticalScrollBar();
     QTRY_VERIFY(bar->maximum() > 1000);
     bar->setValue(bar->maximum() / 2);
+}
+
+bool tst_pagedisplay::eventFilter(QObject *viewport, QEvent *event)
+{
+    if (event->type() == QEvent::Resize)
+        m_letters_at_resize =
+            qMax(m_letters_at_resize, m_browser->document()->characterCount() - 1);
+    return VemoTest::eventFilter(viewport, event);
+}
+
+void tst_pagedisplay::aLongPageIsLaidOutOnce_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<bool>("isHigh");
+    const QString words = QStringLiteral("word ").repeated(10000);
+    QTest::newRow("one paragraph") << "<html>" + words << true;
+    QTest::newRow("plain text") << words << true;
+    QTest::newRow("paragraphs") << "<html>" + lines(2000) << true;
+    QTest::newRow("a page that fits") << "<html>a word" << false;
+    QTest::newRow("letters that are not shown") << "<html><script>" + words + "</script>" << false;
+}
+
+/// The scroll bar does not take its place from a page that has been laid out already.
+void tst_pagedisplay::aLongPageIsLaidOutOnce()
+{
+    QFETCH(const QString, html);
+    QFETCH(const bool, isHigh);
+    m_letters_at_resize = 0;
+    m_browser->viewport()->installEventFilter(this);
+    m_browser->setHtmlContent(html);
+    m_browser->viewport()->removeEventFilter(this);
+    QCOMPARE(m_letters_at_resize, 0);
+    QCOMPARE(m_browser->verticalScrollBar()->isVisible(), isHigh);
+    QCOMPARE(m_browser->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
 }
 
 void tst_pagedisplay::theLineAtTheUpperEdgeStaysThere()

@@ -5,10 +5,12 @@
 #include "help/imagedownloader_p.h"
 #include "help/picturefolder_p.h"
 #include "help/testserver.h"
+#include "help/webpicture_p.h"
 #include "support/vemotest.h"
 
 #include <QBuffer>
 #include <QDesktopServices>
+#include <QImageReader>
 #include <QScrollBar>
 #include <QTextDocumentFragment>
 #include <QtEndian>
@@ -33,6 +35,8 @@ private Q_SLOTS:
     void dataInsideThePageIsShown();
     void onlyPlainFormatsAreShown_data();
     void onlyPlainFormatsAreShown();
+    void plainFormatsAreReadByTheirContent_data();
+    void plainFormatsAreReadByTheirContent();
     void aDataAddressIsNeverAFileName_data();
     void aDataAddressIsNeverAFileName();
     void picturesAreJudgedByTheirHeader_data();
@@ -248,6 +252,31 @@ void tst_pagesafety::onlyPlainFormatsAreShown()
         m_browser->setHtmlContent("<html><img src=\"" + dataAddress(bytes) + "\"></html>");
         QVERIFY(countPixels(m_browser.data(), Qt::red) >= 3600);
     }
+}
+
+void tst_pagesafety::plainFormatsAreReadByTheirContent_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("PNG") << picture("PNG");
+    QTest::newRow("JPEG") << picture("JPEG");
+    QTest::newRow("BMP") << picture("BMP");
+    QTest::newRow("GIF") << QByteArray::fromBase64(
+        "R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7");
+    QTest::newRow("WebP") << QByteArray::fromBase64(
+        "UklGRhoAAABXRUJQVlA4TA0AAAAvAAAAEAcQERGIiP4HAA==");
+}
+
+void tst_pagesafety::plainFormatsAreReadByTheirContent()
+{
+    QFETCH(QByteArray, bytes);
+    const QByteArray format = QByteArray(QTest::currentDataTag()).toLower();
+    if (!QImageReader::supportedImageFormats().contains(format))
+        QSKIP("Qt cannot read this format here");
+    QBuffer buffer(&bytes);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    const WebPicture read = readWebPicture(&buffer, kMaxPagePixels, 100);
+    QCOMPARE(read.problem, WebPicture::NONE);
+    QVERIFY(!read.pixmap.isNull());
 }
 
 void tst_pagesafety::aDataAddressIsNeverAFileName_data()

@@ -309,7 +309,7 @@ void tst_safepage::pagesAreJudgedByTheirWork_data()
     row("lists of one item", "<ul><li>x</ul>", 35000, 70000);
     row("cells", "<tr><td>x", 8000, 25000);
     row("cells that span a hundred columns", "<tr><td colspan=\"100\">x", 1000, 3000);
-    row("cells that span a hundred rows", "<tr><td rowspan=\"100\">x", 150, 500);
+    row("cells that span a hundred rows", "<tr><td rowspan=\"100\">x", 100, 500);
     row("floating tables", "<table align=left><tr><td>x</table>", 1000, 2000);
     row("preformatted texts", "<pre>x\n</pre>", 7000, 10000);
     row("lines of preformatted text", "<pre>" + times(500, "x\n") + "</pre>", 100, 1000);
@@ -399,6 +399,36 @@ static void addLengthRows()
         << "<html>" + times(450, "<ul style=\"-qt-list-indent:9999;margin-left:9999px\"><li>x");
 }
 
+/// Rows with fewer cells than others, which the text engine fills.
+static void addEmptyCellRows()
+{
+    QTest::newRow("149 rows, the first of 500 columns") // Generated page 79388.
+        << "<html><table><tr>" + times(5, "<td colspan=\"100\">x") + times(148, "<tr><td>x");
+    QTest::newRow("299 rows, the last of 500 columns")
+        << "<html><table>" + times(298, "<tr><td>x") + "<tr>" + times(5, "<td colspan=\"100\">x");
+    QTest::newRow("rows of 400 columns through cells of earlier rows") << "<html><table>"
+            + times(4, "<tr>" + times(100, "<td rowspan=\"5\">x")) + times(300, "<tr><td>x");
+}
+
+/// The text engine considers the styles of all elements around each element.
+static void addStyleRows()
+{
+    const auto row = [](const char *name, int rules, const QString &rule, const QString &page) {
+        QTest::newRow(name) << "<html><style>" + times(rules, rule) + "</style>" + page;
+    };
+    row("15,000 rules for any element", 15000, "*{white-space:pre}", times(100, "<td>x")); // 88322
+    row("11,000 rules for paragraphs", 11000, "p{white-space:pre}", times(20, "<p>x")); // 5288
+    row("a rule of 20,000 fonts", 1, "*{" + times(20000, "font-size:9px;") + "}",
+        times(100, "<p>x"));
+    row("rules for the elements around", 126, "b{font-size:9px;color:red}",
+        times(200, "<b>x") + times(100, "<i>y</i>"));
+    row("rules for classes of the elements around", 126, ".c{text-align:left}",
+        times(200, "<b class=c>x") + times(100, "<i>y</i>"));
+    QTest::newRow("rules after the elements around") // Generated page 92445.
+        << "<html>" + times(200, "<b>x") + "<style>" + times(126, "*{font-size:9px;color:red}")
+            + "</style>" + times(4, "<table><tr><td>") + times(50, "<i>y</i>");
+}
+
 void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage_data()
 {
     QTest::addColumn<QString>("html");
@@ -455,6 +485,8 @@ void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage_data()
         << "<html>" + times(9, "<table><tr><td>") + times(314, QString(QChar(0x5D0)) + "a");
     QTest::newRow("floating tables in tables") << "<html>" + times(2, "<table><tr><td>")
             + times(1000, "<table style=\"fl\\6f at:left;float:left\"><tr><td>x</table>");
+    addEmptyCellRows();
+    addStyleRows();
     addLengthRows();
     QTest::newRow("fonts") << distinct(5000, QStringLiteral("<p style=\"font-size:#px\">x"));
     QTest::newRow("families") << distinct(5000, QStringLiteral("<font face=\"f#\">x</font>"));
