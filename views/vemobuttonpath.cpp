@@ -7,6 +7,7 @@
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QHeaderView>
 #include <QMenu>
@@ -30,12 +31,47 @@ bool isArrow(int column)
     return column % 2 != 0;
 }
 
+/// For assistive tools the path is a row of buttons and separators. Qt's table has nameless cells
+/// without them.
+class AccessiblePath : public QAccessibleWidget
+{
+public:
+    explicit AccessiblePath(QWidget *path) : QAccessibleWidget(path, QAccessible::ToolBar) { }
+
+    /// The row itself stands in for the cells that events of QTableView name.
+    QAccessibleInterface *child(int index) const override
+    {
+        QAccessibleInterface *part = QAccessibleWidget::child(index);
+        return part ? part : QAccessible::queryAccessibleInterface(object());
+    }
+};
+
+QAccessibleInterface *newAccessiblePath(const QString &className, QObject *object)
+{
+    if (className == QLatin1String("VemoButtonPath"))
+        return new AccessiblePath(qobject_cast<VemoButtonPath *>(object));
+    auto *arrow =
+        className == QLatin1String("QPushButton") ? dynamic_cast<PathArrow *>(object) : nullptr;
+    return arrow ? new QAccessibleWidget(arrow, QAccessible::Separator) : nullptr;
+}
+
+void announceAsRow(QWidget *path)
+{
+    QAccessible::installFactory(newAccessiblePath); // a no-op if already installed
+    // While a screen reader runs, QTableWidget's constructor has already created a table's
+    // interface.
+    if (QAccessible::isActive())
+        QAccessible::deleteAccessibleInterface(
+            QAccessible::uniqueId(QAccessible::queryAccessibleInterface(path)));
+}
+
 } // namespace
 
 VemoButtonPath::VemoButtonPath(QWidget *parent)
     : QTableWidget(parent), m_folder_menu(new QMenu), m_change_folder_button(new QToolButton),
       m_menu_mapper(new QSignalMapper(this)), m_name_mapper(new QSignalMapper(this))
 {
+    announceAsRow(this);
     insertRow(0);
     horizontalHeader()->hide();
     verticalHeader()->hide();
