@@ -5,13 +5,16 @@
 #include "datetime/enterkey_p.h"
 #include "datetime/headingfont_p.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QHoverEvent>
+#include <QItemSelectionModel>
 #include <QMenu>
 #include <QPainter>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTextCharFormat>
+#include <QTimer>
 #include <QToolButton>
 
 namespace {
@@ -82,6 +85,7 @@ DayCalendar::DayCalendar(QWidget *parent)
     m_grid->viewport()->setAttribute(Qt::WA_Hover);
     m_grid->viewport()->installEventFilter(this);
     parent->installEventFilter(this);
+    connect(this, &QCalendarWidget::currentPageChanged, this, &DayCalendar::announceNoDay);
 }
 
 QDate DayCalendar::dateAt(int row, int column) const
@@ -174,6 +178,18 @@ bool DayCalendar::keepFace(QEvent *event)
     for (int entry = 0; entry < entries.size(); ++entry)
         entries[entry]->setText(names[entry]);
     return isHandled;
+}
+
+// When the page changes, QTableView announces its new current day as if that had the focus, even if
+// an arrow or another widget has it. It needs these signals for nothing else here: the whole page
+// is repainted anyway.
+void DayCalendar::announceNoDay()
+{
+    if (!QAccessible::isActive() || showsFocus())
+        return;
+    QItemSelectionModel *selection = m_grid->selectionModel();
+    selection->blockSignals(true);
+    QTimer::singleShot(0, selection, [selection] { selection->blockSignals(false); });
 }
 
 // Does not use Qt's implementation: it paints days of other months like disabled text although they

@@ -46,6 +46,7 @@ private:
     static constexpr QPoint kNowhere {-1, -1};
 
     bool keepFace(QEvent *event);
+    void announceNoDay();
     QBrush groundOf(const QDate &date, const QTextCharFormat &format) const;
     QColor inkOf(const QDate &date, const QTextCharFormat &format, const QColor &ground) const;
     bool hasFocusOn(const QRect &cell) const;

@@ -498,5 +498,10 @@ void VemoCalanderView::connectParts()
 
 void VemoCalanderView::showMonthName(int month)
 {
-    part<QToolButton>(this, kMonth)->setText(m_month_names.value(qMax(month, 0) - 1));
+    const QString name = m_month_names.value(qMax(month, 0) - 1);
+    part<QToolButton>(this, kMonth)->setText(name);
+    // Announced after an arrow was pressed.
+    const QString page = name + QLatin1Char(' ') + QString::number(m_calendar->yearShown());
+    for (const char *arrow : {kPrevious, kNext})
+        part<QToolButton>(this, arrow)->setAccessibleDescription(page);
 }

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void initTestCase();
     void theDayWithTheFocusIsAnnouncedWithItsMonth();
     void theDayIsAnnouncedWhileTheViewHasTheFocus();
+    void pagingAnnouncesTheMonthAndNoDay();
 };
 
 void CalendarAnnouncementsTest::initTestCase()
@@ -70,6 +71,28 @@ void CalendarAnnouncementsTest::theDayIsAnnouncedWhileTheViewHasTheFocus()
     announced.clear();
     QTest::keyClick(view.windowHandle(), Qt::Key_Down);
     QVERIFY(announced.contains(QLocale().toString(QDate(2024, 4, 6), QLocale::LongFormat)));
+}
+
+void CalendarAnnouncementsTest::pagingAnnouncesTheMonthAndNoDay()
+{
+    VemoCalanderView view(nullptr);
+    const Parts parts(&view);
+    parts.calendar->setSelectedDate({2024, 3, 30});
+    view.show();
+    view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    for (QToolButton *arrow : {parts.next, parts.previous}) {
+        arrow->setFocus();
+        announced.clear();
+        QTest::keyClick(view.windowHandle(), Qt::Key_Space);
+        const QString page = arrow == parts.next ? "April 2024" : "March 2024";
+        // Both arrows have it; the one with the focus is announced.
+        QCOMPARE(announced, QStringList({page, page}));
+    }
+    parts.grid->setFocus();
+    announced.clear();
+    QTest::keyClick(view.windowHandle(), Qt::Key_Right);
+    QVERIFY(announced.contains(QLocale().toString(QDate(2024, 3, 31), QLocale::LongFormat)));
 }
 
 VEMO_TEST_MAIN(CalendarAnnouncementsTest)
