@@ -5,6 +5,7 @@
 #include "views/itemdelegate_p.h"
 
 #include <vemo/stylemanager.h>
+#include <vemo/vemotreewidget.h>
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -68,4 +69,15 @@ void ItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &opti
 {
     lastCheckRect() = rect;
     QItemDelegate::drawCheck(painter, option, rect, state);
+}
+
+void ItemDelegate::drawFocus(
+    QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const
+{
+    QRect frame = rect;
+    if (const auto *tree = qobject_cast<const VemoTreeWidget *>(option.widget)) {
+        const int highlightEnd = tree->viewport()->width() - scaled(kHighlightInset) - 1;
+        frame.setRight(qMin(frame.right(), highlightEnd));
+    }
+    QItemDelegate::drawFocus(painter, option, frame);
 }

@@ -2,6 +2,7 @@
 #include <vemo/vemotreewidget.h>
 
 #include "core/scaling_p.h"
+#include "views/itemdelegate_p.h"
 
 #include <vemo/stylemanager.h>
 
@@ -23,11 +24,10 @@ namespace {
 constexpr int kRoomAtRight = 100; // design pixels
 // Deliberate: in every theme that names no other.
 constexpr Qt::GlobalColor kHighlightOutline = Qt::white;
-constexpr int kHighlightInset = 3; // design pixels; also the radius of its corners
 
 void drawHighlight(QPainter *painter, QRect row, const QColor &color)
 {
-    const int inset = scaled(kHighlightInset);
+    const int inset = scaled(kHighlightInset); // Also the radius of its corners.
     row.setWidth(row.width() - inset);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);

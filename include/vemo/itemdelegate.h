@@ -38,4 +38,8 @@ Q_SIGNALS:
 protected:
     void drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
         Qt::CheckState state) const override;
+
+    /// In a VemoTreeWidget the focus frame ends where the row's highlight ends.
+    void drawFocus(
+        QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const override;
 };
