@@ -28,7 +28,7 @@ CommandLine commandLine(int argc, char **argv)
 
 int run(QtSingleApplication &app, const Options &options)
 {
-    if (!startLook(options.userFolder, options.language))
+    if (!startLook(options.userFolder, options.language, options.style))
         return fail(QString("Cannot write to the folder \"%1\"; choose another with --user-folder.")
                         .arg(options.userFolder),
             kFailure);

@@ -205,6 +205,9 @@ void FileTextsTest::readsTheCommandLine_data()
                               << "enu";
     QTest::newRow("language") << QStringList({"--language", "deu", "/"}) << "/"
                               << "deu";
+    QTest::newRow("options of Qt")
+        << QStringList({"-reverse", "-style", "windows", "-platform", "offscreen", "/"}) << "/"
+        << "enu";
 }
 
 void FileTextsTest::readsTheCommandLine()

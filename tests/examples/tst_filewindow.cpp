@@ -458,6 +458,7 @@ void FileWindowTest::putsIconsBelowTheirHeader()
     const FileWindowDriver driver(folder.path());
     QTableWidget *table = driver.table();
     table->clearSelection();
+    table->clearFocus(); // no ring
     const QRect cell = table->visualItemRect(table->item(0, 0));
     const auto *header = driver.part<QHeaderView>("fileHeader");
     const QRect section(0, 0, header->sectionSize(0), header->height() * 3 / 4);

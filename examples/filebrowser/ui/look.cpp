@@ -41,9 +41,13 @@ bool install(const QString &userFolder, const QString &languageCode)
     DefaultThemeOptions options;
     options.userDataPath = userFolder;
     options.languageCode = languageCode;
+    options.setsPalette = false;
     options.stylesStockWidgets = false;
     options.resourceFolders = QStringList {":/filebrowser"};
-    return installDefaultTheme(options);
+    if (!installDefaultTheme(options))
+        return false;
+    QApplication::setPalette(defaultThemePalette());
+    return true;
 }
 
 /// How dates and numbers are written.
@@ -60,9 +64,10 @@ static void initializeResources()
     Q_INIT_RESOURCE(filebrowser);
 }
 
-bool startLook(const QString &userFolder, const QString &languageCode)
+bool startLook(const QString &userFolder, const QString &languageCode, const QString &style)
 {
     initializeResources();
+    QApplication::setStyle(style.isEmpty() ? QString("fusion") : style);
     setApplicationFont();
     if (!install(userFolder, languageCode))
         return false;

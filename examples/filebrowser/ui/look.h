@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-class QString;
+#include <QString>
 
 /// Starts everything that widgets look up: the default theme in the language, this program's own
 /// strings and styles on top of it, and how dates and numbers are written. Call it once, before the
-/// first widget; false where userFolder can't be written.
-bool startLook(const QString &userFolder, const QString &languageCode);
+/// first widget; false where userFolder can't be written. style is that of Qt's own widgets; empty:
+/// Fusion.
+bool startLook(const QString &userFolder, const QString &languageCode, const QString &style = {});
 
 /// Another language for all that is built from now on: texts, dates and numbers.
 void speak(const QString &languageCode);

@@ -3,6 +3,7 @@
 
 #include "texts.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/dpiinfo.h>
 
 #include <QLineEdit>
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr int kIndent = 5; // design pixels
+constexpr int kRingWidth = 1; // design pixels, as in the style sheet of the other cells
 
 /// Qt's delegate begins 3 pixels into a cell, whatever the style sheet's padding: this brings the
 /// content in line with the header above it.
@@ -26,6 +28,14 @@ QStyleOptionViewItem indented(QStyleOptionViewItem cell)
     return cell;
 }
 
+void drawRing(QPainter *painter, const QRect &cell)
+{
+    const int width = std::max(1, DPIinfo::scaled(kRingWidth));
+    const QRect inside = cell.adjusted(width, width, -width, -width);
+    for (const QRect &side : QRegion(cell).subtracted(inside))
+        painter->fillRect(side, defaultThemeColor("accent"));
+}
+
 } // namespace
 
 void NameDelegate::paint(
@@ -33,6 +43,9 @@ void NameDelegate::paint(
 {
     drawBackground(painter, option, index);
     ItemDelegate::paint(painter, indented(option), index);
+    // Qt does not apply the style sheet's ring to this kind of delegate.
+    if (option.state & QStyle::State_HasFocus)
+        drawRing(painter, option.rect);
 }
 
 void NameDelegate::updateEditorGeometry(

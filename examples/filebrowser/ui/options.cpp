@@ -15,6 +15,10 @@ const QLatin1String kHelp("help");
 const QLatin1String kLanguage("language");
 const QLatin1String kUserFolder("user-folder");
 const QLatin1String kScreenshots("screenshots");
+// Qt's own, which QApplication reads.
+const QLatin1String kReverse("reverse");
+const QLatin1String kStyle("style");
+const QLatin1String kPlatform("platform");
 
 void declareOptions(QCommandLineParser &parser)
 {
@@ -25,13 +29,18 @@ void declareOptions(QCommandLineParser &parser)
         {kLanguage, "Speak the language <code>, such as deu.", "code"},
         {kUserFolder, "Keep the generated pictures in <folder>.", "folder"},
         {kScreenshots, "Write the main states as PNG files into <folder> and leave.", "folder"},
+        {kReverse, "Lay everything out from right to left."},
+        {kStyle, "Leave Qt's own widgets to the style <name>.", "name"},
+        {kPlatform, "Use Qt's platform plug-in <name>.", "name"},
     });
+    // As Qt takes its own: "-reverse" as well as "--reverse".
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
 }
 
 /// An option that is given with an empty value would otherwise pass for one that isn't given.
 QString emptyValue(const QCommandLineParser &parser)
 {
-    for (const QLatin1String option : {kLanguage, kUserFolder, kScreenshots}) {
+    for (const QLatin1String option : {kLanguage, kUserFolder, kScreenshots, kStyle, kPlatform}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             return QString("Option \"%1\" needs a value.").arg(option);
     }
@@ -82,5 +91,6 @@ CommandLine readCommandLine(const QStringList &arguments)
     line.options.userFolder = valueOr(
         parser, kUserFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
     line.options.screenshots = parser.value(kScreenshots);
+    line.options.style = parser.value(kStyle);
     return line;
 }

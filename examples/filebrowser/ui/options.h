@@ -10,6 +10,7 @@ struct Options
     QString language; ///< one of languageCodes()
     QString userFolder; ///< takes the generated pictures
     QString screenshots; ///< folder to write PNG files into; empty: show the window
+    QString style; ///< of Qt's own widgets; empty: Fusion
 };
 
 /// A command line as it was understood.
