@@ -1,12 +1,13 @@
 # SPDX-License-Identifier: MIT
-# vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11] [DISPLAYS option...] [LOCALES de_DE ...] [TIMEOUT SECONDS]
-#   [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [PLAIN] [MEMORY] [NEEDS target...])
+# vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11|X11_ONLY] [DISPLAYS option...] [LOCALES de_DE ...]
+#   [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [PLAIN] [MEMORY] [NEEDS target...])
 #
 # Builds NAME.cpp and registers a run for each logical dpi. SCALE adds a run at the first dpi for each
 # device pixel ratio. The screen is measured once per process, so each needs its own run.
-# X11 adds a run at the first dpi on a real X server with a window manager, and DISPLAYS one for each
-# option of scripts/with-display. LOCALES adds a run at the first dpi for each system locale, which need
-# not be installed because Qt has its own data. All other runs use en_US.
+# X11 adds a run at the first dpi on a real X server with a window manager, X11_ONLY registers no
+# other, and DISPLAYS adds one for each option of scripts/with-display. LOCALES adds a run at the first
+# dpi for each system locale, which need not be installed because Qt has its own data. All other runs
+# use en_US.
 #
 # INTERNALS is for tests of code that the libraries do not export: it links their object files instead
 # of the libraries. None of the test's LIBRARIES may link the libraries.
@@ -15,7 +16,7 @@
 # of that name, and .ci/run repeats none of them without sanitizers.
 # NEEDS names targets of optional packages; the test links them, and is left out if one is missing.
 function(vemo_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;INTERNALS;PLAIN;MEMORY" "TIMEOUT"
+  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;X11_ONLY;INTERNALS;PLAIN;MEMORY" "TIMEOUT"
     "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS;LOCALES;NEEDS")
   if(arg_PLAIN AND ECM_ENABLE_SANITIZERS)
     return()
@@ -62,6 +63,10 @@ function(vemo_add_test name)
     set(arg_DPI ${firstDpi})
     set(arg_SCALE "")
     set(arg_LOCALES "")
+  endif()
+  if(arg_X11_ONLY)
+    set(arg_X11 ON)
+    set(arg_DPI "")
   endif()
   foreach(dpi IN LISTS arg_DPI)
     vemo_register_test(${family}/${name}@${dpi} ${dpi} 1 offscreen $<TARGET_FILE:${name}>)

@@ -7,6 +7,7 @@
 #include <vemo/componentstrings.h>
 #include <vemo/dpiinfo.h>
 
+#include <QAccessibleWidget>
 #include <QAction>
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -33,6 +34,14 @@ template <typename Widget> Widget *named(const char *name, Widget *widget)
     return widget;
 }
 
+/// For assistive tools a plain QWidget would be a filler, even as a window.
+QAccessibleInterface *newAccessibleWindow(const QString &className, QObject *object)
+{
+    return className == "GalleryWindow"
+        ? new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Window)
+        : nullptr;
+}
+
 } // namespace
 
 GalleryWindow::GalleryWindow(const Options &options)
@@ -41,6 +50,7 @@ GalleryWindow::GalleryWindow(const Options &options)
       m_nothingFound(named("nothingFound", new QLabel("No page matches."))),
       m_stack(new QStackedWidget)
 {
+    QAccessible::installFactory(newAccessibleWindow); // again it is a no-op
     setObjectName("galleryWindow");
     setWindowTitle(ComponentStrings::getInstance().getString("gallery.title"));
     setWindowIcon(getGlobalImage("app_img"));
@@ -137,6 +147,7 @@ QWidget *GalleryWindow::newSidebar()
     layout->addWidget(m_list, 1);
 
     m_search->addAction(QIcon(getGlobalImage("bt_search")), QLineEdit::LeadingPosition);
+    m_search->actions().constFirst()->setText("Search");
     m_search->setPlaceholderText("Search (Ctrl+F)");
     m_search->setAccessibleName("Search pages");
     // Not the field's own clear button, which leaks its fading animation if the window closes

@@ -20,6 +20,7 @@
 #include <vemo/vemomenu.h>
 #include <vemo/vemopagingbar.h>
 
+#include <QAccessibleWidget>
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -50,11 +51,20 @@ int selectionWidth(const QFontMetrics &metrics)
     return qCeil(width / DPIinfo::getInstance().getDPI()) + kFooterPadding;
 }
 
+/// For assistive tools a plain QWidget would be a filler, even as a window.
+QAccessibleInterface *newAccessibleWindow(const QString &className, QObject *object)
+{
+    return className == "FileWindow"
+        ? new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Window)
+        : nullptr;
+}
+
 } // namespace
 
 FileWindow::FileWindow(const QString &folder)
     : m_pages(kRowsPerPage, nullptr), m_listing(new FolderListing(this)), m_work(new FileWork(this))
 {
+    QAccessible::installFactory(newAccessibleWindow); // again it is a no-op
     setObjectName("fileWindow");
     setWindowIcon(getGlobalImage("app_img"));
     setStyleSheet(windowStyle());

@@ -95,6 +95,7 @@ void TopBar::setUpFilter()
     m_filter->setAccessibleName(text("accessible_filter"));
     m_filter->installEventFilter(this);
     m_kinds->setObjectName("kindMenu");
+    m_kinds->setTitle(text("column_kind")); // the button's name for screen readers
     m_kinds->setStyleSheet(getStyleSheet("component.menu"));
     addKind(QString());
     m_kinds->addSeparator();
