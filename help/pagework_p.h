@@ -141,10 +141,15 @@ public:
         if (isOther || isComplex(code))
             ++m_signs;
         else
-            ++m_letters;
+            m_letters += code < kFirstIdeograph ? 1 : 2; // They are of another font.
         m_lines += code == '\n';
         m_breaks += code == 0x2028 || code == 0x2029;
-        m_words += code == ' ' || code == '\n';
+        const bool isFirstMark = !m_is_after_mark;
+        m_is_after_mark = code >= kFirstMark && isMark(c);
+        m_signs += m_is_after_mark && !isFirstMark ? kSignsOfMark : 0;
+        m_words += isLatin || isInsideWord(code)                     ? 0
+            : code == ' ' || code == '\n' || code >= kFirstIdeograph ? 1
+                                                                     : 2; // Before and after it.
         m_signs += code == 0x2029 ? kSignsOfParagraph : 0;
     }
     /// Adds the cost of the letters counted since the last call.
@@ -176,9 +181,27 @@ private:
             || (code >= 0x2060 && code < 0x2070) || code < 0x09 || code >= 0xD800;
     }
 
+    /// Marks are placed one after the other around the same letter.
+    static bool isMark(QChar c)
+    {
+        const QChar::Category category = c.category();
+        return category <= QChar::Mark_Enclosing || category == QChar::Other_Format;
+    }
+    /// Whether no line ends before or after the letter, wherever it is.
+    static bool isInsideWord(ushort code)
+    {
+        return (code >= '0' && code <= '9')
+            || (code >= 0xC0 && code < 0x0250 && code != 0xD7 && code != 0xF7)
+            || (code >= 0x0388 && code < 0x0482) || (code >= 0x048A && code < 0x0530);
+    }
+
     static constexpr int kSignsOfParagraph = 3;
+    static constexpr int kSignsOfMark = 6; ///< From the second one on.
+    static constexpr ushort kFirstMark = 0x0300;
+    static constexpr ushort kFirstIdeograph = 0x2E80;
 
     QChar::Script m_script = QChar::Script_Latin;
+    bool m_is_after_mark = false;
     int m_letters = 0;
     int m_signs = 0;
     int m_changes = 0; ///< Of script; they are among the signs.

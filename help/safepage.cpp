@@ -596,15 +596,15 @@ void PageWriter::writeText(QStringView text)
     int start = 0;
     for (int i = 0; i < text.size(); ++i) {
         const QChar c = text.at(i);
-        m_letters.take(c);
+        const int end = c == QLatin1Char('&') ? htmlEntityEnd(text, i) : -1;
+        m_letters.take(end < 0 ? c : resolved(text.mid(i, end - i)).at(0));
         if (m_words.isDueBefore(c)) {
             writeEscaped(text.mid(start, i - start), true);
             m_html += WordBreaks::kBreak;
             start = i;
         }
         // A break must not come between an ampersand and its semicolon.
-        if (c == QLatin1Char('&'))
-            i = qMax(i, htmlEntityEnd(text, i) - 1);
+        i = qMax(i, end - 1);
     }
     writeEscaped(text.mid(start), true);
     const bool linesCount = m_keeps_lines || m_css.hasWhiteSpace;

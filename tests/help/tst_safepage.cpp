@@ -300,6 +300,7 @@ void tst_safepage::pagesAreJudgedByTheirWork_data()
         QTest::newRow(name) << unit << fine << tooMuch;
     };
     row("letters", "word ", 600000, 800000);
+    row("ideographs", QChar(0x56FE), 1500000, 2000000);
     row("paragraphs", "<p>x</p>", 50000, 130000);
     row("headings", "<h1>x</h1>", 20000, 40000);
     row("monospaced texts", "<code>x</code> ", 8000, 10000);
@@ -328,8 +329,8 @@ void tst_safepage::aPageIsNoHigherThanTheEngineTakes_data()
 {
     QTest::addColumn<QString>("start");
     QTest::addColumn<QString>("unit");
-    const auto row = [](const char *name, const QString &start, const char *unit) {
-        QTest::newRow(name) << "<html>" + start << QString::fromLatin1(unit);
+    const auto row = [](const char *name, const QString &start, const QString &unit) {
+        QTest::newRow(name) << "<html>" + start << unit;
     };
     row("breaks", {}, "<br>");
     row("headings", {}, "<h1>x</h1>");
@@ -345,7 +346,12 @@ void tst_safepage::aPageIsNoHigherThanTheEngineTakes_data()
     row("one letter a line", times(20, "<blockquote>"), "w ");
     row("one letter beside a margin", "<p style=\"margin-right:690px\">", "w ");
     row("one word a line", "<table width=\"1\"><tr><td>", "w ");
-    row("separators", {}, "x&#8232;");
+    const QString narrow = QStringLiteral("<table width=\"1\"><tr><td>");
+    row("one ideograph a line", narrow, QChar(0x56FE));
+    row("one syllable a line", narrow, "w-");
+    row("one letter a line by entities", narrow, "w&#32;");
+    row("separators", {}, QString("w") + QChar(0x2028));
+    row("separators as entities", {}, "x&#8232;");
 }
 
 /// It never returns from one of more than 8 million pixels: so only a part of it is laid out.
@@ -355,7 +361,7 @@ void tst_safepage::aPageIsNoHigherThanTheEngineTakes()
     QFETCH(const QString, unit);
     constexpr int kPart = 100;
     int fine = 0;
-    int tooMuch = 1 << 17; // All are too much by then.
+    int tooMuch = 1 << 20; // All are too much by then.
     while (tooMuch - fine > 1) {
         const int count = (fine + tooMuch) / 2;
         const bool isFine = safePage(start + times(count, unit), true).verdict == SafePage::FINE;
@@ -364,7 +370,7 @@ void tst_safepage::aPageIsNoHigherThanTheEngineTakes()
     Document document;
     document.setHtml(start + times(kPart, unit));
     document.setTextWidth(700);
-    QVERIFY(fine > 0);
+    QVERIFY(fine > 0 && tooMuch < 1 << 20);
     const double height = document.size().height() * fine / kPart;
     QVERIFY2(height < 4000000, qPrintable(QString::number(height)));
 }
@@ -485,6 +491,8 @@ void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage_data()
         << "<html>" + times(9, "<table><tr><td>") + times(314, QString(QChar(0x5D0)) + "a");
     QTest::newRow("floating tables in tables") << "<html>" + times(2, "<table><tr><td>")
             + times(1000, "<table style=\"fl\\6f at:left;float:left\"><tr><td>x</table>");
+    QTest::newRow("240,000 accents of one letter") // Generated page 16165.
+        << "<html>a" + times(240000, QChar(0x301));
     addEmptyCellRows();
     addStyleRows();
     addLengthRows();
