@@ -15,6 +15,7 @@ namespace {
 
 const QLatin1String kScreenshots("screenshots");
 const QLatin1String kLanguage("language");
+const QLatin1String kTheme("theme");
 const QLatin1String kLazy("lazy");
 const QLatin1String kPreload("preload");
 const QLatin1String kUserFolder("user-folder");
@@ -27,6 +28,8 @@ const QLatin1String kReverse("reverse");
 const QLatin1String kStyle("style");
 const QLatin1String kPlatform("platform");
 
+const QStringList kThemes {"light", "dark", "system"}; // in the order of DefaultThemeMode
+
 void declareOptions(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(
@@ -36,6 +39,7 @@ void declareOptions(QCommandLineParser &parser)
         {{"v", kVersion}, "Print the version and leave."},
         {kScreenshots, "Write one PNG file per page into <folder> and leave.", "folder"},
         {kLanguage, "Show the widgets in the language <code>, such as deu.", "code"},
+        {kTheme, "Show the <look>: light (the default), dark or system.", "look"},
         {kLazy, "Load each picture on its first use (the default)."},
         {kPreload, "Load all pictures at the start."},
         {kUserFolder, "Keep the generated pictures in <folder>.", "folder"},
@@ -64,7 +68,7 @@ QString unknownLanguage(const QString &code)
 QString emptyValue(const QCommandLineParser &parser)
 {
     for (const QLatin1String option :
-        {kScreenshots, kLanguage, kUserFolder, kPage, kStyle, kPlatform}) {
+        {kScreenshots, kLanguage, kTheme, kUserFolder, kPage, kStyle, kPlatform}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             return QString("Option \"%1\" needs a value.").arg(option);
     }
@@ -81,6 +85,9 @@ QString mistakeIn(const QCommandLineParser &parser)
         return empty;
     if (parser.isSet(kLazy) && parser.isSet(kPreload))
         return "Choose one of --lazy and --preload.";
+    if (parser.isSet(kTheme) && !kThemes.contains(parser.value(kTheme)))
+        return QString("Unknown look \"%1\"; there are: %2.")
+            .arg(parser.value(kTheme), kThemes.join(' '));
     if (parser.isSet(kPage) && pageIndex(title) < 0)
         return QString("Unknown page \"%1\"; there are: %2.")
             .arg(title, pageTitles().join(QLatin1String(", ")));
@@ -96,6 +103,7 @@ Options optionsIn(const QCommandLineParser &parser)
 {
     Options options;
     options.language = valueOr(parser, kLanguage, VemoLocale::getInstance().getDefaultLanguage());
+    options.theme = DefaultThemeMode(qMax(0, kThemes.indexOf(parser.value(kTheme))));
     options.pictures = parser.isSet(kPreload) ? ImageManager::PRELOAD : ImageManager::LAZY_LOAD;
     options.userFolder = valueOr(
         parser, kUserFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <vemo/defaulttheme.h>
 #include <vemo/imagemanager.h>
 
 #include <QStringList>
@@ -9,6 +10,7 @@
 struct Options
 {
     QString language; ///< one of languages()
+    DefaultThemeMode theme = DefaultThemeMode::Light;
     ImageManager::InitializeType pictures = ImageManager::LAZY_LOAD;
     QString userFolder; ///< takes the generated pictures
     QString page; ///< title of the page to start with; empty: the first

@@ -6,6 +6,7 @@
 
 #include <vemo/componentstrings.h>
 #include <vemo/dpiinfo.h>
+#include <vemo/vemocombobox.h>
 
 #include <QAccessibleWidget>
 #include <QAction>
@@ -19,6 +20,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QTimer>
 
 namespace {
 
@@ -48,11 +50,12 @@ GalleryWindow::GalleryWindow(const Options &options)
     : m_options(options), m_pages(pages()), m_search(named("search", new QLineEdit)),
       m_list(named("pageList", new QListWidget)),
       m_nothingFound(named("nothingFound", new QLabel("No page matches."))),
-      m_stack(new QStackedWidget)
+      m_stack(new QStackedWidget), m_theme(named("themeSwitch", new VemoComboBox)),
+      m_language(named("languageSwitch", new VemoComboBox))
 {
     QAccessible::installFactory(newAccessibleWindow); // again it is a no-op
     setObjectName("galleryWindow");
-    setWindowTitle(ComponentStrings::getInstance().getString("gallery.title"));
+    showTitle();
     setWindowIcon(getGlobalImage("app_img"));
     setStyleSheet(galleryStyle());
     auto *layout = new QHBoxLayout(this);
@@ -124,6 +127,23 @@ void GalleryWindow::slotFilter(const QString &query)
     m_clear->setVisible(!query.isEmpty());
 }
 
+void GalleryWindow::slotThemeChosen(int index)
+{
+    showTheme(DefaultThemeMode(index));
+    m_theme->setCurrentIndex(int(defaultThemeMode()));
+}
+
+void GalleryWindow::slotLanguageChosen(int index)
+{
+    m_options.language = m_language->itemData(index).toString();
+    showLanguage(m_options.language);
+    setLocale(QLocale());
+    showTitle();
+    buildPagesAgain();
+    // Later: the title above the list may have another height.
+    QTimer::singleShot(0, m_list, [list = m_list] { list->scrollToItem(list->currentItem()); });
+}
+
 void GalleryWindow::slotSearch()
 {
     m_search->setFocus(Qt::ShortcutFocusReason);
@@ -145,14 +165,17 @@ QWidget *GalleryWindow::newSidebar()
     layout->addWidget(m_search);
     layout->addWidget(m_nothingFound);
     layout->addWidget(m_list, 1);
+    fillSwitches();
+    layout->addWidget(m_theme);
+    layout->addWidget(m_language);
 
-    m_search->addAction(QIcon(getGlobalImage("bt_search")), QLineEdit::LeadingPosition);
+    m_search->addAction(getGlobalIcon("bt_search"), QLineEdit::LeadingPosition);
     m_search->actions().constFirst()->setText("Search");
     m_search->setPlaceholderText("Search (Ctrl+F)");
     m_search->setAccessibleName("Search pages");
     // Not the field's own clear button, which leaks its fading animation if the window closes
     // first.
-    m_clear = m_search->addAction(QIcon(getGlobalImage("bt_close")), QLineEdit::TrailingPosition);
+    m_clear = m_search->addAction(getGlobalIcon("bt_close"), QLineEdit::TrailingPosition);
     m_clear->setText("Clear");
     m_clear->setVisible(false);
     m_search->installEventFilter(this);
@@ -160,6 +183,35 @@ QWidget *GalleryWindow::newSidebar()
     m_list->setFrameShape(QFrame::NoFrame);
     m_nothingFound->hide();
     return sidebar;
+}
+
+void GalleryWindow::fillSwitches()
+{
+    // In the order of DefaultThemeMode.
+    m_theme->addItems({"Light", "Dark", "As the desktop"});
+    m_theme->setCurrentIndex(int(defaultThemeMode()));
+    m_theme->setAccessibleName("Look");
+    for (const DefaultThemeLanguage &language : defaultThemeLanguages()) {
+        m_language->addItem(language.nativeName, language.code);
+        if (language.code == m_options.language)
+            m_language->setCurrentIndex(m_language->count() - 1);
+    }
+    m_language->setAccessibleName("Language");
+}
+
+void GalleryWindow::showTitle()
+{
+    setWindowTitle(ComponentStrings::getInstance().getString("gallery.title"));
+    if (auto *title = findChild<QLabel *>("sidebarTitle"))
+        title->setText(windowTitle());
+}
+
+/// The texts of the specimens are the gallery's own.
+void GalleryWindow::buildPagesAgain()
+{
+    for (int index = 0; index < m_stack->count(); ++index)
+        delete static_cast<QScrollArea *>(m_stack->widget(index))->takeWidget();
+    slotPageChosen(m_list->currentRow());
 }
 
 void GalleryWindow::addPages()
@@ -176,6 +228,8 @@ void GalleryWindow::connectParts()
     connect(m_search, SIGNAL(textChanged(QString)), this, SLOT(slotFilter(QString)));
     connect(m_clear, SIGNAL(triggered()), m_search, SLOT(clear()));
     connect(m_list, SIGNAL(currentRowChanged(int)), this, SLOT(slotPageChosen(int)));
+    connect(m_theme, SIGNAL(activated(int)), this, SLOT(slotThemeChosen(int)));
+    connect(m_language, SIGNAL(activated(int)), this, SLOT(slotLanguageChosen(int)));
 }
 
 QScrollArea *GalleryWindow::builtPage(int index)

@@ -12,6 +12,7 @@ class QLineEdit;
 class QListWidget;
 class QScrollArea;
 class QStackedWidget;
+class VemoComboBox;
 
 /// The gallery's window, with a search field and the list of pages on the left and the page on the
 /// right. A page is created when it is first shown. Requires the theme and the gallery's style.
@@ -35,18 +36,25 @@ private Q_SLOTS:
     void slotPageChosen(int row);
     void slotFilter(const QString &query);
     void slotSearch();
+    void slotThemeChosen(int index);
+    void slotLanguageChosen(int index);
 
 private:
     QWidget *newSidebar();
+    void fillSwitches();
+    void showTitle();
+    void buildPagesAgain();
     void addPages();
     void connectParts();
     QScrollArea *builtPage(int index);
 
-    const Options m_options;
+    Options m_options;
     const std::vector<PageEntry> m_pages;
     QLineEdit *m_search;
     QAction *m_clear = nullptr;
     QListWidget *m_list;
     QLabel *m_nothingFound;
     QStackedWidget *m_stack;
+    VemoComboBox *m_theme;
+    VemoComboBox *m_language;
 };

@@ -63,6 +63,7 @@ void setLook(QApplication &app, const Options &options)
 
 int run(QtSingleApplication &app, const Options &options)
 {
+    showTheme(options.theme);
     if (!installDefaultTheme(options.userFolder, options.language, options.pictures))
         return fail(QString("Cannot write to the folder \"%1\"; choose another with --user-folder.")
                         .arg(options.userFolder),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/page.h"
 
+#include "gallery/look.h"
 #include "gallery/wrappinglayout.h"
 
 #include <vemo/dpiinfo.h>
@@ -166,9 +167,10 @@ QLabel *note(const QString &text)
     return newLabel("note", text);
 }
 
-QLabel *picture(const QPixmap &pixmap)
+QLabel *picture(const std::function<QPixmap()> &make)
 {
     auto *label = new QLabel;
-    label->setPixmap(pixmap);
+    label->setPixmap(make());
+    onThemeReload(label, [label, make] { label->setPixmap(make()); });
     return label;
 }

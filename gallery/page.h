@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 struct Options;
 
 class QFrame;
@@ -65,5 +67,5 @@ QLabel *text(const QString &text);
 /// Plain text on a card, in soft ink.
 QLabel *note(const QString &text);
 
-/// A picture on a card.
-QLabel *picture(const QPixmap &pixmap);
+/// A picture on a card, made again when another theme has been loaded.
+QLabel *picture(const std::function<QPixmap()> &make);

@@ -51,10 +51,15 @@ QPixmap sheetOverWindow(const QSize &size, const std::function<VemoSheet *(QWidg
     window.setAttribute(Qt::WA_DontShowOnScreen);
     fill(&window);
     VemoSheet *sheet = newSheet(&window);
-    VemoMask::createMask(sheet, &window, QColor(0, 0, 0, 20));
+    VemoMask::createMask(sheet, &window, maskShade());
     sheet->show();
     window.show();
     return window.grab();
+}
+
+QColor maskShade()
+{
+    return StyleManager::getInstance().getColor("mask", QColor(0, 0, 0, 20));
 }
 
 VemoButton *newAskingButton(

@@ -16,3 +16,6 @@ QPixmap sheetOverWindow(const QSize &size, const std::function<VemoSheet *(QWidg
 /// A button that asks something over its window and writes the result code into result.
 VemoButton *newAskingButton(
     const QString &caption, QLabel *result, const std::function<int(QWidget *)> &ask);
+
+/// The shade of the message functions.
+QColor maskShade();

@@ -2,6 +2,7 @@
 #include "gallery/snapshot.h"
 
 #include <vemo/imagemanager.h>
+#include <vemo/stylemanager.h>
 
 #include <QStyleOptionButton>
 #include <QStyleOptionToolButton>
@@ -47,7 +48,7 @@ void ButtonSnapshot::paintEvent(QPaintEvent *)
 }
 
 IconButtonSnapshot::IconButtonSnapshot(const QString &name, QStyle::State state)
-    : VemoIconButton(name), m_picture(pictureOf(name, state)), m_state(completed(state))
+    : VemoIconButton(name), m_name(name), m_state(completed(state))
 {
     setAccessibleName(name);
     freeze(this);
@@ -56,7 +57,14 @@ IconButtonSnapshot::IconButtonSnapshot(const QString &name, QStyle::State state)
 void IconButtonSnapshot::showEvent(QShowEvent *event)
 {
     VemoIconButton::showEvent(event);
-    setIcon(m_picture);
+    setIcon(pictureOf(m_name, m_state));
+}
+
+void IconButtonSnapshot::customEvent(QEvent *event)
+{
+    VemoIconButton::customEvent(event);
+    if (event->type() == StyleManager::reloadEvent())
+        setIcon(pictureOf(m_name, m_state));
 }
 
 void IconButtonSnapshot::paintEvent(QPaintEvent *)

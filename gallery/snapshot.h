@@ -33,8 +33,9 @@ public:
 protected:
     void showEvent(QShowEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void customEvent(QEvent *event) override;
 
 private:
-    QPixmap m_picture;
+    QString m_name;
     QStyle::State m_state;
 };

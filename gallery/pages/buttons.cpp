@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/demotexts.h"
+#include "gallery/look.h"
 #include "gallery/page.h"
 #include "gallery/pages/pages.h"
 #include "gallery/snapshot.h"
@@ -146,10 +147,21 @@ VemoIconButton *menuButton()
     return button;
 }
 
-VemoIconButton *markedButton()
+VemoIconButton *folderButton()
 {
     auto *button = named(new VemoIconButton(getGlobalImage("folder")), "Folder");
-    button->setHoverIcon(getGlobalImage("bt_new_folder", ImageManager::HOVER));
+    onThemeReload(button, [button] { button->setDefaultIcon(getGlobalImage("folder")); });
+    return button;
+}
+
+VemoIconButton *markedButton()
+{
+    VemoIconButton *button = folderButton();
+    const auto setHover = [button] {
+        button->setHoverIcon(getGlobalImage("bt_new_folder", ImageManager::HOVER));
+    };
+    setHover();
+    onThemeReload(button, setHover);
     return button;
 }
 
@@ -176,11 +188,9 @@ private:
 void addIconSources(Page &page)
 {
     page.addSection("Where the pictures come from");
-    page.addRow({captioned(named(new VemoIconButton(getGlobalImage("folder")), "Folder"),
-                     "One picture for all states"),
+    page.addRow({captioned(folderButton(), "One picture for all states"),
         captioned(markedButton(), "Another picture for hover"),
-        captioned(disabled(named(new VemoIconButton(getGlobalImage("folder")), "Folder")),
-            "One picture, disabled"),
+        captioned(disabled(folderButton()), "One picture, disabled"),
         captioned(menuButton(), "With a menu"),
         captioned(new HighlightRow, "Highlighted from outside")});
     page.addCode(R"(auto *folder = new VemoIconButton(getGlobalImage("folder"));

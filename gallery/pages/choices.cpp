@@ -127,7 +127,7 @@ void addComboBoxes(Page &page)
     editable->setEditable(true);
     // By its own hint the field would be a little too narrow for the widest item.
     editable->setMinimumWidth(DPIinfo::scaled(kEditableWidth));
-    page.addRow({captioned(picture(openList()), "The open list"), captioned(editable, "Editable"),
+    page.addRow({captioned(picture(openList), "The open list"), captioned(editable, "Editable"),
         captioned(newComboBox({"Jede volle Stunde", "Täglich um Mitternacht"}), "German"),
         captioned(newComboBox({"每天午夜", "每小时"}), "Chinese")});
     page.addCode(R"(auto *period = new VemoComboBox(page);
@@ -143,10 +143,8 @@ void fill(QMenu *menu)
         return action;
     };
     menu->setStyleSheet(getStyleSheet("component.menu"));
-    menu->addAction(QIcon(getGlobalImage("bt_folder")), demo("open"))
-        ->setShortcut(QKeySequence("Ctrl+O"));
-    menu->addAction(QIcon(getGlobalImage("bt_edit")), demo("rename"))
-        ->setShortcut(QKeySequence("F2"));
+    menu->addAction(getGlobalIcon("bt_folder"), demo("open"))->setShortcut(QKeySequence("Ctrl+O"));
+    menu->addAction(getGlobalIcon("bt_edit"), demo("rename"))->setShortcut(QKeySequence("F2"));
     menu->addAction(demo("move"))->setEnabled(false);
     menu->addSeparator();
     addCheckable(demo("show_hidden"), true);
@@ -180,7 +178,7 @@ void addMenus(Page &page)
     page.addSection("Menus",
         "Icons, shortcuts, check marks, separators, sub-menus and disabled entries. The menu moves "
         "itself into the primary screen.");
-    page.addRow({picture(openMenu()), captioned(button, "Live")});
+    page.addRow({picture(openMenu), captioned(button, "Live")});
     page.addCode(R"(auto *menu = new VemoMenu(this);
 menu->setStyleSheet(getStyleSheet("component.menu"));)");
 }

@@ -135,8 +135,8 @@ void addFields(Page &page)
     page.addRow({captioned(chosen, "A date chosen"), captioned(disabled, "Disabled")});
     page.addRow({captioned(dateField("Beliebiges Datum", "German date"), "German"),
         captioned(dateField("任何日期", "Chinese date"), "Chinese")});
-    page.addRow({captioned(picture(openField(false)), "The open calendar"),
-        captioned(picture(openField(true)), "With a range")});
+    page.addRow({captioned(picture([] { return openField(false); }), "The open calendar"),
+        captioned(picture([] { return openField(true); }), "With a range")});
     page.add(log.label());
     page.addCode(R"(auto *from = new VemoDateSelector(tr("Any date"), page);
 from->getCalendarView()->setMaximumDate(QDate::currentDate());

@@ -4,6 +4,7 @@
 #include "gallery/pages/pages.h"
 
 #include <vemo/accessiblefilter.h>
+#include <vemo/defaulttheme.h>
 #include <vemo/dpiinfo.h>
 #include <vemo/vemocombobox.h>
 
@@ -48,7 +49,7 @@ protected:
 private:
     static void drawStep(QPainter &painter, const QRect &frame, int index, const QPoint &previous)
     {
-        const QColor accent(0x17, 0x69, 0xE0);
+        const QColor accent = defaultThemeColor("accent");
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(accent, DPIinfo::scaled(1), Qt::DotLine));
         painter.drawRect(frame);
@@ -59,7 +60,7 @@ private:
         painter.setPen(Qt::NoPen);
         painter.setBrush(accent);
         painter.drawEllipse(badge);
-        painter.setPen(Qt::white);
+        painter.setPen(defaultThemeColor("on-accent"));
         painter.drawText(badge, Qt::AlignCenter, QString::number(index + 1));
     }
 

@@ -124,7 +124,8 @@ QWidget *pictureOf(BrowserWindow &window, int reloads)
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 50);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     window.resize(DPIinfo::scaled(560), DPIinfo::scaled(380));
-    return picture(window.grab());
+    const QPixmap shown = window.grab();
+    return picture([shown] { return shown; });
 }
 
 void addLocalHelp(Page &page, const QString &helpPath)

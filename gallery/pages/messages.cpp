@@ -149,7 +149,7 @@ void addShortcuts(Page &page)
 
 QLabel *stage(const QSize &size, const std::function<VemoSheet *(QWidget *)> &newSheet)
 {
-    return picture(sheetOverWindow(size, newSheet));
+    return picture([=] { return sheetOverWindow(size, newSheet); });
 }
 
 void addLooks(Page &page)

@@ -71,7 +71,7 @@ private:
         static const QStringList types {"doc", "jpg", "zip", "pdf", "mp3", "xyz"};
         const QString &type = types.at(item % types.size());
         auto *name = new QTableWidgetItem(QString("Document %1.%2").arg(item + 1).arg(type));
-        name->setIcon(getGlobalImage(pictureOf(type)));
+        name->setIcon(getGlobalIcon(pictureOf(type)));
         m_table.getTable()->setItem(row, 0, name);
         m_table.getTable()->setItem(row, 1, new QTableWidgetItem(type.toUpper()));
         m_table.getTable()->setItem(

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gallery/commandline.h"
 #include "gallery/languages.h"
+#include "gallery/look.h"
 #include "gallery/page.h"
 #include "gallery/pages/pages.h"
 
@@ -70,7 +71,7 @@ QWidget *sideBySide(const QList<QWidget *> &pictures)
 
 QLabel *statePicture(const QString &name, ImageManager::ImageType type)
 {
-    QLabel *label = picture(getGlobalImage(name, type));
+    QLabel *label = picture([=] { return getGlobalImage(name, type); });
     const bool isWhite = name.startsWith("check") || name.startsWith("radio");
     if (isWhite && type == ImageManager::NORMAL)
         label->setObjectName("accentGround");
@@ -100,19 +101,27 @@ void addScreen(Page &page)
 DPIinfo::getInstance().getScaledStyleSheet("min-height: 28px;");)");
 }
 
+/// A text that another look may change.
+QLabel *currentText(const std::function<QString()> &make)
+{
+    QLabel *label = text(make());
+    onThemeReload(label, [label, make] { label->setText(make()); });
+    return label;
+}
+
 void addFolders(Page &page)
 {
     const auto path = [](const char *key) {
-        return text(UIPathManager::getInstance().getPath(key));
+        return currentText([key] { return UIPathManager::getInstance().getPath(key); });
     };
-    ImageManager &images = ImageManager::getInstance();
     const bool isLazy = page.options().pictures == ImageManager::LAZY_LOAD;
     page.addSection("Folders");
     page.addTable({},
         {{note("resource_path"), path("resource_path")},
             {note("user_data_path"), path("user_data_path")},
-            {note("Pictures"), text(images.getImageFolder())},
-            {note("Generated pictures"), text(images.getTempImageFolder())},
+            {note("Pictures"),
+                currentText([] { return ImageManager::getInstance().getImageFolder(); })},
+            {note("Generated pictures"), text(ImageManager::getInstance().getTempImageFolder())},
             {note("Pictures are loaded"), text(isLazy ? "on first use" : "at the start")}});
     page.addCode(R"(UIPathManager::getInstance().setPath("resource_path", ":/vemo/theme");
 ImageManager::getInstance().initialize(ImageManager::LAZY_LOAD);)");
@@ -144,9 +153,10 @@ void addFileTypes(Page &page)
 {
     QList<QWidget *> cells;
     for (const QString &extension : kExtensions) {
-        cells << captioned(sideBySide({picture(getGlobalImage(typePicture(extension, false))),
-                               picture(getGlobalImage(typePicture(extension, true)))}),
-            extension);
+        const auto ofType = [extension](bool isRemoved) {
+            return picture([=] { return getGlobalImage(typePicture(extension, isRemoved)); });
+        };
+        cells << captioned(sideBySide({ofType(false), ofType(true)}), extension);
     }
     page.addSection(
         "File types", "Each as a present and as a removed file, for one of its extensions.");

@@ -46,7 +46,7 @@ void addInput(Page &page)
     });
     page.addSection("Input sheet", "Return in the field presses OK, Escape cancels.");
     page.addRow({ask, result, content});
-    page.add(picture(sheetOverWindow(kStage, newInput)));
+    page.add(picture([] { return sheetOverWindow(kStage, newInput); }));
     page.addCode(R"(auto *sheet = new VemoInputSheet(tr("Name:"), window);
 sheet->open([=](int result) {
     if (result == QDialogButtonBox::Ok)
@@ -79,13 +79,13 @@ void addFrame(Page &page)
     QObject::connect(show, &VemoButton::clicked, show, [show] {
         QWidget *window = show->window();
         VemoSheet *sheet = newOwnSheet(window);
-        VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20))->show();
+        VemoMask::createMask(sheet, window, maskShade())->show();
         sheet->setFocus(Qt::PopupFocusReason);
     });
     page.addSection("Frame and mask",
         "The frame draws the shadow around any content; the mask dims the window and holds the "
         "frame in its middle.");
-    page.add(picture(sheetOverWindow(kStage, newOwnSheet)));
+    page.add(picture([] { return sheetOverWindow(kStage, newOwnSheet); }));
     page.addRow({show});
     page.addCode(R"(auto *sheet = new VemoSheet(window);
 sheet->setWidget(content);

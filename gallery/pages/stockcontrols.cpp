@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "gallery/look.h"
 #include "gallery/page.h"
 #include "gallery/pages/pages.h"
 #include "gallery/specimens.h"
@@ -56,7 +57,7 @@ QPushButton *newFlatButton()
 template <typename Button> Button *withMenu(Button *button)
 {
     auto *menu = new QMenu(button);
-    menu->addAction(QIcon(getGlobalImage("bt_add")), "New")->setShortcut(QKeySequence::New);
+    menu->addAction(getGlobalIcon("bt_add"), "New")->setShortcut(QKeySequence::New);
     QAction *marked = menu->addAction("Marked");
     marked->setCheckable(true);
     marked->setChecked(true);
@@ -71,7 +72,7 @@ QToolButton *newToolButton(const QString &text, const char *picture)
 {
     auto *button = new QToolButton;
     button->setText(text);
-    button->setIcon(QIcon(getGlobalImage(picture)));
+    button->setIcon(getGlobalIcon(picture));
     button->setIconSize(QSize(DPIinfo::scaled(16), DPIinfo::scaled(16)));
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     return button;
@@ -138,9 +139,9 @@ template <typename Edit> Edit *newDateEdit(bool hasCalendar)
 
 QComboBox *filled(QComboBox *box)
 {
-    box->addItem(QIcon(getGlobalImage("folder")), "Folder");
-    box->addItem(QIcon(getGlobalImage("doc")), "Document");
-    box->addItem(QIcon(getGlobalImage("image")), "Picture");
+    box->addItem(getGlobalIcon("folder"), "Folder");
+    box->addItem(getGlobalIcon("doc"), "Document");
+    box->addItem(getGlobalIcon("image"), "Picture");
     return box;
 }
 
@@ -169,7 +170,10 @@ template <typename Edit> Edit *newText(const QString &text, const char *name)
 QTextBrowser *newBrowser()
 {
     auto *browser = newText<QTextBrowser>({}, "Help");
-    browser->setHtml("A text with a <a href=\"#\">link</a>");
+    // A document keeps the colour that links had.
+    const auto setText = [browser] { browser->setHtml("A text with a <a href=\"#\">link</a>"); };
+    setText();
+    onThemeReload(browser, setText);
     return browser;
 }
 

@@ -76,8 +76,8 @@ QTabWidget *newManyTabs()
 QToolBox *newToolBox()
 {
     auto *box = new QToolBox;
-    box->addItem(newPane("At night"), QIcon(getGlobalImage("bt_clock")), "Times");
-    box->addItem(newPane("All folders"), QIcon(getGlobalImage("folder")), "Folders");
+    box->addItem(newPane("At night"), getGlobalIcon("bt_clock"), "Times");
+    box->addItem(newPane("All folders"), getGlobalIcon("folder"), "Folders");
     box->setMinimumHeight(DPIinfo::scaled(kTabsHeight));
     for (QScrollArea *area : box->findChildren<QScrollArea *>())
         area->setAccessibleName("Page");
@@ -97,7 +97,7 @@ QListWidget *newList()
 {
     auto *list = named(sized(new QListWidget, kHeight), "Folders");
     for (const char *name : {"Documents", "Music", "Pictures", "Public", "Videos", "Work", "Zoo"})
-        list->addItem(new QListWidgetItem(QIcon(getGlobalImage("folder")), name));
+        list->addItem(new QListWidgetItem(getGlobalIcon("folder"), name));
     list->item(2)->setCheckState(Qt::Checked);
     list->item(3)->setFlags(Qt::NoItemFlags);
     list->setCurrentRow(1);

@@ -33,7 +33,7 @@ QToolBar *newToolBar()
 {
     auto *bar = new QToolBar;
     for (const char *name : {"bt_add", "bt_edit", "bt_delete"})
-        bar->addAction(QIcon(getGlobalImage(name)), QString(name).mid(3));
+        bar->addAction(getGlobalIcon(name), QString(name).mid(3));
     bar->addSeparator();
     QAction *choice = bar->addAction("Preview");
     choice->setCheckable(true);
@@ -56,7 +56,7 @@ QMainWindow *newWindow()
     auto *window = new QMainWindow;
     window->setWindowFlags(Qt::Widget);
     QMenu *file = window->menuBar()->addMenu("File");
-    file->addAction(QIcon(getGlobalImage("bt_add")), "New")->setShortcut(QKeySequence::New);
+    file->addAction(getGlobalIcon("bt_add"), "New")->setShortcut(QKeySequence::New);
     file->addAction("Quit");
     window->menuBar()->addMenu("View")->addAction("Zoom");
     window->addToolBar(newToolBar());

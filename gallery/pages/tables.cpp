@@ -20,7 +20,7 @@ void addFile(QTableWidget *table, const QString &picture, const QStringList &cel
     table->insertRow(row);
     for (int column = 0; column < cells.size(); ++column)
         table->setItem(row, column, new QTableWidgetItem(cells.at(column)));
-    table->item(row, 0)->setIcon(getGlobalImage(picture));
+    table->item(row, 0)->setIcon(getGlobalIcon(picture));
 }
 
 VemoTableWidget *finished(VemoTableWidget *widget, const QString &name, int height)

@@ -28,7 +28,7 @@ FileSystemTreeWidgetItem *folder(
     auto *item = new FileSystemTreeWidgetItem;
     item->setText(0, name);
     item->setPath(name);
-    item->setIcon(0, getGlobalImage("folder"));
+    item->setIcon(0, getGlobalIcon("folder"));
     item->setFlags(item->flags() | Qt::ItemIsEditable);
     item->setTreeWidgetItemStatus(FileSystemTreeWidgetItem::LOADED);
     for (FileSystemTreeWidgetItem *child : children)
@@ -40,7 +40,7 @@ FileSystemTreeWidgetItem *removedFolder(const QString &name)
 {
     FileSystemTreeWidgetItem *item = folder(name);
     item->setRemoved(true);
-    item->setIcon(0, getGlobalImage("folder_removed"));
+    item->setIcon(0, getGlobalIcon("folder_removed"));
     return item;
 }
 

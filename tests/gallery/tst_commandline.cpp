@@ -62,10 +62,11 @@ void CommandLineTest::withoutOptionsItShowsTheFirstPageLazily()
 
 void CommandLineTest::optionsReachTheGallery()
 {
-    const CommandLine line = read({"--language", "cht", "--preload", "--user-folder", "/u",
-        "--page", "Buttons", "--screenshots", "/s"});
+    const CommandLine line = read({"--language", "cht", "--theme", "dark", "--preload",
+        "--user-folder", "/u", "--page", "Buttons", "--screenshots", "/s"});
     QCOMPARE(line.error, QString());
     QCOMPARE(line.options.language, QString("cht"));
+    QCOMPARE(line.options.theme, DefaultThemeMode::Dark);
     QCOMPARE(line.options.pictures, ImageManager::PRELOAD);
     QCOMPARE(line.options.userFolder, QString("/u"));
     QCOMPARE(line.options.page, QString("Buttons"));
@@ -114,10 +115,12 @@ void CommandLineTest::mistakeIsNamed_data()
         << QStringList {"--lazy", "--preload"} << "Choose one of --lazy and --preload.";
     QTest::newRow("unknown language")
         << QStringList {"--language", "xyz"} << "Unknown language \"xyz\"; there are: ara chs cht ";
+    QTest::newRow("unknown look") << QStringList {"--theme", "pink"}
+                                  << "Unknown look \"pink\"; there are: light dark system.";
     QTest::newRow("unknown page") << QStringList {"--page", "No"}
                                   << "Unknown page \"No\"; there are: Resources, Buttons";
     for (const char *option :
-        {"screenshots", "language", "user-folder", "page", "style", "platform"}) {
+        {"screenshots", "language", "theme", "user-folder", "page", "style", "platform"}) {
         QTest::addRow("%s without a value", option) << QStringList(
             QString("--%1").arg(option)) << QString("Missing value after '--%1'.").arg(option);
         QTest::addRow("%s with an empty value", option) << QStringList {QString("--%1").arg(option),
@@ -143,8 +146,8 @@ void CommandLineTest::helpNamesEveryOption()
 {
     const QString help = read({"--help"}).answer;
     QCOMPARE(read({"-h"}).answer, help);
-    for (const char *option : {"screenshots", "language", "lazy", "preload", "user-folder", "page",
-             "list", "version", "reverse", "style", "platform"})
+    for (const char *option : {"screenshots", "language", "theme", "lazy", "preload", "user-folder",
+             "page", "list", "version", "reverse", "style", "platform"})
         QVERIFY2(help.contains(QString("--%1").arg(option)), option);
 }
 

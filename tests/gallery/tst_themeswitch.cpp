@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+#include "support/vemotest.h"
+
+#include "gallery/gallerywindow.h"
+#include "gallery/look.h"
+#include "gallery/pagelist.h"
+#include "support/testhost.h"
+
+#include <vemo/defaulttheme.h>
+#include <vemo/vemocombobox.h>
+
+#include <QListWidget>
+#include <QProgressBar>
+
+namespace {
+
+Options options(const QString &page, const QString &language)
+{
+    Options options;
+    options.language = language;
+    options.page = page;
+    return options;
+}
+
+/// Where two pictures differ; null where they don't.
+QRect difference(const QImage &a, const QImage &b)
+{
+    if (a.size() != b.size())
+        return a.rect().united(b.rect());
+    QRect place;
+    if (a == b)
+        return place;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            if (a.pixel(x, y) != b.pixel(x, y))
+                place |= QRect(x, y, 1, 1);
+        }
+    }
+    return place;
+}
+
+/// All but the help page, which keeps pictures of windows that are gone.
+QStringList comparableTitles()
+{
+    QStringList titles = pageTitles();
+    titles.removeAll("Help");
+    return titles;
+}
+
+/// A gallery in the look on show, with its pages open.
+struct Gallery
+{
+    explicit Gallery(const QString &language = "enu") : window(options({}, language))
+    {
+        window.setAttribute(Qt::WA_DontShowOnScreen);
+        window.show();
+        pictures();
+    }
+
+    /// By the title of the page.
+    QMap<QString, QImage> pictures()
+    {
+        QMap<QString, QImage> pictures;
+        for (const QString &title : comparableTitles())
+            pictures.insert(title, picture(title));
+        return pictures;
+    }
+
+    void choose(DefaultThemeMode mode)
+    {
+        auto *box = window.findChild<VemoComboBox *>("themeSwitch");
+        box->setCurrentIndex(int(mode));
+        Q_EMIT box->activated(int(mode));
+        // What is made again after the event is made now.
+        QCoreApplication::processEvents();
+    }
+
+    void speak(const QString &language)
+    {
+        auto *box = window.findChild<VemoComboBox *>("languageSwitch");
+        box->setCurrentIndex(box->findData(language));
+        Q_EMIT box->activated(box->currentIndex());
+        QCoreApplication::processEvents();
+    }
+
+    GalleryWindow window;
+
+private:
+    QImage picture(const QString &title)
+    {
+        window.showPage(pageIndex(title));
+        QCoreApplication::processEvents();
+        // A busy bar never looks the same twice.
+        for (QProgressBar *bar : window.findChildren<QProgressBar *>())
+            bar->setMaximum(qMax(1, bar->maximum()));
+        window.findChild<QListWidget *>("pageList")->scrollToTop();
+        return window.grab().toImage();
+    }
+};
+
+/// The pages that differ, and where.
+QStringList differences(const QMap<QString, QImage> &a, const QMap<QString, QImage> &b)
+{
+    QStringList found;
+    for (const QString &title : a.keys()) {
+        const QRect place = difference(a.value(title), b.value(title));
+        if (place.isNull())
+            continue;
+        QString text;
+        QDebug(&text) << title << place;
+        found += text;
+    }
+    return found;
+}
+
+QStringList equalPages(const QMap<QString, QImage> &a, const QMap<QString, QImage> &b)
+{
+    QStringList found;
+    for (const QString &title : a.keys()) {
+        if (a.value(title) == b.value(title))
+            found += title;
+    }
+    return found;
+}
+
+} // namespace
+
+class ThemeSwitchTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void openPagesLookAsIfBuiltInThatLook();
+    void openPagesSpeakAsIfBuiltInThatLanguage();
+};
+
+void ThemeSwitchTest::initTestCase()
+{
+    startDefaultTheme();
+    applyDefaultThemeStyle(*qApp);
+    installGalleryStyle();
+}
+
+void ThemeSwitchTest::cleanup()
+{
+    showTheme(DefaultThemeMode::Light);
+    VemoTest::cleanup();
+}
+
+void ThemeSwitchTest::openPagesLookAsIfBuiltInThatLook()
+{
+    Gallery gallery;
+    const auto light = gallery.pictures();
+    gallery.choose(DefaultThemeMode::Dark);
+    const auto dark = gallery.pictures();
+    QCOMPARE(equalPages(dark, light), QStringList());
+    QCOMPARE(differences(dark, Gallery().pictures()), QStringList());
+    gallery.choose(DefaultThemeMode::Light);
+    QCOMPARE(differences(gallery.pictures(), light), QStringList());
+}
+
+void ThemeSwitchTest::openPagesSpeakAsIfBuiltInThatLanguage()
+{
+    Gallery gallery;
+    const auto english = gallery.pictures();
+    gallery.speak("deu");
+    const auto german = gallery.pictures();
+    QCOMPARE(equalPages(german, english), QStringList());
+    QCOMPARE(differences(german, Gallery("deu").pictures()), QStringList());
+    gallery.speak("enu");
+    QCOMPARE(differences(gallery.pictures(), english), QStringList());
+}
+
+VEMO_TEST_MAIN(ThemeSwitchTest)
+#include "tst_themeswitch.moc"
