@@ -150,6 +150,8 @@ static bool install(const DefaultThemeOptions &options)
         qCWarning(vemoLog) << "Cannot write to user data folder" << options.userDataPath;
         return false;
     }
+    if (options.mode)
+        chooseMode(*options.mode);
     registerResources(options);
     setApplicationLook(*qApp, options);
     return true;

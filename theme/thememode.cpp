@@ -253,6 +253,12 @@ QPalette basePalette()
     return state().hasLightBase ? state().lightBase : QPalette();
 }
 
+void chooseMode(DefaultThemeMode mode)
+{
+    const std::vector<QString> files = state().hostStyleFiles;
+    setDefaultThemeMode(mode, files);
+}
+
 bool setDefaultThemeMode(DefaultThemeMode mode, const std::vector<QString> &styleFiles)
 {
     ThemeState &theme = state();

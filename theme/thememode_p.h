@@ -3,7 +3,7 @@
 
 // Not part of the public interface.
 
-#include <vemo/imagemanager.h>
+#include <vemo/defaulttheme.h>
 
 #include <QHash>
 #include <QRgb>
@@ -23,6 +23,9 @@ std::vector<QString> themeStyleFiles();
 /// To be called by the start-up, with how the pictures are loaded and the host's own folders: a
 /// change of the mode now shows.
 void themeWasInstalled(ImageManager::InitializeType type, const QStringList &resourceFolders);
+
+/// setDefaultThemeMode() with the host's style files as they were.
+void chooseMode(DefaultThemeMode mode);
 
 /// The names of the colours of the look on show; of two with one colour, the one that sorts first.
 QHash<QRgb, QString> themeColourNames();

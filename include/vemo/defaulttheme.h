@@ -12,6 +12,7 @@
 #include <QStringList>
 #include <QVector>
 
+#include <optional>
 #include <vector>
 
 class QApplication;
@@ -49,6 +50,10 @@ struct DefaultThemeOptions
     /// Whether to give Qt's own widgets the look of ours, see applyDefaultThemeStyle(). The palette
     /// depends on setsPalette.
     bool stylesStockWidgets = true;
+
+    /// Which look to show, as setDefaultThemeMode() does. If unset, the one that was last chosen;
+    /// light at first. Without a dark look in the library (VEMO_DARK_THEME), light with a warning.
+    std::optional<DefaultThemeMode> mode;
 
     /// Folders with the host's own resources, in addition to those of the theme: pictures as in
     /// ImageManager::addCatalogue(), style files "/style/*.qss", and texts "/strings/<code>.json"

@@ -7,6 +7,7 @@
 #include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
 #include <vemo/uipathmanager.h>
+#include <vemo/vemobutton.h>
 
 #include <QDir>
 #include <QFile>
@@ -16,6 +17,8 @@
 #include <QStandardPaths>
 #include <QStyle>
 #include <QTemporaryDir>
+
+#include <optional>
 
 namespace {
 
@@ -47,6 +50,8 @@ QPair<QString, QString> anEnglishText()
 
 } // namespace
 
+Q_DECLARE_METATYPE(std::optional<DefaultThemeMode>)
+
 class DefaultThemeTest : public VemoTest
 {
     Q_OBJECT
@@ -60,6 +65,8 @@ private Q_SLOTS:
     void oneCallStartsEverythingFromResources();
     void anUnknownLanguageIsShownInEnglish_data();
     void anUnknownLanguageIsShownInEnglish();
+    void theLookIsChosen_data();
+    void theLookIsChosen();
     void aColourIsGivenByItsName();
     void aTextGetsColoursForTheirNames_data();
     void aTextGetsColoursForTheirNames();
@@ -150,6 +157,44 @@ void DefaultThemeTest::anUnknownLanguageIsShownInEnglish()
     QCOMPARE(messages.take().filter("language"), QStringList(warning));
     const auto [key, text] = anEnglishText();
     QCOMPARE(ComponentStrings::getInstance().getString(key), text);
+}
+
+void DefaultThemeTest::theLookIsChosen_data()
+{
+    QTest::addColumn<std::optional<DefaultThemeMode>>("first");
+    QTest::addColumn<std::optional<DefaultThemeMode>>("second");
+    QTest::addColumn<bool>("isDark");
+    using Mode = std::optional<DefaultThemeMode>;
+    const Mode light = DefaultThemeMode::Light;
+    const Mode dark = DefaultThemeMode::Dark;
+    QTest::newRow("light at first") << light << Mode() << false;
+    QTest::newRow("dark") << dark << dark << true;
+    QTest::newRow("dark later") << light << dark << true;
+    QTest::newRow("light again") << dark << light << false;
+    QTest::newRow("as it was") << dark << Mode() << true;
+    QTest::newRow("the desktop's") << dark << Mode(DefaultThemeMode::System) << false;
+}
+
+void DefaultThemeTest::theLookIsChosen()
+{
+    QFETCH(const std::optional<DefaultThemeMode>, first);
+    QFETCH(const std::optional<DefaultThemeMode>, second);
+    QFETCH(const bool, isDark);
+    DefaultThemeOptions options;
+    options.userDataPath = m_folder.path();
+    options.mode = first;
+    QVERIFY(installDefaultTheme(options));
+    const VemoButton button("Old", VemoButton::CANCEL);
+    options.mode = second;
+    QVERIFY(installDefaultTheme(options));
+    QCOMPARE(isDefaultThemeDark(), isDark);
+    QCOMPARE(defaultThemeMode(), second ? *second : *first);
+    const QString surface = isDark ? "#1B222A" : "#FFFFFF";
+    QVERIFY(button.styleSheet().contains(surface));
+    QVERIFY(VemoButton("New", VemoButton::CANCEL).styleSheet().contains(surface));
+    QCOMPARE(QApplication::palette().color(QPalette::Base), QColor(surface));
+    setDefaultThemeMode(DefaultThemeMode::Light);
+    qApp->setStyleSheet(QString());
 }
 
 void DefaultThemeTest::aColourIsGivenByItsName()
