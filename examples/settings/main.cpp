@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The settings of a backup utility: widgets of the library and of Qt in one window, in one look.
 //
-//     settings-example [--plain] [PICTURE]    --plain leaves Qt's widgets as they are; with a file
-//                                             name, writes a picture of its window and ends
+//     settings-example [--plain | --dark] [PICTURE]
+//
+// --plain leaves Qt's widgets as they are, --dark shows the dark look; with a file name, it writes
+// a picture of its window and ends.
 #include "settingswindow.h"
 
 #include <vemo/DefaultTheme>
@@ -39,6 +41,8 @@ int main(int argc, char **argv)
     options.languageCode = "enu"; // that of the window's own texts
     options.setsPalette = !isPlain;
     options.stylesStockWidgets = !isPlain;
+    if (arguments.removeAll("--dark") > 0)
+        options.mode = DefaultThemeMode::Dark;
     if (!installDefaultTheme(options))
         return 1;
     SettingsWindow window;

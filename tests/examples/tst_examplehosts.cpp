@@ -56,6 +56,7 @@ class ExampleHostsTest : public VemoTest
 private Q_SLOTS:
     void showsItsSheetAndWarnsOfNothing_data();
     void showsItsSheetAndWarnsOfNothing();
+    void settingsAreInOneLookUnlessAskedOtherwise_data();
     void settingsAreInOneLookUnlessAskedOtherwise();
     void endsWithAnErrorWhereItCannotStart_data();
     void endsWithAnErrorWhereItCannotStart();
@@ -100,20 +101,31 @@ void ExampleHostsTest::showsItsSheetAndWarnsOfNothing()
     QCOMPARE(picture.pixelColor(0, 0), ground);
 }
 
+void ExampleHostsTest::settingsAreInOneLookUnlessAskedOtherwise_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QColor>("ground");
+    QTest::addColumn<QColor>("button"); // our own, in any case
+    const QColor blue("#1769E0");
+    QTest::newRow("light") << QStringList() << QColor("#F5F7FA") << blue;
+    QTest::newRow("dark") << QStringList("--dark") << QColor("#13181E") << QColor("#6AAEFF");
+    QTest::newRow("plain") << QStringList("--plain") << QColor("#EFEFEF") << blue;
+}
+
 void ExampleHostsTest::settingsAreInOneLookUnlessAskedOtherwise()
 {
-    const QColor canvas("#F5F7FA");
-    for (const bool isPlain : {false, true}) {
-        const QString path = m_folder.filePath("settings.png");
-        const QStringList arguments = isPlain ? QStringList {"--plain", path} : QStringList {path};
-        const Run run = runHost(VEMO_SETTINGS_PROGRAM, arguments, m_folder.filePath("cache"));
-        QCOMPARE(run.errors, QString());
-        QCOMPARE(run.exitCode, 0);
-        const QImage picture(path);
-        QVERIFY(QFile::remove(path));
-        QCOMPARE(picture.pixelColor(0, 0) == canvas, !isPlain);
-        QVERIFY(holds(picture, QColor("#1769E0"))); // our own button in either case
-    }
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QColor, ground);
+    QFETCH(const QColor, button);
+    const QString path = m_folder.filePath("settings.png");
+    const Run run =
+        runHost(VEMO_SETTINGS_PROGRAM, arguments + QStringList(path), m_folder.filePath("cache"));
+    QCOMPARE(run.errors, QString());
+    QCOMPARE(run.exitCode, 0);
+    const QImage picture(path);
+    QVERIFY(QFile::remove(path));
+    QCOMPARE(picture.pixelColor(0, 0), ground);
+    QVERIFY(holds(picture, button));
 }
 
 void ExampleHostsTest::endsWithAnErrorWhereItCannotStart_data()
