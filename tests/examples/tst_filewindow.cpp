@@ -435,8 +435,8 @@ void FileWindowTest::goesThroughAllPartsByTab()
     } while (driver.window()->focusWidget() != first && parts.size() < 50);
     QCOMPARE(parts,
         QStringList({"upButton", "pathBar", "filterBar", "newFolderButton", "detailsButton",
-            "helpButton", "folderTree", "fileTable", "pagingBar", "fromDate", "toDate", "toTime",
-            "clearDates"}));
+            "viewButton", "helpButton", "folderTree", "fileTable", "pagingBar", "fromDate",
+            "toDate", "toTime", "clearDates"}));
 }
 
 void FileWindowTest::cutsNothingAtItsLeastSize()

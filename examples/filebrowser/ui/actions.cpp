@@ -9,12 +9,15 @@ namespace {
 
 QAction *newAction(QWidget *owner, const char *name, const char *key, const QKeySequence &shortcut)
 {
-    auto *action = new QAction(text(key), owner);
+    auto *action = new QAction(owner);
     action->setObjectName(name);
     action->setShortcut(shortcut);
-    if (!shortcut.isEmpty())
-        action->setToolTip(
-            QString("%1 (%2)").arg(text(key), shortcut.toString(QKeySequence::NativeText)));
+    translate(owner, [=] {
+        action->setText(text(key));
+        if (!shortcut.isEmpty())
+            action->setToolTip(
+                QString("%1 (%2)").arg(text(key), shortcut.toString(QKeySequence::NativeText)));
+    });
     owner->addAction(action);
     return action;
 }

@@ -41,7 +41,7 @@ VemoTimeComboBox *newTimeBox(const char *time)
 } // namespace
 
 DateFilter::DateFilter(QWidget *parent)
-    : QWidget(parent), m_clear(new VemoButton(text("clear_dates"), VemoButton::CANCEL))
+    : QWidget(parent), m_clear(new VemoButton(QString(), VemoButton::CANCEL))
 {
     setObjectName("dateFilter");
     auto *layout = new QGridLayout(this);
@@ -53,6 +53,7 @@ DateFilter::DateFilter(QWidget *parent)
     m_to = addMoment(layout, "changed_to", "to");
     layout->setRowMinimumHeight(layout->rowCount(), DPIinfo::scaled(kSmallGap));
     m_clear->setObjectName("clearDates");
+    translate(m_clear, [this] { m_clear->setText(text("clear_dates")); });
     layout->addWidget(m_clear, layout->rowCount(), 0, 1, 2, Qt::AlignRight);
     connect(m_clear, &VemoButton::clicked, this, &DateFilter::clear);
     m_from.time->setCurrentText(kFirstMinute);
@@ -67,13 +68,18 @@ DateFilter::Moment DateFilter::addMoment(
     Moment moment;
     moment.date = new VemoDateSelector(text("any_day"));
     moment.date->setObjectName(name + "Date");
-    moment.date->setAccessibleName(text(caption));
     moment.date->getCalendarView()->setObjectName(name + "Calendar");
     moment.time = newTimeBox(kFirstMinute);
     moment.time->setObjectName(name + "Time");
-    moment.time->setAccessibleName(text("accessible_time", text(caption)));
+    auto *label = new VemoLabel(QString());
+    translate(label, [=] {
+        label->setText(text(caption));
+        moment.date->setPlaceholder(text("any_day"));
+        moment.date->setAccessibleName(text(caption));
+        moment.time->setAccessibleName(text("accessible_time", text(caption)));
+    });
     const int row = layout->rowCount();
-    layout->addWidget(new VemoLabel(text(caption)), row, 0, 1, 2);
+    layout->addWidget(label, row, 0, 1, 2);
     layout->addWidget(moment.date, row + 1, 0);
     layout->addWidget(moment.time, row + 1, 1);
     connect(moment.date->getCalendarView(), &VemoCalanderView::sigDateSelect, this,

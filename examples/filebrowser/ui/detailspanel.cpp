@@ -8,6 +8,7 @@
 
 #include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
+#include <vemo/stylemanager.h>
 #include <vemo/tooltiptext.h>
 
 #include <QGridLayout>
@@ -66,10 +67,11 @@ void showWhole(QLabel *label, const QString &whole)
     static_cast<ShortLabel *>(label)->showText(whole);
 }
 
-QLabel *newCaption(const char *name, const QString &caption)
+QLabel *newCaption(const char *name, const char *key)
 {
-    auto *label = new QLabel(caption);
+    auto *label = new QLabel;
     label->setObjectName(name);
+    translate(label, [=] { label->setText(text(key)); });
     return label;
 }
 
@@ -104,7 +106,7 @@ DetailsPanel::DetailsPanel(QWidget *parent)
     line->setObjectName("line");
     column->addWidget(line);
     column->addSpacing(DPIinfo::scaled(kSmallGap));
-    column->addWidget(newCaption("panelCaption", text("changed_between")));
+    column->addWidget(newCaption("panelCaption", "changed_between"));
     column->addWidget(m_dates);
     column->addStretch();
 }
@@ -125,14 +127,22 @@ QLayout *DetailsPanel::newHeading()
 void DetailsPanel::addFact(QGridLayout *layout, const char *caption, QLabel *value)
 {
     const int row = layout->rowCount();
-    layout->addWidget(newCaption("factCaption", text(caption)), row, 0);
+    layout->addWidget(newCaption("factCaption", caption), row, 0);
     layout->addWidget(value, row, 1);
 }
 
-void DetailsPanel::showHeading(const QString &name, const QPixmap &picture)
+void DetailsPanel::showHeading(const QString &name, const QString &picture)
 {
-    m_picture->setPixmap(picture);
+    m_picture_name = picture;
+    m_picture->setPixmap(getGlobalImage(picture));
     showWhole(m_name, name);
+}
+
+void DetailsPanel::customEvent(QEvent *event)
+{
+    if (event->type() == StyleManager::reloadEvent() && !m_picture_name.isEmpty())
+        m_picture->setPixmap(getGlobalImage(m_picture_name));
+    QFrame::customEvent(event);
 }
 
 void DetailsPanel::showFacts(const QStringList &values)
@@ -154,13 +164,13 @@ void DetailsPanel::showEntry(const QString &folder, const FileEntry &entry)
 
 void DetailsPanel::showSelection(int count)
 {
-    showHeading(text("selected", numberText(count)), getGlobalImage("xxx"));
+    showHeading(text("selected", numberText(count)), "xxx");
     showFacts({text("several")});
 }
 
 void DetailsPanel::showFolder(const QString &folder)
 {
-    showHeading(displayName(nameOf(folder)), getGlobalImage("folder"));
+    showHeading(displayName(nameOf(folder)), "folder");
     showFacts({kindText("folder"), {}, {}, {}, displayName(parentPath(folder)),
         text(isWritableFolder(folder) ? "access_write" : "access_read")});
 }

@@ -23,13 +23,17 @@ public:
     void showFolder(const QString &folder);
     DateFilter *dateFilter() const { return m_dates; }
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     QLayout *newHeading();
     void addFact(QGridLayout *layout, const char *caption, QLabel *value);
-    void showHeading(const QString &name, const QPixmap &picture);
+    void showHeading(const QString &name, const QString &picture);
     void showFacts(const QStringList &values);
 
     QLabel *m_picture;
+    QString m_picture_name;
     QLabel *m_name;
     QLabel *m_kind;
     QLabel *m_size;

@@ -6,6 +6,7 @@
 #include "texts.h"
 
 #include <vemo/dpiinfo.h>
+#include <vemo/imagemanager.h>
 #include <vemo/tooltiptext.h>
 
 #include <QApplication>
@@ -86,7 +87,7 @@ QString toolTipOf(const FileEntry &entry)
 
 } // namespace
 
-FileTable::FileTable(QWidget *parent) : VemoTableWidget(columns(), parent)
+FileTable::FileTable(QWidget *parent) : VemoTableWidget(parent)
 {
     setObjectName("fileList");
     setUpTable();
@@ -97,22 +98,28 @@ void FileTable::setUpTable()
 {
     QTableWidget *table = getTable();
     table->setObjectName("fileTable");
-    table->setAccessibleName(text("accessible_files"));
     table->setIconSize(QSize(DPIinfo::scaled(kIconSize), DPIinfo::scaled(kIconSize)));
     table->setTabKeyNavigation(false);
     table->setContextMenuPolicy(Qt::CustomContextMenu);
     table->setTextElideMode(Qt::ElideMiddle);
     table->setWordWrap(false);
     getHeader()->setObjectName("fileHeader");
-    // Over the numbers, which stand at the right.
-    getHeader()->model()->setHeaderData(
-        SizeColumn, Qt::Horizontal, int(Qt::AlignRight | Qt::AlignVCenter), Qt::TextAlignmentRole);
+    translate(this, [this] { showTexts(); });
     auto *delegate = new NameDelegate;
     delegate->setParent(table);
     table->setItemDelegateForColumn(NameColumn, delegate);
     // Later, since the answer may be a sheet, and the editor is still at work.
     connect(delegate, &NameDelegate::nameEntered, this, &FileTable::renameEntered,
         Qt::QueuedConnection);
+}
+
+void FileTable::showTexts()
+{
+    getTable()->setAccessibleName(text("accessible_files"));
+    setColumns(columns());
+    // Over the numbers, which stand at the right.
+    getHeader()->model()->setHeaderData(
+        SizeColumn, Qt::Horizontal, int(Qt::AlignRight | Qt::AlignVCenter), Qt::TextAlignmentRole);
 }
 
 void FileTable::connectParts()
@@ -146,7 +153,7 @@ void FileTable::fillRow(int row, const FileEntry &entry)
     QTableWidget *table = getTable();
     const QString toolTip = toolTipOf(entry);
     auto *name = new NameItem(entry.name);
-    name->setIcon(pictureOf(entry));
+    name->setIcon(getGlobalIcon(pictureOf(entry)));
     name->setToolTip(toolTip);
     table->setItem(row, NameColumn, name);
     auto *size = newCell(entry.isFolder ? QString() : sizeText(entry.size), toolTip);
@@ -213,7 +220,9 @@ void FileTable::showVanished(const QString &name)
 {
     for (int row = 0; row < m_entries.size(); ++row) {
         if (m_entries.at(row).name == name)
-            getTable()->item(row, NameColumn)->setIcon(pictureOf(m_entries.at(row), true));
+            getTable()
+                ->item(row, NameColumn)
+                ->setIcon(getGlobalIcon(pictureOf(m_entries.at(row), true)));
     }
 }
 

@@ -39,6 +39,7 @@ Q_SIGNALS:
 
 private:
     void setUpTable();
+    void showTexts();
     void connectParts();
     void fillRow(int row, const FileEntry &entry);
     void requestMenu(const QPoint &position);

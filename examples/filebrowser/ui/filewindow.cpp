@@ -21,7 +21,9 @@
 #include <vemo/vemopagingbar.h>
 
 #include <QAccessibleWidget>
+#include <QEvent>
 #include <QLabel>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QVBoxLayout>
 #include <QtMath>
@@ -200,6 +202,24 @@ void FileWindow::openFolder(const QString &path)
     m_pages.setNowPage(1);
     m_listing->read(path);
     showFolder();
+}
+
+void FileWindow::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        translateContent();
+}
+
+/// What the window itself has put into its parts.
+void FileWindow::translateContent()
+{
+    setLocale(QLocale());
+    m_table->cancelEditing();
+    const int scrolled = m_table->getTable()->verticalScrollBar()->value();
+    showFolder();
+    showPage();
+    m_table->getTable()->verticalScrollBar()->setValue(scrolled);
 }
 
 void FileWindow::showFolder()

@@ -20,13 +20,13 @@ class VemoPagingBar;
 /// The window: the bar at the top, the tree of folders, the list with its pages, the details.
 ///
 /// Its parts have object names for tests and tools: "topBar" with "upButton", "pathBar",
-/// "filterBar", "kindMenu", "newFolderButton", "renameButton", "trashButton", "detailsButton" and
-/// "helpButton"; "folderTree"; "fileList" with "fileTable" and "fileHeader"; "pagingBar";
-/// "emptyText"; the "detailsPanel" with "detailsName", "detailsKind", "detailsSize",
-/// "detailsModified", "detailsCreated", "detailsPlace", "detailsAccess", "fromDate", "fromTime",
-/// "toDate", "toTime", "fromCalendar", "toCalendar" and "clearDates"; the actions "upAction" and so
-/// on; "contextMenu"; the sheets "messageSheet", "nameSheet" with "nameField", "trashSheet",
-/// "leftoverSheet", "copySheet" with "copyCancel"; "helpWindow".
+/// "filterBar", "kindMenu", "newFolderButton", "renameButton", "trashButton", "detailsButton",
+/// "viewButton" with "viewMenu", and "helpButton"; "folderTree"; "fileList" with "fileTable" and
+/// "fileHeader"; "pagingBar"; "emptyText"; the "detailsPanel" with "detailsName", "detailsKind",
+/// "detailsSize", "detailsModified", "detailsCreated", "detailsPlace", "detailsAccess", "fromDate",
+/// "fromTime", "toDate", "toTime", "fromCalendar", "toCalendar" and "clearDates"; the actions
+/// "upAction" and so on; "contextMenu"; the sheets "messageSheet", "nameSheet" with "nameField",
+/// "trashSheet", "leftoverSheet", "copySheet" with "copyCancel"; "helpWindow".
 ///
 /// startLook() must have been called.
 class FileWindow : public QWidget
@@ -44,6 +44,9 @@ public Q_SLOTS:
     /// If the folder cannot be read, shows a message and returns to the previous one.
     void openFolder(const QString &folder);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     void makeParts();
     void layOutParts();
@@ -54,6 +57,7 @@ private:
     void onTrigger(QAction *action, void (FileWindow::*slot)());
 
     void showFolder();
+    void translateContent();
     void applyFilter();
     void showListing();
     void showPage();

@@ -9,6 +9,7 @@
 
 #include <vemo/defaulttheme.h>
 #include <vemo/dpiinfo.h>
+#include <vemo/imagemanager.h>
 #include <vemo/itemdelegate.h>
 #include <vemo/stylemanager.h>
 #include <vemo/tooltiptext.h>
@@ -18,6 +19,7 @@
 #include <QScrollBar>
 #include <QSet>
 #include <QSignalBlocker>
+#include <QTreeWidgetItemIterator>
 
 #include <algorithm>
 #include <iterator>
@@ -27,6 +29,8 @@ namespace {
 
 constexpr int kIndentation = 16; // design pixels
 constexpr int kIconSize = 16; // design pixels
+constexpr int kMoreFolders =
+    Qt::UserRole + 100; // how many a placeholder stands for; 0: not read yet
 constexpr int kMaxChildren = 1000; // More would block the window, and nobody scrolls that far.
 
 FileSystemTreeWidgetItem *folderItem(QTreeWidgetItem *item)
@@ -37,6 +41,11 @@ FileSystemTreeWidgetItem *folderItem(QTreeWidgetItem *item)
 bool isOnTheWay(const QString &folder, const QString &target)
 {
     return target == folder || target.startsWith(childPath(folder, {}));
+}
+
+QString placeholderText(int moreFolders)
+{
+    return moreFolders > 0 ? text("more_folders", numberText(moreFolders)) : text("reading");
 }
 
 /// The path of the child of folder that is or contains target.
@@ -52,8 +61,9 @@ FolderTree::FolderTree(QWidget *parent) : VemoTreeWidget(parent)
 {
     setObjectName("folderTree");
     setUpLook();
-    m_home = addRoot(text("home"), QDir::homePath());
-    m_computer = addRoot(text("computer"), "/");
+    m_home = addRoot({}, QDir::homePath());
+    m_computer = addRoot({}, "/");
+    translate(this, [this] { showTexts(); });
     connect(this, &QTreeWidget::itemClicked, this, &FolderTree::choose);
     connect(this, &QTreeWidget::itemActivated, this, &FolderTree::choose);
     connect(this, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem *item) {
@@ -64,7 +74,6 @@ FolderTree::FolderTree(QWidget *parent) : VemoTreeWidget(parent)
 
 void FolderTree::setUpLook()
 {
-    setAccessibleName(text("accessible_folders"));
     setHeaderHidden(true);
     setIndentation(DPIinfo::scaled(kIndentation));
     setIconSize(QSize(DPIinfo::scaled(kIconSize), DPIinfo::scaled(kIconSize)));
@@ -78,6 +87,17 @@ void FolderTree::setUpLook()
     auto *delegate = new ItemDelegate;
     delegate->setParent(this);
     setItemDelegate(delegate);
+}
+
+void FolderTree::showTexts()
+{
+    setAccessibleName(text("accessible_folders"));
+    m_home->setText(0, text("home"));
+    m_computer->setText(0, text("computer"));
+    for (QTreeWidgetItemIterator item(this); *item; ++item) {
+        if (folderItem(*item)->isFake())
+            (*item)->setText(0, placeholderText((*item)->data(0, kMoreFolders).toInt()));
+    }
 }
 
 FolderTree::Item *FolderTree::addRoot(const QString &caption, const QString &path)
@@ -94,18 +114,19 @@ FolderTree::Item *FolderTree::newFolderItem(const QString &path, const QString &
     auto *item = new Item;
     item->setPath(path);
     item->setText(0, caption);
-    item->setIcon(0, pictureOf(folder));
+    item->setIcon(0, getGlobalIcon(pictureOf(folder)));
     item->setToolTip(0, getHtmlEscapedStringForToolTip(displayName(path)));
-    addPlaceholder(item, text("reading"));
+    addPlaceholder(item);
     return item;
 }
 
 /// Adds a placeholder for contents that are not known yet, which makes the folder expandable.
-void FolderTree::addPlaceholder(Item *item, const QString &caption) const
+void FolderTree::addPlaceholder(Item *item, int moreFolders) const
 {
     auto *placeholder = new Item;
     placeholder->setFake(true);
-    placeholder->setText(0, caption);
+    placeholder->setText(0, placeholderText(moreFolders));
+    placeholder->setData(0, kMoreFolders, moreFolders);
     // Without Qt::ItemIsUserCheckable the tree draws its text as disabled.
     placeholder->setFlags(Qt::ItemIsEnabled);
     item->addChild(placeholder);
@@ -187,7 +208,7 @@ void FolderTree::updateChildren(Item *item, const QVector<FileEntry> &folders)
             item->insertChild(i, newFolderItem(path, displayName(shown.at(i).name)));
     }
     if (folders.size() > kMaxChildren)
-        addPlaceholder(item, text("more_folders", numberText(folders.size() - kMaxChildren)));
+        addPlaceholder(item, folders.size() - kMaxChildren);
     item->setFakeChildExist(false);
 }
 

@@ -30,9 +30,10 @@ private:
     using Item = FileSystemTreeWidgetItem;
 
     void setUpLook();
+    void showTexts();
     Item *addRoot(const QString &caption, const QString &path);
     Item *newFolderItem(const QString &path, const QString &caption) const;
-    void addPlaceholder(Item *item, const QString &caption) const;
+    void addPlaceholder(Item *item, int moreFolders = 0) const;
     void dropPlaceholder(Item *item) const;
 
     void choose(QTreeWidgetItem *item);

@@ -2,7 +2,6 @@
 #include "kinds.h"
 
 #include <vemo/filetypemap.h>
-#include <vemo/imagemanager.h>
 
 namespace {
 
@@ -35,9 +34,9 @@ QStringList offeredKinds()
         "iso", "ttf", "exe", "xxx"};
 }
 
-QPixmap pictureOf(const FileEntry &entry, bool isRemoved)
+QString pictureOf(const FileEntry &entry, bool isRemoved)
 {
     if (entry.isFolder)
-        return getGlobalImage(isRemoved ? "folder_removed" : "folder");
-    return getGlobalImage(typeOf(entry.name, isRemoved));
+        return isRemoved ? "folder_removed" : "folder";
+    return typeOf(entry.name, isRemoved);
 }

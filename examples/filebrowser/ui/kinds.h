@@ -3,7 +3,6 @@
 
 #include "fileentry.h"
 
-#include <QPixmap>
 #include <QStringList>
 
 /// The type name of FileTypeMap for an entry, or "folder".
@@ -12,5 +11,5 @@ QString kindOf(const FileEntry &entry);
 /// The kinds that the filter offers, in the order of its menu.
 QStringList offeredKinds();
 
-/// If isRemoved, the picture for an entry that has been deleted.
-QPixmap pictureOf(const FileEntry &entry, bool isRemoved = false);
+/// The name of the picture; if isRemoved, for an entry that has been deleted.
+QString pictureOf(const FileEntry &entry, bool isRemoved = false);

@@ -3,6 +3,7 @@
 
 #include "languages.h"
 
+#include <vemo/componentstrings.h>
 #include <vemo/defaulttheme.h>
 #include <vemo/stylemanager.h>
 #include <vemo/uipathmanager.h>
@@ -36,6 +37,12 @@ void setFontFor(const QString &languageCode)
     QApplication::setFont(font);
 }
 
+QString &currentLanguage()
+{
+    static QString code;
+    return code;
+}
+
 bool install(const QString &userFolder, const QString &languageCode)
 {
     DefaultThemeOptions options;
@@ -53,6 +60,7 @@ bool install(const QString &userFolder, const QString &languageCode)
 /// How dates and numbers are written.
 void setLocale(const QString &languageCode)
 {
+    currentLanguage() = languageCode;
     QLocale::setDefault(localeOf(languageCode));
     setFontFor(languageCode);
 }
@@ -79,6 +87,13 @@ void speak(const QString &languageCode)
 {
     install(UIPathManager::getInstance().getPath("user_data_path"), languageCode);
     setLocale(languageCode);
+    ComponentStrings &texts = ComponentStrings::getInstance();
+    texts.changeStrings(texts.strings());
+}
+
+QString language()
+{
+    return currentLanguage();
 }
 
 QString windowStyle()

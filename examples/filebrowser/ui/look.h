@@ -9,8 +9,10 @@
 /// Fusion.
 bool startLook(const QString &userFolder, const QString &languageCode, const QString &style = {});
 
-/// Another language for all that is built from now on: texts, dates and numbers.
+/// Another language, also for the windows there are: texts, dates and numbers.
 void speak(const QString &languageCode);
+/// The code of the language on show.
+QString language();
 
 /// The section for the program's window. Its rules go by object name: a rule that matches every
 /// QWidget would take the ground off the masks of sheets.

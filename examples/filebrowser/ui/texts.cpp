@@ -4,7 +4,11 @@
 #include <vemo/componentstrings.h>
 
 #include <QDateTime>
+#include <QEvent>
 #include <QLocale>
+#include <QObject>
+
+#include <utility>
 
 namespace {
 
@@ -60,6 +64,25 @@ QString markedUp(const QString &value)
     return QString("<b>%1</b>").arg(nameInText(value).toHtmlEscaped());
 }
 
+class LanguageWatch : public QObject
+{
+public:
+    LanguageWatch(QObject *widget, std::function<void()> function)
+        : QObject(widget), m_function(std::move(function))
+    {
+    }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::LanguageChange)
+            m_function();
+        return false;
+    }
+
+private:
+    std::function<void()> m_function;
+};
+
 } // namespace
 
 QString text(const char *key)
@@ -109,6 +132,12 @@ QString displayName(const QString &name)
 QString nameInText(const QString &name)
 {
     return breakable(elided(displayName(name)));
+}
+
+void translate(QObject *widget, const std::function<void()> &function)
+{
+    function();
+    widget->installEventFilter(new LanguageWatch(widget, function));
 }
 
 QString sizeText(qint64 bytes)

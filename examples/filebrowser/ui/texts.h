@@ -4,7 +4,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 class QDateTime;
+class QObject;
 
 /// The text for "filebrowser." + key, with its placeholders replaced by the unescaped values: for
 /// plain text only.
@@ -23,6 +26,9 @@ QString richText(const char *key, const QStringList &values = {});
 QString displayName(const QString &name);
 /// The same for a text that breaks its lines: shortened, and with places to break.
 QString nameInText(const QString &name);
+
+/// Calls function now and after each change of the language, as long as widget lives.
+void translate(QObject *widget, const std::function<void()> &function);
 
 /// In the locale's units; bytes by their symbol: "1 B".
 QString sizeText(qint64 bytes);

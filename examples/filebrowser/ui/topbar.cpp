@@ -4,6 +4,7 @@
 #include "actions.h"
 #include "kinds.h"
 #include "texts.h"
+#include "viewmenu.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/filetypemap.h>
@@ -28,6 +29,19 @@ constexpr int kSmallGap = 4;
 constexpr int kButtonSize = 28;
 constexpr int kFilterWidth = 236;
 
+VemoIconButton *newViewButton(QMenu *menu)
+{
+    auto *button = new VemoIconButton("bt_settings");
+    button->setObjectName("viewButton");
+    button->setFixedSize(DPIinfo::scaled(kButtonSize), DPIinfo::scaled(kButtonSize));
+    button->setMenu(menu);
+    translate(button, [button] {
+        button->setAccessibleName(text("view"));
+        button->setToolTip(text("view"));
+    });
+    return button;
+}
+
 /// Shows a picture for an action, and triggers the action.
 class ActionButton : public VemoIconButton
 {
@@ -36,8 +50,6 @@ public:
         : VemoIconButton(picture), m_action(action)
     {
         setObjectName(QString(action->objectName()).replace("Action", "Button"));
-        setAccessibleName(action->text());
-        setToolTip(action->toolTip());
         setFixedSize(DPIinfo::scaled(kButtonSize), DPIinfo::scaled(kButtonSize));
         setCheckable(action->isCheckable());
         connect(this, &QToolButton::clicked, action, &QAction::trigger);
@@ -48,6 +60,8 @@ public:
 private:
     void follow()
     {
+        setAccessibleName(m_action->text());
+        setToolTip(m_action->toolTip());
         setEnabled(m_action->isEnabled());
         setChecked(m_action->isChecked());
     }
@@ -63,7 +77,7 @@ TopBar::TopBar(const Actions &actions, QWidget *parent)
 {
     setObjectName("topBar");
     m_path->setObjectName("pathBar");
-    m_path->setAccessibleName(text("accessible_path"));
+    translate(m_path, [path = m_path] { path->setAccessibleName(text("accessible_path")); });
     setUpFilter();
     auto *layout = new QHBoxLayout(this);
     const int margin = DPIinfo::scaled(kMargin);
@@ -79,6 +93,7 @@ TopBar::TopBar(const Actions &actions, QWidget *parent)
     layout->addWidget(newButton(actions.rename, "bt_edit"));
     layout->addWidget(newButton(actions.trash, "bt_delete"));
     layout->addWidget(newButton(actions.details, "bt_calendar"));
+    layout->addWidget(newViewButton(new ViewMenu(this)));
     layout->addWidget(newButton(actions.help, "bt_help"));
     connect(m_path, &VemoButtonPath::sigUpdatePath, this, &TopBar::choosePart);
 }
@@ -92,7 +107,6 @@ void TopBar::setUpFilter()
 {
     m_filter->setObjectName("filterBar");
     m_filter->setFixedWidth(DPIinfo::scaled(kFilterWidth));
-    m_filter->setAccessibleName(text("accessible_filter"));
     m_filter->installEventFilter(this);
     m_kinds->setObjectName("kindMenu");
     m_kinds->setTitle(text("column_kind")); // the button's name for screen readers
@@ -112,7 +126,10 @@ void TopBar::setUpFilter()
         showKind();
         Q_EMIT filterChanged();
     });
-    showKind();
+    translate(m_filter, [this] {
+        m_filter->setAccessibleName(text("accessible_filter"));
+        showKind();
+    });
 }
 
 /// Shows the selected kind in the field, since the menu is closed.
@@ -125,7 +142,10 @@ void TopBar::showKind()
 
 void TopBar::addKind(const QString &kind)
 {
-    QAction *action = m_kinds->addAction(kind.isEmpty() ? text("all_kinds") : kindText(kind));
+    auto *action = new QAction(m_kinds);
+    m_kinds->addAction(action);
+    translate(
+        action, [=] { action->setText(kind.isEmpty() ? text("all_kinds") : kindText(kind)); });
     action->setObjectName(kind.isEmpty() ? QString("kind_all") : "kind_" + kind);
     action->setCheckable(true);
     action->setData(kind);
