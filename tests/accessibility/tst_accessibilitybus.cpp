@@ -5,7 +5,7 @@
 #include "gallery/gallerywindow.h"
 #include "gallery/look.h"
 #include "gallery/page.h"
-#include "gallery/pageregistry.h"
+#include "gallery/pagelist.h"
 
 #include "support/testhost.h"
 #include "support/vemotest.h"
