@@ -26,6 +26,8 @@ public:
         add(kLetter * letters + kSign * signs + (m_tables > 0 ? kChange * changes : 0));
     }
     void addLines(int count) { add(kElement * count); }
+    /// Lines of a letter or a word, where there is no room for more.
+    void addNarrowLines(int count) { add(kNarrowLine * count); }
     /// The text engine searches for a monospaced font again for each text.
     void addFont(uint font, bool isMonospaced);
     void addElement(int depth, int sibling, const CssEffort &css);
@@ -68,6 +70,7 @@ private:
     static constexpr qint64 kSign =
         4000; ///< A letter of a complex script, or of a different script than the previous one.
     static constexpr qint64 kChange = 40000;
+    static constexpr qint64 kNarrowLine = 1000;
     static constexpr qint64 kElement = 12000;
     static constexpr qint64 kDepth = 50;
     static constexpr qint64 kSelector = 500;
@@ -153,9 +156,11 @@ public:
         m_signs += code == 0x2029 ? kSignsOfParagraph : 0;
     }
     /// Adds the cost of the letters counted since the last call.
-    void chargeTo(PageWork *work, bool linesCount)
+    void chargeTo(PageWork *work, Width width, bool linesCount)
     {
         work->addText(m_letters, m_signs, m_changes);
+        if (width != FULL_WIDTH)
+            work->addNarrowLines(width == NO_WIDTH ? m_letters + m_signs : m_words);
         if (linesCount)
             work->addLines(m_lines);
         m_letters = m_signs = m_changes = m_lines = m_breaks = m_words = 0;

@@ -609,7 +609,7 @@ void PageWriter::writeText(QStringView text)
     writeEscaped(text.mid(start), true);
     const bool linesCount = m_keeps_lines || m_css.hasWhiteSpace;
     m_work.addHeight(m_letters.height(width(), line(), linesCount));
-    m_letters.chargeTo(&m_work, linesCount);
+    m_letters.chargeTo(&m_work, width(), linesCount);
     m_paragraph += int(text.size());
 }
 
@@ -683,7 +683,7 @@ SafePage safePlainText(const QString &text)
         broken += c;
     }
     work.addHeight(letters.height(TextWork::FULL_WIDTH, kLinePixels, true));
-    letters.chargeTo(&work, true);
+    letters.chargeTo(&work, TextWork::FULL_WIDTH, true);
     if (work.isTooMuch())
         return {SafePage::TOO_SLOW, {}, work.total()};
     return {SafePage::FINE, broken, work.total(), 0, text.size()};

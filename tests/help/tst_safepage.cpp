@@ -311,6 +311,8 @@ void tst_safepage::pagesAreJudgedByTheirWork_data()
     row("cells", "<tr><td>x", 8000, 25000);
     row("cells that span a hundred columns", "<tr><td colspan=\"100\">x", 1000, 3000);
     row("cells that span a hundred rows", "<tr><td rowspan=\"100\">x", 100, 500);
+    row("words in 5 tables", times(5, "<table><tr><td>") + times(1000, "w ") + times(5, "</table>"),
+        20, 45);
     row("floating tables", "<table align=left><tr><td>x</table>", 1000, 2000);
     row("preformatted texts", "<pre>x\n</pre>", 7000, 10000);
     row("lines of preformatted text", "<pre>" + times(500, "x\n") + "</pre>", 100, 1000);
