@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A host as anybody would write it: shows a message sheet, answers it and writes what it showed.
+// With the argument "dark" it asks for the dark look instead.
 #include <vemo/DefaultTheme>
 #include <vemo/MessageShortcuts>
 #include <vemo/VemoMessageSheet>
@@ -57,6 +58,11 @@ int main(int argc, char **argv)
     QTemporaryDir cache;
     if (!installDefaultTheme(cache.path(), "enu", ImageManager::LAZY_LOAD))
         return 1;
+    if (QApplication::arguments().contains("dark")) {
+        const bool isDark = setDefaultThemeMode(DefaultThemeMode::Dark) && isDefaultThemeDark();
+        QTextStream(stdout) << "dark: " << (isDark ? "yes" : "no") << '\n';
+        return 0;
+    }
     QWidget window;
     window.resize(640, 480);
     window.show();
