@@ -80,7 +80,7 @@ void FileWindowSwitchTest::itLooksAsIfBuiltThatWay()
     const DiskFolder folder;
     folder.write("report.pdf", QByteArray(2048, 'x'));
     folder.makeFolder("sub");
-    qputenv("HOME", folder.path().toUtf8()); // Otherwise the tree shows what others do meanwhile.
+    qputenv("HOME", folder.path().toUtf8()); // Otherwise the tree shows what other tests do.
     QImage before;
     QImage after;
     {
