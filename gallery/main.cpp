@@ -34,8 +34,7 @@ CommandLine commandLine(int argc, char **argv)
 bool hasDisplay(const Options &options)
 {
     return QSysInfo::kernelType() != "linux" || !options.platform.isEmpty()
-        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM")
-        || !qEnvironmentVariableIsEmpty("DISPLAY")
+        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY")
         || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 

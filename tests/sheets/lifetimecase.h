@@ -11,6 +11,6 @@
 /// The names of all cases.
 QStringList lifetimeCases();
 
-/// Runs the cases with these names, one to a line. Returns 0 on success; otherwise prints the reasons
-/// to standard error.
+/// Runs the cases with these names, one to a line. Returns 0 on success; otherwise prints the
+/// reasons to standard error.
 int runLifetimeCases(const QString &names);

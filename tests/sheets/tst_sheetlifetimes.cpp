@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A sheet, its mask, its window or its parent may be deleted at any time while it runs. The cases run
-// in other processes: many in one, and again alone if one of them fails.
+// A sheet, its mask, its window or its parent may be deleted at any time while it runs. The cases
+// run in other processes: many in one, and again alone if one of them fails.
 #include "sheets/lifetimecase.h"
 #include "support/childprocess.h"
 #include "support/vemotest.h"

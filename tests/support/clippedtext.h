@@ -11,6 +11,7 @@ class QWidget;
 /// cells of other tables, trees and lists, which end with three dots.
 QStringList clippedTexts(QWidget *root);
 
-/// The languages to look for clipped texts in: all codes at factor 1, and at other factors, where only
-/// rounding differs, those with the longest words, the tallest letters and the other direction.
+/// The languages to look for clipped texts in: all codes at factor 1, and at other factors, where
+/// only rounding differs, those with the longest words, the tallest letters and the other
+/// direction.
 QStringList languagesToCheck(const QStringList &codes);
