@@ -22,6 +22,22 @@ void record(QAccessibleEvent *event)
         announced += part->text(QAccessible::Description);
 }
 
+/// A calendar in an active window.
+struct ShownCalendar
+{
+    ShownCalendar()
+    {
+        view.setSelectedDate({2024, 3, 30});
+        view.show();
+        view.activateWindow();
+        isActive = QTest::qWaitForWindowActive(&view);
+    }
+
+    VemoCalanderView view {nullptr};
+    const Parts parts {&view};
+    bool isActive = false;
+};
+
 } // namespace
 
 class CalendarAnnouncementsTest : public VemoTest
@@ -45,16 +61,12 @@ void CalendarAnnouncementsTest::initTestCase()
 
 void CalendarAnnouncementsTest::theDayWithTheFocusIsAnnouncedWithItsMonth()
 {
-    VemoCalanderView view(nullptr);
-    const Parts parts(&view);
-    parts.calendar->setSelectedDate({2024, 3, 30});
-    view.show();
-    view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&view));
-    parts.grid->setFocus();
+    ShownCalendar shown;
+    QVERIFY(shown.isActive);
+    shown.parts.grid->setFocus();
     for (const QDate &day : {QDate(2024, 3, 31), QDate(2024, 4, 1)}) {
         announced.clear();
-        QTest::keyClick(view.windowHandle(), Qt::Key_Right);
+        QTest::keyClick(shown.view.windowHandle(), Qt::Key_Right);
         QVERIFY(announced.contains(QLocale().toString(day, QLocale::LongFormat)));
         QVERIFY(announced.contains(day.toString(Qt::ISODate)));
     }
@@ -62,36 +74,29 @@ void CalendarAnnouncementsTest::theDayWithTheFocusIsAnnouncedWithItsMonth()
 
 void CalendarAnnouncementsTest::theDayIsAnnouncedWhileTheViewHasTheFocus()
 {
-    VemoCalanderView view(nullptr);
-    view.setSelectedDate({2024, 3, 30});
-    view.show();
-    view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&view));
-    view.setFocus();
+    ShownCalendar shown;
+    QVERIFY(shown.isActive);
+    shown.view.setFocus();
     announced.clear();
-    QTest::keyClick(view.windowHandle(), Qt::Key_Down);
+    QTest::keyClick(shown.view.windowHandle(), Qt::Key_Down);
     QVERIFY(announced.contains(QLocale().toString(QDate(2024, 4, 6), QLocale::LongFormat)));
 }
 
 void CalendarAnnouncementsTest::pagingAnnouncesTheMonthAndNoDay()
 {
-    VemoCalanderView view(nullptr);
-    const Parts parts(&view);
-    parts.calendar->setSelectedDate({2024, 3, 30});
-    view.show();
-    view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&view));
-    for (QToolButton *arrow : {parts.next, parts.previous}) {
+    ShownCalendar shown;
+    QVERIFY(shown.isActive);
+    for (QToolButton *arrow : {shown.parts.next, shown.parts.previous}) {
         arrow->setFocus();
         announced.clear();
-        QTest::keyClick(view.windowHandle(), Qt::Key_Space);
-        const QString page = arrow == parts.next ? "April 2024" : "March 2024";
+        QTest::keyClick(shown.view.windowHandle(), Qt::Key_Space);
+        const QString page = arrow == shown.parts.next ? "April 2024" : "March 2024";
         // Both arrows have it; the one with the focus is announced.
         QCOMPARE(announced, QStringList({page, page}));
     }
-    parts.grid->setFocus();
+    shown.parts.grid->setFocus();
     announced.clear();
-    QTest::keyClick(view.windowHandle(), Qt::Key_Right);
+    QTest::keyClick(shown.view.windowHandle(), Qt::Key_Right);
     QVERIFY(announced.contains(QLocale().toString(QDate(2024, 3, 31), QLocale::LongFormat)));
 }
 
