@@ -70,10 +70,15 @@ public:
     {
         show();
         QVERIFY(QTest::qWaitForWindowExposed(this));
+        // The rows on the screen may be right before the tree has heard of the pointer, because it
+        // asks for the position when it paints.
         movePointerTo(0);
-        QTRY_VERIFY(!hoveredRows().isEmpty());
+        QTRY_VERIFY(underMouse() && !hoveredRows().isEmpty());
         movePointerAway();
-        QTRY_COMPARE(hoveredRows(), QList<int>());
+        QTRY_VERIFY(!underMouse() && hoveredRows().isEmpty());
+        // With a style sheet, the leave posts an event, which posts another one, which paints.
+        for (int posted = 0; posted < 3; ++posted)
+            QCoreApplication::processEvents();
     }
 
     static void movePointerAway() { QCursor::setPos(10, 10); }
