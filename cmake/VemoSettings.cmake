@@ -64,8 +64,8 @@ if(PROJECT_IS_TOP_LEVEL AND VEMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 # Precompiles these headers for the target and all that reuse them, which halves the build time of a test.
-# Applies to the library only with VEMO_PRECOMPILE_QT: by default each of its files must include what
-# it uses.
+# Applies to the library only with VEMO_PRECOMPILE_QT, as in the release preset: by default each of its
+# files must include what it uses.
 function(vemo_precompile_qt target)
   target_precompile_headers(${target} PRIVATE ${ARGN})
   vemo_keep_precompiled(${target})
