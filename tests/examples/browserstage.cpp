@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QTextDocument>
 #include <QtTest>
@@ -47,7 +48,7 @@ BrowserStage::BrowserStage()
 /// A sheet that the test didn't reckon with would hold it up forever.
 void BrowserStage::watchForgottenSheets()
 {
-    VemoSheet *sheet = window ? openSheet(window.get()) : nullptr;
+    VemoSheet *sheet = window ? sheetOver(window.get()) : nullptr;
     m_times_seen = sheet && sheet == m_seen ? m_times_seen + 1 : 0;
     m_seen = sheet;
     if (m_times_seen < kWatchTimes)
@@ -137,34 +138,19 @@ void BrowserStage::doubleClickRow(const QString &name) const
     QTest::mouseDClick(table()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
 }
 
-OnSheets::OnSheets(const BrowserStage &stage, std::vector<Act> acts, const char *name)
-    : m_window(stage.window.get()), m_acts(std::move(acts)), m_name(QLatin1String(name))
+void BrowserStage::clickAction(QWidget *menu, const char *name) const
 {
-    // Queued, since a timer rests while it is being answered, and an act may open the next sheet.
-    QObject::connect(
-        &m_timer, &QTimer::timeout, this, [this] { look(); }, Qt::QueuedConnection);
-    m_timer.start(1);
+    for (QAction *one : menu->actions()) {
+        if (one->objectName() == QLatin1String(name))
+            return click(menu, static_cast<QMenu *>(menu)->actionGeometry(one).center());
+    }
+    QTest::qFail(name, __FILE__, __LINE__);
 }
 
-bool OnSheets::isDone() const
+void BrowserStage::select(const QStringList &names) const
 {
-    return m_next == m_acts.size() && !(m_window && openSheet(m_window));
-}
-
-void OnSheets::look()
-{
-    VemoSheet *sheet = m_window ? openSheet(m_window) : nullptr;
-    const bool counts = sheet && (m_name.isEmpty() || sheet->objectName() == m_name);
-    if (!counts || sheet == m_last)
-        return;
-    m_last = sheet;
-    if (m_next < m_acts.size())
-        m_acts.at(m_next++)(sheet);
-    else
-        QTest::qFail(qPrintable("Unexpected: " + wordsOf(sheet)), __FILE__, __LINE__);
-    // Otherwise the test would wait for it forever.
-    if (QTest::currentTestFailed() && m_last)
-        QMetaObject::invokeMethod(m_last, "quit");
+    window->table()->select(names);
+    table()->setFocus();
 }
 
 OnPopup::OnPopup(std::function<void(QWidget *)> act) : m_act(std::move(act))
@@ -192,16 +178,6 @@ bool SheetLog::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Show && qobject_cast<VemoSheet *>(watched))
         shown += watched->objectName();
     return false;
-}
-
-VemoSheet *openSheet(const QWidget *window)
-{
-    VemoSheet *top = nullptr;
-    for (VemoSheet *sheet : window->findChildren<VemoSheet *>()) {
-        if (sheet->isVisible())
-            top = sheet;
-    }
-    return top;
 }
 
 QString wordsOf(const VemoSheet *sheet)

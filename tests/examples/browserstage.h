@@ -4,16 +4,15 @@
 #include "diskfolder.h"
 #include "examples/filebrowser/ui/filetable.h"
 #include "examples/filebrowser/ui/filewindow.h"
+#include "support/sheetdriver.h"
 
-#include <vemo/vemosheet.h>
-
+#include <QAction>
 #include <QPointer>
 #include <QTableWidget>
 #include <QTimer>
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 /// The file browser on a folder of its own, which is also the home folder, with its own trash. The
 /// first one in a process starts the look, in English.
@@ -47,11 +46,17 @@ public:
     void click(QWidget *widget, const QPoint &place = {}) const;
     void clickRow(const QString &name, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void doubleClickRow(const QString &name) const;
+    /// By mouse, in an open menu.
+    void clickAction(QWidget *menu, const char *name) const;
+    /// Selects the entries and gives the list the focus.
+    void select(const QStringList &names) const;
+    QStringList selected() const { return window->table()->selectedNames(); }
 
     template <typename Widget = QWidget> Widget *part(const char *name) const
     {
         return window->findChild<Widget *>(QLatin1String(name));
     }
+    QAction *action(const char *name) const { return window->findChild<QAction *>(name); }
 
     DiskFolder home;
     DiskFolder trash;
@@ -63,34 +68,6 @@ private:
     QTimer m_watch;
     QPointer<VemoSheet> m_seen;
     int m_times_seen = 0;
-};
-
-/// Does one thing after another, each as soon as another sheet is over the window than before.
-/// Armed before the sheet opens, which runs a loop of its own.
-///
-///     OnSheets driver(stage, {[&](VemoSheet *sheet) { ... }});
-///     stage.press(Qt::Key_Delete);
-///     QTRY_VERIFY(driver.isDone());
-class OnSheets : public QObject
-{
-public:
-    using Act = std::function<void(VemoSheet *)>;
-
-    /// With a name only sheets of that name count.
-    OnSheets(const BrowserStage &stage, std::vector<Act> acts, const char *name = nullptr);
-
-    /// All has been done, and no sheet is open any more.
-    bool isDone() const;
-
-private:
-    void look();
-
-    QPointer<FileWindow> m_window;
-    std::vector<Act> m_acts;
-    QString m_name;
-    size_t m_next = 0;
-    QPointer<VemoSheet> m_last;
-    QTimer m_timer;
 };
 
 /// Acts on the next pop-up of any kind: a menu runs a loop of its own, too.
@@ -116,6 +93,5 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 };
 
-VemoSheet *openSheet(const QWidget *window);
-///     /// The text of a sheet, without mark-up.
+/// The text of a sheet, without mark-up.
 QString wordsOf(const VemoSheet *sheet);

@@ -126,7 +126,7 @@ private:
             look(state);
             QMetaObject::invokeMethod(sheet, "quit");
         };
-        OnSheets driver(stage, {lookAt}, name);
+        SheetDriver driver(stage.window.get(), {lookAt}, name);
         open();
         QTRY_VERIFY(driver.isDone());
     }

@@ -70,9 +70,9 @@ int attemptsRefused(const BrowserStage &stage)
         refused += wordsOf(sheet).contains("Permission denied") ? 1 : 0;
         QMetaObject::invokeMethod(sheet, "quit");
     };
-    const auto attempt = [&](const char *action, std::vector<OnSheets::Act> acts,
+    const auto attempt = [&](const char *action, std::vector<SheetDriver::Act> acts,
                              const char *sheetName) {
-        const OnSheets driver(stage, std::move(acts), sheetName);
+        const SheetDriver driver(stage.window.get(), std::move(acts), sheetName);
         stage.part<QAction>(action)->trigger();
         [&driver] { QTRY_VERIFY(driver.isDone()); }();
         stage.waitUntilRead();
@@ -99,7 +99,7 @@ int attemptsRefused(const BrowserStage &stage)
     stage.clickRow("a.txt");
     stage.press(Qt::Key_F2);
     stage.type("b.txt");
-    const OnSheets driver(stage, {read});
+    const SheetDriver driver(stage.window.get(), {read});
     stage.press(Qt::Key_Return);
     [&driver] { QTRY_VERIFY(driver.isDone()); }();
     return refused;
@@ -224,7 +224,7 @@ void FileBrowserLimitsTest::aFileOfEveryNameIsCopiedAndTrashed()
     stage.press(Qt::Key_C, Qt::ControlModifier);
     stage.press(Qt::Key_V, Qt::ControlModifier);
     QTRY_COMPARE(stage.window->table()->selectedNames(), QStringList("0 sub (2)"));
-    OnSheets driver(stage, {[&](VemoSheet *sheet) {
+    SheetDriver driver(stage.window.get(), {[&](VemoSheet *sheet) {
         auto *box = sheet->findChild<QCheckBox *>();
         stage.click(box, QPoint(box->height() / 2, box->height() / 2));
         stage.press(Qt::Key_Return);
@@ -262,7 +262,7 @@ void FileBrowserLimitsTest::aWindowThatDiesUnderASheetChangesNothing()
     stage.clickRow("many");
     stage.press(Qt::Key_C, Qt::ControlModifier);
     bool wasOpen = false;
-    OnSheets driver(stage, {[&](VemoSheet *open) {
+    SheetDriver driver(stage.window.get(), {[&](VemoSheet *open) {
         wasOpen = open->objectName() == sheet;
         if (auto *field = open->findChild<QLineEdit *>())
             field->setText("new");
@@ -294,7 +294,8 @@ void FileBrowserLimitsTest::aFolderThatVanishesUnderACopyTakesNothingAlong()
         told += wordsOf(sheet).trimmed().split('\n').first();
         stage.press(Qt::Key_Return);
     };
-    OnSheets driver(stage, {[&](VemoSheet *) { stage.home.remove("sub"); }, read, read});
+    SheetDriver driver(
+        stage.window.get(), {[&](VemoSheet *) { stage.home.remove("sub"); }, read, read});
     stage.press(Qt::Key_V, Qt::ControlModifier);
     QTRY_VERIFY(driver.isDone());
     QCOMPARE(told,
@@ -312,7 +313,7 @@ void FileBrowserLimitsTest::aFolderThatVanishesIsLeft()
     stage.home.write("a.txt", "content");
     stage.open(stage.home.path("sub/deep"));
     stage.home.remove("sub");
-    OnSheets driver(stage, {[&](VemoSheet *) { stage.press(Qt::Key_Return); }});
+    SheetDriver driver(stage.window.get(), {[&](VemoSheet *) { stage.press(Qt::Key_Return); }});
     stage.press(Qt::Key_Backspace);
     QTRY_VERIFY(driver.isDone());
     QTRY_COMPARE(stage.window->folder(), stage.home.path());

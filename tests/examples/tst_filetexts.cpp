@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "browserstage.h"
+
 #include "examples/filebrowser/files/nativename.h"
 #include "examples/filebrowser/files/paths.h"
 #include "examples/filebrowser/ui/kinds.h"
 #include "examples/filebrowser/ui/languages.h"
 #include "examples/filebrowser/ui/options.h"
 #include "examples/filebrowser/ui/texts.h"
-#include "filewindowdriver.h"
 #include "support/vemotest.h"
 
 #include <QLocale>
@@ -16,7 +17,7 @@ class FileTextsTest : public VemoTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { startFileBrowserLook(); }
+    void initTestCase() { const BrowserStage startsTheLook; }
     void showsNamesOnOneLine_data();
     void showsNamesOnOneLine();
     void understandsNoNameAsMarkup_data();
@@ -44,20 +45,18 @@ void FileTextsTest::showsNamesOnOneLine_data()
     QTest::addColumn<QString>("shown");
     const QChar replacement(QChar::ReplacementCharacter);
     const QString faces = QString::fromUtf8("😀");
-    QTest::newRow("plain") << "a b.txt"
-                           << "a b.txt";
-    QTest::newRow("line break") << "a\nb" << QString::fromUtf8("a↵b");
-    QTest::newRow("carriage return") << "a\rb" << QString::fromUtf8("a↵b");
-    QTest::newRow("line separator")
-        << QString("a%1b").arg(QChar(0x2028)) << QString::fromUtf8("a↵b");
-    QTest::newRow("tab") << "a\tb" << QString::fromUtf8("a⇥b");
-    QTest::newRow("escape") << "a\x1b" << QString("a") + replacement;
-    QTest::newRow("control") << QString("a%1").arg(QChar(0x85)) << QString("a") + replacement;
-    QTest::newRow("turned writing")
-        << QString("%1gpj.exe").arg(QChar(0x202E)) << QString(replacement) + "gpj.exe";
-    QTest::newRow("no letter") << fromNativeName("a\xff") << QString("a") + replacement;
-    QTest::newRow("beyond 16 bits") << faces << faces;
-    QTest::newRow("half a pair") << QString(faces.at(0)) << QString(replacement);
+    addRow("plain", "a b.txt", "a b.txt");
+    addRow("line break", "a\nb", QString::fromUtf8("a↵b"));
+    addRow("carriage return", "a\rb", QString::fromUtf8("a↵b"));
+    addRow("line separator", QString("a%1b").arg(QChar(0x2028)), QString::fromUtf8("a↵b"));
+    addRow("tab", "a\tb", QString::fromUtf8("a⇥b"));
+    addRow("escape", "a\x1b", QString("a") + replacement);
+    addRow("control", QString("a%1").arg(QChar(0x85)), QString("a") + replacement);
+    addRow("turned writing", QString("%1gpj.exe").arg(QChar(0x202E)),
+        QString(replacement) + "gpj.exe");
+    addRow("no letter", fromNativeName("a\xff"), QString("a") + replacement);
+    addRow("beyond 16 bits", faces, faces);
+    addRow("half a pair", QString(faces.at(0)), QString(replacement));
 }
 
 void FileTextsTest::showsNamesOnOneLine()
@@ -170,15 +169,9 @@ void FileTextsTest::splitsPaths_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("parent");
     QTest::addColumn<QString>("name");
-    QTest::newRow("root") << "/"
-                          << ""
-                          << "/";
-    QTest::newRow("below the root") << "/a"
-                                    << "/"
-                                    << "a";
-    QTest::newRow("deeper") << "/a/b c"
-                            << "/a"
-                            << "b c";
+    addRow("root", "/", "", "/");
+    addRow("below the root", "/a", "/", "a");
+    addRow("deeper", "/a/b c", "/a", "b c");
 }
 
 void FileTextsTest::splitsPaths()
@@ -198,16 +191,12 @@ void FileTextsTest::readsTheCommandLine_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("folder");
     QTest::addColumn<QString>("language");
-    QTest::newRow("nothing") << QStringList() << QDir::homePath() << "enu";
-    QTest::newRow("folder") << QStringList("/tmp/") << "/tmp"
-                            << "enu";
-    QTest::newRow("relative") << QStringList("a/../b") << QDir::current().absoluteFilePath("b")
-                              << "enu";
-    QTest::newRow("language") << QStringList({"--language", "deu", "/"}) << "/"
-                              << "deu";
-    QTest::newRow("options of Qt")
-        << QStringList({"-reverse", "-style", "windows", "-platform", "offscreen", "/"}) << "/"
-        << "enu";
+    addRow("nothing", QStringList(), QDir::homePath(), "enu");
+    addRow("folder", QStringList("/tmp/"), "/tmp", "enu");
+    addRow("relative", QStringList("a/../b"), QDir::current().absoluteFilePath("b"), "enu");
+    addRow("language", QStringList({"--language", "deu", "/"}), "/", "deu");
+    addRow("options of Qt",
+        QStringList({"-reverse", "-style", "windows", "-platform", "offscreen", "/"}), "/", "enu");
 }
 
 void FileTextsTest::readsTheCommandLine()
@@ -227,12 +216,11 @@ void FileTextsTest::refusesAWrongCommandLine_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("error");
-    QTest::newRow("two folders") << QStringList({"a", "b"}) << "Unexpected argument \"b\".";
-    QTest::newRow("no language") << QStringList({"--language", "xyz"})
-                                 << "Unknown language \"xyz\"; there are: chs cht";
-    QTest::newRow("empty") << QStringList({"--screenshots", ""})
-                           << "Option \"screenshots\" needs a value.";
-    QTest::newRow("no option") << QStringList("--no-such") << "Unknown option 'no-such'.";
+    addRow("two folders", QStringList({"a", "b"}), "Unexpected argument \"b\".");
+    addRow("no language", QStringList({"--language", "xyz"}),
+        "Unknown language \"xyz\"; there are: chs cht");
+    addRow("empty", QStringList({"--screenshots", ""}), "Option \"screenshots\" needs a value.");
+    addRow("no option", QStringList("--no-such"), "Unknown option 'no-such'.");
 }
 
 void FileTextsTest::refusesAWrongCommandLine()

@@ -38,12 +38,9 @@ void TeaWindowTest::startsInTheLanguageAskedFor_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("title");
-    QTest::newRow("German") << "deu"
-                            << "Tee";
-    QTest::newRow("a language without texts") << "kor"
-                                              << "Tea";
-    QTest::newRow("English") << "enu"
-                             << "Tea";
+    addRow("German", "deu", "Tee");
+    addRow("a language without texts", "kor", "Tea");
+    addRow("English", "enu", "Tea");
 }
 
 void TeaWindowTest::startsInTheLanguageAskedFor()

@@ -3,7 +3,7 @@
 #include "gallery/page.h"
 #include "gallery/pagelist.h"
 
-#include "sheets/sheetdriver.h"
+#include "support/sheetdriver.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 

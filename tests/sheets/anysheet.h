@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "sheets/sheetdriver.h"
+#include "support/sheetdriver.h"
 
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemomask.h>

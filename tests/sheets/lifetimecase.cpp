@@ -2,8 +2,8 @@
 #include "sheets/lifetimecase.h"
 
 #include "sheets/modalrun_p.h"
-#include "sheets/sheetdriver.h"
 #include "support/recordedmessages.h"
+#include "support/sheetdriver.h"
 #include "support/testhost.h"
 
 #include <vemo/messageshortcuts.h>
@@ -45,146 +45,121 @@ struct Scene
     QObject timers; ///< the context of all timers: none fires after the case
 };
 
-using Run = std::function<int(Scene &scene, const std::function<void(VemoSheet *)> &beforeShow)>;
+using BeforeShow = std::function<void(VemoSheet *)>;
 
-template <typename Sheet>
-int execHeld(Sheet *sheet, Scene &scene, const std::function<void(VemoSheet *)> &beforeShow)
+/// How a case opens a sheet and waits for its result.
+struct Way
 {
-    const QPointer<Sheet> held = sheet;
-    VemoMask::createMask(sheet, scene.window, kShade);
-    if (beforeShow)
-        beforeShow(sheet);
-    const int result = held ? held->exec() : 0;
-    delete held.data();
-    return result;
-}
+    QString name;
+    std::function<int(Scene &scene, const BeforeShow &beforeShow)> run;
+    bool hasResult = true; ///< whether run returns that of the sheet
+    bool isShortcut = false; ///< creates its sheet itself, so that nothing can happen before show
+    bool hasExec = false; ///< runs exec(), which can be entered again
+    bool hasButtons = true;
+};
 
-template <typename Sheet>
-int showHeld(Sheet *sheet, Scene &scene, const std::function<void(VemoSheet *)> &beforeShow)
+enum class Opening { Exec, Show, ExecAndDelete, OpenAndDelete };
+
+/// Opens a sheet and waits until it has ended or, if it deletes itself then, until it is deleted.
+int waitFor(VemoSheet *sheet, bool deletesItself, const std::function<void()> &open)
 {
-    const QPointer<Sheet> held = sheet;
-    VemoMask::createMask(sheet, scene.window, kShade);
-    if (beforeShow)
-        beforeShow(sheet);
-    if (!held)
-        return 0;
     QEventLoop loop;
     int result = 0;
-    QObject::connect(sheet, &VemoSheet::finished, &loop, [&](int ret) { result = ret; });
-    QObject::connect(sheet, &VemoSheet::finished, &loop, &QEventLoop::quit);
+    QObject::connect(sheet, &VemoSheet::finished, &loop, [&](int ret) {
+        result = ret;
+        if (!deletesItself)
+            loop.quit();
+    });
     QObject::connect(sheet, &QObject::destroyed, &loop, &QEventLoop::quit);
-    held->showSheet();
+    open();
     loop.exec();
-    delete held.data();
     return result;
 }
 
 template <typename Sheet>
-int execOnce(Sheet *sheet, const std::function<void(VemoSheet *)> &beforeShow)
+int runSheet(Sheet *made, Opening opening, Scene &scene, const BeforeShow &beforeShow)
 {
-    const QPointer<Sheet> held = sheet;
+    const QPointer<Sheet> sheet = made;
+    if (opening == Opening::Exec || opening == Opening::Show)
+        VemoMask::createMask(made, scene.window, kShade);
     if (beforeShow)
-        beforeShow(sheet);
-    return held ? held->execAndDelete() : 0;
-}
-
-template <typename Sheet>
-int openOnce(Sheet *sheet, const std::function<void(VemoSheet *)> &beforeShow)
-{
-    const QPointer<Sheet> held = sheet;
-    if (beforeShow)
-        beforeShow(sheet);
-    if (!held)
+        beforeShow(made);
+    if (!sheet)
         return 0;
-    QEventLoop loop;
+    if (opening == Opening::ExecAndDelete)
+        return sheet->execAndDelete();
     int result = 0;
-    QObject::connect(sheet, &VemoSheet::finished, &loop, [&](int ret) { result = ret; });
-    QObject::connect(sheet, &QObject::destroyed, &loop, &QEventLoop::quit);
-    held->open();
-    loop.exec();
-    delete held.data(); // It is still open if the application quits.
-    return result;
-}
-
-QHash<QString, Run> runs()
-{
-    const auto message = [](Scene &scene) {
-        return new VemoMessageSheet(VemoMessageSheet::Confirm, "text", scene.panel);
-    };
-    const QString busy = ":/vemo/theme/images/busy.gif";
-    return {
-        {"message sheet", [=](Scene &s, const auto &b) { return execHeld(message(s), s, b); }},
-        {"message sheet shown",
-            [=](Scene &s, const auto &b) { return showHeld(message(s), s, b); }},
-        {"message sheet once", [=](Scene &s, const auto &b) { return execOnce(message(s), b); }},
-        {"message sheet opened", [=](Scene &s, const auto &b) { return openOnce(message(s), b); }},
-        {"input sheet once",
-            [](Scene &s, const auto &b) {
-                return execOnce(new VemoInputSheet("name", s.panel), b);
-            }},
-        {"input sheet opened",
-            [](Scene &s, const auto &b) {
-                return openOnce(new VemoInputSheet("name", s.panel), b);
-            }},
-        {"busy sheet",
-            [=](Scene &s, const auto &b) {
-                auto *sheet = new VemoMessageSheet("busy", busy, s.panel);
-                const QPointer<QMovie> movie = sheet->movie();
-                const int result = execHeld(sheet, s, b);
-                delete movie.data();
-                return result;
-            }},
-        {"input sheet",
-            [](Scene &s, const auto &b) {
-                return execHeld(new VemoInputSheet("name", s.panel), s, b);
-            }},
-        {"input sheet shown",
-            [](Scene &s, const auto &b) {
-                return showHeld(new VemoInputSheet("name", s.panel), s, b);
-            }},
-        {"showConfirmMsg",
-            [](Scene &s, const auto &) { return showConfirmMsg("t", "text", s.panel); }},
-        {"showConfirmMsgCustomBtn",
-            [](Scene &s, const auto &) {
-                return showConfirmMsgCustomBtn("t", "text", {"Yes", "No"}, s.panel);
-            }},
-        {"showInfoMsg",
-            [](Scene &s, const auto &) { return showInfoMsg("t", "text", s.panel), 0; }},
-        {"showUpgradingMsg",
-            [](Scene &s, const auto &) { return showUpgradingMsg("t", "text", s.panel), 0; }},
-        {"showWarningMsg",
-            [](Scene &s, const auto &) { return showWarningMsg("t", "text", s.panel), 0; }},
-        {"showWarningMsg with more",
-            [](Scene &s, const auto &) { return showWarningMsg("t", "text", "more", s.panel), 0; }},
-    };
-}
-
-bool isShortcut(const QString &run)
-{
-    return run.startsWith("show");
-}
-
-bool hasButtons(const QString &run)
-{
-    return run != "busy sheet";
-}
-
-/// Whether the function returns a result.
-bool tellsResult(const QString &run)
-{
-    return !isShortcut(run) || run.startsWith("showConfirm");
-}
-
-void destroy(const QString &victim, const QString &manner, Scene &scene, VemoSheet *sheet)
-{
-    QObject *object = victim == "window" ? scene.window.data()
-        : victim == "parent"             ? scene.panel.data()
-        : victim == "mask"               ? sheet->parentWidget()
-                                         : sheet;
-    if (manner == "delete")
-        delete object;
+    if (opening == Opening::Exec)
+        result = sheet->exec();
+    else if (opening == Opening::Show)
+        result = waitFor(made, false, [=] { made->showSheet(); });
     else
-        object->deleteLater();
+        result = waitFor(made, true, [=] { made->open(); });
+    delete sheet.data(); // Also open()ed ones, which are still open if the application quits.
+    return result;
+}
+
+VemoMessageSheet *newMessage(const Scene &scene)
+{
+    return new VemoMessageSheet(VemoMessageSheet::Confirm, "text", scene.panel);
+}
+
+VemoInputSheet *newInput(const Scene &scene)
+{
+    return new VemoInputSheet("name", scene.panel);
+}
+
+int runBusySheet(Scene &scene, const BeforeShow &beforeShow)
+{
+    auto *sheet = new VemoMessageSheet("busy", ":/vemo/theme/images/busy.gif", scene.panel);
+    const QPointer<QMovie> movie = sheet->movie();
+    const int result = runSheet(sheet, Opening::Exec, scene, beforeShow);
+    delete movie.data();
+    return result;
+}
+
+QVector<Way> sheetWays()
+{
+    QVector<Way> ways;
+    const auto add = [&](const QString &suffix, Opening opening) {
+        Way message {"message sheet" + suffix, [=](Scene &scene, const BeforeShow &beforeShow) {
+                         return runSheet(newMessage(scene), opening, scene, beforeShow);
+                     }};
+        Way input {"input sheet" + suffix, [=](Scene &scene, const BeforeShow &beforeShow) {
+                       return runSheet(newInput(scene), opening, scene, beforeShow);
+                   }};
+        const bool hasExec = opening == Opening::Exec || opening == Opening::ExecAndDelete;
+        message.hasExec = input.hasExec = hasExec;
+        ways << message << input;
+    };
+    add("", Opening::Exec);
+    add(" shown", Opening::Show);
+    add(" once", Opening::ExecAndDelete);
+    add(" opened", Opening::OpenAndDelete);
+    Way busy {"busy sheet", runBusySheet};
+    busy.hasExec = true;
+    busy.hasButtons = false;
+    return ways << busy;
+}
+
+QVector<Way> shortcutWays()
+{
+    using Shortcut = std::function<int(QWidget *)>;
+    QVector<Way> ways;
+    const auto add = [&](const char *name, bool hasResult, const Shortcut &shortcut) {
+        ways += {name, [=](Scene &scene, const BeforeShow &) { return shortcut(scene.panel); },
+            hasResult, true};
+    };
+    add("showConfirmMsg", true, [](QWidget *w) { return showConfirmMsg("t", "text", w); });
+    add("showConfirmMsgCustomBtn", true, [](QWidget *w) {
+        return showConfirmMsgCustomBtn("t", "text", {"Yes", "No"}, w);
+    });
+    add("showInfoMsg", false, [](QWidget *w) { return showInfoMsg("t", "text", w), 0; });
+    add("showUpgradingMsg", false, [](QWidget *w) { return showUpgradingMsg("t", "text", w), 0; });
+    add("showWarningMsg", false, [](QWidget *w) { return showWarningMsg("t", "text", w), 0; });
+    add("showWarningMsg with more", false,
+        [](QWidget *w) { return showWarningMsg("t", "text", "more", w), 0; });
+    return ways;
 }
 
 QAbstractButton *yesButton(const QWidget *sheet)
@@ -205,211 +180,265 @@ void quit(VemoSheet *sheet)
     QMetaObject::invokeMethod(sheet, "quit");
 }
 
-/// The outcome of the events of a case.
-struct Outcome
+void done(VemoSheet *sheet, int code)
 {
-    int expected = 0; ///< the result
-    bool hasActed = false;
+    QMetaObject::invokeMethod(sheet, "done", Q_ARG(int, code));
+}
+
+int execOf(VemoSheet *sheet)
+{
+    if (auto *message = qobject_cast<VemoMessageSheet *>(sheet))
+        return message->exec();
+    return qobject_cast<VemoInputSheet *>(sheet)->exec();
+}
+
+/// What happens while a sheet is shown; returns the result that the sheet must have.
+struct Event
+{
+    QString name;
+    std::function<int(Scene &scene, VemoSheet *sheet)> act;
 };
 
-/// A named event while the sheet is shown.
-using Act = std::function<void(Scene &scene, VemoSheet *sheet, Outcome &outcome)>;
-
-QHash<QString, Act> acts()
+QVector<Event> endings()
 {
-    const auto done = [](VemoSheet *sheet, int code) {
-        QMetaObject::invokeMethod(sheet, "done", Q_ARG(int, code));
-    };
     return {
-        {"application quits", [](Scene &, VemoSheet *, Outcome &) { QCoreApplication::quit(); }},
+        {"application quits", [](Scene &, VemoSheet *) { return QCoreApplication::quit(), 0; }},
         {"application exits with a code",
-            [](Scene &, VemoSheet *, Outcome &) { QCoreApplication::exit(5); }},
+            [](Scene &, VemoSheet *) { return QCoreApplication::exit(5), 0; }},
         {"last window closed",
-            [](Scene &scene, VemoSheet *sheet, Outcome &) {
-                scene.window->close();
-                quit(sheet);
-            }},
+            [](Scene &scene, VemoSheet *sheet) { return scene.window->close(), quit(sheet), 0; }},
         {"window hidden",
-            [](Scene &scene, VemoSheet *sheet, Outcome &) {
-                scene.window->hide();
-                quit(sheet);
-            }},
-        {"done twice",
-            [=](Scene &, VemoSheet *sheet, Outcome &outcome) {
-                done(sheet, 5);
-                done(sheet, 6);
-                outcome.expected = 6;
-            }},
+            [](Scene &scene, VemoSheet *sheet) { return scene.window->hide(), quit(sheet), 0; }},
+        {"done twice", [](Scene &, VemoSheet *sheet) { return done(sheet, 5), done(sheet, 6), 6; }},
         {"done in finished",
-            [=](Scene &, VemoSheet *sheet, Outcome &outcome) {
+            [](Scene &, VemoSheet *sheet) {
                 QObject::connect(sheet, &VemoSheet::finished, [=] { done(sheet, 9); });
-                done(sheet, 5);
-                outcome.expected = 5;
+                return done(sheet, 5), 5;
             }},
-        {"quit twice",
-            [](Scene &, VemoSheet *sheet, Outcome &) {
-                quit(sheet);
-                quit(sheet);
-            }},
-        {"closed itself",
-            [](Scene &, VemoSheet *sheet, Outcome &) {
-                sheet->close();
-                quit(sheet);
-            }},
+        {"quit twice", [](Scene &, VemoSheet *sheet) { return quit(sheet), quit(sheet), 0; }},
+        {"closed itself", [](Scene &, VemoSheet *sheet) { return sheet->close(), quit(sheet), 0; }},
+    };
+}
+
+QVector<Event> changes()
+{
+    return {
         {"parts deleted",
-            [](Scene &, VemoSheet *sheet, Outcome &) {
+            [](Scene &, VemoSheet *sheet) {
                 qDeleteAll(sheet->findChildren<QAbstractButton *>());
-                quit(sheet);
+                return quit(sheet), 0;
             }},
         {"movie deleted",
-            [](Scene &, VemoSheet *sheet, Outcome &) {
+            [](Scene &, VemoSheet *sheet) {
                 for (const QLabel *label : sheet->findChildren<QLabel *>())
                     delete label->movie();
                 if (auto *message = qobject_cast<VemoMessageSheet *>(sheet))
                     message->setText("still busy");
-                quit(sheet);
+                return quit(sheet), 0;
             }},
         {"moved to another window",
-            [](Scene &scene, VemoSheet *sheet, Outcome &) {
+            [](Scene &scene, VemoSheet *sheet) {
                 sheet->setParent(nullptr);
                 sheet->show();
                 quit(sheet);
-                sheet->setParent(scene.window);
-            }},
-        {"another on top, closed first",
-            [](Scene &scene, VemoSheet *sheet, Outcome &) {
-                QTimer::singleShot(0, [&scene] { quit(sheetOver(scene.window)); });
-                showInfoMsg("t", "on top", scene.window);
-                quit(sheet);
-            }},
-        {"another on top, closed last",
-            [](Scene &scene, VemoSheet *sheet, Outcome &) {
-                QTimer::singleShot(0, [&scene, sheet] {
-                    quit(sheet);
-                    quit(sheetOver(scene.window));
-                });
-                showInfoMsg("t", "on top", scene.window);
-            }},
-        {"another on top, window deleted",
-            [](Scene &scene, VemoSheet *, Outcome &) {
-                QTimer::singleShot(0, [&scene] { delete scene.window; });
-                showInfoMsg("t", "on top", scene.window);
-            }},
-        {"another on top, lower one deleted",
-            [](Scene &scene, VemoSheet *sheet, Outcome &) {
-                QTimer::singleShot(0, [&scene, sheet] {
-                    delete sheet;
-                    quit(sheetOver(scene.window));
-                });
-                showInfoMsg("t", "on top", scene.window);
+                return sheet->setParent(scene.window), 0;
             }},
     };
 }
 
-/// Acts that require exec() of the sheet itself.
-QHash<QString, Act> execActs()
+/// Shows another message on top, while which act is called.
+int withAnotherOnTop(Scene &scene, const std::function<void()> &act)
 {
-    const auto execOf = [](VemoSheet *sheet) {
-        if (auto *message = qobject_cast<VemoMessageSheet *>(sheet))
-            return message->exec();
-        return qobject_cast<VemoInputSheet *>(sheet)->exec();
+    QTimer::singleShot(0, act);
+    showInfoMsg("t", "on top", scene.window);
+    return 0;
+}
+
+QVector<Event> stackings()
+{
+    return {
+        {"another on top, closed first",
+            [](Scene &scene, VemoSheet *sheet) {
+                withAnotherOnTop(scene, [&] { quit(sheetOver(scene.window)); });
+                return quit(sheet), 0;
+            }},
+        {"another on top, closed last",
+            [](Scene &scene, VemoSheet *sheet) {
+                return withAnotherOnTop(
+                    scene, [&, sheet] { quit(sheet), quit(sheetOver(scene.window)); });
+            }},
+        {"another on top, window deleted",
+            [](Scene &scene, VemoSheet *) {
+                return withAnotherOnTop(scene, [&] { delete scene.window; });
+            }},
+        {"another on top, lower one deleted",
+            [](Scene &scene, VemoSheet *sheet) {
+                return withAnotherOnTop(scene, [&, sheet] {
+                    delete sheet;
+                    quit(sheetOver(scene.window));
+                });
+            }},
     };
+}
+
+/// Events that require exec() of the sheet itself.
+QVector<Event> execEvents()
+{
     return {
         {"exec entered again",
-            [=](Scene &, VemoSheet *sheet, Outcome &outcome) {
+            [](Scene &, VemoSheet *sheet) {
                 QTimer::singleShot(0, sheet, [sheet] { quit(sheet); });
-                outcome.expected = execOf(sheet);
+                return execOf(sheet);
             }},
         {"exec entered again, then deleted",
-            [=](Scene &, VemoSheet *sheet, Outcome &outcome) {
+            [](Scene &, VemoSheet *sheet) {
                 QTimer::singleShot(0, sheet, [sheet] { delete sheet; });
-                outcome.expected = execOf(sheet);
+                return execOf(sheet);
             }},
         {"exec in finished",
-            [=](Scene &, VemoSheet *sheet, Outcome &outcome) {
+            [](Scene &, VemoSheet *sheet) {
                 QObject::connect(sheet, &VemoSheet::finished, sheet, [=](int ret) {
                     if (ret != 5)
                         return;
                     QTimer::singleShot(0, sheet, [sheet] { quit(sheet); });
                     execOf(sheet);
                 });
-                QMetaObject::invokeMethod(sheet, "done", Q_ARG(int, 5));
-                outcome.expected = 5;
+                return done(sheet, 5), 5;
             }},
         {"quits in exec entered again",
-            [=](Scene &, VemoSheet *sheet, Outcome &) {
+            [](Scene &, VemoSheet *sheet) {
                 QTimer::singleShot(0, sheet, [] { QCoreApplication::quit(); });
-                execOf(sheet);
+                return execOf(sheet), 0;
             }},
     };
 }
 
-QStringList deaths(const QString &run)
+/// What is deleted, and how.
+struct Death
 {
-    QStringList moments {"while shown"};
-    if (hasButtons(run))
-        moments << "with a focused button"
-                << "in pressed"
-                << "in clicked"
-                << "in finished";
-    if (!isShortcut(run))
-        moments << "before show";
-    QStringList names;
-    for (const QString &moment : qAsConst(moments)) {
-        for (const char *victim : {"sheet", "mask", "window", "parent"}) {
-            for (const char *manner : {"delete", "deleteLater"})
-                names += QStringList({run, moment, victim, manner}).join(" / ");
-        }
+    QString name;
+    std::function<QObject *(Scene &scene, VemoSheet *sheet)> victim;
+    bool isLater = false;
+    bool leavesTheSheet = false;
+
+    void strike(Scene &scene, VemoSheet *sheet) const
+    {
+        QObject *object = victim(scene, sheet);
+        if (isLater)
+            object->deleteLater();
+        else
+            delete object;
     }
-    return names;
+};
+
+QVector<Death> deaths()
+{
+    QVector<Death> all;
+    for (const bool isLater : {false, true}) {
+        const QString manner = isLater ? " / deleteLater" : " / delete";
+        all += {"sheet" + manner, [](Scene &, VemoSheet *s) { return s; }, isLater};
+        all += {"mask" + manner, [](Scene &, VemoSheet *s) { return s->parentWidget(); }, isLater};
+        all += {"window" + manner, [](Scene &s, VemoSheet *) { return s.window.data(); }, isLater};
+        all += {
+            "parent" + manner, [](Scene &s, VemoSheet *) { return s.panel.data(); }, isLater, true};
+    }
+    return all;
 }
 
-void arm(const QStringList &name, Scene &scene, VemoSheet *sheet, Outcome &outcome)
+/// Death in a slot of the button that confirms, or of finished(). In pressed() there is no answer
+/// yet, so only sheets that survive it return one.
+QVector<Event> deathsInSlots(const Death &death)
 {
-    const QString moment = name[1];
-    const auto die = [=, &scene] { destroy(name[2], name[3], scene, sheet); };
-    if (moment == "while shown") {
-        die();
-        return;
-    }
-    QAbstractButton *yes = yesButton(sheet);
-    if (moment == "with a focused button") {
-        QApplication::setActiveWindow(scene.window);
-        yes->setFocus();
-        die();
-        return;
-    }
-    // In pressed() there is no answer yet, so only sheets that survive it return one.
-    const bool isAnswered =
-        moment != "in pressed" || name[3] == "deleteLater" || name[2] == "parent";
-    outcome.expected = isAnswered ? codeOf(sheet) : 0;
-    if (moment == "in pressed")
-        QObject::connect(yes, &QAbstractButton::pressed, die);
-    else if (moment == "in clicked")
-        QObject::connect(yes, &QAbstractButton::clicked, die);
-    else
-        QObject::connect(sheet, &VemoSheet::finished, die);
-    yes->click();
+    const auto click = [](VemoSheet *sheet) {
+        const int code = codeOf(sheet);
+        yesButton(sheet)->click();
+        return code;
+    };
+    return {
+        {"in pressed / " + death.name,
+            [=](Scene &scene, VemoSheet *sheet) {
+                QObject::connect(yesButton(sheet), &QAbstractButton::pressed,
+                    [=, &scene] { death.strike(scene, sheet); });
+                const int code = click(sheet);
+                return death.isLater || death.leavesTheSheet ? code : 0;
+            }},
+        {"in clicked / " + death.name,
+            [=](Scene &scene, VemoSheet *sheet) {
+                QObject::connect(yesButton(sheet), &QAbstractButton::clicked,
+                    [=, &scene] { death.strike(scene, sheet); });
+                return click(sheet);
+            }},
+        {"in finished / " + death.name,
+            [=](Scene &scene, VemoSheet *sheet) {
+                QObject::connect(
+                    sheet, &VemoSheet::finished, [=, &scene] { death.strike(scene, sheet); });
+                return click(sheet);
+            }},
+        {"with a focused button / " + death.name,
+            [=](Scene &scene, VemoSheet *sheet) {
+                QApplication::setActiveWindow(scene.window);
+                yesButton(sheet)->setFocus();
+                return death.strike(scene, sheet), 0;
+            }},
+    };
 }
 
-void act(const QStringList &name, Scene &scene, Outcome &outcome)
+struct Case
+{
+    QString name;
+    Way way;
+    Event event;
+    std::function<void(Scene &scene, VemoSheet *sheet)> beforeShow;
+};
+
+QVector<Case> casesOf(const Way &way)
+{
+    QVector<Case> cases;
+    QVector<Event> events = endings() + changes() + stackings();
+    if (way.hasExec)
+        events += execEvents();
+    for (const Death &death : deaths()) {
+        events += {"while shown / " + death.name,
+            [=](Scene &scene, VemoSheet *sheet) { return death.strike(scene, sheet), 0; }};
+        if (way.hasButtons)
+            events += deathsInSlots(death);
+        if (!way.isShortcut)
+            cases += {way.name + " / before show / " + death.name, way, {},
+                [=](Scene &scene, VemoSheet *sheet) { death.strike(scene, sheet); }};
+    }
+    for (const Event &event : qAsConst(events))
+        cases += {way.name + " / " + event.name, way, event, {}};
+    return cases;
+}
+
+QVector<Case> allCases()
+{
+    QVector<Case> cases;
+    for (const Way &way : sheetWays() + shortcutWays())
+        cases += casesOf(way);
+    return cases;
+}
+
+/// The outcome of the event of a case.
+struct Outcome
+{
+    int expected = 0; ///< the result
+    bool hasActed = false;
+};
+
+void act(const Case &one, Scene &scene, Outcome &outcome)
 {
     const QPointer<VemoSheet> sheet = sheetOver(scene.window);
     if (!sheet)
         return;
     outcome.hasActed = true;
-    const auto end = [sheet] {
+    // Ends sheets that the event has not ended.
+    QTimer::singleShot(50, &scene.timers, [sheet] {
         if (sheet && sheet->isVisible())
             quit(sheet);
-    };
-    // Ends sheets that the act has not ended.
-    QTimer::singleShot(50, &scene.timers, end);
-    if (name[1] == "before show")
-        return;
-    if (name.size() == 4)
-        arm(name, scene, sheet, outcome);
-    else
-        (acts().contains(name[1]) ? acts() : execActs())[name[1]](scene, sheet, outcome);
+    });
+    if (one.event.act)
+        outcome.expected = one.event.act(scene, sheet);
 }
 
 QVector<bool> closeItemCalls;
@@ -435,31 +464,23 @@ QStringList wrongs(Scene &scene)
     return texts;
 }
 
-} // namespace
-
-QStringList lifetimeCases()
+/// Runs the case; returns the result of its sheet.
+int run(const Case &one, Scene &scene, Outcome &outcome)
 {
-    QStringList names;
-    QStringList all = runs().keys();
-    all.sort();
-    for (const QString &run : qAsConst(all)) {
-        names += deaths(run);
-        QStringList events = acts().keys();
-        if (!isShortcut(run) && !run.endsWith("shown") && !run.endsWith("opened"))
-            events += execActs().keys();
-        events.sort();
-        for (const QString &event : qAsConst(events))
-            names += run + " / " + event;
-    }
-    return names;
+    const SheetDriver driver([&] { act(one, scene, outcome); });
+    if (!one.beforeShow)
+        return one.way.run(scene, {});
+    outcome.hasActed = true;
+    QTimer::singleShot(50, &scene.timers, [&scene] {
+        if (scene.window && sheetOver(scene.window))
+            quit(sheetOver(scene.window));
+    });
+    return one.way.run(scene, [&](VemoSheet *sheet) { one.beforeShow(scene, sheet); });
 }
 
-namespace {
-
 /// What is wrong after the case.
-QStringList faultsOf(const QString &joined)
+QStringList faultsOf(const Case &one)
 {
-    const QStringList name = joined.split(" / ");
     RecordedMessages messages;
     messages.start();
     closeItemCalls.clear();
@@ -467,17 +488,7 @@ QStringList faultsOf(const QString &joined)
     Outcome outcome;
     int result = 0;
     QTimer::singleShot(0, &scene.timers, [&] {
-        const SheetDriver driver([&] { act(name, scene, outcome); });
-        std::function<void(VemoSheet *)> beforeShow;
-        if (name[1] == "before show") {
-            outcome.hasActed = true;
-            beforeShow = [&](VemoSheet *sheet) { destroy(name[2], name[3], scene, sheet); };
-            QTimer::singleShot(50, &scene.timers, [&] {
-                if (scene.window && sheetOver(scene.window))
-                    quit(sheetOver(scene.window));
-            });
-        }
-        result = runs()[name[0]](scene, beforeShow);
+        result = run(one, scene, outcome);
         QCoreApplication::quit();
     });
     QCoreApplication::exec();
@@ -487,22 +498,33 @@ QStringList faultsOf(const QString &joined)
     QStringList texts = wrongs(scene) + messages.take();
     if (!outcome.hasActed)
         texts += "Nothing happened.";
-    if (tellsResult(name[0]) && result != outcome.expected)
+    if (one.way.hasResult && result != outcome.expected)
         texts += QStringLiteral("Result %1, not %2.").arg(result).arg(outcome.expected);
     return texts;
 }
 
 } // namespace
 
+QStringList lifetimeCases()
+{
+    QStringList names;
+    for (const Case &one : allCases())
+        names += one.name;
+    return names;
+}
+
 int runLifetimeCases(const QString &names)
 {
     QApplication::setQuitOnLastWindowClosed(false);
     startDefaultTheme();
     exchangeCloseItemRoutine([](std::uintptr_t, bool isEnabled) { closeItemCalls += isEnabled; });
+    const QStringList wanted = names.split('\n');
     int result = 0;
-    for (const QString &name : names.split('\n')) {
-        for (const QString &fault : faultsOf(name)) {
-            QTextStream(stderr) << name << ": " << fault << '\n';
+    for (const Case &one : allCases()) {
+        if (!wanted.contains(one.name))
+            continue;
+        for (const QString &fault : faultsOf(one)) {
+            QTextStream(stderr) << one.name << ": " << fault << '\n';
             result = 1;
         }
     }

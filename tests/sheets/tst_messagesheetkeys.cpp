@@ -2,7 +2,7 @@
 // The effect of keys while a message sheet is open.
 #include <vemo/vemomessagesheet.h>
 
-#include "sheets/sheetdriver.h"
+#include "support/sheetdriver.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/messageshortcuts.h>
 
-#include "sheets/sheetdriver.h"
+#include "support/sheetdriver.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 

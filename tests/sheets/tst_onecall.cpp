@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // execAndDelete() and open(), which lay a mask, run a sheet, and delete both.
 #include "sheets/anysheet.h"
-#include "sheets/sheetdriver.h"
+#include "support/sheetdriver.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 

@@ -10,7 +10,6 @@ class SheetLifetimesTest : public VemoTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void tableIsLargeEnough();
     void endsWell_data();
     void endsWell();
 
@@ -20,12 +19,6 @@ private:
     const QStringList m_names = lifetimeCases();
     QMap<int, bool> m_batches; ///< whether the cases from an index on have ended well together
 };
-
-void SheetLifetimesTest::tableIsLargeEnough()
-{
-    QVERIFY(m_names.size() >= 200);
-    QCOMPARE(QSet<QString>(m_names.begin(), m_names.end()).size(), m_names.size());
-}
 
 void SheetLifetimesTest::endsWell_data()
 {

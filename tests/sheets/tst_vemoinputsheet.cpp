@@ -2,7 +2,7 @@
 #include <vemo/vemoinputsheet.h>
 
 #include "core/scaling_p.h"
-#include "sheets/sheetdriver.h"
+#include "support/sheetdriver.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -103,15 +103,11 @@ void VemoInputSheetTest::promptIsRichTextWithAScaledLineHeight_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("shown"); // %1: the scaled line height
-    QTest::newRow("plain") << "Name"
-                           << "<p style='line-height: %1px;'>Name</p>";
-    QTest::newRow("markup") << "<b>Name</b> & more"
-                            << "<p style='line-height: %1px;'><b>Name</b> & more</p>";
-    QTest::newRow("length") << "at most 8px wide"
-                            << "<p style='line-height: %1px;'>at most %2px wide</p>";
-    QTest::newRow("place marker") << "100 %1 of it"
-                                  << "<p style='line-height: %1px;'>100 %%1 of it</p>";
-    QTest::newRow("empty") << QString() << "<p style='line-height: %1px;'></p>";
+    addRow("plain", "Name", "<p style='line-height: %1px;'>Name</p>");
+    addRow("markup", "<b>Name</b> & more", "<p style='line-height: %1px;'><b>Name</b> & more</p>");
+    addRow("length", "at most 8px wide", "<p style='line-height: %1px;'>at most %2px wide</p>");
+    addRow("place marker", "100 %1 of it", "<p style='line-height: %1px;'>100 %%1 of it</p>");
+    addRow("empty", QString(), "<p style='line-height: %1px;'></p>");
 }
 
 void VemoInputSheetTest::promptIsRichTextWithAScaledLineHeight()

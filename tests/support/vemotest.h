@@ -25,6 +25,14 @@ protected Q_SLOTS:
 /// The colour of widget at a point in its own coordinates.
 QColor pixelAt(QWidget *widget, const QPoint &point);
 
+/// Adds a data row with a value for each column, on one line, which the layout of << would not
+/// keep.
+template <typename... Values> void addRow(const QByteArray &name, const Values &...values)
+{
+    QTestData &row = QTest::newRow(name.constData());
+    (row << ... << values);
+}
+
 /// Completes the test environment if the program was started manually.
 void setTestEnvironment();
 
