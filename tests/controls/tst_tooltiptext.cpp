@@ -20,31 +20,19 @@ void ToolTipTextTest::escapesAndKeepsLines_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("inside");
-    QTest::newRow("empty") << ""
-                           << "";
-    QTest::newRow("null") << QString() << "";
-    QTest::newRow("plain") << "a name.txt"
-                           << "a name.txt";
-    QTest::newRow("special characters") << "<b>&\"x\"</b>"
-                                        << "&lt;b&gt;&amp;&quot;x&quot;&lt;/b&gt;";
-    QTest::newRow("apostrophe stays") << "it's"
-                                      << "it's";
-    QTest::newRow("entity is escaped again") << "&lt;"
-                                             << "&amp;lt;";
-    QTest::newRow("one line break") << "a\nb"
-                                    << "a<br>b";
-    QTest::newRow("two line breaks") << "a\n\nb"
-                                     << "a<br><br>b";
-    QTest::newRow("line break at both ends") << "\na\n"
-                                             << "<br>a<br>";
-    QTest::newRow("written line break is text") << "<br>"
-                                                << "&lt;br&gt;";
-    QTest::newRow("carriage return stays") << "a\r\nb"
-                                           << "a\r<br>b";
-    QTest::newRow("runs of blanks") << "a   b\t c"
-                                    << "a   b\t c";
-    QTest::newRow("other scripts")
-        << QString::fromUtf8("Größe 文件") << QString::fromUtf8("Größe 文件");
+    addRow("empty", "", "");
+    addRow("null", QString(), "");
+    addRow("plain", "a name.txt", "a name.txt");
+    addRow("special characters", "<b>&\"x\"</b>", "&lt;b&gt;&amp;&quot;x&quot;&lt;/b&gt;");
+    addRow("apostrophe stays", "it's", "it's");
+    addRow("entity is escaped again", "&lt;", "&amp;lt;");
+    addRow("one line break", "a\nb", "a<br>b");
+    addRow("two line breaks", "a\n\nb", "a<br><br>b");
+    addRow("line break at both ends", "\na\n", "<br>a<br>");
+    addRow("written line break is text", "<br>", "&lt;br&gt;");
+    addRow("carriage return stays", "a\r\nb", "a\r<br>b");
+    addRow("runs of blanks", "a   b\t c", "a   b\t c");
+    addRow("other scripts", QString::fromUtf8("Größe 文件"), QString::fromUtf8("Größe 文件"));
 }
 
 void ToolTipTextTest::escapesAndKeepsLines()
