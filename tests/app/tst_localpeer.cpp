@@ -49,17 +49,12 @@ void LocalPeerTest::namesItsSocketAfterTheId_data()
     QTest::addColumn<QString>("id");
     QTest::addColumn<QString>("name");
     // The row "check value" identifies the checksum: CRC-16/X-25.
-    QTest::newRow("letters") << "vemo"
-                             << "qtsingleapp-vemo-CRC-UID";
-    QTest::newRow("cut to six") << "LongerThanSix"
-                                << "qtsingleapp-Longer-CRC-UID";
-    QTest::newRow("slashes") << "/opt/vemo/bin/App"
-                             << "qtsingleapp-optvem-CRC-UID";
-    QTest::newRow("no letter") << "123-456"
-                               << "qtsingleapp--CRC-UID";
-    QTest::newRow("other letters") << QString::fromUtf8("Größe大V2") << "qtsingleapp-GreV-CRC-UID";
-    QTest::newRow("check value") << "123456789"
-                                 << "qtsingleapp--906e-UID";
+    addRow("letters", "vemo", "qtsingleapp-vemo-CRC-UID");
+    addRow("cut to six", "LongerThanSix", "qtsingleapp-Longer-CRC-UID");
+    addRow("slashes", "/opt/vemo/bin/App", "qtsingleapp-optvem-CRC-UID");
+    addRow("no letter", "123-456", "qtsingleapp--CRC-UID");
+    addRow("other letters", QString::fromUtf8("Größe大V2"), "qtsingleapp-GreV-CRC-UID");
+    addRow("check value", "123456789", "qtsingleapp--906e-UID");
 }
 
 void LocalPeerTest::namesItsSocketAfterTheId()

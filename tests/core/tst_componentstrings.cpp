@@ -31,14 +31,12 @@ void ComponentStringsTest::anUnknownKeyYieldsItselfAndAWarning_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("warning");
-    QTest::newRow("plain") << "no.such.key"
-                           << "Cannot find key in ComponentStrings \"no.such.key\"";
-    QTest::newRow("empty") << ""
-                           << "Cannot find key in ComponentStrings \"\"";
-    QTest::newRow("Chinese") << QString::fromUtf8("确定")
-                             << QString::fromUtf8("Cannot find key in ComponentStrings \"确定\"");
-    QTest::newRow("a lone surrogate")
-        << QString(QChar(0xdc00)) << "Cannot find key in ComponentStrings \"\\uDC00\"";
+    addRow("plain", "no.such.key", "Cannot find key in ComponentStrings \"no.such.key\"");
+    addRow("empty", "", "Cannot find key in ComponentStrings \"\"");
+    addRow("Chinese", QString::fromUtf8("确定"),
+        QString::fromUtf8("Cannot find key in ComponentStrings \"确定\""));
+    addRow("a lone surrogate", QString(QChar(0xdc00)),
+        "Cannot find key in ComponentStrings \"\\uDC00\"");
 }
 
 void ComponentStringsTest::anUnknownKeyYieldsItselfAndAWarning()

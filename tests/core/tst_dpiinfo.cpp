@@ -156,16 +156,11 @@ void DPIinfoTest::numbersBeyondAnIntEndAtTheHighestOne_data()
 {
     QTest::addColumn<QString>("sheet");
     QTest::addColumn<QString>("first");
-    QTest::newRow("eleven nines") << QString(11, '9') + "px"
-                                  << "2147483647px";
-    QTest::newRow("sixteen nines") << QString(16, '9') + "px"
-                                   << "2147483647px";
-    QTest::newRow("beyond any double") << QString(400, '9') + "px"
-                                       << "2147483647px";
-    QTest::newRow("after many zeros") << QString(400, '0') + QString(12, '9') + "px"
-                                      << "2147483647px";
-    QTest::newRow("only zeros") << QString(400, '0') + "px"
-                                << "0px";
+    addRow("eleven nines", QString(11, '9') + "px", "2147483647px");
+    addRow("sixteen nines", QString(16, '9') + "px", "2147483647px");
+    addRow("beyond any double", QString(400, '9') + "px", "2147483647px");
+    addRow("after many zeros", QString(400, '0') + QString(12, '9') + "px", "2147483647px");
+    addRow("only zeros", QString(400, '0') + "px", "0px");
 }
 
 void DPIinfoTest::numbersBeyondAnIntEndAtTheHighestOne()

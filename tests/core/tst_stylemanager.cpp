@@ -99,15 +99,12 @@ void StyleManagerTest::anUnknownKeyYieldsAnEmptySheetAndOneWarningACall_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("warning");
-    QTest::newRow("plain") << "no.such.key"
-                           << "Cannot find stylesheet \"no.such.key\"";
-    QTest::newRow("empty") << ""
-                           << "Cannot find stylesheet \"\"";
-    QTest::newRow("Arabic") << QString::fromUtf8("مفتاح")
-                            << QString::fromUtf8("Cannot find stylesheet \"مفتاح\"");
-    QTest::newRow("a lone surrogate")
-        << QString(QChar(0xd8ff)) << "Cannot find stylesheet \"\\uD8FF\"";
-    QTest::newRow("NUL") << QString(QChar(0)) << "Cannot find stylesheet \"\\u0000\"";
+    addRow("plain", "no.such.key", "Cannot find stylesheet \"no.such.key\"");
+    addRow("empty", "", "Cannot find stylesheet \"\"");
+    addRow("Arabic", QString::fromUtf8("مفتاح"),
+        QString::fromUtf8("Cannot find stylesheet \"مفتاح\""));
+    addRow("a lone surrogate", QString(QChar(0xd8ff)), "Cannot find stylesheet \"\\uD8FF\"");
+    addRow("NUL", QString(QChar(0)), "Cannot find stylesheet \"\\u0000\"");
 }
 
 void StyleManagerTest::anUnknownKeyYieldsAnEmptySheetAndOneWarningACall()
@@ -182,13 +179,11 @@ void StyleManagerTest::placeholdersBecomeTheFolders_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("result");
-    QTest::newRow("picture") << QByteArray("url(IMG_LOC/a.png)") << "url(%1/a.png)";
-    QTest::newRow("temporary") << QByteArray("url(TMPIMG_LOC/a.png)") << "url(%2/a.png)";
-    QTest::newRow("both, twice") << QByteArray("IMG_LOC TMPIMG_LOC IMG_LOC TMPIMG_LOC")
-                                 << "%1 %2 %1 %2";
-    QTest::newRow("inside a word") << QByteArray("xTMPIMG_LOCxIMG_LOCx") << "x%2x%1x";
-    QTest::newRow("case counts") << QByteArray("img_loc Img_Loc TmpIMG_LOC")
-                                 << "img_loc Img_Loc Tmp%1";
+    addRow("picture", QByteArray("url(IMG_LOC/a.png)"), "url(%1/a.png)");
+    addRow("temporary", QByteArray("url(TMPIMG_LOC/a.png)"), "url(%2/a.png)");
+    addRow("both, twice", QByteArray("IMG_LOC TMPIMG_LOC IMG_LOC TMPIMG_LOC"), "%1 %2 %1 %2");
+    addRow("inside a word", QByteArray("xTMPIMG_LOCxIMG_LOCx"), "x%2x%1x");
+    addRow("case counts", QByteArray("img_loc Img_Loc TmpIMG_LOC"), "img_loc Img_Loc Tmp%1");
 }
 
 void StyleManagerTest::placeholdersBecomeTheFolders()

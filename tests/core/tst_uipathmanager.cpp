@@ -33,15 +33,12 @@ void UIPathManagerTest::anUnknownKeyYieldsAnEmptyPathAndAWarning_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("warning");
-    QTest::newRow("one that the library reads") << "resource_path"
-                                                << "Cannot find path by key \"resource_path\"";
-    QTest::newRow("empty") << ""
-                           << "Cannot find path by key \"\"";
-    QTest::newRow("quotes and a line break") << "a\"b\nc"
-                                             << "Cannot find path by key \"a\\\"b\\nc\"";
-    QTest::newRow("a lone surrogate")
-        << QString(QChar(0xd800)) << "Cannot find path by key \"\\uD800\"";
-    QTest::newRow("NUL") << QString(QChar(0)) << "Cannot find path by key \"\\u0000\"";
+    addRow(
+        "one that the library reads", "resource_path", "Cannot find path by key \"resource_path\"");
+    addRow("empty", "", "Cannot find path by key \"\"");
+    addRow("quotes and a line break", "a\"b\nc", "Cannot find path by key \"a\\\"b\\nc\"");
+    addRow("a lone surrogate", QString(QChar(0xd800)), "Cannot find path by key \"\\uD800\"");
+    addRow("NUL", QString(QChar(0)), "Cannot find path by key \"\\u0000\"");
 }
 
 void UIPathManagerTest::anUnknownKeyYieldsAnEmptyPathAndAWarning()

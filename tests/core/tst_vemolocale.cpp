@@ -128,10 +128,8 @@ void VemoLocaleTest::aRegisteredRuleLanguageHasNoEffect_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("code");
-    QTest::newRow("Portuguese") << "pt"
-                                << "ptg";
-    QTest::newRow("Chinese") << "zh"
-                             << "chs";
+    addRow("Portuguese", "pt", "ptg");
+    addRow("Chinese", "zh", "chs");
 }
 
 void VemoLocaleTest::aRegisteredRuleLanguageHasNoEffect()

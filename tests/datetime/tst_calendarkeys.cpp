@@ -170,14 +170,13 @@ void CalendarKeysTest::tabWithControlWalksOnFromWatchedParts_data()
     const QString grid("qt_calendar_calendarview");
     const QString year("qt_calendar_yearbutton");
     const QString today("qt_calendar_today_button");
-    QTest::newRow("year") << year << grid << "qt_calendar_monthbutton";
-    QTest::newRow("year field") << "qt_calendar_yearedit" << grid
-                                << "qt_calendar_monthbutton"; // Qt hides the button
-    QTest::newRow("grid") << grid << today << year;
-    QTest::newRow("today") << today << QString() << grid;
-    QTest::newRow("previous month") << "qt_calendar_prevmonth"
-                                    << "qt_calendar_prevmonth"
-                                    << "qt_calendar_prevmonth";
+    addRow("year", year, grid, "qt_calendar_monthbutton");
+    addRow("year field", "qt_calendar_yearedit", grid,
+        "qt_calendar_monthbutton"); // Qt hides the button
+    addRow("grid", grid, today, year);
+    addRow("today", today, QString(), grid);
+    addRow("previous month", "qt_calendar_prevmonth", "qt_calendar_prevmonth",
+        "qt_calendar_prevmonth");
 }
 
 void CalendarKeysTest::tabWithControlWalksOnFromWatchedParts()

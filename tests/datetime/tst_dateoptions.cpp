@@ -101,11 +101,11 @@ void DateOptionsTest::formatIsThatOfTheLocale_data()
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("text");
     const QLocale german(QLocale::German, QLocale::Germany);
-    QTest::newRow("none") << german << QString() << "2024-03-07";
-    QTest::newRow("short") << german << german.dateFormat(QLocale::ShortFormat) << "07.03.24";
-    QTest::newRow("with a name") << german << "d. MMMM yyyy" << QString::fromUtf8("7. März 2024");
-    QTest::newRow("English") << QLocale(QLocale::English, QLocale::UnitedStates) << "MMM d, yyyy"
-                             << "Mar 7, 2024";
+    addRow("none", german, QString(), "2024-03-07");
+    addRow("short", german, german.dateFormat(QLocale::ShortFormat), "07.03.24");
+    addRow("with a name", german, "d. MMMM yyyy", QString::fromUtf8("7. März 2024"));
+    addRow(
+        "English", QLocale(QLocale::English, QLocale::UnitedStates), "MMM d, yyyy", "Mar 7, 2024");
 }
 
 void DateOptionsTest::formatIsThatOfTheLocale()

@@ -147,24 +147,13 @@ void TimeCompletionTest::typesLikeAUser_data()
     QTest::addColumn<QString>("accepted");
     QTest::addColumn<QString>("result");
     for (const char *end : {"Return", "Enter", "Tab"}) {
-        QTest::addRow("2, %s", end) << "2"
-                                    << "2"
-                                    << "02:00";
-        QTest::addRow("24 is refused, %s", end) << "24"
-                                                << "2"
-                                                << "02:00";
-        QTest::addRow("14:3, %s", end) << "14:3"
-                                       << "14:3"
-                                       << "14:03";
-        QTest::addRow("7:45, %s", end) << "7:45"
-                                       << "7:45"
-                                       << "07:45";
-        QTest::addRow("letters are refused, %s", end) << "1a2:b5:"
-                                                      << "12:5"
-                                                      << "12:05";
-        QTest::addRow("a second colon is refused, %s", end) << "9:3:0"
-                                                            << "9:30"
-                                                            << "09:30";
+        const QByteArray suffix = QByteArray(", ") + end;
+        addRow("2" + suffix, "2", "2", "02:00");
+        addRow("24 is refused" + suffix, "24", "2", "02:00");
+        addRow("14:3" + suffix, "14:3", "14:3", "14:03");
+        addRow("7:45" + suffix, "7:45", "7:45", "07:45");
+        addRow("letters are refused" + suffix, "1a2:b5:", "12:5", "12:05");
+        addRow("a second colon is refused" + suffix, "9:3:0", "9:30", "09:30");
     }
 }
 
@@ -251,11 +240,9 @@ void TimeCompletionTest::returnsToTheDefaultWhenEmptied_data()
 {
     QTest::addColumn<QString>("time");
     QTest::addColumn<QString>("result");
-    QTest::newRow("an item") << "08:30"
-                             << "08:30";
-    QTest::newRow("a time of its own") << "08:15"
-                                       << "08:15";
-    QTest::newRow("nothing set: the custom row") << QString() << "";
+    addRow("an item", "08:30", "08:30");
+    addRow("a time of its own", "08:15", "08:15");
+    addRow("nothing set: the custom row", QString(), "");
 }
 
 void TimeCompletionTest::returnsToTheDefaultWhenEmptied()

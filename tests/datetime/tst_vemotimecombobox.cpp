@@ -191,16 +191,10 @@ void VemoTimeComboBoxTest::remembersADefault_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("afterwards");
     QTest::addColumn<QString>("customText");
-    QTest::newRow("plain, an item") << false << "01:00"
-                                    << "01:00" << QString();
-    QTest::newRow("plain, unknown") << false << "01:10"
-                                    << "00:00" << QString();
-    QTest::newRow("an item") << true << "01:00"
-                             << "01:00"
-                             << "";
-    QTest::newRow("unknown") << true << "1:10"
-                             << "1:10 (own)"
-                             << "1:10 (own)";
+    addRow("plain, an item", false, "01:00", "01:00", QString());
+    addRow("plain, unknown", false, "01:10", "00:00", QString());
+    addRow("an item", true, "01:00", "01:00", "");
+    addRow("unknown", true, "1:10", "1:10 (own)", "1:10 (own)");
 }
 
 void VemoTimeComboBoxTest::remembersADefault()

@@ -17,7 +17,7 @@ private Q_SLOTS:
 void DocSnippetsTest::runsWithoutAWarning_data()
 {
     QTest::addColumn<int>("index");
-    QVERIFY(docSnippets.size() >= 25);
+    QVERIFY(docSnippets.size() > 0);
     for (size_t i = 0; i < docSnippets.size(); ++i)
         QTest::newRow(docSnippets[i].name) << int(i);
 }

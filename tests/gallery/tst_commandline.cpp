@@ -109,16 +109,16 @@ void CommandLineTest::mistakeIsNamed_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("error");
-    QTest::newRow("unknown option") << QStringList("--bogus") << "Unknown option 'bogus'.";
-    QTest::newRow("argument") << QStringList("bogus") << "Unexpected argument \"bogus\".";
-    QTest::newRow("lazy and preload")
-        << QStringList {"--lazy", "--preload"} << "Choose one of --lazy and --preload.";
-    QTest::newRow("unknown language")
-        << QStringList {"--language", "xyz"} << "Unknown language \"xyz\"; there are: ara chs cht ";
-    QTest::newRow("unknown look") << QStringList {"--theme", "pink"}
-                                  << "Unknown look \"pink\"; there are: light dark system.";
-    QTest::newRow("unknown page") << QStringList {"--page", "No"}
-                                  << "Unknown page \"No\"; there are: Resources, Buttons";
+    addRow("unknown option", QStringList("--bogus"), "Unknown option 'bogus'.");
+    addRow("argument", QStringList("bogus"), "Unexpected argument \"bogus\".");
+    addRow("lazy and preload", QStringList {"--lazy", "--preload"},
+        "Choose one of --lazy and --preload.");
+    addRow("unknown language", QStringList {"--language", "xyz"},
+        "Unknown language \"xyz\"; there are: ara chs cht ");
+    addRow("unknown look", QStringList {"--theme", "pink"},
+        "Unknown look \"pink\"; there are: light dark system.");
+    addRow("unknown page", QStringList {"--page", "No"},
+        "Unknown page \"No\"; there are: Resources, Buttons");
     for (const char *option :
         {"screenshots", "language", "theme", "user-folder", "page", "style", "platform"}) {
         QTest::addRow("%s without a value", option) << QStringList(
@@ -139,7 +139,6 @@ void CommandLineTest::mistakeIsNamed()
 void CommandLineTest::listHasEveryPageOnItsLine()
 {
     QCOMPARE(read({"--list"}).answer, pageTitles().join('\n') + '\n');
-    QVERIFY(pageTitles().size() >= 2);
 }
 
 void CommandLineTest::helpNamesEveryOption()

@@ -193,18 +193,19 @@ void GalleryProgramTest::failureIsToldOnStandardError_data()
     QFile file(m_file);
     QVERIFY(file.open(QIODevice::WriteOnly));
     const QString impossible = m_file + "/folder";
-    QTest::newRow("unknown option") << QStringList("--bogus") << 2 << "Unknown option 'bogus'.";
-    QTest::newRow("both modes") << QStringList {"--lazy", "--preload"} << 2
-                                << "Choose one of --lazy and --preload.";
-    QTest::newRow("unknown page") << QStringList {"--page", "No"} << 2 << "Unknown page \"No\"";
-    QTest::newRow("user folder") << QStringList {"--user-folder", impossible} << 1
-                                 << QString("Cannot write to the folder \"%1\"").arg(impossible);
-    QTest::newRow("screenshot folder") << QStringList {"--screenshots", impossible, "--user-folder",
-        m_userFolder} << 1 << QString("Cannot make the folder \"%1\".").arg(impossible);
+    addRow("unknown option", QStringList("--bogus"), 2, "Unknown option 'bogus'.");
+    addRow("both modes", QStringList {"--lazy", "--preload"}, 2,
+        "Choose one of --lazy and --preload.");
+    addRow("unknown page", QStringList {"--page", "No"}, 2, "Unknown page \"No\"");
+    addRow("user folder", QStringList {"--user-folder", impossible}, 1,
+        QString("Cannot write to the folder \"%1\"").arg(impossible));
+    addRow("screenshot folder",
+        QStringList {"--screenshots", impossible, "--user-folder", m_userFolder}, 1,
+        QString("Cannot make the folder \"%1\".").arg(impossible));
     QVERIFY(QDir(m_folder.path()).mkpath("taken/resources.png"));
-    QTest::newRow("screenshot file")
-        << QStringList {"--screenshots", m_folder.filePath("taken"), "--user-folder", m_userFolder}
-        << 1 << QString("Cannot write the file \"%1").arg(m_folder.filePath("taken/resources.png"));
+    addRow("screenshot file",
+        QStringList {"--screenshots", m_folder.filePath("taken"), "--user-folder", m_userFolder}, 1,
+        QString("Cannot write the file \"%1").arg(m_folder.filePath("taken/resources.png")));
 }
 
 void GalleryProgramTest::failureIsToldOnStandardError()

@@ -310,11 +310,9 @@ void ModalRunTest::textsAreSpoken_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("spoken");
-    QTest::newRow("plain") << "Delete it? 1 < 2"
-                           << "Delete it? 1 < 2";
-    QTest::newRow("rich") << "<b>Delete</b> <a href='x:y'>it</a>?"
-                          << "Delete it?";
-    QTest::newRow("none") << QString() << QString();
+    addRow("plain", "Delete it? 1 < 2", "Delete it? 1 < 2");
+    addRow("rich", "<b>Delete</b> <a href='x:y'>it</a>?", "Delete it?");
+    addRow("none", QString(), QString());
 }
 
 void ModalRunTest::textsAreSpoken()
@@ -334,14 +332,11 @@ void ModalRunTest::promptIsSpokenAsItIsShown_data()
     QTest::addColumn<QString>("prompt");
     QTest::addColumn<QString>("spoken");
     const QString name = "A & B <draft>";
-    QTest::newRow("plain") << "New name"
-                           << "New name";
-    QTest::newRow("none") << QString() << QString();
-    QTest::newRow("escaped") << name.toHtmlEscaped() << name;
-    QTest::newRow("entity alone") << "A &amp; B"
-                                  << "A & B";
-    QTest::newRow("mark-up") << "<b>New</b> name"
-                             << "New name";
+    addRow("plain", "New name", "New name");
+    addRow("none", QString(), QString());
+    addRow("escaped", name.toHtmlEscaped(), name);
+    addRow("entity alone", "A &amp; B", "A & B");
+    addRow("mark-up", "<b>New</b> name", "New name");
 }
 
 void ModalRunTest::promptIsSpokenAsItIsShown()

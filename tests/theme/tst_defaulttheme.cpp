@@ -207,16 +207,11 @@ void DefaultThemeTest::aTextGetsColoursForTheirNames_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("empty") << ""
-                           << "";
-    QTest::newRow("no name") << "QLabel { color: red; }"
-                             << "QLabel { color: red; }";
-    QTest::newRow("one") << "a @ink@ b"
-                         << "a #1f2933 b";
-    QTest::newRow("some") << "@line@@accent-hover@;"
-                          << "#c8d2dc#0f57c2;";
-    QTest::newRow("no names") << "a@b, x@2x.png, @ ink @, @INK@"
-                              << "a@b, x@2x.png, @ ink @, @INK@";
+    addRow("empty", "", "");
+    addRow("no name", "QLabel { color: red; }", "QLabel { color: red; }");
+    addRow("one", "a @ink@ b", "a #1f2933 b");
+    addRow("some", "@line@@accent-hover@;", "#c8d2dc#0f57c2;");
+    addRow("no names", "a@b, x@2x.png, @ ink @, @INK@", "a@b, x@2x.png, @ ink @, @INK@");
 }
 
 void DefaultThemeTest::aTextGetsColoursForTheirNames()
@@ -282,10 +277,9 @@ void DefaultThemeTest::ownResourcesLieBesideTheTheme_data()
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("title");
     for (const auto mode : {ImageManager::PRELOAD, ImageManager::LAZY_LOAD}) {
-        QTest::addRow("German, mode %d", mode) << int(mode) << "deu"
-                                               << "Tee";
-        QTest::addRow("a language that it lacks, mode %d", mode) << int(mode) << "fra"
-                                                                 << "Tea";
+        const QByteArray suffix = ", mode " + QByteArray::number(mode);
+        addRow("German" + suffix, int(mode), "deu", "Tee");
+        addRow("a language that it lacks" + suffix, int(mode), "fra", "Tea");
     }
 }
 

@@ -266,36 +266,34 @@ void DrawPicturesTest::aFaultyDrawingIsRefused_data()
     QTest::addColumn<QString>("complaint");
 
     const QByteArray root = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 16 16\"";
-    QTest::newRow("empty") << QByteArray("") << "Premature end of document.";
-    QTest::newRow("no XML") << QByteArray("a picture") << "Start tag expected.";
-    QTest::newRow("cut off") << root + "><path\n"
-                             << "line 2: Premature end of document.";
-    QTest::newRow("other XML") << QByteArray("<picture/>") << "is no SVG drawing";
-    QTest::newRow("no size") << QByteArray("<svg xmlns=\"http://www.w3.org/2000/svg\"/>")
-                             << "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256";
-    QTest::newRow("too big") << QByteArray("<svg viewBox=\"0 0 16 257\"/>")
-                             << "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256";
-    QTest::newRow("unknown state") << square("@surface@", "data-states=\"hover glow\"")
-                                   << "unknown state \"glow\" in data-states";
-    QTest::newRow("left out of no state")
-        << root + " data-states=\"hover\"><path data-not=\"removed\" fill=\"@surface@\"/></svg>"
-        << "data-not=\"removed\" is none of data-states";
-    QTest::newRow("colour by name") << square("red") << "\"red\" is not a colour of the palette";
-    QTest::newRow("foreign colour")
-        << square("#123456") << "\"#123456\" is not a colour of the palette";
-    QTest::newRow("a colour itself")
-        << square("#1769E0") << "\"#1769E0\" is not a colour of the palette";
-    QTest::newRow("foreign name at the root")
-        << square("@surface@", "stroke=\"@glow@\"") << "\"@glow@\" is not a colour of the palette";
-    QTest::newRow("name without its end")
-        << square("@surface") << "\"@surface\" is not a colour of the palette";
-    QTest::newRow("no name") << square("@@") << "\"@@\" is not a colour of the palette";
-    QTest::newRow("broken path") << root + "><path fill=\"@surface@\" d=\"M bad 3\"/></svg>"
-                                 << "Invalid path data; path truncated.";
-    QTest::newRow("one frame") << square("@surface@", "data-turn=\"1\"")
-                               << "data-turn needs a number of frames above 1";
-    QTest::newRow("many colours in an animation") << square("@surface@",
-        "data-turn=\"4\" stroke=\"@soft-ink@\"") << "data-turn needs a drawing in one colour";
+    addRow("empty", QByteArray(""), "Premature end of document.");
+    addRow("no XML", QByteArray("a picture"), "Start tag expected.");
+    addRow("cut off", root + "><path\n", "line 2: Premature end of document.");
+    addRow("other XML", QByteArray("<picture/>"), "is no SVG drawing");
+    addRow("no size", QByteArray("<svg xmlns=\"http://www.w3.org/2000/svg\"/>"),
+        "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256");
+    addRow("too big", QByteArray("<svg viewBox=\"0 0 16 257\"/>"),
+        "needs viewBox=\"0 0 WIDTH HEIGHT\", whole pixels up to 256");
+    addRow("unknown state", square("@surface@", "data-states=\"hover glow\""),
+        "unknown state \"glow\" in data-states");
+    addRow("left out of no state",
+        root + " data-states=\"hover\"><path data-not=\"removed\" fill=\"@surface@\"/></svg>",
+        "data-not=\"removed\" is none of data-states");
+    addRow("colour by name", square("red"), "\"red\" is not a colour of the palette");
+    addRow("foreign colour", square("#123456"), "\"#123456\" is not a colour of the palette");
+    addRow("a colour itself", square("#1769E0"), "\"#1769E0\" is not a colour of the palette");
+    addRow("foreign name at the root", square("@surface@", "stroke=\"@glow@\""),
+        "\"@glow@\" is not a colour of the palette");
+    addRow(
+        "name without its end", square("@surface"), "\"@surface\" is not a colour of the palette");
+    addRow("no name", square("@@"), "\"@@\" is not a colour of the palette");
+    addRow("broken path", root + "><path fill=\"@surface@\" d=\"M bad 3\"/></svg>",
+        "Invalid path data; path truncated.");
+    addRow("one frame", square("@surface@", "data-turn=\"1\""),
+        "data-turn needs a number of frames above 1");
+    addRow("many colours in an animation",
+        square("@surface@", "data-turn=\"4\" stroke=\"@soft-ink@\""),
+        "data-turn needs a drawing in one colour");
 }
 
 void DrawPicturesTest::aFaultyDrawingIsRefused()

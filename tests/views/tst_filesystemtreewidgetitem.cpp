@@ -155,50 +155,17 @@ void FileSystemTreeWidgetItemTest::putsHomeBehindNothing_data()
     QTest::addColumn<QString>("otherText");
     QTest::addColumn<QString>("otherPath");
     QTest::addColumn<bool>("isLess");
-    QTest::newRow("before") << "a"
-                            << "x/a"
-                            << "b"
-                            << "x/b" << true;
-    QTest::newRow("after") << "b"
-                           << "x/b"
-                           << "a"
-                           << "x/a" << false;
-    QTest::newRow("same text") << "a"
-                               << "x/a"
-                               << "a"
-                               << "y/a" << false;
-    QTest::newRow("before home") << "a"
-                                 << "x/a"
-                                 << "zz"
-                                 << "home" << false;
-    QTest::newRow("after home") << "zz"
-                                << "x/zz"
-                                << "a"
-                                << "home" << false;
-    QTest::newRow("home before") << "a"
-                                 << "home"
-                                 << "b"
-                                 << "x/b" << true;
-    QTest::newRow("home after, by its own text") << "zz"
-                                                 << "home"
-                                                 << "b"
-                                                 << "x/b" << false;
-    QTest::newRow("home and home") << "a"
-                                   << "home"
-                                   << "b"
-                                   << "home" << false;
-    QTest::newRow("Home is not home") << "a"
-                                      << "x/a"
-                                      << "b"
-                                      << "Home" << true;
-    QTest::newRow("in home is not home") << "a"
-                                         << "x/a"
-                                         << "b"
-                                         << "home/b" << true;
-    QTest::newRow("no path") << "a"
-                             << ""
-                             << "b"
-                             << "" << true;
+    addRow("before", "a", "x/a", "b", "x/b", true);
+    addRow("after", "b", "x/b", "a", "x/a", false);
+    addRow("same text", "a", "x/a", "a", "y/a", false);
+    addRow("before home", "a", "x/a", "zz", "home", false);
+    addRow("after home", "zz", "x/zz", "a", "home", false);
+    addRow("home before", "a", "home", "b", "x/b", true);
+    addRow("home after, by its own text", "zz", "home", "b", "x/b", false);
+    addRow("home and home", "a", "home", "b", "home", false);
+    addRow("Home is not home", "a", "x/a", "b", "Home", true);
+    addRow("in home is not home", "a", "x/a", "b", "home/b", true);
+    addRow("no path", "a", "", "b", "", true);
 }
 
 void FileSystemTreeWidgetItemTest::putsHomeBehindNothing()

@@ -168,18 +168,12 @@ void VemoButtonPathTest::doublesAmpersandsOnItsButtonsOnly_data()
 {
     QTest::addColumn<QString>("part");
     QTest::addColumn<QString>("text");
-    QTest::newRow("one") << "R&D"
-                         << "R&&D";
-    QTest::newRow("first") << "&a"
-                           << "&&a";
-    QTest::newRow("last") << "a&"
-                          << "a&&";
-    QTest::newRow("two together") << "a&&b"
-                                  << "a&&&&b";
-    QTest::newRow("three together") << "&&&"
-                                    << "&&&&&&";
-    QTest::newRow("none") << "ab"
-                          << "ab";
+    addRow("one", "R&D", "R&&D");
+    addRow("first", "&a", "&&a");
+    addRow("last", "a&", "a&&");
+    addRow("two together", "a&&b", "a&&&&b");
+    addRow("three together", "&&&", "&&&&&&");
+    addRow("none", "ab", "ab");
 }
 
 void VemoButtonPathTest::doublesAmpersandsOnItsButtonsOnly()

@@ -235,12 +235,8 @@ void VemoFilterBarTest::namesItsButtonForAScreenReader_data()
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("placeholder");
     QTest::addColumn<QString>("name");
-    QTest::newRow("title of the menu") << "&Kinds"
-                                       << "Search"
-                                       << "Kinds";
-    QTest::newRow("menu without a title") << ""
-                                          << "Search"
-                                          << "Search";
+    addRow("title of the menu", "&Kinds", "Search", "Kinds");
+    addRow("menu without a title", "", "Search", "Search");
 }
 
 void VemoFilterBarTest::namesItsButtonForAScreenReader()

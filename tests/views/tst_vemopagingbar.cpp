@@ -169,16 +169,11 @@ void VemoPagingBarTest::takesItsPictures_data()
 {
     QTest::addColumn<QString>("toolTipKey");
     QTest::addColumn<QString>("picture");
-    QTest::newRow("first page") << "first_page"
-                                << "bt_pagebar_backend";
-    QTest::newRow("five back") << "prev_5_pages"
-                               << "bt_pagebar_back";
-    QTest::newRow("five on") << "next_5_pages"
-                             << "bt_pagebar_next";
-    QTest::newRow("last page") << "last_page"
-                               << "bt_pagebar_nextend";
-    QTest::newRow("refresh") << ""
-                             << "bt_pagebar_refresh";
+    addRow("first page", "first_page", "bt_pagebar_backend");
+    addRow("five back", "prev_5_pages", "bt_pagebar_back");
+    addRow("five on", "next_5_pages", "bt_pagebar_next");
+    addRow("last page", "last_page", "bt_pagebar_nextend");
+    addRow("refresh", "", "bt_pagebar_refresh");
 }
 
 void VemoPagingBarTest::takesItsPictures()

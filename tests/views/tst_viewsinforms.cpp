@@ -139,24 +139,15 @@ void ViewsInFormsTest::aTableReadsColumnsFromTexts_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("readBack");
-    QTest::newRow("name alone") << "Name"
-                                << "Name|100";
-    QTest::newRow("fixed") << "Size|80"
-                           << "Size|80";
-    QTest::newRow("proportional") << "Name|120|0.3"
-                                  << "Name|120|0.3";
-    QTest::newRow("draggable without a share") << "Name|120|0"
-                                               << "Name|120|0";
-    QTest::newRow("malformed width") << "Name|wide"
-                                     << "Name|100";
-    QTest::newRow("malformed ratio") << "Name|80|half"
-                                     << "Name|80";
-    QTest::newRow("more than is read") << "Name|80|0.5|x"
-                                       << "Name|80|0.5";
-    QTest::newRow("no name") << "|80"
-                             << "|80";
-    QTest::newRow("empty") << ""
-                           << "|100";
+    addRow("name alone", "Name", "Name|100");
+    addRow("fixed", "Size|80", "Size|80");
+    addRow("proportional", "Name|120|0.3", "Name|120|0.3");
+    addRow("draggable without a share", "Name|120|0", "Name|120|0");
+    addRow("malformed width", "Name|wide", "Name|100");
+    addRow("malformed ratio", "Name|80|half", "Name|80");
+    addRow("more than is read", "Name|80|0.5|x", "Name|80|0.5");
+    addRow("no name", "|80", "|80");
+    addRow("empty", "", "|100");
 }
 
 void ViewsInFormsTest::aTableReadsColumnsFromTexts()
