@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemolocale.h>
 
+#include "core/languagecode_p.h"
+
 #include <QLocale>
 
 #include <utility>
@@ -11,28 +13,7 @@ VemoLocale &VemoLocale::getInstance()
     return instance;
 }
 
-VemoLocale::VemoLocale()
-    : m_languageMap {
-        { QStringLiteral("en"), QStringLiteral("enu") },
-        { QStringLiteral("ja"), QStringLiteral("jpn") },
-        { QStringLiteral("de"), QStringLiteral("deu") },
-        { QStringLiteral("ko"), QStringLiteral("krn") },
-        { QStringLiteral("fr"), QStringLiteral("fra") },
-        { QStringLiteral("it"), QStringLiteral("ita") },
-        { QStringLiteral("es"), QStringLiteral("esn") },
-        { QStringLiteral("ru"), QStringLiteral("rus") },
-        { QStringLiteral("da"), QStringLiteral("dan") },
-        { QStringLiteral("no"), QStringLiteral("nor") },
-        { QStringLiteral("nb"), QStringLiteral("nor") },
-        { QStringLiteral("nn"), QStringLiteral("nor") },
-        { QStringLiteral("sv"), QStringLiteral("sve") },
-        { QStringLiteral("nl"), QStringLiteral("nld") },
-        { QStringLiteral("pl"), QStringLiteral("plk") },
-        { QStringLiteral("hu"), QStringLiteral("hun") },
-        { QStringLiteral("tr"), QStringLiteral("trk") },
-        { QStringLiteral("cs"), QStringLiteral("csy") },
-    }
-    , m_defaultLanguage(QStringLiteral("enu"))
+VemoLocale::VemoLocale() : m_languageMap(languageCodes()), m_defaultLanguage(QStringLiteral("enu"))
 {
 }
 
@@ -48,7 +29,7 @@ void VemoLocale::setLanguageMap(QString language, QString code)
 
 QString VemoLocale::getLanguageByLocale(const QString &locale) const
 {
-    const QString language = locale.left(locale.indexOf(QLatin1Char('_')));
+    const QString language = languageOf(locale);
     if (language == QLatin1String("pt"))
         return getPortugueseLanguage(locale);
     if (language == QLatin1String("zh"))
@@ -59,13 +40,10 @@ QString VemoLocale::getLanguageByLocale(const QString &locale) const
 
 QString VemoLocale::getChineseLanguage(const QString &locale) const
 {
-    const bool isTraditional = locale == QLatin1String("zh_tw") || locale == QLatin1String("zh_hk")
-        || locale == QLatin1String("zh_mo");
-    return isTraditional ? QStringLiteral("cht") : QStringLiteral("chs");
+    return chineseCode(locale);
 }
 
 QString VemoLocale::getPortugueseLanguage(const QString &locale) const
 {
-    const bool isEuropean = locale == QLatin1String("pt") || locale == QLatin1String("pt_pt");
-    return isEuropean ? QStringLiteral("ptg") : QStringLiteral("ptb");
+    return portugueseCode(locale);
 }

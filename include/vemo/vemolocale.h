@@ -31,8 +31,6 @@ public:
     void setLanguageMap(QString language, QString code);
 
 private:
-    friend class VemoLocaleTest;
-
     VemoLocale();
 
     QString getLanguageByLocale(const QString &locale) const;
