@@ -3,6 +3,7 @@
 
 #include "core/scaling_p.h"
 #include "core/styleoracles.h"
+#include "support/sanitizers.h"
 #include "support/vemotest.h"
 
 static_assert(std::is_copy_constructible_v<DPIinfo> && std::is_copy_assignable_v<DPIinfo>);
@@ -13,14 +14,14 @@ namespace {
 // The factors of the measured tables; each requires its own environment.
 constexpr double kFactors[] = {1.0, 1.25, 1.5};
 
-void addRow(const char *name, const char *sheet, const QStringList &results)
+void addSheet(const char *name, const char *sheet, const QStringList &results)
 {
-    QTest::newRow(name) << QString::fromUtf8(sheet) << results;
+    addRow(name, QString::fromUtf8(sheet), results);
 }
 
 void addUnchanged(const char *name, const char *sheet)
 {
-    addRow(name, sheet, {sheet, sheet, sheet});
+    addSheet(name, sheet, {sheet, sheet, sheet});
 }
 
 } // namespace
@@ -45,6 +46,8 @@ private Q_SLOTS:
     void fractionsCountToTheirLastDigit();
     void sizesInCodeAreTruncatedTowardZero_data();
     void sizesInCodeAreTruncatedTowardZero();
+    void aMillionRandomSheetsComeOutAsTheRulesSay_data();
+    void aMillionRandomSheetsComeOutAsTheRulesSay();
 };
 
 void DPIinfoTest::thereIsOneInstance()
@@ -64,27 +67,27 @@ void DPIinfoTest::lengthsAreScaledAndTruncated_data()
 {
     QTest::addColumn<QString>("sheet");
     QTest::addColumn<QStringList>("results");
-    addRow("nothing", "", {"", "", ""});
-    addRow("0px", "0px", {"0px", "0px", "0px"});
-    addRow("1px", "1px", {"1px", "1px", "1px"});
-    addRow("3px", "3px", {"3px", "3px", "4px"});
-    addRow("10px", "10px", {"10px", "12px", "15px"});
-    addRow("100px", "100px", {"100px", "125px", "150px"});
-    addRow("999px", "999px", {"999px", "1248px", "1498px"});
-    addRow("1.5px", "1.5px", {"1px", "1px", "2px"});
-    addRow("007px", "007px", {"7px", "8px", "10px"});
-    addRow(".5px", ".5px", {".5px", ".6px", ".7px"});
-    addRow("1..5px", "1..5px", {"1..5px", "1..6px", "1..7px"});
-    addRow("1.px", "1.px", {"1px", "1px", "1px"});
-    addRow("-5px", "-5px", {"-5px", "-6px", "-7px"});
-    addRow("5pxx", "5pxx", {"5pxx", "6pxx", "7pxx"});
-    addRow("1e3px", "1e3px", {"1e3px", "1e3px", "1e4px"});
-    addRow("whole text", "8px", {"8px", "10px", "12px"});
-    addRow("two in a row", "8px12px", {"8px12px", "10px15px", "12px18px"});
-    addRow("in the name of a picture", "url(x/arrow_16px.png)",
+    addSheet("nothing", "", {"", "", ""});
+    addSheet("0px", "0px", {"0px", "0px", "0px"});
+    addSheet("1px", "1px", {"1px", "1px", "1px"});
+    addSheet("3px", "3px", {"3px", "3px", "4px"});
+    addSheet("10px", "10px", {"10px", "12px", "15px"});
+    addSheet("100px", "100px", {"100px", "125px", "150px"});
+    addSheet("999px", "999px", {"999px", "1248px", "1498px"});
+    addSheet("1.5px", "1.5px", {"1px", "1px", "2px"});
+    addSheet("007px", "007px", {"7px", "8px", "10px"});
+    addSheet(".5px", ".5px", {".5px", ".6px", ".7px"});
+    addSheet("1..5px", "1..5px", {"1..5px", "1..6px", "1..7px"});
+    addSheet("1.px", "1.px", {"1px", "1px", "1px"});
+    addSheet("-5px", "-5px", {"-5px", "-6px", "-7px"});
+    addSheet("5pxx", "5pxx", {"5pxx", "6pxx", "7pxx"});
+    addSheet("1e3px", "1e3px", {"1e3px", "1e3px", "1e4px"});
+    addSheet("whole text", "8px", {"8px", "10px", "12px"});
+    addSheet("two in a row", "8px12px", {"8px12px", "10px15px", "12px18px"});
+    addSheet("in the name of a picture", "url(x/arrow_16px.png)",
         {"url(x/arrow_16px.png)", "url(x/arrow_20px.png)", "url(x/arrow_24px.png)"});
-    addRow("after a full stop", "a.8px", {"a.8px", "a.10px", "a.12px"});
-    addRow("a section", "\nQPushButton { min-height: 28px; padding: 0px 12px; }",
+    addSheet("after a full stop", "a.8px", {"a.8px", "a.10px", "a.12px"});
+    addSheet("a section", "\nQPushButton { min-height: 28px; padding: 0px 12px; }",
         {"\nQPushButton { min-height: 28px; padding: 0px 12px; }",
             "\nQPushButton { min-height: 35px; padding: 0px 15px; }",
             "\nQPushButton { min-height: 42px; padding: 0px 18px; }"});
@@ -120,7 +123,7 @@ void DPIinfoTest::onlyPixelLengthsAreScaled_data()
         << "8px" + QString(QChar(0xd800))
         << QStringList {"8px" + QString(QChar(0xd800)), "8px" + QString(QChar(0xd800)),
                "8px" + QString(QChar(0xd800))};
-    addRow("a pair of surrogates spares nothing", "😀8px", {"😀8px", "😀10px", "😀12px"});
+    addSheet("a pair of surrogates spares nothing", "😀8px", {"😀8px", "😀10px", "😀12px"});
 }
 
 void DPIinfoTest::onlyPixelLengthsAreScaled()
@@ -132,18 +135,19 @@ void DPIinfoTest::longNumbersAreReadAgainByTheirTail_data()
 {
     QTest::addColumn<QString>("sheet");
     QTest::addColumn<QStringList>("results");
-    addRow("12.5px", "12.5px", {"12px5px", "15px6px", "18px7px"});
-    addRow("1000px", "1000px", {"1000px0px", "1250px0px", "1500px0px"});
-    addRow("0010px", "0010px", {"10px0px", "12px0px", "15px0px"});
-    addRow("the point is passed over", "123.45px", {"123px45px", "154px56px", "185px67px"});
-    addRow("a point is all that is left", "123.px", {"123px", "153px", "184px"});
-    addRow("a fraction's tail is a whole number", "1.2345px", {"1px345px", "1px431px", "1px517px"});
-    addRow("what follows moves up", "a:12.5px;b:3px;",
+    addSheet("12.5px", "12.5px", {"12px5px", "15px6px", "18px7px"});
+    addSheet("1000px", "1000px", {"1000px0px", "1250px0px", "1500px0px"});
+    addSheet("0010px", "0010px", {"10px0px", "12px0px", "15px0px"});
+    addSheet("the point is passed over", "123.45px", {"123px45px", "154px56px", "185px67px"});
+    addSheet("a point is all that is left", "123.px", {"123px", "153px", "184px"});
+    addSheet(
+        "a fraction's tail is a whole number", "1.2345px", {"1px345px", "1px431px", "1px517px"});
+    addSheet("what follows moves up", "a:12.5px;b:3px;",
         {"a:12px;b:5px;3px", "a:15px;b:6px;3px", "a:18px;b:7px;4px"});
-    addRow("two long numbers", "a:1000px;b:2000px;c:3px;end",
+    addSheet("two long numbers", "a:1000px;b:2000px;c:3px;end",
         {"a:1000px;b:0px;c:2000px;end0px3px", "a:1250px;b:0px;c:2500px;end0px3px",
             "a:1500px;b:0px;c:3000px;end0px4px"});
-    addRow("three matches in one number", "1234567px;",
+    addSheet("three matches in one number", "1234567px;",
         {"1234567px;4567px7px", "1543208px;5708px8px", "1851850px;6850px10px"});
 }
 
@@ -235,6 +239,27 @@ void DPIinfoTest::sizesInCodeAreTruncatedTowardZero()
         QCOMPARE(DPIinfo::scaled(length), static_cast<int>(factor * length));
     for (const double length : {0.9, 2.5, 28.5, -2.5})
         QCOMPARE(DPIinfo::scaled(length), static_cast<int>(factor * length));
+}
+
+void DPIinfoTest::aMillionRandomSheetsComeOutAsTheRulesSay_data()
+{
+    QTest::addColumn<quint32>("seed");
+    // The scan is the same at every factor; only the products differ.
+    const bool areFew = underSanitizers() || DPIinfo::getInstance().getDPI() != 1;
+    for (quint32 seed = 1; seed <= (areFew ? kFewSeeds : kSeeds); ++seed)
+        QTest::addRow("100,000 texts from seed %u", seed) << seed;
+}
+
+void DPIinfoTest::aMillionRandomSheetsComeOutAsTheRulesSay()
+{
+    QFETCH(quint32, seed);
+    const DPIinfo &info = DPIinfo::getInstance();
+    RandomTexts texts(seed, lengthPieces());
+    for (int i = 0; i < 100000; ++i) {
+        const QString sheet = texts.next();
+        if (info.getScaledStyleSheet(sheet) != scaledByRules(sheet, info.getDPI()))
+            QFAIL(QTest::toString(sheet));
+    }
 }
 
 VEMO_TEST_MAIN(DPIinfoTest)

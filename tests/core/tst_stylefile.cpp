@@ -2,6 +2,7 @@
 #include "core/stylefile_p.h"
 
 #include "core/styleoracles.h"
+#include "support/sanitizers.h"
 #include "support/vemotest.h"
 
 using Sections = QMap<QString, QString>;
@@ -44,6 +45,10 @@ private Q_SLOTS:
     void lineBreaksAreThoseOfATextStream_data();
     void lineBreaksAreThoseOfATextStream();
     void aStoredSectionIsOverwritten();
+    void aMillionRandomTextsAreCutAsTheRulesSay_data();
+    void aMillionRandomTextsAreCutAsTheRulesSay();
+    void placeholdersGiveWayAsByReplace_data();
+    void placeholdersGiveWayAsByReplace();
 };
 
 void StyleFileTest::commentsAreRemoved_data()
@@ -184,6 +189,55 @@ void StyleFileTest::aStoredSectionIsOverwritten()
     std::map<QString, QString> sections {{"a", "old"}, {"b", "kept"}};
     storeSections("==a==\nnew\n", sections);
     QCOMPARE(Sections(sections), (Sections {{"a", "\nnew"}, {"b", "kept"}}));
+}
+
+void StyleFileTest::aMillionRandomTextsAreCutAsTheRulesSay_data()
+{
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= (underSanitizers() ? kFewSeeds : kSeeds); ++seed)
+        QTest::addRow("100,000 texts from seed %u", seed) << seed;
+}
+
+void StyleFileTest::aMillionRandomTextsAreCutAsTheRulesSay()
+{
+    QFETCH(quint32, seed);
+    RandomTexts texts(seed, sectionPieces());
+    for (int i = 0; i < 100000; ++i) {
+        const QString text = texts.next();
+        const QString plain = withoutComments(text);
+        if (plain != withoutCommentsByRules(text))
+            QCOMPARE(plain, withoutCommentsByRules(text));
+        std::map<QString, QString> sections;
+        storeSections(plain, sections);
+        std::map<QString, QString> expected;
+        storeSectionsByRules(plain, expected);
+        if (sections != expected)
+            QFAIL(QTest::toString(plain));
+    }
+}
+
+void StyleFileTest::placeholdersGiveWayAsByReplace_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("plain") << "/usr/share/host/images";
+    QTest::newRow("none") << "";
+    QTest::newRow("a placeholder itself") << "/tmp/IMG_LOC";
+    QTest::newRow("completes a broken one") << "C:/host";
+    QTest::newRow("begins one") << "/IMG_LO";
+}
+
+void StyleFileTest::placeholdersGiveWayAsByReplace()
+{
+    QFETCH(QString, folder);
+    const QLatin1String temp("TMPIMG_LOC");
+    const QLatin1String plain("IMG_LOC");
+    RandomTexts texts(1, {temp, plain, "TMP", "IMG_LO", "C", "G", "GIMG", "/", "\n"});
+    for (int i = 0; i < 10000; ++i) {
+        const QString text = texts.next();
+        const QString expected = QString(text).replace(temp, folder).replace(plain, folder);
+        if (withFolder(withFolder(text, temp, folder), plain, folder) != expected)
+            QCOMPARE(withFolder(withFolder(text, temp, folder), plain, folder), expected);
+    }
 }
 
 VEMO_TEST_MAIN(StyleFileTest)

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+// What becomes of the entries of a folder before they are listed.
 #include "examples/filebrowser/files/entryfilter.h"
+
+#include "examples/filebrowser/files/entrysorter.h"
 
 #include "support/vemotest.h"
 
@@ -14,6 +17,13 @@ FileEntry entry(const QString &name, bool isFolder = false, const QDateTime &mod
     return entry;
 }
 
+FileEntry sized(const QString &name, qint64 size)
+{
+    FileEntry sized = entry(name);
+    sized.size = size;
+    return sized;
+}
+
 QStringList namesOf(const QVector<FileEntry> &entries)
 {
     QStringList names;
@@ -24,7 +34,7 @@ QStringList namesOf(const QVector<FileEntry> &entries)
 
 } // namespace
 
-class EntryFilterTest : public VemoTest
+class EntriesTest : public VemoTest
 {
     Q_OBJECT
 
@@ -43,16 +53,20 @@ private Q_SLOTS:
     void namesAreOrderedAsPeopleDo();
     void namesThatSortAlikeKeepTheirOrder();
     void aHundredThousandNamesAreSorted();
+    void piecesAreSortedAsOne_data();
+    void piecesAreSortedAsOne();
+    void entriesOfPiecesThatSortAlikeKeepTheirOrder();
+    void theSorterIsEmptyOnceTaken();
 };
 
-void EntryFilterTest::anEmptyFilterLetsEverythingPass()
+void EntriesTest::anEmptyFilterLetsEverythingPass()
 {
     QVERIFY(EntryFilter().isEmpty());
     QVERIFY(EntryFilter().accepts(entry("a")));
     QVERIFY(EntryFilter().accepts(entry(QString(), true)));
 }
 
-void EntryFilterTest::theTextIsAnyPartOfTheName_data()
+void EntriesTest::theTextIsAnyPartOfTheName_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("passes");
@@ -65,7 +79,7 @@ void EntryFilterTest::theTextIsAnyPartOfTheName_data()
     QTest::newRow("a blank") << " " << false;
 }
 
-void EntryFilterTest::theTextIsAnyPartOfTheName()
+void EntriesTest::theTextIsAnyPartOfTheName()
 {
     QFETCH(QString, text);
     QFETCH(bool, passes);
@@ -75,7 +89,7 @@ void EntryFilterTest::theTextIsAnyPartOfTheName()
     QCOMPARE(filter.accepts(entry("Report.txt", true)), passes);
 }
 
-void EntryFilterTest::theKindIsThatOfTheSuffix_data()
+void EntriesTest::theKindIsThatOfTheSuffix_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("kind");
@@ -100,7 +114,7 @@ void EntryFilterTest::theKindIsThatOfTheSuffix_data()
                                    << "image" << true;
 }
 
-void EntryFilterTest::theKindIsThatOfTheSuffix()
+void EntriesTest::theKindIsThatOfTheSuffix()
 {
     QFETCH(QString, name);
     QFETCH(QString, kind);
@@ -110,14 +124,14 @@ void EntryFilterTest::theKindIsThatOfTheSuffix()
     QCOMPARE(filter.accepts(entry(name)), passes);
 }
 
-void EntryFilterTest::foldersPassEveryKind()
+void EntriesTest::foldersPassEveryKind()
 {
     EntryFilter filter;
     filter.kind = "video";
     QVERIFY(filter.accepts(entry("a.png", true)));
 }
 
-void EntryFilterTest::bothMomentsCount_data()
+void EntriesTest::bothMomentsCount_data()
 {
     QTest::addColumn<QDateTime>("from");
     QTest::addColumn<QDateTime>("to");
@@ -132,7 +146,7 @@ void EntryFilterTest::bothMomentsCount_data()
     QTest::newRow("the wrong way round") << noon.addDays(1) << noon.addDays(-1) << false;
 }
 
-void EntryFilterTest::bothMomentsCount()
+void EntriesTest::bothMomentsCount()
 {
     QFETCH(QDateTime, from);
     QFETCH(QDateTime, to);
@@ -146,14 +160,14 @@ void EntryFilterTest::bothMomentsCount()
         QCOMPARE(filter.accepts(entry("a", false, time)), passes);
 }
 
-void EntryFilterTest::anEntryWithoutATimePassesNoDate()
+void EntriesTest::anEntryWithoutATimePassesNoDate()
 {
     EntryFilter filter;
     filter.from = QDate(1970, 1, 1).startOfDay();
     QVERIFY(!filter.accepts(entry("a")));
 }
 
-void EntryFilterTest::allPartsOfTheFilterMustAgree()
+void EntriesTest::allPartsOfTheFilterMustAgree()
 {
     EntryFilter filter;
     filter.text = "a";
@@ -166,14 +180,14 @@ void EntryFilterTest::allPartsOfTheFilterMustAgree()
     QVERIFY(!filter.accepts(entry("a.png", false, late.addYears(-1))));
 }
 
-void EntryFilterTest::foldersComeFirst()
+void EntriesTest::foldersComeFirst()
 {
     QVector<FileEntry> entries {entry("a"), entry("z", true), entry("b"), entry("y", true)};
     sortEntries(entries);
     QCOMPARE(namesOf(entries), QStringList({"y", "z", "a", "b"}));
 }
 
-void EntryFilterTest::namesAreOrderedAsPeopleDo()
+void EntriesTest::namesAreOrderedAsPeopleDo()
 {
     const QStringList ordered {"2 b", "10 a", "apple", "Banana", QString::fromUtf8("Ägypten") + "x",
         "cherry", "file 2", "file 10"};
@@ -186,7 +200,7 @@ void EntryFilterTest::namesAreOrderedAsPeopleDo()
             "file 2", "file 10"}));
 }
 
-void EntryFilterTest::namesThatSortAlikeKeepTheirOrder()
+void EntriesTest::namesThatSortAlikeKeepTheirOrder()
 {
     QVector<FileEntry> entries {entry("same"), entry("same"), entry("same")};
     for (int i = 0; i < entries.size(); ++i)
@@ -196,7 +210,7 @@ void EntryFilterTest::namesThatSortAlikeKeepTheirOrder()
         QCOMPARE(entries.at(i).size, i);
 }
 
-void EntryFilterTest::aHundredThousandNamesAreSorted()
+void EntriesTest::aHundredThousandNamesAreSorted()
 {
     constexpr int kCount = 100000;
     QVector<FileEntry> entries;
@@ -208,5 +222,59 @@ void EntryFilterTest::aHundredThousandNamesAreSorted()
         QCOMPARE(entries.at(i).name, "file " + QString::number(i));
 }
 
-VEMO_TEST_MAIN(EntryFilterTest)
-#include "tst_entryfilter.moc"
+void EntriesTest::piecesAreSortedAsOne_data()
+{
+    QTest::addColumn<int>("pieceLength");
+    for (const int length : {1, 2, 3, 7, 64, 1000})
+        QTest::addRow("pieces of %d", length) << length;
+}
+
+void EntriesTest::piecesAreSortedAsOne()
+{
+    QFETCH(const int, pieceLength);
+    constexpr int kCount = 300;
+    // 7 and 300 have no common divisor, so that each number comes once.
+    QVector<FileEntry> entries;
+    for (int i = 0; i < kCount; ++i)
+        entries += entry(QString("file %1").arg(i * 7 % kCount), i % 10 == 0);
+    EntrySorter sorter;
+    for (int i = 0; i < kCount; i += pieceLength)
+        sorter.add(entries.mid(i, pieceLength));
+    QCOMPARE(sorter.count(), kCount);
+
+    QVector<int> folders;
+    QVector<int> files;
+    for (int i = 0; i < kCount; ++i)
+        (i % 10 == 0 ? folders : files) << i * 7 % kCount;
+    std::sort(folders.begin(), folders.end());
+    std::sort(files.begin(), files.end());
+    QStringList expected;
+    for (const int number : folders + files)
+        expected << QString("file %1").arg(number);
+    QCOMPARE(namesOf(sorter.take()), expected);
+}
+
+void EntriesTest::entriesOfPiecesThatSortAlikeKeepTheirOrder()
+{
+    EntrySorter sorter;
+    constexpr int kCount = 20;
+    for (int i = 0; i < kCount; ++i)
+        sorter.add({sized("same", i)});
+    const QVector<FileEntry> sorted = sorter.take();
+    for (int i = 0; i < kCount; ++i)
+        QCOMPARE(sorted.at(i).size, qint64(i));
+}
+
+void EntriesTest::theSorterIsEmptyOnceTaken()
+{
+    EntrySorter sorter;
+    QVERIFY(sorter.take().isEmpty());
+    sorter.add({entry("a")});
+    QCOMPARE(sorter.take().size(), 1);
+    QCOMPARE(sorter.count(), 0);
+    sorter.add({entry("b")});
+    QCOMPARE(namesOf(sorter.take()), QStringList("b"));
+}
+
+VEMO_TEST_MAIN(EntriesTest)
+#include "tst_entries.moc"
