@@ -130,7 +130,7 @@ private Q_SLOTS:
     void everyNameOfTheInterfaceIsInAGuide();
     void everyWarningIsInAGuide();
     void everyTestOfASecurityPromiseExists();
-    void everyStyleSectionIsInTheThemingGuide();
+    void everyStyleSectionIsInTheClassList();
     void everyClassHasAnExampleAndEveryWidgetAPicture_data();
     void everyClassHasAnExampleAndEveryWidgetAPicture();
     void picturesAreThoseThatAreShown();
@@ -199,9 +199,9 @@ void DocsTest::everyTestOfASecurityPromiseExists()
     QVERIFY(count > 0);
 }
 
-void DocsTest::everyStyleSectionIsInTheThemingGuide()
+void DocsTest::everyStyleSectionIsInTheClassList()
 {
-    const QString text = textOf("docs/theming-guide.md");
+    const QString text = textOf("docs/README.md");
     const QSet<QString> sections = inSources("\"component\\.(\\w+)\"");
     QVERIFY(!sections.isEmpty());
     for (const QString &section : sections)
