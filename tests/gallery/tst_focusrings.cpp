@@ -9,6 +9,7 @@
 #include "support/vemotest.h"
 
 #include <vemo/defaulttheme.h>
+#include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemomessagesheet.h>
@@ -27,7 +28,7 @@ private Q_SLOTS:
     void everyStopOfAPageShowsTheFocus();
     void everyStopOfASheetShowsTheFocus_data();
     void everyStopOfASheetShowsTheFocus();
-    void aRingThatIsTooPaleIsFound();
+    void aRingThatIsTooPaleOrTooThinIsFound();
 };
 
 void FocusRingsTest::initTestCase()
@@ -91,17 +92,18 @@ void FocusRingsTest::everyStopOfASheetShowsTheFocus()
     verifyRings(&window, 2);
 }
 
-void FocusRingsTest::aRingThatIsTooPaleIsFound()
+void FocusRingsTest::aRingThatIsTooPaleOrTooThinIsFound()
 {
     QWidget window;
     QVBoxLayout layout(&window);
-    const QMap<QString, QString> rings {
-        {"dark", "#0B469E"}, {"pale", "#C8D2DC"}, {"none", "white"}};
+    const QString wide = QString("%1px solid ").arg(DPIinfo::scaled(2));
+    const QMap<QString, QString> rings {{"dark", wide + "#0B469E"}, {"pale", wide + "#C8D2DC"},
+        {"none", wide + "white"}, {"thin", "1px solid #0B469E"}};
     for (auto ring = rings.begin(); ring != rings.end(); ++ring) {
         auto *button = new QPushButton(ring.key());
-        button->setStyleSheet(QString("QPushButton { border: 1px solid white; background: white; "
+        button->setStyleSheet(QString("QPushButton { border: 2px solid white; background: white; "
                                       "outline: none; padding: 4px; } "
-                                      "QPushButton:focus { border-color: %1; }")
+                                      "QPushButton:focus { border: %1; }")
                                   .arg(*ring));
         layout.addWidget(button);
     }
@@ -111,7 +113,9 @@ void FocusRingsTest::aRingThatIsTooPaleIsFound()
     QMap<QString, bool> isSeen;
     for (const FocusRing &ring : walkedRings(&window))
         isSeen.insert(ring.widget.section('"', 1, 1), ring.isSeen());
-    QCOMPARE(isSeen, (QMap<QString, bool> {{"dark", true}, {"pale", false}, {"none", false}}));
+    const QMap<QString, bool> expected {
+        {"dark", true}, {"none", false}, {"pale", false}, {"thin", false}};
+    QCOMPARE(isSeen, expected);
 }
 
 VEMO_TEST_MAIN(FocusRingsTest)

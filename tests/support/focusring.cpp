@@ -3,6 +3,8 @@
 
 #include "support/contrast.h"
 
+#include <vemo/dpiinfo.h>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
@@ -13,6 +15,7 @@ namespace {
 
 constexpr double kVisible = 3.0;
 constexpr int kMinPixels = 40; // in design pixels of length, one wide
+constexpr int kRingWidth = 2; // in design pixels
 constexpr int kMargin = 4;
 constexpr int kMaxStops = 400;
 
@@ -45,6 +48,22 @@ QImage pictureOf(QWidget *window, const QRect &area)
     return window->grab(area).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
+/// Whether a square of pixels differs that is as wide as a ring.
+bool isSquareChanged(const QImage &one, const QImage &other, QPoint corner)
+{
+    const int width = DPIinfo::scaled(kRingWidth);
+    const QRect square(corner, QSize(width, width));
+    if (!one.rect().contains(square))
+        return false;
+    for (int y = square.top(); y <= square.bottom(); ++y) {
+        for (int x = square.left(); x <= square.right(); ++x) {
+            if (one.pixel(x, y) == other.pixel(x, y))
+                return false;
+        }
+    }
+    return true;
+}
+
 FocusRing compared(const QImage &with, const QImage &without)
 {
     FocusRing ring;
@@ -56,6 +75,7 @@ FocusRing compared(const QImage &with, const QImage &without)
                 continue;
             const double change = contrast(with.pixel(x, y), without.pixel(x, y));
             ++ring.pixels;
+            ring.length += isSquareChanged(with, without, QPoint(x, y)) ? 1 : 0;
             most = qMax(most, change);
             if (change >= kVisible) {
                 ++ring.contrasting;
@@ -77,15 +97,16 @@ void pressTab(QWidget *window)
 
 bool FocusRing::isSeen() const
 {
-    return contrasting >= kMinPixels;
+    return contrasting >= kMinPixels && length >= kMinPixels;
 }
 
 QString FocusRing::text() const
 {
-    return QString("%1 px changed, %2 by 3:1, %3 : 1, %4")
+    return QString("%1 px changed, %2 by 3:1, %3 : 1, %4 px long, %5")
         .arg(pixels, 5)
         .arg(contrasting, 5)
         .arg(contrast, 5, 'f', 2)
+        .arg(length)
         .arg(widget);
 }
 

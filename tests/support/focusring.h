@@ -12,9 +12,11 @@ struct FocusRing
     QString widget; ///< class, text or name
     int pixels = 0; ///< how many change
     int contrasting = 0; ///< how many of them by 3 : 1 or more
+    int length = 0; ///< of what is two design pixels wide, in screen pixels
     double contrast = 1; ///< of the ring: what contrasting, or the most contrasting, pixels reach
 
-    /// As WCAG wants it: by 3 : 1, and about as many pixels as a line around a small control has.
+    /// As WCAG wants it: by 3 : 1, by a line around a small control at least, two
+    /// design pixels wide.
     bool isSeen() const;
     QString text() const;
 };

@@ -22,6 +22,8 @@ namespace {
 // WCAG AA for text of normal size, and for other parts that are needed to use a control.
 constexpr double kReadable = 4.5;
 constexpr double kVisible = 3.0;
+// Of the edge of a pop-up, which has no shadow. Frames in a window have about 1.5.
+constexpr double kSeparate = 2.2;
 const QStringList kLooks {"theme", "theme-dark"}; // their folders
 
 struct Rule
@@ -249,6 +251,8 @@ private Q_SLOTS:
     void everyStateOfEveryWidgetIsLookedAt();
     void aSheetStandsOutFromItsWindow_data();
     void aSheetStandsOutFromItsWindow();
+    void aPopUpStandsOutByItsEdge_data();
+    void aPopUpStandsOutByItsEdge();
 };
 
 void ContrastTest::textIsReadableOnItsGround_data()
@@ -494,6 +498,25 @@ void ContrastTest::aSheetStandsOutFromItsWindow()
         qPrintable(QString::number(masked - lightness({100 + 17, 200}))));
     QVERIFY(body - masked >= 15);
     QCOMPARE(pixelAt(&window, {250, 200}), defaultThemeColor("surface"));
+}
+
+void ContrastTest::aPopUpStandsOutByItsEdge_data()
+{
+    addColumns();
+    static const QRegularExpression popUp("^(QMenu(\\.QMenu)?|QToolTip|QComboBox(\\.QComboBox)? "
+                                          "(QAbstractItemView|VemoCalanderView))$");
+    forEachRule([](const Rule &rule, const QVector<Rule> &, const Place &place) {
+        if (popUp.match(rule.selector).hasMatch())
+            addPair(place, rule.selector, rule.ring, {});
+    });
+}
+
+void ContrastTest::aPopUpStandsOutByItsEdge()
+{
+    QFETCH(QString, colour);
+    QFETCH(QString, ground);
+    const double measured = contrast(colour, ground);
+    QVERIFY2(measured >= kSeparate, qPrintable(QString::number(measured)));
 }
 
 VEMO_TEST_MAIN(ContrastTest)
