@@ -36,6 +36,7 @@ void addPartStates(Looks &looks, const QString &name, const NewWidget &make, con
 /// scripts/update-baselines. If it contains VEMO_STYLE_STOCK, stock widgets are styled, which must
 /// not change the pictures of ours. If it contains VEMO_MIRRORED, everything is laid out from right
 /// to left, which must give the mirror image of the stored pictures except for texts and drawings.
+/// Where these are a large part, a picture of its own is stored in baselines/FACTOR-mirrored/.
 class BaselineTest : public VemoTest
 {
     Q_OBJECT

@@ -60,7 +60,8 @@ void hoverRow(Stage &stage, VemoTableWidget *table)
 
 void selectRow(Stage &stage, VemoTableWidget *table)
 {
-    table->getTable()->selectRow(1);
+    // Not selectRow(), which from right to left makes no cell the current one.
+    table->getTable()->setCurrentCell(1, 0);
     table->getTable()->setFocus();
     hoverRow(stage, table);
 }
