@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/accessiblefilter.h>
 
+#include <QAccessibleWidget>
 #include <QSet>
 #include <QWidget>
 
@@ -34,6 +35,30 @@ template <typename Predicate> QList<QWidget *> visibleWidgets(QWidget *root, Pre
         });
     }
     return taken;
+}
+
+/// For assistive tools a plain QWidget is a filler, even as a window. The role is looked up each
+/// time, because a widget may become a window, or part of one, later.
+class AccessibleWindow : public QAccessibleWidget
+{
+public:
+    explicit AccessibleWindow(QWidget *widget) : QAccessibleWidget(widget) { }
+
+    QAccessible::Role role() const override
+    {
+        return isWindow() ? QAccessible::Window : QAccessibleWidget::role();
+    }
+
+private:
+    bool isWindow() const { return widget()->isWindow() && widget()->windowType() == Qt::Window; }
+};
+
+QAccessibleInterface *newAccessibleWindow(const QString &className, QObject *object)
+{
+    // Other classes have interfaces of their own.
+    return className == QLatin1String("QWidget")
+        ? new AccessibleWindow(static_cast<QWidget *>(object))
+        : nullptr;
 }
 
 } // namespace
@@ -70,4 +95,9 @@ void adjustFocusPolicy(Qt::FocusPolicy policy, QList<QWidget *> widgets)
         if (widget)
             widget->setFocusPolicy(policy);
     }
+}
+
+void makeWindowsAccessible()
+{
+    QAccessible::installFactory(newAccessibleWindow); // a no-op if already installed
 }

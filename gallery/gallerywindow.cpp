@@ -4,11 +4,11 @@
 #include "gallery/look.h"
 #include "gallery/page.h"
 
+#include <vemo/accessiblefilter.h>
 #include <vemo/componentstrings.h>
 #include <vemo/dpiinfo.h>
 #include <vemo/vemocombobox.h>
 
-#include <QAccessibleWidget>
 #include <QAction>
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -36,14 +36,6 @@ template <typename Widget> Widget *named(const char *name, Widget *widget)
     return widget;
 }
 
-/// For assistive tools a plain QWidget would be a filler, even as a window.
-QAccessibleInterface *newAccessibleWindow(const QString &className, QObject *object)
-{
-    return className == "GalleryWindow"
-        ? new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Window)
-        : nullptr;
-}
-
 } // namespace
 
 GalleryWindow::GalleryWindow(const Options &options)
@@ -53,7 +45,7 @@ GalleryWindow::GalleryWindow(const Options &options)
       m_stack(new QStackedWidget), m_theme(named("themeSwitch", new VemoComboBox)),
       m_language(named("languageSwitch", new VemoComboBox))
 {
-    QAccessible::installFactory(newAccessibleWindow); // again it is a no-op
+    makeWindowsAccessible();
     setObjectName("galleryWindow");
     showTitle();
     setWindowIcon(getGlobalImage("app_img"));

@@ -22,7 +22,9 @@ const std::vector<PageEntry> &pages()
             buildChoicesPage},
         {"Foot bar", "VemoFootbar MouseButtonFilter MouseReleaseFilter footer buttons mouse",
             buildFootBarPage},
-        {"Focus order", "accessibleList AccessibleFilter adjustFocusPolicy keyboard tab focus",
+        {"Focus order",
+            "accessibleList AccessibleFilter adjustFocusPolicy makeWindowsAccessible keyboard tab "
+            "focus",
             buildFocusPage},
         {"Messages",
             "VemoMessageSheet MsgBoxCustomBtnText VemoCountdownMessageBox showConfirmMsg "

@@ -2,6 +2,7 @@
 #include <vemo/vemotablewidget.h>
 
 #include "core/scaling_p.h"
+#include "views/headeraccess_p.h"
 
 #include <vemo/stylemanager.h>
 
@@ -256,6 +257,7 @@ void VemoTableWidget::setupLayout()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_header_scroll_area);
     layout->addWidget(m_table);
+    makeHeaderAccessible(m_header);
 }
 
 void VemoTableWidget::connectParts()

@@ -58,3 +58,11 @@ VEMO_EXPORT QList<QWidget *> accessibleList(QWidget *root, AccessibleFilter filt
 ///
 ///     adjustFocusPolicy(Qt::NoFocus, accessibleList(sideBar, QList<QWidget *>()));
 VEMO_EXPORT void adjustFocusPolicy(Qt::FocusPolicy policy, QList<QWidget *> widgets);
+
+/// Announces every window of the application that is a QWidget without a role of its own as a
+/// window: Qt announces a window only for dialogs, message boxes and main windows. Call it once,
+/// before the first window; a second call has no effect. Requires: nothing.
+///
+///     QApplication app(argc, argv);
+///     makeWindowsAccessible();
+VEMO_EXPORT void makeWindowsAccessible();

@@ -3,6 +3,8 @@
 
 #include "support/vemotest.h"
 
+#include <QAccessible>
+#include <QLabel>
 #include <QRandomGenerator>
 #include <QVBoxLayout>
 
@@ -27,6 +29,7 @@ private Q_SLOTS:
     void excludedPointersAreNeverFollowed();
     void visibleChildWindowBelongsToTheList();
     void adjustSetsThePolicyOfEachWidget();
+    void plainWindowIsAnnouncedOnlyIfAskedFor();
     void agreesWithTheOracle_data();
     void agreesWithTheOracle();
     void oneHundredThousandWidgetsAgreeWithTheOracle_data();
@@ -272,6 +275,30 @@ void AccessibleFilterTest::adjustSetsThePolicyOfEachWidget()
     QCOMPARE(form.group.focusPolicy(), Qt::NoFocus);
     QCOMPARE(form.last.focusPolicy(), Qt::NoFocus);
     QCOMPARE(form.first.focusPolicy(), Qt::StrongFocus);
+}
+
+void AccessibleFilterTest::plainWindowIsAnnouncedOnlyIfAskedFor()
+{
+    const auto roleOf = [](QObject *widget) {
+        return QAccessible::queryAccessibleInterface(widget)->role();
+    };
+    QWidget before;
+    QCOMPARE(roleOf(&before), QAccessible::Client);
+
+    makeWindowsAccessible();
+    QWidget window;
+    window.setWindowTitle("Files");
+    QCOMPARE(roleOf(&window), QAccessible::Window);
+    QCOMPARE(
+        QAccessible::queryAccessibleInterface(&window)->text(QAccessible::Name), QString("Files"));
+    QWidget part(&window);
+    QCOMPARE(roleOf(&part), QAccessible::Client);
+    part.setParent(nullptr);
+    QCOMPARE(roleOf(&part), QAccessible::Window);
+    QWidget popup(nullptr, Qt::Popup);
+    QCOMPARE(roleOf(&popup), QAccessible::Client);
+    QLabel label;
+    QCOMPARE(roleOf(&label), QAccessible::StaticText);
 }
 
 void AccessibleFilterTest::agreesWithTheOracle_data()

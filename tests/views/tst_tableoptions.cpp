@@ -8,6 +8,7 @@
 
 #include <vemo/stylemanager.h>
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QLabel>
 #include <QStyledItemDelegate>
@@ -87,6 +88,7 @@ private Q_SLOTS:
     void aligns();
     void asksForSorting();
     void showsTheArrowOfTheProgram();
+    void assistiveToolsGetAColumnForEachCaption();
     void extraSectionAsksForNothing();
     void keepsDraggedWidths_data();
     void keepsDraggedWidths();
@@ -243,6 +245,40 @@ void TableOptionsTest::showsTheArrowOfTheProgram()
         QCOMPARE(files.header()->sortIndicatorSection(), -1);
     }
     QCOMPARE(requests.size(), 0);
+}
+
+void TableOptionsTest::assistiveToolsGetAColumnForEachCaption()
+{
+    Files files;
+    files.table()->setAccessibleName("Files");
+    files.widget.setColumnHidden(2, true);
+    QAccessibleInterface *row = QAccessible::queryAccessibleInterface(files.header());
+    QCOMPARE(row->role(), QAccessible::Row);
+    QCOMPARE(row->text(QAccessible::Name), QString("Files"));
+    QCOMPARE(row->childCount(), files.table()->columnCount());
+    QCOMPARE(row->rect().width(), files.header()->visibleRegion().boundingRect().width());
+    QVERIFY(row->rect().width() <= files.widget.width());
+    for (int column = 0; column < row->childCount(); ++column) {
+        QAccessibleInterface *header = row->child(column);
+        QCOMPARE(header->role(), QAccessible::ColumnHeader);
+        QCOMPARE(
+            header->text(QAccessible::Name), files.table()->horizontalHeaderItem(column)->text());
+        QCOMPARE(header->state().invisible, column == 2);
+        QCOMPARE(header->parent(), row);
+        QCOMPARE(row->indexOfChild(header), column);
+        QVERIFY(!header->actionInterface());
+    }
+    QAccessibleInterface *second = row->child(1);
+    QCOMPARE(row->childAt(second->rect().center().x(), second->rect().center().y()), second);
+
+    files.widget.setSortRequestsEnabled(true);
+    const QSignalSpy requests(&files.widget, &VemoTableWidget::sortRequested);
+    for (const auto order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+        second->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(requests.last()[0].toInt(), 1);
+        QCOMPARE(requests.last()[1].value<Qt::SortOrder>(), order);
+    }
+    QCOMPARE(requests.size(), 2);
 }
 
 void TableOptionsTest::extraSectionAsksForNothing()

@@ -13,6 +13,7 @@
 #include "texts.h"
 #include "topbar.h"
 
+#include <vemo/accessiblefilter.h>
 #include <vemo/dpiinfo.h>
 #include <vemo/helpwindow.h>
 #include <vemo/imagemanager.h>
@@ -20,7 +21,6 @@
 #include <vemo/vemomenu.h>
 #include <vemo/vemopagingbar.h>
 
-#include <QAccessibleWidget>
 #include <QEvent>
 #include <QLabel>
 #include <QScrollBar>
@@ -53,20 +53,12 @@ int selectionWidth(const QFontMetrics &metrics)
     return qCeil(width / DPIinfo::getInstance().getDPI()) + kFooterPadding;
 }
 
-/// For assistive tools a plain QWidget would be a filler, even as a window.
-QAccessibleInterface *newAccessibleWindow(const QString &className, QObject *object)
-{
-    return className == "FileWindow"
-        ? new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Window)
-        : nullptr;
-}
-
 } // namespace
 
 FileWindow::FileWindow(const QString &folder)
     : m_pages(kRowsPerPage, nullptr), m_listing(new FolderListing(this)), m_work(new FileWork(this))
 {
-    QAccessible::installFactory(newAccessibleWindow); // again it is a no-op
+    makeWindowsAccessible();
     setObjectName("fileWindow");
     setWindowIcon(getGlobalImage("app_img"));
     setStyleSheet(windowStyle());
