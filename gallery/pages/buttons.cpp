@@ -70,20 +70,51 @@ QList<QWidget *> statesOf(const Role &role)
     const auto shot = [&](QStyle::State state) {
         return sized(new ButtonSnapshot(caption, role.role, state), role.role);
     };
-    return {note(role.name), newButton(caption, role.role), shot(QStyle::State_None),
-        shot(QStyle::State_MouseOver), shot(QStyle::State_Sunken), shot(QStyle::State_HasFocus),
+    return {newButton(caption, role.role), shot(QStyle::State_None), shot(QStyle::State_MouseOver),
+        shot(QStyle::State_Sunken), shot(QStyle::State_HasFocus),
         disabled(newButton(caption, role.role))};
+}
+
+bool isPageNumber(const Role &role)
+{
+    return role.role == VemoButton::SELECT_PAGING || role.role == VemoButton::NONSELECT_PAGING;
+}
+
+/// A column for each role: in some languages six captions side by side are wider than the window.
+void addTextRoles(Page &page)
+{
+    QStringList captions("State");
+    QList<QList<QWidget *>> rows;
+    for (const QString &state : kStates)
+        rows << QList<QWidget *> {note(state)};
+    for (const Role &role : kRoles) {
+        if (isPageNumber(role))
+            continue;
+        captions << role.name;
+        const QList<QWidget *> states = statesOf(role);
+        for (int row = 0; row < states.size(); ++row)
+            rows[row] << states[row];
+    }
+    page.addTable(captions, rows);
+}
+
+void addPageNumberRoles(Page &page)
+{
+    QList<QList<QWidget *>> rows;
+    for (const Role &role : kRoles) {
+        if (isPageNumber(role))
+            rows << QList<QWidget *> {note(role.name)} + statesOf(role);
+    }
+    page.addTable(QStringList("Role") + kStates, rows);
 }
 
 void addRoles(Page &page)
 {
-    QList<QList<QWidget *>> rows;
-    for (const Role &role : kRoles)
-        rows << statesOf(role);
     page.addSection("Roles and states",
-        "The first button of each row is live. The others show one state each, drawn by the same "
+        "The first button of each role is live. The others show one state each, drawn by the same "
         "style with that state set.");
-    page.addTable(QStringList("Role") + kStates, rows);
+    addTextRoles(page);
+    addPageNumberRoles(page);
     page.addCode(R"(auto *save = new VemoButton("Save", VemoButton::APPLY);
 layout->addWidget(save); // which becomes its parent
 connect(save, SIGNAL(clicked()), this, SLOT(slotSave()));)");

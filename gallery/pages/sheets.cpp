@@ -81,6 +81,8 @@ void addFrame(Page &page)
         VemoSheet *sheet = newOwnSheet(window);
         VemoMask::createMask(sheet, window, maskShade())->show();
         sheet->setFocus(Qt::PopupFocusReason);
+        QObject::connect(sheet->findChild<VemoButton *>(), &VemoButton::clicked, show,
+            [show] { show->setFocus(Qt::PopupFocusReason); });
     });
     page.addSection("Frame and mask",
         "The frame draws the shadow around any content; the mask dims the window and holds the "

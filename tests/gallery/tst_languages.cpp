@@ -19,6 +19,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLayout>
+#include <QScrollArea>
+#include <QStackedWidget>
 
 namespace {
 
@@ -37,6 +39,8 @@ private Q_SLOTS:
     void aDesktopLanguageBringsNumbersAndCharacters();
     void aPageIsWholeAndWritesNoWarning_data() { addLanguages(); }
     void aPageIsWholeAndWritesNoWarning();
+    void everyPageIsAsWideAsTheWindow_data() { addLanguages(); }
+    void everyPageIsAsWideAsTheWindow();
     void aMessageSheetIsWhole_data() { addLanguages(); }
     void aMessageSheetIsWhole();
     void aCalendarShowsEveryMonthWhole_data() { addLanguages(); }
@@ -133,6 +137,30 @@ void LanguagesTest::aPageIsWholeAndWritesNoWarning()
         }
     }
     QVERIFY2(clipped.isEmpty(), "Clipped are the texts above.");
+}
+
+// At its default size, so that no page needs a sideways scroll bar.
+void LanguagesTest::everyPageIsAsWideAsTheWindow()
+{
+    QFETCH(QString, code);
+    speak(code);
+    Options options;
+    options.language = code;
+    options.userFolder = m_userFolder.path();
+    GalleryWindow window(options);
+    window.setAttribute(Qt::WA_DontShowOnScreen);
+    window.show();
+    QStringList wide;
+    for (int index = 0; index < pageTitles().size(); ++index) {
+        window.showPage(index);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        const auto *area =
+            qobject_cast<QScrollArea *>(window.findChild<QStackedWidget *>()->currentWidget());
+        const int beyond = area->widget()->minimumSizeHint().width() - area->viewport()->width();
+        if (beyond > 0)
+            wide += QString("%1 by %2 px").arg(pageTitles().at(index)).arg(beyond);
+    }
+    QCOMPARE(wide.join('\n'), QString());
 }
 
 void LanguagesTest::aMessageSheetIsWhole()
