@@ -26,6 +26,7 @@ private Q_SLOTS:
     void hasATextForEachKind();
     void writesSizes_data();
     void writesSizes();
+    void keepsASizeTogetherFromRightToLeft();
     void writesDatesAsTheDateFieldsDo_data();
     void writesDatesAsTheDateFieldsDo();
     void carriesEachPathThroughUrls_data();
@@ -132,6 +133,15 @@ void FileTextsTest::writesSizes()
     QTEST(written, "written");
 }
 
+void FileTextsTest::keepsASizeTogetherFromRightToLeft()
+{
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    const QString written = sizeText(1);
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    // In the first strong isolate, and its end.
+    QCOMPARE(written, QChar(0x2068) + QString("1 B") + QChar(0x2069));
+}
+
 void FileTextsTest::writesDatesAsTheDateFieldsDo_data()
 {
     QTest::addColumn<QDateTime>("moment");
@@ -218,7 +228,7 @@ void FileTextsTest::refusesAWrongCommandLine_data()
     QTest::addColumn<QString>("error");
     addRow("two folders", QStringList({"a", "b"}), "Unexpected argument \"b\".");
     addRow("no language", QStringList({"--language", "xyz"}),
-        "Unknown language \"xyz\"; there are: chs cht");
+        "Unknown language \"xyz\"; there are: ara chs cht");
     addRow("empty", QStringList({"--screenshots", ""}), "Option \"screenshots\" needs a value.");
     addRow("no option", QStringList("--no-such"), "Unknown option 'no-such'.");
 }
@@ -233,11 +243,11 @@ void FileTextsTest::refusesAWrongCommandLine()
 
 void FileTextsTest::knowsALocaleForEachLanguage()
 {
-    QCOMPARE(languageCodes().size(), 20);
+    QCOMPARE(languageCodes().size(), 22);
     QSet<QString> locales;
     for (const QString &code : languageCodes())
         locales.insert(localeOf(code).name());
-    QCOMPARE(locales.size(), 20);
+    QCOMPARE(locales.size(), 22);
     QCOMPARE(localeOf("deu").language(), QLocale::German);
     QCOMPARE(fontFamilyOf("cht"), QString("Noto Sans CJK TC"));
     QCOMPARE(fontFamilyOf("deu"), QString());

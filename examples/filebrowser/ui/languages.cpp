@@ -8,6 +8,7 @@ namespace {
 const QMap<QString, QString> &localeNames()
 {
     static const QMap<QString, QString> names {
+        {"ara", "ar_AE"},
         {"chs", "zh_CN"},
         {"cht", "zh_TW"},
         {"csy", "cs_CZ"},
@@ -16,6 +17,7 @@ const QMap<QString, QString> &localeNames()
         {"enu", "en_US"},
         {"esn", "es_ES"},
         {"fra", "fr_FR"},
+        {"heb", "he_IL"},
         {"hun", "hu_HU"},
         {"ita", "it_IT"},
         {"jpn", "ja_JP"},

@@ -57,11 +57,16 @@ bool install(const QString &userFolder, const QString &languageCode)
     return true;
 }
 
-/// How dates and numbers are written.
+/// How dates and numbers are written, and on which side lines begin. Qt's option "-reverse" applies
+/// to the languages from left to right.
 void setLocale(const QString &languageCode)
 {
+    static const Qt::LayoutDirection chosen = QGuiApplication::layoutDirection();
     currentLanguage() = languageCode;
-    QLocale::setDefault(localeOf(languageCode));
+    const QLocale locale = localeOf(languageCode);
+    QLocale::setDefault(locale);
+    const bool isRightToLeft = locale.textDirection() == Qt::RightToLeft;
+    QGuiApplication::setLayoutDirection(isRightToLeft ? Qt::RightToLeft : chosen);
     setFontFor(languageCode);
 }
 

@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QLocale>
 #include <QObject>
 
@@ -16,6 +17,8 @@ constexpr int kLongestShown = 120; // characters of a name in a sheet
 constexpr int kLongestRun = 24; // characters before a line may break
 constexpr int kKilobyte = 1024;
 const QChar kBreak(0x200B); // takes no room
+const QChar kIsolate(0x2068); // until its end, text has the direction of its first letter
+const QChar kIsolateEnd(0x2069);
 
 bool turnsDirection(QChar c)
 {
@@ -83,6 +86,20 @@ private:
     std::function<void()> m_function;
 };
 
+QString plainSizeText(qint64 bytes)
+{
+    const auto format = QLocale::DataSizeTraditionalFormat;
+    const QLocale locale;
+    if (bytes >= kKilobyte)
+        return locale.formattedDataSize(bytes, 1, format);
+    if (locale.textDirection() == Qt::RightToLeft)
+        return locale.formattedDataSize(bytes, 0, format);
+    // QLocale writes out "bytes", also after a 1. The symbol is that of a kilobyte without its
+    // first letter: "B", in French "o".
+    const QString kilo = locale.formattedDataSize(kKilobyte, 0, format);
+    return locale.toString(bytes) + ' ' + kilo.section(' ', -1).mid(1);
+}
+
 } // namespace
 
 QString text(const char *key)
@@ -142,13 +159,9 @@ void translate(QObject *widget, const std::function<void()> &function)
 
 QString sizeText(qint64 bytes)
 {
-    const auto format = QLocale::DataSizeTraditionalFormat;
-    if (bytes >= kKilobyte)
-        return QLocale().formattedDataSize(bytes, 1, format);
-    // QLocale writes out "bytes", also after a 1. The symbol is that of a kilobyte without its
-    // first letter: "B", in French "o".
-    const QString kilo = QLocale().formattedDataSize(kKilobyte, 0, format);
-    return QLocale().toString(bytes) + ' ' + kilo.section(' ', -1).mid(1);
+    // Among texts from right to left, "1 B" would be shown as "B 1".
+    const QString size = plainSizeText(bytes);
+    return QGuiApplication::isRightToLeft() ? kIsolate + size + kIsolateEnd : size;
 }
 
 QString dateText(const QDateTime &moment)
