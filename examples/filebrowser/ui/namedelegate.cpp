@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int kIndent = 5; // design pixels
-constexpr int kRingWidth = 1; // design pixels, as in the style sheet of the other cells
+constexpr int kRingWidth = 2; // design pixels, as in the style sheet of the other cells
 
 /// Qt's delegate begins 3 pixels into a cell, whatever the style sheet's padding: this brings the
 /// content in line with the header above it.
