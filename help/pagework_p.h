@@ -97,12 +97,16 @@ private:
     int m_tables = 0;
     qint64 m_floats = 0;
     QSet<uint> m_fonts;
+    uint m_last_font = 0; // Looked at first, as most texts have the font of the previous one.
 };
 
 inline void PageWork::addFont(uint font, bool isMonospaced)
 {
     if (isMonospaced)
         add(kMonospaced);
+    if (font == m_last_font && !m_fonts.isEmpty())
+        return;
+    m_last_font = font;
     if (m_fonts.contains(font))
         return;
     m_fonts.insert(font);
@@ -122,6 +126,12 @@ inline void PageWork::addFloat(bool isTable)
     ++m_floats;
 }
 
+inline bool isLatinLetter(QChar c)
+{
+    return (c >= QLatin1Char('a') && c <= QLatin1Char('z'))
+        || (c >= QLatin1Char('A') && c <= QLatin1Char('Z'));
+}
+
 /// Counts the letters of a text by their layout cost.
 class TextWork
 {
@@ -132,7 +142,7 @@ public:
     void take(QChar c)
     {
         const ushort code = c.unicode();
-        const bool isLatin = (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z');
+        const bool isLatin = isLatinLetter(c);
         const QChar::Script script = isLatin ? QChar::Script_Latin
             : code < 0x80                    ? QChar::Script_Common
                                              : c.script();
@@ -155,6 +165,8 @@ public:
                                                                      : 2; // Before and after it.
         m_signs += code == 0x2029 ? kSignsOfParagraph : 0;
     }
+    /// Takes this number of Latin letters that follow another one.
+    void takeLetters(int count) { m_letters += count; }
     /// Adds the cost of the letters counted since the last call.
     void chargeTo(PageWork *work, Width width, bool linesCount)
     {

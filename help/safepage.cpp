@@ -21,7 +21,35 @@ bool isOneOf(const QString &name, std::initializer_list<const char *> names)
         [&name](const char *each) { return name == QLatin1String(each); });
 }
 
-/// Properties of an element, looked up once for each of its tags.
+/// The elements for which there are rules of their own. Each is a bit, so that a set of them is
+/// the sum of its elements.
+enum Name {
+    OTHER = 0,
+    BODY = 1 << 0,
+    BR = 1 << 1,
+    CAPTION = 1 << 2,
+    DD = 1 << 3,
+    DL = 1 << 4,
+    DT = 1 << 5,
+    HEAD = 1 << 6,
+    IMG = 1 << 7,
+    LI = 1 << 8,
+    LINK = 1 << 9,
+    LIST = 1 << 10, ///< <ul> and <ol>.
+    META = 1 << 11,
+    OPTION = 1 << 12,
+    P = 1 << 13,
+    PRE = 1 << 14,
+    SECTION = 1 << 15, ///< Of a table.
+    STYLE = 1 << 16,
+    TABLE = 1 << 17,
+    TD = 1 << 18,
+    TH = 1 << 19,
+    TITLE = 1 << 20,
+    TR = 1 << 21,
+};
+
+/// Properties of an element.
 enum Trait {
     EMPTY = 1, ///< Has no content and no end tag.
     BLOCK = 2,
@@ -30,30 +58,57 @@ enum Trait {
     ITALIC = 16,
     MONOSPACED = 32,
     SIZED = 64, ///< Has its own font size.
+    MARGINS = 128, ///< Above and below it.
+    INDENTED = 256,
 };
 
-int traitsOf(const QString &name)
+/// What is known about an element, looked up once for each of its tags.
+struct Kind
 {
-    static const QHash<QString, int> all = [] {
-        QHash<QString, int> traits;
-        const auto add = [&traits](int trait, std::initializer_list<const char *> names) {
-            for (const char *each : names)
-                traits[QString::fromLatin1(each)] |= trait;
-        };
-        add(EMPTY,
-            {"area", "base", "br", "col", "embed", "hr", "img", "input", "link", "meta", "param",
-                "source", "track", "wbr"});
-        add(BLOCK | LINES,
-            {"address", "blockquote", "center", "dd", "div", "dl", "dt", "h1", "h2", "h3", "h4",
-                "h5", "h6", "hr", "li", "ol", "p", "pre", "td", "th", "ul"});
-        add(BLOCK, {"body", "caption", "html", "table", "tbody", "tfoot", "thead", "tr"});
-        add(BOLD, {"b", "strong", "th", "h1", "h2", "h3", "h4", "h5", "h6"});
-        add(ITALIC, {"i", "em", "cite", "dfn", "var", "address"});
-        add(MONOSPACED, {"code", "kbd", "pre", "samp", "tt"});
-        add(SIZED, {"big", "small", "sub", "sup", "h1", "h2", "h3", "h4", "h5", "h6"});
-        return traits;
-    }();
-    return all.value(name);
+    int name = OTHER;
+    int traits = 0;
+
+    bool is(int names) const { return name & names; }
+    bool has(int anyTrait) const { return traits & anyTrait; }
+    bool isHeading() const { return has(SIZED) && has(BLOCK); }
+};
+
+QHash<QString, Kind> knownKinds()
+{
+    QHash<QString, Kind> kinds;
+    const auto add = [&kinds](int trait, std::initializer_list<const char *> names) {
+        for (const char *each : names)
+            kinds[QString::fromLatin1(each)].traits |= trait;
+    };
+    add(EMPTY,
+        {"area", "base", "br", "col", "embed", "hr", "img", "input", "link", "meta", "param",
+            "source", "track", "wbr"});
+    add(BLOCK | LINES,
+        {"address", "blockquote", "center", "dd", "div", "dl", "dt", "h1", "h2", "h3", "h4", "h5",
+            "h6", "hr", "li", "ol", "p", "pre", "td", "th", "ul"});
+    add(BLOCK, {"body", "caption", "html", "table", "tbody", "tfoot", "thead", "tr"});
+    add(BOLD, {"b", "strong", "th", "h1", "h2", "h3", "h4", "h5", "h6"});
+    add(ITALIC, {"i", "em", "cite", "dfn", "var", "address"});
+    add(MONOSPACED, {"code", "kbd", "pre", "samp", "tt"});
+    add(SIZED, {"big", "small", "sub", "sup", "h1", "h2", "h3", "h4", "h5", "h6"});
+    add(MARGINS,
+        {"p", "h1", "h2", "h3", "h4", "h5", "h6", "ul", "ol", "dl", "pre", "blockquote", "hr"});
+    add(INDENTED, {"ul", "ol", "dd", "blockquote"});
+    const QVector<QPair<const char *, Name>> names {{"body", BODY}, {"br", BR},
+        {"caption", CAPTION}, {"dd", DD}, {"dl", DL}, {"dt", DT}, {"head", HEAD}, {"img", IMG},
+        {"li", LI}, {"link", LINK}, {"meta", META}, {"ol", LIST}, {"option", OPTION}, {"p", P},
+        {"pre", PRE}, {"style", STYLE}, {"table", TABLE}, {"tbody", SECTION}, {"td", TD},
+        {"tfoot", SECTION}, {"th", TH}, {"thead", SECTION}, {"title", TITLE}, {"tr", TR},
+        {"ul", LIST}};
+    for (const auto &[name, value] : names)
+        kinds[QString::fromLatin1(name)].name = value;
+    return kinds;
+}
+
+Kind kindOf(const QString &name)
+{
+    static const QHash<QString, Kind> kinds = knownKinds();
+    return kinds.value(name);
 }
 
 bool isPlainName(const QString &name)
@@ -80,6 +135,7 @@ struct Font
 struct Element
 {
     QString name;
+    Kind kind;
     bool isWritten = true; ///< False for those that the text engine inserts itself.
     Font font;
     int children = 0;
@@ -158,23 +214,25 @@ public:
 private:
     void read(const HtmlToken &token);
     void open(const HtmlToken &token);
-    void findPlace(const QString &name);
+    void findPlace(Kind kind);
+    void goInto(int names);
     void openImplied(const QString &name);
-    void push(const QString &name, const Font &font, bool isWritten);
+    void push(const QString &name, Kind kind, const Font &font, bool isWritten);
     void close(const QString &name);
     void closeInnermost();
     void closeDownTo(int index);
     int indexOf(const QString &name) const;
-    bool isInnermost(std::initializer_list<const char *> names) const;
+    int indexOf(int names) const;
+    bool isInnermost(int names) const;
 
     Font writeAttributes(const HtmlToken &token, int traits);
     void writeAttribute(const HtmlAttribute &attribute, Font *font);
     QString spanOf(const HtmlAttribute &attribute);
     void noteFont(const QString &declarations, Font *font) const;
-    void chargeElement(const HtmlToken &token);
+    void chargeElement(const QString &name, Kind kind);
     void chargeCell(bool isRow);
-    void chargeHeight(const QString &name, int traits);
-    void noteHeight(const QString &name, const QString &length);
+    void chargeHeight(Kind kind);
+    void noteHeight(const HtmlAttribute &attribute);
     void noteMarks(const QString &attribute, const QString &value);
     qint64 styleWork(const QString &name, const QStringList &marks, int depth) const;
     void renewStyles();
@@ -182,6 +240,7 @@ private:
     int line() const;
     void beginLine();
 
+    int takeLetters(QStringView rest);
     void writeText(QStringView text);
     void writeEscaped(QStringView text, bool hasEntities);
     void writeTitle();
@@ -234,7 +293,7 @@ SafePage PageWriter::write()
 
 void PageWriter::read(const HtmlToken &token)
 {
-    const bool isRaw = isInnermost({"style", "title"});
+    const bool isRaw = isInnermost(STYLE | TITLE);
     if (token.kind == HtmlToken::TEXT) {
         if (isRaw)
             m_raw += token.text;
@@ -242,7 +301,7 @@ void PageWriter::read(const HtmlToken &token)
             writeText(token.text);
         return;
     }
-    if (isRaw && m_open.last().name == QLatin1String("title"))
+    if (isInnermost(TITLE))
         writeTitle();
     else if (isRaw && token.kind == HtmlToken::CLOSING)
         writeStyleSheet();
@@ -251,88 +310,94 @@ void PageWriter::read(const HtmlToken &token)
         return;
     if (token.kind == HtmlToken::CLOSING)
         close(token.name);
-    else if (!m_is_from_network || token.name != QLatin1String("link"))
+    else
         open(token);
 }
 
 void PageWriter::open(const HtmlToken &token)
 {
-    const int traits = traitsOf(token.name);
-    findPlace(token.name);
-    if (traits & LINES)
+    const Kind kind = kindOf(token.name);
+    if (m_is_from_network && kind.is(LINK))
+        return;
+    findPlace(kind);
+    if (kind.has(LINES))
         beginLine();
-    m_html += QLatin1Char('<') + token.name;
-    const Font font = writeAttributes(token, traits);
-    chargeElement(token);
-    chargeHeight(token.name, traits);
-    const bool isEmpty = (traits & EMPTY) || token.endsItself;
+    m_html += QLatin1Char('<');
+    m_html += token.name;
+    const Font font = writeAttributes(token, kind.traits);
+    chargeElement(token.name, kind);
+    chargeHeight(kind);
+    const bool isEmpty = kind.has(EMPTY) || token.endsItself;
     m_html += isEmpty ? QLatin1String(" />") : QLatin1String(">");
-    if (token.name == QLatin1String("br"))
+    if (kind.is(BR))
         m_words.restart();
     if (!isEmpty)
-        push(token.name, font, true);
+        push(token.name, kind, font, true);
 }
 
 /// Closes the elements that the text engine closes before this element, and opens those it inserts.
-void PageWriter::findPlace(const QString &name)
+void PageWriter::findPlace(Kind kind)
 {
-    if (name == QLatin1String("td") && indexOf(QStringLiteral("tr")) < 0) {
+    if (kind.is(TD) && indexOf(TR) < 0) {
         openImplied(QStringLiteral("table"));
         openImplied(QStringLiteral("tr"));
-    } else if (name == QLatin1String("tr") && indexOf(QStringLiteral("table")) < 0) {
+    } else if (kind.is(TR) && indexOf(TABLE) < 0) {
         openImplied(QStringLiteral("table"));
-    } else if (name == QLatin1String("p")) {
+    } else if (kind.is(P)) {
         int block = m_open.size() - 1;
-        while (block >= 0 && !(traitsOf(m_open.at(block).name) & BLOCK))
+        while (block >= 0 && !m_open.at(block).kind.has(BLOCK))
             --block;
-        if (block >= 0 && m_open.at(block).name == name)
+        if (block >= 0 && m_open.at(block).kind.is(P))
             closeDownTo(block);
     }
-    if (isOneOf(name, {"p", "li", "option"}) && !m_open.isEmpty() && m_open.last().name == name)
+    if (kind.is(P | LI | OPTION) && isInnermost(kind.name))
         closeInnermost();
-    const auto goInto = [this](std::initializer_list<const char *> names) {
-        while (!m_open.isEmpty() && !isInnermost(names))
-            closeInnermost();
-    };
-    if (isOneOf(name, {"td", "th"}))
-        goInto({"tr"});
-    else if (name == QLatin1String("tr"))
-        goInto({"table", "thead", "tbody", "tfoot"});
-    else if (isOneOf(name, {"thead", "tbody", "tfoot", "caption"}))
-        goInto({"table"});
-    else if (name == QLatin1String("dt"))
-        goInto({"dl"});
-    else if (name == QLatin1String("dd"))
-        goInto({"dl", "dt"});
-    else if (name == QLatin1String("body") && isInnermost({"head"}))
+    if (kind.is(TD | TH))
+        goInto(TR);
+    else if (kind.is(TR))
+        goInto(TABLE | SECTION);
+    else if (kind.is(SECTION | CAPTION))
+        goInto(TABLE);
+    else if (kind.is(DT))
+        goInto(DL);
+    else if (kind.is(DD))
+        goInto(DL | DT);
+    else if (kind.is(BODY) && isInnermost(HEAD))
+        closeInnermost();
+}
+
+/// Closes the elements inside the innermost of names.
+void PageWriter::goInto(int names)
+{
+    while (!m_open.isEmpty() && !isInnermost(names))
         closeInnermost();
 }
 
 void PageWriter::openImplied(const QString &name)
 {
-    push(name, m_open.isEmpty() ? Font() : m_open.last().font, false);
+    push(name, kindOf(name), m_open.isEmpty() ? Font() : m_open.last().font, false);
 }
 
-void PageWriter::push(const QString &name, const Font &font, bool isWritten)
+void PageWriter::push(const QString &name, Kind kind, const Font &font, bool isWritten)
 {
     Element element;
     element.name = name;
+    element.kind = kind;
     element.font = font;
     element.isWritten = isWritten;
-    const bool isIndented = isWritten && isOneOf(name, {"ul", "ol", "dd", "blockquote"});
-    element.indent = (isIndented ? kIndentPixels : 0)
-        + (isWritten && (traitsOf(name) & BLOCK) ? qMax(m_length, m_css.maxLength) : 0);
+    element.indent = (isWritten && kind.has(INDENTED) ? kIndentPixels : 0)
+        + (isWritten && kind.has(BLOCK) ? qMax(m_length, m_css.maxLength) : 0);
     element.cellHeight = m_cell_height;
     element.line = qMax(m_own_line, m_open.isEmpty() ? 0 : m_open.last().line);
-    if (name.size() == 2 && name.at(0) == QLatin1Char('h') && (traitsOf(name) & SIZED))
+    if (kind.isHeading())
         element.line = qMax(element.line, m_css.maxHeadingLine);
     if (isWritten)
         element.marks = m_marks;
     element.style = styleWork(name, element.marks, m_open.size() + 1);
     m_style += element.style;
     m_indent += element.indent;
-    m_open += element;
-    if (name == QLatin1String("table"))
+    m_open.append(std::move(element));
+    if (kind.is(TABLE))
         m_work.setTables(++m_tables);
     m_is_too_deep |= m_open.size() > kMaxNestedTags || m_tables > kMaxNestedTables;
 }
@@ -356,12 +421,15 @@ void PageWriter::closeInnermost()
     const Element element = m_open.takeLast();
     m_indent -= element.indent;
     m_style -= element.style;
-    if (element.name == QLatin1String("table"))
+    if (element.kind.is(TABLE))
         m_work.setTables(--m_tables);
-    if (traitsOf(element.name) & LINES)
+    if (element.kind.has(LINES))
         beginLine();
-    if (element.isWritten)
-        m_html += QLatin1String("</") + element.name + QLatin1Char('>');
+    if (!element.isWritten)
+        return;
+    m_html += QLatin1String("</");
+    m_html += element.name;
+    m_html += QLatin1Char('>');
 }
 
 int PageWriter::indexOf(const QString &name) const
@@ -373,9 +441,18 @@ int PageWriter::indexOf(const QString &name) const
     return -1;
 }
 
-bool PageWriter::isInnermost(std::initializer_list<const char *> names) const
+/// The innermost of these elements; -1 if none is open.
+int PageWriter::indexOf(int names) const
 {
-    return !m_open.isEmpty() && isOneOf(m_open.last().name, names);
+    int i = m_open.size() - 1;
+    while (i >= 0 && !m_open.at(i).kind.is(names))
+        --i;
+    return i;
+}
+
+bool PageWriter::isInnermost(int names) const
+{
+    return !m_open.isEmpty() && m_open.last().kind.is(names);
 }
 
 Font PageWriter::writeAttributes(const HtmlToken &token, int traits)
@@ -402,7 +479,9 @@ void PageWriter::writeAttribute(const HtmlAttribute &attribute, Font *font)
     if (!isPlainName(name) || isTooLong(attribute))
         return;
     m_work.addAttribute(attribute.value.size());
-    m_html += QLatin1Char(' ') + name + QLatin1String("=\"");
+    m_html += QLatin1Char(' ');
+    m_html += name;
+    m_html += QLatin1String("=\"");
     if (name == QLatin1String("style")) {
         const QString css =
             attribute.hasEntities ? resolved(attribute.value) : attribute.value.toString();
@@ -420,7 +499,7 @@ void PageWriter::writeAttribute(const HtmlAttribute &attribute, Font *font)
         m_html += spanOf(attribute);
     } else {
         writeEscaped(attribute.value, attribute.hasEntities);
-        noteHeight(name, resolved(attribute.value));
+        noteHeight(attribute);
         if (isOneOf(name, {"class", "id"}))
             noteMarks(name, resolved(attribute.value).toLower());
         m_floats |= name == QLatin1String("align") && isSide(attribute.value);
@@ -454,55 +533,57 @@ void PageWriter::noteFont(const QString &declarations, Font *font) const
     }
 }
 
-void PageWriter::chargeElement(const HtmlToken &token)
+void PageWriter::chargeElement(const QString &name, Kind kind)
 {
     const int sibling = m_open.isEmpty() ? 0 : m_open.last().children++;
     m_work.addElement(m_open.size(), sibling, m_css);
-    const QString &name = token.name;
     m_work.addStyles(m_style + styleWork(name, m_marks, m_open.size() + 1));
-    m_keeps_lines |= isOneOf(name, {"pre", "meta"});
+    m_keeps_lines |= kind.is(PRE | META);
     m_has_floats |= m_floats;
-    if (name == QLatin1String("img")) {
+    if (kind.is(IMG)) {
         ++m_pictures;
         m_work.addPicture(m_paragraph);
         m_paragraph += PageWork::kPictureAsLetters;
-    } else if (name == QLatin1String("li")) {
-        const int list = qMax(indexOf(QStringLiteral("ul")), indexOf(QStringLiteral("ol")));
+    } else if (kind.is(LI)) {
+        const int list = indexOf(LIST);
         m_work.addItem(list < 0 ? m_loose_items++ : m_open[list].items++);
-    } else if (isOneOf(name, {"td", "th", "tr"})) {
-        chargeCell(name == QLatin1String("tr"));
+    } else if (kind.is(TD | TH | TR)) {
+        chargeCell(kind.is(TR));
     }
-    if (m_floats && isOneOf(name, {"img", "table"}))
-        m_work.addFloat(name == QLatin1String("table"));
+    if (m_floats && kind.is(IMG | TABLE))
+        m_work.addFloat(kind.is(TABLE));
 }
 
 /// Adds the height of an element without its text to that of the page.
-void PageWriter::chargeHeight(const QString &name, int traits)
+void PageWriter::chargeHeight(Kind kind)
 {
     constexpr int kLengths = 3; // For example a margin, a padding and a border.
-    if (name == QLatin1String("br"))
+    if (kind.is(BR))
         m_work.addHeight(line());
-    if (!(traits & BLOCK))
+    if (!kind.has(BLOCK))
         return;
-    const bool hasMargins = isOneOf(name,
-        {"p", "h1", "h2", "h3", "h4", "h5", "h6", "ul", "ol", "dl", "pre", "blockquote", "hr"});
-    m_work.addHeight(kLengths * qMax(m_length, m_css.maxLength) + (hasMargins ? kLinePixels : 0));
-    if (traits & LINES)
-        m_work.addHeight((traits & SIZED) ? qMax(3 * line(), m_css.maxHeadingLine) : line());
-    const int table = isOneOf(name, {"td", "th"}) ? indexOf(QStringLiteral("table")) : -1;
+    const int margins = kind.has(MARGINS) ? kLinePixels : 0;
+    m_work.addHeight(kLengths * qMax(m_length, m_css.maxLength) + margins);
+    if (kind.has(LINES))
+        m_work.addHeight(kind.has(SIZED) ? qMax(3 * line(), m_css.maxHeadingLine) : line());
+    const int table = kind.is(TD | TH) ? indexOf(TABLE) : -1;
     if (table >= 0)
         m_work.addHeight(m_open.at(table).cellHeight);
 }
 
-void PageWriter::noteHeight(const QString &name, const QString &length)
+void PageWriter::noteHeight(const HtmlAttribute &attribute)
 {
-    const int pixels = qBound(0, int(length.toDouble()), 10000);
-    if (name == QLatin1String("height"))
-        m_work.addHeight(pixels);
-    else if (isOneOf(name, {"border", "cellpadding", "cellspacing"}))
-        m_cell_height += 2 * pixels;
-    else if (name == QLatin1String("size"))
+    const QString &name = attribute.name;
+    const bool isOfCells = isOneOf(name, {"border", "cellpadding", "cellspacing"});
+    if (isOfCells || name == QLatin1String("height")) {
+        const int pixels = qBound(0, int(resolved(attribute.value).toDouble()), 10000);
+        if (isOfCells)
+            m_cell_height += 2 * pixels;
+        else
+            m_work.addHeight(pixels);
+    } else if (name == QLatin1String("size")) {
         m_own_line = qMax(m_own_line, 3 * kLinePixels);
+    }
 }
 
 void PageWriter::noteMarks(const QString &attribute, const QString &value)
@@ -554,7 +635,7 @@ TextWork::Width PageWriter::width() const
 /// A table is as wide as its widest row.
 void PageWriter::chargeCell(bool isRow)
 {
-    const int index = indexOf(QStringLiteral("table"));
+    const int index = indexOf(TABLE);
     if (index < 0)
         return;
     Element &table = m_open[index];
@@ -587,6 +668,17 @@ void PageWriter::beginLine()
     m_paragraph = 0;
 }
 
+/// Takes the letters at the start of rest, which is inside a word, all at once: they are most of a
+/// page. Returns how many were taken.
+int PageWriter::takeLetters(QStringView rest)
+{
+    const auto last = rest.begin() + qMin(int(rest.size()), m_words.lettersLeft());
+    const int count = int(std::find_if_not(rest.begin(), last, isLatinLetter) - rest.begin());
+    m_words.takeLetters(count);
+    m_letters.takeLetters(count);
+    return count;
+}
+
 void PageWriter::writeText(QStringView text)
 {
     const bool isBlank = text.trimmed().isEmpty();
@@ -605,6 +697,8 @@ void PageWriter::writeText(QStringView text)
         }
         // A break must not come between an ampersand and its semicolon.
         i = qMax(i, end - 1);
+        if (isLatinLetter(c))
+            i += takeLetters(text.mid(i + 1));
     }
     writeEscaped(text.mid(start), true);
     const bool linesCount = m_keeps_lines || m_css.hasWhiteSpace;

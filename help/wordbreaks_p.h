@@ -35,6 +35,10 @@ public:
         m_length = 1;
         return true;
     }
+    /// Adds letters that follow a letter, lettersLeft() at most: no break is due before these.
+    void takeLetters(int count) { m_length += count; }
+    /// How many more letters the word may have.
+    int lettersLeft() const { return kMaxWordLength - m_length; }
     /// To be called at the start of a line.
     void restart()
     {
