@@ -22,6 +22,7 @@ namespace {
 
 constexpr int kMargin = 12; // In design pixels, 96 dpi.
 constexpr int kLetterSide = 7; // The same; half of the area of a letter of usual size.
+constexpr int kLineHeight = 12; // The same; less than that of a line of usual size.
 constexpr int kMaxShownAddress = 200; // Letters in a warning.
 constexpr int kPausePerWork = 4;
 constexpr int kStartsPerEvent = 8; // Each creates a thread.
@@ -109,8 +110,10 @@ void HtmlTextBrowser::layOut(const SafePage &safe, bool isRichText)
 {
     const qint64 letterArea = qint64(scaled(kLetterSide)) * scaled(kLetterSide);
     const qint64 area = qint64(viewport()->width()) * viewport()->height();
+    const qint64 linesHeight = qint64(scaled(kLineHeight)) * safe.lines;
+    const bool isHigher = safe.letters * letterArea > area || linesHeight > viewport()->height();
     const Qt::ScrollBarPolicy policy = verticalScrollBarPolicy();
-    if (policy == Qt::ScrollBarAsNeeded && safe.letters * letterArea > area)
+    if (policy == Qt::ScrollBarAsNeeded && isHigher)
         setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     if (isRichText)
         setHtml(safe.html);

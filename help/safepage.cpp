@@ -264,6 +264,7 @@ private:
     bool m_has_floats = false;
     int m_pictures = 0;
     int m_text_length = 0;
+    int m_lines = 0; // A row of a table counts as one.
     int m_indent = 0; // Of the open elements, in pixels.
     int m_columns = 1; // Of the current tag, like the following.
     int m_rows = 1;
@@ -285,7 +286,7 @@ SafePage PageWriter::write()
     HtmlToken token;
     while (!m_is_too_deep && !m_work.isTooMuch()) {
         if (!m_tokens.next(&token))
-            return {SafePage::FINE, m_html, m_work.total(), m_pictures, m_text_length};
+            return {SafePage::FINE, m_html, m_work.total(), m_pictures, m_text_length, m_lines};
         read(token);
     }
     return {m_is_too_deep ? SafePage::TOO_DEEP : SafePage::TOO_SLOW, {}, m_work.total()};
@@ -550,6 +551,7 @@ void PageWriter::chargeElement(const QString &name, Kind kind)
     } else if (kind.is(TD | TH | TR)) {
         chargeCell(kind.is(TR));
     }
+    m_lines += m_tables == (kind.is(TR) ? 1 : 0) && kind.is(TR | BR);
     if (m_floats && kind.is(IMG | TABLE))
         m_work.addFloat(kind.is(TABLE));
 }
@@ -683,6 +685,7 @@ void PageWriter::writeText(QStringView text)
 {
     const bool isBlank = text.trimmed().isEmpty();
     m_text_length += isBlank ? 0 : int(text.size());
+    m_lines += !isBlank && m_paragraph == 0 && m_tables == 0;
     if (!m_open.isEmpty() && !isBlank)
         m_work.addFont(m_open.last().font.hash(), m_open.last().font.traits & MONOSPACED);
     int start = 0;

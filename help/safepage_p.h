@@ -14,6 +14,7 @@ struct SafePage
     qint64 work = 0; ///< The estimated time for the text engine, in nanoseconds.
     int pictures = 0; ///< The number of pictures.
     int letters = 0; ///< The length of its texts.
+    int lines = 0; ///< The number of lines that it has at least, in a window of any width.
 };
 
 /// Rewrites the page html in an unambiguous form, and estimates the cost of showing it.

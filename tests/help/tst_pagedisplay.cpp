@@ -186,7 +186,14 @@ void tst_pagedisplay::aLongPageIsLaidOutOnce_data()
     QTest::newRow("one paragraph") << "<html>" + words << true;
     QTest::newRow("plain text") << words << true;
     QTest::newRow("paragraphs") << "<html>" + lines(2000) << true;
+    QTest::newRow("short paragraphs") << "<html>" + lines(40) << true;
+    QTest::newRow("breaks") << "<html>" + QStringLiteral("x<br>").repeated(40) << true;
+    const QString rows = QStringLiteral("<tr><td>x</td></tr>");
+    QTest::newRow("rows of a table") << "<html><table>" + rows.repeated(40) + "</table>" << true;
     QTest::newRow("a page that fits") << "<html>a word" << false;
+    QTest::newRow("tables side by side")
+        << "<html><table><tr>" + ("<td><table>" + rows.repeated(3) + "</table>").repeated(8)
+        << false;
     QTest::newRow("letters that are not shown") << "<html><script>" + words + "</script>" << false;
 }
 
