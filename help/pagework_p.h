@@ -47,7 +47,11 @@ public:
     /// An item is searched for in the sequence of its list.
     void addItem(int itemsBefore) { m_total += kItem * itemsBefore; }
     /// The text before the picture in its paragraph is shaped again.
-    void addPicture(int lettersBefore) { m_total += kPictureLetter * lettersBefore; }
+    void addPicture(int lettersBefore)
+    {
+        add(kPicture);
+        m_total += kPictureLetter * lettersBefore;
+    }
     /// Each float searches for space among all earlier ones; tables do so repeatedly.
     void addFloat(bool isTable);
     /// A cell that spans several rows moves its neighbours.
@@ -85,11 +89,12 @@ private:
     static constexpr qint64 kFont = 1000000;
     static constexpr qint64 kMonospaced = 170000;
     static constexpr qint64 kItem = 140;
+    static constexpr qint64 kPicture = 20000;
     static constexpr qint64 kPictureLetter = 45;
     static constexpr qint64 kFloat = 1;
     static constexpr qint64 kSpan = 36000;
-    static constexpr qint64 kCell = 25000;
-    static constexpr qint64 kGrid = 3000;
+    static constexpr qint64 kCell = 30000;
+    static constexpr qint64 kGrid = 6000;
     static constexpr qint64 kEmptyCell = 45000;
 
     qint64 m_total = 0;
