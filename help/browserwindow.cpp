@@ -4,7 +4,7 @@
 #include "core/scaling_p.h"
 #include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
-#include "help/webreply_p.h"
+#include "help/webcontent_p.h"
 
 #include <vemo/stylemanager.h>
 

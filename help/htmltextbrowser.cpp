@@ -10,7 +10,7 @@
 #include "help/picturefolder_p.h"
 #include "help/picturescan_p.h"
 #include "help/safepage_p.h"
-#include "help/webreply_p.h"
+#include "help/webcontent_p.h"
 
 #include <QDesktopServices>
 #include <QElapsedTimer>

@@ -4,7 +4,7 @@
 #include "core/logging_p.h"
 #include "help/helplimits_p.h"
 #include "help/picturefolder_p.h"
-#include "help/webreply_p.h"
+#include "help/webcontent_p.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>

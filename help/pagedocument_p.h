@@ -3,7 +3,7 @@
 #pragma once
 
 #include "help/helplimits_p.h"
-#include "help/webpicture_p.h"
+#include "help/webcontent_p.h"
 
 #include <QHash>
 #include <QSet>

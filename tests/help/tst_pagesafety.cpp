@@ -5,7 +5,7 @@
 #include "help/imagedownloader_p.h"
 #include "help/picturefolder_p.h"
 #include "help/testserver.h"
-#include "help/webpicture_p.h"
+#include "help/webcontent_p.h"
 #include "support/vemotest.h"
 
 #include <QBuffer>

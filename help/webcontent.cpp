@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "help/webpicture_p.h"
+#include "help/webcontent_p.h"
 
+#include "core/logging_p.h"
 #include "help/helplimits_p.h"
 
 #include <QIODevice>
 #include <QImageReader>
+#include <QNetworkReply>
 
 #include <cctype>
 
 namespace {
+
+constexpr qint64 kBufferMargin = qint64(1024) * 1024;
 
 /// The format of a picture that begins with bytes; empty if pages from the network may not use it.
 /// Other formats are not harmless: an SVG can refer to files.
@@ -50,6 +54,22 @@ WebPicture failed(WebPicture::Problem problem)
 }
 
 } // namespace
+
+void limitReply(QNetworkReply *reply, qint64 maxBytes)
+{
+    if (!isWebUrl(reply->url()))
+        return; // Local files are trusted, and their replies do not support abort().
+    // This also stops the network thread, which decompresses the body on its own. It may stop a
+    // block before the buffer is full: because of the margin, the excess is still reported by
+    // readyRead().
+    reply->setReadBufferSize(maxBytes + kBufferMargin);
+    QObject::connect(reply, &QIODevice::readyRead, reply, [reply, maxBytes] {
+        if (reply->bytesAvailable() <= maxBytes || reply->isFinished())
+            return;
+        qCWarning(vemoLog) << "Too much data from" << reply->url().toString();
+        reply->abort();
+    });
+}
 
 WebPicture readWebPicture(QIODevice *device, qint64 pixelsLeft, int maxWidth)
 {

@@ -3,8 +3,22 @@
 #pragma once
 
 #include <QPixmap>
+#include <QUrl>
 
 class QIODevice;
+class QNetworkReply;
+
+/// What pages from the network may fetch and show.
+
+/// Whether a page from the network may fetch url.
+inline bool isWebUrl(const QUrl &url)
+{
+    return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+}
+
+/// Aborts reply with a warning as soon as the server has sent more than maxBytes. The caller must
+/// not read from reply before it has finished.
+void limitReply(QNetworkReply *reply, qint64 maxBytes);
 
 /// A picture of a page from the network.
 struct WebPicture
