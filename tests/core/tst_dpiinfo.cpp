@@ -12,7 +12,12 @@ static_assert(!std::is_default_constructible_v<DPIinfo>);
 namespace {
 
 // The factors of the measured tables; each requires its own environment.
-constexpr double kFactors[] = {1.0, 1.25, 1.5};
+const QVector<double> kFactors {1.0, 1.25, 1.5};
+
+int factorIndex()
+{
+    return kFactors.indexOf(DPIinfo::getInstance().getDPI());
+}
 
 void addSheet(const char *name, const char *sheet, const QStringList &results)
 {
@@ -46,6 +51,8 @@ private Q_SLOTS:
     void fractionsCountToTheirLastDigit();
     void sizesInCodeAreTruncatedTowardZero_data();
     void sizesInCodeAreTruncatedTowardZero();
+    void sizesInCodeAreScaledAndTruncated_data();
+    void sizesInCodeAreScaledAndTruncated();
     void aMillionRandomSheetsComeOutAsTheRulesSay_data();
     void aMillionRandomSheetsComeOutAsTheRulesSay();
 };
@@ -97,11 +104,7 @@ void DPIinfoTest::lengthsAreScaledAndTruncated()
 {
     QFETCH(QString, sheet);
     QFETCH(QStringList, results);
-    const DPIinfo &info = DPIinfo::getInstance();
-    const auto *factor = std::find(std::begin(kFactors), std::end(kFactors), info.getDPI());
-    QVERIFY(factor != std::end(kFactors));
-    QCOMPARE(info.getScaledStyleSheet(sheet),
-        results[static_cast<int>(std::distance(std::begin(kFactors), factor))]);
+    QCOMPARE(DPIinfo::getInstance().getScaledStyleSheet(sheet), results.at(factorIndex()));
 }
 
 void DPIinfoTest::onlyPixelLengthsAreScaled_data()
@@ -233,12 +236,32 @@ void DPIinfoTest::sizesInCodeAreTruncatedTowardZero()
     QFETCH(double, value);
     QFETCH(int, expected);
     QCOMPARE(truncToInt(value), expected);
-    const double factor = DPIinfo::getInstance().getDPI();
-    QCOMPARE(DPIinfo::scaled(value / factor), truncToInt(factor * (value / factor)));
-    for (const int length : {1, 3, 6, 28, -1, -3})
-        QCOMPARE(DPIinfo::scaled(length), static_cast<int>(factor * length));
-    for (const double length : {0.9, 2.5, 28.5, -2.5})
-        QCOMPARE(DPIinfo::scaled(length), static_cast<int>(factor * length));
+}
+
+void DPIinfoTest::sizesInCodeAreScaledAndTruncated_data()
+{
+    QTest::addColumn<double>("length");
+    QTest::addColumn<QVector<int>>("results");
+    addRow("1", 1.0, QVector<int> {1, 1, 1});
+    addRow("3", 3.0, QVector<int> {3, 3, 4});
+    addRow("6", 6.0, QVector<int> {6, 7, 9});
+    addRow("28", 28.0, QVector<int> {28, 35, 42});
+    addRow("28.5", 28.5, QVector<int> {28, 35, 42});
+    addRow("0.9", 0.9, QVector<int> {0, 1, 1});
+    addRow("2.5", 2.5, QVector<int> {2, 3, 3});
+    addRow("-1", -1.0, QVector<int> {-1, -1, -1});
+    addRow("-2.5", -2.5, QVector<int> {-2, -3, -3});
+    addRow("-3", -3.0, QVector<int> {-3, -3, -4});
+    constexpr int highest = std::numeric_limits<int>::max();
+    addRow("too long", 1e10, QVector<int> {highest, highest, highest});
+    addRow("not a number", std::nan(""), QVector<int> {0, 0, 0});
+}
+
+void DPIinfoTest::sizesInCodeAreScaledAndTruncated()
+{
+    QFETCH(double, length);
+    QFETCH(QVector<int>, results);
+    QCOMPARE(DPIinfo::scaled(length), results.at(factorIndex()));
 }
 
 void DPIinfoTest::aMillionRandomSheetsComeOutAsTheRulesSay_data()

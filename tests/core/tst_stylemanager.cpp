@@ -215,10 +215,9 @@ void StyleManagerTest::placeholdersInKeysAreReplacedToo()
 void StyleManagerTest::sectionsAreScaledUnlessAskedOtherwise()
 {
     load("==lengths==\nmargin: 10px 3px; font: 10pt; width: 50%");
-    const double factor = DPIinfo::getInstance().getDPI();
-    const QString scaled = QString("\nmargin: %1px %2px; font: 10pt; width: 50%")
-                               .arg(static_cast<int>(10 * factor))
-                               .arg(static_cast<int>(3 * factor));
+    const QMap<double, QString> margins {{1, "10px 3px"}, {1.25, "12px 3px"}, {1.5, "15px 4px"}};
+    const QString scaled =
+        "\nmargin: " + margins.value(DPIinfo::getInstance().getDPI()) + "; font: 10pt; width: 50%";
     const StyleManager &manager = StyleManager::getInstance();
     QCOMPARE(manager.getStyleSheet("lengths", false), scaled);
     QCOMPARE(manager.getStyleSheet("lengths"), scaled);
