@@ -150,7 +150,8 @@ QStringList ImageManager::readCatalogue(const QString &folder)
 {
     const QString imageFolder = folder + kImages;
     const QString text = textOfResource(folder + QLatin1String("/images.json"));
-    // By way of a string, so that a byte that isn't UTF-8 spoils one name and not the catalogue.
+    // Decoded leniently first, so that one byte that is not UTF-8 spoils one name, not the whole
+    // catalogue.
     const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
     const QJsonArray listed = catalogue.value(QLatin1String("images")).toArray();
     QStringList names;

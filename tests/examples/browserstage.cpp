@@ -22,12 +22,12 @@ void startOnce()
     static const QTemporaryDir userFolder;
     static const bool isStarted = startLook(userFolder.path(), "enu");
     QVERIFY(isStarted);
-    // Nobody answers there, so that the local pages are shown at once.
+    // Nothing answers there, so the local pages are shown immediately.
     HelpWindow::setKnowledgeBaseUrl(QUrl("https://127.0.0.1:1"));
 }
 
-/// An X server reports late that a pop-up has the focus. No user is faster than that, but a test
-/// is, and would see the focus taken away from what comes after the pop-up.
+/// An X server reports with a delay that a pop-up has the focus. A test is faster and would lose
+/// the focus of what follows the pop-up.
 bool isSettled(const QWidget *popup)
 {
     return QGuiApplication::platformName() != QLatin1String("xcb")
@@ -45,7 +45,7 @@ BrowserStage::BrowserStage()
     m_watch.start(kWatchTime);
 }
 
-/// A sheet that the test didn't reckon with would hold it up forever.
+/// The test would wait forever for a sheet that it did not expect.
 void BrowserStage::watchForgottenSheets()
 {
     VemoSheet *sheet = window ? sheetOver(window.get()) : nullptr;

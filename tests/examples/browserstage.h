@@ -14,8 +14,8 @@
 #include <functional>
 #include <memory>
 
-/// The file browser on a folder of its own, which is also the home folder, with its own trash. The
-/// first one in a process starts the look, in English.
+/// The file browser on a temporary folder, which is also the home folder, with its own trash. The
+/// first one in a process installs the look, in English.
 ///
 ///     BrowserStage stage;
 ///     stage.home.write("a.txt", "hello");
@@ -31,7 +31,7 @@ public:
     /// Opens the window and waits until it has read its folder.
     void open(const QString &folder = {});
     void waitUntilRead() const;
-    /// After a pop-up: without a window manager its window stays the active one.
+    /// To be called after a pop-up: without a window manager its window remains the active one.
     void reactivate() const;
 
     QTableWidget *table() const { return window->table()->getTable(); }
@@ -40,7 +40,7 @@ public:
     QPoint placeOf(const QString &name) const; ///< In the table's viewport.
     QString footer() const;
 
-    /// With the keyboard of the window, so that it goes where the focus is.
+    /// Sent to the window, which passes it to the focus widget.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void type(const QString &letters) const;
     void click(QWidget *widget, const QPoint &place = {}) const;
@@ -70,7 +70,7 @@ private:
     int m_times_seen = 0;
 };
 
-/// Acts on the next pop-up of any kind: a menu runs a loop of its own, too.
+/// Acts on the next pop-up of any kind, because menus also run an event loop of their own.
 class OnPopup : public QObject
 {
 public:
@@ -83,7 +83,7 @@ private:
     bool m_isDone = false;
 };
 
-/// The names of the sheets that are shown while it lives, also of one that goes at once.
+/// Records the names of all sheets that are shown while it exists, however briefly.
 class SheetLog : public QObject
 {
 public:

@@ -121,7 +121,7 @@ void DateFilter::clear()
     update();
 }
 
-/// A time means nothing without its day.
+/// A time requires a day.
 void DateFilter::update()
 {
     m_from.time->setEnabled(from().isValid());

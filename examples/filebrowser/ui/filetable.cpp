@@ -108,7 +108,7 @@ void FileTable::setUpTable()
     auto *delegate = new NameDelegate;
     delegate->setParent(table);
     table->setItemDelegateForColumn(NameColumn, delegate);
-    // Later, since the answer may be a sheet, and the editor is still at work.
+    // Queued: a slot may open a sheet while the editor is still open.
     connect(delegate, &NameDelegate::nameEntered, this, &FileTable::renameEntered,
         Qt::QueuedConnection);
 }
@@ -117,7 +117,7 @@ void FileTable::showTexts()
 {
     getTable()->setAccessibleName(text("accessible_files"));
     setColumns(columns());
-    // Over the numbers, which stand at the right.
+    // Right-aligned, like the numbers below it.
     getHeader()->model()->setHeaderData(
         SizeColumn, Qt::Horizontal, int(Qt::AlignRight | Qt::AlignVCenter), Qt::TextAlignmentRole);
 }

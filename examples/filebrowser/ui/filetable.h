@@ -18,15 +18,15 @@ public:
     const QVector<FileEntry> &entries() const { return m_entries; }
 
     QStringList selectedNames() const;
-    /// The entry of the current row, if it is selected; null where there is none.
+    /// The entry of the current row, if it is selected; null if there is none.
     const FileEntry *currentEntry() const;
     void select(const QStringList &names);
 
     /// Opens the editor of the current row.
     void editName();
-    /// The name stays what it was.
+    /// Closes the editor without changing the name.
     void cancelEditing();
-    /// Gives an entry the picture of what is gone.
+    /// Shows an entry with the picture for removed files.
     void showVanished(const QString &name);
 
 Q_SIGNALS:

@@ -41,7 +41,7 @@ constexpr int kMinTreeWidth = 144;
 constexpr int kMinListWidth = 320;
 
 constexpr int kRowsPerPage = 100;
-constexpr int kManyEntries = 2000; // from so many on it is told that they are being read
+constexpr int kManyEntries = 2000; // from this number on the list shows that it is still reading
 
 constexpr int kFooterPadding = 26; // design pixels, at both sides together
 
@@ -85,7 +85,7 @@ void FileWindow::makeParts()
     m_tree->setMinimumWidth(DPIinfo::scaled(kMinTreeWidth));
     m_paging = new VemoPagingBar(&m_pages, this);
     m_paging->setObjectName("pagingBar");
-    // Without a parent yet: Tab comes last to what joins the window last.
+    // Without a parent yet: the widget that joins the window last is the last in the tab order.
     m_details = new DetailsPanel(nullptr);
     m_empty = new QLabel(m_table->getTable()->viewport());
     m_empty->setObjectName("emptyText");

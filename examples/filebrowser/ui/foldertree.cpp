@@ -30,7 +30,7 @@ namespace {
 constexpr int kIndentation = 16; // design pixels
 constexpr int kIconSize = 16; // design pixels
 constexpr int kMoreFolders =
-    Qt::UserRole + 100; // how many a placeholder stands for; 0: not read yet
+    Qt::UserRole + 100; // number of entries that a placeholder represents; 0: not read yet
 constexpr int kMaxChildren = 1000; // More would block the window, and nobody scrolls that far.
 
 FileSystemTreeWidgetItem *folderItem(QTreeWidgetItem *item)

@@ -3,17 +3,17 @@
 
 #include <QString>
 
-/// Starts everything that widgets look up: the default theme in the language, this program's own
-/// strings and styles on top of it, and how dates and numbers are written. Call it once, before the
-/// first widget; false where userFolder can't be written. style is that of Qt's own widgets; empty:
-/// Fusion.
+/// Installs everything that widgets look up: the default theme in a language, this program's own
+/// strings and styles in addition, and the locale for dates and numbers. To be called once, before
+/// the first widget is created. style is that of Qt's own widgets; Fusion if empty. Returns false
+/// if userFolder cannot be written.
 bool startLook(const QString &userFolder, const QString &languageCode, const QString &style = {});
 
-/// Another language, also for the windows there are: texts, dates and numbers.
+/// Changes the language of texts, dates and numbers, also in existing windows.
 void speak(const QString &languageCode);
-/// The code of the language on show.
+/// The code of the current language.
 QString language();
 
-/// The section for the program's window. Its rules go by object name: a rule that matches every
-/// QWidget would take the ground off the masks of sheets.
+/// The section for the program's window. Its rules are scoped by object name: a rule that matches
+/// every QWidget would remove the colour of the masks of sheets.
 QString windowStyle();

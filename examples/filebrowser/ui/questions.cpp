@@ -19,7 +19,7 @@ namespace {
 constexpr int kNamesShown = 5;
 const QChar kJoiner(0x2060); // takes no room
 
-/// Keeps out what no name can hold; everything else that is wrong is told, not swallowed.
+/// Rejects what no name can contain; any other problem is reported below the field.
 class NameValidator : public QValidator
 {
 public:
