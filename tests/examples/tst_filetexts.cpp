@@ -26,7 +26,7 @@ private Q_SLOTS:
     void hasATextForEachKind();
     void writesSizes_data();
     void writesSizes();
-    void keepsASizeTogetherFromRightToLeft();
+    void keepsValuesTogetherFromRightToLeft();
     void writesDatesAsTheDateFieldsDo_data();
     void writesDatesAsTheDateFieldsDo();
     void carriesEachPathThroughUrls_data();
@@ -133,13 +133,24 @@ void FileTextsTest::writesSizes()
     QTEST(written, "written");
 }
 
-void FileTextsTest::keepsASizeTogetherFromRightToLeft()
+void FileTextsTest::keepsValuesTogetherFromRightToLeft()
 {
+    QCOMPARE(lineText("a.txt"), QString("a.txt"));
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-    const QString written = sizeText(1);
+    const QString size = sizeText(1);
+    const QString date = dateText(QDateTime(QDate(2026, 3, 7), QTime(9, 5)));
+    const QString nothing = dateText({});
+    const QString line = lineText("a.txt");
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
-    // In the first strong isolate, and its end.
-    QCOMPARE(written, QChar(0x2068) + QString("1 B") + QChar(0x2069));
+    // The isolate with the direction of its first letter, and its end.
+    const auto isolated = [](const char *text) {
+        return QChar(0x2068) + QString(text) + QChar(0x2069);
+    };
+    QCOMPARE(size, isolated("1 B"));
+    QCOMPARE(date, isolated("2026-03-07 09:05"));
+    QCOMPARE(nothing, QString());
+    QCOMPARE(line, QChar(0x200F) + isolated("a.txt"));
+    QVERIFY(line.isRightToLeft());
 }
 
 void FileTextsTest::writesDatesAsTheDateFieldsDo_data()

@@ -56,7 +56,7 @@ private:
     void cut()
     {
         const int room = width() - kRounding;
-        setText(fontMetrics().elidedText(m_whole, Qt::ElideMiddle, room));
+        setText(lineText(fontMetrics().elidedText(m_whole, Qt::ElideMiddle, room)));
     }
 
     QString m_whole;

@@ -17,6 +17,7 @@ constexpr int kLongestShown = 120; // characters of a name in a sheet
 constexpr int kLongestRun = 24; // characters before a line may break
 constexpr int kKilobyte = 1024;
 const QChar kBreak(0x200B); // takes no room
+const QChar kRightToLeftMark(0x200F);
 const QChar kIsolate(0x2068); // until its end, text has the direction of its first letter
 const QChar kIsolateEnd(0x2069);
 
@@ -85,6 +86,13 @@ public:
 private:
     std::function<void()> m_function;
 };
+
+/// Among texts from right to left, "1 B" would be shown as "B 1".
+QString isolated(const QString &text)
+{
+    return QGuiApplication::isRightToLeft() && !text.isEmpty() ? kIsolate + text + kIsolateEnd
+                                                               : text;
+}
 
 QString plainSizeText(qint64 bytes)
 {
@@ -157,17 +165,20 @@ void translate(QObject *widget, const std::function<void()> &function)
     widget->installEventFilter(new LanguageWatch(widget, function));
 }
 
+QString lineText(const QString &content)
+{
+    return QGuiApplication::isRightToLeft() ? kRightToLeftMark + isolated(content) : content;
+}
+
 QString sizeText(qint64 bytes)
 {
-    // Among texts from right to left, "1 B" would be shown as "B 1".
-    const QString size = plainSizeText(bytes);
-    return QGuiApplication::isRightToLeft() ? kIsolate + size + kIsolateEnd : size;
+    return isolated(plainSizeText(bytes));
 }
 
 QString dateText(const QDateTime &moment)
 {
     // As the date fields and the times beside them write it.
-    return QLocale::c().toString(moment, QStringLiteral("yyyy-MM-dd HH:mm"));
+    return isolated(QLocale::c().toString(moment, QStringLiteral("yyyy-MM-dd HH:mm")));
 }
 
 QString numberText(int number)

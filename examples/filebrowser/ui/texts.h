@@ -30,6 +30,10 @@ QString nameInText(const QString &name);
 /// Calls function now and after each change of the language, as long as widget lives.
 void translate(QObject *widget, const std::function<void()> &function);
 
+/// For a label of its own, which a QLabel aligns by its text: names and numbers begin on the same
+/// side as the texts of the language.
+QString lineText(const QString &content);
+
 /// In the locale's units; bytes by their symbol: "1 B".
 QString sizeText(qint64 bytes);
 /// Year first, as the date fields have it, in every language; empty if the moment is invalid.
