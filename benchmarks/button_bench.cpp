@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 #include "benchmarks/paintedgrid.h"
@@ -94,7 +95,9 @@ bench::Cases::Setup tool(const char *pictureName)
     };
 }
 
-void buttonCases(bench::Cases &cases)
+} // namespace
+
+void bench::buttonCases(Cases &cases)
 {
     cases.add(QStringLiteral("button.push/apply"), push({0, "component.apply_button"}));
     cases.add(QStringLiteral("button.push/cancel"), push({1, "component.cancel_button"}));
@@ -106,7 +109,3 @@ void buttonCases(bench::Cases &cases)
     cases.add(QStringLiteral("button.tool/next"), tool("bt_next"));
     cases.add(QStringLiteral("button.tool/refresh"), tool("bt_pagebar_refresh"));
 }
-
-const bool isRegistered = bench::addFamily(buttonCases);
-
-} // namespace

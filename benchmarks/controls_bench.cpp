@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 #include "benchmarks/paintedgrid.h"
@@ -203,7 +204,9 @@ bench::Cases::Setup focusListDoubled(int chains)
     };
 }
 
-void controlsCases(bench::Cases &cases)
+} // namespace
+
+void bench::controlsCases(Cases &cases)
 {
     cases.add(QStringLiteral("controls.label"),
         against(
@@ -243,7 +246,3 @@ void controlsCases(bench::Cases &cases)
     cases.add(QStringLiteral("controls.focus list/doubled to 200000"), focusListDoubled(20000));
     cases.add(QStringLiteral("controls.focus list/doubled to 100000"), focusListDoubled(10000));
 }
-
-const bool isRegistered = bench::addFamily(controlsCases);
-
-} // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/datetimefields.h"
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 
@@ -195,7 +196,9 @@ void timeReopen(bench::Case &c)
     c.ours([=] { return reopened(static_cast<QComboBox &>(*ours)); });
 }
 
-void dateTimeCases(bench::Cases &cases)
+} // namespace
+
+void bench::dateTimeCases(Cases &cases)
 {
     cases.add(QStringLiteral("date.open"), dateOpen);
     cases.add(QStringLiteral("date.reopen"), dateReopen);
@@ -204,7 +207,3 @@ void dateTimeCases(bench::Cases &cases)
     cases.add(QStringLiteral("time.open"), timeOpen);
     cases.add(QStringLiteral("time.reopen"), timeReopen);
 }
-
-const bool isRegistered = bench::addFamily(dateTimeCases);
-
-} // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/datetimefields.h"
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 
@@ -104,14 +105,12 @@ void timeReopen(Case &c)
     c.ours([ours] { return reopened(*ours); });
 }
 
-void peerCases(Cases &cases)
+} // namespace
+
+void bench::dateTimePeersCases(Cases &cases)
 {
     cases.add(QStringLiteral("date.open/KDateComboBox"), dateOpen);
     cases.add(QStringLiteral("date.reopen/KDateComboBox"), dateReopen);
     cases.add(QStringLiteral("time.open/KTimeComboBox"), timeOpen);
     cases.add(QStringLiteral("time.reopen/KTimeComboBox"), timeReopen);
 }
-
-const bool isRegistered = addFamily(peerCases);
-
-} // namespace

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/harness.h"
 
+#include "benchmarks/families.h"
+
 #include <algorithm>
 #include <ctime>
 #include <malloc.h>
@@ -81,12 +83,6 @@ QVector<double> ratios(const QVector<double> &costs, const QVector<double> &refe
     return sorted(all);
 }
 
-std::vector<void (*)(Cases &)> &families()
-{
-    static std::vector<void (*)(Cases &)> all;
-    return all;
-}
-
 } // namespace
 
 double median(const QVector<double> &sorted)
@@ -129,16 +125,25 @@ Measured measure(const Case &c, int rounds, bool onX11)
     return measured;
 }
 
-bool addFamily(void (*addTo)(Cases &))
-{
-    families().push_back(addTo);
-    return true;
-}
-
 Cases allCases()
 {
+    // In this order they are run and listed.
+    void (*const families[])(Cases &) = {
+        styleCases,
+        imagesCases,
+        helpCases,
+        controlsCases,
+        viewsCases,
+        buttonCases,
+        messageCases,
+        dateTimeCases,
+        stockCases,
+#ifdef VEMO_BENCH_PEERS
+        dateTimePeersCases,
+#endif
+    };
     Cases cases;
-    for (const auto addTo : families())
+    for (const auto addTo : families)
         addTo(cases);
     return cases;
 }

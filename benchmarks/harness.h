@@ -60,7 +60,7 @@ template <typename Run> double measureCalls(const Run &run, const Meter &meter, 
     return (meter() - before) / calls;
 }
 
-/// Describes what is compared. Filled by the function that a family registers:
+/// Describes what is compared. Filled by a function of its family:
 ///
 ///     c.goal(0.06, 0.04);
 ///     c.reference("regex", [=] { return regexScaled(sheet); });
@@ -197,10 +197,7 @@ private:
     QVector<Entry> m_entries;
 };
 
-/// Registers a family of cases before main() runs, as the initialiser of a constant in its file.
-bool addFamily(void (*addTo)(Cases &));
-
-/// The cases of all families, in the order of their source files.
+/// The cases of all families (see families.h).
 Cases allCases();
 
 } // namespace bench

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 #include "help/htmltextbrowser_p.h"
@@ -163,7 +164,9 @@ void addShown(bench::Cases &cases)
     }
 }
 
-void addCases(bench::Cases &cases)
+} // namespace
+
+void bench::helpCases(Cases &cases)
 {
     addShown(cases);
     addLongest(cases);
@@ -172,7 +175,3 @@ void addCases(bench::Cases &cases)
             [pictures](bench::Case &c) { scanPage(c, pictures); });
     }
 }
-
-const bool isRegistered = bench::addFamily(addCases);
-
-} // namespace

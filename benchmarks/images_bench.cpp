@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 
@@ -193,7 +194,9 @@ void missing(bench::Case &c)
     c.ours([name] { return getGlobalImage(name); });
 }
 
-void imagesCases(bench::Cases &cases)
+} // namespace
+
+void bench::imagesCases(Cases &cases)
 {
     cases.add(QStringLiteral("images.preload"), preloading);
     cases.add(QStringLiteral("images.first"), firstUse);
@@ -201,7 +204,3 @@ void imagesCases(bench::Cases &cases)
     cases.add(QStringLiteral("images.warm/latin-1 name"), warm("picture_100", 2.0));
     cases.add(QStringLiteral("images.missing"), missing);
 }
-
-const bool isRegistered = bench::addFamily(imagesCases);
-
-} // namespace

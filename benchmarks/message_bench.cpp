@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 
@@ -223,14 +224,12 @@ void resizing(bench::Case &c)
     c.ours([masked] { return resizeAndBack(masked.get()); });
 }
 
-void messageCases(bench::Cases &cases)
+} // namespace
+
+void bench::messageCases(Cases &cases)
 {
     cases.add(QStringLiteral("message.cycle/empty window"), overEmptyWindow);
     cases.add(QStringLiteral("message.cycle/filled window"), overFilledWindow);
     cases.add(QStringLiteral("message.memory"), memory);
     cases.add(QStringLiteral("message.resize/1000"), resizing);
 }
-
-const bool isRegistered = bench::addFamily(messageCases);
-
-} // namespace

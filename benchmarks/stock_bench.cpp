@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 #include "benchmarks/paintedgrid.h"
@@ -91,12 +92,10 @@ void oneRulePage(bench::Case &c)
     c.ours(paintedPage, [] { undress(QStringLiteral("QWidget { border: 1px solid gray; }")); });
 }
 
-void stockCases(bench::Cases &cases)
+} // namespace
+
+void bench::stockCases(Cases &cases)
 {
     cases.add(QStringLiteral("stock.page"), stockPage);
     cases.add(QStringLiteral("stock.page/one rule"), oneRulePage);
 }
-
-const bool isRegistered = bench::addFamily(stockCases);
-
-} // namespace

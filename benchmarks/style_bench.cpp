@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 #include "benchmarks/stylereference.h"
@@ -152,7 +153,9 @@ bench::Cases::Setup initializingRun(const char *piece)
     };
 }
 
-void styleCases(bench::Cases &cases)
+} // namespace
+
+void bench::styleCases(Cases &cases)
 {
     cases.add(QStringLiteral("style.scale/500B"), scaling(500));
     cases.add(QStringLiteral("style.scale/10K"), scaling(10 * kKilobyte));
@@ -174,7 +177,3 @@ void styleCases(bench::Cases &cases)
     cases.add(QStringLiteral("style.hostile/px"), scalingRun("px", ""));
     cases.add(QStringLiteral("style.hostile/7px"), scalingRun("7px", ""));
 }
-
-const bool isRegistered = bench::addFamily(styleCases);
-
-} // namespace

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/families.h"
 #include "benchmarks/fixture.h"
 #include "benchmarks/harness.h"
 
@@ -472,7 +473,9 @@ void pagingSet(bench::Case &c)
     c.ours([=] { return ours->setPage(*ourPage = *ourPage % kPages + 1); });
 }
 
-void viewCases(bench::Cases &cases)
+} // namespace
+
+void bench::viewsCases(Cases &cases)
 {
     cases.add(QStringLiteral("table.fill"), tableFill);
     for (const int columns : {5, 20, 80})
@@ -486,7 +489,3 @@ void viewCases(bench::Cases &cases)
         cases.add(QStringLiteral("path.refresh/%1").arg(depth), pathRefresh(depth));
     cases.add(QStringLiteral("paging.set/painted"), pagingSet);
 }
-
-const bool isRegistered = bench::addFamily(viewCases);
-
-} // namespace
