@@ -2,6 +2,7 @@
 #include "gallery/demotexts.h"
 
 #include <QFile>
+#include <QGuiApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -25,6 +26,11 @@ QJsonObject &table()
 QString demo(const char *key)
 {
     return table().value(QLatin1String(key)).toString(key);
+}
+
+QString demoSize(const QString &size)
+{
+    return QGuiApplication::isRightToLeft() ? QChar(0x2066) + size + QChar(0x2069) : size;
 }
 
 void setDemoLanguage(const QString &code)

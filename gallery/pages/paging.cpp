@@ -75,7 +75,7 @@ private:
         m_table.getTable()->setItem(row, 0, name);
         m_table.getTable()->setItem(row, 1, new QTableWidgetItem(type.toUpper()));
         m_table.getTable()->setItem(
-            row, 2, new QTableWidgetItem(QString("%1 KB").arg(item * 37 % 900 + 1)));
+            row, 2, new QTableWidgetItem(demoSize(QString("%1 KB").arg(item * 37 % 900 + 1))));
     }
 
     VemoPagingModel m_model {kRows, nullptr};

@@ -36,6 +36,7 @@ class LanguagesTest : public VemoTest
 private Q_SLOTS:
     void initTestCase();
     void anUnknownDemoTextIsItsKey();
+    void aSizeIsIsolatedFromRightToLeft();
     void aDesktopLanguageBringsNumbersAndCharacters();
     void aPageIsWholeAndWritesNoWarning_data() { addLanguages(); }
     void aPageIsWholeAndWritesNoWarning();
@@ -102,6 +103,15 @@ void LanguagesTest::anUnknownDemoTextIsItsKey()
     QCOMPARE(demo("save"), QString("Speichern"));
     setDemoLanguage("enu");
     QCOMPARE(demo("save"), QString("Save"));
+}
+
+void LanguagesTest::aSizeIsIsolatedFromRightToLeft()
+{
+    QCOMPARE(demoSize("1 KB"), QString("1 KB"));
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    const QString size = demoSize("1 KB");
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    QCOMPARE(size, QChar(0x2066) + QString("1 KB") + QChar(0x2069));
 }
 
 void LanguagesTest::aDesktopLanguageBringsNumbersAndCharacters()
