@@ -15,6 +15,7 @@ void imagesCases(Cases &cases);
 void messageCases(Cases &cases);
 void stockCases(Cases &cases);
 void styleCases(Cases &cases);
+void themeCases(Cases &cases);
 void viewsCases(Cases &cases);
 
 } // namespace bench

@@ -138,6 +138,7 @@ Cases allCases()
         messageCases,
         dateTimeCases,
         stockCases,
+        themeCases,
 #ifdef VEMO_BENCH_PEERS
         dateTimePeersCases,
 #endif
