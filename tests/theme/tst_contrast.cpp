@@ -167,6 +167,34 @@ QString effective(const QString &selector, const QVector<Rule> &rules, QString R
     return {};
 }
 
+/// The states of a selector and the part of a widget that has them.
+QPair<QString, QSet<QString>> partAndStates(QString selector)
+{
+    static const QRegularExpression state("(?<!:):(?!:)(!?[\\w-]+)");
+    QSet<QString> states;
+    auto match = state.globalMatch(selector);
+    while (match.hasNext())
+        states += match.next().captured(1);
+    return {selector.remove(state), states};
+}
+
+/// The rule with this member that wins for a part in exactly the states of the selector.
+Rule appliedRule(const QString &selector, const QVector<Rule> &rules, QString Rule::*member)
+{
+    const auto [part, states] = partAndStates(selector);
+    Rule applied;
+    int mostStates = -1;
+    for (const Rule &rule : rules) {
+        const auto [rulePart, ruleStates] = partAndStates(rule.selector);
+        const bool isApplied = rulePart == part && states.contains(ruleStates);
+        if (isApplied && !(rule.*member).isEmpty() && ruleStates.size() >= mostStates) {
+            applied = rule;
+            mostStates = ruleStates.size();
+        }
+    }
+    return applied;
+}
+
 /// Parts of a widget that hold no text.
 bool isGraphic(const QString &selector)
 {
@@ -391,15 +419,17 @@ void ContrastTest::focusAndChoicesAreVisible()
     QVERIFY2(measured >= kVisible, qPrintable(QString::number(measured)));
 }
 
-// From the ground that its pixels have without the focus.
+// In each state, from the ground that its pixels have without the focus.
 void ContrastTest::aFocusRingStandsOutFromItsWidget_data()
 {
     addColumns();
     forEachRule([](const Rule &rule, const QVector<Rule> &section, const Place &place) {
-        QString unfocused = rule.selector;
-        unfocused.remove(":focus");
-        if (unfocused != rule.selector && !rule.ring.isEmpty())
-            addPair(place, rule.selector, rule.ring, effective(unfocused, section, &Rule::ground));
+        if (rule.selector.contains(":focus") || rule.selector.contains("::item"))
+            return;
+        const Rule focused = appliedRule(rule.selector + ":focus", section, &Rule::ring);
+        const QString ground = appliedRule(rule.selector, section, &Rule::ground).ground;
+        if (focused.selector.contains(":focus"))
+            addPair(place, rule.selector + ":focus", focused.ring, ground);
     });
 }
 
