@@ -9,6 +9,7 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPointer>
 
 namespace {
 
@@ -171,6 +172,11 @@ QLabel *picture(const std::function<QPixmap()> &make)
 {
     auto *label = new QLabel;
     label->setPixmap(make());
-    onThemeReload(label, [label, make] { label->setPixmap(make()); });
+    // The label may be deleted while a picture waits for its window.
+    onThemeReload(label, [label = QPointer<QLabel>(label), make] {
+        const QPixmap pixmap = make();
+        if (label)
+            label->setPixmap(pixmap);
+    });
     return label;
 }

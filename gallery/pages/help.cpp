@@ -82,7 +82,8 @@ void writeHelp(const QString &path, const QByteArray &bytes)
         file.write(bytes);
 }
 
-/// The help as a host would install it: a folder for each language, with pages and pictures.
+/// The help as a host would install it: a folder for each language, with pages and pictures of the
+/// look on show.
 QString installedHelp()
 {
     const QString root = UIPathManager::getInstance().getPath("user_data_path") + "/help";
@@ -112,7 +113,7 @@ HelpContext contextOf(const HelpPage &page, const QString &helpPath)
 }
 
 /// Lets a page come that is on its way through the event loop; reloads is what its pictures cause.
-QWidget *pictureOf(BrowserWindow &window, int reloads)
+QPixmap pictureOf(BrowserWindow &window, int reloads)
 {
     const auto *view = window.findChild<QTextBrowser *>();
     const auto left = std::make_shared<int>(reloads);
@@ -124,8 +125,7 @@ QWidget *pictureOf(BrowserWindow &window, int reloads)
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 50);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     window.resize(DPIinfo::scaled(560), DPIinfo::scaled(380));
-    const QPixmap shown = window.grab();
-    return picture([shown] { return shown; });
+    return window.grab();
 }
 
 void addLocalHelp(Page &page, const QString &helpPath)
@@ -145,8 +145,10 @@ void addLocalHelp(Page &page, const QString &helpPath)
     }
     page.addRow(buttons);
     for (const HelpPage *help : {&kPages[1], &kPages[2]}) {
-        HelpWindow window(contextOf(*help, helpPath), nullptr);
-        page.addRow({pictureOf(window, 0)});
+        page.addRow({picture([help] {
+            HelpWindow window(contextOf(*help, installedHelp()), nullptr);
+            return pictureOf(window, 0);
+        })});
     }
     page.addCode(R"(HelpContext context;
 context.lang = VemoLocale::getInstance().getDefaultLanguage();
@@ -169,9 +171,12 @@ void addFetchedPage(Page &page, const QString &helpPath)
         window->show();
     });
     page.addRow({button});
-    BrowserWindow window(nullptr);
-    window.reload(url);
-    page.addRow({pictureOf(window, kPictures)});
+    page.addRow({picture([url] {
+        installedHelp();
+        BrowserWindow window(nullptr);
+        window.reload(url);
+        return pictureOf(window, kPictures);
+    })});
     page.addCode(R"(auto *window = new BrowserWindow(this);
 window->setAttribute(Qt::WA_DeleteOnClose);
 window->reload(url);

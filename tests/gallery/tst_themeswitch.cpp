@@ -39,14 +39,6 @@ QRect difference(const QImage &a, const QImage &b)
     return place;
 }
 
-/// All but the help page, which keeps pictures of windows that are gone.
-QStringList comparableTitles()
-{
-    QStringList titles = pageTitles();
-    titles.removeAll("Help");
-    return titles;
-}
-
 /// A gallery in the look on show, with its pages open.
 struct Gallery
 {
@@ -61,7 +53,7 @@ struct Gallery
     QMap<QString, QImage> pictures()
     {
         QMap<QString, QImage> pictures;
-        for (const QString &title : comparableTitles())
+        for (const QString &title : pageTitles())
             pictures.insert(title, picture(title));
         return pictures;
     }
