@@ -25,6 +25,11 @@ bool isUpdating()
     return qEnvironmentVariableIsSet("VEMO_UPDATE_BASELINES");
 }
 
+bool isDark()
+{
+    return qEnvironmentVariableIsSet("VEMO_DARK");
+}
+
 /// "1", "1.5", and "1x2" at a device pixel ratio of 2.
 QString factor()
 {
@@ -59,9 +64,8 @@ double layoutDifference(const QImage &a, const QImage &b)
     return double(count) / (cells.width() * cells.height());
 }
 
-QString compareMirrored(const QImage &picture, const QString &path)
+QString compareMirrored(const QImage &picture, const QImage &stored)
 {
-    const QImage stored(path);
     const QImage mirrored = picture.mirrored(true, false);
     if (stored.size() != mirrored.size())
         return "has another size from right to left";
@@ -71,26 +75,22 @@ QString compareMirrored(const QImage &picture, const QString &path)
     return difference <= kUnmirrored ? QString() : measured;
 }
 
-QString folder(const QString &layout = {})
+/// Where the pictures of this run are stored, below baselines/.
+QString folderName()
 {
-    return QStringLiteral(VEMO_BASELINES "/") + factor() + layout;
+    const QString plain = (isDark() ? "dark-" : "") + factor();
+    return isMirrored() ? plain + "-mirrored" : plain;
 }
 
-/// The pictures from right to left that are not the mirror images of others.
-QString mirroredFolder()
+QString pathOf(const QString &folder)
 {
-    return folder("-mirrored");
-}
-
-QString storedFolder()
-{
-    return isMirrored() ? mirroredFolder() : folder();
+    return QStringLiteral(VEMO_BASELINES "/") + folder;
 }
 
 /// The output for the script that updates the pictures.
-void tell(const char *what, const QString &path)
+void tell(const char *what, const QString &place)
 {
-    std::printf("%s baselines%s\n", what, qPrintable(path.mid(int(qstrlen(VEMO_BASELINES)))));
+    std::printf("%s baselines%s\n", what, qPrintable(place.mid(int(qstrlen(VEMO_BASELINES)))));
 }
 
 } // namespace
@@ -119,13 +119,19 @@ void addPartStates(Looks &looks, const QString &name, const NewWidget &make, con
 
 void BaselineTest::initTestCase()
 {
+    const QString folder = pathOf(folderName());
+    m_stored = isDark() ? picturesInSheet(QString("%1/%2.png").arg(folder, m_family))
+                        : picturesInFolder(folder, m_family);
+    if (isDark())
+        QVERIFY(setDefaultThemeMode(DefaultThemeMode::Dark));
     startDefaultTheme();
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     if (qEnvironmentVariableIsSet("VEMO_STYLE_STOCK"))
         applyDefaultThemeStyle(*qApp);
     else
         QApplication::setStyle(QStyleFactory::create("fusion"));
-    QApplication::setPalette(QPalette(QColor(0xFFFFFF), QColor(0xF5F7FA)));
+    QApplication::setPalette(
+        isDark() ? defaultThemePalette() : QPalette(QColor(0xFFFFFF), QColor(0xF5F7FA)));
     QApplication::setFont(boxFont());
     QApplication::setCursorFlashTime(0);
     QApplication::setEffectEnabled(Qt::UI_General, false);
@@ -144,23 +150,21 @@ void BaselineTest::looksAsStored_data()
 void BaselineTest::looksAsStored()
 {
     QFETCH(Look, look);
-    const QString file = QString("%1-%2.png").arg(m_family, look.name);
-    const QString path = storedFolder() + '/' + file;
     const QImage picture = look.take();
-    if (isMirrored() && !QFile::exists(path)) {
-        const QString problem = compareMirrored(picture, folder() + '/' + file);
+    const QImage stored = m_stored->picture(look.name);
+    if (isMirrored() && stored.isNull()) {
+        const auto others = picturesInFolder(pathOf(factor()), m_family);
+        const QString problem = compareMirrored(picture, others->picture(look.name));
         if (problem.isEmpty() || !isUpdating()) {
             QVERIFY2(problem.isEmpty(), qPrintable(problem));
             return;
         }
     }
-    const QString differences = QString(VEMO_DIFFERENCES "/%1/%2");
-    const QString problem =
-        compareWithFile(picture, path, differences.arg(QFileInfo(path).dir().dirName(), file));
+    const QString problem = compareWithStored(picture, stored, m_stored->place(look.name),
+        QString(VEMO_DIFFERENCES "/%1/%2-%3.png").arg(folderName(), m_family, look.name));
     if (isUpdating() && !problem.isEmpty()) {
-        const bool isNew = !QFile::exists(path);
-        QVERIFY(storePicture(picture, path));
-        tell(isNew ? "added" : "changed", path);
+        QVERIFY(m_stored->store(look.name, picture));
+        tell(stored.isNull() ? "added" : "changed", m_stored->place(look.name));
         return;
     }
     QVERIFY2(problem.isEmpty(), qPrintable(problem));
@@ -168,15 +172,14 @@ void BaselineTest::looksAsStored()
 
 void BaselineTest::everyStoredPictureIsLookedAt()
 {
-    QStringList left = QDir(storedFolder()).entryList({m_family + "-*.png"}, QDir::Files);
+    QStringList left = m_stored->names();
     QVERIFY(isUpdating() || isMirrored() || !left.isEmpty());
     for (const Look &look : looks())
-        left.removeOne(QString("%1-%2.png").arg(m_family, look.name));
+        left.removeOne(look.name);
     if (isUpdating()) {
-        for (const QString &file : qAsConst(left)) {
-            const QString path = storedFolder() + '/' + file;
-            QVERIFY(QFile::remove(path));
-            tell("removed", path);
+        for (const QString &name : qAsConst(left)) {
+            QVERIFY(m_stored->remove(name));
+            tell("removed", m_stored->place(name));
         }
         return;
     }
@@ -187,16 +190,15 @@ void BaselineTest::everyStoredPictureIsLookedAt()
 void BaselineTest::noTwoStoredPicturesAreAlike()
 {
     QVector<QPair<QString, QImage>> earlier;
-    const QDir stored(storedFolder());
-    for (const QString &file : stored.entryList({m_family + "-*.png"}, QDir::Files)) {
-        const QImage picture(stored.filePath(file));
-        for (const auto &[otherFile, other] : qAsConst(earlier)) {
-            if (file.endsWith("disabled.png") && otherFile.endsWith("disabled.png"))
+    for (const QString &name : m_stored->names()) {
+        const QImage picture = m_stored->picture(name);
+        for (const auto &[otherName, other] : qAsConst(earlier)) {
+            if (name.endsWith("disabled") && otherName.endsWith("disabled"))
                 continue;
             const bool isAlike =
                 picture.size() == other.size() && compared(other, picture).isEqual();
-            QVERIFY2(!isAlike, qPrintable(QString("%1 is like %2").arg(file, otherFile)));
+            QVERIFY2(!isAlike, qPrintable(QString("%1 is like %2").arg(name, otherName)));
         }
-        earlier.append({file, picture});
+        earlier.append({name, picture});
     }
 }

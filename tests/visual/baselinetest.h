@@ -3,10 +3,12 @@
 
 #include "support/vemotest.h"
 #include "visual/stage.h"
+#include "visual/storedpictures.h"
 
 #include <functional>
+#include <memory>
 
-/// A picture to compare with the one stored under "FAMILY-NAME.png".
+/// A picture to compare with the stored one of that name.
 struct Look
 {
     QString name;
@@ -34,9 +36,11 @@ void addPartStates(Looks &looks, const QString &name, const NewWidget &make, con
 /// Base of the tests that compare the look of widgets with pictures in baselines/FACTOR/. If the
 /// environment contains VEMO_UPDATE_BASELINES, they store pictures that differ instead: see
 /// scripts/update-baselines. If it contains VEMO_STYLE_STOCK, stock widgets are styled, which must
-/// not change the pictures of ours. If it contains VEMO_MIRRORED, everything is laid out from right
-/// to left, which must give the mirror image of the stored pictures except for texts and drawings.
-/// Where these are a large part, a picture of its own is stored in baselines/FACTOR-mirrored/.
+/// not change the pictures of ours. If it contains VEMO_DARK, the dark look is shown, whose
+/// pictures are in baselines/dark-FACTOR/, a file for each family. If it contains VEMO_MIRRORED,
+/// everything is laid out from right to left, which must give the mirror image of the stored
+/// pictures except for texts and drawings. Where these are a large part, a picture of its own is
+/// stored in baselines/FACTOR-mirrored/.
 class BaselineTest : public VemoTest
 {
     Q_OBJECT
@@ -57,4 +61,5 @@ private Q_SLOTS:
 
 private:
     QString m_family;
+    std::unique_ptr<StoredPictures> m_stored;
 };

@@ -54,6 +54,8 @@ QImage reduced(const QImage &picture)
         }
     }
     result.setColorTable(colours);
+    for (const QString &key : picture.textKeys())
+        result.setText(key, picture.text(key));
     return result;
 }
 
@@ -96,7 +98,12 @@ QImage sideBySide(const QImage &expected, const QImage &actual, const QImage &di
 
 QString compareWithFile(const QImage &actual, const QString &path, const QString &differencePath)
 {
-    const QImage expected(path);
+    return compareWithStored(actual, QImage(path), path, differencePath);
+}
+
+QString compareWithStored(const QImage &actual, const QImage &expected, const QString &path,
+    const QString &differencePath)
+{
     if (expected.isNull())
         return QString("There is no stored picture \"%1\".").arg(path);
     const Comparison found = compared(expected, actual);

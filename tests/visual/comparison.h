@@ -25,6 +25,10 @@ QImage sideBySide(const QImage &expected, const QImage &actual, const QImage &di
 /// file; empty if they are equal. If they differ, writes the three pictures to differencePath.
 QString compareWithFile(const QImage &actual, const QString &path, const QString &differencePath);
 
+/// The same with a picture that was already read; path is only for the message.
+QString compareWithStored(const QImage &actual, const QImage &expected, const QString &path,
+    const QString &differencePath);
+
 /// Stores a picture with as few bytes as possible, and creates the folder. Returns false on
 /// failure.
 bool storePicture(const QImage &picture, const QString &path);

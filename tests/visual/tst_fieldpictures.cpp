@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "visual/baselinetest.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/linklabel.h>
 #include <vemo/vemofilterbar.h>
 #include <vemo/vemoiconbutton.h>
@@ -8,6 +9,7 @@
 #include <vemo/vemolineedit.h>
 #include <vemo/vemomenu.h>
 
+#include <QApplication>
 #include <QLabel>
 
 namespace {
@@ -115,7 +117,12 @@ Looks FieldPictures::looks() const
         [](QWidget *bar) { return bar->findChild<VemoIconButton *>(); }, {State::Hover},
         kFilterSize);
     addStates(looks, "label", [] { return new VemoLabel("ab"); }, {State::Rest, State::Disabled});
-    addStates(looks, "link", [] { return new LinkLabel("ab"); }, {State::Rest, State::Hover});
+    // At rest it looks like a label where both have the theme's ink.
+    QVector<State> linkStates {State::Hover};
+    if (QApplication::palette().color(QPalette::WindowText) != defaultThemeColor("ink"))
+        linkStates.append(State::Rest);
+    addStates(
+        looks, "link", [] { return new LinkLabel("ab"); }, linkStates);
     return looks;
 }
 

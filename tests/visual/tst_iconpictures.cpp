@@ -2,6 +2,7 @@
 #include "core/scaling_p.h"
 #include "visual/baselinetest.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/imagemanager.h>
 
 #include <QFile>
@@ -43,7 +44,7 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        painter.fillRect(rect(), Qt::white);
+        painter.fillRect(rect(), defaultThemeColor("surface"));
         const int cell = scaled(kCell);
         for (int i = 0; i < m_names.size(); ++i)
             painter.drawPixmap(i % kColumns * cell + 1, i / kColumns * cell + 1,

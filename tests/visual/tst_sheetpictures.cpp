@@ -35,7 +35,8 @@ QImage sheetOverWindow(const NewSheet &make, const Change &change = {}, const QS
         bar->show();
     }
     VemoSheet *sheet = make(window);
-    QWidget *mask = VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+    const QColor shade = StyleManager::getInstance().getColor("mask", QColor(0, 0, 0, 20));
+    QWidget *mask = VemoMask::createMask(sheet, window, shade);
     mask->setGeometry(window->rect());
     sheet->show();
     if (change)

@@ -2,6 +2,7 @@
 #include "core/scaling_p.h"
 #include "visual/baselinetest.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/filesystemtreewidgetitem.h>
 #include <vemo/imagemanager.h>
 #include <vemo/itemdelegate.h>
@@ -125,7 +126,7 @@ VemoTreeWidget *newTree(bool isExpanded)
     auto *tree = new VemoTreeWidget;
     tree->setHeaderHidden(true);
     tree->setStyleSheet(getStyleSheet("component.tree") + getStyleSheet("component.scrollbar"));
-    tree->setBackgroundColor(0xDCEBFB, 0xEEF3F8);
+    tree->setBackgroundColor(defaultThemeColor("selection"), defaultThemeColor("hover"));
     auto *delegate = new ItemDelegate;
     delegate->setParent(tree);
     tree->setItemDelegate(delegate);
