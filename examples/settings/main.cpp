@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The settings of a backup utility: widgets of the library and of Qt in one window, in one look.
 //
-//     settings-example [--plain | --dark] [PICTURE]
+//     settings-example [--plain] [--dark] [--schedule] [PICTURE]
 //
-// --plain leaves Qt's widgets as they are, --dark shows the dark look; with a file name, it writes
-// a picture of its window and ends.
+// --plain leaves Qt's widgets as they are, --dark shows the dark look, --schedule the second page;
+// with a file name, it writes a picture of its window and ends.
 #include "settingswindow.h"
 
 #include <vemo/DefaultTheme>
@@ -36,16 +36,19 @@ int main(int argc, char **argv)
     useDesktopFont();
     QStringList arguments = QApplication::arguments().mid(1);
     const bool isPlain = arguments.removeAll("--plain") > 0;
+    const bool isDark = arguments.removeAll("--dark") > 0;
+    const bool showsSchedule = arguments.removeAll("--schedule") > 0;
 
     DefaultThemeOptions options;
     options.languageCode = "enu"; // that of the window's own texts
-    options.setsPalette = !isPlain;
+    options.mode = isDark ? DefaultThemeMode::Dark : DefaultThemeMode::Light;
+    options.setsPalette = !isPlain || isDark; // Fusion is dark only by its palette
     options.stylesStockWidgets = !isPlain;
-    if (arguments.removeAll("--dark") > 0)
-        options.mode = DefaultThemeMode::Dark;
     if (!installDefaultTheme(options))
         return 1;
     SettingsWindow window;
+    if (showsSchedule)
+        window.showSchedule();
     window.show();
     if (!arguments.isEmpty())
         return window.grab().save(arguments.first()) ? 0 : 1;

@@ -88,13 +88,18 @@ QWidget *newLimitGroup()
 SettingsWindow::SettingsWindow()
 {
     setWindowTitle("Backup settings");
-    auto *pages = new QTabWidget;
-    pages->addTab(newFoldersPage(), "Folders");
-    pages->addTab(newSchedulePage(), "Schedule");
+    m_pages = new QTabWidget;
+    m_pages->addTab(newFoldersPage(), "Folders");
+    m_pages->addTab(newSchedulePage(), "Schedule");
     QBoxLayout *column = spaced(new QVBoxLayout(this), kMargin);
-    column->addWidget(pages);
+    column->addWidget(m_pages);
     column->addWidget(newFoot());
     resize(DPIinfo::scaled(kWidth), 0);
+}
+
+void SettingsWindow::showSchedule()
+{
+    m_pages->setCurrentIndex(1);
 }
 
 QWidget *SettingsWindow::newFoldersPage()
@@ -134,6 +139,7 @@ QWidget *SettingsWindow::newDestinationGroup()
     auto *group = new QGroupBox("Where to");
     auto *address = new VemoLineEdit;
     address->setEditText("backup.example.org");
+    address->setCaptionsVisible(false);
     address->setMargins(0, 0, 0, 0);
     auto *used = new QProgressBar;
     used->setValue(62);
@@ -157,6 +163,8 @@ QWidget *SettingsWindow::newSchedulePage()
     weekly->setChecked(true);
     auto *from = new VemoDateSelector(QString("Any day"));
     auto *time = new VemoTimeComboBox;
+    time->setTimes(QTime(0, 0), QTime(23, 30), 30);
+    time->setTime(QTime(2, 0));
     auto *versions = new QSpinBox;
     versions->setRange(1, 64);
     versions->setValue(8);

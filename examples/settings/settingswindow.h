@@ -5,6 +5,7 @@
 
 class QComboBox;
 class QListWidget;
+class QTabWidget;
 
 /// What is backed up, where to and when.
 class SettingsWindow : public QWidget
@@ -13,6 +14,9 @@ class SettingsWindow : public QWidget
 
 public:
     SettingsWindow();
+
+    /// Shows the second page; initially the first one is shown.
+    void showSchedule();
 
 private Q_SLOTS:
     void slotAddPattern();
@@ -26,6 +30,7 @@ private:
     QWidget *newDestinationGroup();
     QWidget *newFoot();
 
+    QTabWidget *m_pages = nullptr;
     QListWidget *m_folders = nullptr;
     QComboBox *m_patterns = nullptr;
 };

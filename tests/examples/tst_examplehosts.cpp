@@ -110,6 +110,9 @@ void ExampleHostsTest::settingsAreInOneLookUnlessAskedOtherwise_data()
     QTest::newRow("light") << QStringList() << QColor("#F5F7FA") << blue;
     QTest::newRow("dark") << QStringList("--dark") << QColor("#13181E") << QColor("#6AAEFF");
     QTest::newRow("plain") << QStringList("--plain") << QColor("#EFEFEF") << blue;
+    QTest::newRow("plain and dark")
+        << QStringList {"--plain", "--dark"} << QColor("#13181E") << QColor("#6AAEFF");
+    QTest::newRow("second page") << QStringList("--schedule") << QColor("#F5F7FA") << blue;
 }
 
 void ExampleHostsTest::settingsAreInOneLookUnlessAskedOtherwise()
