@@ -127,6 +127,7 @@ bool saveCountdown(const QDir &folder)
     box.setText("The computer is about to restart.");
     box.setAttribute(Qt::WA_DontShowOnScreen);
     box.show();
+    QCoreApplication::processEvents(); // the caption grows by the seconds
     return save(box.grab().toImage(), folder.filePath("messages-countdown.png"));
 }
 
@@ -142,8 +143,6 @@ int main(int argc, char **argv)
         QTextStream(stderr) << "vemo-doc-pictures FOLDER\n";
         return 2;
     }
-    QApplication::setStyle("fusion");
-    QApplication::setPalette(defaultThemePalette());
     QFont font = QApplication::font();
     font.setPointSize(kFontSize);
     QApplication::setFont(font);
@@ -153,6 +152,7 @@ int main(int argc, char **argv)
     const QDir folder(arguments.at(1));
     if (!folder.mkpath(".") || !installDefaultTheme(cache, "enu", ImageManager::LAZY_LOAD))
         return 1;
+    applyDefaultThemeStyle(app); // as the gallery does
     installGalleryStyle();
     return saveGallery(folder) && saveCountdown(folder) ? 0 : 1;
 }

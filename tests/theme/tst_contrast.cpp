@@ -183,13 +183,13 @@ Rule appliedRule(const QString &selector, const QVector<Rule> &rules, QString Ru
 {
     const auto [part, states] = partAndStates(selector);
     Rule applied;
-    int mostStates = -1;
+    int maxStates = -1;
     for (const Rule &rule : rules) {
         const auto [rulePart, ruleStates] = partAndStates(rule.selector);
         const bool isApplied = rulePart == part && states.contains(ruleStates);
-        if (isApplied && !(rule.*member).isEmpty() && ruleStates.size() >= mostStates) {
+        if (isApplied && !(rule.*member).isEmpty() && ruleStates.size() >= maxStates) {
             applied = rule;
-            mostStates = ruleStates.size();
+            maxStates = ruleStates.size();
         }
     }
     return applied;
