@@ -35,7 +35,7 @@ void makeAFewOfEach(const DiskFolder &home)
     home.write("photos/beach.png", "not a picture");
     home.write("letter.txt", QByteArray(100000, 'x'));
     home.write(".hidden", "");
-    home.write("\xff\xfe.bin", "a name that is no text");
+    home.write("\xff\xfe.bin", "a name that is not text");
     home.link("nowhere", "missing");
     home.link("circle", ".");
 }
