@@ -184,19 +184,15 @@ void tst_helpwindow::theLanguageIsTheHelps_data()
 {
     QTest::addColumn<QString>("lang");
     QTest::addColumn<QString>("sent");
-    QTest::newRow("deu") << "deu"
-                         << "ger";
-    QTest::newRow("esn") << "esn"
-                         << "spn";
-    QTest::newRow("fra") << "fra"
-                         << "fre";
+    addRow("deu", "deu", "ger");
+    addRow("esn", "esn", "spn");
+    addRow("fra", "fra", "fre");
     for (const char *lang : {"dan", "sve", "hun", "trk", "nor", "ptg", "ptb", "tha"})
-        QTest::newRow(lang) << lang << "enu";
+        addRow(lang, lang, "enu");
     for (const char *lang : {"enu", "jpn", "krn", "ita", "rus", "nld", "plk", "csy", "cht", "chs",
              "ger", "spn", "fre", "Deu", "FRA", "xyz", "de"})
-        QTest::newRow(lang) << lang << lang;
-    QTest::newRow("empty") << ""
-                           << "";
+        addRow(lang, lang, lang);
+    addRow("empty", "", "");
 }
 
 void tst_helpwindow::theLanguageIsTheHelps()

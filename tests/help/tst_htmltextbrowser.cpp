@@ -99,17 +99,13 @@ void tst_htmltextbrowser::aPageWithoutPicturesToFetchLeavesThePathsAlone_data()
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("text");
     const QString picture = QStringLiteral("<img src=\"a.png\">");
-    QTest::newRow("plain text") << "no <tag"
-                                << "no <tag";
-    QTest::newRow("empty") << ""
-                           << "";
-    QTest::newRow("plain text that names a base")
-        << "x <base href=\"http://127.0.0.1/\"> <img src=\"a.png\">"
-        << "x <base href=\"http://127.0.0.1/\"> <img src=\"a.png\">";
-    QTest::newRow("no base") << "<html>" + picture + "text</html>"
-                             << QString(QChar(0xFFFC)) + "text";
-    QTest::newRow("a base without end") << "<html>text<base href=\"http://x/></html>"
-                                        << "text";
+    addRow("plain text", "no <tag", "no <tag");
+    addRow("empty", "", "");
+    addRow("plain text that names a base",
+        "x <base href=\"http://127.0.0.1/\"> <img src=\"a.png\">",
+        "x <base href=\"http://127.0.0.1/\"> <img src=\"a.png\">");
+    addRow("no base", "<html>" + picture + "text</html>", QString(QChar(0xFFFC)) + "text");
+    addRow("a base without end", "<html>text<base href=\"http://x/></html>", "text");
 }
 
 void tst_htmltextbrowser::aPageWithoutPicturesToFetchLeavesThePathsAlone()
@@ -187,18 +183,10 @@ void tst_htmltextbrowser::theSourceIsJoinedToTheBaseAndNotResolved_data()
     QTest::addColumn<QString>("base");
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("target");
-    QTest::newRow("a file") << "/help/index"
-                            << "a.png"
-                            << "/help/indexa.png";
-    QTest::newRow("a folder") << "/help/"
-                              << "a.png"
-                              << "/help/a.png";
-    QTest::newRow("a root path") << "/help"
-                                 << "/a.png"
-                                 << "/help/a.png";
-    QTest::newRow("a query") << "/help?picture="
-                             << "a.png"
-                             << "/help?picture=a.png";
+    addRow("a file", "/help/index", "a.png", "/help/indexa.png");
+    addRow("a folder", "/help/", "a.png", "/help/a.png");
+    addRow("a root path", "/help", "/a.png", "/help/a.png");
+    addRow("a query", "/help?picture=", "a.png", "/help?picture=a.png");
 }
 
 void tst_htmltextbrowser::theSourceIsJoinedToTheBaseAndNotResolved()
@@ -227,29 +215,18 @@ void tst_htmltextbrowser::aPictureIsSavedUnderItsLastPart_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("name");
-    QTest::newRow("no folder") << "a.png"
-                               << "a.png";
-    QTest::newRow("folders") << "x/y/a.png"
-                             << "a.png";
-    QTest::newRow("a query stays") << "a.png?v=1"
-                                   << "a.png?v=1";
-    QTest::newRow("a slash in the query") << "a.png?v=/1"
-                                          << "1";
-    QTest::newRow("percent signs stay") << "a%20b.png"
-                                        << "a%20b.png";
-    QTest::newRow("a name that ends in a slash is not saved") << "x/"
-                                                              << "";
-    QTest::newRow("the parent folder is not saved") << "x/.."
-                                                    << "";
-    QTest::newRow("a colon") << "x/a:b.png"
-                             << "a:b.png";
-    QTest::newRow("backslashes") << "x\\..\\b.png"
-                                 << "x\\..\\b.png";
-    QTest::newRow("a device of Windows") << "x/nul.png"
-                                         << "nul.png";
-    QTest::newRow("a control character") << "a\x01.png"
-                                         << "a\x01.png";
-    QTest::newRow("256 letters are not saved") << QString(256, 'a') << "";
+    addRow("no folder", "a.png", "a.png");
+    addRow("folders", "x/y/a.png", "a.png");
+    addRow("a query stays", "a.png?v=1", "a.png?v=1");
+    addRow("a slash in the query", "a.png?v=/1", "1");
+    addRow("percent signs stay", "a%20b.png", "a%20b.png");
+    addRow("a name that ends in a slash is not saved", "x/", "");
+    addRow("the parent folder is not saved", "x/..", "");
+    addRow("a colon", "x/a:b.png", "a:b.png");
+    addRow("backslashes", "x\\..\\b.png", "x\\..\\b.png");
+    addRow("a device of Windows", "x/nul.png", "nul.png");
+    addRow("a control character", "a\x01.png", "a\x01.png");
+    addRow("256 letters are not saved", QString(256, 'a'), "");
 }
 
 void tst_htmltextbrowser::aPictureIsSavedUnderItsLastPart()

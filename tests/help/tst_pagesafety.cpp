@@ -510,25 +510,18 @@ void tst_pagesafety::linksOfAPageFromTheNetworkOpenOutside_data()
 {
     QTest::addColumn<QString>("link");
     QTest::addColumn<QString>("opened");
-    QTest::newRow("the web") << "http://127.0.0.1/a.html"
-                             << "http://127.0.0.1/a.html";
-    QTest::newRow("the secure web") << "https://127.0.0.1/#x"
-                                    << "https://127.0.0.1/#x";
-    QTest::newRow("a mail") << "mailto:a@vemo.invalid"
-                            << "mailto:a@vemo.invalid";
-    QTest::newRow("beside the page") << "b.html"
-                                     << "https://help.vemo.invalid/kb/b.html";
-    QTest::newRow("the page's root") << "/b.html"
-                                     << "https://help.vemo.invalid/b.html";
-    QTest::newRow("an anchor of the page") << "#below"
-                                           << "";
-    QTest::newRow("a file") << QStringLiteral("file://%1").arg(secret()) << "";
+    addRow("the web", "http://127.0.0.1/a.html", "http://127.0.0.1/a.html");
+    addRow("the secure web", "https://127.0.0.1/#x", "https://127.0.0.1/#x");
+    addRow("a mail", "mailto:a@vemo.invalid", "mailto:a@vemo.invalid");
+    addRow("beside the page", "b.html", "https://help.vemo.invalid/kb/b.html");
+    addRow("the page's root", "/b.html", "https://help.vemo.invalid/b.html");
+    addRow("an anchor of the page", "#below", "");
+    addRow("a file", QStringLiteral("file://%1").arg(secret()), "");
     for (const char *refused : {"qrc:/vemo", "c:/windows/system32/calc.exe", "javascript:alert(1)",
              "admin:x", "smb://host/share", "vscode://file/x", "ftp://host/x", "data:text/html,x",
              "about:blank"})
-        QTest::newRow(refused) << QString::fromLatin1(refused) << "";
-    QTest::newRow("a file's path opens the web's")
-        << secret() << "https://help.vemo.invalid" + secret();
+        addRow(refused, QString::fromLatin1(refused), "");
+    addRow("a file's path opens the web's", secret(), "https://help.vemo.invalid" + secret());
 }
 
 void tst_pagesafety::clickLink()
