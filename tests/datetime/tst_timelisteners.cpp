@@ -190,6 +190,9 @@ void pickFromMenu(Form &form, const QString &entry)
     QVERIFY(menu->activeAction());
     QTest::keyClick(menu, Qt::Key_Return);
     QTRY_VERIFY(!QApplication::activePopupWidget());
+    // Until the menu has gone from the screen, too, a key would be lost.
+    form.window.activateWindow();
+    QTRY_COMPARE(QGuiApplication::focusWindow(), form.window.windowHandle());
 }
 
 } // namespace
