@@ -13,6 +13,7 @@
 #include <QDockWidget>
 
 #include <QGroupBox>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -21,6 +22,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -158,6 +160,13 @@ QWidget *newDateEdit()
     return edit;
 }
 
+QWidget *newDoubleSpinBox()
+{
+    auto *box = new QDoubleSpinBox;
+    box->setValue(4.2);
+    return box;
+}
+
 QComboBox *newComboBox()
 {
     auto *box = new QComboBox;
@@ -194,7 +203,13 @@ void addFields(Looks &looks)
     addStates(
         looks, "read-only-line", newReadOnly<QLineEdit>, {State::Rest, State::Focus}, kFieldSize);
     addStates(looks, "spin", newSpinBox, kFieldStates, kFieldSize);
+    addStates(looks, "double-spin", newDoubleSpinBox, kShownStates, kFieldSize);
     addStates(looks, "date", newDateEdit, kFieldStates, {128, 0});
+    addStates(
+        looks, "time", [] { return new QTimeEdit(QTime(8, 30)); }, kShownStates, QSize(112, 0));
+    addStates(looks, "date-time",
+        [] { return new QDateTimeEdit(QDateTime(QDate(2024, 3, 7), QTime(8, 30))); }, kShownStates,
+        {192, 0});
     addStates(looks, "box", newComboBox, kFieldStates, kFieldSize);
     addStates(looks, "editable-box", newEditableBox, kFieldStates, kFieldSize);
     looks.append({"open-box", openBox});
@@ -455,6 +470,23 @@ QWidget *newMessage()
     return box;
 }
 
+QWidget *newInput()
+{
+    auto *dialog = new QInputDialog;
+    dialog->setWindowFlags(Qt::Widget);
+    dialog->setLabelText("ab");
+    dialog->setTextValue("cd");
+    return dialog;
+}
+
+QWidget *newProgressDialog()
+{
+    auto *dialog = new QProgressDialog("ab", "cd", 0, 100);
+    dialog->setWindowFlags(Qt::Widget);
+    dialog->reset(); // otherwise its timer shows it
+    return dialog;
+}
+
 QWidget *newWizard()
 {
     auto *wizard = new QWizard;
@@ -472,6 +504,8 @@ void addWindows(Looks &looks)
     addStates(looks, "window", newWindow, {State::Rest}, kWindowSize);
     looks.append({"menu", openMenu});
     addStates(looks, "message", newMessage, {State::Rest});
+    addStates(looks, "input", newInput, {State::Rest});
+    addStates(looks, "progress-dialog", newProgressDialog, {State::Rest}, kWindowSize);
     addStates(looks, "wizard", newWizard, {State::Rest}, kWindowSize);
 }
 
