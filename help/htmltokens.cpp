@@ -1,33 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "help/htmltokens_p.h"
 
-#include <QHash>
+#include <algorithm>
 
 namespace {
 
 constexpr int kMaxEntityLength = 9; // Including the semicolon.
 
-/// The names that are used most, each as a string that need not be created for every tag.
-QHash<QStringView, QString> frequentNames()
-{
-    QHash<QStringView, QString> names;
-    for (const QStringView each : {u"a", u"align", u"alt", u"b", u"base", u"body", u"border", u"br",
-             u"class", u"code", u"dd", u"div", u"dl", u"dt", u"em", u"font", u"h1", u"h2", u"h3",
-             u"h4", u"head", u"height", u"href", u"hr", u"html", u"i", u"id", u"img", u"li",
-             u"name", u"ol", u"p", u"pre", u"span", u"src", u"strong", u"style", u"table", u"tbody",
-             u"td", u"th", u"title", u"tr", u"tt", u"u", u"ul", u"width"})
-        names.insert(each, each.toString());
-    return names;
-}
-
 /// word in lower case with numeric entities resolved. Named entities are ignored, since none yields
 /// a letter that occurs in names of HTML.
-QString nameOf(QStringView word, bool hasEntities)
+QString newName(QStringView word, bool hasEntities)
 {
-    static const QHash<QStringView, QString> frequent = frequentNames();
-    QString name = frequent.value(word);
-    if (!name.isEmpty())
-        return name;
+    QString name;
     name.reserve(int(word.size()));
     for (int i = 0; i < word.size(); ++i) {
         const int end = hasEntities && word.at(i) == QLatin1Char('&') ? htmlEntityEnd(word, i) : -1;
@@ -138,6 +122,23 @@ void HtmlTokens::readTag(HtmlToken *token)
     for (; m_position < m_end && m_html.at(m_position) != QLatin1Char('>'); ++m_position)
         token->endsItself |= m_html.at(m_position) == QLatin1Char('/');
     ++m_position;
+}
+
+/// A string that other tags of the same name share, in most cases.
+QString HtmlTokens::nameOf(QStringView word, bool hasEntities)
+{
+    if (word.isEmpty())
+        return {};
+    QString &known =
+        m_names[(word.front().unicode() + 5 * word.back().unicode() + word.size()) % 64];
+    const bool isKnown =
+        known.size() == word.size() && std::equal(word.begin(), word.end(), known.constBegin());
+    if (isKnown)
+        return known;
+    const QString name = newName(word, hasEntities);
+    if (name == word && !name.contains(QLatin1Char('&'))) // It may be an entity the next time.
+        known = name;
+    return name;
 }
 
 void HtmlTokens::readAttributes(HtmlToken *token)

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QVector>
 
+#include <array>
+
 /// One attribute of a tag.
 struct HtmlAttribute
 {
@@ -42,12 +44,14 @@ private:
     void readTag(HtmlToken *token);
     void readAttributes(HtmlToken *token);
     QStringView readWord(bool *hasEntities);
+    QString nameOf(QStringView word, bool hasEntities);
     void skipTo(QChar end);
 
     const QString m_text;
     QStringView m_html;
     int m_end = 0;
     int m_position = 0;
+    std::array<QString, 64> m_names; // Recent ones, each in the place that its letters give it.
 };
 
 /// The end, past the semicolon, of the entity that begins with the ampersand at position of text;

@@ -170,8 +170,12 @@ public:
                                                                      : 2; // Before and after it.
         m_signs += code == 0x2029 ? kSignsOfParagraph : 0;
     }
-    /// Takes this number of Latin letters that follow another one.
-    void takeLetters(int count) { m_letters += count; }
+    /// Takes Latin letters that follow another one, and the single blanks between them.
+    void takeWords(int letters, int blanks)
+    {
+        m_letters += letters;
+        m_words += blanks;
+    }
     /// Adds the cost of the letters counted since the last call.
     void chargeTo(PageWork *work, Width width, bool linesCount)
     {

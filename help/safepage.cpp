@@ -71,6 +71,9 @@ struct Kind
     bool is(int names) const { return name & names; }
     bool has(int anyTrait) const { return traits & anyTrait; }
     bool isHeading() const { return has(SIZED) && has(BLOCK); }
+
+    QString start; ///< Of its tag, such as "<p"; null for an unknown one, as the next.
+    QString end; ///< Its end tag.
 };
 
 QHash<QString, Kind> knownKinds()
@@ -102,13 +105,21 @@ QHash<QString, Kind> knownKinds()
         {"ul", LIST}};
     for (const auto &[name, value] : names)
         kinds[QString::fromLatin1(name)].name = value;
+    for (const char *name : {"a", "font", "span", "u"})
+        kinds[QString::fromLatin1(name)];
+    for (auto kind = kinds.begin(); kind != kinds.end(); ++kind) {
+        kind->start = QLatin1Char('<') + kind.key();
+        kind->end = QLatin1String("</") + kind.key() + QLatin1Char('>');
+    }
     return kinds;
 }
 
-Kind kindOf(const QString &name)
+const Kind &kindOf(const QString &name)
 {
     static const QHash<QString, Kind> kinds = knownKinds();
-    return kinds.value(name);
+    static const Kind unknown;
+    const auto kind = kinds.constFind(name);
+    return kind == kinds.constEnd() ? unknown : *kind;
 }
 
 bool isPlainName(const QString &name)
@@ -135,7 +146,7 @@ struct Font
 struct Element
 {
     QString name;
-    Kind kind;
+    const Kind *kind = nullptr;
     bool isWritten = true; ///< False for those that the text engine inserts itself.
     Font font;
     int children = 0;
@@ -214,10 +225,10 @@ public:
 private:
     void read(const HtmlToken &token);
     void open(const HtmlToken &token);
-    void findPlace(Kind kind);
+    void findPlace(const Kind &kind);
     void goInto(int names);
     void openImplied(const QString &name);
-    void push(const QString &name, Kind kind, const Font &font, bool isWritten);
+    void push(const QString &name, const Kind &kind, const Font &font, bool isWritten);
     void close(const QString &name);
     void closeInnermost();
     void closeDownTo(int index);
@@ -229,9 +240,9 @@ private:
     void writeAttribute(const HtmlAttribute &attribute, Font *font);
     QString spanOf(const HtmlAttribute &attribute);
     void noteFont(const QString &declarations, Font *font) const;
-    void chargeElement(const QString &name, Kind kind);
+    void chargeElement(const QString &name, const Kind &kind);
     void chargeCell(bool isRow);
-    void chargeHeight(Kind kind);
+    void chargeHeight(const Kind &kind);
     void noteHeight(const HtmlAttribute &attribute);
     void noteMarks(const QString &attribute, const QString &value);
     qint64 styleWork(const QString &name, const QStringList &marks, int depth) const;
@@ -240,7 +251,7 @@ private:
     int line() const;
     void beginLine();
 
-    int takeLetters(QStringView rest);
+    int takeWords(QStringView rest);
     void writeText(QStringView text);
     void writeEscaped(QStringView text, bool hasEntities);
     void writeTitle();
@@ -317,14 +328,16 @@ void PageWriter::read(const HtmlToken &token)
 
 void PageWriter::open(const HtmlToken &token)
 {
-    const Kind kind = kindOf(token.name);
+    const Kind &kind = kindOf(token.name);
     if (m_is_from_network && kind.is(LINK))
         return;
     findPlace(kind);
     if (kind.has(LINES))
         beginLine();
-    m_html += QLatin1Char('<');
-    m_html += token.name;
+    if (kind.start.isNull())
+        m_html += QLatin1Char('<') + token.name;
+    else
+        m_html += kind.start;
     const Font font = writeAttributes(token, kind.traits);
     chargeElement(token.name, kind);
     chargeHeight(kind);
@@ -337,7 +350,7 @@ void PageWriter::open(const HtmlToken &token)
 }
 
 /// Closes the elements that the text engine closes before this element, and opens those it inserts.
-void PageWriter::findPlace(Kind kind)
+void PageWriter::findPlace(const Kind &kind)
 {
     if (kind.is(TD) && indexOf(TR) < 0) {
         openImplied(QStringLiteral("table"));
@@ -346,9 +359,9 @@ void PageWriter::findPlace(Kind kind)
         openImplied(QStringLiteral("table"));
     } else if (kind.is(P)) {
         int block = m_open.size() - 1;
-        while (block >= 0 && !m_open.at(block).kind.has(BLOCK))
+        while (block >= 0 && !m_open.at(block).kind->has(BLOCK))
             --block;
-        if (block >= 0 && m_open.at(block).kind.is(P))
+        if (block >= 0 && m_open.at(block).kind->is(P))
             closeDownTo(block);
     }
     if (kind.is(P | LI | OPTION) && isInnermost(kind.name))
@@ -379,11 +392,11 @@ void PageWriter::openImplied(const QString &name)
     push(name, kindOf(name), m_open.isEmpty() ? Font() : m_open.last().font, false);
 }
 
-void PageWriter::push(const QString &name, Kind kind, const Font &font, bool isWritten)
+void PageWriter::push(const QString &name, const Kind &kind, const Font &font, bool isWritten)
 {
     Element element;
     element.name = name;
-    element.kind = kind;
+    element.kind = &kind;
     element.font = font;
     element.isWritten = isWritten;
     element.indent = (isWritten && kind.has(INDENTED) ? kIndentPixels : 0)
@@ -419,18 +432,18 @@ void PageWriter::closeDownTo(int index)
 
 void PageWriter::closeInnermost()
 {
-    const Element element = m_open.takeLast();
+    const Element &element = m_open.last();
     m_indent -= element.indent;
     m_style -= element.style;
-    if (element.kind.is(TABLE))
+    if (element.kind->is(TABLE))
         m_work.setTables(--m_tables);
-    if (element.kind.has(LINES))
+    if (element.kind->has(LINES))
         beginLine();
-    if (!element.isWritten)
-        return;
-    m_html += QLatin1String("</");
-    m_html += element.name;
-    m_html += QLatin1Char('>');
+    if (element.isWritten && element.kind->end.isNull())
+        m_html += QLatin1String("</") + element.name + QLatin1Char('>');
+    else if (element.isWritten)
+        m_html += element.kind->end;
+    m_open.removeLast();
 }
 
 int PageWriter::indexOf(const QString &name) const
@@ -446,14 +459,14 @@ int PageWriter::indexOf(const QString &name) const
 int PageWriter::indexOf(int names) const
 {
     int i = m_open.size() - 1;
-    while (i >= 0 && !m_open.at(i).kind.is(names))
+    while (i >= 0 && !m_open.at(i).kind->is(names))
         --i;
     return i;
 }
 
 bool PageWriter::isInnermost(int names) const
 {
-    return !m_open.isEmpty() && m_open.last().kind.is(names);
+    return !m_open.isEmpty() && m_open.last().kind->is(names);
 }
 
 Font PageWriter::writeAttributes(const HtmlToken &token, int traits)
@@ -467,7 +480,8 @@ Font PageWriter::writeAttributes(const HtmlToken &token, int traits)
         font.other = qHash(token.name, font.other);
     m_columns = m_rows = 1;
     m_length = m_cell_height = m_own_line = 0;
-    m_marks.clear();
+    if (!m_marks.isEmpty())
+        m_marks.clear();
     m_floats = m_css.hasFloats;
     for (const HtmlAttribute &attribute : token.attributes)
         writeAttribute(attribute, &font);
@@ -534,7 +548,7 @@ void PageWriter::noteFont(const QString &declarations, Font *font) const
     }
 }
 
-void PageWriter::chargeElement(const QString &name, Kind kind)
+void PageWriter::chargeElement(const QString &name, const Kind &kind)
 {
     const int sibling = m_open.isEmpty() ? 0 : m_open.last().children++;
     m_work.addElement(m_open.size(), sibling, m_css);
@@ -557,7 +571,7 @@ void PageWriter::chargeElement(const QString &name, Kind kind)
 }
 
 /// Adds the height of an element without its text to that of the page.
-void PageWriter::chargeHeight(Kind kind)
+void PageWriter::chargeHeight(const Kind &kind)
 {
     constexpr int kLengths = 3; // For example a margin, a padding and a border.
     if (kind.is(BR))
@@ -670,15 +684,27 @@ void PageWriter::beginLine()
     m_paragraph = 0;
 }
 
-/// Takes the letters at the start of rest, which is inside a word, all at once: they are most of a
-/// page. Returns how many were taken.
-int PageWriter::takeLetters(QStringView rest)
+/// Takes the letters at the start of rest, which is inside a word, and the words after them, all at
+/// once: they are most of a page. Returns how much was taken.
+int PageWriter::takeWords(QStringView rest)
 {
-    const auto last = rest.begin() + qMin(int(rest.size()), m_words.lettersLeft());
-    const int count = int(std::find_if_not(rest.begin(), last, isLatinLetter) - rest.begin());
-    m_words.takeLetters(count);
-    m_letters.takeLetters(count);
-    return count;
+    int end = 0;
+    int words = 0;
+    int lettersLeft = m_words.lettersLeft();
+    for (; end < rest.size() && lettersLeft > 0; ++end) {
+        const bool isLetter = isLatinLetter(rest.at(end));
+        if (!isLetter) {
+            const bool isBetween = rest.at(end) == QLatin1Char(' ') && end + 1 < rest.size()
+                && isLatinLetter(rest.at(end + 1));
+            if (!isBetween)
+                break;
+            ++words;
+        }
+        lettersLeft = isLetter ? lettersLeft - 1 : WordBreaks::kMaxWordLength;
+    }
+    m_words.setLettersLeft(lettersLeft);
+    m_letters.takeWords(end, words);
+    return end;
 }
 
 void PageWriter::writeText(QStringView text)
@@ -701,7 +727,7 @@ void PageWriter::writeText(QStringView text)
         // A break must not come between an ampersand and its semicolon.
         i = qMax(i, end - 1);
         if (isLatinLetter(c))
-            i += takeLetters(text.mid(i + 1));
+            i += takeWords(text.mid(i + 1));
     }
     writeEscaped(text.mid(start), true);
     const bool linesCount = m_keeps_lines || m_css.hasWhiteSpace;
@@ -715,6 +741,8 @@ void PageWriter::writeEscaped(QStringView text, bool hasEntities)
 {
     int start = 0;
     for (int i = 0; i < text.size(); ++i) {
+        if (text.at(i) > QLatin1Char('>'))
+            continue; // Most of a text.
         const char *entity = nullptr;
         switch (text.at(i).unicode()) {
         case '<':

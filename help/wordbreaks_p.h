@@ -35,10 +35,9 @@ public:
         m_length = 1;
         return true;
     }
-    /// Adds letters that follow a letter, lettersLeft() at most: no break is due before these.
-    void takeLetters(int count) { m_length += count; }
-    /// How many more letters the word may have.
+    /// How many more letters the word may have. Only to be changed after a letter.
     int lettersLeft() const { return kMaxWordLength - m_length; }
+    void setLettersLeft(int count) { m_length = kMaxWordLength - count; }
     /// To be called at the start of a line.
     void restart()
     {

@@ -218,6 +218,7 @@ void tst_safepage::aPageIsWrittenInOneSpelling_data()
     row("<\n\"table\">", "<table>");
     row("<t&#97;ble>", "<table>");
     row("<'table'>", "<table>");
+    row("<'t&#97;ble'><t&#97;ble>", "<table>");
     row("<TABLE X=y>", "<table x=\"y\">");
     row("<table x=\"/>\">", "<table x=\"/&gt;\">");
     row("<table x=\"</table>\">", "<table x=\"&lt;/table&gt;\">");
