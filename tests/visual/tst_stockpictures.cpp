@@ -483,7 +483,7 @@ QWidget *newProgressDialog()
 {
     auto *dialog = new QProgressDialog("ab", "cd", 0, 100);
     dialog->setWindowFlags(Qt::Widget);
-    dialog->reset(); // otherwise its timer shows it
+    dialog->setBar(newProgress());
     return dialog;
 }
 
