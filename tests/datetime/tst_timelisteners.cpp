@@ -181,6 +181,10 @@ void pickFromMenu(Form &form, const QString &entry)
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     QVERIFY(menu);
     QVERIFY(QTest::qWaitForWindowExposed(menu));
+    // An X server reports late that the menu has the focus, and then that the window has it again.
+    const bool isOnX11 = QGuiApplication::platformName() == "xcb";
+    if (isOnX11)
+        QTRY_COMPARE(QGuiApplication::focusWindow(), menu->windowHandle());
     for (QAction *action : menu->actions()) {
         if (action->text().section('\t', 0, 0).remove('&') == entry) {
             QVERIFY(action->isEnabled());
@@ -190,9 +194,8 @@ void pickFromMenu(Form &form, const QString &entry)
     QVERIFY(menu->activeAction());
     QTest::keyClick(menu, Qt::Key_Return);
     QTRY_VERIFY(!QApplication::activePopupWidget());
-    // Until the menu has gone from the screen, too, a key would be lost.
-    form.window.activateWindow();
-    QTRY_COMPARE(QGuiApplication::focusWindow(), form.window.windowHandle());
+    if (isOnX11)
+        QTRY_COMPARE(QGuiApplication::focusWindow(), form.window.windowHandle());
 }
 
 } // namespace
