@@ -180,8 +180,8 @@ Q_DECLARE_METATYPE(Use)
 void LinkLabelTest::startsWithoutLinkAndTakesAnyWidgetAsItsLabelParent()
 {
     QLabel parent;
-    LinkLabel label("Licence", &parent);
-    QCOMPARE(label.text(), QString("Licence"));
+    LinkLabel label(" Licence ", &parent);
+    QCOMPARE(label.text(), QString(" Licence "));
     QCOMPARE(label.parentWidget(), &parent);
     QCOMPARE(label.getHyperLink(), QString());
     QCOMPARE(label.styleSheet(), QString());

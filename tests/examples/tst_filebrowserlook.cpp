@@ -88,6 +88,7 @@ private Q_SLOTS:
     void iconsAreBelowTheirHeader();
     void anotherLookIsAsIfBuiltThatWay_data();
     void anotherLookIsAsIfBuiltThatWay();
+    void itsPartsTakeTheLocaleOfTheLanguage();
     void theMenuMarksWhatIsShown();
     void nothingThatTheUserDidIsLost();
 };
@@ -203,6 +204,15 @@ void FileBrowserLookTest::anotherLookIsAsIfBuiltThatWay()
     stage.open();
     stage.select({"report.pdf"});
     QCOMPARE(pictureOf(stage), after);
+}
+
+void FileBrowserLookTest::itsPartsTakeTheLocaleOfTheLanguage()
+{
+    BrowserStage stage;
+    stage.open();
+    speak("deu");
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.part("fromDate")->locale().language(), QLocale::German);
 }
 
 void FileBrowserLookTest::theMenuMarksWhatIsShown()
