@@ -1,11 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "help/htmltokens_p.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace {
 
 constexpr int kMaxEntityLength = 9; // Including the semicolon.
+
+/// The character of an entity such as "#65" or "#x41", of which digits is what follows the sign.
+QChar numericEntity(QStringView digits)
+{
+    const bool isHex = digits.startsWith(QLatin1Char('x'), Qt::CaseInsensitive);
+    return QChar(digits.mid(isHex ? 1 : 0).toString().toUInt(nullptr, isHex ? 16 : 10));
+}
 
 /// word in lower case with numeric entities resolved. Named entities are ignored, since none yields
 /// a letter that occurs in names of HTML.
@@ -19,9 +28,7 @@ QString newName(QStringView word, bool hasEntities)
             name += word.at(i).toLower();
             continue;
         }
-        const QString digits = word.mid(i + 2, end - i - 3).toString().toLower();
-        const bool isHex = digits.startsWith(QLatin1Char('x'));
-        name += QChar(digits.midRef(isHex ? 1 : 0).toUInt(nullptr, isHex ? 16 : 10)).toLower();
+        name += numericEntity(word.mid(i + 2, end - i - 3)).toLower();
         i = end - 1;
     }
     return name;
@@ -186,4 +193,26 @@ QStringView HtmlTokens::readWord(bool *hasEntities)
             break;
     }
     return m_html.mid(start, m_position - start);
+}
+
+QString resolvedHtml(QStringView text)
+{
+    static const QHash<QString, QChar> names {{QStringLiteral("quot"), QLatin1Char('"')},
+        {QStringLiteral("apos"), QLatin1Char('\'')}, {QStringLiteral("amp"), QLatin1Char('&')},
+        {QStringLiteral("lt"), QLatin1Char('<')}, {QStringLiteral("gt"), QLatin1Char('>')}};
+    QString result;
+    result.reserve(int(text.size()));
+    for (int i = 0; i < text.size(); ++i) {
+        const int end = text.at(i) == QLatin1Char('&') ? htmlEntityEnd(text, i) : -1;
+        const QStringView name = end < 0 ? QStringView() : text.mid(i + 1, end - i - 2);
+        const QChar sign = name.startsWith(QLatin1Char('#')) ? numericEntity(name.mid(1))
+                                                             : names.value(name.toString());
+        if (sign.isNull()) {
+            result += text.at(i);
+        } else {
+            result += sign;
+            i = end - 1;
+        }
+    }
+    return result;
 }

@@ -57,3 +57,6 @@ private:
 /// The end, past the semicolon, of the entity that begins with the ampersand at position of text;
 /// -1 if it does not begin an entity.
 int htmlEntityEnd(QStringView text, int position);
+
+/// Resolves numeric entities and those of characters with a meaning in HTML.
+QString resolvedHtml(QStringView text);
