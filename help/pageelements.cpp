@@ -158,8 +158,8 @@ void PageElements::addHeight(const HtmlElement &kind)
     const int margins = kind.has(Html::MARGINS) ? kLinePixels : 0;
     m_work.addHeight(kLengths * qMax(m_tag.length, m_css.maxLength) + margins);
     if (kind.has(Html::LINES)) {
-        m_work.addHeight(kind.has(Html::SIZED) ? qMax(3 * lineHeight(), m_css.maxHeadingLine)
-                                               : lineHeight());
+        m_work.addHeight(
+            kind.has(Html::SIZED) ? qMax(3 * lineHeight(), m_css.maxHeadingLine) : lineHeight());
     }
     const int table = kind.is(Html::TD | Html::TH) ? indexOf(Html::TABLE) : -1;
     if (table >= 0)
