@@ -66,8 +66,8 @@ void addPaths(Page &page)
         {captioned(pathBar("Persönlicher Ordner/Geschäftsunterlagen/Übersicht", 320), "German"),
             captioned(pathBar("主目录/项目资料/二〇二六年", 320), "Chinese")});
     page.addCode(R"(auto *path = new VemoButtonPath(this);
-connect(path, SIGNAL(sigUpdatePath(QString)), this, SLOT(slotOpenFolder(QString)));
-path->refresh("home/Projects/2026"); // also when slotOpenFolder() has opened it)");
+connect(path, &VemoButtonPath::sigUpdatePath, this, &MainWindow::openFolder);
+path->refresh("home/Projects/2026"); // also when openFolder() has opened it)");
 }
 
 VemoFilterBar *filterBar(const QString &text)
@@ -121,7 +121,7 @@ void addFilters(Page &page)
         captioned(filterBar("年度报告"), "Chinese")});
     page.addCode(R"(auto *filter = new VemoFilterBar(this);
 filter->setMenu(kindsMenu); // which stays yours
-connect(filter, SIGNAL(sigKeywordChanged(QString)), this, SLOT(slotFilter(QString)));)");
+connect(filter, &VemoFilterBar::sigKeywordChanged, this, &MainWindow::filterList);)");
 }
 
 } // namespace

@@ -117,7 +117,7 @@ void addRoles(Page &page)
     addPageNumberRoles(page);
     page.addCode(R"(auto *save = new VemoButton("Save", VemoButton::APPLY);
 layout->addWidget(save); // which becomes its parent
-connect(save, SIGNAL(clicked()), this, SLOT(slotSave()));)");
+connect(save, &VemoButton::clicked, this, &MainWindow::save);)");
 }
 
 void addLongCaptions(Page &page)

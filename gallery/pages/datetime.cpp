@@ -168,7 +168,7 @@ void addCalendars(Page &page)
         captioned(disabled, "Disabled")});
     page.add(log.label());
     page.addCode(R"(auto *calendar = new VemoCalanderView(page);
-connect(calendar, SIGNAL(sigDateSelect(QDate)), this, SLOT(slotDateSelect(QDate)));)");
+connect(calendar, &VemoCalanderView::sigDateSelect, this, &MainWindow::selectDate);)");
 }
 
 VemoTimeComboBox *timeBox(bool isEditable, const QString &name)

@@ -87,7 +87,7 @@ void addClickable(Page &page)
         captioned(plain, "Without underline"), captioned(disabled, "Disabled")});
     page.addCode(R"(auto *link = new LinkLabel(tr("Licence terms"), about);
 link->setHyperLink("https://vemo.invalid/licence");
-connect(link, SIGNAL(clicked()), this, SLOT(slotOpenLicence())); // reads getHyperLink())");
+connect(link, &LinkLabel::clicked, this, &MainWindow::openLicence); // reads getHyperLink())");
 }
 
 void addToolTips(Page &page)

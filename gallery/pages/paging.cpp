@@ -139,9 +139,9 @@ void buildPagingPage(Page &page)
     page.addSection("A list of 10,000 items", "The table holds one page of it at a time.");
     page.add(new PagedList);
     page.addCode(R"(auto *bar = new VemoPagingBar(model, this); // new VemoPagingModel(50, this)
-connect(bar, SIGNAL(sigPageChanged()), this, SLOT(slotFillTable()));
+connect(bar, &VemoPagingBar::sigPageChanged, this, &MainWindow::fillTable);
 bar->setItemCount(10000);
-bar->reset(); // and in slotFillTable(): from model->startItem() on, model->rowLimit() rows)");
+bar->reset(); // and in fillTable(): from model->startItem() on, model->rowLimit() rows)");
     addPositions(page);
     addFooters(page);
 }

@@ -93,7 +93,7 @@ void addFrame(Page &page)
 sheet->setWidget(content);
 sheet->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 VemoMask::createMask(sheet, window, QColor(0, 0, 0, 20))->show();
-connect(close, SIGNAL(clicked()), sheet->parentWidget(), SLOT(deleteLater()));)");
+connect(close, &VemoButton::clicked, sheet->parentWidget(), &QObject::deleteLater);)");
 }
 
 } // namespace

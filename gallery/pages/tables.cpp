@@ -120,8 +120,7 @@ auto *files = new VemoTableWidget(columns, this);)");
     page.add(sortedTable());
     page.addCode(R"(files->getHeader()->setSectionsClickable(true);
 files->getHeader()->setSortIndicatorShown(true);
-connect(files->getHeader(), SIGNAL(sortIndicatorChanged(int, Qt::SortOrder)),
-    this, SLOT(slotSort(int, Qt::SortOrder)));)");
+connect(files->getHeader(), &QHeaderView::sortIndicatorChanged, this, &MainWindow::sort);)");
     page.addSection("More columns than fit", "The header scrolls sideways with the table.");
     page.add(wideTable());
     page.addSection("Disabled");

@@ -177,8 +177,7 @@ void buildTreePage(Page &page)
 folders->setStyleSheet(getStyleSheet("component.tree"));
 folders->setBackgroundColor(defaultThemeColor("selection"), defaultThemeColor("hover"));
 folders->setItemDelegate(delegate); // new ItemDelegate, its parent the tree
-connect(folders, SIGNAL(sigMouseRightClickEvent(QMouseEvent *)), this,
-    SLOT(slotShowMenu(QMouseEvent *)));)");
+connect(folders, &VemoTreeWidget::sigMouseRightClickEvent, this, &MainWindow::showFolderMenu);)");
     page.addSection("Renaming and check boxes",
         "The editor takes no name that begins with a full stop or holds \\ / : * ? \" < > or |.");
     page.add(sideBySide({editedTree(), checkedTree()}));

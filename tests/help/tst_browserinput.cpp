@@ -14,7 +14,7 @@
 #include <QWheelEvent>
 
 /// User input in the window.
-class tst_browserinput : public VemoTest
+class BrowserInputTest : public VemoTest
 {
     Q_OBJECT
 
@@ -50,21 +50,21 @@ private:
     QUrl m_opened;
 };
 
-void tst_browserinput::init()
+void BrowserInputTest::init()
 {
     VemoTest::init();
     m_server.reset(new TestServer);
     m_window.reset(new BrowserWindow(nullptr));
 }
 
-void tst_browserinput::cleanup()
+void BrowserInputTest::cleanup()
 {
     m_window.reset();
     m_server.reset();
     VemoTest::cleanup();
 }
 
-void tst_browserinput::showPage(const QByteArray &html)
+void BrowserInputTest::showPage(const QByteArray &html)
 {
     m_server->setAnswer("/", page(html));
     QSignalSpy changed(view(), SIGNAL(textChanged()));
@@ -75,7 +75,7 @@ void tst_browserinput::showPage(const QByteArray &html)
     QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
 }
 
-void tst_browserinput::itOpensAtASensibleSize()
+void BrowserInputTest::itOpensAtASensibleSize()
 {
     const QSize screen = QGuiApplication::primaryScreen()->availableSize();
     const QSize size = m_window->size();
@@ -84,7 +84,7 @@ void tst_browserinput::itOpensAtASensibleSize()
     QVERIFY(size.height() == scaled(560) || size.height() > screen.height() * 0.85);
 }
 
-void tst_browserinput::aPageThatComesBeforeTheWindowIsShownBeginsAtItsTop()
+void BrowserInputTest::aPageThatComesBeforeTheWindowIsShownBeginsAtItsTop()
 {
     showPage(
         "<html><h1>Heading</h1>" + QByteArray("<p>a line of text</p>").repeated(200) + "</html>");
@@ -92,7 +92,7 @@ void tst_browserinput::aPageThatComesBeforeTheWindowIsShownBeginsAtItsTop()
     QCOMPARE(view()->verticalScrollBar()->value(), 0);
 }
 
-void tst_browserinput::theTitleIsThePagesUnlessTheHostSetOne()
+void BrowserInputTest::theTitleIsThePagesUnlessTheHostSetOne()
 {
     showPage("<html><title>First page</title>text</html>");
     QCOMPARE(m_window->windowTitle(), QStringLiteral("First page"));
@@ -105,7 +105,7 @@ void tst_browserinput::theTitleIsThePagesUnlessTheHostSetOne()
     QCOMPARE(m_window->windowTitle(), QStringLiteral("The host's"));
 }
 
-void tst_browserinput::escapeCloses()
+void BrowserInputTest::escapeCloses()
 {
     showPage("<html>text</html>");
     QSignalSpy rejected(m_window.data(), SIGNAL(rejected()));
@@ -114,7 +114,7 @@ void tst_browserinput::escapeCloses()
     QCOMPARE(rejected.size(), 1);
 }
 
-void tst_browserinput::theTextIsCopiedByTheKeyboard()
+void BrowserInputTest::theTextIsCopiedByTheKeyboard()
 {
     showPage("<html>some text</html>");
     press(Qt::Key_A, Qt::ControlModifier);
@@ -125,7 +125,7 @@ void tst_browserinput::theTextIsCopiedByTheKeyboard()
     QCOMPARE(view()->toPlainText(), QStringLiteral("some text"));
 }
 
-void tst_browserinput::theArrowKeysScrollUntilTheTextCursorIsAskedFor()
+void BrowserInputTest::theArrowKeysScrollUntilTheTextCursorIsAskedFor()
 {
     showPage("<html>" + QByteArray("<p>a line of text</p>").repeated(200) + "</html>");
     press(Qt::Key_Down);
@@ -140,7 +140,7 @@ void tst_browserinput::theArrowKeysScrollUntilTheTextCursorIsAskedFor()
     QVERIFY(view()->verticalScrollBar()->value() > before);
 }
 
-void tst_browserinput::theKeyboardZooms_data()
+void BrowserInputTest::theKeyboardZooms_data()
 {
     QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<int>("direction");
@@ -149,7 +149,7 @@ void tst_browserinput::theKeyboardZooms_data()
     QTest::newRow("minus") << Qt::Key_Minus << -1;
 }
 
-void tst_browserinput::theKeyboardZooms()
+void BrowserInputTest::theKeyboardZooms()
 {
     QFETCH(const Qt::Key, key);
     QFETCH(const int, direction);
@@ -163,7 +163,7 @@ void tst_browserinput::theKeyboardZooms()
     QCOMPARE(view()->document()->defaultFont().pointSizeF(), before);
 }
 
-void tst_browserinput::theWheelZooms()
+void BrowserInputTest::theWheelZooms()
 {
     showPage("<html>text</html>");
     const qreal before = view()->font().pointSizeF();
@@ -174,7 +174,7 @@ void tst_browserinput::theWheelZooms()
     QCOMPARE(view()->font().pointSizeF(), before + 1);
 }
 
-void tst_browserinput::aLinkIsOpenedByTheKeyboard()
+void BrowserInputTest::aLinkIsOpenedByTheKeyboard()
 {
     QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "openAddress");
     showPage("<html>text <a href=\"https://vemo.invalid/\">a link</a></html>");
@@ -185,5 +185,5 @@ void tst_browserinput::aLinkIsOpenedByTheKeyboard()
     QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
 }
 
-VEMO_TEST_MAIN(tst_browserinput)
+VEMO_TEST_MAIN(BrowserInputTest)
 #include "tst_browserinput.moc"

@@ -12,7 +12,7 @@
 #include <QScrollBar>
 #include <QTextBrowser>
 
-class tst_browserwindow : public VemoTest
+class BrowserWindowTest : public VemoTest
 {
     Q_OBJECT
 
@@ -83,19 +83,19 @@ Answer silence()
 
 } // namespace
 
-void tst_browserwindow::init()
+void BrowserWindowTest::init()
 {
     VemoTest::init();
     m_server.reset(new TestServer);
 }
 
-void tst_browserwindow::cleanup()
+void BrowserWindowTest::cleanup()
 {
     m_server.reset();
     VemoTest::cleanup();
 }
 
-void tst_browserwindow::itIsAnApplicationModalDialogAroundATextBrowser()
+void BrowserWindowTest::itIsAnApplicationModalDialogAroundATextBrowser()
 {
     const CountingWindow window;
     QCOMPARE(BrowserWindow::TIMEOUT, 10000);
@@ -111,7 +111,7 @@ void tst_browserwindow::itIsAnApplicationModalDialogAroundATextBrowser()
     QVERIFY(!window.isVisible());
 }
 
-void tst_browserwindow::itsScrollBarsAreStyledUnderAStyledParent()
+void BrowserWindowTest::itsScrollBarsAreStyledUnderAStyledParent()
 {
     QWidget parent;
     parent.setStyleSheet("#other { color: red; }");
@@ -124,7 +124,7 @@ void tst_browserwindow::itsScrollBarsAreStyledUnderAStyledParent()
     QCOMPARE(widths.first(), widths.last());
 }
 
-void tst_browserwindow::itsSignalsAndSlotsHaveTheirNames()
+void BrowserWindowTest::itsSignalsAndSlotsHaveTheirNames()
 {
     const QMetaObject &meta = BrowserWindow::staticMetaObject;
     QVERIFY(meta.indexOfSignal("sigAbortRequest()") >= 0);
@@ -135,7 +135,7 @@ void tst_browserwindow::itsSignalsAndSlotsHaveTheirNames()
     QCOMPARE(timeout.access(), QMetaMethod::Private);
 }
 
-void tst_browserwindow::itFetchesThePageWithAPlainRequest()
+void BrowserWindowTest::itFetchesThePageWithAPlainRequest()
 {
     m_server->setAnswer("/a/b.html", page("<html>hello</html>"));
     CountingWindow window;
@@ -156,7 +156,7 @@ void tst_browserwindow::itFetchesThePageWithAPlainRequest()
     QCOMPARE(window.failures, 0);
 }
 
-void tst_browserwindow::theBodyIsShownAsUtf8_data()
+void BrowserWindowTest::theBodyIsShownAsUtf8_data()
 {
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<QString>("text");
@@ -174,7 +174,7 @@ void tst_browserwindow::theBodyIsShownAsUtf8_data()
         << QByteArray("<html><meta charset=\"iso-8859-1\">\xC3\xB6</html>") << QString(QChar(0xF6));
 }
 
-void tst_browserwindow::theBodyIsShownAsUtf8()
+void BrowserWindowTest::theBodyIsShownAsUtf8()
 {
     QFETCH(const QByteArray, body);
     QFETCH(QString, text);
@@ -191,7 +191,7 @@ void tst_browserwindow::theBodyIsShownAsUtf8()
     QCOMPARE(window.failures, 0);
 }
 
-void tst_browserwindow::aFailureLeavesTheViewAndFallsBack_data()
+void BrowserWindowTest::aFailureLeavesTheViewAndFallsBack_data()
 {
     QTest::addColumn<QUrl>("url");
     const auto address = [](const char *text) { return QUrl(QString::fromLatin1(text)); };
@@ -203,7 +203,7 @@ void tst_browserwindow::aFailureLeavesTheViewAndFallsBack_data()
     QTest::newRow("a missing file") << address("file:///no/such/page.html");
 }
 
-void tst_browserwindow::aFailureLeavesTheViewAndFallsBack()
+void BrowserWindowTest::aFailureLeavesTheViewAndFallsBack()
 {
     QFETCH(const QUrl, url);
     CountingWindow window;
@@ -214,7 +214,7 @@ void tst_browserwindow::aFailureLeavesTheViewAndFallsBack()
     QCOMPARE(window.text(), QStringLiteral("before"));
 }
 
-void tst_browserwindow::anAddressThatWasNeverSetFails()
+void BrowserWindowTest::anAddressThatWasNeverSetFails()
 {
     CountingWindow window;
     window.reload();
@@ -222,7 +222,7 @@ void tst_browserwindow::anAddressThatWasNeverSetFails()
     QTRY_COMPARE(window.failures, 1);
 }
 
-void tst_browserwindow::reloadFetchesTheSameAddressAgain()
+void BrowserWindowTest::reloadFetchesTheSameAddressAgain()
 {
     m_server->setAnswer("/a", page("one"));
     CountingWindow window;
@@ -234,7 +234,7 @@ void tst_browserwindow::reloadFetchesTheSameAddressAgain()
     QCOMPARE(m_server->requestCount("/a"), 2);
 }
 
-void tst_browserwindow::aReloadDoesNotCancelTheEarlierFetch()
+void BrowserWindowTest::aReloadDoesNotCancelTheEarlierFetch()
 {
     Answer late = page("");
     late.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n";
@@ -251,7 +251,7 @@ void tst_browserwindow::aReloadDoesNotCancelTheEarlierFetch()
     QCOMPARE(window.failures, 0);
 }
 
-void tst_browserwindow::anAbortReachesEveryOpenFetch()
+void BrowserWindowTest::anAbortReachesEveryOpenFetch()
 {
     m_server->setAnswer("/silent", silence());
     m_server->setAnswer("/done", page("done"));
@@ -269,7 +269,7 @@ void tst_browserwindow::anAbortReachesEveryOpenFetch()
     QCOMPARE(window.text(), QStringLiteral("done"));
 }
 
-void tst_browserwindow::aPageFromAFileIsShownWithItsFiles()
+void BrowserWindowTest::aPageFromAFileIsShownWithItsFiles()
 {
     m_host.addHelpFile(QStringLiteral("page.html"),
         "<html><img src=\"" + m_host.helpPath().toUtf8() + "/a.png\"></html>");
@@ -286,7 +286,7 @@ void tst_browserwindow::aPageFromAFileIsShownWithItsFiles()
     QCOMPARE(countPixels(window.view(), Qt::red), 0);
 }
 
-void tst_browserwindow::aPageFromAFileRefersToWhatLiesBesideIt()
+void BrowserWindowTest::aPageFromAFileRefersToWhatLiesBesideIt()
 {
     m_host.addHelpFile(QStringLiteral("beside/page.html"),
         "<html><a href=\"other.html\">link</a><img src=\"a.png\"></html>");
@@ -303,7 +303,7 @@ void tst_browserwindow::aPageFromAFileRefersToWhatLiesBesideIt()
     QCOMPARE(window.text(), QStringLiteral("the other page"));
 }
 
-void tst_browserwindow::aPageOverTheLimitFailsWithOneWarning_data()
+void BrowserWindowTest::aPageOverTheLimitFailsWithOneWarning_data()
 {
     QTest::addColumn<int>("size");
     QTest::addColumn<int>("failures");
@@ -312,7 +312,7 @@ void tst_browserwindow::aPageOverTheLimitFailsWithOneWarning_data()
     QTest::newRow("much more") << 80 * kMebibyte << 1;
 }
 
-void tst_browserwindow::aPageOverTheLimitFailsWithOneWarning()
+void BrowserWindowTest::aPageOverTheLimitFailsWithOneWarning()
 {
     QFETCH(const int, size);
     QFETCH(const int, failures);
@@ -333,7 +333,7 @@ void tst_browserwindow::aPageOverTheLimitFailsWithOneWarning()
     QCOMPARE(messages.take(), failures ? warning : QStringList());
 }
 
-void tst_browserwindow::aPageThatTakesTooLongFails_data()
+void BrowserWindowTest::aPageThatTakesTooLongFails_data()
 {
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<QString>("warning");
@@ -346,7 +346,7 @@ void tst_browserwindow::aPageThatTakesTooLongFails_data()
     QTest::newRow("lines of plain text") << QByteArray(1000000, '\n') << slow;
 }
 
-void tst_browserwindow::aPageThatTakesTooLongFails()
+void BrowserWindowTest::aPageThatTakesTooLongFails()
 {
     QFETCH(const QByteArray, body);
     QFETCH(const QString, warning);
@@ -359,7 +359,7 @@ void tst_browserwindow::aPageThatTakesTooLongFails()
     QCOMPARE(messages.take(), QStringList(warning.arg(m_server->url().toString())));
 }
 
-void tst_browserwindow::theTitleIsCut()
+void BrowserWindowTest::theTitleIsCut()
 {
     const QByteArray title(17 * kMebibyte, 't');
     m_server->setAnswer("/", page("<html><title>" + title + "</title>text</html>"));
@@ -374,7 +374,7 @@ void tst_browserwindow::theTitleIsCut()
     QVERIFY(window.windowTitle().size() <= 200);
 }
 
-void tst_browserwindow::deletedAtAnyMoment_data()
+void BrowserWindowTest::deletedAtAnyMoment_data()
 {
     QTest::addColumn<int>("moment");
     QTest::newRow("before its request") << 0;
@@ -384,7 +384,7 @@ void tst_browserwindow::deletedAtAnyMoment_data()
     QTest::newRow("closed, then deleted") << 4;
 }
 
-void tst_browserwindow::deletedAtAnyMoment()
+void BrowserWindowTest::deletedAtAnyMoment()
 {
     QFETCH(const int, moment);
     Answer half;
@@ -409,7 +409,7 @@ void tst_browserwindow::deletedAtAnyMoment()
     QCoreApplication::processEvents();
 }
 
-void tst_browserwindow::deletedFromTheFallback_data()
+void BrowserWindowTest::deletedFromTheFallback_data()
 {
     QTest::addColumn<QByteArray>("path");
     QTest::addColumn<bool>("aborts");
@@ -417,7 +417,7 @@ void tst_browserwindow::deletedFromTheFallback_data()
     QTest::newRow("after an abort") << QByteArray("/silent") << true;
 }
 
-void tst_browserwindow::deletedFromTheFallback()
+void BrowserWindowTest::deletedFromTheFallback()
 {
     QFETCH(const QByteArray, path);
     QFETCH(const bool, aborts);
@@ -435,5 +435,5 @@ void tst_browserwindow::deletedFromTheFallback()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-VEMO_TEST_MAIN(tst_browserwindow)
+VEMO_TEST_MAIN(BrowserWindowTest)
 #include "tst_browserwindow.moc"

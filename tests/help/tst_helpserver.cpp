@@ -13,7 +13,7 @@
 Q_DECLARE_METATYPE(ServerRow)
 Q_DECLARE_METATYPE(TestCertificates::Kind)
 
-class tst_helpserver : public VemoTest
+class HelpServerTest : public VemoTest
 {
     Q_OBJECT
 
@@ -72,7 +72,7 @@ static void tellCostOfTextEngine()
     qInfo("10000 pictures, QTextBrowser::setText alone: %.1f ms", EventMeter::now() - start);
 }
 
-void tst_helpserver::initTestCase()
+void HelpServerTest::initTestCase()
 {
     if (!m_certificates.isValid())
         QSKIP("There is no openssl command to make certificates with");
@@ -80,13 +80,13 @@ void tst_helpserver::initTestCase()
     m_host.addHelpFile(QStringLiteral("enu/page.html"), kLocal.toUtf8());
 }
 
-void tst_helpserver::init()
+void HelpServerTest::init()
 {
     VemoTest::init();
     meter()->reset();
 }
 
-void tst_helpserver::cleanup()
+void HelpServerTest::cleanup()
 {
     const char *tag = QTest::currentDataTag();
     const QString name = QString::fromUtf8(tag ? tag : QTest::currentTestFunction());
@@ -95,7 +95,7 @@ void tst_helpserver::cleanup()
     VemoTest::cleanup();
 }
 
-void tst_helpserver::cleanupTestCase()
+void HelpServerTest::cleanupTestCase()
 {
     // Printed but not checked, because it depends on the load of the machine.
     for (auto event = m_events.constBegin(); event != m_events.constEnd(); ++event)
@@ -105,7 +105,7 @@ void tst_helpserver::cleanupTestCase()
     tellCostOfTextEngine();
 }
 
-std::unique_ptr<HelpWindow> tst_helpserver::openHelp(const QUrl &knowledgeBase) const
+std::unique_ptr<HelpWindow> HelpServerTest::openHelp(const QUrl &knowledgeBase) const
 {
     HelpWindow::setKnowledgeBaseUrl(knowledgeBase);
     HelpContext context;
@@ -118,7 +118,7 @@ std::unique_ptr<HelpWindow> tst_helpserver::openHelp(const QUrl &knowledgeBase) 
     return window;
 }
 
-void tst_helpserver::theReaderGetsThePageOrTheLocalOne_data()
+void HelpServerTest::theReaderGetsThePageOrTheLocalOne_data()
 {
     QTest::addColumn<ServerRow>("row");
     for (const auto &rows : {statusRows(), lengthRows(), headRows(), bodyRows(), certificateRows()})
@@ -126,7 +126,7 @@ void tst_helpserver::theReaderGetsThePageOrTheLocalOne_data()
             QTest::newRow(row.name) << row;
 }
 
-void tst_helpserver::theReaderGetsThePageOrTheLocalOne()
+void HelpServerTest::theReaderGetsThePageOrTheLocalOne()
 {
     QFETCH(const ServerRow, row);
     TestServer server(m_certificates.server(row.certificate));
@@ -145,7 +145,7 @@ void tst_helpserver::theReaderGetsThePageOrTheLocalOne()
         QVERIFY(server.requests().isEmpty()); // Not a word to a stranger.
 }
 
-void tst_helpserver::nobodyListensShowsTheLocalPage()
+void HelpServerTest::nobodyListensShowsTheLocalPage()
 {
     QUrl url;
     {
@@ -156,7 +156,7 @@ void tst_helpserver::nobodyListensShowsTheLocalPage()
     QTRY_COMPARE(textOf(*window), kLocal);
 }
 
-void tst_helpserver::aServerWithoutEncryptionShowsTheLocalPage()
+void HelpServerTest::aServerWithoutEncryptionShowsTheLocalPage()
 {
     TestServer server;
     Answer answer = page("<html>online</html>");
@@ -169,7 +169,7 @@ void tst_helpserver::aServerWithoutEncryptionShowsTheLocalPage()
     QVERIFY(server.requests().isEmpty());
 }
 
-void tst_helpserver::endlessBodiesAreBrokenOff()
+void HelpServerTest::endlessBodiesAreBrokenOff()
 {
     Answer endless;
     endless.bytes = "HTTP/1.1 200 OK\r\n\r\n<html>";
@@ -184,7 +184,7 @@ void tst_helpserver::endlessBodiesAreBrokenOff()
     QVERIFY(warnings.first().startsWith(QLatin1String("Too much data from")));
 }
 
-void tst_helpserver::whatNeverEndsIsLeftAfterTenSeconds()
+void HelpServerTest::whatNeverEndsIsLeftAfterTenSeconds()
 {
     struct Case
     {
@@ -211,7 +211,7 @@ void tst_helpserver::whatNeverEndsIsLeftAfterTenSeconds()
     qInfo("all local pages after %lld ms", elapsed.elapsed());
 }
 
-void tst_helpserver::picturesTakeTheirOwnWay_data()
+void HelpServerTest::picturesTakeTheirOwnWay_data()
 {
     QTest::addColumn<Answer>("answer");
     QTest::addColumn<TestCertificates::Kind>("certificate");
@@ -239,7 +239,7 @@ void tst_helpserver::picturesTakeTheirOwnWay_data()
         TestCertificates::UNKNOWN_AUTHORITY);
 }
 
-void tst_helpserver::picturesTakeTheirOwnWay()
+void HelpServerTest::picturesTakeTheirOwnWay()
 {
     QFETCH(const Answer, answer);
     QFETCH(const TestCertificates::Kind, certificate);
@@ -264,7 +264,7 @@ int main(int argc, char **argv)
     setTestEnvironment();
     EventMeter app(argc, argv);
     keepScreensReachable();
-    tst_helpserver test;
+    HelpServerTest test;
     return QTest::qExec(&test, argc, argv);
 }
 #include "tst_helpserver.moc"

@@ -9,7 +9,7 @@
 #include <ctime>
 
 /// Shows generated pages: 2,000 of them, or VEMO_PAGES, from the seed VEMO_SEED on.
-class tst_hostilepages : public VemoTest
+class HostilePagesTest : public VemoTest
 {
     Q_OBJECT
 
@@ -103,7 +103,7 @@ private:
 
 } // namespace
 
-void tst_hostilepages::noGeneratedPageHoldsTheWindowUp()
+void HostilePagesTest::noGeneratedPageHoldsTheWindowUp()
 {
     const int count =
         qEnvironmentVariableIsSet("VEMO_PAGES") ? qEnvironmentVariableIntValue("VEMO_PAGES") : 2000;
@@ -135,5 +135,5 @@ void tst_hostilepages::noGeneratedPageHoldsTheWindowUp()
     QVERIFY(shown > count / 4); // Most are judged by what they cost, not refused.
 }
 
-VEMO_TEST_MAIN(tst_hostilepages)
+VEMO_TEST_MAIN(HostilePagesTest)
 #include "tst_hostilepages.moc"

@@ -8,7 +8,7 @@
 
 #include <QScrollBar>
 
-class tst_htmltextbrowser : public VemoTest
+class HtmlTextBrowserTest : public VemoTest
 {
     Q_OBJECT
 
@@ -71,14 +71,14 @@ static QString pictures(int count, const QString &prefix = QStringLiteral("p"))
     return html;
 }
 
-void tst_htmltextbrowser::init()
+void HtmlTextBrowserTest::init()
 {
     VemoTest::init();
     m_server.reset(new TestServer);
     m_browser.reset(new HtmlTextBrowser(nullptr));
 }
 
-void tst_htmltextbrowser::cleanup()
+void HtmlTextBrowserTest::cleanup()
 {
     m_browser.reset();
     m_server.reset();
@@ -86,7 +86,7 @@ void tst_htmltextbrowser::cleanup()
     VemoTest::cleanup();
 }
 
-void tst_htmltextbrowser::itsSlotHasItsName()
+void HtmlTextBrowserTest::itsSlotHasItsName()
 {
     const QMetaObject &meta = HtmlTextBrowser::staticMetaObject;
     const QMetaMethod slot = meta.method(meta.indexOfSlot("slotDownloadFinished(QString,int)"));
@@ -94,7 +94,7 @@ void tst_htmltextbrowser::itsSlotHasItsName()
     QCOMPARE(slot.access(), QMetaMethod::Private);
 }
 
-void tst_htmltextbrowser::aPageWithoutPicturesToFetchLeavesThePathsAlone_data()
+void HtmlTextBrowserTest::aPageWithoutPicturesToFetchLeavesThePathsAlone_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("text");
@@ -108,7 +108,7 @@ void tst_htmltextbrowser::aPageWithoutPicturesToFetchLeavesThePathsAlone_data()
     addRow("a base without end", "<html>text<base href=\"http://x/></html>", "text");
 }
 
-void tst_htmltextbrowser::aPageWithoutPicturesToFetchLeavesThePathsAlone()
+void HtmlTextBrowserTest::aPageWithoutPicturesToFetchLeavesThePathsAlone()
 {
     QFETCH(const QString, html);
     m_browser->setSearchPaths({QStringLiteral("/nowhere")});
@@ -119,7 +119,7 @@ void tst_htmltextbrowser::aPageWithoutPicturesToFetchLeavesThePathsAlone()
     QVERIFY(!QFile::exists(m_host.pictureFolder()));
 }
 
-void tst_htmltextbrowser::thePictureFolderComesFirst()
+void HtmlTextBrowserTest::thePictureFolderComesFirst()
 {
     const QString folder = m_host.pictureFolder();
     m_browser->setSearchPaths({QStringLiteral("/nowhere")});
@@ -131,7 +131,7 @@ void tst_htmltextbrowser::thePictureFolderComesFirst()
     QCOMPARE(m_browser->toPlainText(), QStringLiteral("two"));
 }
 
-void tst_htmltextbrowser::aForeignPictureFolderIsWarnedAboutOncePerPage()
+void HtmlTextBrowserTest::aForeignPictureFolderIsWarnedAboutOncePerPage()
 {
     QTemporaryDir elsewhere;
     const QString outer = m_host.tempFolder() + QLatin1String("/kestrava_help");
@@ -148,7 +148,7 @@ void tst_htmltextbrowser::aForeignPictureFolderIsWarnedAboutOncePerPage()
     QVERIFY(QFile::remove(outer));
 }
 
-void tst_htmltextbrowser::eachSourceIsAskedForOnce_data()
+void HtmlTextBrowserTest::eachSourceIsAskedForOnce_data()
 {
     QTest::addColumn<QString>("body");
     QTest::addColumn<QStringList>("targets");
@@ -165,7 +165,7 @@ void tst_htmltextbrowser::eachSourceIsAskedForOnce_data()
         << QString::fromUtf8("<img src=\"\u56FE.png\">") << QStringList("/%E5%9B%BE.png");
 }
 
-void tst_htmltextbrowser::eachSourceIsAskedForOnce()
+void HtmlTextBrowserTest::eachSourceIsAskedForOnce()
 {
     QFETCH(const QString, body);
     QFETCH(const QStringList, targets);
@@ -178,7 +178,7 @@ void tst_htmltextbrowser::eachSourceIsAskedForOnce()
     QVERIFY(m_server->requests().first().startsWith("GET "));
 }
 
-void tst_htmltextbrowser::theSourceIsJoinedToTheBaseAndNotResolved_data()
+void HtmlTextBrowserTest::theSourceIsJoinedToTheBaseAndNotResolved_data()
 {
     QTest::addColumn<QString>("base");
     QTest::addColumn<QString>("source");
@@ -189,7 +189,7 @@ void tst_htmltextbrowser::theSourceIsJoinedToTheBaseAndNotResolved_data()
     addRow("a query", "/help?picture=", "a.png", "/help?picture=a.png");
 }
 
-void tst_htmltextbrowser::theSourceIsJoinedToTheBaseAndNotResolved()
+void HtmlTextBrowserTest::theSourceIsJoinedToTheBaseAndNotResolved()
 {
     QFETCH(const QString, base);
     QFETCH(const QString, source);
@@ -201,7 +201,7 @@ void tst_htmltextbrowser::theSourceIsJoinedToTheBaseAndNotResolved()
     QTEST(target, "target");
 }
 
-void tst_htmltextbrowser::theBaseIsKeptFromTheLastPageThatHadOne()
+void HtmlTextBrowserTest::theBaseIsKeptFromTheLastPageThatHadOne()
 {
     m_browser->setHtmlContent(html(QString()));
     m_browser->setHtmlContent(QStringLiteral("<html><img src=\"a.png\"></html>"));
@@ -211,7 +211,7 @@ void tst_htmltextbrowser::theBaseIsKeptFromTheLastPageThatHadOne()
     QCOMPARE(m_server->requestCount("/p0.png"), 1);
 }
 
-void tst_htmltextbrowser::aPictureIsSavedUnderItsLastPart_data()
+void HtmlTextBrowserTest::aPictureIsSavedUnderItsLastPart_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("name");
@@ -229,7 +229,7 @@ void tst_htmltextbrowser::aPictureIsSavedUnderItsLastPart_data()
     addRow("256 letters are not saved", QString(256, 'a'), "");
 }
 
-void tst_htmltextbrowser::aPictureIsSavedUnderItsLastPart()
+void HtmlTextBrowserTest::aPictureIsSavedUnderItsLastPart()
 {
     QFETCH(const QString, source);
     QFETCH(const QString, name);
@@ -241,7 +241,7 @@ void tst_htmltextbrowser::aPictureIsSavedUnderItsLastPart()
         name.isEmpty() ? QStringList() : QStringList(name));
 }
 
-void tst_htmltextbrowser::ofTwoPicturesWithOneNameTheLaterOneWins()
+void HtmlTextBrowserTest::ofTwoPicturesWithOneNameTheLaterOneWins()
 {
     m_server->setAnswer("/x/a.png", page("first"));
     Answer later;
@@ -256,7 +256,7 @@ void tst_htmltextbrowser::ofTwoPicturesWithOneNameTheLaterOneWins()
     QCOMPARE(fileBytes(m_host.pictureFolder() + "/a.png"), QByteArray("later"));
 }
 
-void tst_htmltextbrowser::theViewReloadsOncePerPicture()
+void HtmlTextBrowserTest::theViewReloadsOncePerPicture()
 {
     m_server->setAnswer("/p0.png", page(pictureBytes({4, 4}, Qt::red)));
     m_server->setAnswer("/p1.png", page(pictureBytes({4, 4}, Qt::red)));
@@ -267,7 +267,7 @@ void tst_htmltextbrowser::theViewReloadsOncePerPicture()
     QCOMPARE(reloads.size(), 5);
 }
 
-void tst_htmltextbrowser::picturesAreFetchedAgainForEachPage()
+void HtmlTextBrowserTest::picturesAreFetchedAgainForEachPage()
 {
     m_server->setAnswer("/p0.png", page("one"));
     m_browser->setHtmlContent(html(pictures(1)));
@@ -279,7 +279,7 @@ void tst_htmltextbrowser::picturesAreFetchedAgainForEachPage()
     QCOMPARE(fileBytes(m_host.pictureFolder() + "/p0.png"), QByteArray("two"));
 }
 
-void tst_htmltextbrowser::aNewPageDoesNotCancelDownloads()
+void HtmlTextBrowserTest::aNewPageDoesNotCancelDownloads()
 {
     Answer slow;
     slow.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\n";
@@ -298,7 +298,7 @@ void tst_htmltextbrowser::aNewPageDoesNotCancelDownloads()
     QCOMPARE(m_browser->toPlainText(), QStringLiteral("another page"));
 }
 
-void tst_htmltextbrowser::theSameAddressTwiceAtOnceIsFetchedTwice()
+void HtmlTextBrowserTest::theSameAddressTwiceAtOnceIsFetchedTwice()
 {
     Answer slow;
     slow.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\n";
@@ -315,7 +315,7 @@ void tst_htmltextbrowser::theSameAddressTwiceAtOnceIsFetchedTwice()
     QCOMPARE(reloads.size(), 4);
 }
 
-void tst_htmltextbrowser::noMoreThanSixtyFourAtOnce()
+void HtmlTextBrowserTest::noMoreThanSixtyFourAtOnce()
 {
     QCOMPARE(kMaxDownloadsAtOnce, 64);
     m_server->setAnswer({}, page("bytes"));
@@ -330,7 +330,7 @@ void tst_htmltextbrowser::noMoreThanSixtyFourAtOnce()
     QTRY_VERIFY(isIdle());
 }
 
-void tst_htmltextbrowser::silentDownloadsLeaveTheirPlaceToOthers()
+void HtmlTextBrowserTest::silentDownloadsLeaveTheirPlaceToOthers()
 {
     QCOMPARE(ImageDownloader::maxSilence(), 30000);
     const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), 100);
@@ -341,7 +341,7 @@ void tst_htmltextbrowser::silentDownloadsLeaveTheirPlaceToOthers()
     QTRY_COMPARE(m_browser->findChildren<ImageDownloader *>().size(), 64); // They go on.
 }
 
-void tst_htmltextbrowser::aSlowDownloadKeepsItsPlace()
+void HtmlTextBrowserTest::aSlowDownloadKeepsItsPlace()
 {
     const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), 1000);
     Answer slow;
@@ -355,7 +355,7 @@ void tst_htmltextbrowser::aSlowDownloadKeepsItsPlace()
     QCOMPARE(m_server->maxConnectionsAtOnce(), 64);
 }
 
-void tst_htmltextbrowser::onlySoManySilentDownloadsAreWaitedFor()
+void HtmlTextBrowserTest::onlySoManySilentDownloadsAreWaitedFor()
 {
     const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), 50);
     m_server->setAnswer({}, silence());
@@ -364,7 +364,7 @@ void tst_htmltextbrowser::onlySoManySilentDownloadsAreWaitedFor()
     QTRY_COMPARE(m_browser->findChildren<ImageDownloader *>().size(), kMaxSilentDownloads + 64);
 }
 
-void tst_htmltextbrowser::everyPictureIsFetchedHoweverMany()
+void HtmlTextBrowserTest::everyPictureIsFetchedHoweverMany()
 {
     m_server->setAnswer({}, page("bytes"));
     QSignalSpy reloads(m_browser.data(), SIGNAL(sourceChanged(QUrl)));
@@ -374,7 +374,7 @@ void tst_htmltextbrowser::everyPictureIsFetchedHoweverMany()
     QCOMPARE(QDir(m_host.pictureFolder()).entryList(QDir::Files).size(), 300);
 }
 
-void tst_htmltextbrowser::pagesTakeTheirTurnsApart()
+void HtmlTextBrowserTest::pagesTakeTheirTurnsApart()
 {
     m_server->setAnswer({}, silence());
     m_browser->setHtmlContent(html(pictures(100)));
@@ -388,7 +388,7 @@ void tst_htmltextbrowser::pagesTakeTheirTurnsApart()
     QVERIFY(m_server->maxConnectionsAtOnce() <= 128);
 }
 
-void tst_htmltextbrowser::deletedWhileDownloadsRun_data()
+void HtmlTextBrowserTest::deletedWhileDownloadsRun_data()
 {
     QTest::addColumn<int>("finished");
     QTest::newRow("before the first request") << -1;
@@ -397,7 +397,7 @@ void tst_htmltextbrowser::deletedWhileDownloadsRun_data()
     QTest::newRow("when all but the silent ones are there") << 20;
 }
 
-void tst_htmltextbrowser::deletedWhileDownloadsRun()
+void HtmlTextBrowserTest::deletedWhileDownloadsRun()
 {
     QFETCH(const int, finished);
     m_server->setAnswer({}, silence());
@@ -414,7 +414,7 @@ void tst_htmltextbrowser::deletedWhileDownloadsRun()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void tst_htmltextbrowser::theFinishSlotAloneTakesTheStoredDownload()
+void HtmlTextBrowserTest::theFinishSlotAloneTakesTheStoredDownload()
 {
     m_server->setAnswer({}, silence());
     m_browser->setHtmlContent(html(pictures(70)));
@@ -430,5 +430,5 @@ void tst_htmltextbrowser::theFinishSlotAloneTakesTheStoredDownload()
     QCOMPARE(m_server->requestCount("/p65.png"), 0);
 }
 
-VEMO_TEST_MAIN(tst_htmltextbrowser)
+VEMO_TEST_MAIN(HtmlTextBrowserTest)
 #include "tst_htmltextbrowser.moc"

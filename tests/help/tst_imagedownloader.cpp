@@ -8,7 +8,7 @@
 
 #include <QNetworkAccessManager>
 
-class tst_imagedownloader : public VemoTest
+class ImageDownloaderTest : public VemoTest
 {
     Q_OBJECT
 
@@ -46,14 +46,14 @@ private:
 
 static constexpr qint64 kMebibyte = 1024 * 1024;
 
-void tst_imagedownloader::init()
+void ImageDownloaderTest::init()
 {
     VemoTest::init();
     QVERIFY(preparePictureFolder());
     QFile::remove(file("a.png"));
 }
 
-int tst_imagedownloader::download(const QUrl &url)
+int ImageDownloaderTest::download(const QUrl &url)
 {
     ImageDownloader downloader(file("a.png"), url.toString());
     QSignalSpy finished(&downloader, SIGNAL(sigDownloadFinish(QString,int)));
@@ -65,7 +65,7 @@ int tst_imagedownloader::download(const QUrl &url)
     return isTheSame ? result : -98;
 }
 
-void tst_imagedownloader::itsSignalAndSlotHaveTheirNames()
+void ImageDownloaderTest::itsSignalAndSlotHaveTheirNames()
 {
     const QMetaObject &meta = ImageDownloader::staticMetaObject;
     const QMetaMethod finish = meta.method(meta.indexOfSignal("sigDownloadFinish(QString,int)"));
@@ -75,7 +75,7 @@ void tst_imagedownloader::itsSignalAndSlotHaveTheirNames()
     QCOMPARE(slot.access(), QMetaMethod::Private);
 }
 
-void tst_imagedownloader::itIsUnfinishedUntilTheAnswerCame()
+void ImageDownloaderTest::itIsUnfinishedUntilTheAnswerCame()
 {
     ImageDownloader downloader(file("a.png"), QStringLiteral("http://127.0.0.1/a.png"));
     QVERIFY(!downloader.isFinished());
@@ -83,7 +83,7 @@ void tst_imagedownloader::itIsUnfinishedUntilTheAnswerCame()
     QVERIFY(!downloader.parent());
 }
 
-void tst_imagedownloader::theAnswersBodyBecomesTheFile_data()
+void ImageDownloaderTest::theAnswersBodyBecomesTheFile_data()
 {
     QTest::addColumn<Answer>("answer");
     QTest::addColumn<QByteArray>("content");
@@ -111,7 +111,7 @@ void tst_imagedownloader::theAnswersBodyBecomesTheFile_data()
                            << QByteArray(5 * kMebibyte, 'y');
 }
 
-void tst_imagedownloader::theAnswersBodyBecomesTheFile()
+void ImageDownloaderTest::theAnswersBodyBecomesTheFile()
 {
     QFETCH(const Answer, answer);
     TestServer server;
@@ -122,7 +122,7 @@ void tst_imagedownloader::theAnswersBodyBecomesTheFile()
     QTEST(content, "content");
 }
 
-void tst_imagedownloader::aFailedDownloadKeepsTheEarlierFile_data()
+void ImageDownloaderTest::aFailedDownloadKeepsTheEarlierFile_data()
 {
     QTest::addColumn<Answer>("answer");
 
@@ -139,7 +139,7 @@ void tst_imagedownloader::aFailedDownloadKeepsTheEarlierFile_data()
     QTest::newRow("no answer") << Answer();
 }
 
-void tst_imagedownloader::aFailedDownloadKeepsTheEarlierFile()
+void ImageDownloaderTest::aFailedDownloadKeepsTheEarlierFile()
 {
     QFETCH(const Answer, answer);
     writePicture(file("a.png"), "earlier");
@@ -166,7 +166,7 @@ static Answer chunked(const QByteArray &body, bool isEnded)
     return answer;
 }
 
-void tst_imagedownloader::anyAnswerWithoutAnErrorReplacesTheEarlierFile_data()
+void ImageDownloaderTest::anyAnswerWithoutAnErrorReplacesTheEarlierFile_data()
 {
     QTest::addColumn<Answer>("answer");
     QTest::addColumn<QByteArray>("taken");
@@ -188,7 +188,7 @@ void tst_imagedownloader::anyAnswerWithoutAnErrorReplacesTheEarlierFile_data()
     QTest::newRow("nothing, without a length") << untilClosing({}) << QByteArray("");
 }
 
-void tst_imagedownloader::anyAnswerWithoutAnErrorReplacesTheEarlierFile()
+void ImageDownloaderTest::anyAnswerWithoutAnErrorReplacesTheEarlierFile()
 {
     QFETCH(const Answer, answer);
     QFETCH(const QByteArray, taken);
@@ -199,7 +199,7 @@ void tst_imagedownloader::anyAnswerWithoutAnErrorReplacesTheEarlierFile()
     QCOMPARE(fileBytes(file("a.png")), taken);
 }
 
-void tst_imagedownloader::silenceIsReportedAndTheDownloadGoesOn()
+void ImageDownloaderTest::silenceIsReportedAndTheDownloadGoesOn()
 {
     const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), 20);
     Answer late;
@@ -220,7 +220,7 @@ void tst_imagedownloader::silenceIsReportedAndTheDownloadGoesOn()
     QCOMPARE(fileBytes(file("a.png")), QByteArray("bytes"));
 }
 
-void tst_imagedownloader::anAbortedDownloadFails()
+void ImageDownloaderTest::anAbortedDownloadFails()
 {
     Answer silent;
     silent.end = Answer::KEEP_OPEN;
@@ -237,7 +237,7 @@ void tst_imagedownloader::anAbortedDownloadFails()
     QCOMPARE(downloader.result(), -1);
 }
 
-void tst_imagedownloader::aFileThatCannotBeWrittenIsNoError()
+void ImageDownloaderTest::aFileThatCannotBeWrittenIsNoError()
 {
     TestServer server;
     server.setAnswer("/a.png", page("bytes"));
@@ -247,7 +247,7 @@ void tst_imagedownloader::aFileThatCannotBeWrittenIsNoError()
     QVERIFY(QDir().rmdir(file("a.png")));
 }
 
-void tst_imagedownloader::aPictureOverTheLimitFailsWithOneWarning_data()
+void ImageDownloaderTest::aPictureOverTheLimitFailsWithOneWarning_data()
 {
     QTest::addColumn<qint64>("size");
     QTest::addColumn<bool>("isTaken");
@@ -256,7 +256,7 @@ void tst_imagedownloader::aPictureOverTheLimitFailsWithOneWarning_data()
     QTest::newRow("forever") << qint64(-1) << false;
 }
 
-void tst_imagedownloader::aPictureOverTheLimitFailsWithOneWarning()
+void ImageDownloaderTest::aPictureOverTheLimitFailsWithOneWarning()
 {
     QFETCH(const qint64, size);
     QFETCH(const bool, isTaken);
@@ -274,7 +274,7 @@ void tst_imagedownloader::aPictureOverTheLimitFailsWithOneWarning()
     QCOMPARE(messages.take(), isTaken ? QStringList() : QStringList(warning));
 }
 
-void tst_imagedownloader::downloadsShareOneLimit()
+void ImageDownloaderTest::downloadsShareOneLimit()
 {
     QCOMPARE(kMaxBufferedBytes, 256 * kMebibyte);
     TestServer server;
@@ -295,7 +295,7 @@ void tst_imagedownloader::downloadsShareOneLimit()
     }
 }
 
-void tst_imagedownloader::aRefusedDownloadFailsLaterWithoutARequest()
+void ImageDownloaderTest::aRefusedDownloadFailsLaterWithoutARequest()
 {
     TestServer server;
     ImageDownloader downloader(file("a.png"), server.url("/a.png").toString());
@@ -307,14 +307,14 @@ void tst_imagedownloader::aRefusedDownloadFailsLaterWithoutARequest()
     QVERIFY(server.requests().isEmpty());
 }
 
-void tst_imagedownloader::deletedAtAnyMomentItSaysNothing_data()
+void ImageDownloaderTest::deletedAtAnyMomentItSaysNothing_data()
 {
     QTest::addColumn<bool>("waitForTheRequest");
     QTest::newRow("at once") << false;
     QTest::newRow("while the server answers") << true;
 }
 
-void tst_imagedownloader::deletedAtAnyMomentItSaysNothing()
+void ImageDownloaderTest::deletedAtAnyMomentItSaysNothing()
 {
     QFETCH(const bool, waitForTheRequest);
     Answer answer;
@@ -334,5 +334,5 @@ void tst_imagedownloader::deletedAtAnyMomentItSaysNothing()
     QVERIFY(!QFile::exists(file("a.png")));
 }
 
-VEMO_TEST_MAIN(tst_imagedownloader)
+VEMO_TEST_MAIN(ImageDownloaderTest)
 #include "tst_imagedownloader.moc"

@@ -7,7 +7,7 @@
 
 #include <QScrollBar>
 
-class tst_pagedisplay : public VemoTest
+class PageDisplayTest : public VemoTest
 {
     Q_OBJECT
 
@@ -73,7 +73,7 @@ static QString lines(int count)
     return html;
 }
 
-void tst_pagedisplay::init()
+void PageDisplayTest::init()
 {
     VemoTest::init();
     m_server.reset(new TestServer);
@@ -84,7 +84,7 @@ void tst_pagedisplay::init()
     QVERIFY(QTest::qWaitForWindowExposed(m_browser.data()));
 }
 
-void tst_pagedisplay::cleanup()
+void PageDisplayTest::cleanup()
 {
     m_browser.reset();
     m_server.reset();
@@ -92,7 +92,7 @@ void tst_pagedisplay::cleanup()
     VemoTest::cleanup();
 }
 
-void tst_pagedisplay::picturesAppearAtTheirNaturalSize_data()
+void PageDisplayTest::picturesAppearAtTheirNaturalSize_data()
 {
     QTest::addColumn<QString>("body");
     QTest::addColumn<int>("pixels");
@@ -113,7 +113,7 @@ void tst_pagedisplay::picturesAppearAtTheirNaturalSize_data()
     QTest::newRow("by a query") << "<img src=\"a.png?v=1\">" << 0;
 }
 
-void tst_pagedisplay::picturesAppearAtTheirNaturalSize()
+void PageDisplayTest::picturesAppearAtTheirNaturalSize()
 {
     QFETCH(const QString, body);
     QFETCH(const int, pixels);
@@ -124,14 +124,14 @@ void tst_pagedisplay::picturesAppearAtTheirNaturalSize()
     QTRY_COMPARE(redPixels(), int(pixels * ratio * ratio));
 }
 
-void tst_pagedisplay::aPictureThatChangedIsShownAnew_data()
+void PageDisplayTest::aPictureThatChangedIsShownAnew_data()
 {
     QTest::addColumn<QUrl>("url");
     QTest::newRow("page from the network") << QUrl(QStringLiteral("https://help.vemo.invalid/"));
     QTest::newRow("page from a file") << QUrl(QStringLiteral("file:///help/page.html"));
 }
 
-void tst_pagedisplay::aPictureThatChangedIsShownAnew()
+void PageDisplayTest::aPictureThatChangedIsShownAnew()
 {
     QFETCH(const QUrl, url);
     m_browser->setPageUrl(url);
@@ -143,7 +143,7 @@ void tst_pagedisplay::aPictureThatChangedIsShownAnew()
     QCOMPARE(redPixels(), 0);
 }
 
-void tst_pagedisplay::anotherPageShowsItsOwnPictures()
+void PageDisplayTest::anotherPageShowsItsOwnPictures()
 {
     m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">")));
     QTRY_VERIFY(redPixels() > 0);
@@ -155,7 +155,7 @@ void tst_pagedisplay::anotherPageShowsItsOwnPictures()
     QTRY_COMPARE(redPixels(), int(50 * 60 * ratio * ratio));
 }
 
-void tst_pagedisplay::pagesGrowWithTheirPictures()
+void PageDisplayTest::pagesGrowWithTheirPictures()
 {
     m_server->setAnswer({}, latePicture({50, 1000}));
     m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">")));
@@ -163,14 +163,14 @@ void tst_pagedisplay::pagesGrowWithTheirPictures()
     QTRY_VERIFY(m_browser->verticalScrollBar()->maximum() > 700);
 }
 
-void tst_pagedisplay::scrollToTheMiddle()
+void PageDisplayTest::scrollToTheMiddle()
 {
     QScrollBar *bar = m_browser->verticalScrollBar();
     QTRY_VERIFY(bar->maximum() > 1000);
     bar->setValue(bar->maximum() / 2);
 }
 
-bool tst_pagedisplay::eventFilter(QObject *viewport, QEvent *event)
+bool PageDisplayTest::eventFilter(QObject *viewport, QEvent *event)
 {
     if (event->type() == QEvent::Resize)
         m_letters_at_resize =
@@ -178,7 +178,7 @@ bool tst_pagedisplay::eventFilter(QObject *viewport, QEvent *event)
     return VemoTest::eventFilter(viewport, event);
 }
 
-void tst_pagedisplay::aLongPageIsLaidOutOnce_data()
+void PageDisplayTest::aLongPageIsLaidOutOnce_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<bool>("isHigh");
@@ -198,7 +198,7 @@ void tst_pagedisplay::aLongPageIsLaidOutOnce_data()
 }
 
 /// The scroll bar does not take its place from a page that has been laid out already.
-void tst_pagedisplay::aLongPageIsLaidOutOnce()
+void PageDisplayTest::aLongPageIsLaidOutOnce()
 {
     QFETCH(const QString, html);
     QFETCH(const bool, isHigh);
@@ -211,7 +211,7 @@ void tst_pagedisplay::aLongPageIsLaidOutOnce()
     QCOMPARE(m_browser->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
 }
 
-void tst_pagedisplay::theLineAtTheUpperEdgeStaysThere()
+void PageDisplayTest::theLineAtTheUpperEdgeStaysThere()
 {
     m_server->setAnswer("/a.png", latePicture({50, 300}));
     m_server->setAnswer("/b.png", latePicture({50, 300}));
@@ -227,14 +227,14 @@ void tst_pagedisplay::theLineAtTheUpperEdgeStaysThere()
     QCOMPARE(textAtTheTop(), line);
 }
 
-void tst_pagedisplay::aReaderAtTheTopStaysAtTheTop()
+void PageDisplayTest::aReaderAtTheTopStaysAtTheTop()
 {
     m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">") + lines(100)));
     QTRY_VERIFY(redPixels() > 0);
     QCOMPARE(m_browser->verticalScrollBar()->value(), 0);
 }
 
-void tst_pagedisplay::theSelectionStays()
+void PageDisplayTest::theSelectionStays()
 {
     m_browser->setHtmlContent(html(QStringLiteral("<p>chosen words</p><img src=\"a.png\">")));
     QVERIFY(m_browser->find(QStringLiteral("chosen")));
@@ -242,7 +242,7 @@ void tst_pagedisplay::theSelectionStays()
     QCOMPARE(m_browser->textCursor().selectedText(), QStringLiteral("chosen"));
 }
 
-void tst_pagedisplay::aPageFromAFileShowsPicturesBesideIt()
+void PageDisplayTest::aPageFromAFileShowsPicturesBesideIt()
 {
     m_host.addHelpFile(QStringLiteral("enu/a.png"), pictureBytes({50, 40}, Qt::red));
     m_browser->setSearchPaths({m_host.helpPath() + QLatin1String("/enu")});
@@ -253,7 +253,7 @@ void tst_pagedisplay::aPageFromAFileShowsPicturesBesideIt()
     QVERIFY(m_server->requests().isEmpty());
 }
 
-void tst_pagedisplay::aPageReplacesTheFileThatALinkLedTo()
+void PageDisplayTest::aPageReplacesTheFileThatALinkLedTo()
 {
     m_host.addHelpFile(QStringLiteral("enu/other.html"), "<html>other</html>");
     m_browser->setSource(QUrl::fromLocalFile(m_host.helpPath() + QLatin1String("/enu/other.html")));
@@ -263,5 +263,5 @@ void tst_pagedisplay::aPageReplacesTheFileThatALinkLedTo()
     QVERIFY(m_browser->toPlainText().startsWith(QLatin1String("new")));
 }
 
-VEMO_TEST_MAIN(tst_pagedisplay)
+VEMO_TEST_MAIN(PageDisplayTest)
 #include "tst_pagedisplay.moc"

@@ -12,7 +12,7 @@
 #include <QStandardPaths>
 
 /// Looks at what the system is asked for, by strace, while pages from the network are shown.
-class tst_pagequiet : public VemoTest
+class PageQuietTest : public VemoTest
 {
     Q_OBJECT
 
@@ -103,7 +103,7 @@ QStringList foreignCalls(const QString &trace, int *shownPictures)
 
 } // namespace
 
-void tst_pagequiet::pagesFromTheNetworkTouchNothing()
+void PageQuietTest::pagesFromTheNetworkTouchNothing()
 {
     const QString strace = QStandardPaths::findExecutable(QStringLiteral("strace"));
     if (strace.isEmpty())
@@ -132,5 +132,5 @@ void tst_pagequiet::pagesFromTheNetworkTouchNothing()
     QVERIFY2(foreign.isEmpty(), qPrintable(QStringList(foreign.mid(0, 20)).join('\n')));
 }
 
-VEMO_TEST_MAIN_WITH_CHILD(tst_pagequiet, showPages)
+VEMO_TEST_MAIN_WITH_CHILD(PageQuietTest, showPages)
 #include "tst_pagequiet.moc"

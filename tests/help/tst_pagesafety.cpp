@@ -15,7 +15,7 @@
 #include <QTextDocumentFragment>
 #include <QtEndian>
 
-class tst_pagesafety : public VemoTest
+class PageSafetyTest : public VemoTest
 {
     Q_OBJECT
 
@@ -69,7 +69,7 @@ private:
     QList<QUrl> m_opened;
 };
 
-void tst_pagesafety::initTestCase()
+void PageSafetyTest::initTestCase()
 {
     m_host.addHelpFile(QStringLiteral("secret.png"), pictureBytes({60, 60}, Qt::red));
     m_host.addHelpFile(QStringLiteral("secret.css"), "p { color: #ff0000; background: #ff0000; }");
@@ -83,7 +83,7 @@ void tst_pagesafety::initTestCase()
         QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), this, "openAddress");
 }
 
-void tst_pagesafety::init()
+void PageSafetyTest::init()
 {
     VemoTest::init();
     m_opened.clear();
@@ -95,14 +95,14 @@ void tst_pagesafety::init()
     QVERIFY(QTest::qWaitForWindowExposed(m_browser.data()));
 }
 
-void tst_pagesafety::cleanup()
+void PageSafetyTest::cleanup()
 {
     m_browser.reset();
     QDir(m_host.tempFolder() + QLatin1String("/kestrava_help")).removeRecursively();
     VemoTest::cleanup();
 }
 
-void tst_pagesafety::aPageFromTheNetworkReadsNoLocalFile_data()
+void PageSafetyTest::aPageFromTheNetworkReadsNoLocalFile_data()
 {
     QTest::addColumn<QString>("body");
     QTest::newRow("by its path") << QStringLiteral("<img src=\"%1\">").arg(secret());
@@ -126,7 +126,7 @@ void tst_pagesafety::aPageFromTheNetworkReadsNoLocalFile_data()
     QTest::newRow("in other capitals") << QStringLiteral("<IMG SRC='FILE://%1'>").arg(secret());
 }
 
-void tst_pagesafety::aPageFromTheNetworkReadsNoLocalFile()
+void PageSafetyTest::aPageFromTheNetworkReadsNoLocalFile()
 {
     QFETCH(const QString, body);
     m_browser->setHtmlContent(QStringLiteral("<html><body>%1</body></html>").arg(body));
@@ -140,7 +140,7 @@ void tst_pagesafety::aPageFromTheNetworkReadsNoLocalFile()
         QVERIFY(countPixels(m_browser.data(), Qt::red) > 0);
 }
 
-void tst_pagesafety::aPageFromTheNetworkReadsNoLocalStyleSheet_data()
+void PageSafetyTest::aPageFromTheNetworkReadsNoLocalStyleSheet_data()
 {
     QTest::addColumn<QString>("head");
     const QString path = m_host.helpPath() + QLatin1String("/secret.css");
@@ -154,7 +154,7 @@ void tst_pagesafety::aPageFromTheNetworkReadsNoLocalStyleSheet_data()
         << QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"secret.css\">");
 }
 
-void tst_pagesafety::aPageFromTheNetworkReadsNoLocalStyleSheet()
+void PageSafetyTest::aPageFromTheNetworkReadsNoLocalStyleSheet()
 {
     QFETCH(const QString, head);
     const QString html = QStringLiteral("<html><head>%1</head><body><p>text</p></body></html>");
@@ -162,13 +162,13 @@ void tst_pagesafety::aPageFromTheNetworkReadsNoLocalStyleSheet()
     QCOMPARE(countPixels(m_browser.data(), Qt::red), 0);
 }
 
-void tst_pagesafety::aPageFromTheNetworkUsesTheFoldersOfTheSearchPaths()
+void PageSafetyTest::aPageFromTheNetworkUsesTheFoldersOfTheSearchPaths()
 {
     m_browser->setHtmlContent(QStringLiteral("<html><img src=\"inside.png\"></html>"));
     QVERIFY(countPixels(m_browser.data(), Qt::blue) >= 3600);
 }
 
-void tst_pagesafety::dataInsideThePageIsShown()
+void PageSafetyTest::dataInsideThePageIsShown()
 {
     const QString data = QString::fromLatin1(pictureBytes({60, 60}, Qt::green).toBase64());
     m_browser->setHtmlContent(
@@ -199,7 +199,7 @@ static QString dataAddress(const QByteArray &bytes, const QString &type = QStrin
     return QStringLiteral("data:%1;base64,%2").arg(type, QString::fromLatin1(bytes.toBase64()));
 }
 
-void tst_pagesafety::onlyPlainFormatsAreShown_data()
+void PageSafetyTest::onlyPlainFormatsAreShown_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<bool>("isShown");
@@ -223,7 +223,7 @@ void tst_pagesafety::onlyPlainFormatsAreShown_data()
         QTest::newRow(format) << picture(format) << false;
 }
 
-void tst_pagesafety::onlyPlainFormatsAreShown()
+void PageSafetyTest::onlyPlainFormatsAreShown()
 {
     QFETCH(const QByteArray, bytes);
     QFETCH(const bool, isShown);
@@ -254,7 +254,7 @@ void tst_pagesafety::onlyPlainFormatsAreShown()
     }
 }
 
-void tst_pagesafety::plainFormatsAreReadByTheirContent_data()
+void PageSafetyTest::plainFormatsAreReadByTheirContent_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("PNG") << picture("PNG");
@@ -266,7 +266,7 @@ void tst_pagesafety::plainFormatsAreReadByTheirContent_data()
         "UklGRhoAAABXRUJQVlA4TA0AAAAvAAAAEAcQERGIiP4HAA==");
 }
 
-void tst_pagesafety::plainFormatsAreReadByTheirContent()
+void PageSafetyTest::plainFormatsAreReadByTheirContent()
 {
     QFETCH(QByteArray, bytes);
     const QByteArray format = QByteArray(QTest::currentDataTag()).toLower();
@@ -279,7 +279,7 @@ void tst_pagesafety::plainFormatsAreReadByTheirContent()
     QVERIFY(!read.pixmap.isNull());
 }
 
-void tst_pagesafety::aDataAddressIsNeverAFileName_data()
+void PageSafetyTest::aDataAddressIsNeverAFileName_data()
 {
     QTest::addColumn<QString>("address");
     QTest::newRow("no comma") << "data:secret.png";
@@ -290,7 +290,7 @@ void tst_pagesafety::aDataAddressIsNeverAFileName_data()
     QTest::newRow("nothing") << "data:";
 }
 
-void tst_pagesafety::aDataAddressIsNeverAFileName()
+void PageSafetyTest::aDataAddressIsNeverAFileName()
 {
     QFETCH(const QString, address);
     const QDir outer(m_host.helpPath());
@@ -302,7 +302,7 @@ void tst_pagesafety::aDataAddressIsNeverAFileName()
     messages.take();
 }
 
-void tst_pagesafety::picturesAreJudgedByTheirHeader_data()
+void PageSafetyTest::picturesAreJudgedByTheirHeader_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("warning");
@@ -316,7 +316,7 @@ void tst_pagesafety::picturesAreJudgedByTheirHeader_data()
     QTest::newRow("a few bytes of PNG") << dataAddress(bytes.data()) << tooLarge;
 }
 
-void tst_pagesafety::picturesAreJudgedByTheirHeader()
+void PageSafetyTest::picturesAreJudgedByTheirHeader()
 {
     QFETCH(const QString, source);
     QFETCH(const QString, warning);
@@ -327,7 +327,7 @@ void tst_pagesafety::picturesAreJudgedByTheirHeader()
     QVERIFY2(warnings.first().startsWith(warning), qPrintable(warnings.first()));
 }
 
-void tst_pagesafety::thePicturesOfAPageHaveOneLimit()
+void PageSafetyTest::thePicturesOfAPageHaveOneLimit()
 {
     QImage image(5000, 5000, QImage::Format_Mono);
     image.fill(1);
@@ -352,7 +352,7 @@ void tst_pagesafety::thePicturesOfAPageHaveOneLimit()
     messages.take();
 }
 
-void tst_pagesafety::aPictureWiderThanThePageIsFittedIn()
+void PageSafetyTest::aPictureWiderThanThePageIsFittedIn()
 {
     QImage image(1000, 500, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -378,14 +378,14 @@ void tst_pagesafety::aPictureWiderThanThePageIsFittedIn()
     QVERIFY(m_browser->horizontalScrollBar()->maximum() > 500);
 }
 
-void tst_pagesafety::thePicturesOfAPageAreNotTooHighTogether_data()
+void PageSafetyTest::thePicturesOfAPageAreNotTooHighTogether_data()
 {
     QTest::addColumn<QString>("attributes");
     QTest::newRow("their own height") << "";
     QTest::newRow("by their width") << "width=\"40\"";
 }
 
-void tst_pagesafety::thePicturesOfAPageAreNotTooHighTogether()
+void PageSafetyTest::thePicturesOfAPageAreNotTooHighTogether()
 {
     QFETCH(const QString, attributes);
     QImage image(20, 40000, QImage::Format_Mono);
@@ -399,14 +399,14 @@ void tst_pagesafety::thePicturesOfAPageAreNotTooHighTogether()
     QVERIFY(height > 0.9 * kMaxPicturesHeight && height < 1.1 * kMaxPicturesHeight);
 }
 
-void tst_pagesafety::nothingIsReadFromAFolderThatIsNotTheUsersOwn_data()
+void PageSafetyTest::nothingIsReadFromAFolderThatIsNotTheUsersOwn_data()
 {
     QTest::addColumn<QString>("link");
     QTest::newRow("the picture folder") << "/kestrava_help/image";
     QTest::newRow("the folder around it") << "/kestrava_help";
 }
 
-void tst_pagesafety::nothingIsReadFromAFolderThatIsNotTheUsersOwn()
+void PageSafetyTest::nothingIsReadFromAFolderThatIsNotTheUsersOwn()
 {
     QFETCH(const QString, link);
     QTemporaryDir elsewhere;
@@ -428,7 +428,7 @@ void tst_pagesafety::nothingIsReadFromAFolderThatIsNotTheUsersOwn()
 }
 
 /// The text engine's own handler of pictures asks the disk for "secret@2x.png" at pixel ratio 2.
-void tst_pagesafety::noAddressOfAPageIsAFileToTheLayout()
+void PageSafetyTest::noAddressOfAPageIsAFileToTheLayout()
 {
     m_host.addHelpFile(QStringLiteral("twice@2x.png"), pictureBytes({60, 60}, Qt::red));
     m_browser->setHtmlContent(QStringLiteral("<html><img src=\"twice.png\"><img src=\"%1\"></html>")
@@ -437,7 +437,7 @@ void tst_pagesafety::noAddressOfAPageIsAFileToTheLayout()
     QFile::remove(m_host.helpPath() + QLatin1String("/twice@2x.png"));
 }
 
-void tst_pagesafety::picturesAreOnlyFetchedFromTheWeb_data()
+void PageSafetyTest::picturesAreOnlyFetchedFromTheWeb_data()
 {
     QTest::addColumn<QString>("base");
     QTest::newRow("a file") << QStringLiteral("file://%1/").arg(m_host.helpPath());
@@ -450,7 +450,7 @@ void tst_pagesafety::picturesAreOnlyFetchedFromTheWeb_data()
     QTest::newRow("capitals") << QStringLiteral("FILE://%1/").arg(m_host.helpPath());
 }
 
-void tst_pagesafety::picturesAreOnlyFetchedFromTheWeb()
+void PageSafetyTest::picturesAreOnlyFetchedFromTheWeb()
 {
     QFETCH(const QString, base);
     QSignalSpy reloads(m_browser.data(), SIGNAL(sourceChanged(QUrl)));
@@ -463,7 +463,7 @@ void tst_pagesafety::picturesAreOnlyFetchedFromTheWeb()
     QCOMPARE(countPixels(m_browser.data(), Qt::red), 0);
 }
 
-void tst_pagesafety::aLaterPageFromAFileGivesNoLeaveToAnEarlierOne()
+void PageSafetyTest::aLaterPageFromAFileGivesNoLeaveToAnEarlierOne()
 {
     QString html = QStringLiteral("<html><base href=\"file://%1/\">").arg(m_host.helpPath());
     for (int i = 0; i < 100; ++i)
@@ -476,7 +476,7 @@ void tst_pagesafety::aLaterPageFromAFileGivesNoLeaveToAnEarlierOne()
     QVERIFY(QDir(m_host.pictureFolder()).isEmpty());
 }
 
-void tst_pagesafety::aPageFromAFileMayFetchFiles()
+void PageSafetyTest::aPageFromAFileMayFetchFiles()
 {
     m_browser->setPageUrl(
         QUrl::fromLocalFile(m_host.helpPath() + QLatin1String("/page/index.html")));
@@ -487,14 +487,14 @@ void tst_pagesafety::aPageFromAFileMayFetchFiles()
     QCOMPARE(fileBytes(m_host.pictureFolder() + "/secret.png"), fileBytes(secret()));
 }
 
-void tst_pagesafety::aBrokenPictureIsMissing_data()
+void PageSafetyTest::aBrokenPictureIsMissing_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("text") << QByteArray("<html>an error page</html>");
 }
 
-void tst_pagesafety::aBrokenPictureIsMissing()
+void PageSafetyTest::aBrokenPictureIsMissing()
 {
     QFETCH(const QByteArray, bytes);
     TestServer server;
@@ -506,7 +506,7 @@ void tst_pagesafety::aBrokenPictureIsMissing()
     messages.take();
 }
 
-void tst_pagesafety::linksOfAPageFromTheNetworkOpenOutside_data()
+void PageSafetyTest::linksOfAPageFromTheNetworkOpenOutside_data()
 {
     QTest::addColumn<QString>("link");
     QTest::addColumn<QString>("opened");
@@ -524,7 +524,7 @@ void tst_pagesafety::linksOfAPageFromTheNetworkOpenOutside_data()
     addRow("a file's path opens the web's", secret(), "https://help.vemo.invalid" + secret());
 }
 
-void tst_pagesafety::clickLink()
+void PageSafetyTest::clickLink()
 {
     QTextCursor start(m_browser->document());
     start.setPosition(1);
@@ -532,7 +532,7 @@ void tst_pagesafety::clickLink()
         m_browser->cursorRect(start).center() + QPoint(3, 0));
 }
 
-void tst_pagesafety::linksOfAPageFromTheNetworkOpenOutside()
+void PageSafetyTest::linksOfAPageFromTheNetworkOpenOutside()
 {
     QFETCH(const QString, link);
     QFETCH(const QString, opened);
@@ -547,7 +547,7 @@ void tst_pagesafety::linksOfAPageFromTheNetworkOpenOutside()
     QCOMPARE(messages.take(), isRefused ? QStringList(warning) : QStringList());
 }
 
-void tst_pagesafety::anAnchorScrollsEvenAfterALocalLink()
+void PageSafetyTest::anAnchorScrollsEvenAfterALocalLink()
 {
     m_browser->setSource(QUrl::fromLocalFile(m_host.helpPath() + "/page/other.html"));
     m_browser->setPageUrl(QUrl(QStringLiteral("https://help.vemo.invalid/kb/page.html")));
@@ -565,7 +565,7 @@ void tst_pagesafety::anAnchorScrollsEvenAfterALocalLink()
     QCOMPARE(m_opened, QList<QUrl>({QUrl(QStringLiteral("https://help.vemo.invalid/kb/b.html"))}));
 }
 
-void tst_pagesafety::linksOfAPageFromAFileOpenInPlace()
+void PageSafetyTest::linksOfAPageFromAFileOpenInPlace()
 {
     m_browser->setPageUrl(
         QUrl::fromLocalFile(m_host.helpPath() + QLatin1String("/page/index.html")));
@@ -579,5 +579,5 @@ void tst_pagesafety::linksOfAPageFromAFileOpenInPlace()
     QCOMPARE(m_opened, QList<QUrl>({QUrl(QStringLiteral("http://127.0.0.1/"))}));
 }
 
-VEMO_TEST_MAIN(tst_pagesafety)
+VEMO_TEST_MAIN(PageSafetyTest)
 #include "tst_pagesafety.moc"

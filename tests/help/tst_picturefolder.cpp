@@ -6,7 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-class tst_picturefolder : public VemoTest
+class PictureFolderTest : public VemoTest
 {
     Q_OBJECT
 
@@ -50,21 +50,21 @@ private:
 static constexpr QFile::Permissions kOwner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
     | QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
 
-void tst_picturefolder::init()
+void PictureFolderTest::init()
 {
     VemoTest::init();
     m_temp.reset(new QTemporaryDir);
     qputenv("TMPDIR", m_temp->path().toLocal8Bit());
 }
 
-void tst_picturefolder::cleanup()
+void PictureFolderTest::cleanup()
 {
     m_temp.reset();
     qunsetenv("TMPDIR");
     VemoTest::cleanup();
 }
 
-void tst_picturefolder::bothFoldersAreMadePrivate()
+void PictureFolderTest::bothFoldersAreMadePrivate()
 {
     QVERIFY(preparePictureFolder());
     QCOMPARE(pictureFolder(), image());
@@ -72,7 +72,7 @@ void tst_picturefolder::bothFoldersAreMadePrivate()
     QCOMPARE(QFileInfo(image()).permissions(), kOwner);
 }
 
-void tst_picturefolder::foldersThatExistAreMadePrivate()
+void PictureFolderTest::foldersThatExistAreMadePrivate()
 {
     QVERIFY(QDir().mkpath(image()));
     const QFile::Permissions open = kOwner | QFile::ReadOther | QFile::ExeOther | QFile::ReadGroup;
@@ -82,14 +82,14 @@ void tst_picturefolder::foldersThatExistAreMadePrivate()
     QCOMPARE(QFileInfo(image()).permissions(), kOwner);
 }
 
-void tst_picturefolder::aFolderThatIsALinkIsRefused_data()
+void PictureFolderTest::aFolderThatIsALinkIsRefused_data()
 {
     QTest::addColumn<QString>("link");
     QTest::newRow("the picture folder") << "kestrava_help/image";
     QTest::newRow("the folder around it") << "kestrava_help";
 }
 
-void tst_picturefolder::aFolderThatIsALinkIsRefused()
+void PictureFolderTest::aFolderThatIsALinkIsRefused()
 {
     QFETCH(const QString, link);
     QTemporaryDir elsewhere;
@@ -104,12 +104,12 @@ void tst_picturefolder::aFolderThatIsALinkIsRefused()
     QVERIFY(!openPicture(QStringLiteral("a.png"), &picture));
 }
 
-void tst_picturefolder::aFolderOfSomebodyElseIsRefused_data()
+void PictureFolderTest::aFolderOfSomebodyElseIsRefused_data()
 {
     aFolderThatIsALinkIsRefused_data();
 }
 
-void tst_picturefolder::aFolderOfSomebodyElseIsRefused()
+void PictureFolderTest::aFolderOfSomebodyElseIsRefused()
 {
     QFETCH(const QString, link);
     if (geteuid() != 0)
@@ -125,7 +125,7 @@ void tst_picturefolder::aFolderOfSomebodyElseIsRefused()
     QVERIFY(!openPicture(QStringLiteral("b.png"), &picture));
 }
 
-void tst_picturefolder::aFileInPlaceOfTheFolderIsRefused()
+void PictureFolderTest::aFileInPlaceOfTheFolderIsRefused()
 {
     QFile file(outer());
     QVERIFY(file.open(QIODevice::WriteOnly));
@@ -152,7 +152,7 @@ static void addNames(const QStringList &names, bool isSafe)
         QTest::addRow("'%s'", qPrintable(name.toHtmlEscaped())) << name << isSafe;
 }
 
-void tst_picturefolder::namesThatAreNoFileNamesAreUnsafe_data()
+void PictureFolderTest::namesThatAreNoFileNamesAreUnsafe_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("isSafe");
@@ -160,13 +160,13 @@ void tst_picturefolder::namesThatAreNoFileNamesAreUnsafe_data()
     addNames(plainNames() + namesWithAMeaningOnWindows(), true);
 }
 
-void tst_picturefolder::namesThatAreNoFileNamesAreUnsafe()
+void PictureFolderTest::namesThatAreNoFileNamesAreUnsafe()
 {
     QFETCH(const QString, name);
     QTEST(isSafePictureName(name), "isSafe");
 }
 
-void tst_picturefolder::namesThatMeanMoreToWindowsAreUnsafeThere_data()
+void PictureFolderTest::namesThatMeanMoreToWindowsAreUnsafeThere_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("isSafe");
@@ -174,13 +174,13 @@ void tst_picturefolder::namesThatMeanMoreToWindowsAreUnsafeThere_data()
     addNames(plainNames(), true);
 }
 
-void tst_picturefolder::namesThatMeanMoreToWindowsAreUnsafeThere()
+void PictureFolderTest::namesThatMeanMoreToWindowsAreUnsafeThere()
 {
     QFETCH(const QString, name);
     QTEST(isSafeWindowsName(name), "isSafe");
 }
 
-void tst_picturefolder::aPictureReplacesAnEarlierOne()
+void PictureFolderTest::aPictureReplacesAnEarlierOne()
 {
     QVERIFY(preparePictureFolder());
     writePicture(image() + QLatin1String("/a.png"), "a longer first picture");
@@ -194,14 +194,14 @@ void tst_picturefolder::aPictureReplacesAnEarlierOne()
         QStringList("a.png"));
 }
 
-void tst_picturefolder::aPictureIsWrittenByThePathThroughTheParent()
+void PictureFolderTest::aPictureIsWrittenByThePathThroughTheParent()
 {
     QVERIFY(preparePictureFolder());
     writePicture(image() + QLatin1String("/../image/a.png"), "bytes");
     QCOMPARE(fileBytes(image() + QLatin1String("/a.png")), QByteArray("bytes"));
 }
 
-void tst_picturefolder::nothingIsWrittenThroughALink()
+void PictureFolderTest::nothingIsWrittenThroughALink()
 {
     QVERIFY(preparePictureFolder());
     const QString victim = m_temp->filePath(QStringLiteral("victim"));
@@ -214,14 +214,14 @@ void tst_picturefolder::nothingIsWrittenThroughALink()
     QVERIFY(!QFileInfo(image() + QLatin1String("/a.png")).isSymLink());
 }
 
-void tst_picturefolder::whatCannotBeReplacedStays_data()
+void PictureFolderTest::whatCannotBeReplacedStays_data()
 {
     QTest::addColumn<bool>("isFolder");
     QTest::newRow("a folder of that name") << true;
     QTest::newRow("a file that is not writable") << false;
 }
 
-void tst_picturefolder::whatCannotBeReplacedStays()
+void PictureFolderTest::whatCannotBeReplacedStays()
 {
     QFETCH(const bool, isFolder);
     if (!isFolder && geteuid() == 0)
@@ -241,7 +241,7 @@ void tst_picturefolder::whatCannotBeReplacedStays()
         QStringList("a.png"));
 }
 
-void tst_picturefolder::longNamesAreWrittenAsFarAsTheFileSystemTakesThem_data()
+void PictureFolderTest::longNamesAreWrittenAsFarAsTheFileSystemTakesThem_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("isWritten");
@@ -251,7 +251,7 @@ void tst_picturefolder::longNamesAreWrittenAsFarAsTheFileSystemTakesThem_data()
     QTest::newRow("86 signs of three bytes") << QString(86, QChar(0x56FE)) << false;
 }
 
-void tst_picturefolder::longNamesAreWrittenAsFarAsTheFileSystemTakesThem()
+void PictureFolderTest::longNamesAreWrittenAsFarAsTheFileSystemTakesThem()
 {
     QFETCH(const QString, name);
     QVERIFY(preparePictureFolder());
@@ -259,7 +259,7 @@ void tst_picturefolder::longNamesAreWrittenAsFarAsTheFileSystemTakesThem()
     QTEST(QFile::exists(image() + QLatin1Char('/') + name), "isWritten");
 }
 
-void tst_picturefolder::unsafeNamesAreNotWritten()
+void PictureFolderTest::unsafeNamesAreNotWritten()
 {
     QVERIFY(preparePictureFolder());
     const QStringList names {"", ".", "..", QString::fromLatin1("a\0b", 3)};
@@ -270,7 +270,7 @@ void tst_picturefolder::unsafeNamesAreNotWritten()
         QDir(outer()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("image"));
 }
 
-void tst_picturefolder::onlyPlainFilesAreRead()
+void PictureFolderTest::onlyPlainFilesAreRead()
 {
     QVERIFY(preparePictureFolder());
     const QString outside = m_temp->filePath(QStringLiteral("outside.png"));
@@ -290,7 +290,7 @@ void tst_picturefolder::onlyPlainFilesAreRead()
         QVERIFY2(!openPicture(QString::fromLatin1(name), &picture), name);
 }
 
-void tst_picturefolder::theOldestPicturesAreRemoved_data()
+void PictureFolderTest::theOldestPicturesAreRemoved_data()
 {
     QTest::addColumn<int>("maxBytes");
     QTest::addColumn<int>("hoursInUse");
@@ -303,7 +303,7 @@ void tst_picturefolder::theOldestPicturesAreRemoved_data()
     QTest::newRow("two in use") << 0 << 2 << QStringList(all.mid(0, 2));
 }
 
-void tst_picturefolder::theOldestPicturesAreRemoved()
+void PictureFolderTest::theOldestPicturesAreRemoved()
 {
     QFETCH(const int, maxBytes);
     QFETCH(const int, hoursInUse);
@@ -321,7 +321,7 @@ void tst_picturefolder::theOldestPicturesAreRemoved()
     QCOMPARE(QDir(image()).entryList(QDir::Files), left);
 }
 
-void tst_picturefolder::theFolderIsTrimmedWhenItIsFirstUsed()
+void PictureFolderTest::theFolderIsTrimmedWhenItIsFirstUsed()
 {
     QCOMPARE(kMaxPictureFolderBytes, qint64(256) * 1024 * 1024);
     QVERIFY(QDir().mkpath(image()));
@@ -334,5 +334,5 @@ void tst_picturefolder::theFolderIsTrimmedWhenItIsFirstUsed()
     QVERIFY(!QFile::exists(old.fileName()));
 }
 
-VEMO_TEST_MAIN(tst_picturefolder)
+VEMO_TEST_MAIN(PictureFolderTest)
 #include "tst_picturefolder.moc"

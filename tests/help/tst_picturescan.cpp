@@ -2,7 +2,7 @@
 #include "help/picturescan_p.h"
 #include "support/vemotest.h"
 
-class tst_picturescan : public VemoTest
+class PictureScanTest : public VemoTest
 {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ static QStringList foundIn(const QString &html, int from = 0)
     return sources;
 }
 
-void tst_picturescan::theBaseAddressStandsBetweenItsQuotes_data()
+void PictureScanTest::theBaseAddressStandsBetweenItsQuotes_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<bool>("isFound");
@@ -45,7 +45,7 @@ void tst_picturescan::theBaseAddressStandsBetweenItsQuotes_data()
     QTest::newRow("empty page") << "" << false << "";
 }
 
-void tst_picturescan::theBaseAddressStandsBetweenItsQuotes()
+void PictureScanTest::theBaseAddressStandsBetweenItsQuotes()
 {
     QFETCH(const QString, html);
     QFETCH(const QString, address);
@@ -55,7 +55,7 @@ void tst_picturescan::theBaseAddressStandsBetweenItsQuotes()
         QCOMPARE(html.mid(base.start, base.end - base.start), address);
 }
 
-void tst_picturescan::sourcesAreFoundOnceEachInTheirOrder_data()
+void PictureScanTest::sourcesAreFoundOnceEachInTheirOrder_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QStringList>("sources");
@@ -92,19 +92,19 @@ void tst_picturescan::sourcesAreFoundOnceEachInTheirOrder_data()
         << QStringList(QString::fromUtf8("\xF0\x9F\x98\x80.png"));
 }
 
-void tst_picturescan::sourcesAreFoundOnceEachInTheirOrder()
+void PictureScanTest::sourcesAreFoundOnceEachInTheirOrder()
 {
     QFETCH(const QString, html);
     QTEST(foundIn(html), "sources");
 }
 
-void tst_picturescan::nothingBeforeThePositionCounts()
+void PictureScanTest::nothingBeforeThePositionCounts()
 {
     const QString html = QStringLiteral("<img src=\"before\"><base href=\"x\"><img src=\"after\">");
     QCOMPARE(foundIn(html, findBaseAddress(html).end), QStringList("after"));
 }
 
-void tst_picturescan::thousandsOfSourcesAreFound()
+void PictureScanTest::thousandsOfSourcesAreFound()
 {
     QString html;
     for (int i = 0; i < 10000; ++i)
@@ -115,5 +115,5 @@ void tst_picturescan::thousandsOfSourcesAreFound()
         QCOMPARE(sources.at(i), QStringLiteral("p%1.png").arg(i));
 }
 
-VEMO_TEST_MAIN(tst_picturescan)
+VEMO_TEST_MAIN(PictureScanTest)
 #include "tst_picturescan.moc"

@@ -7,7 +7,7 @@
 
 #include <ctime>
 
-class tst_safepage : public VemoTest
+class SafePageTest : public VemoTest
 {
     Q_OBJECT
 
@@ -85,7 +85,7 @@ int tableDepth(const QTextFrame *frame)
 
 } // namespace
 
-void tst_safepage::ordinaryPagesStayAsTheyAre_data()
+void SafePageTest::ordinaryPagesStayAsTheyAre_data()
 {
     QTest::addColumn<QString>("html");
     const QStringList pages {
@@ -191,7 +191,7 @@ void tst_safepage::ordinaryPagesStayAsTheyAre_data()
         QTest::addRow("%s", qPrintable(page.left(100).simplified())) << page;
 }
 
-void tst_safepage::ordinaryPagesStayAsTheyAre()
+void SafePageTest::ordinaryPagesStayAsTheyAre()
 {
     QFETCH(const QString, html);
     for (const bool isFromNetwork : {true, false}) {
@@ -207,7 +207,7 @@ void tst_safepage::ordinaryPagesStayAsTheyAre()
     }
 }
 
-void tst_safepage::aPageIsWrittenInOneSpelling_data()
+void SafePageTest::aPageIsWrittenInOneSpelling_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("safe");
@@ -240,13 +240,13 @@ void tst_safepage::aPageIsWrittenInOneSpelling_data()
     row("<b", "<b>");
 }
 
-void tst_safepage::aPageIsWrittenInOneSpelling()
+void SafePageTest::aPageIsWrittenInOneSpelling()
 {
     QFETCH(const QString, html);
     QTEST(safePage(html, true).html, "safe");
 }
 
-void tst_safepage::pagesAreJudgedByTheirDepth_data()
+void SafePageTest::pagesAreJudgedByTheirDepth_data()
 {
     QTest::addColumn<QString>("html");
     QTest::addColumn<bool>("isTooDeep");
@@ -282,7 +282,7 @@ void tst_safepage::pagesAreJudgedByTheirDepth_data()
     QTest::newRow("a bracket at the end") << "text<" << false;
 }
 
-void tst_safepage::pagesAreJudgedByTheirDepth()
+void SafePageTest::pagesAreJudgedByTheirDepth()
 {
     QFETCH(const QString, html);
     const SafePage safe = safePage(html, true);
@@ -292,7 +292,7 @@ void tst_safepage::pagesAreJudgedByTheirDepth()
     QVERIFY(tableDepth(document.rootFrame()) <= 12);
 }
 
-void tst_safepage::pagesAreJudgedByTheirWork_data()
+void SafePageTest::pagesAreJudgedByTheirWork_data()
 {
     QTest::addColumn<QString>("unit");
     QTest::addColumn<int>("fine");
@@ -320,7 +320,7 @@ void tst_safepage::pagesAreJudgedByTheirWork_data()
     row("lines of preformatted text", "<pre>" + times(500, "x\n") + "</pre>", 100, 1000);
 }
 
-void tst_safepage::pagesAreJudgedByTheirWork()
+void SafePageTest::pagesAreJudgedByTheirWork()
 {
     QFETCH(const QString, unit);
     QFETCH(const int, fine);
@@ -329,7 +329,7 @@ void tst_safepage::pagesAreJudgedByTheirWork()
     QCOMPARE(safePage("<html>" + times(tooMuch, unit), true).verdict, SafePage::TOO_SLOW);
 }
 
-void tst_safepage::aPageIsNoHigherThanTheEngineTakes_data()
+void SafePageTest::aPageIsNoHigherThanTheEngineTakes_data()
 {
     QTest::addColumn<QString>("start");
     QTest::addColumn<QString>("unit");
@@ -359,7 +359,7 @@ void tst_safepage::aPageIsNoHigherThanTheEngineTakes_data()
 }
 
 /// It never returns from one of more than 8 million pixels: so only a part of it is laid out.
-void tst_safepage::aPageIsNoHigherThanTheEngineTakes()
+void SafePageTest::aPageIsNoHigherThanTheEngineTakes()
 {
     QFETCH(const QString, start);
     QFETCH(const QString, unit);
@@ -439,7 +439,7 @@ static void addStyleRows()
             + "</style>" + times(4, "<table><tr><td>") + times(50, "<i>y</i>");
 }
 
-void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage_data()
+void SafePageTest::hostilePagesTakeNoLongerThanAPlainPage_data()
 {
     QTest::addColumn<QString>("html");
     const auto fill = [](const char *name, const QString &unit) {
@@ -515,25 +515,25 @@ static void verifyTime(const QString &html, bool isFromNetwork)
         taken < 10 * plain, qPrintable(QStringLiteral("%1 ms, plain %2 ms").arg(taken).arg(plain)));
 }
 
-void tst_safepage::hostilePagesTakeNoLongerThanAPlainPage()
+void SafePageTest::hostilePagesTakeNoLongerThanAPlainPage()
 {
     QFETCH(const QString, html);
     verifyTime(html, true);
 }
 
-void tst_safepage::lengthsOfLocalPagesAreNoTroubleEither_data()
+void SafePageTest::lengthsOfLocalPagesAreNoTroubleEither_data()
 {
     QTest::addColumn<QString>("html");
     addLengthRows();
 }
 
-void tst_safepage::lengthsOfLocalPagesAreNoTroubleEither()
+void SafePageTest::lengthsOfLocalPagesAreNoTroubleEither()
 {
     QFETCH(const QString, html);
     verifyTime(html, false);
 }
 
-void tst_safepage::spansAreCut_data()
+void SafePageTest::spansAreCut_data()
 {
     QTest::addColumn<QString>("span");
     QTest::addColumn<QString>("written");
@@ -555,7 +555,7 @@ void tst_safepage::spansAreCut_data()
                                << "1";
 }
 
-void tst_safepage::spansAreCut()
+void SafePageTest::spansAreCut()
 {
     QFETCH(const QString, span);
     QFETCH(const QString, written);
@@ -566,7 +566,7 @@ void tst_safepage::spansAreCut()
     }
 }
 
-void tst_safepage::endlessWordsAreBroken_data()
+void SafePageTest::endlessWordsAreBroken_data()
 {
     QTest::addColumn<QString>("unit");
     QTest::newRow("letters") << "w";
@@ -577,7 +577,7 @@ void tst_safepage::endlessWordsAreBroken_data()
     QTest::newRow("ideographs that are joined") << QString(QChar(0x56FE)) + QChar(0x2060);
 }
 
-void tst_safepage::endlessWordsAreBroken()
+void SafePageTest::endlessWordsAreBroken()
 {
     QFETCH(const QString, unit);
     const QChar breakSign(0x200B);
@@ -590,7 +590,7 @@ void tst_safepage::endlessWordsAreBroken()
     QCOMPARE(safePlainText(times(5000, "w")).html.count(breakSign), 9);
 }
 
-void tst_safepage::ordinaryTextIsNotBroken_data()
+void SafePageTest::ordinaryTextIsNotBroken_data()
 {
     QTest::addColumn<QString>("html");
     QTest::newRow("words") << "<html>" + times(5000, "some words, and more. ");
@@ -603,7 +603,7 @@ void tst_safepage::ordinaryTextIsNotBroken_data()
         << "<html><img src=\"data:image/png;base64," + times(5000, "w") + "\">";
 }
 
-void tst_safepage::ordinaryTextIsNotBroken()
+void SafePageTest::ordinaryTextIsNotBroken()
 {
     QFETCH(const QString, html);
     const SafePage safe = safePage(html, true);
@@ -611,7 +611,7 @@ void tst_safepage::ordinaryTextIsNotBroken()
     QVERIFY(!safe.html.contains(QChar(0x200B)));
 }
 
-void tst_safepage::theTitleIsCut()
+void SafePageTest::theTitleIsCut()
 {
     const SafePage safe =
         safePage("<html><title>" + times(17 * kMebibyte, "t") + "</title>text</html>", true);
@@ -621,7 +621,7 @@ void tst_safepage::theTitleIsCut()
     QCOMPARE(document.toPlainText(), QStringLiteral("text"));
 }
 
-void tst_safepage::styleSheetsAreWrittenPlainly_data()
+void SafePageTest::styleSheetsAreWrittenPlainly_data()
 {
     QTest::addColumn<QString>("css");
     QTest::addColumn<QString>("plain");
@@ -645,7 +645,7 @@ void tst_safepage::styleSheetsAreWrittenPlainly_data()
     row("p{color:#123456;margin:9999px}", "p{color:#123456;margin:9999px;}");
 }
 
-void tst_safepage::styleSheetsAreWrittenPlainly()
+void SafePageTest::styleSheetsAreWrittenPlainly()
 {
     QFETCH(const QString, css);
     QFETCH(const QString, plain);
@@ -655,7 +655,7 @@ void tst_safepage::styleSheetsAreWrittenPlainly()
         "<style>" + QString(css).replace('>', "&gt;") + "</style>");
 }
 
-void tst_safepage::lengthsThatOverflowAreLeftOut_data()
+void SafePageTest::lengthsThatOverflowAreLeftOut_data()
 {
     QTest::addColumn<QString>("css");
     QTest::addColumn<QString>("fromNetwork");
@@ -677,7 +677,7 @@ void tst_safepage::lengthsThatOverflowAreLeftOut_data()
     row("background:url(99999.png)", "background:url(99999.png);", "background:url(99999.png)");
 }
 
-void tst_safepage::lengthsThatOverflowAreLeftOut()
+void SafePageTest::lengthsThatOverflowAreLeftOut()
 {
     QFETCH(const QString, css);
     QFETCH(const QString, fromNetwork);
@@ -691,7 +691,7 @@ void tst_safepage::lengthsThatOverflowAreLeftOut()
     }
 }
 
-void tst_safepage::attributesThatOverflowAreLeftOut_data()
+void SafePageTest::attributesThatOverflowAreLeftOut_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<bool>("isWritten");
@@ -703,7 +703,7 @@ void tst_safepage::attributesThatOverflowAreLeftOut_data()
         QTest::addRow("\"%s\"", value) << QString::fromLatin1(value) << isWritten;
 }
 
-void tst_safepage::attributesThatOverflowAreLeftOut()
+void SafePageTest::attributesThatOverflowAreLeftOut()
 {
     QFETCH(const QString, value);
     QFETCH(const bool, isWritten);
@@ -714,5 +714,5 @@ void tst_safepage::attributesThatOverflowAreLeftOut()
     }
 }
 
-VEMO_TEST_MAIN(tst_safepage)
+VEMO_TEST_MAIN(SafePageTest)
 #include "tst_safepage.moc"

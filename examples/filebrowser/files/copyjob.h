@@ -18,7 +18,7 @@ class TreeCopy;
 /// complete; cancel(), an error and the destructor leave no incomplete copies.
 ///
 ///     auto *job = new CopyJob({home + "/a.txt"}, stick, this);
-///     connect(job, SIGNAL(finished(QStringList,QStringList)), ...);
+///     connect(job, &CopyJob::finished, window, &MainWindow::showResult);
 ///     job->start();
 class CopyJob : public QObject
 {

@@ -12,7 +12,7 @@ struct OpenFolder;
 /// Reads a folder from the event loop, a few milliseconds at a time, so that the window remains
 /// responsive. If the folder is missing or cannot be read, emits failed().
 ///
-///     connect(reader, SIGNAL(entriesRead(QVector<FileEntry>)), ...);
+///     connect(reader, &FolderReader::entriesRead, window, &MainWindow::addEntries);
 ///     reader->read(folder);
 class FolderReader : public QObject
 {
