@@ -176,6 +176,16 @@ bool VemoLineEdit::isClearButtonEnabled() const
     return m_line_edit->isClearButtonEnabled();
 }
 
+void VemoLineEdit::setPasswordButtonEnabled(bool enabled)
+{
+    setPasswordButton(m_line_edit, enabled);
+}
+
+bool VemoLineEdit::isPasswordButtonEnabled() const
+{
+    return passwordButtonAction(m_line_edit);
+}
+
 void VemoLineEdit::setError(bool error)
 {
     m_line_edit->setProperty("error", error);

@@ -133,6 +133,33 @@ edit->setMargins(0, 4, 0, 4); // design pixels
 edit->setSpacing(8);)");
 }
 
+VemoLineEdit *newOption(const QString &caption, const QString &text)
+{
+    VemoLineEdit *edit = newCaptioned(caption, text, {});
+    edit->setSpacing(4);
+    edit->setCaptionsVisible(false);
+    return sized(edit);
+}
+
+void addOptions(Page &page)
+{
+    VemoLineEdit *wrong = newOption(demo("name"), demo("invoice"));
+    wrong->setErrorText(demo("name_exists"));
+    wrong->setError(true);
+    VemoLineEdit *cleared = newOption(demo("name"), demo("invoice"));
+    cleared->setClearButtonEnabled(true);
+    VemoLineEdit *password = newOption(demo("password"), "Sesame");
+    password->setPasswordButtonEnabled(true);
+    page.addSection(
+        "Options", "An error text, a clear button, and a button that shows a password.");
+    page.addRow({captioned(cleared, "Clear button"), captioned(password, "Password button")});
+    page.addRow({captioned(wrong, "Error text")});
+    page.addCode(R"(edit->setErrorText(tr("A file with that name already exists."));
+edit->setClearButtonEnabled(true);
+edit->setPasswordButtonEnabled(true);
+edit->setCaptionsVisible(false); // still names the field)");
+}
+
 } // namespace
 
 void buildFieldsPage(Page &page)
@@ -142,4 +169,5 @@ void buildFieldsPage(Page &page)
     addStates(page);
     addValidator(page);
     addCaptions(page);
+    addOptions(page);
 }

@@ -43,6 +43,9 @@ class VEMO_EXPORT VemoLineEdit : public QWidget
     Q_PROPERTY(QString errorText READ errorText WRITE setErrorText)
     /// Whether the field has a button that clears it.
     Q_PROPERTY(bool clearButtonEnabled READ isClearButtonEnabled WRITE setClearButtonEnabled)
+    /// Whether the field hides its text and has a button that shows it.
+    Q_PROPERTY(
+        bool passwordButtonEnabled READ isPasswordButtonEnabled WRITE setPasswordButtonEnabled)
     /// Whether the labels are visible.
     Q_PROPERTY(bool captionsVisible READ areCaptionsVisible WRITE setCaptionsVisible)
 
@@ -92,6 +95,12 @@ public:
     /// "accessible_clear".
     void setClearButtonEnabled(bool enabled);
     bool isClearButtonEnabled() const; ///< whether the field has a button that clears it
+
+    /// Sets whether the field hides its text, as for a password, and has a button at its end that
+    /// shows the text while it is checked. Initially false. Turning it off shows the text. Looks up
+    /// the pictures "bt_show" and "bt_hide" and the string "accessible_show_password".
+    void setPasswordButtonEnabled(bool enabled);
+    bool isPasswordButtonEnabled() const; ///< whether the field has a button that shows its text
 
     /// Sets the dynamic property "error" of the field, which style sheets can match.
     void setError(bool error);

@@ -33,6 +33,8 @@ private Q_SLOTS:
     void hiddenCaptionsTakeNoPlace();
     void hiddenCaptionNamesTheField();
     void clearButtonEmptiesTheField();
+    void passwordButtonShowsTheTextWhileItIsChecked();
+    void passwordButtonMayBeRemovedByItsOwnSlot();
 };
 
 namespace {
@@ -77,6 +79,8 @@ void LineEditOptionsTest::startsWithoutAnyOption()
     QVERIFY(buttons(edit).isEmpty());
     QVERIFY(edit.areCaptionsVisible());
     QVERIFY(!edit.isClearButtonEnabled());
+    QVERIFY(!edit.isPasswordButtonEnabled());
+    QCOMPARE(edit.getLineEdit()->echoMode(), QLineEdit::Normal);
     QCOMPARE(edit.errorText(), QString());
     QCOMPARE(edit.contentsMargins(), QMargins());
 }
@@ -284,6 +288,47 @@ void LineEditOptionsTest::clearButtonEmptiesTheField()
     QCOMPARE(edit.text(), QString());
     edit.setClearButtonEnabled(false);
     QVERIFY(!edit.isClearButtonEnabled());
+}
+
+void LineEditOptionsTest::passwordButtonShowsTheTextWhileItIsChecked()
+{
+    VemoLineEdit edit;
+    edit.setPasswordButtonEnabled(true);
+    edit.setPasswordButtonEnabled(true);
+    QVERIFY(edit.isPasswordButtonEnabled());
+    edit.setText("secret");
+    show(edit);
+    const QLineEdit *field = edit.getLineEdit();
+    QCOMPARE(field->echoMode(), QLineEdit::Password);
+    QVERIFY(!field->displayText().contains('s'));
+    QCOMPARE(buttons(edit).size(), 1);
+    QToolButton *button = buttons(edit).first();
+    QCOMPARE(spoken(button)->text(QAccessible::Name), QString("Show password"));
+    QVERIFY(spoken(button)->state().checkable);
+    QVERIFY(!spoken(button)->state().checked);
+    const QImage hidden = button->icon().pixmap(16).toImage();
+
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(field->displayText(), QString("secret"));
+    QVERIFY(spoken(button)->state().checked);
+    QVERIFY(button->icon().pixmap(16).toImage() != hidden);
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(field->echoMode(), QLineEdit::Password);
+    QCOMPARE(button->icon().pixmap(16).toImage(), hidden);
+}
+
+void LineEditOptionsTest::passwordButtonMayBeRemovedByItsOwnSlot()
+{
+    VemoLineEdit edit;
+    edit.setPasswordButtonEnabled(true);
+    show(edit);
+    connect(buttons(edit).first(), &QToolButton::toggled, &edit,
+        [&edit] { edit.setPasswordButtonEnabled(false); });
+    QTest::mouseClick(buttons(edit).first(), Qt::LeftButton);
+    QVERIFY(!edit.isPasswordButtonEnabled());
+    QCOMPARE(edit.getLineEdit()->echoMode(), QLineEdit::Normal);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(buttons(edit).isEmpty());
 }
 
 VEMO_TEST_MAIN(LineEditOptionsTest)

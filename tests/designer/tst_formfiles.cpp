@@ -156,6 +156,7 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoLineEdit.error", true);
     row("VemoLineEdit.errorText", "A number from 1 to 99");
     row("VemoLineEdit.clearButtonEnabled", true);
+    row("VemoLineEdit.passwordButtonEnabled", true);
     row("VemoLineEdit.captionsVisible", false);
     row("VemoFilterBar.placeholderText", "Search files");
     row("VemoFilterBar.searchDelay", 300);
@@ -220,7 +221,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 39);
+    QCOMPARE(count, 40);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()
