@@ -3,6 +3,7 @@
 
 #include "app/messagereader_p.h"
 #include "core/logging_p.h"
+#include "core/qtcompat_p.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -40,7 +41,7 @@ QString socketNameOf(const QString &chosenId)
     const QString prefix = prefixOf(isDefault ? id.mid(id.lastIndexOf(QLatin1Char('/')) + 1) : id);
     return QStringLiteral("qtsingleapp-%1-%2-%3")
         .arg(prefix)
-        .arg(qChecksum(bytes.constData(), uint(bytes.size())), 0, 16)
+        .arg(checksumOf(bytes), 0, 16)
         .arg(LocalTransport::userNumber(), 0, 16);
 }
 

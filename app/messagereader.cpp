@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/messagereader_p.h"
 
-#include <QTextCodec>
+#include "core/qtcompat_p.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -33,7 +34,7 @@ MessageReader::State MessageReader::take(const char *bytes, int count)
 
 int MessageReader::takeHeader(const char *bytes, int count)
 {
-    const int part = std::min(count, kHeaderSize - m_header.size());
+    const int part = std::min(count, kHeaderSize - int(m_header.size()));
     m_header.append(bytes, part);
     if (m_header.size() == kHeaderSize)
         m_announced = qFromBigEndian<quint32>(m_header.constData());
@@ -46,10 +47,10 @@ void MessageReader::takeBody(const char *bytes, int count)
         if (m_chunks.empty() || m_chunks.back().size() == kChunkSize)
             m_chunks.emplace_back();
         QByteArray &chunk = m_chunks.back();
-        const int part = std::min(count, kChunkSize - chunk.size());
+        const int part = std::min(count, kChunkSize - int(chunk.size()));
         // Left to itself, QByteArray would double its capacity.
         if (chunk.capacity() < chunk.size() + part)
-            chunk.reserve(std::min(kChunkSize, chunk.size() + std::max(part, kMinGrowth)));
+            chunk.reserve(std::min(kChunkSize, int(chunk.size()) + std::max(part, kMinGrowth)));
         chunk.append(bytes, part);
         bytes += part;
         count -= part;
@@ -60,8 +61,7 @@ void MessageReader::takeBody(const char *bytes, int count)
 bool MessageReader::decodeSome()
 {
     if (!m_decoder) {
-        // A byte order mark at the start is part of the message.
-        m_decoder.reset(QTextCodec::codecForName("UTF-8")->makeDecoder(QTextCodec::IgnoreHeader));
+        m_decoder = std::make_unique<Utf8Decoder>();
         m_text.reserve(int(m_received));
     }
     const size_t end = std::min(m_chunks.size(), m_decodedChunks + kChunksPerStep);

@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-class QTextDecoder;
+class Utf8Decoder;
 
 /// Sent back to the sender when the whole message has been received.
 constexpr char kMessageAnswer[] = "ack";
@@ -47,6 +47,6 @@ private:
     quint32 m_received = 0;
     std::vector<QByteArray> m_chunks;
     size_t m_decodedChunks = 0;
-    std::unique_ptr<QTextDecoder> m_decoder;
+    std::unique_ptr<Utf8Decoder> m_decoder;
     QString m_text;
 };

@@ -4,9 +4,9 @@
 # two are installed if they have been built.
 
 find_package(Doxygen QUIET)
-get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+get_target_property(qmake ${VEMO_QT}::qmake LOCATION)
 cmake_path(GET qmake PARENT_PATH qtTools)
-find_program(VEMO_QHELPGENERATOR qhelpgenerator HINTS "${qtTools}")
+find_program(VEMO_QHELPGENERATOR qhelpgenerator HINTS "${qtTools}" "${qtTools}/../libexec")
 
 set(VEMO_API_FOLDER "${PROJECT_BINARY_DIR}/api")
 set(VEMO_API_QCH NO)

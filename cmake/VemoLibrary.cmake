@@ -10,12 +10,13 @@ target_include_directories(VemoWidgets
     "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
   PRIVATE
     "${CMAKE_CURRENT_SOURCE_DIR}")
-target_link_libraries(VemoWidgets PUBLIC Qt5::Widgets Qt5::Network)
+target_link_libraries(VemoWidgets PUBLIC ${VEMO_QT}::Widgets ${VEMO_QT}::Network)
 target_compile_definitions(VemoWidgets PRIVATE VEMO_BUILD_LIBRARY)
 if(NOT BUILD_SHARED_LIBS)
   target_compile_definitions(VemoWidgets PUBLIC VEMO_STATIC)
 endif()
 set_target_properties(VemoWidgets PROPERTIES
+  OUTPUT_NAME VemoWidgets${VEMO_NAME_SUFFIX}
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR}
   EXPORT_NAME Widgets)

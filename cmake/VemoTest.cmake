@@ -104,7 +104,7 @@ function(vemo_add_moc_file target source)
   set(output "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
   get_source_file_property(isGenerated "${output}" GENERATED)
   if(NOT isGenerated) # Several programs may share a source.
-    qt5_generate_moc("${source}" "${output}")
+    cmake_language(CALL qt${VEMO_QT_VERSION_MAJOR}_generate_moc "${source}" "${output}")
   endif()
   target_sources(${target} PRIVATE "${output}")
 endfunction()

@@ -32,7 +32,7 @@ public:
     QAccessibleInterface *childAt(int x, int y) const override
     {
         const QLineEdit *edit = box()->lineEdit();
-        const bool isOnEdit = edit && edit->rect().contains(edit->mapFromGlobal({x, y}));
+        const bool isOnEdit = edit && edit->rect().contains(edit->mapFromGlobal(QPoint(x, y)));
         return isOnEdit ? child(1) : nullptr;
     }
 

@@ -2,6 +2,7 @@
 #include <vemo/linklabel.h>
 
 #include "controls/spokentext_p.h"
+#include "core/qtcompat_p.h"
 
 #include <QAccessibleWidget>
 #include <QApplication>
@@ -124,7 +125,7 @@ bool LinkLabel::event(QEvent *event)
     return isHandled;
 }
 
-void LinkLabel::enterEvent(QEvent *event)
+void LinkLabel::enterEvent(VemoEnterEvent *event)
 {
     m_has_left = false;
     if (isEnabled()) {
@@ -146,7 +147,7 @@ void LinkLabel::leaveEvent(QEvent *event)
     if (!isEnabled()) {
         // Deliberate: a disabled label forwards the leave event as an enter event, and keeps the
         // cursor that it has set.
-        ClickableLabel::enterEvent(event);
+        ClickableLabel::enterEvent(LeaveAsEnter(event).event());
         return;
     }
     // Deliberate: restores a cursor even if this label has set none, for instance because it was

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "controls/placeholderink_p.h"
 
+#include "core/qtcompat_p.h"
+
 #include <QEvent>
 #include <QLineEdit>
 
@@ -15,7 +17,7 @@ void pale(QLineEdit *field)
     // The text of a disabled field is already pale.
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         QColor ink = palette.color(group, QPalette::Text);
-        if (palette.color(group, QPalette::PlaceholderText) != ink)
+        if (palette.color(group, QPalette::PlaceholderText) != placeholderOfSheet(ink))
             continue;
         ink.setAlpha(kPale);
         palette.setColor(group, QPalette::PlaceholderText, ink);

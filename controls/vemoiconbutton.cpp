@@ -185,7 +185,7 @@ void VemoIconButton::mouseReleaseEvent(QMouseEvent *event)
     QToolButton::mouseReleaseEvent(event);
 }
 
-void VemoIconButton::enterEvent(QEvent *event)
+void VemoIconButton::enterEvent(VemoEnterEvent *event)
 {
     if (isEnabled())
         applyHoverStyle();

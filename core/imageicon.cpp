@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/imagemanager.h>
 
+#include "core/qtcompat_p.h"
+
 #include <QApplication>
 #include <QIconEngine>
 #include <QPainter>
@@ -26,7 +28,7 @@ public:
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
     {
-        const bool isFine = QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
+        const bool isFine = hasFineIcons();
         const qreal ratio =
             isFine && painter->device() ? painter->device()->devicePixelRatioF() : 1;
         painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
@@ -51,7 +53,7 @@ public:
         return pixmap(size, mode, state).size();
     }
 
-    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) const override
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) VEMO_CONST_UNTIL_QT6 override
     {
         const ImageManager::ImageType type = typeOf(mode, state);
         ImageManager &images = ImageManager::getInstance();

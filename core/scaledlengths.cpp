@@ -119,9 +119,8 @@ private:
     {
         if (m_point - m_digit > kExactDigits)
             return std::numeric_limits<double>::infinity(); // Exceeds int with any factor.
-        return m_unit - m_digit <= kExactDigits
-            ? exactNumber()
-            : m_sheet.midRef(m_digit, m_unit - m_digit).toDouble();
+        return m_unit - m_digit <= kExactDigits ? exactNumber()
+                                                : m_sheet.mid(m_digit, m_unit - m_digit).toDouble();
     }
 
     double exactNumber() const

@@ -164,7 +164,7 @@ public:
     }
     QAccessibleInterface *childAt(int x, int y) const override
     {
-        return cellOf(m_grid->indexAt(m_grid->viewport()->mapFromGlobal({x, y})));
+        return cellOf(m_grid->indexAt(m_grid->viewport()->mapFromGlobal(QPoint(x, y))));
     }
     QAccessibleInterface *focusChild() const override
     {

@@ -141,7 +141,7 @@ bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
         m_grid->viewport()->update();
     if (watched == m_grid->viewport()) {
         if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove)
-            m_pointer = static_cast<QHoverEvent *>(event)->pos();
+            m_pointer = positionOf(static_cast<QHoverEvent *>(event));
         else if (event->type() == QEvent::HoverLeave)
             m_pointer = kNowhere;
         else if (event->type() == QEvent::Paint)
@@ -195,7 +195,7 @@ void DayCalendar::announceNoDay()
 // Does not use Qt's implementation: it paints days of other months like disabled text although they
 // can be selected, weekends in their own colour even if they cannot, and cuts off numbers that are
 // slightly too wide.
-void DayCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
+void DayCalendar::paintCell(QPainter *painter, const QRect &rect, DateArgument date) const
 {
     const QPalette &colours = m_grid->palette();
     QTextCharFormat format = weekdayTextFormat(Qt::DayOfWeek(date.dayOfWeek()));

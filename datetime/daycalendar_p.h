@@ -2,6 +2,8 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
+#include "core/qtcompat_p.h"
+
 #include <QCalendarWidget>
 #include <QDate>
 
@@ -40,7 +42,7 @@ public:
 
 protected:
     bool event(QEvent *event) override;
-    void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override;
+    void paintCell(QPainter *painter, const QRect &rect, DateArgument date) const override;
 
 private:
     static constexpr QPoint kNowhere {-1, -1};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemocalanderview.h>
 
+#include "core/qtcompat_p.h"
 #include "core/scaling_p.h"
 #include "datetime/calendaraccess_p.h"
 #include "datetime/daycalendar_p.h"
@@ -104,8 +105,7 @@ protected:
         QStyleOptionToolButton state;
         (m_arrow->*(&ButtonState::initStyleOption))(&state);
         if (m_arrow->isRightToLeft())
-            state.icon =
-                mirrored(state.icon.pixmap(m_arrow->window()->windowHandle(), state.iconSize));
+            state.icon = mirrored(iconPixmap(state.icon, state.iconSize, m_arrow));
         QStylePainter(m_arrow).drawComplexControl(QStyle::CC_ToolButton, state);
         return true;
     }

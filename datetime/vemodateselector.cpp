@@ -57,7 +57,7 @@ public:
     bool eventFilter(QObject * /*watched*/, QEvent *event) override
     {
         if (event->type() == QEvent::Show && m_field.isRightToLeft()) {
-            const QPoint corner = m_field.mapToGlobal({m_field.width(), 0});
+            const QPoint corner = m_field.mapToGlobal(QPoint(m_field.width(), 0));
             const int edge = m_field.screen()->availableGeometry().left();
             m_popup->move(qMax(edge, corner.x() - m_popup->width()), m_popup->y());
         }

@@ -135,7 +135,9 @@ bool saveCountdown(const QDir &folder)
 
 int main(int argc, char **argv)
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QtSingleApplication app(argc, argv);
     const QStringList arguments = QApplication::arguments();

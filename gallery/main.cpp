@@ -99,7 +99,9 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     // Otherwise Qt draws icons at half their resolution on screens with pixel ratio 2.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     QtSingleApplication app(argc, argv);
     // Only the window is limited to one instance, not writing pictures.
     if (line.options.screenshots.isEmpty() && app.sendMessage(QString()))

@@ -30,10 +30,10 @@ QSize firstSize()
     return QSize(scaled(kWidth), scaled(kHeight)).boundedTo(most);
 }
 
-void addShortcut(QWidget *window, int keys, QObject *receiver, const char *slot)
+void addShortcut(QWidget *window, const QKeySequence &keys, QObject *receiver, const char *slot)
 {
     auto *action = new QAction(window);
-    action->setShortcut(QKeySequence(keys));
+    action->setShortcut(keys);
     window->addAction(action);
     QObject::connect(action, SIGNAL(triggered()), receiver, slot);
 }
@@ -81,10 +81,10 @@ void BrowserWindow::init()
 
 void BrowserWindow::makeShortcuts()
 {
-    addShortcut(this, Qt::CTRL + Qt::Key_Plus, m_text_browser, SLOT(zoomIn()));
-    addShortcut(this, Qt::CTRL + Qt::Key_Equal, m_text_browser, SLOT(zoomIn()));
-    addShortcut(this, Qt::CTRL + Qt::Key_Minus, m_text_browser, SLOT(zoomOut()));
-    addShortcut(this, Qt::CTRL + Qt::Key_0, this, SLOT(slotResetZoom()));
+    addShortcut(this, Qt::CTRL | Qt::Key_Plus, m_text_browser, SLOT(zoomIn()));
+    addShortcut(this, Qt::CTRL | Qt::Key_Equal, m_text_browser, SLOT(zoomIn()));
+    addShortcut(this, Qt::CTRL | Qt::Key_Minus, m_text_browser, SLOT(zoomOut()));
+    addShortcut(this, Qt::CTRL | Qt::Key_0, this, SLOT(slotResetZoom()));
     addShortcut(this, Qt::Key_F7, this, SLOT(slotToggleTextCursor()));
 }
 
@@ -104,7 +104,7 @@ void BrowserWindow::reload()
 void BrowserWindow::query()
 {
     m_timer->start(TIMEOUT);
-    QNetworkReply *reply = m_network_manager->get(QNetworkRequest(m_url));
+    QNetworkReply *reply = m_network_manager->get(plainRequest(m_url));
     connect(this, SIGNAL(sigAbortRequest()), reply, SLOT(abort()));
     limitReply(reply, kMaxPageBytes);
 }

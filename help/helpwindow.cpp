@@ -2,12 +2,12 @@
 #include <vemo/helpwindow.h>
 
 #include "core/logging_p.h"
+#include "core/qtcompat_p.h"
 #include "core/resourcefile_p.h"
 #include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
 
 #include <QFile>
-#include <QTextCodec>
 #include <QTextStream>
 #include <QUrlQuery>
 
@@ -84,7 +84,7 @@ void HelpWindow::fallbackOffline()
     if (!isResourceFile(QFileInfo(file), kMaxPageBytes) || !file.open(QIODevice::ReadOnly))
         return;
     QTextStream stream(&file);
-    stream.setCodec(QTextCodec::codecForName("Utf8"));
+    setUtf8(&stream);
     m_text_browser->setPageUrl(QUrl::fromLocalFile(file.fileName()));
     m_text_browser->setHtmlContent(stream.readAll());
 }

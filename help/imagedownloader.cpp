@@ -42,7 +42,7 @@ void ImageDownloader::start()
     m_network_manager = new QNetworkAccessManager;
     connect(m_network_manager,
         SIGNAL(finished(QNetworkReply*)), this, SLOT(slotFinishDownload(QNetworkReply*)));
-    m_reply = m_network_manager->get(QNetworkRequest(QUrl(m_url)));
+    m_reply = m_network_manager->get(plainRequest(QUrl(m_url)));
     // Data is read immediately, so the network threads never buffer more than this.
     if (isWebUrl(m_reply->url()))
         m_reply->setReadBufferSize(kReadBytes);

@@ -39,7 +39,7 @@ QString withoutComments(const QString &css)
     int position = 0;
     for (;;) {
         const int comment = css.indexOf(QLatin1String("/*"), position);
-        text += css.midRef(position, comment < 0 ? -1 : comment - position);
+        text += css.mid(position, comment < 0 ? -1 : comment - position);
         const int end = comment < 0 ? -1 : css.indexOf(QLatin1String("*/"), comment + 2);
         if (end < 0)
             return text;
@@ -112,7 +112,7 @@ bool hasLargeNumber(const QString &name, const QString &value)
             ++i;
         if (isColour || i == start)
             continue;
-        const QStringRef unit = value.midRef(i);
+        const QStringView unit = QStringView(value).mid(i);
         const bool isRelative = unit.startsWith(QLatin1Char('e'), Qt::CaseInsensitive);
         const bool hasExponent = isRelative && unit.size() > 1 && unit.at(1).isDigit();
         if (depth == 0 && (hasExponent || i - start > (isRelative ? 2 : maxDigits)))
@@ -131,8 +131,8 @@ int largestLength(const QString &value)
         while (i < value.size() && value.at(i).isDigit())
             ++i;
         // Those in brackets have not been judged.
-        const int number = qMin(value.midRef(start, i - start).toInt(), kMaxNumber);
-        const QStringRef unit = value.midRef(i);
+        const int number = qMin(value.mid(start, i - start).toInt(), kMaxNumber);
+        const QStringView unit = QStringView(value).mid(i);
         if (unit.startsWith(QLatin1Char('e'), Qt::CaseInsensitive))
             largest = qMax(largest, kFontPixels * (number + 1));
         else if (unit.startsWith(QLatin1String("pt"), Qt::CaseInsensitive))
@@ -306,7 +306,7 @@ QString withoutLargeNumbers(const QString &css)
         const bool isLeftOut = colon >= 0 && !isSelector
             && hasLargeNumber(
                 each.left(colon).trimmed().toString().toLower(), each.mid(colon + 1).toString());
-        kept += text.midRef(isLeftOut ? end : start, isLeftOut ? 1 : end + 1 - start);
+        kept += text.mid(isLeftOut ? end : start, isLeftOut ? 1 : end + 1 - start);
         start = end + 1;
     }
     return kept == text ? css : kept;

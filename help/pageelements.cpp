@@ -23,8 +23,11 @@ int pixelsOf(const HtmlAttribute &attribute)
 
 void PageFont::apply(const QString &declarations)
 {
-    const QVector<QStringRef> all = declarations.splitRef(QLatin1Char(';'));
-    for (const QStringRef &each : all) {
+    for (int start = 0; start < declarations.size();) {
+        const int found = int(declarations.indexOf(QLatin1Char(';'), start));
+        const int end = found < 0 ? int(declarations.size()) : found;
+        const QStringView each = QStringView(declarations).mid(start, end - start);
+        start = end + 1;
         if (each.startsWith(QLatin1String("font-size:")))
             size = qHash(each);
         else if (each.startsWith(QLatin1String("font-family:")))

@@ -364,5 +364,5 @@ SafePage safePlainText(const QString &text)
     letters.chargeTo(&work, TextWork::FULL_WIDTH, true);
     if (work.isTooMuch())
         return {SafePage::TOO_SLOW, {}, work.total()};
-    return {SafePage::FINE, broken, work.total(), 0, text.size()};
+    return {SafePage::FINE, broken, work.total(), 0, int(text.size())};
 }

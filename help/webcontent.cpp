@@ -2,6 +2,7 @@
 #include "help/webcontent_p.h"
 
 #include "core/logging_p.h"
+#include "core/qtcompat_p.h"
 #include "help/helplimits_p.h"
 
 #include <QIODevice>
@@ -55,6 +56,15 @@ WebPicture failed(WebPicture::Problem problem)
 
 } // namespace
 
+QNetworkRequest plainRequest(const QUrl &url)
+{
+    QNetworkRequest request(url);
+    request.setAttribute(
+        QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    acceptAnyPacking(&request);
+    return request;
+}
+
 void limitReply(QNetworkReply *reply, qint64 maxBytes)
 {
     if (!isWebUrl(reply->url()))
@@ -104,6 +114,6 @@ QByteArray bytesOfDataAddress(const QString &address)
         return {};
     const QByteArray bytes = QByteArray::fromPercentEncoding(address.mid(comma + 1).toLatin1());
     const bool isBase64 =
-        address.leftRef(comma).trimmed().endsWith(QLatin1String(";base64"), Qt::CaseInsensitive);
+        address.left(comma).trimmed().endsWith(QLatin1String(";base64"), Qt::CaseInsensitive);
     return isBase64 ? QByteArray::fromBase64(bytes) : bytes;
 }

@@ -7,6 +7,7 @@
 
 class QIODevice;
 class QNetworkReply;
+class QNetworkRequest;
 
 /// What pages from the network may fetch and show.
 
@@ -15,6 +16,10 @@ inline bool isWebUrl(const QUrl &url)
 {
     return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
 }
+
+/// A request that does not follow redirects and leaves the limits of the body's size to
+/// limitReply().
+QNetworkRequest plainRequest(const QUrl &url);
 
 /// Aborts reply with a warning as soon as the server has sent more than maxBytes. The caller must
 /// not read from reply before it has finished.

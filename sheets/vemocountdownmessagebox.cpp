@@ -12,7 +12,6 @@ namespace {
 
 constexpr int kStartValue = 10;
 constexpr int kPeriod = 1000; // Milliseconds.
-constexpr int kClickTime = 100; // Milliseconds.
 
 } // namespace
 
@@ -68,7 +67,7 @@ void VemoCountdownMessageBox::slotTick()
     }
     m_timer.stop();
     if (QPushButton *button = defaultButton())
-        button->animateClick(kClickTime);
+        button->animateClick();
 }
 
 void VemoCountdownMessageBox::showCounter()

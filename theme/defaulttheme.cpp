@@ -240,11 +240,11 @@ QString withDefaultThemeColors(const QString &text)
     int end = 0;
     for (auto match = pattern.globalMatch(text); match.hasNext();) {
         const QRegularExpressionMatch name = match.next();
-        result += text.midRef(end, name.capturedStart() - end);
+        result += text.mid(end, name.capturedStart() - end);
         result += defaultThemeColor(name.captured(1)).name();
         end = name.capturedEnd();
     }
-    result += text.midRef(end);
+    result += text.mid(end);
     rememberColoured(result, text);
     return result;
 }

@@ -137,7 +137,7 @@ public:
     QAccessibleInterface *childAt(int x, int y) const override
     {
         return rect().contains(x, y)
-            ? child(m_header->logicalIndexAt(m_header->viewport()->mapFromGlobal({x, y})))
+            ? child(m_header->logicalIndexAt(m_header->viewport()->mapFromGlobal(QPoint(x, y))))
             : nullptr;
     }
     int indexOfChild(const QAccessibleInterface *child) const override

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemotreewidget.h>
 
+#include "core/qtcompat_p.h"
 #include "core/scaling_p.h"
 #include "views/itemdelegate_p.h"
 
@@ -139,7 +140,7 @@ bool VemoTreeWidget::event(QEvent *event)
     case QEvent::HoverEnter:
     case QEvent::HoverMove:
     case QEvent::HoverLeave:
-        setPointer(static_cast<QHoverEvent *>(event)->pos());
+        setPointer(positionOf(static_cast<QHoverEvent *>(event)));
         // QWidget repaints itself completely on hover events. Only styles with a hover look need
         // that, and these also enable hover events for the viewport.
         return !viewport()->testAttribute(Qt::WA_Hover) || QTreeWidget::event(event);

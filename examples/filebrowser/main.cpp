@@ -56,7 +56,9 @@ int main(int argc, char **argv)
         return 0;
     }
     // Without it Qt draws icons at half their pixels where the screen has two to a point.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     QtSingleApplication app(argc, argv);
     // Pictures are written whatever else runs; of the window there is one, which gets the folder.
     if (line.options.screenshots.isEmpty() && app.sendMessage(line.options.folder))

@@ -209,7 +209,7 @@ public:
     }
 
 protected:
-    void enterEvent(QEvent *) override { m_button->applyHoverStyle(); }
+    void enterEvent(VemoEnterEvent *) override { m_button->applyHoverStyle(); }
     void leaveEvent(QEvent *) override { m_button->applyNormalStyle(); }
 
 private:

@@ -119,7 +119,7 @@ VemoTreeWidget *folderTree()
     tree->setCurrentItem(home->child(1));
     QObject::connect(
         tree, &VemoTreeWidget::sigMouseRightClickEvent, tree, [tree](QMouseEvent *event) {
-            showMenu(tree, tree->itemAt(event->pos()), event->globalPos());
+            showMenu(tree, tree->itemAt(event->pos()), tree->viewport()->mapToGlobal(event->pos()));
         });
     QObject::connect(tree, &VemoTreeWidget::sigMenuKeyEvent, tree,
         [tree](QTreeWidgetItem *item, const QPoint &position) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <vemo/clickablelabel.h>
+#include <vemo/enterevent.h>
 
 /// A clickable label that looks like a hyperlink under the pointer (pointing hand, underline) and
 /// stores an address. It does not open the address; its owner does. To assistive tools it is a link
@@ -42,7 +43,7 @@ public:
 
 protected:
     bool event(QEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(VemoEnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
 
 private:

@@ -16,7 +16,7 @@ FolderListing::FolderListing(QObject *parent) : QObject(parent), m_reader(new Fo
 QVector<FileEntry> FolderListing::page(int start, int length) const
 {
     QVector<FileEntry> entries;
-    const int end = std::min(start + length, m_shown.size());
+    const int end = std::min(start + length, int(m_shown.size()));
     for (int i = std::max(start, 0); i < end; ++i)
         entries += m_entries.at(m_shown.at(i));
     return entries;

@@ -46,12 +46,12 @@ QByteArray toNativeName(const QString &name)
         if (isHighHalf && i + 1 < name.size() && name[i + 1].isLowSurrogate()) {
             ++i;
         } else if (isStrayByte(name[i])) {
-            bytes += name.midRef(start, i - start).toUtf8();
+            bytes += name.mid(start, i - start).toUtf8();
             bytes += char(name[i].unicode() - kEscape);
             start = i + 1;
         }
     }
-    return bytes + name.midRef(start).toUtf8();
+    return bytes + name.mid(start).toUtf8();
 }
 
 QString fromNativeName(const QByteArray &name)
@@ -78,7 +78,7 @@ QString fromNativeName(const QByteArray &name)
 QByteArray cutName(const QByteArray &name, int bytes)
 {
     constexpr int kLongestRest = 3; // A run of invalid bytes is not a character.
-    int length = std::min(bytes, name.size());
+    int length = std::min(bytes, int(name.size()));
     for (int i = 0; i < kLongestRest && length > 0 && length < name.size(); ++i) {
         if ((uchar(name[length]) & 0xC0) != 0x80)
             break;

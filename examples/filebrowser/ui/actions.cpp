@@ -40,7 +40,7 @@ Actions Actions::make(QWidget *window, QWidget *files)
     actions.newFolder = newAction(window, "newFolderAction", "new_folder", QKeySequence::New);
     actions.paste = newAction(window, "pasteAction", "paste", QKeySequence::Paste);
     actions.search = newAction(window, "searchAction", "search", QKeySequence::Find);
-    actions.details = newAction(window, "detailsAction", "details", Qt::CTRL + Qt::Key_I);
+    actions.details = newAction(window, "detailsAction", "details", Qt::CTRL | Qt::Key_I);
     actions.details->setCheckable(true);
     actions.help = newAction(window, "helpAction", "help", Qt::Key_F1);
     // The list opens the current row by itself.
