@@ -4,7 +4,7 @@
 #include <vemo/vemotablewidget.h>
 
 #include "core/scaling_p.h"
-#include "views/emptytext_p.h"
+#include "views/tablenotice_p.h"
 
 #include <QDataStream>
 #include <QHeaderView>
@@ -148,14 +148,40 @@ void VemoTableWidget::setDraggedWidthsKept(bool kept)
 
 void VemoTableWidget::setEmptyText(const QString &text)
 {
-    if (!m_empty_text)
-        m_empty_text = new EmptyText(m_table);
-    m_empty_text->setEmptyText(text);
+    notice()->setEmptyText(text);
 }
 
 QString VemoTableWidget::emptyText() const
 {
-    return m_empty_text ? m_empty_text->text() : QString();
+    return m_notice ? m_notice->emptyText() : QString();
+}
+
+void VemoTableWidget::setBusyText(const QString &text)
+{
+    notice()->setBusyText(text);
+}
+
+QString VemoTableWidget::busyText() const
+{
+    return m_notice ? m_notice->busyText() : QString();
+}
+
+void VemoTableWidget::setBusy(bool busy)
+{
+    if (busy != isBusy())
+        notice()->setBusy(busy);
+}
+
+bool VemoTableWidget::isBusy() const
+{
+    return m_notice && m_notice->isBusy();
+}
+
+TableNotice *VemoTableWidget::notice()
+{
+    if (!m_notice)
+        m_notice = new TableNotice(m_table);
+    return m_notice;
 }
 
 QByteArray VemoTableWidget::saveState() const

@@ -92,6 +92,17 @@ VemoTableWidget *wideTable()
     return finished(widget, "Many columns", kFewRows);
 }
 
+VemoTableWidget *busyTable()
+{
+    VemoTableColumnsInfo columns;
+    columns.addColumn(demo("name"), 160, true, 1.0);
+    columns.addColumn(demo("size"), 112, false, 0.0);
+    auto *widget = new VemoTableWidget(columns, nullptr);
+    widget->setBusyText(demo("copying"));
+    widget->setBusy(true);
+    return finished(widget, "Busy", kFewRows);
+}
+
 VemoTableWidget *disabledTable()
 {
     VemoTableWidget *widget = fileTable();
@@ -123,6 +134,10 @@ files->getHeader()->setSortIndicatorShown(true);
 connect(files->getHeader(), &QHeaderView::sortIndicatorChanged, this, &MainWindow::sort);)");
     page.addSection("More columns than fit", "The header scrolls sideways with the table.");
     page.add(wideTable());
+    page.addSection("Busy", "While the rows are read, a bar moves at their top.");
+    page.add(busyTable());
+    page.addCode(R"(files->setBusyText("Copying …"); // while there are no rows
+files->setBusy(true);)");
     page.addSection("Disabled");
     page.add(disabledTable());
 }

@@ -10,9 +10,9 @@
 #include <set>
 #include <vector>
 
-class EmptyText;
 class QHeaderView;
 class QScrollArea;
+class TableNotice;
 
 /// The columns of a VemoTableWidget, from left to right.
 ///
@@ -140,6 +140,15 @@ public:
     void setEmptyText(const QString &text);
     QString emptyText() const; ///< empty by default
 
+    /// Shows a bar that moves without end at the top of the rows, for as long as the host reads
+    /// them. The rows stay usable. False by default. Looks up the section "component.table_busy".
+    void setBusy(bool busy);
+    bool isBusy() const; ///< false by default
+    /// A plain text shown instead of the empty text while the table is busy; empty by default.
+    /// Screen readers announce the bar by it.
+    void setBusyText(const QString &text);
+    QString busyText() const; ///< empty by default
+
     /// The widths, places and visibility of the columns and the sort arrow, for QSettings. Widths
     /// are stored in design pixels.
     QByteArray saveState() const;
@@ -191,6 +200,7 @@ private:
     void setupLayout();
     void connectParts();
     void connectColumns();
+    TableNotice *notice();
 
     VemoTableColumnsInfo m_columns;
     /// Stores the header's labels. Never shown; not a child, which would be shown with its parent.
@@ -198,7 +208,7 @@ private:
     QScrollArea *m_header_scroll_area = nullptr;
     QHeaderView *m_header = nullptr;
     ResizeSignalTableWidget *m_table = nullptr;
-    EmptyText *m_empty_text = nullptr; ///< a child of the table, created with the first text
+    TableNotice *m_notice = nullptr; ///< a child of the table, created when it is needed
     bool m_are_sort_requests_enabled = false;
     int m_sort_column = -1;
     Qt::SortOrder m_sort_order = Qt::AscendingOrder;

@@ -11,6 +11,7 @@
 #include <QAccessible>
 #include <QHeaderView>
 #include <QLabel>
+#include <QProgressBar>
 #include <QStyledItemDelegate>
 
 #include <functional>
@@ -61,6 +62,8 @@ struct Files
         return table()->findChild<QLabel *>({}, Qt::FindDirectChildrenOnly);
     }
 
+    QProgressBar *busyBar() const { return table()->findChild<QProgressBar *>(); }
+
     VemoTableWidget widget {columnsInfo()};
 };
 
@@ -93,6 +96,8 @@ private Q_SLOTS:
     void keepsDraggedWidths_data();
     void keepsDraggedWidths();
     void showsItsEmptyText();
+    void showsThatItIsBusy();
+    void busyBarIsThatWideAndNamed();
     void restoresItsState();
     void refusesAnotherState_data();
     void refusesAnotherState();
@@ -333,6 +338,48 @@ void TableOptionsTest::showsItsEmptyText()
     QVERIFY(files.emptyLabel()->isVisible());
     files.widget.setEmptyText({});
     QVERIFY(!files.emptyLabel()->isVisible());
+}
+
+void TableOptionsTest::showsThatItIsBusy()
+{
+    Files files(0);
+    QVERIFY(!files.widget.isBusy());
+    QVERIFY(!files.busyBar());
+    files.widget.setEmptyText("No files");
+    files.widget.setBusyText("Reading");
+    QCOMPARE(files.widget.busyText(), QString("Reading"));
+    QCOMPARE(files.emptyLabel()->text(), QString("No files"));
+
+    files.widget.setBusy(true);
+    QVERIFY(files.widget.isBusy());
+    QVERIFY(files.busyBar()->isVisible());
+    QVERIFY(files.emptyLabel()->isVisible());
+    QCOMPARE(files.emptyLabel()->text(), QString("Reading"));
+    files.table()->setRowCount(1);
+    QVERIFY(files.busyBar()->isVisible());
+    QVERIFY(!files.emptyLabel()->isVisible());
+    QTest::mouseClick(files.table()->viewport(), Qt::LeftButton, {}, {5, scaled(1)});
+    QCOMPARE(files.table()->currentRow(), 0); // also where the bar is
+
+    files.table()->setRowCount(0);
+    files.widget.setBusy(false);
+    QVERIFY(!files.busyBar()->isVisible());
+    QCOMPARE(files.emptyLabel()->text(), QString("No files"));
+    QVERIFY(files.emptyLabel()->isVisible());
+}
+
+void TableOptionsTest::busyBarIsThatWideAndNamed()
+{
+    Files files;
+    files.widget.setBusy(true);
+    files.widget.setBusyText("Reading");
+    QCOMPARE(files.busyBar()->styleSheet(), getStyleSheet("component.table_busy"));
+    files.widget.resize(scaled(300), scaled(120));
+    const QRect rows = files.table()->viewport()->geometry();
+    QCOMPARE(files.busyBar()->geometry(), QRect(rows.topLeft(), QSize(rows.width(), scaled(3))));
+    const QAccessibleInterface *bar = QAccessible::queryAccessibleInterface(files.busyBar());
+    QCOMPARE(bar->role(), QAccessible::ProgressBar);
+    QCOMPARE(bar->text(QAccessible::Name), QString("Reading"));
 }
 
 void TableOptionsTest::restoresItsState()
