@@ -11,9 +11,11 @@
 #include <vemo/vemoiconbutton.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemopagingmodel.h>
+#include <vemo/vemotableview.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotreewidget.h>
 
+#include <QAbstractTableModel>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QHBoxLayout>
@@ -128,6 +130,90 @@ bench::Cases::Setup tableResize(int columns)
         c.reference(QStringLiteral("QTableWidget, Stretch"), [stock] { return resized(*stock); });
         c.ours([ours] { return resized(*ours); });
     };
+}
+
+// A table over a model
+
+constexpr int kModelRows = 1'000'000;
+constexpr int kModelColumns = 5;
+constexpr int kModelStep = 700; // pixels per frame, about a page
+
+class Cells : public QAbstractTableModel
+{
+public:
+    int rowCount(const QModelIndex & /*parent*/ = {}) const override { return kModelRows; }
+    int columnCount(const QModelIndex & /*parent*/ = {}) const override { return kModelColumns; }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        return role == Qt::DisplayRole ? QVariant(QString::number(index.row())) : QVariant();
+    }
+};
+
+std::unique_ptr<QTableView> stockView()
+{
+    auto view = std::make_unique<QTableView>();
+    view->setStyleSheet(
+        getStyleSheet("component.table_view") + getStyleSheet("component.scrollbar"));
+    view->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header"));
+    view->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    view->verticalHeader()->setDefaultSectionSize(DPIinfo::scaled(28));
+    view->verticalHeader()->hide();
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view->setShowGrid(false);
+    return view;
+}
+
+/// Shows a widget with the rows of its model, painted.
+int shown(QWidget &widget)
+{
+    widget.resize(900, 700);
+    widget.show();
+    process();
+    return widget.width();
+}
+
+void modelFill(bench::Case &c)
+{
+    bench::useTheme();
+    const auto cells = std::make_shared<Cells>();
+    c.goal(1.1, 1.0);
+    c.reference(QStringLiteral("QTableView"), [cells] {
+        const auto view = stockView();
+        view->setModel(cells.get());
+        return shown(*view);
+    });
+    c.ours([cells] {
+        VemoTableView table(equalColumns(kModelColumns));
+        table.setModel(cells.get());
+        return shown(table);
+    });
+}
+
+/// One frame further down, or from the start again.
+int scrolled(QTableView &view)
+{
+    QScrollBar *bar = view.verticalScrollBar();
+    bar->setValue(bar->value() == bar->maximum() ? 0 : bar->value() + kModelStep);
+    process();
+    return view.width() > 0;
+}
+
+void modelScroll(bench::Case &c)
+{
+    bench::useTheme();
+    const auto cells = std::make_shared<Cells>();
+    const std::shared_ptr<QTableView> stock = stockView();
+    const auto ours = std::make_shared<VemoTableView>(equalColumns(kModelColumns));
+    stock->setModel(cells.get());
+    ours->setModel(cells.get());
+    shown(*stock);
+    shown(*ours);
+    c.goal(1.1, 1.0);
+    // The views are deleted before their model.
+    c.reference(QStringLiteral("QTableView"), [cells, stock] { return scrolled(*stock); });
+    c.ours([cells, ours] { return scrolled(*ours->getView()); });
 }
 
 // Trees
@@ -480,6 +566,8 @@ void bench::viewsCases(Cases &cases)
     cases.add(QStringLiteral("table.fill"), tableFill);
     for (const int columns : {5, 20, 80})
         cases.add(QStringLiteral("table.resize/%1").arg(columns), tableResize(columns));
+    cases.add(QStringLiteral("model.fill"), modelFill);
+    cases.add(QStringLiteral("model.scroll"), modelScroll);
     cases.add(QStringLiteral("tree.build"), treeBuild);
     cases.add(QStringLiteral("tree.sort"), treeStep(sortByName, sortByOther));
     cases.add(QStringLiteral("tree.expand"), treeStep(expand, collapse));

@@ -16,6 +16,7 @@
 #include <vemo/vemolineedit.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemotableview.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotimecombobox.h>
 #include <vemo/vemotreewidget.h>
@@ -133,6 +134,13 @@ const FormWidgetInfo kViews[] = {
         R"(<property name="columnTexts"><stringlist><string>Name|120|1</string>)"
         R"(<string>Size|80</string></stringlist></property>)", "",
         make<VemoTableWidget>},
+    {"VemoTableView", "QWidget", "Table over a model of the program",
+        "A read-only table of whole rows for models of any size, which the program sets. "
+        "\"columnTexts\" are those of VemoTableWidget.",
+        {400, 200},
+        R"(<property name="columnTexts"><stringlist><string>Name|120|1</string>)"
+        R"(<string>Size|80</string></stringlist></property>)", "",
+        make<VemoTableView>},
     {"ResizeSignalTableWidget", "QTableWidget", "Table that reports its size",
         "A plain table that emits a signal when it is resized.",
         {240, 200}, "", "", make<ResizeSignalTableWidget>},

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "views/headeraccess_p.h"
 
-#include <vemo/vemotablewidget.h>
+#include <vemo/vemotableview.h>
 
 #include <QAccessibleWidget>
 #include <QHeaderView>
@@ -11,10 +11,10 @@
 namespace {
 
 /// The table widget that header is the visible header of, or null.
-VemoTableWidget *tableOf(const QObject *header)
+VemoTableView *tableOf(const QObject *header)
 {
     for (QObject *parent = header->parent(); parent; parent = parent->parent()) {
-        if (auto *table = qobject_cast<VemoTableWidget *>(parent))
+        if (auto *table = qobject_cast<VemoTableView *>(parent))
             return table->getHeader() == header ? table : nullptr;
     }
     return nullptr;
@@ -111,10 +111,10 @@ public:
     QString text(QAccessible::Text kind) const override
     {
         const QString given = QAccessibleWidget::text(kind);
-        const VemoTableWidget *table = tableOf(m_header);
+        const VemoTableView *table = tableOf(m_header);
         if (kind != QAccessible::Name || !given.isEmpty() || !table)
             return given;
-        return table->getTable()->accessibleName();
+        return table->getView()->accessibleName();
     }
 
     /// The part that is seen: the header itself is wider than any table.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The columns of a VemoTableWidget after its construction: the table's own header and the visible
+// The columns of a table after its construction: the table's own header and the visible
 // one are kept alike, whichever of them is changed.
-#include <vemo/vemotablewidget.h>
+#include <vemo/vemotableview.h>
 
 #include "core/scaling_p.h"
 #include "views/tablenotice_p.h"
@@ -9,7 +9,9 @@
 #include <QDataStream>
 #include <QHeaderView>
 #include <QIODevice>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
+#include <QTableWidget>
 
 namespace {
 
@@ -83,13 +85,15 @@ bool read(const QByteArray &state, SavedState *saved)
 void copyPlace(const QHeaderView &from, QHeaderView *to, int section)
 {
     const int place = from.visualIndex(section);
-    if (to->visualIndex(section) != place)
+    // The model may have more columns than the table, or fewer.
+    const bool hasBoth = section < to->count() && place < to->count();
+    if (hasBoth && to->visualIndex(section) != place)
         to->moveSection(to->visualIndex(section), place);
 }
 
 } // namespace
 
-void VemoTableWidget::connectColumns()
+void VemoTableView::connectColumns()
 {
     const QHeaderView *columns = m_table->horizontalHeader();
     // clang-format off
@@ -101,31 +105,44 @@ void VemoTableWidget::connectColumns()
     // The only signal that QHeaderView::restoreState() emits.
     connect(columns, SIGNAL(sortIndicatorChanged(int,Qt::SortOrder)),
         this, SLOT(slotColumnsRestored()));
-    connect(m_table->model(), SIGNAL(headerDataChanged(Qt::Orientation,int,int)),
-        this, SLOT(slotLabelsChanged(Qt::Orientation,int,int)));
+    // clang-format on
+    connectModel();
+}
+
+void VemoTableView::connectModel()
+{
+    // clang-format off
+    if (m_table->model())
+        connect(m_table->model(), SIGNAL(headerDataChanged(Qt::Orientation,int,int)),
+            this, SLOT(slotLabelsChanged(Qt::Orientation,int,int)));
     // clang-format on
 }
 
-void VemoTableWidget::setColumnHidden(int column, bool hidden)
+void VemoTableView::setColumnHidden(int column, bool hidden)
 {
     m_table->setColumnHidden(column, hidden);
+    if (column < 0 || column >= columnCount() || m_header->isSectionHidden(column) == hidden)
+        return;
+    // The model does not have the column yet.
+    m_header->setSectionHidden(column, hidden);
+    slotTableResized(m_table->viewport()->size());
 }
 
-bool VemoTableWidget::isColumnHidden(int column) const
+bool VemoTableView::isColumnHidden(int column) const
 {
-    return m_table->isColumnHidden(column);
+    return column < columnCount() && m_header->isSectionHidden(column);
 }
 
-void VemoTableWidget::setColumnAlignment(int column, Qt::Alignment alignment)
+void VemoTableView::setColumnAlignment(int column, Qt::Alignment alignment)
 {
-    if (column < 0 || column >= m_table->columnCount())
+    if (column < 0 || column >= columnCount())
         return;
     m_header_table->horizontalHeaderItem(column)->setTextAlignment(alignment);
     delete dynamic_cast<AlignedCells *>(m_table->itemDelegateForColumn(column));
     m_table->setItemDelegateForColumn(column, new AlignedCells(alignment, m_table));
 }
 
-void VemoTableWidget::setSortRequestsEnabled(bool enabled)
+void VemoTableView::setSortRequestsEnabled(bool enabled)
 {
     m_are_sort_requests_enabled = enabled;
     m_header->setSectionsClickable(enabled);
@@ -133,58 +150,58 @@ void VemoTableWidget::setSortRequestsEnabled(bool enabled)
     setSortIndicator(m_sort_column, m_sort_order);
 }
 
-void VemoTableWidget::setSortIndicator(int column, Qt::SortOrder order)
+void VemoTableView::setSortIndicator(int column, Qt::SortOrder order)
 {
-    m_sort_column = column < m_table->columnCount() ? qMax(column, -1) : -1;
+    m_sort_column = column < columnCount() ? qMax(column, -1) : -1;
     m_sort_order = order;
     m_header->setSortIndicator(m_sort_column, order);
 }
 
-void VemoTableWidget::setDraggedWidthsKept(bool kept)
+void VemoTableView::setDraggedWidthsKept(bool kept)
 {
     m_are_dragged_widths_kept = kept;
     m_dragged.clear();
 }
 
-void VemoTableWidget::setEmptyText(const QString &text)
+void VemoTableView::setEmptyText(const QString &text)
 {
     notice()->setEmptyText(text);
 }
 
-QString VemoTableWidget::emptyText() const
+QString VemoTableView::emptyText() const
 {
     return m_notice ? m_notice->emptyText() : QString();
 }
 
-void VemoTableWidget::setBusyText(const QString &text)
+void VemoTableView::setBusyText(const QString &text)
 {
     notice()->setBusyText(text);
 }
 
-QString VemoTableWidget::busyText() const
+QString VemoTableView::busyText() const
 {
     return m_notice ? m_notice->busyText() : QString();
 }
 
-void VemoTableWidget::setBusy(bool busy)
+void VemoTableView::setBusy(bool busy)
 {
     if (busy != isBusy())
         notice()->setBusy(busy);
 }
 
-bool VemoTableWidget::isBusy() const
+bool VemoTableView::isBusy() const
 {
     return m_notice && m_notice->isBusy();
 }
 
-TableNotice *VemoTableWidget::notice()
+TableNotice *VemoTableView::notice()
 {
     if (!m_notice)
         m_notice = new TableNotice(m_table);
     return m_notice;
 }
 
-QByteArray VemoTableWidget::saveState() const
+QByteArray VemoTableView::saveState() const
 {
     QByteArray state;
     QDataStream stream(&state, QIODevice::WriteOnly);
@@ -201,7 +218,7 @@ QByteArray VemoTableWidget::saveState() const
     return state;
 }
 
-bool VemoTableWidget::restoreState(const QByteArray &state)
+bool VemoTableView::restoreState(const QByteArray &state)
 {
     SavedState saved;
     const int count = static_cast<int>(m_columns.m_columns.size());
@@ -217,7 +234,7 @@ bool VemoTableWidget::restoreState(const QByteArray &state)
     }
     for (int section = 0; section < count; ++section) {
         const SavedColumn &column = saved.columns[section];
-        m_table->setColumnHidden(section, column.isHidden);
+        setColumnHidden(section, column.isHidden);
         if (!column.isHidden)
             m_header->resizeSection(
                 section, truncToInt(column.width * DPIinfo::getInstance().getDPI() + 0.5));
@@ -229,12 +246,12 @@ bool VemoTableWidget::restoreState(const QByteArray &state)
     return true;
 }
 
-void VemoTableWidget::slotHeaderClicked(int section)
+void VemoTableView::slotHeaderClicked(int section)
 {
     if (!m_are_sort_requests_enabled)
         return;
     // The extra section is not a column, but QHeaderView has moved the arrow there.
-    if (section >= m_table->columnCount()) {
+    if (section >= columnCount()) {
         m_header->setSortIndicator(m_sort_column, m_sort_order);
         return;
     }
@@ -244,9 +261,9 @@ void VemoTableWidget::slotHeaderClicked(int section)
 }
 
 /// QHeaderView hides a section by a size of 0.
-void VemoTableWidget::slotColumnResized(int column, int old_size, int new_size)
+void VemoTableView::slotColumnResized(int column, int old_size, int new_size)
 {
-    if (m_is_header_leading)
+    if (m_is_header_leading || column >= columnCount())
         return;
     const bool isHidden = m_header->isSectionHidden(column);
     const bool isHiding = new_size == 0 && !isHidden;
@@ -259,37 +276,75 @@ void VemoTableWidget::slotColumnResized(int column, int old_size, int new_size)
         slotTableResized(m_table->viewport()->size());
 }
 
-void VemoTableWidget::slotSectionMoved(int section)
+void VemoTableView::slotSectionMoved(int section)
 {
-    if (section < m_table->columnCount())
+    if (section < columnCount())
         copyPlace(*m_header, m_table->horizontalHeader(), section);
 }
 
-void VemoTableWidget::slotColumnMoved(int column)
+void VemoTableView::slotColumnMoved(int column)
 {
-    copyPlace(*m_table->horizontalHeader(), m_header, column);
+    if (column < columnCount())
+        copyPlace(*m_table->horizontalHeader(), m_header, column);
 }
 
-void VemoTableWidget::slotLabelsChanged(Qt::Orientation orientation, int first, int last)
+void VemoTableView::slotLabelsChanged(Qt::Orientation orientation, int first, int last)
 {
     if (orientation != Qt::Horizontal)
         return;
-    for (int column = first; column <= last && column < m_table->columnCount(); ++column) {
-        QTableWidgetItem *label = m_header_table->horizontalHeaderItem(column);
-        const QString text = m_table->model()->headerData(column, Qt::Horizontal).toString();
-        if (label && label->text() != text)
-            label->setText(text);
+    for (int column = first; column <= last && column < columnCount(); ++column)
+        copyLabel(column);
+}
+
+void VemoTableView::copyLabel(int column)
+{
+    QTableWidgetItem *label = m_header_table->horizontalHeaderItem(column);
+    const QString text = m_table->model()->headerData(column, Qt::Horizontal).toString();
+    if (label && label->text() != text)
+        label->setText(text);
+}
+
+void VemoTableView::showLabels(const QStringList &labels)
+{
+    const int count = m_table->model() ? m_table->model()->columnCount() : 0;
+    for (int column = 0; column < columnCount() && column < count; ++column) {
+        if (labels.at(column).isEmpty())
+            copyLabel(column);
     }
 }
 
-void VemoTableWidget::slotColumnsRestored()
+/// The model has been exchanged or has another number of columns, which have Qt's sizes.
+void VemoTableView::slotColumnCountChanged()
+{
+    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
+    copyColumns();
+    setLabels();
+}
+
+void VemoTableView::copyColumns()
+{
+    QHeaderView *columns = m_table->horizontalHeader();
+    for (int column = 0; column < columns->count(); ++column) {
+        const bool isHidden = column >= columnCount() || m_header->isSectionHidden(column);
+        columns->setSectionHidden(column, isHidden);
+        if (column < columnCount())
+            columns->setSectionResizeMode(column, m_header->sectionResizeMode(column));
+        if (!isHidden)
+            columns->resizeSection(column, m_header->sectionSize(column));
+    }
+    for (int place = 0; place < columnCount(); ++place)
+        copyPlace(*m_header, columns, m_header->logicalIndex(place));
+}
+
+void VemoTableView::slotColumnsRestored()
 {
     const QHeaderView *columns = m_table->horizontalHeader();
-    for (int column = 0; column < columns->count(); ++column) {
+    const int count = qMin(columns->count(), columnCount());
+    for (int column = 0; column < count; ++column) {
         m_header->setSectionHidden(column, columns->isSectionHidden(column));
         if (!columns->isSectionHidden(column))
             m_header->resizeSection(column, columns->sectionSize(column));
     }
-    for (int place = 0; place < columns->count(); ++place)
+    for (int place = 0; place < count; ++place)
         copyPlace(*columns, m_header, columns->logicalIndex(place));
 }

@@ -1,37 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemotablewidget.h>
 
-#include "core/scaling_p.h"
-#include "views/headeraccess_p.h"
-
 #include <vemo/stylemanager.h>
 
-#include <QCoreApplication>
-#include <QHeaderView>
 #include <QResizeEvent>
-#include <QScopedValueRollback>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QVBoxLayout>
-
-namespace {
-
-// In design pixels.
-constexpr int kHeaderWidth = 20000; // wider than any table
-constexpr int kHeaderHeight = 30;
-constexpr int kRowHeight = 28;
-constexpr int kExtraWidth = 12; // above the vertical scroll bar
-
-constexpr int kDefaultWidth = 100;
-const QLatin1Char kSeparator('|');
-
-} // namespace
-
-int VemoTableColumnsInfo::addColumn(const QString &name, int width, bool proportional, double ratio)
-{
-    m_columns.push_back({name, width, proportional, ratio});
-    return static_cast<int>(m_columns.size()) - 1;
-}
 
 ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns, QWidget *parent)
     : QTableWidget(rows, columns, parent)
@@ -47,9 +19,12 @@ void ResizeSignalTableWidget::resizeEvent(QResizeEvent *event)
 }
 
 VemoTableWidget::VemoTableWidget(const VemoTableColumnsInfo &columns, QWidget *parent)
-    : QWidget(parent), m_columns(columns)
+    : VemoTableView(columns, new ResizeSignalTableWidget, parent),
+      m_items(static_cast<ResizeSignalTableWidget *>(getView()))
 {
     initailze();
+    m_items->setStyleSheet(getStyleSheet("component.table") + getStyleSheet("component.scrollbar"));
+    connect(m_items, SIGNAL(sigResized(QSize)), this, SLOT(slotTableResized(QSize)));
 }
 
 VemoTableWidget::VemoTableWidget(QWidget *parent) : VemoTableWidget(VemoTableColumnsInfo(), parent)
@@ -58,221 +33,14 @@ VemoTableWidget::VemoTableWidget(QWidget *parent) : VemoTableWidget(VemoTableCol
 
 VemoTableWidget::~VemoTableWidget() = default;
 
-void VemoTableWidget::setColumns(const VemoTableColumnsInfo &columns)
-{
-    m_columns = columns;
-    m_dragged.clear();
-    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
-    const int count = static_cast<int>(m_columns.m_columns.size());
-    m_header_table->setColumnCount(count + 1);
-    m_table->setColumnCount(count);
-    setLabels();
-    setSectionSizes();
-    slotTableResized(m_table->viewport()->size());
-}
-
-void VemoTableWidget::setColumnTexts(const QStringList &texts)
-{
-    VemoTableColumnsInfo info;
-    for (const QString &text : texts) {
-        const QStringList parts = text.split(kSeparator);
-        bool hasWidth = false;
-        const int width = parts.value(1).toInt(&hasWidth);
-        bool isProportional = false;
-        const double ratio = parts.value(2).toDouble(&isProportional);
-        info.addColumn(parts.first(), hasWidth ? width : kDefaultWidth, isProportional, ratio);
-    }
-    setColumns(info);
-}
-
-QStringList VemoTableWidget::columnTexts() const
-{
-    QStringList texts;
-    for (const auto &column : m_columns.m_columns) {
-        QString text = column.name + kSeparator + QString::number(column.width);
-        if (column.proportional)
-            text += kSeparator + QString::number(column.ratio);
-        texts << text;
-    }
-    return texts;
-}
-
-QHeaderView *VemoTableWidget::getHeader() const
-{
-    return m_header;
-}
-
 QTableWidget *VemoTableWidget::getTable() const
 {
-    return m_table;
+    return m_items;
 }
 
-void VemoTableWidget::slotTableResized(QSize size)
+void VemoTableWidget::showLabels(const QStringList &labels)
 {
-    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
-    double fixedSum = 0;
-    int index = 0;
-    for (const auto &column : m_columns.m_columns) {
-        if (!column.takesShare() && !m_header->isSectionHidden(index))
-            fixedSum += column.width;
-        ++index;
-    }
-    // Deliberate: the extra section is not subtracted.
-    const int free = truncToInt(size.width() - fixedSum * DPIinfo::getInstance().getDPI());
-    int section = 0;
-    for (const auto &column : m_columns.m_columns) {
-        const bool isKept = m_are_dragged_widths_kept && m_dragged.count(section) != 0;
-        if (column.takesShare() && !isKept) {
-            const int share = truncToInt(free * column.ratio);
-            m_header->resizeSection(section, qMax(share, scaled(column.width)));
-        }
-        ++section;
-    }
-}
-
-void VemoTableWidget::slotSectionResized(int index, int old_size, int new_size)
-{
-    // A section that is hidden or shown is resized to or from 0.
-    if (!m_is_header_leading && old_size != 0 && new_size != 0)
-        m_dragged.insert(index);
-    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
-    m_table->horizontalHeader()->resizeSection(index, new_size);
-}
-
-void VemoTableWidget::slotVerticalScrollRangeChanged(int /*min*/, int max)
-{
-    m_table->verticalScrollBar()->setVisible(max != 0);
-}
-
-void VemoTableWidget::changeEvent(QEvent *event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() != QEvent::LayoutDirectionChange)
-        return;
-    // QScrollArea only updates its widget's position when it is scrolled or on this event.
-    QEvent layoutRequest(QEvent::LayoutRequest);
-    QCoreApplication::sendEvent(m_header_scroll_area, &layoutRequest);
-}
-
-/// The header was scrolled, either by the table or by a wheel or touchpad over the header.
-void VemoTableWidget::slotHeaderScrolled(int value)
-{
-    QScrollBar *const header = m_header_scroll_area->horizontalScrollBar();
-    QScrollBar *const table = m_table->horizontalScrollBar();
-    // The header has a fixed width and may end before the table.
-    if (value == qMin(table->value(), header->maximum()))
-        return;
-    table->setValue(value);
-    header->setValue(table->value());
-}
-
-void VemoTableWidget::initailze()
-{
-    makeHeader();
-    m_table = new ResizeSignalTableWidget(0, static_cast<int>(m_columns.m_columns.size()));
-    setLabels();
-    setSectionSizes();
-    setupTable();
-    setupLayout();
-    connectParts();
-}
-
-void VemoTableWidget::makeHeader()
-{
-    const int count = static_cast<int>(m_columns.m_columns.size());
-    m_header_table = std::make_unique<QTableWidget>(0, count + 1);
-    m_header = new QHeaderView(Qt::Horizontal);
-    m_header->setModel(m_header_table->model());
-    m_header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    m_header->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_header->setStyleSheet(getStyleSheet("component.table_header"));
-    m_header->setFixedSize(scaled(kHeaderWidth), scaled(kHeaderHeight));
-}
-
-void VemoTableWidget::setLabels()
-{
-    QStringList labels;
-    for (const auto &column : m_columns.m_columns)
-        labels << column.name;
-    labels << QString();
-    m_header_table->setHorizontalHeaderLabels(labels);
+    m_items->setColumnCount(labels.size() - 1);
     // Screen readers take the names of the columns from the table itself.
-    m_table->setHorizontalHeaderLabels(labels);
-}
-
-void VemoTableWidget::setSectionSizes()
-{
-    QHeaderView *const labels = m_header_table->horizontalHeader();
-    QHeaderView *const columns = m_table->horizontalHeader();
-
-    int narrowest = scaled(kExtraWidth);
-    for (const auto &column : m_columns.m_columns)
-        narrowest = qMin(narrowest, scaled(column.width));
-    // The style's default minimum is wider than a column may be.
-    for (QHeaderView *header : {m_header, labels, columns})
-        header->setMinimumSectionSize(qMax(narrowest, 0));
-
-    int section = 0;
-    for (const auto &column : m_columns.m_columns) {
-        const auto mode = column.proportional ? QHeaderView::Interactive : QHeaderView::Fixed;
-        for (QHeaderView *header : {m_header, labels, columns})
-            header->resizeSection(section, scaled(column.width));
-        for (QHeaderView *header : {m_header, columns})
-            header->setSectionResizeMode(section, mode);
-        ++section;
-    }
-    m_header->resizeSection(section, scaled(kExtraWidth));
-    labels->resizeSection(section, scaled(kExtraWidth));
-    m_header->setSectionResizeMode(section, QHeaderView::Fixed);
-}
-
-void VemoTableWidget::setupTable()
-{
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->setTabKeyNavigation(false); // Tab leaves the table; arrows move inside
-    m_table->verticalHeader()->hide();
-    m_table->horizontalHeader()->hide();
-    m_table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    m_table->verticalScrollBar()->hide();
-    m_table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_table->verticalHeader()->setDefaultSectionSize(scaled(kRowHeight));
-    m_table->setStyleSheet(getStyleSheet("component.table") + getStyleSheet("component.scrollbar"));
-    m_table->setShowGrid(false);
-}
-
-void VemoTableWidget::setupLayout()
-{
-    m_header_scroll_area = new QScrollArea;
-    m_header_scroll_area->setFixedHeight(scaled(kHeaderHeight));
-    m_header_scroll_area->setFocusPolicy(Qt::NoFocus);
-    m_header_scroll_area->setWidget(m_header);
-    m_header_scroll_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_header_scroll_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_header_scroll_area->setStyleSheet(QStringLiteral("QScrollArea { border: none; }"));
-
-    auto *layout = new QVBoxLayout(this);
-    layout->setSpacing(0);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_header_scroll_area);
-    layout->addWidget(m_table);
-    makeHeaderAccessible(m_header);
-}
-
-void VemoTableWidget::connectParts()
-{
-    // Without spaces, Qt need not normalise the signatures when connecting.
-    // clang-format off
-    connect(m_header, SIGNAL(sectionResized(int,int,int)),
-        this, SLOT(slotSectionResized(int,int,int)));
-    connect(m_table->verticalScrollBar(), SIGNAL(rangeChanged(int,int)),
-        this, SLOT(slotVerticalScrollRangeChanged(int,int)));
-    connect(m_table->horizontalScrollBar(), SIGNAL(valueChanged(int)),
-        m_header_scroll_area->horizontalScrollBar(), SLOT(setValue(int)));
-    connect(m_header_scroll_area->horizontalScrollBar(), SIGNAL(valueChanged(int)),
-        this, SLOT(slotHeaderScrolled(int)));
-    connect(m_table, SIGNAL(sigResized(QSize)), this, SLOT(slotTableResized(QSize)));
-    // clang-format on
-    connectColumns();
+    m_items->setHorizontalHeaderLabels(labels);
 }

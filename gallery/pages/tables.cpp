@@ -5,8 +5,10 @@
 
 #include <vemo/dpiinfo.h>
 #include <vemo/imagemanager.h>
+#include <vemo/vemotableview.h>
 #include <vemo/vemotablewidget.h>
 
+#include <QAbstractTableModel>
 #include <QHeaderView>
 
 namespace {
@@ -92,15 +94,58 @@ VemoTableWidget *wideTable()
     return finished(widget, "Many columns", kFewRows);
 }
 
-VemoTableWidget *busyTable()
+/// Numbers and their squares.
+class Squares : public QAbstractTableModel
+{
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    int rowCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : 1'000'000;
+    }
+    int columnCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : 2;
+    }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        const qint64 number = index.row() + 1;
+        return role == Qt::DisplayRole ? QVariant(index.column() == 0 ? number : number * number)
+                                       : QVariant();
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override
+    {
+        if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+            return {};
+        return demo(section == 0 ? "number" : "square");
+    }
+};
+
+VemoTableView *longTable()
 {
     VemoTableColumnsInfo columns;
-    columns.addColumn(demo("name"), 160, true, 1.0);
-    columns.addColumn(demo("size"), 112, false, 0.0);
-    auto *widget = new VemoTableWidget(columns, nullptr);
+    columns.addColumn(demo("number"), 160, true, 0.5);
+    columns.addColumn(demo("square"), 160, true, 0.5);
+    auto *table = new VemoTableView(columns);
+    table->setModel(new Squares(table));
+    table->setColumnAlignment(0, Qt::AlignLeft | Qt::AlignVCenter);
+    table->setColumnAlignment(1, Qt::AlignLeft | Qt::AlignVCenter);
+    table->getView()->scrollTo(table->model()->index(499'999, 0));
+    table->getView()->selectRow(499'999);
+    table->getView()->setAccessibleName("A million squares");
+    table->setFixedHeight(DPIinfo::scaled(kFewRows));
+    return table;
+}
+
+VemoTableWidget *busyTable()
+{
+    VemoTableWidget *widget = fileTable();
+    widget->getTable()->setRowCount(2);
+    widget->getTable()->setAccessibleName("Busy");
     widget->setBusyText(demo("copying"));
     widget->setBusy(true);
-    return finished(widget, "Busy", kFewRows);
+    return widget;
 }
 
 VemoTableWidget *disabledTable()
@@ -134,6 +179,11 @@ files->getHeader()->setSortIndicatorShown(true);
 connect(files->getHeader(), &QHeaderView::sortIndicatorChanged, this, &MainWindow::sort);)");
     page.addSection("More columns than fit", "The header scrolls sideways with the table.");
     page.add(wideTable());
+    page.addSection("A million rows",
+        "VemoTableView shows a model of the host and only reads the rows that are visible.");
+    page.add(longTable());
+    page.addCode(R"(auto *squares = new VemoTableView(columns, this);
+squares->setModel(model);)");
     page.addSection("Busy", "While the rows are read, a bar moves at their top.");
     page.add(busyTable());
     page.addCode(R"(files->setBusyText("Copying …"); // while there are no rows

@@ -177,6 +177,7 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoCalanderView.selectedDate", QDate(2024, 3, 7));
     row("VemoTreeWidget.selectedColor", QColor(220, 235, 251));
     row("VemoTreeWidget.hoverColor", QColor(238, 243, 248));
+    row("VemoTableView.columnTexts", QStringList({"Name|120|0.5", "Size|80"}));
     row("VemoTableWidget.columnTexts", QStringList({"Name|120|0.5", "Kind|90|0", "Size|80"}));
     row("VemoPagingBar.rowLimit", 20);
     row("VemoPagingBar.itemCount", 500);

@@ -27,6 +27,7 @@
 #include <vemo/vemopagingmodel.h>
 #include <vemo/vemoradiobutton.h>
 #include <vemo/vemosheet.h>
+#include <vemo/vemotableview.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotimecombobox.h>
 #include <vemo/vemotreewidget.h>
@@ -38,6 +39,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStringListModel>
 #include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QToolBar>
@@ -118,6 +120,15 @@ QWidget *makeTable(QWidget *parent)
     columns.addColumn(QStringLiteral("Size"), 80, false, 0.0);
     auto *table = new VemoTableWidget(columns, parent);
     fill(table->getTable());
+    return table;
+}
+
+QWidget *makeTableView(QWidget *parent)
+{
+    VemoTableColumnsInfo columns;
+    columns.addColumn(QStringLiteral("Name"), 120, true, 1.0);
+    auto *table = new VemoTableView(columns, parent);
+    table->setModel(new QStringListModel({"a", "b", "c"}, table));
     return table;
 }
 
@@ -260,6 +271,7 @@ std::vector<WidgetKind> composites()
         {"VemoCountdownMessageBox", make<VemoCountdownMessageBox>, make<QMessageBox>},
         {"VemoPagingBar", makePagingBar, make<QToolBar>},
         {"VemoTableWidget", makeTable, makeStockTable},
+        {"VemoTableView", makeTableView, makeStockTable},
         {"VemoTreeWidget", makeVemoTree, makeTree<QTreeWidget, QTreeWidgetItem>},
         {"VemoButtonPath", makePath, makeStockTable},
         {"VemoFilterBar", makeFilter, make<QLineEdit>},
