@@ -165,30 +165,34 @@ std::unique_ptr<QTableView> stockView()
     return view;
 }
 
-/// Shows a widget with the rows of its model, painted.
-int shown(QWidget &widget)
+void show(QWidget &widget)
 {
     widget.resize(900, 700);
     widget.show();
     process();
-    return widget.width();
 }
 
 void modelFill(bench::Case &c)
 {
     bench::useTheme();
     const auto cells = std::make_shared<Cells>();
-    c.goal(1.1, 1.0);
-    c.reference(QStringLiteral("QTableView"), [cells] {
-        const auto view = stockView();
-        view->setModel(cells.get());
-        return shown(*view);
-    });
-    c.ours([cells] {
-        VemoTableView table(equalColumns(kModelColumns));
+    const std::shared_ptr<QTableView> stock = stockView();
+    const auto ours = std::make_shared<VemoTableView>(equalColumns(kModelColumns));
+    show(*stock);
+    show(*ours);
+    const auto filled = [cells](auto &table) {
         table.setModel(cells.get());
-        return shown(table);
-    });
+        process();
+        return table.model()->rowCount();
+    };
+    const auto emptied = [](auto &table) {
+        table.setModel(nullptr);
+        process();
+    };
+    c.goal(1.1, 1.0);
+    c.reference(
+        QStringLiteral("QTableView"), [=] { return filled(*stock); }, [=] { emptied(*stock); });
+    c.ours([=] { return filled(*ours); }, [=] { emptied(*ours); });
 }
 
 /// One frame further down, or from the start again.
@@ -208,8 +212,8 @@ void modelScroll(bench::Case &c)
     const auto ours = std::make_shared<VemoTableView>(equalColumns(kModelColumns));
     stock->setModel(cells.get());
     ours->setModel(cells.get());
-    shown(*stock);
-    shown(*ours);
+    show(*stock);
+    show(*ours);
     c.goal(1.1, 1.0);
     // The views are deleted before their model.
     c.reference(QStringLiteral("QTableView"), [cells, stock] { return scrolled(*stock); });
