@@ -35,7 +35,8 @@ const std::vector<PageEntry> &pages()
         {"Paging", "VemoPagingBar VemoPagingModel PagingFooterInfo page list footer refresh",
             buildPagingPage},
         {"Table",
-            "VemoTableWidget VemoTableView VemoTableColumnsInfo ResizeSignalTableWidget header columns rows "
+            "VemoTableWidget VemoTableView VemoTableColumnsInfo ResizeSignalTableWidget header "
+            "columns rows "
             "sort",
             buildTablesPage},
         {"Tree",

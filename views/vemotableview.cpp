@@ -54,7 +54,8 @@ int VemoTableColumnsInfo::addColumn(const QString &name, int width, bool proport
     return static_cast<int>(m_columns.size()) - 1;
 }
 
-VemoTableView::VemoTableView(const VemoTableColumnsInfo &columns, QTableView *table, QWidget *parent)
+VemoTableView::VemoTableView(
+    const VemoTableColumnsInfo &columns, QTableView *table, QWidget *parent)
     : QWidget(parent), m_columns(columns), m_table(table)
 {
 }

@@ -159,10 +159,9 @@ void VemoTableViewTest::looksLikeATableWidget_data()
         const QByteArray suffix = direction == Qt::LeftToRight ? "" : ", right to left";
         addRow("at rest" + suffix, direction, Change([](VemoTableView &) {}));
         addRow("hover" + suffix, direction, Change(hover));
-        addRow("selected" + suffix, direction,
-            Change([](VemoTableView &table) {
-                table.getView()->setCurrentIndex(table.model()->index(1, 0));
-            }));
+        addRow("selected" + suffix, direction, Change([](VemoTableView &table) {
+            table.getView()->setCurrentIndex(table.model()->index(1, 0));
+        }));
         addRow("disabled" + suffix, direction, Change([](VemoTableView &table) {
             table.getView()->setCurrentIndex(table.model()->index(1, 0));
             table.setEnabled(false);
@@ -405,8 +404,8 @@ void VemoTableViewTest::assistiveToolsGetAColumnForEachCaption()
     QCOMPARE(cells->rowCount(), kManyRows);
     QCOMPARE(cells->columnCount(), 3);
     QCOMPARE(cells->columnDescription(1), QString("Model 1"));
-    QCOMPARE(
-        cells->cellAt(kManyRows - 1, 2)->text(QAccessible::Name), QString("%1.2").arg(kManyRows - 1));
+    QCOMPARE(cells->cellAt(kManyRows - 1, 2)->text(QAccessible::Name),
+        QString("%1.2").arg(kManyRows - 1));
 }
 
 void VemoTableViewTest::movesByKeyboard_data()
