@@ -6,6 +6,7 @@
 
 #include <vemo/dpiinfo.h>
 
+#include <QEvent>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
@@ -21,12 +22,39 @@ constexpr int kGap = 16;
 constexpr int kRowGap = 12;
 constexpr int kTextGap = 4;
 
-QLabel *newLabel(const char *name, const QString &text)
+/// A label that begins at the side where the window's lines begin. QLabel goes by the text instead,
+/// so that English stays on the left in a window from right to left.
+class DirectedLabel : public QLabel
 {
-    auto *label = new QLabel(text);
+public:
+    explicit DirectedLabel(const QString &text) : QLabel(text) { align(); }
+
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::LayoutDirectionChange)
+            align();
+    }
+
+private:
+    void align()
+    {
+        const Qt::Alignment side = isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft;
+        setAlignment(side | Qt::AlignAbsolute | Qt::AlignVCenter);
+    }
+};
+
+QLabel *named(const char *name, QLabel *label)
+{
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     return label;
+}
+
+QLabel *newLabel(const char *name, const QString &text)
+{
+    return named(name, new DirectedLabel(text));
 }
 
 QLabel *newParagraph(const char *name, const QString &text)
@@ -127,7 +155,7 @@ void Page::addTable(const QStringList &captions, const QList<QList<QWidget *>> &
 
 void Page::addCode(const QString &code)
 {
-    QLabel *block = newLabel("code", code.trimmed());
+    QLabel *block = named("code", new QLabel(code.trimmed())); // Always from left to right.
     QFont mono("monospace");
     mono.setFamilies({"monospace"}); // Those of the application's font would come first.
     mono.setStyleHint(QFont::Monospace);

@@ -54,9 +54,16 @@ sheet->open([=](int result) {
 });)");
 }
 
+/// Keeps Tab in the sheet. There is no other widget to go to than its button.
+class SheetContent : public QWidget
+{
+protected:
+    bool focusNextPrevChild(bool) override { return true; }
+};
+
 VemoSheet *newOwnSheet(QWidget *window)
 {
-    auto *content = new QWidget;
+    auto *content = new SheetContent;
     auto *column = new QVBoxLayout(content);
     column->addWidget(new VemoLabel(demo("any_widget")));
     auto *close = new VemoButton(demo("close"), VemoButton::APPLY);

@@ -62,6 +62,19 @@ struct Gallery
     QStackedWidget *stack = window.findChild<QStackedWidget *>();
 };
 
+/// Whether something dark is painted in part.
+bool hasInk(const QImage &picture, const QRect &part)
+{
+    constexpr int kInk = 100; // grey
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        for (int x = part.left(); x <= part.right(); ++x) {
+            if (qGray(picture.pixel(x, y)) < kInk)
+                return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 class GalleryWindowTest : public VemoTest
@@ -90,6 +103,8 @@ private Q_SLOTS:
     void specimensOfARowAreInLine();
     void growsUntilNothingIsCutOff_data();
     void growsUntilNothingIsCutOff();
+    void textsBeginAtTheWindowsSide_data();
+    void textsBeginAtTheWindowsSide();
     void codeCanBeSelected();
     void theFocusedEntryIsMarked();
     void everyControlHasANameForScreenReaders_data();
@@ -303,6 +318,38 @@ void GalleryWindowTest::growsUntilNothingIsCutOff()
     QCOMPARE(area->horizontalScrollBar()->maximum(), 0);
     QCOMPARE(area->verticalScrollBar()->maximum(), 0);
     QVERIFY(area->widget()->height() >= area->widget()->minimumSizeHint().height());
+}
+
+void GalleryWindowTest::textsBeginAtTheWindowsSide_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isOnTheLeft");
+    for (const char *const name : {"pageTitle", "pageSummary", "sectionCaption", "sectionText"}) {
+        QTest::addRow("%s, left to right", name) << Qt::LeftToRight << QString(name) << true;
+        QTest::addRow("%s, right to left", name) << Qt::RightToLeft << QString(name) << false;
+    }
+    QTest::newRow("code, right to left") << Qt::RightToLeft << "code" << true;
+}
+
+void GalleryWindowTest::textsBeginAtTheWindowsSide()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    QFETCH(QString, name);
+    QFETCH(bool, isOnTheLeft);
+    Gallery gallery("Fields");
+    gallery.window.setLayoutDirection(direction);
+    auto *label = gallery.stack->currentWidget()->findChild<QLabel *>(name);
+    QVERIFY(label);
+    label->setText("Short");
+    QCoreApplication::sendPostedEvents();
+    const QImage picture = label->grab().toImage();
+    // Half of a label that is much wider than its text.
+    const QRect left(0, 0, picture.width() / 2, picture.height());
+    const QRect right = left.translated(picture.width() - left.width(), 0);
+    QVERIFY(label->width() > 300);
+    QCOMPARE(hasInk(picture, left), isOnTheLeft);
+    QCOMPARE(hasInk(picture, right), !isOnTheLeft);
 }
 
 void GalleryWindowTest::codeCanBeSelected()
