@@ -2,6 +2,7 @@
 #include "theme/stockstyle_p.h"
 
 #include "core/scaling_p.h"
+#include "theme/mirroredparts_p.h"
 #include "theme/rangepainter_p.h"
 
 #include <vemo/defaulttheme.h>
@@ -163,7 +164,8 @@ bool showsOurPictures(const QWidget *widget)
 
 } // namespace
 
-StockStyle::StockStyle() : QProxyStyle(QStringLiteral("fusion"))
+StockStyle::StockStyle()
+    : QProxyStyle(QStringLiteral("fusion")), m_mirroredParts(new MirroredParts(this))
 {
     setObjectName(QStringLiteral("fusion"));
 }
@@ -180,6 +182,14 @@ void StockStyle::polish(QWidget *widget)
             pixelMetric(PM_HeaderDefaultSectionSizeVertical));
     else if (isExactly<QCalendarWidget>(widget))
         removeWeekendRed(static_cast<QCalendarWidget *>(widget));
+    else if (MirroredParts::isFor(widget))
+        widget->installEventFilter(m_mirroredParts);
+}
+
+void StockStyle::unpolish(QWidget *widget)
+{
+    widget->removeEventFilter(m_mirroredParts);
+    QProxyStyle::unpolish(widget);
 }
 
 int StockStyle::pixelMetric(

@@ -17,6 +17,8 @@ public:
 
     using QProxyStyle::polish;
     void polish(QWidget *widget) override;
+    using QProxyStyle::unpolish;
+    void unpolish(QWidget *widget) override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
         const QWidget *widget = nullptr) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
@@ -29,4 +31,7 @@ public:
         const QWidget *widget = nullptr) const override;
     QIcon standardIcon(StandardPixmap standardIcon, const QStyleOption *option = nullptr,
         const QWidget *widget = nullptr) const override;
+
+private:
+    QObject *m_mirroredParts;
 };

@@ -60,6 +60,8 @@ private Q_SLOTS:
     void initTestCase();
     void fieldsAndButtonsAreOfOneHeight_data();
     void fieldsAndButtonsAreOfOneHeight();
+    void textBeginsAtTheEdgeInEitherDirection_data();
+    void textBeginsAtTheEdgeInEitherDirection();
     void aSubclassIsLeftAlone();
     void aHeightOfTheHostStays();
     void rowsFilledBeforeTheViewIsShownHaveTheirHeight();
@@ -96,6 +98,30 @@ void StockStyleTest::fieldsAndButtonsAreOfOneHeight()
     const QScopedPointer<QWidget> widget(make());
     widget->ensurePolished();
     QCOMPARE(widget->sizeHint().height(), kField);
+}
+
+void StockStyleTest::textBeginsAtTheEdgeInEitherDirection_data()
+{
+    QTest::addColumn<NewWidget>("make");
+    QTest::newRow("QSpinBox") << NewWidget(newWidget<QSpinBox>);
+    QTest::newRow("QDoubleSpinBox") << NewWidget(newWidget<QDoubleSpinBox>);
+    QTest::newRow("QDateEdit") << NewWidget(newWidget<QDateEdit>);
+    QTest::newRow("QTimeEdit") << NewWidget(newWidget<QTimeEdit>);
+    QTest::newRow("QDateTimeEdit") << NewWidget(newWidget<QDateTimeEdit>);
+}
+
+void StockStyleTest::textBeginsAtTheEdgeInEitherDirection()
+{
+    QFETCH(NewWidget, make);
+    const QScopedPointer<QWidget> widget(make());
+    const auto *text = widget->findChild<QLineEdit *>();
+    QVERIFY(text);
+    widget->resize(200, kField);
+    widget->show();
+    const int inset = text->x();
+    widget->setLayoutDirection(Qt::RightToLeft);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(widget->width() - text->x() - text->width(), inset);
 }
 
 void StockStyleTest::aSubclassIsLeftAlone()
