@@ -108,8 +108,8 @@ void LocalPeerTest::doesNothingBeforeItIsAsked()
 void LocalPeerTest::takesThePrimaryRoleWhenAsked_data()
 {
     QTest::addColumn<bool>("bySending");
-    QTest::newRow("by isClient") << false;
-    QTest::newRow("by sendMessage") << true;
+    addRow("by isClient", false);
+    addRow("by sendMessage", true);
 }
 
 void LocalPeerTest::takesThePrimaryRoleWhenAsked()
@@ -144,16 +144,14 @@ void LocalPeerTest::answersAMessageWithAck_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("message");
-    QTest::newRow("plain") << QByteArray("\0\0\0\x05hello", 9) << "hello";
-    QTest::newRow("empty") << QByteArray("\0\0\0\0", 4) << "";
-    QTest::newRow("big-endian") << QByteArray("\0\0\x01\x02", 4) + QByteArray(258, 'x')
-                                << QString(258, 'x');
-    QTest::newRow("UTF-8") << QByteArray("\0\0\0\x0b\xc3\x9f\xe5\xa4\xa7\xf0\x9f\x98\x80\0!", 15)
-                           << QString::fromUtf8("ß大😀") + QChar(QChar::Null) + QLatin1Char('!');
-    QTest::newRow("8 MiB") << QByteArray("\0\x80\0\0", 4) + QByteArray(8388608, 'y')
-                           << QString(8388608, 'y');
-    QTest::newRow("16 MiB") << QByteArray("\x01\0\0\0", 4) + QByteArray(16777216, 'z')
-                            << QString(16777216, 'z');
+    addRow("plain", QByteArray("\0\0\0\x05hello", 9), "hello");
+    addRow("empty", QByteArray("\0\0\0\0", 4), "");
+    addRow("big-endian", QByteArray("\0\0\x01\x02", 4) + QByteArray(258, 'x'), QString(258, 'x'));
+    addRow("UTF-8", QByteArray("\0\0\0\x0b\xc3\x9f\xe5\xa4\xa7\xf0\x9f\x98\x80\0!", 15),
+        QString::fromUtf8("ß大😀") + QChar(QChar::Null) + QLatin1Char('!'));
+    addRow("8 MiB", QByteArray("\0\x80\0\0", 4) + QByteArray(8388608, 'y'), QString(8388608, 'y'));
+    addRow(
+        "16 MiB", QByteArray("\x01\0\0\0", 4) + QByteArray(16777216, 'z'), QString(16777216, 'z'));
 }
 
 void LocalPeerTest::answersAMessageWithAck()
@@ -227,12 +225,11 @@ void LocalPeerTest::sendsTheCountAndTheText_data()
 {
     QTest::addColumn<QString>("message");
     QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("plain") << "hello" << QByteArray("\0\0\0\x05hello", 9);
-    QTest::newRow("empty") << "" << QByteArray("\0\0\0\0", 4);
-    QTest::newRow("UTF-8") << QString::fromUtf8("ß大😀")
-                           << QByteArray("\0\0\0\x09\xc3\x9f\xe5\xa4\xa7\xf0\x9f\x98\x80", 13);
-    QTest::newRow("big-endian") << QString(258, 'x')
-                                << QByteArray("\0\0\x01\x02", 4) + QByteArray(258, 'x');
+    addRow("plain", "hello", QByteArray("\0\0\0\x05hello", 9));
+    addRow("empty", "", QByteArray("\0\0\0\0", 4));
+    addRow("UTF-8", QString::fromUtf8("ß大😀"),
+        QByteArray("\0\0\0\x09\xc3\x9f\xe5\xa4\xa7\xf0\x9f\x98\x80", 13));
+    addRow("big-endian", QString(258, 'x'), QByteArray("\0\0\x01\x02", 4) + QByteArray(258, 'x'));
 }
 
 void LocalPeerTest::sendsTheCountAndTheText()
@@ -261,12 +258,12 @@ void LocalPeerTest::succeedsOnlyAfterTheAnswer_data()
     QTest::addColumn<QByteArray>("answer");
     QTest::addColumn<bool>("isClosing");
     QTest::addColumn<QByteArray>("result");
-    QTest::newRow("answer") << QByteArray("ack") << false << QByteArray("sent");
-    QTest::newRow("answer and end") << QByteArray("ack") << true << QByteArray("sent");
-    QTest::newRow("another answer") << QByteArray("nak") << false << QByteArray("failed");
-    QTest::newRow("part of an answer") << QByteArray("ac") << true << QByteArray("failed");
-    QTest::newRow("end without answer") << QByteArray() << true << QByteArray("failed");
-    QTest::newRow("silence") << QByteArray() << false << QByteArray("failed");
+    addRow("answer", QByteArray("ack"), false, QByteArray("sent"));
+    addRow("answer and end", QByteArray("ack"), true, QByteArray("sent"));
+    addRow("another answer", QByteArray("nak"), false, QByteArray("failed"));
+    addRow("part of an answer", QByteArray("ac"), true, QByteArray("failed"));
+    addRow("end without answer", QByteArray(), true, QByteArray("failed"));
+    addRow("silence", QByteArray(), false, QByteArray("failed"));
 }
 
 void LocalPeerTest::succeedsOnlyAfterTheAnswer()
@@ -304,9 +301,9 @@ void LocalPeerTest::letItWait(ChildInstance *sender)
 void LocalPeerTest::waitsForAPrimaryThatIsNotThereYet_data()
 {
     QTest::addColumn<QByteArray>("timeout");
-    QTest::newRow("-1") << QByteArray("-1");
-    QTest::newRow("-2") << QByteArray("-2");
-    QTest::newRow("the lowest number") << QByteArray::number(std::numeric_limits<int>::min());
+    addRow("-1", QByteArray("-1"));
+    addRow("-2", QByteArray("-2"));
+    addRow("the lowest number", QByteArray::number(std::numeric_limits<int>::min()));
 }
 
 void LocalPeerTest::waitsForAPrimaryThatIsNotThereYet()

@@ -85,9 +85,9 @@ private Q_SLOTS:
 void PeerFilesTest::areOpenToTheUserAlone_data()
 {
     QTest::addColumn<int>("mask");
-    QTest::newRow("usual mask") << 0022;
-    QTest::newRow("no mask") << 0000;
-    QTest::newRow("everything masked") << 0777;
+    addRow("usual mask", 0022);
+    addRow("no mask", 0000);
+    addRow("everything masked", 0777);
 }
 
 void PeerFilesTest::areOpenToTheUserAlone()
@@ -125,8 +125,8 @@ void PeerFilesTest::areTakenOverFromAKilledPrimary()
 void PeerFilesTest::replaceWhatIsOfNoUse_data()
 {
     QTest::addColumn<Preparation>("prepare");
-    QTest::newRow("a socket that nobody listens at") << Preparation(leaveSocket);
-    QTest::newRow("an ordinary file") << Preparation(writeFile);
+    addRow("a socket that nobody listens at", Preparation(leaveSocket));
+    addRow("an ordinary file", Preparation(writeFile));
 }
 
 void PeerFilesTest::replaceWhatIsOfNoUse()
@@ -163,18 +163,18 @@ void PeerFilesTest::refusesALockThatIsNotItsOwn_data()
 {
     QTest::addColumn<Preparation>("prepare");
     QTest::addColumn<QString>("why");
-    QTest::newRow("symbolic link")
-        << Preparation([](const QByteArray &path) { symlink("/dev/null", path.constData()); })
-        << "it is a symbolic link";
-    QTest::newRow("folder") << Preparation([](const QByteArray &path) {
-        mkdir(path.constData(), 0700);
-    }) << "it is not a file";
+    addRow("symbolic link",
+        Preparation([](const QByteArray &path) { symlink("/dev/null", path.constData()); }),
+        "it is a symbolic link");
+    addRow("folder", Preparation([](const QByteArray &path) { mkdir(path.constData(), 0700); }),
+        "it is not a file");
     if (geteuid() != 0)
         return; // Only root can give a file away.
-    QTest::newRow("another user's") << Preparation([](const QByteArray &path) {
+    addRow("another user's", Preparation([](const QByteArray &path) {
         writeFile(path);
         giveToAnother(path);
-    }) << "it belongs to another user";
+    }),
+        "it belongs to another user");
 }
 
 void PeerFilesTest::refusesALockThatIsNotItsOwn()
@@ -197,33 +197,35 @@ void PeerFilesTest::refusesASocketThatIsNotItsOwn_data()
 {
     QTest::addColumn<Preparation>("prepare");
     QTest::addColumn<QString>("why");
-    QTest::newRow("symbolic link to a socket") << Preparation([](const QByteArray &path) {
+    addRow("symbolic link to a socket", Preparation([](const QByteArray &path) {
         leaveSocket(path + 't');
         symlink((path + 't').constData(), path.constData());
-    }) << "it is a symbolic link";
-    QTest::newRow("symbolic link to nothing")
-        << Preparation([](const QByteArray &path) { symlink("/nowhere/at/all", path.constData()); })
-        << "it is a symbolic link";
-    QTest::newRow("folder") << Preparation([](const QByteArray &path) {
-        mkdir(path.constData(), 0700);
-    }) << "it is not a socket";
-    QTest::newRow("pipe") << Preparation([](const QByteArray &path) {
-        mkfifo(path.constData(), 0600);
-    }) << "it is not a socket";
-    QTest::newRow("file with a second name") << Preparation([](const QByteArray &path) {
+    }),
+        "it is a symbolic link");
+    addRow("symbolic link to nothing",
+        Preparation([](const QByteArray &path) { symlink("/nowhere/at/all", path.constData()); }),
+        "it is a symbolic link");
+    addRow("folder", Preparation([](const QByteArray &path) { mkdir(path.constData(), 0700); }),
+        "it is not a socket");
+    addRow("pipe", Preparation([](const QByteArray &path) { mkfifo(path.constData(), 0600); }),
+        "it is not a socket");
+    addRow("file with a second name", Preparation([](const QByteArray &path) {
         writeFile(path);
         QCOMPARE(link(path.constData(), (path + 't').constData()), 0);
-    }) << "it has a second name";
+    }),
+        "it has a second name");
     if (geteuid() != 0)
         return; // Only root can give a file away.
-    QTest::newRow("another user's") << Preparation([](const QByteArray &path) {
+    addRow("another user's", Preparation([](const QByteArray &path) {
         leaveSocket(path);
         giveToAnother(path);
-    }) << "it belongs to another user";
-    QTest::newRow("another user's file") << Preparation([](const QByteArray &path) {
+    }),
+        "it belongs to another user");
+    addRow("another user's file", Preparation([](const QByteArray &path) {
         writeFile(path);
         giveToAnother(path);
-    }) << "it belongs to another user";
+    }),
+        "it belongs to another user");
 }
 
 void PeerFilesTest::refusesASocketThatIsNotItsOwn()
@@ -298,9 +300,9 @@ void PeerFilesTest::areRestoredByALivingPrimary_data()
 {
     QTest::addColumn<bool>("socket");
     QTest::addColumn<bool>("lock");
-    QTest::newRow("socket") << true << false;
-    QTest::newRow("lock") << false << true;
-    QTest::newRow("both") << true << true;
+    addRow("socket", true, false);
+    addRow("lock", false, true);
+    addRow("both", true, true);
 }
 
 void PeerFilesTest::areRestoredByALivingPrimary()
@@ -365,8 +367,8 @@ void PeerFilesTest::areNotRestoredAfterUnlock()
 void PeerFilesTest::belongToTheSuccessorWhenThePredecessorEnds_data()
 {
     QTest::addColumn<bool>("isUnlocking");
-    QTest::newRow("after unlock") << true;
-    QTest::newRow("after its files were removed") << false;
+    addRow("after unlock", true);
+    addRow("after its files were removed", false);
 }
 
 void PeerFilesTest::belongToTheSuccessorWhenThePredecessorEnds()

@@ -64,8 +64,8 @@ void QtSingleApplicationTest::hasTheIdThatItWasGiven_data()
 {
     QTest::addColumn<QString>("id");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("chosen") << "Vemo/Große 大 1" << QString::fromUtf8("Vemo/Große 大 1");
-    QTest::newRow("empty") << "" << QCoreApplication::applicationFilePath();
+    addRow("chosen", "Vemo/Große 大 1", QString::fromUtf8("Vemo/Große 大 1"));
+    addRow("empty", "", QCoreApplication::applicationFilePath());
 }
 
 void QtSingleApplicationTest::hasTheIdThatItWasGiven()
@@ -114,9 +114,9 @@ void QtSingleApplicationTest::becomesPrimaryByInitialize()
 void QtSingleApplicationTest::handsMessagesToThePrimary_data()
 {
     QTest::addColumn<QString>("message");
-    QTest::newRow("plain") << "open a.txt";
-    QTest::newRow("empty") << "";
-    QTest::newRow("Unicode") << QString::fromUtf8("Größe 大小 😀");
+    addRow("plain", "open a.txt");
+    addRow("empty", "");
+    addRow("Unicode", QString::fromUtf8("Größe 大小 😀"));
 }
 
 void QtSingleApplicationTest::handsMessagesToThePrimary()
@@ -164,13 +164,13 @@ void QtSingleApplicationTest::showsTheWindowBeforeTheMessage_data()
     QTest::addColumn<Qt::WindowStates>("before");
     QTest::addColumn<Qt::WindowStates>("after");
     const Qt::WindowStates none = Qt::WindowNoState;
-    QTest::newRow("open") << none << none;
-    QTest::newRow("minimised") << Qt::WindowStates(Qt::WindowMinimized) << none;
+    addRow("open", none, none);
+    addRow("minimised", Qt::WindowStates(Qt::WindowMinimized), none);
     // A window manager may report a combination of two states later.
     if (QGuiApplication::platformName() != QLatin1String("offscreen"))
         return;
-    QTest::newRow("maximised and minimised")
-        << (Qt::WindowMaximized | Qt::WindowMinimized) << Qt::WindowStates(Qt::WindowMaximized);
+    addRow("maximised and minimised", (Qt::WindowMaximized | Qt::WindowMinimized),
+        Qt::WindowStates(Qt::WindowMaximized));
 }
 
 void QtSingleApplicationTest::showsTheWindowBeforeTheMessage()
@@ -242,9 +242,9 @@ void QtSingleApplicationTest::survivesWhatAMessageSetsOff_data()
     QTest::addColumn<QByteArray>("slot");
     QTest::addColumn<QStringList>("notes");
     const QStringList both {QStringLiteral("one"), QStringLiteral("two")};
-    QTest::newRow("unlock") << QByteArray(SLOT(unlock(QString))) << QStringList("one");
-    QTest::newRow("an event loop") << QByteArray(SLOT(runEventLoop(QString))) << both;
-    QTest::newRow("the window's end") << QByteArray(SLOT(deleteWindow(QString))) << both;
+    addRow("unlock", QByteArray(SLOT(unlock(QString))), QStringList("one"));
+    addRow("an event loop", QByteArray(SLOT(runEventLoop(QString))), both);
+    addRow("the window's end", QByteArray(SLOT(deleteWindow(QString))), both);
 }
 
 void QtSingleApplicationTest::survivesWhatAMessageSetsOff()

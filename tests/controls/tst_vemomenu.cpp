@@ -93,34 +93,29 @@ void VemoMenuTest::placesItselfInTheAvailableArea_data()
     const QSize small(120, 80);
     const int right = a.right() - small.width();
     const int bottom = a.bottom() - small.height();
-    QTest::newRow("inside") << QPoint(kInside, kInside) << small << QPoint(kInside, kInside);
-    QTest::newRow("left of it") << QPoint(a.left() - 5, kInside) << small << QPoint(0, kInside);
-    QTest::newRow("far left of it") << QPoint(-5000, kInside) << small << QPoint(0, kInside);
-    QTest::newRow("above it") << QPoint(kInside, a.top() - 5) << small << QPoint(kInside, 0);
-    QTest::newRow("ends at the inclusive edge")
-        << QPoint(right, bottom) << small << QPoint(right, bottom);
-    QTest::newRow("one beyond the right")
-        << QPoint(right + 1, kInside) << small << QPoint(right, kInside);
-    QTest::newRow("one beyond the bottom")
-        << QPoint(kInside, bottom + 1) << small << QPoint(kInside, bottom);
-    QTest::newRow("right of it") << QPoint(a.right() + 40, kInside) << small
-                                 << QPoint(right, kInside);
-    QTest::newRow("below it") << QPoint(kInside, a.bottom() + 40) << small
-                              << QPoint(kInside, bottom);
-    QTest::newRow("beyond the corner") << QPoint(5000, 5000) << small << QPoint(right, bottom);
+    addRow("inside", QPoint(kInside, kInside), small, QPoint(kInside, kInside));
+    addRow("left of it", QPoint(a.left() - 5, kInside), small, QPoint(0, kInside));
+    addRow("far left of it", QPoint(-5000, kInside), small, QPoint(0, kInside));
+    addRow("above it", QPoint(kInside, a.top() - 5), small, QPoint(kInside, 0));
+    addRow("ends at the inclusive edge", QPoint(right, bottom), small, QPoint(right, bottom));
+    addRow("one beyond the right", QPoint(right + 1, kInside), small, QPoint(right, kInside));
+    addRow("one beyond the bottom", QPoint(kInside, bottom + 1), small, QPoint(kInside, bottom));
+    addRow("right of it", QPoint(a.right() + 40, kInside), small, QPoint(right, kInside));
+    addRow("below it", QPoint(kInside, a.bottom() + 40), small, QPoint(kInside, bottom));
+    addRow("beyond the corner", QPoint(5000, 5000), small, QPoint(right, bottom));
     const QSize tall(120, a.height() + 50);
-    QTest::newRow("taller than it, from its inside")
-        << QPoint(kInside, kInside) << tall << QPoint(kInside, a.bottom() - tall.height());
-    QTest::newRow("taller than it, below it")
-        << QPoint(kInside, a.bottom() + 9) << tall << QPoint(kInside, a.bottom() - tall.height());
+    addRow("taller than it, from its inside", QPoint(kInside, kInside), tall,
+        QPoint(kInside, a.bottom() - tall.height()));
+    addRow("taller than it, below it", QPoint(kInside, a.bottom() + 9), tall,
+        QPoint(kInside, a.bottom() - tall.height()));
     const QSize wide(a.right() + 60, 80);
-    QTest::newRow("wider than it, from its inside")
-        << QPoint(kInside, kInside) << wide << QPoint(a.right() - wide.width(), kInside);
-    QTest::newRow("wider than it, from its left: both tests fire")
-        << QPoint(-20, kInside) << wide << QPoint(a.right() - (-20 + wide.width()), kInside);
-    QTest::newRow("larger both ways, from its corner")
-        << QPoint(-20, -30) << QSize(wide.width(), tall.height() + a.top())
-        << QPoint(a.right() + 20 - wide.width(), a.bottom() + 30 - tall.height());
+    addRow("wider than it, from its inside", QPoint(kInside, kInside), wide,
+        QPoint(a.right() - wide.width(), kInside));
+    addRow("wider than it, from its left: both tests fire", QPoint(-20, kInside), wide,
+        QPoint(a.right() - (-20 + wide.width()), kInside));
+    addRow("larger both ways, from its corner", QPoint(-20, -30),
+        QSize(wide.width(), tall.height() + a.top()),
+        QPoint(a.right() + 20 - wide.width(), a.bottom() + 30 - tall.height()));
 }
 
 void VemoMenuTest::placesItselfInTheAvailableArea()
@@ -151,10 +146,10 @@ void VemoMenuTest::goesByThePrimaryScreenOnAnother_data()
     QTest::addColumn<QPoint>("position");
     QTest::addColumn<QPoint>("result");
     const QRect a = area();
-    QTest::newRow("inside both") << QPoint(kInside, kInside) << QPoint(kInside, kInside);
-    QTest::newRow("beyond the other, inside the primary") << QPoint(780, 580) << QPoint(780, 580);
-    QTest::newRow("left of both") << QPoint(-30, kInside) << QPoint(0, kInside);
-    QTest::newRow("beyond both") << QPoint(5000, 5000) << QPoint(a.right() - 120, a.bottom() - 80);
+    addRow("inside both", QPoint(kInside, kInside), QPoint(kInside, kInside));
+    addRow("beyond the other, inside the primary", QPoint(780, 580), QPoint(780, 580));
+    addRow("left of both", QPoint(-30, kInside), QPoint(0, kInside));
+    addRow("beyond both", QPoint(5000, 5000), QPoint(a.right() - 120, a.bottom() - 80));
 }
 
 void VemoMenuTest::goesByThePrimaryScreenOnAnother()

@@ -56,22 +56,22 @@ void BadCatalogueTest::expectUnknown(const QString &name)
 void BadCatalogueTest::aCatalogueThatCannotBeReadIsEmpty_data()
 {
     QTest::addColumn<QByteArray>("text");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("truncated") << QByteArray("{\"images\": [\"unread\"");
-    QTest::newRow("cut inside a name") << QByteArray("{\"images\": [\"unre");
-    QTest::newRow("an array") << QByteArray("[\"unread\"]");
-    QTest::newRow("a text") << QByteArray("\"unread\"");
-    QTest::newRow("not JSON") << QByteArray("images = unread");
-    QTest::newRow("followed by something") << QByteArray("{\"images\": [\"unread\"]} x");
-    QTest::newRow("followed by a NUL") << QByteArray("{\"images\": [\"unread\"]}\0", 23);
-    QTest::newRow("binary") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
-    QTest::newRow("images is a text") << QByteArray("{\"images\": \"unread\"}");
-    QTest::newRow("images is an object") << QByteArray("{\"images\": {\"unread\": 1}}");
-    QTest::newRow("images is null") << QByteArray("{\"images\": null, \"tmp_images\": null}");
-    QTest::newRow("images is a number") << QByteArray("{\"images\": 7, \"tmp_images\": true}");
-    QTest::newRow("another key") << QByteArray("{\"Images\": [\"unread\"]}");
-    QTest::newRow("nested without end") << QByteArray(1000000, '[');
-    QTest::newRow("UTF-16") << QByteArray("\xff\xfe{\0}\0", 6);
+    addRow("empty", QByteArray());
+    addRow("truncated", QByteArray("{\"images\": [\"unread\""));
+    addRow("cut inside a name", QByteArray("{\"images\": [\"unre"));
+    addRow("an array", QByteArray("[\"unread\"]"));
+    addRow("a text", QByteArray("\"unread\""));
+    addRow("not JSON", QByteArray("images = unread"));
+    addRow("followed by something", QByteArray("{\"images\": [\"unread\"]} x"));
+    addRow("followed by a NUL", QByteArray("{\"images\": [\"unread\"]}\0", 23));
+    addRow("binary", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16));
+    addRow("images is a text", QByteArray("{\"images\": \"unread\"}"));
+    addRow("images is an object", QByteArray("{\"images\": {\"unread\": 1}}"));
+    addRow("images is null", QByteArray("{\"images\": null, \"tmp_images\": null}"));
+    addRow("images is a number", QByteArray("{\"images\": 7, \"tmp_images\": true}"));
+    addRow("another key", QByteArray("{\"Images\": [\"unread\"]}"));
+    addRow("nested without end", QByteArray(1000000, '['));
+    addRow("UTF-16", QByteArray("\xff\xfe{\0}\0", 6));
 }
 
 void BadCatalogueTest::aCatalogueThatCannotBeReadIsEmpty()
@@ -108,15 +108,13 @@ void BadCatalogueTest::missingFoldersAreNoCatalogue()
 void BadCatalogueTest::aReadableCatalogueIsRead_data()
 {
     QTest::addColumn<QByteArray>("text");
-    QTest::newRow("plain") << QByteArray("{\"images\": [\"folder\"]}");
-    QTest::newRow("a byte order mark") << QByteArray("\xef\xbb\xbf{\"images\": [\"folder\"]}");
-    QTest::newRow("carriage returns") << QByteArray("{\r\n\"images\": [\r\n\"folder\"\r\n]}\r\n");
-    QTest::newRow("a name that is no UTF-8") << QByteArray("{\"images\": [\"\xff\", \"folder\"]}");
-    QTest::newRow("other types between")
-        << QByteArray("{\"images\": [1, [\"x\"], \"folder\", {}]}");
-    QTest::newRow("the other key is wrong")
-        << QByteArray("{\"tmp_images\": 3, \"images\": [\"folder\"]}");
-    QTest::newRow("more keys") << QByteArray("{\"x\": {\"images\": []}, \"images\": [\"folder\"]}");
+    addRow("plain", QByteArray("{\"images\": [\"folder\"]}"));
+    addRow("a byte order mark", QByteArray("\xef\xbb\xbf{\"images\": [\"folder\"]}"));
+    addRow("carriage returns", QByteArray("{\r\n\"images\": [\r\n\"folder\"\r\n]}\r\n"));
+    addRow("a name that is no UTF-8", QByteArray("{\"images\": [\"\xff\", \"folder\"]}"));
+    addRow("other types between", QByteArray("{\"images\": [1, [\"x\"], \"folder\", {}]}"));
+    addRow("the other key is wrong", QByteArray("{\"tmp_images\": 3, \"images\": [\"folder\"]}"));
+    addRow("more keys", QByteArray("{\"x\": {\"images\": []}, \"images\": [\"folder\"]}"));
 }
 
 void BadCatalogueTest::aReadableCatalogueIsRead()
@@ -139,15 +137,15 @@ void BadCatalogueTest::elementsThatAreNoTextReadAsEmptyNames()
 void BadCatalogueTest::namesMayBeAnyText_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("German") << QString::fromUtf8("Größe");
-    QTest::newRow("Chinese") << QString::fromUtf8("文件夹");
-    QTest::newRow("right to left") << QString::fromUtf8("مجلد");
-    QTest::newRow("beyond the basic plane") << QString::fromUtf8("😀");
-    QTest::newRow("blanks") << " a  b ";
-    QTest::newRow("a line break") << "a\nb";
-    QTest::newRow("quotes") << "a\"b\\c";
-    QTest::newRow("percent signs") << "%1%20";
-    QTest::newRow("at twice the size") << "icon@2x";
+    addRow("German", QString::fromUtf8("Größe"));
+    addRow("Chinese", QString::fromUtf8("文件夹"));
+    addRow("right to left", QString::fromUtf8("مجلد"));
+    addRow("beyond the basic plane", QString::fromUtf8("😀"));
+    addRow("blanks", " a  b ");
+    addRow("a line break", "a\nb");
+    addRow("quotes", "a\"b\\c");
+    addRow("percent signs", "%1%20");
+    addRow("at twice the size", "icon@2x");
 }
 
 void BadCatalogueTest::namesMayBeAnyText()
@@ -180,9 +178,9 @@ void BadCatalogueTest::noNameLeadsOutOfTheTemporaryFolder_data()
     for (const char *name :
         {"..", "../out", "/../out", "/../../out", "/../../../out", "/./../../out", "x/../../out",
             "//..//..//out", "/../../tmp_images_out", "\\..\\..\\out"})
-        QTest::newRow(name) << name;
-    QTest::newRow("NUL") << QString("/../../out") + QChar(0);
-    QTest::newRow("an absolute path") << QDir::tempPath() + "/vemo_out";
+        addRow(name, name);
+    addRow("NUL", QString("/../../out") + QChar(0));
+    addRow("an absolute path", QDir::tempPath() + "/vemo_out");
 }
 
 void BadCatalogueTest::noNameLeadsOutOfTheTemporaryFolder()
@@ -204,10 +202,10 @@ void BadCatalogueTest::noNameLeadsOutOfTheTemporaryFolder()
 void BadCatalogueTest::anUnwritableUserFolderIsPassedOver_data()
 {
     QTest::addColumn<QString>("file");
-    QTest::newRow("a file in its place") << "base/data";
-    QTest::newRow("a file in place of its parent") << "base";
-    QTest::newRow("a file in place of the temporary folder") << "base/data/tmp_images";
-    QTest::newRow("a folder in place of the picture") << "";
+    addRow("a file in its place", "base/data");
+    addRow("a file in place of its parent", "base");
+    addRow("a file in place of the temporary folder", "base/data/tmp_images");
+    addRow("a folder in place of the picture", "");
 }
 
 void BadCatalogueTest::anUnwritableUserFolderIsPassedOver()

@@ -122,10 +122,9 @@ void DPIinfoTest::onlyPixelLengthsAreScaled_data()
     addUnchanged("Arabic digits", "٣px");
     addUnchanged("a line break between", "10\npx");
     addUnchanged("no text but a line break", "\n");
-    QTest::newRow("a lone surrogate spares the whole text")
-        << "8px" + QString(QChar(0xd800))
-        << QStringList {"8px" + QString(QChar(0xd800)), "8px" + QString(QChar(0xd800)),
-               "8px" + QString(QChar(0xd800))};
+    addRow("a lone surrogate spares the whole text", "8px" + QString(QChar(0xd800)),
+        QStringList {"8px" + QString(QChar(0xd800)), "8px" + QString(QChar(0xd800)),
+            "8px" + QString(QChar(0xd800))});
     addSheet("a pair of surrogates spares nothing", "😀8px", {"😀8px", "😀10px", "😀12px"});
 }
 
@@ -195,15 +194,15 @@ void DPIinfoTest::fractionsCountToTheirLastDigit_data()
     QTest::addColumn<QString>("sheet");
     // Half-way between 2 and the largest double below it, so that a further digit decides.
     const QString halfWay = "1.99999999999999988897769753748434595763683319091796875";
-    QTest::newRow("half-way") << halfWay + "px";
-    QTest::newRow("just above") << halfWay + "1px";
-    QTest::newRow("decided by a late digit") << halfWay + QString(1000, '0') + "1px";
-    QTest::newRow("just below") << halfWay.chopped(1) + "4px";
-    QTest::newRow("fifteen digits") << "123456.789012345px";
-    QTest::newRow("more digits than a double holds") << "1.9999999999999998px";
-    QTest::newRow("sixteen digits") << "1234567.890123456px";
-    QTest::newRow("a tiny fraction") << "0." + QString(400, '0') + "1px";
-    QTest::newRow("zeros in front") << QString(400, '0') + halfWay + "1px";
+    addRow("half-way", halfWay + "px");
+    addRow("just above", halfWay + "1px");
+    addRow("decided by a late digit", halfWay + QString(1000, '0') + "1px");
+    addRow("just below", halfWay.chopped(1) + "4px");
+    addRow("fifteen digits", "123456.789012345px");
+    addRow("more digits than a double holds", "1.9999999999999998px");
+    addRow("sixteen digits", "1234567.890123456px");
+    addRow("a tiny fraction", "0." + QString(400, '0') + "1px");
+    addRow("zeros in front", QString(400, '0') + halfWay + "1px");
 }
 
 void DPIinfoTest::fractionsCountToTheirLastDigit()
@@ -218,17 +217,17 @@ void DPIinfoTest::sizesInCodeAreTruncatedTowardZero_data()
     constexpr double infinity = std::numeric_limits<double>::infinity();
     QTest::addColumn<double>("value");
     QTest::addColumn<int>("expected");
-    QTest::newRow("0.999") << 0.999 << 0;
-    QTest::newRow("-0.999") << -0.999 << 0;
-    QTest::newRow("-1.5") << -1.5 << -1;
-    QTest::newRow("42.9") << 42.9 << 42;
-    QTest::newRow("highest") << 2147483647.0 << 2147483647;
-    QTest::newRow("above the highest") << 2147483648.0 << 2147483647;
-    QTest::newRow("lowest") << -2147483648.0 << std::numeric_limits<int>::min();
-    QTest::newRow("below the lowest") << -2147483649.0 << std::numeric_limits<int>::min();
-    QTest::newRow("infinite") << infinity << 2147483647;
-    QTest::newRow("minus infinite") << -infinity << std::numeric_limits<int>::min();
-    QTest::newRow("not a number") << std::nan("") << 0;
+    addRow("0.999", 0.999, 0);
+    addRow("-0.999", -0.999, 0);
+    addRow("-1.5", -1.5, -1);
+    addRow("42.9", 42.9, 42);
+    addRow("highest", 2147483647.0, 2147483647);
+    addRow("above the highest", 2147483648.0, 2147483647);
+    addRow("lowest", -2147483648.0, std::numeric_limits<int>::min());
+    addRow("below the lowest", -2147483649.0, std::numeric_limits<int>::min());
+    addRow("infinite", infinity, 2147483647);
+    addRow("minus infinite", -infinity, std::numeric_limits<int>::min());
+    addRow("not a number", std::nan(""), 0);
 }
 
 void DPIinfoTest::sizesInCodeAreTruncatedTowardZero()

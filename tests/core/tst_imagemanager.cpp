@@ -100,8 +100,8 @@ namespace {
 void addBothModes()
 {
     QTest::addColumn<int>("mode");
-    QTest::newRow("preloaded") << int(ImageManager::PRELOAD);
-    QTest::newRow("lazy") << int(ImageManager::LAZY_LOAD);
+    addRow("preloaded", int(ImageManager::PRELOAD));
+    addRow("lazy", int(ImageManager::LAZY_LOAD));
 }
 
 ImageManager::InitializeType fetchedMode()
@@ -132,8 +132,8 @@ void ImageManagerTest::thereIsOneInstance()
 void ImageManagerTest::uninitialisedItHasNoFoldersAndEndsTheProcess_data()
 {
     QTest::addColumn<QString>("scenario");
-    QTest::newRow("picture folder") << "folder";
-    QTest::newRow("temporary folder") << "temporary folder";
+    addRow("picture folder", "folder");
+    addRow("temporary folder", "temporary folder");
 }
 
 void ImageManagerTest::uninitialisedItHasNoFoldersAndEndsTheProcess()
@@ -269,13 +269,13 @@ void ImageManagerTest::picturesAreScaledInThreeRoundings_data()
 {
     QTest::addColumn<int>("artwork");
     QTest::addColumn<QVector<int>>("lengths");
-    QTest::newRow("64") << 64 << QVector<int> {16, 20, 24, 32};
-    QTest::newRow("66, half rounds up") << 66 << QVector<int> {17, 21, 26, 34};
-    QTest::newRow("65") << 65 << QVector<int> {16, 20, 24, 32};
-    QTest::newRow("2") << 2 << QVector<int> {1, 1, 2, 2};
-    QTest::newRow("10") << 10 << QVector<int> {3, 4, 5, 6};
-    QTest::newRow("4") << 4 << QVector<int> {1, 1, 2, 2};
-    QTest::newRow("22, all roundings count") << 22 << QVector<int> {6, 8, 9, 12};
+    addRow("64", 64, QVector<int> {16, 20, 24, 32});
+    addRow("66, half rounds up", 66, QVector<int> {17, 21, 26, 34});
+    addRow("65", 65, QVector<int> {16, 20, 24, 32});
+    addRow("2", 2, QVector<int> {1, 1, 2, 2});
+    addRow("10", 10, QVector<int> {3, 4, 5, 6});
+    addRow("4", 4, QVector<int> {1, 1, 2, 2});
+    addRow("22, all roundings count", 22, QVector<int> {6, 8, 9, 12});
 }
 
 void ImageManagerTest::picturesAreScaledInThreeRoundings()
@@ -294,10 +294,9 @@ void ImageManagerTest::picturesKeepTheirProportions_data()
 {
     QTest::addColumn<QSize>("artwork");
     QTest::addColumn<QVector<QSize>>("sizes");
-    QTest::newRow("even") << QSize(400, 80)
-                          << QVector<QSize> {{100, 20}, {125, 25}, {150, 30}, {200, 40}};
-    QTest::newRow("its rounded size has others")
-        << QSize(100, 40) << QVector<QSize> {{25, 10}, {31, 12}, {37, 15}, {50, 20}};
+    addRow("even", QSize(400, 80), QVector<QSize> {{100, 20}, {125, 25}, {150, 30}, {200, 40}});
+    addRow("its rounded size has others", QSize(100, 40),
+        QVector<QSize> {{25, 10}, {31, 12}, {37, 15}, {50, 20}});
 }
 
 void ImageManagerTest::picturesKeepTheirProportions()
@@ -328,7 +327,7 @@ void ImageManagerTest::anotherFormatUnderThatNameLoads_data()
 {
     QTest::addColumn<QByteArray>("format");
     for (const char *format : {"BMP", "JPG", "PPM", "PNG"})
-        QTest::newRow(format) << QByteArray(format);
+        addRow(format, QByteArray(format));
 }
 
 void ImageManagerTest::anotherFormatUnderThatNameLoads()
@@ -374,10 +373,10 @@ void ImageManagerTest::lazyPicturesAreReadOnceThoughOneStateAloneHasAFile_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("state");
-    QTest::newRow("normal") << "bt" << 0;
-    QTest::newRow("hover") << "bt_hover" << 1;
-    QTest::newRow("click") << "bt_click" << 2;
-    QTest::newRow("disable") << "bt_disable" << 3;
+    addRow("normal", "bt", 0);
+    addRow("hover", "bt_hover", 1);
+    addRow("click", "bt_click", 2);
+    addRow("disable", "bt_disable", 3);
 }
 
 void ImageManagerTest::lazyPicturesAreReadOnceThoughOneStateAloneHasAFile()

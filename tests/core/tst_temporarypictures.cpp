@@ -63,10 +63,10 @@ void TemporaryPicturesTest::theCopyIsScaledByTheFactorAlone_data()
 {
     QTest::addColumn<int>("artwork");
     QTest::addColumn<QVector<int>>("lengths"); // At 96, 120 and 144 dpi, at any pixel ratio.
-    QTest::newRow("64") << 64 << QVector<int> {16, 20, 24};
-    QTest::newRow("66, half rounds up") << 66 << QVector<int> {17, 21, 26};
-    QTest::newRow("10") << 10 << QVector<int> {3, 4, 5};
-    QTest::newRow("2") << 2 << QVector<int> {1, 1, 2};
+    addRow("64", 64, QVector<int> {16, 20, 24});
+    addRow("66, half rounds up", 66, QVector<int> {17, 21, 26});
+    addRow("10", 10, QVector<int> {3, 4, 5});
+    addRow("2", 2, QVector<int> {1, 1, 2});
 }
 
 void TemporaryPicturesTest::theCopyIsScaledByTheFactorAlone()
@@ -85,10 +85,10 @@ void TemporaryPicturesTest::theCopyKeepsItsProportions_data()
 {
     QTest::addColumn<QSize>("artwork");
     QTest::addColumn<QVector<QSize>>("sizes"); // At 96, 120 and 144 dpi.
-    QTest::newRow("even") << QSize(400, 80) << QVector<QSize> {{100, 20}, {125, 25}, {150, 30}};
-    QTest::newRow("its rounded size has others")
-        << QSize(102, 41) << QVector<QSize> {{24, 10}, {32, 13}, {37, 15}};
-    QTest::newRow("upright") << QSize(42, 102) << QVector<QSize> {{10, 26}, {13, 33}, {16, 39}};
+    addRow("even", QSize(400, 80), QVector<QSize> {{100, 20}, {125, 25}, {150, 30}});
+    addRow("its rounded size has others", QSize(102, 41),
+        QVector<QSize> {{24, 10}, {32, 13}, {37, 15}});
+    addRow("upright", QSize(42, 102), QVector<QSize> {{10, 26}, {13, 33}, {16, 39}});
 }
 
 void TemporaryPicturesTest::theCopyKeepsItsProportions()

@@ -121,11 +121,10 @@ void CopyTroubleTest::troubleLeavesNothingHalfDone_data()
     QTest::addColumn<QString>("scenario");
     QTest::addColumn<DiskFolder::Contents>("onDisk");
     using Contents = DiskFolder::Contents;
-    QTest::newRow("a full disk") << "full disk" << Contents {};
-    QTest::newRow("a file beyond the limit") << "limit" << Contents {{"disk/small", "content"}};
-    QTest::newRow("no rights") << "rights"
-                               << Contents {
-                                      {"disk/folder/", {}}, {"disk/folder/secret folder/", {}}};
+    addRow("a full disk", "full disk", Contents {});
+    addRow("a file beyond the limit", "limit", Contents {{"disk/small", "content"}});
+    addRow(
+        "no rights", "rights", Contents {{"disk/folder/", {}}, {"disk/folder/secret folder/", {}}});
 }
 
 void CopyTroubleTest::troubleLeavesNothingHalfDone()
@@ -186,8 +185,8 @@ void CopyTroubleTest::cancellingTakesReadOnlyFoldersBack()
 void CopyTroubleTest::aKilledCopyIsFoundAgain_data()
 {
     QTest::addColumn<QString>("source");
-    QTest::newRow("a file") << "/folder/large";
-    QTest::newRow("a folder") << "/folder";
+    addRow("a file", "/folder/large");
+    addRow("a folder", "/folder");
 }
 
 void CopyTroubleTest::aKilledCopyIsFoundAgain()

@@ -70,13 +70,13 @@ void EntriesTest::theTextIsAnyPartOfTheName_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("passes");
-    QTest::newRow("all of it") << "Report.txt" << true;
-    QTest::newRow("the start") << "Rep" << true;
-    QTest::newRow("the middle") << "ort.t" << true;
-    QTest::newRow("another case") << "REPORT" << true;
-    QTest::newRow("something else") << "repart" << false;
-    QTest::newRow("no wildcard") << "*.txt" << false;
-    QTest::newRow("a blank") << " " << false;
+    addRow("all of it", "Report.txt", true);
+    addRow("the start", "Rep", true);
+    addRow("the middle", "ort.t", true);
+    addRow("another case", "REPORT", true);
+    addRow("something else", "repart", false);
+    addRow("no wildcard", "*.txt", false);
+    addRow("a blank", " ", false);
 }
 
 void EntriesTest::theTextIsAnyPartOfTheName()
@@ -94,24 +94,15 @@ void EntriesTest::theKindIsThatOfTheSuffix_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("kind");
     QTest::addColumn<bool>("passes");
-    QTest::newRow("its kind") << "a.png"
-                              << "image" << true;
-    QTest::newRow("another case") << "a.PNG"
-                                  << "image" << true;
-    QTest::newRow("another kind") << "a.png"
-                                  << "video" << false;
-    QTest::newRow("a kind that begins alike") << "a.acc"
-                                              << "a" << false;
-    QTest::newRow("the last suffix") << "a.tar.gz"
-                                     << "zip" << true;
-    QTest::newRow("an unknown suffix") << "a.qqq"
-                                       << "xxx" << true;
-    QTest::newRow("no suffix") << "png"
-                               << "xxx" << true;
-    QTest::newRow("a dot at the end") << "png."
-                                      << "xxx" << true;
-    QTest::newRow("a hidden file") << ".png"
-                                   << "image" << true;
+    addRow("its kind", "a.png", "image", true);
+    addRow("another case", "a.PNG", "image", true);
+    addRow("another kind", "a.png", "video", false);
+    addRow("a kind that begins alike", "a.acc", "a", false);
+    addRow("the last suffix", "a.tar.gz", "zip", true);
+    addRow("an unknown suffix", "a.qqq", "xxx", true);
+    addRow("no suffix", "png", "xxx", true);
+    addRow("a dot at the end", "png.", "xxx", true);
+    addRow("a hidden file", ".png", "image", true);
 }
 
 void EntriesTest::theKindIsThatOfTheSuffix()
@@ -137,13 +128,13 @@ void EntriesTest::bothMomentsCount_data()
     QTest::addColumn<QDateTime>("to");
     QTest::addColumn<bool>("passes");
     const QDateTime noon(QDate(2024, 2, 29), QTime(12, 0));
-    QTest::newRow("that moment") << noon << noon << true;
-    QTest::newRow("from that moment") << noon << QDateTime() << true;
-    QTest::newRow("to that moment") << QDateTime() << noon << true;
-    QTest::newRow("from the next") << noon.addMSecs(1) << QDateTime() << false;
-    QTest::newRow("to the one before") << QDateTime() << noon.addMSecs(-1) << false;
-    QTest::newRow("around it") << noon.addYears(-1) << noon.addYears(1) << true;
-    QTest::newRow("the wrong way round") << noon.addDays(1) << noon.addDays(-1) << false;
+    addRow("that moment", noon, noon, true);
+    addRow("from that moment", noon, QDateTime(), true);
+    addRow("to that moment", QDateTime(), noon, true);
+    addRow("from the next", noon.addMSecs(1), QDateTime(), false);
+    addRow("to the one before", QDateTime(), noon.addMSecs(-1), false);
+    addRow("around it", noon.addYears(-1), noon.addYears(1), true);
+    addRow("the wrong way round", noon.addDays(1), noon.addDays(-1), false);
 }
 
 void EntriesTest::bothMomentsCount()

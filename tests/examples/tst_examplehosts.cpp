@@ -75,13 +75,11 @@ void ExampleHostsTest::showsItsSheetAndWarnsOfNothing_data()
     const QColor brown("#9A4A1B");
     const QColor canvas("#E2E4E6"); // the theme's and the other's, each under the mask
     const QColor paper("#E7E2D8");
-    QTest::newRow("hello") << VEMO_HELLO_PROGRAM << QStringList() << blue << canvas;
-    QTest::newRow("own resources, English")
-        << VEMO_OWN_PROGRAM << QStringList("enu") << brown << paper;
-    QTest::newRow("own resources, German")
-        << VEMO_OWN_PROGRAM << QStringList("deu") << brown << paper;
-    QTest::newRow("own resources, a language it lacks")
-        << VEMO_OWN_PROGRAM << QStringList("jpn") << brown << paper;
+    addRow("hello", VEMO_HELLO_PROGRAM, QStringList(), blue, canvas);
+    addRow("own resources, English", VEMO_OWN_PROGRAM, QStringList("enu"), brown, paper);
+    addRow("own resources, German", VEMO_OWN_PROGRAM, QStringList("deu"), brown, paper);
+    addRow(
+        "own resources, a language it lacks", VEMO_OWN_PROGRAM, QStringList("jpn"), brown, paper);
 }
 
 void ExampleHostsTest::showsItsSheetAndWarnsOfNothing()
@@ -107,12 +105,12 @@ void ExampleHostsTest::settingsAreInOneLookUnlessAskedOtherwise_data()
     QTest::addColumn<QColor>("ground");
     QTest::addColumn<QColor>("button"); // our own, in any case
     const QColor blue("#1769E0");
-    QTest::newRow("light") << QStringList() << QColor("#F5F7FA") << blue;
-    QTest::newRow("dark") << QStringList("--dark") << QColor("#13181E") << QColor("#6AAEFF");
-    QTest::newRow("plain") << QStringList("--plain") << QColor("#EFEFEF") << blue;
-    QTest::newRow("plain and dark")
-        << QStringList {"--plain", "--dark"} << QColor("#13181E") << QColor("#6AAEFF");
-    QTest::newRow("second page") << QStringList("--schedule") << QColor("#F5F7FA") << blue;
+    addRow("light", QStringList(), QColor("#F5F7FA"), blue);
+    addRow("dark", QStringList("--dark"), QColor("#13181E"), QColor("#6AAEFF"));
+    addRow("plain", QStringList("--plain"), QColor("#EFEFEF"), blue);
+    addRow(
+        "plain and dark", QStringList {"--plain", "--dark"}, QColor("#13181E"), QColor("#6AAEFF"));
+    addRow("second page", QStringList("--schedule"), QColor("#F5F7FA"), blue);
 }
 
 void ExampleHostsTest::settingsAreInOneLookUnlessAskedOtherwise()
@@ -137,10 +135,9 @@ void ExampleHostsTest::endsWithAnErrorWhereItCannotStart_data()
     QTest::addColumn<QString>("cache");
     QTest::addColumn<QString>("error");
     const QString file = VEMO_HELLO_PROGRAM; // no folder can be made below a file
-    QTest::newRow("hello, no cache folder")
-        << VEMO_HELLO_PROGRAM << file
-        << QString("debug.message: Cannot write to user data folder \"%1/vemo-hello-example\"")
-               .arg(file);
+    addRow("hello, no cache folder", VEMO_HELLO_PROGRAM, file,
+        QString("debug.message: Cannot write to user data folder \"%1/vemo-hello-example\"")
+            .arg(file));
 }
 
 void ExampleHostsTest::endsWithAnErrorWhereItCannotStart()

@@ -87,24 +87,24 @@ void FileOperationsTest::aNameIsChecked_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<NameProblem>("problem");
-    QTest::newRow("free") << "new.txt" << NameProblem::None;
-    QTest::newRow("a blank") << " " << NameProblem::None;
-    QTest::newRow("three dots") << "..." << NameProblem::None;
-    QTest::newRow("a backslash") << "a\\b" << NameProblem::None;
-    QTest::newRow("empty") << "" << NameProblem::Empty;
-    QTest::newRow("null") << QString() << NameProblem::Empty;
-    QTest::newRow("dot") << "." << NameProblem::Reserved;
-    QTest::newRow("two dots") << ".." << NameProblem::Reserved;
-    QTest::newRow("a slash") << "a/b" << NameProblem::Slash;
-    QTest::newRow("only a slash") << "/" << NameProblem::Slash;
-    QTest::newRow("the null character") << QString(1, QChar(0)) << NameProblem::Slash;
-    QTest::newRow("255 bytes") << QString(255, 'a') << NameProblem::None;
-    QTest::newRow("256 bytes") << QString(256, 'a') << NameProblem::TooLong;
-    QTest::newRow("254 bytes in letters of two") << QString(127, QChar(0xE4)) << NameProblem::None;
-    QTest::newRow("256 in letters of two") << QString(128, QChar(0xE4)) << NameProblem::TooLong;
-    QTest::newRow("a file's") << "taken.txt" << NameProblem::Exists;
-    QTest::newRow("another case") << "Taken.txt" << NameProblem::None;
-    QTest::newRow("a folder's") << "sub" << NameProblem::Exists;
+    addRow("free", "new.txt", NameProblem::None);
+    addRow("a blank", " ", NameProblem::None);
+    addRow("three dots", "...", NameProblem::None);
+    addRow("a backslash", "a\\b", NameProblem::None);
+    addRow("empty", "", NameProblem::Empty);
+    addRow("null", QString(), NameProblem::Empty);
+    addRow("dot", ".", NameProblem::Reserved);
+    addRow("two dots", "..", NameProblem::Reserved);
+    addRow("a slash", "a/b", NameProblem::Slash);
+    addRow("only a slash", "/", NameProblem::Slash);
+    addRow("the null character", QString(1, QChar(0)), NameProblem::Slash);
+    addRow("255 bytes", QString(255, 'a'), NameProblem::None);
+    addRow("256 bytes", QString(256, 'a'), NameProblem::TooLong);
+    addRow("254 bytes in letters of two", QString(127, QChar(0xE4)), NameProblem::None);
+    addRow("256 in letters of two", QString(128, QChar(0xE4)), NameProblem::TooLong);
+    addRow("a file's", "taken.txt", NameProblem::Exists);
+    addRow("another case", "Taken.txt", NameProblem::None);
+    addRow("a folder's", "sub", NameProblem::Exists);
 }
 
 void FileOperationsTest::aNameIsChecked()
@@ -128,11 +128,11 @@ void FileOperationsTest::aLinkThatLeadsNowhereTakesItsName()
 void FileOperationsTest::anEntryIsRenamed_data()
 {
     QTest::addColumn<QByteArray>("from");
-    QTest::newRow("file") << QByteArray("file");
-    QTest::newRow("folder") << QByteArray("folder");
-    QTest::newRow("link") << QByteArray("link");
-    QTest::newRow("link to a folder") << QByteArray("folder link");
-    QTest::newRow("link to nowhere") << QByteArray("dangling");
+    addRow("file", QByteArray("file"));
+    addRow("folder", QByteArray("folder"));
+    addRow("link", QByteArray("link"));
+    addRow("link to a folder", QByteArray("folder link"));
+    addRow("link to nowhere", QByteArray("dangling"));
 }
 
 void FileOperationsTest::anEntryIsRenamed()
@@ -164,11 +164,11 @@ void FileOperationsTest::everyNameCanBeGivenAndTaken_data()
             name += c == '/' ? QByteArray() : QByteArray(1, char(c));
         QTest::newRow(qPrintable(QString("bytes from %1").arg(start))) << name;
     }
-    QTest::newRow("the longest") << QByteArray(255, 'n');
-    QTest::newRow("the longest of stray bytes") << QByteArray(255, '\xFF');
-    QTest::newRow("a line break") << QByteArray("\n");
-    QTest::newRow("a dash") << QByteArray("-rf");
-    QTest::newRow("markup") << QByteArray("<img src=x>&amp;\"'");
+    addRow("the longest", QByteArray(255, 'n'));
+    addRow("the longest of stray bytes", QByteArray(255, '\xFF'));
+    addRow("a line break", QByteArray("\n"));
+    addRow("a dash", QByteArray("-rf"));
+    addRow("markup", QByteArray("<img src=x>&amp;\"'"));
 }
 
 void FileOperationsTest::everyNameCanBeGivenAndTaken()
@@ -224,21 +224,14 @@ void FileOperationsTest::renamingRefusesWhatIsNoName_data()
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("to");
     QTest::addColumn<int>("error");
-    QTest::newRow("into a folder") << "a"
-                                   << "sub/a" << EINVAL;
-    QTest::newRow("out of the folder") << "a"
-                                       << "../a" << EINVAL;
-    QTest::newRow("to nothing") << "a"
-                                << "" << EINVAL;
-    QTest::newRow("to the folder") << "a"
-                                   << "." << EINVAL;
-    QTest::newRow("to too long a name") << "a" << QString(256, 'b') << ENAMETOOLONG;
-    QTest::newRow("of nothing") << ""
-                                << "b" << EINVAL;
-    QTest::newRow("of the parent") << ".."
-                                   << "b" << EINVAL;
-    QTest::newRow("of an entry elsewhere") << "sub/c"
-                                           << "b" << EINVAL;
+    addRow("into a folder", "a", "sub/a", EINVAL);
+    addRow("out of the folder", "a", "../a", EINVAL);
+    addRow("to nothing", "a", "", EINVAL);
+    addRow("to the folder", "a", ".", EINVAL);
+    addRow("to too long a name", "a", QString(256, 'b'), ENAMETOOLONG);
+    addRow("of nothing", "", "b", EINVAL);
+    addRow("of the parent", "..", "b", EINVAL);
+    addRow("of an entry elsewhere", "sub/c", "b", EINVAL);
 }
 
 void FileOperationsTest::renamingRefusesWhatIsNoName()
@@ -278,17 +271,12 @@ void FileOperationsTest::aFolderIsNotCreatedWhereItCanNotBe_data()
     QTest::addColumn<QString>("parent");
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("error");
-    QTest::newRow("taken by a file") << ""
-                                     << "a" << EEXIST;
-    QTest::newRow("taken by a folder") << ""
-                                       << "sub" << EEXIST;
-    QTest::newRow("in a vanished folder") << "/gone"
-                                          << "new" << ENOENT;
-    QTest::newRow("in a file") << "/a"
-                               << "new" << ENOTDIR;
-    QTest::newRow("too long") << "" << QString(256, 'b') << ENAMETOOLONG;
-    QTest::newRow("two at once") << ""
-                                 << "b/c" << EINVAL;
+    addRow("taken by a file", "", "a", EEXIST);
+    addRow("taken by a folder", "", "sub", EEXIST);
+    addRow("in a vanished folder", "/gone", "new", ENOENT);
+    addRow("in a file", "/a", "new", ENOTDIR);
+    addRow("too long", "", QString(256, 'b'), ENAMETOOLONG);
+    addRow("two at once", "", "b/c", EINVAL);
 }
 
 void FileOperationsTest::aFolderIsNotCreatedWhereItCanNotBe()

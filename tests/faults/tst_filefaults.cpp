@@ -348,11 +348,11 @@ void FileFaultsTest::aFolderThatMayNotBeWritten_data()
     QTest::addColumn<int>("mode"); // of the folder
     QTest::addColumn<int>("fileMode"); // of the old picture in it; -1: there is none
     QTest::addColumn<bool>("isWritten");
-    QTest::newRow("without a file") << 0555 << -1 << false;
-    QTest::newRow("with a file that may be written") << 0555 << 0666 << true;
-    QTest::newRow("with a file that may not be written") << 0555 << 0444 << false;
-    QTest::newRow("may not be entered") << 0444 << 0666 << false;
-    QTest::newRow("may not be used at all") << 0 << 0666 << false;
+    addRow("without a file", 0555, -1, false);
+    addRow("with a file that may be written", 0555, 0666, true);
+    addRow("with a file that may not be written", 0555, 0444, false);
+    addRow("may not be entered", 0444, 0666, false);
+    addRow("may not be used at all", 0, 0666, false);
 }
 
 void FileFaultsTest::aFolderThatMayNotBeWritten()
@@ -436,12 +436,12 @@ void FileFaultsTest::theLimitItselfIsAllowed_data()
     QTest::addColumn<int>("size");
     QTest::addColumn<bool>("isRead");
     const int mebi = 1024 * 1024;
-    QTest::newRow("style file of 16 MiB") << "style" << 16 * mebi << true;
-    QTest::newRow("style file, a byte more") << "style" << 16 * mebi + 1 << false;
-    QTest::newRow("catalogue of 16 MiB") << "catalogue" << 16 * mebi << true;
-    QTest::newRow("catalogue, a byte more") << "catalogue" << 16 * mebi + 1 << false;
-    QTest::newRow("picture of 64 MiB") << "picture" << 64 * mebi << true;
-    QTest::newRow("picture, a byte more") << "picture" << 64 * mebi + 1 << false;
+    addRow("style file of 16 MiB", "style", 16 * mebi, true);
+    addRow("style file, a byte more", "style", 16 * mebi + 1, false);
+    addRow("catalogue of 16 MiB", "catalogue", 16 * mebi, true);
+    addRow("catalogue, a byte more", "catalogue", 16 * mebi + 1, false);
+    addRow("picture of 64 MiB", "picture", 64 * mebi, true);
+    addRow("picture, a byte more", "picture", 64 * mebi + 1, false);
 }
 
 void FileFaultsTest::theLimitItselfIsAllowed()

@@ -160,18 +160,20 @@ void BrowserWindowTest::theBodyIsShownAsUtf8_data()
 {
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<QString>("text");
-    QTest::newRow("letters") << QByteArray("<html>Gr\xC3\xB6\xC3\x9F"
-                                           "e \xE5\xB8\xAE\xE5\x8A\xA9</html>")
-                             << QString::fromUtf8("Gr\u00F6\u00DFe \u5E2E\u52A9");
-    QTest::newRow("plain text") << QByteArray("a < b & c") << "a < b & c";
-    QTest::newRow("empty") << QByteArray() << "";
-    QTest::newRow("a zero byte does not end it")
-        << QByteArray("<html>before\0after</html>", 25) << QString::fromLatin1("before\0after", 12);
-    QTest::newRow("invalid bytes") << QByteArray("<html>a\xFF"
-                                                 "b</html>")
-                                   << QString("a") + QChar(0xFFFD) + "b";
-    QTest::newRow("a declared other encoding")
-        << QByteArray("<html><meta charset=\"iso-8859-1\">\xC3\xB6</html>") << QString(QChar(0xF6));
+    addRow("letters",
+        QByteArray("<html>Gr\xC3\xB6\xC3\x9F"
+                   "e \xE5\xB8\xAE\xE5\x8A\xA9</html>"),
+        QString::fromUtf8("Gr\u00F6\u00DFe \u5E2E\u52A9"));
+    addRow("plain text", QByteArray("a < b & c"), "a < b & c");
+    addRow("empty", QByteArray(), "");
+    addRow("a zero byte does not end it", QByteArray("<html>before\0after</html>", 25),
+        QString::fromLatin1("before\0after", 12));
+    addRow("invalid bytes",
+        QByteArray("<html>a\xFF"
+                   "b</html>"),
+        QString("a") + QChar(0xFFFD) + "b");
+    addRow("a declared other encoding",
+        QByteArray("<html><meta charset=\"iso-8859-1\">\xC3\xB6</html>"), QString(QChar(0xF6)));
 }
 
 void BrowserWindowTest::theBodyIsShownAsUtf8()
@@ -195,9 +197,9 @@ void BrowserWindowTest::aFailureLeavesTheViewAndFallsBack_data()
 {
     QTest::addColumn<QUrl>("url");
     const auto address = [](const char *text) { return QUrl(QString::fromLatin1(text)); };
-    QTest::newRow("404") << QUrl(); // The test server's own.
+    addRow("404", QUrl()); // The test server's own.
     QTest::newRow("nobody listens") << address("http://127.0.0.1:1/");
-    QTest::newRow("a relative address") << address("page.html");
+    addRow("a relative address", address("page.html"));
     QTest::newRow("an unknown scheme") << address("gopher://127.0.0.1/");
     QTest::newRow("an invalid address") << address("http://:80:80/");
     QTest::newRow("a missing file") << address("file:///no/such/page.html");
@@ -307,9 +309,9 @@ void BrowserWindowTest::aPageOverTheLimitFailsWithOneWarning_data()
 {
     QTest::addColumn<int>("size");
     QTest::addColumn<int>("failures");
-    QTest::newRow("32 MiB") << 32 * kMebibyte << 0;
-    QTest::newRow("one byte more") << 32 * kMebibyte + 1 << 1;
-    QTest::newRow("much more") << 80 * kMebibyte << 1;
+    addRow("32 MiB", 32 * kMebibyte, 0);
+    addRow("one byte more", 32 * kMebibyte + 1, 1);
+    addRow("much more", 80 * kMebibyte, 1);
 }
 
 void BrowserWindowTest::aPageOverTheLimitFailsWithOneWarning()
@@ -339,11 +341,11 @@ void BrowserWindowTest::aPageThatTakesTooLongFails_data()
     QTest::addColumn<QString>("warning");
     const QString deep = QStringLiteral("Page is nested too deeply \"%1\"");
     const QString slow = QStringLiteral("Page takes too long to show \"%1\"");
-    QTest::newRow("tables inside each other")
-        << QByteArray("<html>") + QByteArray("< table><tr><td>").repeated(22) << deep;
-    QTest::newRow("pictures in a paragraph")
-        << QByteArray("<html>") + QByteArray("<img src=\"a\">").repeated(100000) << slow;
-    QTest::newRow("lines of plain text") << QByteArray(1000000, '\n') << slow;
+    addRow("tables inside each other",
+        QByteArray("<html>") + QByteArray("< table><tr><td>").repeated(22), deep);
+    addRow("pictures in a paragraph",
+        QByteArray("<html>") + QByteArray("<img src=\"a\">").repeated(100000), slow);
+    addRow("lines of plain text", QByteArray(1000000, '\n'), slow);
 }
 
 void BrowserWindowTest::aPageThatTakesTooLongFails()
@@ -377,11 +379,11 @@ void BrowserWindowTest::theTitleIsCut()
 void BrowserWindowTest::deletedAtAnyMoment_data()
 {
     QTest::addColumn<int>("moment");
-    QTest::newRow("before its request") << 0;
-    QTest::newRow("before the answer") << 1;
-    QTest::newRow("inside the answer") << 2;
-    QTest::newRow("while pictures are fetched") << 3;
-    QTest::newRow("closed, then deleted") << 4;
+    addRow("before its request", 0);
+    addRow("before the answer", 1);
+    addRow("inside the answer", 2);
+    addRow("while pictures are fetched", 3);
+    addRow("closed, then deleted", 4);
 }
 
 void BrowserWindowTest::deletedAtAnyMoment()
@@ -413,8 +415,8 @@ void BrowserWindowTest::deletedFromTheFallback_data()
 {
     QTest::addColumn<QByteArray>("path");
     QTest::addColumn<bool>("aborts");
-    QTest::newRow("after an error") << QByteArray("/missing") << false;
-    QTest::newRow("after an abort") << QByteArray("/silent") << true;
+    addRow("after an error", QByteArray("/missing"), false);
+    addRow("after an abort", QByteArray("/silent"), true);
 }
 
 void BrowserWindowTest::deletedFromTheFallback()

@@ -98,10 +98,10 @@ void HelpWindowTest::onlySecureAddressesBecomeTheKnowledgeBase_data()
     QTest::newRow("https with an IPv6 address") << "https://[::1]:8443" << true;
     QTest::newRow("http") << "http://help.vemo.invalid" << false;
     QTest::newRow("a file") << "file:///help" << false;
-    QTest::newRow("no scheme") << "help.vemo.invalid" << false;
+    addRow("no scheme", "help.vemo.invalid", false);
     QTest::newRow("no host") << "https:///cgi" << false;
     QTest::newRow("invalid") << "https://a:b:c" << false;
-    QTest::newRow("empty") << "" << false;
+    addRow("empty", "", false);
 }
 
 void HelpWindowTest::onlySecureAddressesBecomeTheKnowledgeBase()
@@ -150,7 +150,7 @@ void HelpWindowTest::theContextBecomesTheQuery_data()
                        "&link=%2&unique=kestrava_utility_help&version=%3");
     const auto row = [&target](const char *name, const QString &section, const QString &link,
                          const QString &version, const QString &sent) {
-        QTest::newRow(name) << section << link << version << target.arg(section, sent, version);
+        addRow(name, section, link, version, target.arg(section, sent, version));
     };
     row("plain", "backup", "start.html", "2.1", "start.html");
     row("empty", "", "", "", "");
@@ -230,9 +230,9 @@ void HelpWindowTest::theAnswerIsThePage()
 void HelpWindowTest::withoutTheKnowledgeBaseTheLocalPageIsShown_data()
 {
     QTest::addColumn<QString>("source");
-    QTest::newRow("a picture beside it") << "a.png";
-    QTest::newRow("a picture below it") << "pictures/a.png";
-    QTest::newRow("a picture beside its folder") << "../shared/a.png";
+    addRow("a picture beside it", "a.png");
+    addRow("a picture below it", "pictures/a.png");
+    addRow("a picture beside its folder", "../shared/a.png");
 }
 
 void HelpWindowTest::withoutTheKnowledgeBaseTheLocalPageIsShown()
@@ -258,14 +258,15 @@ void HelpWindowTest::theLocalPageIsReadAsUtf8_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("text");
-    QTest::newRow("letters") << QByteArray("<html>Gr\xC3\xB6\xC3\x9F"
-                                           "e \xE5\xB8\xAE</html>")
-                             << QString::fromUtf8("Gr\u00F6\u00DFe \u5E2E");
-    QTest::newRow("a byte order mark") << QByteArray("\xEF\xBB\xBF<html>text</html>") << "text";
-    QTest::newRow("two bytes a letter, by their mark")
-        << QByteArray("\xFF\xFE<\0h\0t\0m\0l\0>\0x\0", 16) << "x";
-    QTest::newRow("plain text") << QByteArray("a < b") << "a < b";
-    QTest::newRow("empty") << QByteArray() << "";
+    addRow("letters",
+        QByteArray("<html>Gr\xC3\xB6\xC3\x9F"
+                   "e \xE5\xB8\xAE</html>"),
+        QString::fromUtf8("Gr\u00F6\u00DFe \u5E2E"));
+    addRow("a byte order mark", QByteArray("\xEF\xBB\xBF<html>text</html>"), "text");
+    addRow(
+        "two bytes a letter, by their mark", QByteArray("\xFF\xFE<\0h\0t\0m\0l\0>\0x\0", 16), "x");
+    addRow("plain text", QByteArray("a < b"), "a < b");
+    addRow("empty", QByteArray(), "");
 }
 
 void HelpWindowTest::theLocalPageIsReadAsUtf8()
@@ -294,10 +295,10 @@ void HelpWindowTest::aMissingLocalPageLeavesTheWindowEmpty()
 void HelpWindowTest::aLocalPageThatIsNoOrdinaryFileCountsAsMissing_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("a pipe that nobody writes into") << "pipe.html";
-    QTest::newRow("a link to a device without end") << "device.html";
-    QTest::newRow("a file of 3 GB") << "large.html";
-    QTest::newRow("a folder") << "folder.html";
+    addRow("a pipe that nobody writes into", "pipe.html");
+    addRow("a link to a device without end", "device.html");
+    addRow("a file of 3 GB", "large.html");
+    addRow("a folder", "folder.html");
 }
 
 void HelpWindowTest::aLocalPageThatIsNoOrdinaryFileCountsAsMissing()
@@ -321,10 +322,9 @@ void HelpWindowTest::aLocalPageThatIsNoOrdinaryFileCountsAsMissing()
 void HelpWindowTest::aLocalPageThatTakesTooLongLeavesTheWindowEmpty_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("a megabyte of zeros") << QByteArray(1024 * 1024, '\0');
-    QTest::newRow("a line of 30 megabytes") << QByteArray(30 * 1024 * 1024, 'w');
-    QTest::newRow("a line of 30 megabytes in a page")
-        << "<html>" + QByteArray(30 * 1024 * 1024, 'w');
+    addRow("a megabyte of zeros", QByteArray(1024 * 1024, '\0'));
+    addRow("a line of 30 megabytes", QByteArray(30 * 1024 * 1024, 'w'));
+    addRow("a line of 30 megabytes in a page", "<html>" + QByteArray(30 * 1024 * 1024, 'w'));
 }
 
 void HelpWindowTest::aLocalPageThatTakesTooLongLeavesTheWindowEmpty()

@@ -152,17 +152,17 @@ void HtmlTextBrowserTest::eachSourceIsAskedForOnce_data()
 {
     QTest::addColumn<QString>("body");
     QTest::addColumn<QStringList>("targets");
-    QTest::newRow("one") << "<img src=\"a.png\">" << QStringList("/a.png");
-    QTest::newRow("three times the same")
-        << "<img src=\"a.png\"><img src=\"a.png\"><img src=\"a.png\">" << QStringList("/a.png");
-    QTest::newRow("a folder") << "<img src=\"x/a.png\">" << QStringList("/x/a.png");
-    QTest::newRow("its own root") << "<img src=\"/a.png\">" << QStringList("/a.png");
+    addRow("one", "<img src=\"a.png\">", QStringList("/a.png"));
+    addRow("three times the same", "<img src=\"a.png\"><img src=\"a.png\"><img src=\"a.png\">",
+        QStringList("/a.png"));
+    addRow("a folder", "<img src=\"x/a.png\">", QStringList("/x/a.png"));
+    addRow("its own root", "<img src=\"/a.png\">", QStringList("/a.png"));
     QTest::newRow("a whole address, joined and not resolved")
         << "<img src=\"http://other/a.png\">" << QStringList("/http://other/a.png");
-    QTest::newRow("a query") << "<img src=\"a.png?v=1\">" << QStringList("/a.png?v=1");
-    QTest::newRow("empty") << "<img src=\"\">" << QStringList("/");
-    QTest::newRow("a letter beyond Latin")
-        << QString::fromUtf8("<img src=\"\u56FE.png\">") << QStringList("/%E5%9B%BE.png");
+    addRow("a query", "<img src=\"a.png?v=1\">", QStringList("/a.png?v=1"));
+    addRow("empty", "<img src=\"\">", QStringList("/"));
+    addRow("a letter beyond Latin", QString::fromUtf8("<img src=\"\u56FE.png\">"),
+        QStringList("/%E5%9B%BE.png"));
 }
 
 void HtmlTextBrowserTest::eachSourceIsAskedForOnce()
@@ -391,10 +391,10 @@ void HtmlTextBrowserTest::pagesTakeTheirTurnsApart()
 void HtmlTextBrowserTest::deletedWhileDownloadsRun_data()
 {
     QTest::addColumn<int>("finished");
-    QTest::newRow("before the first request") << -1;
-    QTest::newRow("before the first answer") << 0;
-    QTest::newRow("after some") << 5;
-    QTest::newRow("when all but the silent ones are there") << 20;
+    addRow("before the first request", -1);
+    addRow("before the first answer", 0);
+    addRow("after some", 5);
+    addRow("when all but the silent ones are there", 20);
 }
 
 void HtmlTextBrowserTest::deletedWhileDownloadsRun()

@@ -98,17 +98,16 @@ void ImageDownloaderTest::theAnswersBodyBecomesTheFile_data()
     inPieces.tail = QByteArray(1000, 'x');
     inPieces.tailCount = 30;
 
-    QTest::newRow("with a length") << page("bytes") << QByteArray("bytes");
-    QTest::newRow("zero bytes inside") << page(QByteArray("a\0b", 3)) << QByteArray("a\0b", 3);
-    QTest::newRow("empty") << page("") << QByteArray("");
-    QTest::newRow("204") << status("204 No Content") << QByteArray("");
-    QTest::newRow("chunked") << chunked << QByteArray("abcde");
-    QTest::newRow("ended by closing") << endedByClosing << QByteArray("until the end");
-    QTest::newRow("in pieces") << inPieces << QByteArray(30000, 'x');
-    QTest::newRow("a redirect's own body")
-        << status("302 Found", "Location: /other\r\n", "moved") << QByteArray("moved");
-    QTest::newRow("5 MiB") << page(QByteArray(5 * kMebibyte, 'y'))
-                           << QByteArray(5 * kMebibyte, 'y');
+    addRow("with a length", page("bytes"), QByteArray("bytes"));
+    addRow("zero bytes inside", page(QByteArray("a\0b", 3)), QByteArray("a\0b", 3));
+    addRow("empty", page(""), QByteArray(""));
+    addRow("204", status("204 No Content"), QByteArray(""));
+    addRow("chunked", chunked, QByteArray("abcde"));
+    addRow("ended by closing", endedByClosing, QByteArray("until the end"));
+    addRow("in pieces", inPieces, QByteArray(30000, 'x'));
+    addRow("a redirect's own body", status("302 Found", "Location: /other\r\n", "moved"),
+        QByteArray("moved"));
+    addRow("5 MiB", page(QByteArray(5 * kMebibyte, 'y')), QByteArray(5 * kMebibyte, 'y'));
 }
 
 void ImageDownloaderTest::theAnswersBodyBecomesTheFile()
@@ -131,12 +130,12 @@ void ImageDownloaderTest::aFailedDownloadKeepsTheEarlierFile_data()
     Answer reset = tooShort;
     reset.end = Answer::RESET;
 
-    QTest::newRow("404") << status("404 Not Found", {}, "not this one");
-    QTest::newRow("401") << status("401 Unauthorized");
-    QTest::newRow("500") << status("500 Internal Server Error", {}, "nor this one");
-    QTest::newRow("closed before its length") << tooShort;
-    QTest::newRow("reset") << reset;
-    QTest::newRow("no answer") << Answer();
+    addRow("404", status("404 Not Found", {}, "not this one"));
+    addRow("401", status("401 Unauthorized"));
+    addRow("500", status("500 Internal Server Error", {}, "nor this one"));
+    addRow("closed before its length", tooShort);
+    addRow("reset", reset);
+    addRow("no answer", Answer());
 }
 
 void ImageDownloaderTest::aFailedDownloadKeepsTheEarlierFile()
@@ -177,15 +176,14 @@ void ImageDownloaderTest::anyAnswerWithoutAnErrorReplacesTheEarlierFile_data()
     // "<html>" in the gzip format.
     const QByteArray packed =
         QByteArray::fromHex("1f8b0800000000000003b3c928c9cdb10300410c43c706000000");
-    QTest::newRow("a format without an end, chunked") << chunked(icon, true) << icon;
-    QTest::newRow("a page, chunked") << chunked("<html>", true) << QByteArray("<html>");
-    QTest::newRow("a page, compressed")
-        << page(packed, "Content-Encoding: gzip\r\n") << QByteArray("<html>");
-    QTest::newRow("a picture, chunked") << chunked(whole, true) << whole;
-    QTest::newRow("a picture, without a length") << untilClosing(whole) << whole;
-    QTest::newRow("half, without a length") << untilClosing(half) << half;
-    QTest::newRow("half, with the half's length") << page(half) << half;
-    QTest::newRow("nothing, without a length") << untilClosing({}) << QByteArray("");
+    addRow("a format without an end, chunked", chunked(icon, true), icon);
+    addRow("a page, chunked", chunked("<html>", true), QByteArray("<html>"));
+    addRow("a page, compressed", page(packed, "Content-Encoding: gzip\r\n"), QByteArray("<html>"));
+    addRow("a picture, chunked", chunked(whole, true), whole);
+    addRow("a picture, without a length", untilClosing(whole), whole);
+    addRow("half, without a length", untilClosing(half), half);
+    addRow("half, with the half's length", page(half), half);
+    addRow("nothing, without a length", untilClosing({}), QByteArray(""));
 }
 
 void ImageDownloaderTest::anyAnswerWithoutAnErrorReplacesTheEarlierFile()
@@ -251,9 +249,9 @@ void ImageDownloaderTest::aPictureOverTheLimitFailsWithOneWarning_data()
 {
     QTest::addColumn<qint64>("size");
     QTest::addColumn<bool>("isTaken");
-    QTest::newRow("64 MiB") << 64 * kMebibyte << true;
-    QTest::newRow("one byte more") << 64 * kMebibyte + 1 << false;
-    QTest::newRow("forever") << qint64(-1) << false;
+    addRow("64 MiB", 64 * kMebibyte, true);
+    addRow("one byte more", 64 * kMebibyte + 1, false);
+    addRow("forever", qint64(-1), false);
 }
 
 void ImageDownloaderTest::aPictureOverTheLimitFailsWithOneWarning()
@@ -310,8 +308,8 @@ void ImageDownloaderTest::aRefusedDownloadFailsLaterWithoutARequest()
 void ImageDownloaderTest::deletedAtAnyMomentItSaysNothing_data()
 {
     QTest::addColumn<bool>("waitForTheRequest");
-    QTest::newRow("at once") << false;
-    QTest::newRow("while the server answers") << true;
+    addRow("at once", false);
+    addRow("while the server answers", true);
 }
 
 void ImageDownloaderTest::deletedAtAnyMomentItSaysNothing()

@@ -97,20 +97,19 @@ void PageDisplayTest::picturesAppearAtTheirNaturalSize_data()
     QTest::addColumn<QString>("body");
     QTest::addColumn<int>("pixels");
     const int one = 50 * 40;
-    QTest::newRow("one") << "<img src=\"a.png\">" << one;
-    QTest::newRow("below text") << "<p>text<p><img src=\"a.png\"><p>text" << one;
-    QTest::newRow("by the parent folder") << "<img src=\"../image/a.png\">" << one;
-    QTest::newRow("by its own folder") << "<img src=\"./a.png\">" << one;
-    QTest::newRow("by a name that is a device on Windows") << "<img src=\"aux.png\">" << one;
-    QTest::newRow("by another such name") << "<img src=\"com1.png\">" << one;
-    QTest::newRow("twice") << "<img src=\"a.png\"><br><img src=\"a.png\">" << 2 * one;
-    QTest::newRow("two") << "<img src=\"a.png\"> <img src=\"b.png\">" << 2 * one;
-    QTest::newRow("with a size of the page's")
-        << "<img width=\"20\" height=\"10\" src=\"a.png\">" << 200;
-    QTest::newRow("in a table") << "<table><tr><td><img src=\"a.png\"></td></tr></table>" << one;
-    QTest::newRow("in a folder that is not there") << "<img src=\"x/a.png\">" << 0;
-    QTest::newRow("by a root path") << "<img src=\"/a.png\">" << 0;
-    QTest::newRow("by a query") << "<img src=\"a.png?v=1\">" << 0;
+    addRow("one", "<img src=\"a.png\">", one);
+    addRow("below text", "<p>text<p><img src=\"a.png\"><p>text", one);
+    addRow("by the parent folder", "<img src=\"../image/a.png\">", one);
+    addRow("by its own folder", "<img src=\"./a.png\">", one);
+    addRow("by a name that is a device on Windows", "<img src=\"aux.png\">", one);
+    addRow("by another such name", "<img src=\"com1.png\">", one);
+    addRow("twice", "<img src=\"a.png\"><br><img src=\"a.png\">", 2 * one);
+    addRow("two", "<img src=\"a.png\"> <img src=\"b.png\">", 2 * one);
+    addRow("with a size of the page's", "<img width=\"20\" height=\"10\" src=\"a.png\">", 200);
+    addRow("in a table", "<table><tr><td><img src=\"a.png\"></td></tr></table>", one);
+    addRow("in a folder that is not there", "<img src=\"x/a.png\">", 0);
+    addRow("by a root path", "<img src=\"/a.png\">", 0);
+    addRow("by a query", "<img src=\"a.png?v=1\">", 0);
 }
 
 void PageDisplayTest::picturesAppearAtTheirNaturalSize()
@@ -183,18 +182,17 @@ void PageDisplayTest::aLongPageIsLaidOutOnce_data()
     QTest::addColumn<QString>("html");
     QTest::addColumn<bool>("isHigh");
     const QString words = QStringLiteral("word ").repeated(10000);
-    QTest::newRow("one paragraph") << "<html>" + words << true;
-    QTest::newRow("plain text") << words << true;
-    QTest::newRow("paragraphs") << "<html>" + lines(2000) << true;
-    QTest::newRow("short paragraphs") << "<html>" + lines(40) << true;
-    QTest::newRow("breaks") << "<html>" + QStringLiteral("x<br>").repeated(40) << true;
+    addRow("one paragraph", "<html>" + words, true);
+    addRow("plain text", words, true);
+    addRow("paragraphs", "<html>" + lines(2000), true);
+    addRow("short paragraphs", "<html>" + lines(40), true);
+    addRow("breaks", "<html>" + QStringLiteral("x<br>").repeated(40), true);
     const QString rows = QStringLiteral("<tr><td>x</td></tr>");
-    QTest::newRow("rows of a table") << "<html><table>" + rows.repeated(40) + "</table>" << true;
-    QTest::newRow("a page that fits") << "<html>a word" << false;
-    QTest::newRow("tables side by side")
-        << "<html><table><tr>" + ("<td><table>" + rows.repeated(3) + "</table>").repeated(8)
-        << false;
-    QTest::newRow("letters that are not shown") << "<html><script>" + words + "</script>" << false;
+    addRow("rows of a table", "<html><table>" + rows.repeated(40) + "</table>", true);
+    addRow("a page that fits", "<html>a word", false);
+    addRow("tables side by side",
+        "<html><table><tr>" + ("<td><table>" + rows.repeated(3) + "</table>").repeated(8), false);
+    addRow("letters that are not shown", "<html><script>" + words + "</script>", false);
 }
 
 /// The scroll bar does not take its place from a page that has been laid out already.

@@ -105,24 +105,24 @@ void PageSafetyTest::cleanup()
 void PageSafetyTest::aPageFromTheNetworkReadsNoLocalFile_data()
 {
     QTest::addColumn<QString>("body");
-    QTest::newRow("by its path") << QStringLiteral("<img src=\"%1\">").arg(secret());
+    addRow("by its path", QStringLiteral("<img src=\"%1\">").arg(secret()));
     QTest::newRow("by its address") << QStringLiteral("<img src=\"file://%1\">").arg(secret());
     QTest::newRow("by its address with a host")
         << QStringLiteral("<img src=\"file://localhost%1\">").arg(secret());
     QTest::newRow("by a path with a host")
         << QStringLiteral("<img src=\"//host%1\">").arg(secret());
-    QTest::newRow("beside the process") << "<img src=\"secret.png\">";
-    QTest::newRow("beside the process, percent-encoded") << "<img src=\"secret%2Epng\">";
-    QTest::newRow("above the search path") << "<img src=\"../secret.png\">";
-    QTest::newRow("above the search path, percent-encoded") << "<img src=\"%2e%2e/secret.png\">";
-    QTest::newRow("above the search path, from inside") << "<img src=\"x/../../secret.png\">";
-    QTest::newRow("by a link inside the search path") << "<img src=\"link.png\">";
-    QTest::newRow("as a background")
-        << QStringLiteral("<body background=\"%1\"><p>x</p></body>").arg(secret());
-    QTest::newRow("as a style's background")
-        << QStringLiteral("<p style=\"background-image:url(%1)\">text</p>").arg(secret());
-    QTest::newRow("as a list's sign")
-        << QStringLiteral("<ul style=\"list-style-image:url(%1)\"><li>x</ul>").arg(secret());
+    addRow("beside the process", "<img src=\"secret.png\">");
+    addRow("beside the process, percent-encoded", "<img src=\"secret%2Epng\">");
+    addRow("above the search path", "<img src=\"../secret.png\">");
+    addRow("above the search path, percent-encoded", "<img src=\"%2e%2e/secret.png\">");
+    addRow("above the search path, from inside", "<img src=\"x/../../secret.png\">");
+    addRow("by a link inside the search path", "<img src=\"link.png\">");
+    addRow(
+        "as a background", QStringLiteral("<body background=\"%1\"><p>x</p></body>").arg(secret()));
+    addRow("as a style's background",
+        QStringLiteral("<p style=\"background-image:url(%1)\">text</p>").arg(secret()));
+    addRow("as a list's sign",
+        QStringLiteral("<ul style=\"list-style-image:url(%1)\"><li>x</ul>").arg(secret()));
     QTest::newRow("in other capitals") << QStringLiteral("<IMG SRC='FILE://%1'>").arg(secret());
 }
 
@@ -144,14 +144,14 @@ void PageSafetyTest::aPageFromTheNetworkReadsNoLocalStyleSheet_data()
 {
     QTest::addColumn<QString>("head");
     const QString path = m_host.helpPath() + QLatin1String("/secret.css");
-    QTest::newRow("by a path")
-        << QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"%1\">").arg(path);
+    addRow("by a path",
+        QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"%1\">").arg(path));
     QTest::newRow("by an address")
         << QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"file://%1\">")
                .arg(path);
-    QTest::newRow("imported") << QStringLiteral("<style>@import url(%1);</style>").arg(path);
-    QTest::newRow("beside the process")
-        << QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"secret.css\">");
+    addRow("imported", QStringLiteral("<style>@import url(%1);</style>").arg(path));
+    addRow("beside the process",
+        QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"secret.css\">"));
 }
 
 void PageSafetyTest::aPageFromTheNetworkReadsNoLocalStyleSheet()
@@ -207,20 +207,18 @@ void PageSafetyTest::onlyPlainFormatsAreShown_data()
                            "xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"60\" "
                            "height=\"60\"><rect width=\"60\" height=\"60\" fill=\"red\"/>"
                            "<image width=\"60\" height=\"60\" xlink:href=\"%1\"/></svg>";
-    QTest::newRow("PNG") << picture("PNG") << true;
-    QTest::newRow("BMP") << picture("BMP") << true;
-    QTest::newRow("SVG that draws a file")
-        << QString::fromLatin1(svg).arg(secret()).toLatin1() << false;
-    QTest::newRow("SVG that names a device that never answers")
-        << QString::fromLatin1(svg).arg(QStringLiteral("/dev/zero")).toLatin1() << false;
-    QTest::newRow("SVG of 16,000 x 16,000")
-        << QByteArray(svg).replace("\"60\"", "\"16000\"").replace("%1", "") << false;
-    QTest::newRow("a megabyte of compressed SVG")
-        << QByteArray::fromHex("1f8b0800000000000003") + QByteArray(1024 * 1024, 'x') << false;
-    QTest::newRow("SVG, compressed")
-        << QByteArray::fromHex("1f8b08000000000000032b2e4b57a8c8cd") << false;
+    addRow("PNG", picture("PNG"), true);
+    addRow("BMP", picture("BMP"), true);
+    addRow("SVG that draws a file", QString::fromLatin1(svg).arg(secret()).toLatin1(), false);
+    addRow("SVG that names a device that never answers",
+        QString::fromLatin1(svg).arg(QStringLiteral("/dev/zero")).toLatin1(), false);
+    addRow("SVG of 16,000 x 16,000",
+        QByteArray(svg).replace("\"60\"", "\"16000\"").replace("%1", ""), false);
+    addRow("a megabyte of compressed SVG",
+        QByteArray::fromHex("1f8b0800000000000003") + QByteArray(1024 * 1024, 'x'), false);
+    addRow("SVG, compressed", QByteArray::fromHex("1f8b08000000000000032b2e4b57a8c8cd"), false);
     for (const char *format : {"PPM", "XPM", "XBM", "ICO"})
-        QTest::newRow(format) << picture(format) << false;
+        addRow(format, picture(format), false);
 }
 
 void PageSafetyTest::onlyPlainFormatsAreShown()
@@ -257,13 +255,12 @@ void PageSafetyTest::onlyPlainFormatsAreShown()
 void PageSafetyTest::plainFormatsAreReadByTheirContent_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("PNG") << picture("PNG");
-    QTest::newRow("JPEG") << picture("JPEG");
-    QTest::newRow("BMP") << picture("BMP");
+    addRow("PNG", picture("PNG"));
+    addRow("JPEG", picture("JPEG"));
+    addRow("BMP", picture("BMP"));
     QTest::newRow("GIF") << QByteArray::fromBase64(
         "R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7");
-    QTest::newRow("WebP") << QByteArray::fromBase64(
-        "UklGRhoAAABXRUJQVlA4TA0AAAAvAAAAEAcQERGIiP4HAA==");
+    addRow("WebP", QByteArray::fromBase64("UklGRhoAAABXRUJQVlA4TA0AAAAvAAAAEAcQERGIiP4HAA=="));
 }
 
 void PageSafetyTest::plainFormatsAreReadByTheirContent()
@@ -282,12 +279,12 @@ void PageSafetyTest::plainFormatsAreReadByTheirContent()
 void PageSafetyTest::aDataAddressIsNeverAFileName_data()
 {
     QTest::addColumn<QString>("address");
-    QTest::newRow("no comma") << "data:secret.png";
-    QTest::newRow("no comma, a path") << "data:" + secret();
-    QTest::newRow("broken base64") << "data:image/png;base64,%%%";
-    QTest::newRow("a path as its data") << "data:," + secret();
-    QTest::newRow("capitals") << "DATA:" + secret();
-    QTest::newRow("nothing") << "data:";
+    addRow("no comma", "data:secret.png");
+    addRow("no comma, a path", "data:" + secret());
+    addRow("broken base64", "data:image/png;base64,%%%");
+    addRow("a path as its data", "data:," + secret());
+    addRow("capitals", "DATA:" + secret());
+    addRow("nothing", "data:");
 }
 
 void PageSafetyTest::aDataAddressIsNeverAFileName()
@@ -307,13 +304,12 @@ void PageSafetyTest::picturesAreJudgedByTheirHeader_data()
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("warning");
     const QString tooLarge = QStringLiteral("Picture is too large");
-    QTest::newRow("one pixel too many")
-        << dataAddress(bitmapHeader(8192 * 8192 + 1, 1)) << tooLarge;
+    addRow("one pixel too many", dataAddress(bitmapHeader(8192 * 8192 + 1, 1)), tooLarge);
     QImage image(8192, 8193, QImage::Format_Mono);
     image.fill(1);
     QBuffer bytes;
     image.save(&bytes, "PNG");
-    QTest::newRow("a few bytes of PNG") << dataAddress(bytes.data()) << tooLarge;
+    addRow("a few bytes of PNG", dataAddress(bytes.data()), tooLarge);
 }
 
 void PageSafetyTest::picturesAreJudgedByTheirHeader()
@@ -381,8 +377,8 @@ void PageSafetyTest::aPictureWiderThanThePageIsFittedIn()
 void PageSafetyTest::thePicturesOfAPageAreNotTooHighTogether_data()
 {
     QTest::addColumn<QString>("attributes");
-    QTest::newRow("their own height") << "";
-    QTest::newRow("by their width") << "width=\"40\"";
+    addRow("their own height", "");
+    addRow("by their width", "width=\"40\"");
 }
 
 void PageSafetyTest::thePicturesOfAPageAreNotTooHighTogether()
@@ -402,8 +398,8 @@ void PageSafetyTest::thePicturesOfAPageAreNotTooHighTogether()
 void PageSafetyTest::nothingIsReadFromAFolderThatIsNotTheUsersOwn_data()
 {
     QTest::addColumn<QString>("link");
-    QTest::newRow("the picture folder") << "/kestrava_help/image";
-    QTest::newRow("the folder around it") << "/kestrava_help";
+    addRow("the picture folder", "/kestrava_help/image");
+    addRow("the folder around it", "/kestrava_help");
 }
 
 void PageSafetyTest::nothingIsReadFromAFolderThatIsNotTheUsersOwn()
@@ -441,10 +437,10 @@ void PageSafetyTest::picturesAreOnlyFetchedFromTheWeb_data()
 {
     QTest::addColumn<QString>("base");
     QTest::newRow("a file") << QStringLiteral("file://%1/").arg(m_host.helpPath());
-    QTest::newRow("a path") << m_host.helpPath() + QLatin1Char('/');
-    QTest::newRow("nothing") << "";
-    QTest::newRow("a resource") << "qrc:/";
-    QTest::newRow("data") << "data:image/png;base64,";
+    addRow("a path", m_host.helpPath() + QLatin1Char('/'));
+    addRow("nothing", "");
+    addRow("a resource", "qrc:/");
+    addRow("data", "data:image/png;base64,");
     QTest::newRow("a file transfer") << "ftp://127.0.0.1/";
     QTest::newRow("unknown") << "gopher://127.0.0.1/";
     QTest::newRow("capitals") << QStringLiteral("FILE://%1/").arg(m_host.helpPath());
@@ -490,8 +486,8 @@ void PageSafetyTest::aPageFromAFileMayFetchFiles()
 void PageSafetyTest::aBrokenPictureIsMissing_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("text") << QByteArray("<html>an error page</html>");
+    addRow("empty", QByteArray());
+    addRow("text", QByteArray("<html>an error page</html>"));
 }
 
 void PageSafetyTest::aBrokenPictureIsMissing()

@@ -30,19 +30,18 @@ void PictureScanTest::theBaseAddressStandsBetweenItsQuotes_data()
     QTest::addColumn<QString>("address");
 
     QTest::newRow("plain") << "<base href=\"https://a/b/\">" << true << "https://a/b/";
-    QTest::newRow("empty") << "<base href=\"\">" << true << "";
-    QTest::newRow("the first of two") << "<base href=\"a\"><base href=\"b\">" << true << "a";
-    QTest::newRow("anywhere in the page")
-        << "<p>x</p><base href=\"a\" target=\"_blank\">" << true << "a";
-    QTest::newRow("over a line break") << "<base href=\"a\nb\">" << true << "a\nb";
-    QTest::newRow("none") << "<html></html>" << false << "";
-    QTest::newRow("no closing quote") << "<base href=\"a>" << false << "";
-    QTest::newRow("single quotes") << "<base href='a'>" << false << "";
-    QTest::newRow("no quotes") << "<base href=a>" << false << "";
-    QTest::newRow("capitals") << "<BASE HREF=\"a\">" << false << "";
-    QTest::newRow("two blanks") << "<base  href=\"a\">" << false << "";
-    QTest::newRow("another attribute first") << "<base target=\"x\" href=\"a\">" << false << "";
-    QTest::newRow("empty page") << "" << false << "";
+    addRow("empty", "<base href=\"\">", true, "");
+    addRow("the first of two", "<base href=\"a\"><base href=\"b\">", true, "a");
+    addRow("anywhere in the page", "<p>x</p><base href=\"a\" target=\"_blank\">", true, "a");
+    addRow("over a line break", "<base href=\"a\nb\">", true, "a\nb");
+    addRow("none", "<html></html>", false, "");
+    addRow("no closing quote", "<base href=\"a>", false, "");
+    addRow("single quotes", "<base href='a'>", false, "");
+    addRow("no quotes", "<base href=a>", false, "");
+    addRow("capitals", "<BASE HREF=\"a\">", false, "");
+    addRow("two blanks", "<base  href=\"a\">", false, "");
+    addRow("another attribute first", "<base target=\"x\" href=\"a\">", false, "");
+    addRow("empty page", "", false, "");
 }
 
 void PictureScanTest::theBaseAddressStandsBetweenItsQuotes()
@@ -60,36 +59,32 @@ void PictureScanTest::sourcesAreFoundOnceEachInTheirOrder_data()
     QTest::addColumn<QString>("html");
     QTest::addColumn<QStringList>("sources");
 
-    QTest::newRow("none") << "<p>text</p>" << QStringList();
-    QTest::newRow("one") << "<img src=\"a.png\">" << QStringList("a.png");
-    QTest::newRow("two") << "<img src=\"b\"><img src=\"a\">" << QStringList({"b", "a"});
-    QTest::newRow("three times the same")
-        << "<img src=\"a\"><img src=\"a\"><p><img src=\"a\">" << QStringList("a");
-    QTest::newRow("again after another")
-        << "<img src=\"a\"><img src=\"b\"><img src=\"a\">" << QStringList({"a", "b"});
-    QTest::newRow("other attributes first") << "<img alt=\"x\" src=\"a\">" << QStringList("a");
-    QTest::newRow("empty source") << "<img src=\"\">" << QStringList("");
-    QTest::newRow("capitals") << "<IMG SRC=\"a\">" << QStringList();
-    QTest::newRow("capital attribute") << "<img SRC=\"a\">" << QStringList();
-    QTest::newRow("single quotes") << "<img src='a'>" << QStringList();
-    QTest::newRow("blank before the equals sign") << "<img src =\"a\">" << QStringList();
-    QTest::newRow("no closing quote takes the rest")
-        << "<img src=\"a\"><img src=\"b.png><p>x" << QStringList({"a", "b.png><p>x"});
-    QTest::newRow("no source at all") << "<img alt=\"x\"><p>" << QStringList();
-    QTest::newRow("no source takes the next tag's")
-        << "<img alt=\"x\"><script src=\"s.js\"></script>" << QStringList("s.js");
-    QTest::newRow("a longer tag name") << "<imgage src=\"a\">" << QStringList("a");
-    QTest::newRow("a longer attribute name")
-        << "<img data-src=\"a\" src=\"b\">" << QStringList("a");
-    QTest::newRow("a tag inside a source")
-        << "<img src=\"<img src=\"a\">" << QStringList({"<img src=", "a"});
-    QTest::newRow("sources are case-sensitive")
-        << "<img src=\"a\"><img src=\"A\">" << QStringList({"a", "A"});
-    QTest::newRow("in a comment") << "<!-- <img src=\"a\"> -->" << QStringList("a");
-    QTest::newRow("entities stay") << "<img src=\"a&amp;b\">" << QStringList("a&amp;b");
-    QTest::newRow("outside of the basic plane")
-        << QString::fromUtf8("<img src=\"\xF0\x9F\x98\x80.png\">")
-        << QStringList(QString::fromUtf8("\xF0\x9F\x98\x80.png"));
+    addRow("none", "<p>text</p>", QStringList());
+    addRow("one", "<img src=\"a.png\">", QStringList("a.png"));
+    addRow("two", "<img src=\"b\"><img src=\"a\">", QStringList({"b", "a"}));
+    addRow("three times the same", "<img src=\"a\"><img src=\"a\"><p><img src=\"a\">",
+        QStringList("a"));
+    addRow("again after another", "<img src=\"a\"><img src=\"b\"><img src=\"a\">",
+        QStringList({"a", "b"}));
+    addRow("other attributes first", "<img alt=\"x\" src=\"a\">", QStringList("a"));
+    addRow("empty source", "<img src=\"\">", QStringList(""));
+    addRow("capitals", "<IMG SRC=\"a\">", QStringList());
+    addRow("capital attribute", "<img SRC=\"a\">", QStringList());
+    addRow("single quotes", "<img src='a'>", QStringList());
+    addRow("blank before the equals sign", "<img src =\"a\">", QStringList());
+    addRow("no closing quote takes the rest", "<img src=\"a\"><img src=\"b.png><p>x",
+        QStringList({"a", "b.png><p>x"}));
+    addRow("no source at all", "<img alt=\"x\"><p>", QStringList());
+    addRow("no source takes the next tag's", "<img alt=\"x\"><script src=\"s.js\"></script>",
+        QStringList("s.js"));
+    addRow("a longer tag name", "<imgage src=\"a\">", QStringList("a"));
+    addRow("a longer attribute name", "<img data-src=\"a\" src=\"b\">", QStringList("a"));
+    addRow("a tag inside a source", "<img src=\"<img src=\"a\">", QStringList({"<img src=", "a"}));
+    addRow("sources are case-sensitive", "<img src=\"a\"><img src=\"A\">", QStringList({"a", "A"}));
+    addRow("in a comment", "<!-- <img src=\"a\"> -->", QStringList("a"));
+    addRow("entities stay", "<img src=\"a&amp;b\">", QStringList("a&amp;b"));
+    addRow("outside of the basic plane", QString::fromUtf8("<img src=\"\xF0\x9F\x98\x80.png\">"),
+        QStringList(QString::fromUtf8("\xF0\x9F\x98\x80.png")));
 }
 
 void PictureScanTest::sourcesAreFoundOnceEachInTheirOrder()

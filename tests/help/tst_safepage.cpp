@@ -254,32 +254,30 @@ void SafePageTest::pagesAreJudgedByTheirDepth_data()
     const auto tables = [&cell](int count, const QString &spelling) {
         return "<html>" + times(count, spelling + cell);
     };
-    QTest::newRow("12 tables") << tables(12, "<table>") << false;
-    QTest::newRow("13 tables") << tables(13, "<table>") << true;
+    addRow("12 tables", tables(12, "<table>"), false);
+    addRow("13 tables", tables(13, "<table>"), true);
     for (const char *spelling : {"< table>", "<\n table>", "<\"table\">", "<'table'>",
              "<t&#97;ble>", "<&#x54;able>", "<TABLE\t>", "<table x=\"/>\">", "<table x='</table>'>",
              "<table x=\"</table>\">", "<table></table.x>", "<table></ tabl>"})
         QTest::addRow("22 times %s", spelling) << tables(22, spelling) << true;
-    QTest::newRow("after a comment in an attribute")
-        << "<a title=\"<!--\">" + tables(22, "<table>") << true;
-    QTest::newRow("after a comment in a paragraph's attribute")
-        << "<p x=\"<!--\">" + tables(22, "<table>") << true;
-    QTest::newRow("in a comment") << "<!-- " + tables(50, "<table>") + " --><p>" << false;
-    QTest::newRow("tables side by side")
-        << times(500, "<table><tr><td></td></tr></table>") << false;
-    QTest::newRow("1000 tags") << times(1000, "<b>") << false;
-    QTest::newRow("1001 tags") << times(1001, "<b>") << true;
-    QTest::newRow("tags, ended") << times(5000, "<b>x</b>") << false;
-    QTest::newRow("tags that end themselves") << times(5000, "<a name=\"x\" />") << false;
+    addRow("after a comment in an attribute", "<a title=\"<!--\">" + tables(22, "<table>"), true);
+    addRow("after a comment in a paragraph's attribute", "<p x=\"<!--\">" + tables(22, "<table>"),
+        true);
+    addRow("in a comment", "<!-- " + tables(50, "<table>") + " --><p>", false);
+    addRow("tables side by side", times(500, "<table><tr><td></td></tr></table>"), false);
+    addRow("1000 tags", times(1000, "<b>"), false);
+    addRow("1001 tags", times(1001, "<b>"), true);
+    addRow("tags, ended", times(5000, "<b>x</b>"), false);
+    addRow("tags that end themselves", times(5000, "<a name=\"x\" />"), false);
     for (const char *tag : {"<wbr>", "<param>", "<input>", "<area>", "<base>", "<col>", "<br>",
              "<img src=\"x\">", "<p>x", "<option>"})
         QTest::addRow("5000 times %s", tag) << times(5000, tag) << false;
-    QTest::newRow("<b x=\"/>\">") << times(200000, "<b x=\"/>\">") << true;
-    QTest::newRow("<b x=\"</b>\">") << times(200000, "<b x=\"</b>\">") << true;
-    QTest::newRow("<div x=\"</b>\">") << times(200000, "<div x=\"</b>\">") << true;
-    QTest::newRow("items inside paragraphs") << times(15000, "<p><li>") << true;
-    QTest::newRow("ends without a beginning") << times(2000, "</b>") + times(1000, "<b>") << false;
-    QTest::newRow("a bracket at the end") << "text<" << false;
+    addRow("<b x=\"/>\">", times(200000, "<b x=\"/>\">"), true);
+    addRow("<b x=\"</b>\">", times(200000, "<b x=\"</b>\">"), true);
+    addRow("<div x=\"</b>\">", times(200000, "<div x=\"</b>\">"), true);
+    addRow("items inside paragraphs", times(15000, "<p><li>"), true);
+    addRow("ends without a beginning", times(2000, "</b>") + times(1000, "<b>"), false);
+    addRow("a bracket at the end", "text<", false);
 }
 
 void SafePageTest::pagesAreJudgedByTheirDepth()
@@ -298,7 +296,7 @@ void SafePageTest::pagesAreJudgedByTheirWork_data()
     QTest::addColumn<int>("fine");
     QTest::addColumn<int>("tooMuch");
     const auto row = [](const char *name, const QString &unit, int fine, int tooMuch) {
-        QTest::newRow(name) << unit << fine << tooMuch;
+        addRow(name, unit, fine, tooMuch);
     };
     row("letters", "word ", 600000, 800000);
     row("ideographs", QChar(0x56FE), 1500000, 2000000);
@@ -334,7 +332,7 @@ void SafePageTest::aPageIsNoHigherThanTheEngineTakes_data()
     QTest::addColumn<QString>("start");
     QTest::addColumn<QString>("unit");
     const auto row = [](const char *name, const QString &start, const QString &unit) {
-        QTest::newRow(name) << "<html>" + start << unit;
+        addRow(name, "<html>" + start, unit);
     };
     row("breaks", {}, "<br>");
     row("headings", {}, "<h1>x</h1>");
@@ -390,23 +388,26 @@ static QString distinct(int count, const QString &unit)
 /// Lengths at which the text engine's numbers overflow, or nearly so.
 static void addLengthRows()
 {
-    QTest::newRow("margins beyond the engine's numbers")
-        << "<html>" + times(5, "<table style=\"margin:99999999px\"><tr><td>\n");
-    QTest::newRow("lengths beyond the engine's numbers") << "<html>"
-            + times(5, "<table border=99999999 cellpadding=99999999 width=99999999><tr><td>\n");
-    QTest::newRow("lengths with exponents") << "<html>"
+    addRow("margins beyond the engine's numbers",
+        "<html>" + times(5, "<table style=\"margin:99999999px\"><tr><td>\n"));
+    addRow("lengths beyond the engine's numbers",
+        "<html>"
+            + times(5, "<table border=99999999 cellpadding=99999999 width=99999999><tr><td>\n"));
+    addRow("lengths with exponents",
+        "<html>"
             + times(5,
-                "<table style=\"margin:9e9px\" border=9e9 cellpadding=1e30 width=inf><tr><td>\n");
-    QTest::newRow("lengths after blanks that are entities")
-        << "<html>" + times(5, "<table cellspacing=\"&nbsp;99999999\" width=99999999><tr><td>\n");
-    QTest::newRow("the largest lengths") << "<html>"
+                "<table style=\"margin:9e9px\" border=9e9 cellpadding=1e30 width=inf><tr><td>\n"));
+    addRow("lengths after blanks that are entities",
+        "<html>" + times(5, "<table cellspacing=\"&nbsp;99999999\" width=99999999><tr><td>\n"));
+    addRow("the largest lengths",
+        "<html>"
             + times(12,
                 "<table style=\"margin:9999px\" border=9999 cellpadding=9999 width=9999>"
-                "<tr><td>\n");
-    QTest::newRow("the largest heights")
-        << "<html>" + times(8000, "<p style=\"margin-top:9999px\">x<img height=9999>");
-    QTest::newRow("the largest indents")
-        << "<html>" + times(450, "<ul style=\"-qt-list-indent:9999;margin-left:9999px\"><li>x");
+                "<tr><td>\n"));
+    addRow("the largest heights",
+        "<html>" + times(8000, "<p style=\"margin-top:9999px\">x<img height=9999>"));
+    addRow("the largest indents",
+        "<html>" + times(450, "<ul style=\"-qt-list-indent:9999;margin-left:9999px\"><li>x"));
 }
 
 /// Rows with fewer cells than others, which the text engine fills.
@@ -414,17 +415,18 @@ static void addEmptyCellRows()
 {
     QTest::newRow("149 rows, the first of 500 columns") // Generated page 79388.
         << "<html><table><tr>" + times(5, "<td colspan=\"100\">x") + times(148, "<tr><td>x");
-    QTest::newRow("299 rows, the last of 500 columns")
-        << "<html><table>" + times(298, "<tr><td>x") + "<tr>" + times(5, "<td colspan=\"100\">x");
-    QTest::newRow("rows of 400 columns through cells of earlier rows") << "<html><table>"
-            + times(4, "<tr>" + times(100, "<td rowspan=\"5\">x")) + times(300, "<tr><td>x");
+    addRow("299 rows, the last of 500 columns",
+        "<html><table>" + times(298, "<tr><td>x") + "<tr>" + times(5, "<td colspan=\"100\">x"));
+    addRow("rows of 400 columns through cells of earlier rows",
+        "<html><table>" + times(4, "<tr>" + times(100, "<td rowspan=\"5\">x"))
+            + times(300, "<tr><td>x"));
 }
 
 /// The text engine considers the styles of all elements around each element.
 static void addStyleRows()
 {
     const auto row = [](const char *name, int rules, const QString &rule, const QString &page) {
-        QTest::newRow(name) << "<html><style>" + times(rules, rule) + "</style>" + page;
+        addRow(name, "<html><style>" + times(rules, rule) + "</style>" + page);
     };
     row("15,000 rules for any element", 15000, "*{white-space:pre}", times(100, "<td>x")); // 88322
     row("11,000 rules for paragraphs", 11000, "p{white-space:pre}", times(20, "<p>x")); // 5288
@@ -467,43 +469,43 @@ void SafePageTest::hostilePagesTakeNoLongerThanAPlainPage_data()
     fill("closing tags", QStringLiteral("</b>"));
     fill("headings", QStringLiteral("<h1>x</h1>"));
     fill("monospaced texts", QStringLiteral("<code>x</code> "));
-    QTest::newRow("100,000 pictures in a paragraph")
-        << "<html><p>" + times(100000, "<img src=\"a\">");
-    QTest::newRow("rows of 20480 columns")
-        << "<html><table>" + times(10, "<tr><td colspan=\"20480\">a<td>b");
-    QTest::newRow("4,000 rules and 4,000 tags")
-        << "<html><style>" + times(4000, "p{color:red}") + "</style>" + times(4000, "<p>x");
-    QTest::newRow("a rule of 100,000 declarations")
-        << "<html><style>p{" + times(100000, "color:red;") + "}</style>" + times(4000, "<p>x");
-    QTest::newRow("rules for descendants") << "<html><style>"
-            + times(100, "q b b b b b p{color:red}") + "</style>" + times(100, "<b>")
-            + times(4000, "<p>x");
+    addRow("100,000 pictures in a paragraph", "<html><p>" + times(100000, "<img src=\"a\">"));
+    addRow(
+        "rows of 20480 columns", "<html><table>" + times(10, "<tr><td colspan=\"20480\">a<td>b"));
+    addRow("4,000 rules and 4,000 tags",
+        "<html><style>" + times(4000, "p{color:red}") + "</style>" + times(4000, "<p>x"));
+    addRow("a rule of 100,000 declarations",
+        "<html><style>p{" + times(100000, "color:red;") + "}</style>" + times(4000, "<p>x"));
+    addRow("rules for descendants",
+        "<html><style>" + times(100, "q b b b b b p{color:red}") + "</style>" + times(100, "<b>")
+            + times(4000, "<p>x"));
     for (const char *rule : {"b", "*", ".c", "#c", "i b", "[x=\"a q\"]"})
         QTest::addRow("rules for nested tags: %s", rule) << "<html><style>"
                 + times(600, QLatin1String(rule) + QLatin1String("{color:red}")) + "</style>"
                 + times(800, "<b class=c id=c x=\"a q\">");
-    QTest::newRow("rules for descendants of nested tags")
-        << "<html><style>" + times(30, "i b{color:red}") + "</style>" + times(300, "<b>");
-    QTest::newRow("rules for siblings")
-        << "<html><style>" + times(100, "b + p + p{color:red}") + "</style>" + times(9000, "<p>x");
-    QTest::newRow("22 tables in 371 bytes") << "<html>" + times(22, "< table><tr><td>");
-    QTest::newRow("text in 12 tables")
-        << "<html>" + times(12, "<table><tr><td>") + times(2000, "word ");
-    QTest::newRow("two scripts in narrow columns") << "<html><table><tr>"
-            + times(40, "<th rowspan=9>" + times(207, QString(QChar(0x5D0)) + "a"));
-    QTest::newRow("two scripts in 9 tables")
-        << "<html>" + times(9, "<table><tr><td>") + times(314, QString(QChar(0x5D0)) + "a");
-    QTest::newRow("floating tables in tables") << "<html>" + times(2, "<table><tr><td>")
-            + times(1000, "<table style=\"fl\\6f at:left;float:left\"><tr><td>x</table>");
+    addRow("rules for descendants of nested tags",
+        "<html><style>" + times(30, "i b{color:red}") + "</style>" + times(300, "<b>"));
+    addRow("rules for siblings",
+        "<html><style>" + times(100, "b + p + p{color:red}") + "</style>" + times(9000, "<p>x"));
+    addRow("22 tables in 371 bytes", "<html>" + times(22, "< table><tr><td>"));
+    addRow("text in 12 tables", "<html>" + times(12, "<table><tr><td>") + times(2000, "word "));
+    addRow("two scripts in narrow columns",
+        "<html><table><tr>"
+            + times(40, "<th rowspan=9>" + times(207, QString(QChar(0x5D0)) + "a")));
+    addRow("two scripts in 9 tables",
+        "<html>" + times(9, "<table><tr><td>") + times(314, QString(QChar(0x5D0)) + "a"));
+    addRow("floating tables in tables",
+        "<html>" + times(2, "<table><tr><td>")
+            + times(1000, "<table style=\"fl\\6f at:left;float:left\"><tr><td>x</table>"));
     QTest::newRow("240,000 accents of one letter") // Generated page 16165.
         << "<html>a" + times(240000, QChar(0x301));
     addEmptyCellRows();
     addStyleRows();
     addLengthRows();
-    QTest::newRow("fonts") << distinct(5000, QStringLiteral("<p style=\"font-size:#px\">x"));
-    QTest::newRow("families") << distinct(5000, QStringLiteral("<font face=\"f#\">x</font>"));
-    QTest::newRow("blocks made parts of a line")
-        << "<html><style>p{display:inline}</style>" + times(50000, "<p>w</p><p>.</p>");
+    addRow("fonts", distinct(5000, QStringLiteral("<p style=\"font-size:#px\">x")));
+    addRow("families", distinct(5000, QStringLiteral("<font face=\"f#\">x</font>")));
+    addRow("blocks made parts of a line",
+        "<html><style>p{display:inline}</style>" + times(50000, "<p>w</p><p>.</p>"));
 }
 
 /// It takes less time than ten pages of a megabyte of text.
@@ -537,22 +539,14 @@ void SafePageTest::spansAreCut_data()
 {
     QTest::addColumn<QString>("span");
     QTest::addColumn<QString>("written");
-    QTest::newRow("100") << "100"
-                         << "100";
-    QTest::newRow("101") << "101"
-                         << "100";
-    QTest::newRow("20480") << "20480"
-                           << "100";
-    QTest::newRow("an entity in it") << "2&#48;48"
-                                     << "100";
-    QTest::newRow("beyond integers") << "99999999999"
-                                     << "1";
-    QTest::newRow("zero") << "0"
-                          << "1";
-    QTest::newRow("negative") << "-5"
-                              << "1";
-    QTest::newRow("no number") << "many"
-                               << "1";
+    addRow("100", "100", "100");
+    addRow("101", "101", "100");
+    addRow("20480", "20480", "100");
+    addRow("an entity in it", "2&#48;48", "100");
+    addRow("beyond integers", "99999999999", "1");
+    addRow("zero", "0", "1");
+    addRow("negative", "-5", "1");
+    addRow("no number", "many", "1");
 }
 
 void SafePageTest::spansAreCut()
@@ -569,12 +563,12 @@ void SafePageTest::spansAreCut()
 void SafePageTest::endlessWordsAreBroken_data()
 {
     QTest::addColumn<QString>("unit");
-    QTest::newRow("letters") << "w";
-    QTest::newRow("letters over tags") << "w<b></b>";
-    QTest::newRow("entities") << "&amp;";
-    QTest::newRow("brackets and blanks") << ") ";
-    QTest::newRow("blanks that don't break") << QString(QChar(0xA0));
-    QTest::newRow("ideographs that are joined") << QString(QChar(0x56FE)) + QChar(0x2060);
+    addRow("letters", "w");
+    addRow("letters over tags", "w<b></b>");
+    addRow("entities", "&amp;");
+    addRow("brackets and blanks", ") ");
+    addRow("blanks that don't break", QString(QChar(0xA0)));
+    addRow("ideographs that are joined", QString(QChar(0x56FE)) + QChar(0x2060));
 }
 
 void SafePageTest::endlessWordsAreBroken()
@@ -593,14 +587,14 @@ void SafePageTest::endlessWordsAreBroken()
 void SafePageTest::ordinaryTextIsNotBroken_data()
 {
     QTest::addColumn<QString>("html");
-    QTest::newRow("words") << "<html>" + times(5000, "some words, and more. ");
-    QTest::newRow("a word of 500 letters") << "<html>" + times(500, "w") + " and more";
-    QTest::newRow("ideographs") << "<html>" + times(5000, QChar(0x56FE));
-    QTest::newRow("paragraphs without a blank") << times(5000, "<p>w</p>");
-    QTest::newRow("cells without a blank") << "<table>" + times(500, "<tr><td>w</td></tr>");
-    QTest::newRow("lines without a blank") << "<html>" + times(5000, "w<br>");
-    QTest::newRow("a picture inside the page")
-        << "<html><img src=\"data:image/png;base64," + times(5000, "w") + "\">";
+    addRow("words", "<html>" + times(5000, "some words, and more. "));
+    addRow("a word of 500 letters", "<html>" + times(500, "w") + " and more");
+    addRow("ideographs", "<html>" + times(5000, QChar(0x56FE)));
+    addRow("paragraphs without a blank", times(5000, "<p>w</p>"));
+    addRow("cells without a blank", "<table>" + times(500, "<tr><td>w</td></tr>"));
+    addRow("lines without a blank", "<html>" + times(5000, "w<br>"));
+    addRow("a picture inside the page",
+        "<html><img src=\"data:image/png;base64," + times(5000, "w") + "\">");
 }
 
 void SafePageTest::ordinaryTextIsNotBroken()

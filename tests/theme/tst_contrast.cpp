@@ -350,10 +350,10 @@ void ContrastTest::placeholdersAreReadable_data()
     QTest::addColumn<DefaultThemeMode>("shownIn");
     const auto light = DefaultThemeMode::Light;
     const auto dark = DefaultThemeMode::Dark;
-    QTest::newRow("light") << light << light;
-    QTest::newRow("dark") << dark << dark;
-    QTest::newRow("light, then dark") << light << dark;
-    QTest::newRow("dark, then light") << dark << light;
+    addRow("light", light, light);
+    addRow("dark", dark, dark);
+    addRow("light, then dark", light, dark);
+    addRow("dark, then light", dark, light);
 }
 
 void ContrastTest::placeholdersAreReadable()

@@ -119,24 +119,16 @@ void DrawPicturesTest::aStateExchangesColours_data()
     QTest::addColumn<QByteArray>("colour");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("hover, soft ink")
-        << QByteArray("hover") << QByteArray("@soft-ink@") << "#1769E0";
-    QTest::newRow("hover, accent") << QByteArray("hover") << QByteArray("@accent@") << "#1769E0";
-    QTest::newRow("click, soft ink")
-        << QByteArray("click") << QByteArray("@soft-ink@") << "#0B469E";
-    QTest::newRow("click, accent") << QByteArray("click") << QByteArray("@accent@") << "#0B469E";
-    QTest::newRow("disable, soft ink")
-        << QByteArray("disable") << QByteArray("@soft-ink@") << "#9AA5B1";
-    QTest::newRow("disable, accent")
-        << QByteArray("disable") << QByteArray("@accent@") << "#9AA5B1";
-    QTest::newRow("disable, danger")
-        << QByteArray("disable") << QByteArray("@danger@") << "#9AA5B1";
-    QTest::newRow("disable, tint")
-        << QByteArray("disable") << QByteArray("@selection@") << "#EEF3F8";
-    QTest::newRow("removed, accent")
-        << QByteArray("removed") << QByteArray("@accent@") << "#9AA5B1";
-    QTest::newRow("removed, surface")
-        << QByteArray("removed") << QByteArray("@surface@") << "#FFFFFF";
+    addRow("hover, soft ink", QByteArray("hover"), QByteArray("@soft-ink@"), "#1769E0");
+    addRow("hover, accent", QByteArray("hover"), QByteArray("@accent@"), "#1769E0");
+    addRow("click, soft ink", QByteArray("click"), QByteArray("@soft-ink@"), "#0B469E");
+    addRow("click, accent", QByteArray("click"), QByteArray("@accent@"), "#0B469E");
+    addRow("disable, soft ink", QByteArray("disable"), QByteArray("@soft-ink@"), "#9AA5B1");
+    addRow("disable, accent", QByteArray("disable"), QByteArray("@accent@"), "#9AA5B1");
+    addRow("disable, danger", QByteArray("disable"), QByteArray("@danger@"), "#9AA5B1");
+    addRow("disable, tint", QByteArray("disable"), QByteArray("@selection@"), "#EEF3F8");
+    addRow("removed, accent", QByteArray("removed"), QByteArray("@accent@"), "#9AA5B1");
+    addRow("removed, surface", QByteArray("removed"), QByteArray("@surface@"), "#FFFFFF");
 }
 
 void DrawPicturesTest::aStateExchangesColours()
@@ -333,8 +325,8 @@ void DrawPicturesTest::aFaultyPaletteIsRefused_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("complaint");
-    QTest::newRow("empty") << QByteArray() << "is not a palette";
-    QTest::newRow("no colour") << QByteArray("{\"ink\": \"dark\"}") << "\"ink\" is not a colour";
+    addRow("empty", QByteArray(), "is not a palette");
+    addRow("no colour", QByteArray("{\"ink\": \"dark\"}"), "\"ink\" is not a colour");
 }
 
 void DrawPicturesTest::aFaultyPaletteIsRefused()

@@ -88,17 +88,18 @@ void LanguageChangeTest::cleanup()
 void LanguageChangeTest::aWidgetSpeaksAsIfMadeInThatLanguage_data()
 {
     QTest::addColumn<Make>("make");
-    QTest::newRow("paging bar") << Make([]() -> QWidget * { return new VemoPagingBar(nullptr); });
-    QTest::newRow("calendar") << Make([]() -> QWidget * { return new VemoCalanderView(nullptr); });
-    QTest::newRow("input sheet") << Make(
-        []() -> QWidget * { return new VemoInputSheet({}, nullptr); });
-    QTest::newRow("information") << Make(
-        []() -> QWidget * { return new VemoMessageSheet(VemoMessageSheet::Information, nullptr); });
-    QTest::newRow("confirmation with reset") << Make([]() -> QWidget * {
+    addRow("paging bar", Make([]() -> QWidget * { return new VemoPagingBar(nullptr); }));
+    addRow("calendar", Make([]() -> QWidget * { return new VemoCalanderView(nullptr); }));
+    addRow("input sheet", Make([]() -> QWidget * { return new VemoInputSheet({}, nullptr); }));
+    addRow("information", Make([]() -> QWidget * {
+        return new VemoMessageSheet(VemoMessageSheet::Information, nullptr);
+    }));
+    addRow("confirmation with reset", Make([]() -> QWidget * {
         return new VemoMessageSheet(VemoMessageSheet::ConfirmReset, nullptr);
-    });
-    QTest::newRow("upgrade") << Make(
-        []() -> QWidget * { return new VemoMessageSheet(VemoMessageSheet::Upgrading, nullptr); });
+    }));
+    addRow("upgrade", Make([]() -> QWidget * {
+        return new VemoMessageSheet(VemoMessageSheet::Upgrading, nullptr);
+    }));
 }
 
 void LanguageChangeTest::aWidgetSpeaksAsIfMadeInThatLanguage()
