@@ -9,6 +9,7 @@
 #include <vemo/vemomask.h>
 #include <vemo/vemosheet.h>
 
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -54,6 +55,7 @@ QPixmap sheetOverWindow(const QSize &size, const std::function<VemoSheet *(QWidg
     VemoMask::createMask(sheet, &window, maskShade());
     sheet->show();
     window.show();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     return window.grab();
 }
 

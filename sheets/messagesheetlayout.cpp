@@ -3,6 +3,8 @@
 #include "sheets/vemomessagesheet_p.h"
 
 #include "core/scaling_p.h"
+#include "sheets/checkrow_p.h"
+#include "sheets/detailspane_p.h"
 #include "sheets/sheetkeys_p.h"
 
 #include <QBoxLayout>
@@ -77,6 +79,12 @@ void VemoMessageSheetPrivate::layOut(const QWidget *over)
         column->addSpacing(scaled(kConfirmGap));
         column->addWidget(confirmContainer);
     }
+    for (QWidget *extra : {dontAskRow, static_cast<QWidget *>(details)}) {
+        if (extra) {
+            column->addSpacing(scaled(kConfirmGap));
+            column->addWidget(extra);
+        }
+    }
     if (!buttonBox->buttons().isEmpty()) {
         column->addSpacing(scaled(kButtonGap));
         column->addWidget(buttonBox);
@@ -87,7 +95,7 @@ void VemoMessageSheetPrivate::layOut(const QWidget *over)
 /// Otherwise new parts of a visible sheet would be shown, and considered in the layout, later.
 void VemoMessageSheetPrivate::showNewParts() const
 {
-    QWidgetList parts {textLabel, informativeLabel};
+    QWidgetList parts {textLabel, informativeLabel, dontAskRow, details};
     const auto buttons = buttonBox->buttons();
     std::copy(buttons.begin(), buttons.end(), std::back_inserter(parts));
     for (QWidget *part : qAsConst(parts)) {
@@ -194,7 +202,10 @@ void VemoMessageSheetPrivate::orderButtons(
 /// in which they were created.
 void VemoMessageSheetPrivate::orderFocus() const
 {
-    confirmContainer->raise();
+    for (QWidget *part : {confirmContainer, dontAskRow, static_cast<QWidget *>(details)}) {
+        if (part)
+            part->raise();
+    }
     const bool isStacked = buttonBox->orientation() == Qt::Vertical;
     QWidget *last = nullptr;
     for (const auto which : {Button::Reset, Button::Ok, Button::Discard, Button::Apply}) {
@@ -203,7 +214,8 @@ void VemoMessageSheetPrivate::orderFocus() const
     }
     if (isStacked)
         last = button(Button::Reset) ? button(Button::Reset) : button(Button::Discard);
-    for (QWidget *part : QWidgetList {textLabel, informativeLabel, confirmCheckBox}) {
+    const QWidgetList texts {textLabel, informativeLabel, confirmCheckBox};
+    for (QWidget *part : texts + extraStops()) {
         if (part && last)
             QWidget::setTabOrder(last, part);
         last = part ? part : last;
@@ -218,6 +230,8 @@ void VemoMessageSheetPrivate::fitLabels()
         if (label)
             label->fitTo(std::max(0, contentWidth() - iconWidth));
     }
+    if (dontAskRow)
+        fitCaption({dontAskBox, dontAskLabel}, contentWidth());
 }
 
 bool VemoMessageSheetPrivate::hasIcon() const
@@ -246,6 +260,11 @@ bool VemoMessageSheetPrivate::begin(bool greysCloseItem)
 
 void VemoMessageSheetPrivate::takeFocus()
 {
+    QPushButton *chosen = button(defaultWhich);
+    if (chosen && chosen->isEnabled()) {
+        chosen->setFocus(Qt::TabFocusReason);
+        return;
+    }
     if (textLabel) {
         textLabel->setFocus(Qt::TabFocusReason);
         return;
@@ -298,8 +317,9 @@ void VemoMessageSheetPrivate::press(QKeyEvent *key)
 void VemoMessageSheetPrivate::confirm(int key)
 {
     QPushButton *focused = isOneCall && key != Qt::Key_Space ? focusedButton(q) : nullptr;
-    if (focused)
-        focused->click();
+    QPushButton *chosen = focused ? focused : button(defaultWhich);
+    if (chosen)
+        chosen->click();
     else
         clickFirst({QDialogButtonBox::Ok, QDialogButtonBox::Apply});
 }

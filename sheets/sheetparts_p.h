@@ -17,6 +17,13 @@ inline QColor maskShade()
     return StyleManager::getInstance().getColor(QStringLiteral("mask"), QColor(0, 0, 0, 20));
 }
 
+/// Hides a part and deletes it later, because it may be emitting a signal.
+inline void discard(QWidget *widget)
+{
+    widget->hide();
+    widget->deleteLater();
+}
+
 /// For another language: gives the button text instead of shown, unless it has a caption of the
 /// host's own.
 inline void changeCaption(QPushButton *button, QString &shown, const QString &text)

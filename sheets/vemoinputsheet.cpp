@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <vemo/vemoinputsheet.h>
+#include "sheets/vemoinputsheet_p.h"
 
 #include "core/scaling_p.h"
 #include "sheets/buttonboxstyle_p.h"
 #include "sheets/messagelabel_p.h"
-#include "sheets/modalrun_p.h"
 #include "sheets/onecall_p.h"
 #include "sheets/sheetkeys_p.h"
 #include "sheets/sheetparts_p.h"
@@ -12,9 +11,9 @@
 #include <vemo/componentstrings.h>
 
 #include <QBoxLayout>
-#include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPointer>
 
 #include <algorithm>
@@ -44,44 +43,6 @@ QString stringOf(const char *key)
 
 } // namespace
 
-class VemoInputSheetPrivate : public QObject
-{
-public:
-    explicit VemoInputSheetPrivate(VemoInputSheet *sheet);
-
-    void build();
-    void changeText(const QString &text);
-    void layOut();
-    /// Fits the size to the content after a change of style or font: immediately if the sheet is
-    /// just being shown, otherwise later.
-    void fit();
-    void fitLater();
-    void click(QDialogButtonBox::StandardButton which) const;
-    /// Shows the sheet and gives its line edit the focus. Whether it survived.
-    bool begin(bool greysCloseItem);
-    /// The keys that confirm: OK, or the focused button where that takes them.
-    void confirm(int key) const;
-    /// After another language was chosen: captions of the host's own stay.
-    void translate();
-
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
-    VemoInputSheet *q;
-    MessageLabel *label; ///< the prompt
-    QLineEdit *lineEdit;
-    QDialogButtonBox *buttonBox;
-    ModalRun run;
-    bool isOneCall = false; ///< execAndDelete() or open(): a focused button takes Return
-    bool isStale = false; ///< whether the style or the font has changed since the last layout
-
-private:
-    void styleButtons();
-    void updateSize();
-
-    QString okText;
-    QString cancelText;
-};
-
 VemoInputSheetPrivate::VemoInputSheetPrivate(VemoInputSheet *sheet)
     : QObject(sheet), q(sheet), label(new MessageLabel(sheet)), lineEdit(new QLineEdit(sheet)),
       buttonBox(new QDialogButtonBox(sheet)), run(sheet)
@@ -93,6 +54,7 @@ void VemoInputSheetPrivate::build()
     q->setStyleSheet(getStyleSheet("component.message_sheet_other"));
     styleButtons();
     connect(buttonBox, SIGNAL(clicked(QAbstractButton*)), q, SLOT(buttonClick(QAbstractButton*)));
+    connect(lineEdit, &QLineEdit::textChanged, this, [this] { contentChanged(); });
 }
 
 void VemoInputSheetPrivate::styleButtons()
@@ -139,6 +101,8 @@ void VemoInputSheetPrivate::changeText(const QString &text)
     label->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum);
     q->setAccessibleName(spoken(text, Qt::RichText));
     lineEdit->setAccessibleName(q->accessibleName());
+    if (textEdit)
+        textEdit->setAccessibleName(q->accessibleName());
 }
 
 void VemoInputSheetPrivate::layOut()
@@ -153,6 +117,10 @@ void VemoInputSheetPrivate::layOut()
     column->addWidget(label);
     column->addSpacing(scaled(kPromptGap));
     column->addWidget(lineEdit);
+    if (textEdit)
+        column->addWidget(textEdit);
+    if (errorLabel)
+        column->addWidget(errorLabel);
     if (!buttonBox->buttons().isEmpty()) {
         column->addSpacing(scaled(kButtonGap));
         column->addWidget(buttonBox);
@@ -178,6 +146,8 @@ void VemoInputSheetPrivate::fit()
     const QMargins band = q->contentsMargins();
     const int width = q->width() - band.left() - band.right() - 2 * scaled(kMargin);
     label->fitTo(std::max(0, width));
+    if (errorLabel)
+        errorLabel->fitTo(std::max(0, width));
     q->updateGeometry();
     q->adjustSize();
 }
@@ -203,7 +173,7 @@ bool VemoInputSheetPrivate::begin(bool greysCloseItem)
     if (self)
         q->setFocus(Qt::TabFocusReason);
     if (self)
-        lineEdit->setFocus(Qt::OtherFocusReason);
+        field()->setFocus(Qt::OtherFocusReason);
     return self;
 }
 
@@ -262,12 +232,17 @@ void VemoInputSheet::showSheet()
     const QPointer<VemoInputSheet> self(this);
     m_d->run.begin(false);
     if (self)
-        m_d->lineEdit->setFocus(Qt::OtherFocusReason);
+        m_d->field()->setFocus(Qt::OtherFocusReason);
 }
 
 QString VemoInputSheet::getContent() const
 {
-    return m_d->lineEdit->text();
+    return m_d->content();
+}
+
+void VemoInputSheet::setContent(const QString &text)
+{
+    m_d->setContent(text);
 }
 
 QLineEdit *VemoInputSheet::getLineEdit() const
@@ -292,6 +267,43 @@ void VemoInputSheet::setDefaultButton(QPushButton *button)
         button->setDefault(true);
 }
 
+void VemoInputSheet::setEchoMode(QLineEdit::EchoMode mode)
+{
+    m_d->lineEdit->setEchoMode(mode);
+}
+
+QLineEdit::EchoMode VemoInputSheet::echoMode() const
+{
+    return m_d->lineEdit->echoMode();
+}
+
+void VemoInputSheet::setMultiLine(bool on)
+{
+    m_d->setMultiLine(on);
+    m_d->layOut();
+}
+
+QPlainTextEdit *VemoInputSheet::getTextEdit() const
+{
+    return m_d->textEdit;
+}
+
+void VemoInputSheet::setCheck(const std::function<bool(const QString &)> &check)
+{
+    m_d->setCheck(check);
+}
+
+void VemoInputSheet::setErrorText(const QString &text)
+{
+    m_d->setErrorText(text);
+    m_d->layOut();
+}
+
+QString VemoInputSheet::errorText() const
+{
+    return m_d->errorLabel ? m_d->errorLabel->text() : QString();
+}
+
 void VemoInputSheet::setBlockWindowButton(bool isBlocked)
 {
     m_block_window_button = isBlocked;
@@ -306,7 +318,7 @@ bool VemoInputSheet::eventFilter(QObject *watched, QEvent *event)
     if (overridesShortcut(this, watched, event))
         return true;
     if (isFocusLostToWindow(this, watched, event)) {
-        m_d->lineEdit->setFocus(Qt::OtherFocusReason);
+        m_d->field()->setFocus(Qt::OtherFocusReason);
         return true;
     }
     if (event->type() != QEvent::KeyPress || watched != window())

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemomessagesheet.h>
 
+#include "sheets/checkrow_p.h"
+#include "sheets/detailspane_p.h"
 #include "sheets/onecall_p.h"
 #include "sheets/sheetkeys_p.h"
 #include "sheets/vemomessagesheet_p.h"
 
-#include <vemo/clickablelabel.h>
 #include <vemo/stylemanager.h>
 
 #include <QAccessible>
@@ -134,8 +135,45 @@ void VemoMessageSheet::setDoubleConfirmCheckBox(bool on, const QString &text)
     m_d->rebuild();
     if (!on)
         return;
-    m_d->confirmLabel->setText(text);
-    m_d->confirmCheckBox->setAccessibleName(text);
+    setCaption({m_d->confirmCheckBox, m_d->confirmLabel}, text);
+}
+
+void VemoMessageSheet::setDontAskAgainCheckBox(bool on, const QString &text)
+{
+    m_d->setDontAskAgain(on, text);
+    m_d->layOut();
+}
+
+bool VemoMessageSheet::isDontAskAgainChecked() const
+{
+    return m_d->dontAskBox && m_d->dontAskBox->isChecked();
+}
+
+void VemoMessageSheet::setDetailedText(const QString &text)
+{
+    m_d->setDetails(text);
+    m_d->layOut();
+}
+
+QString VemoMessageSheet::detailedText() const
+{
+    return m_d->details ? m_d->details->text() : QString();
+}
+
+void VemoMessageSheet::setTextFormat(Qt::TextFormat format)
+{
+    m_d->setTextFormat(format);
+    m_d->layOut();
+}
+
+Qt::TextFormat VemoMessageSheet::textFormat() const
+{
+    return m_d->textFormat;
+}
+
+void VemoMessageSheet::setDefaultButton(QMessageBox::StandardButton which)
+{
+    m_d->setDefaultButton(static_cast<QDialogButtonBox::StandardButton>(which));
 }
 
 void VemoMessageSheet::setBlockWindowButton(bool isBlocked)

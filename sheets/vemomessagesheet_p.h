@@ -13,6 +13,7 @@
 #include <initializer_list>
 
 class ClickableLabel;
+class DetailsPane;
 class QCheckBox;
 class QKeyEvent;
 class QMovie;
@@ -53,6 +54,15 @@ public:
     void changeText(const QString &text);
     void changeInformativeText(const QString &text, const QString &styleSheet);
 
+    /// The parts that are off by default; the caller lays the sheet out.
+    void setDontAskAgain(bool on, const QString &text);
+    void setDetails(const QString &text);
+    void setTextFormat(Qt::TextFormat format);
+    void setDefaultButton(QDialogButtonBox::StandardButton which);
+    void translateExtras();
+    /// Those that take the focus, in the order of Tab; some are null.
+    QWidgetList extraStops() const;
+
     bool hasIcon() const;
     QPushButton *button(QDialogButtonBox::StandardButton which) const;
     void clickFirst(std::initializer_list<QDialogButtonBox::StandardButton> candidates) const;
@@ -86,6 +96,14 @@ public:
     QList<QWidget *> focusList; ///< Tab cycles through these; collected before each use
     QWidget *firstFocus = nullptr;
     QWidget *lastFocus = nullptr;
+    QWidget *dontAskRow = nullptr; ///< null if it is off
+    QCheckBox *dontAskBox = nullptr;
+    ClickableLabel *dontAskLabel = nullptr;
+    bool isDontAskCaptionOurs = true;
+    DetailsPane *details = nullptr; ///< null if the text is empty
+    Qt::TextFormat textFormat = Qt::AutoText;
+    /// Takes the keys that confirm, if the type has it.
+    QDialogButtonBox::StandardButton defaultWhich = QDialogButtonBox::NoButton;
     bool isOneCall = false; ///< execAndDelete() or open(): a focused button takes Return
     bool isStale = false; ///< whether the style or the font has changed since the last layout
     QPointer<QMovie> movie; ///< not owned: it has no parent, and the host may delete it at any time
@@ -99,6 +117,7 @@ private:
     void showTypeIcon();
     void showTypePicture(const QPixmap &picture);
     void styleButtons(const MsgBoxCustomBtnText &captions);
+    void showDefaultButton() const;
     void styleConfirmRow();
     void removeConfirmRow();
     void styleLabels();

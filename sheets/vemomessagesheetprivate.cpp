@@ -4,6 +4,8 @@
 #include "core/resourcefile_p.h"
 #include "core/scaling_p.h"
 #include "sheets/buttonboxstyle_p.h"
+#include "sheets/checkrow_p.h"
+#include "sheets/detailspane_p.h"
 #include "sheets/sheetparts_p.h"
 
 #include <vemo/clickablelabel.h>
@@ -11,7 +13,6 @@
 #include <vemo/imagemanager.h>
 #include <vemo/vemomask.h>
 
-#include <QBoxLayout>
 #include <QCheckBox>
 #include <QMovie>
 #include <QStyle>
@@ -24,8 +25,6 @@ namespace {
 using Button = QDialogButtonBox;
 
 // In design pixels.
-constexpr double kConfirmSpacing = 8;
-constexpr double kConfirmHeight = 32;
 constexpr double kMovieSize = 32;
 
 constexpr const char *kProcessingSheet = "component.message_sheet_processing";
@@ -62,13 +61,6 @@ const TypeLook &lookOf(int type)
 QString textOf(const char *key)
 {
     return ComponentStrings::getInstance().getString(QLatin1String(key));
-}
-
-void discard(QWidget *widget)
-{
-    widget->hide();
-    // Later, because it may be emitting a signal.
-    widget->deleteLater();
 }
 
 } // namespace
@@ -171,6 +163,7 @@ void VemoMessageSheetPrivate::translate()
         if (shownCaptions.contains(which))
             changeCaption(button(which), shownCaptions[which], typeCaption(which));
     }
+    translateExtras();
     fitLater();
 }
 
@@ -196,6 +189,8 @@ void VemoMessageSheetPrivate::styleButtons(const MsgBoxCustomBtnText &captions)
     // Deliberate: only this button keeps its natural size.
     if (QPushButton *reset = button(Button::Reset))
         styleButton(reset, caption(captions.resetText, Button::Reset), "component.reset_button");
+    if (defaultWhich != Button::NoButton)
+        showDefaultButton();
 }
 
 void VemoMessageSheetPrivate::styleConfirmRow()
@@ -203,23 +198,11 @@ void VemoMessageSheetPrivate::styleConfirmRow()
     removeConfirmRow();
     if (QPushButton *apply = button(Button::Apply))
         apply->setEnabled(false);
-    confirmCheckBox = new QCheckBox(confirmContainer);
-    confirmCheckBox->setStyleSheet(getStyleSheet("component.checkbox_warning"));
-    confirmCheckBox->setFixedHeight(scaled(kConfirmHeight));
+    const CheckRow row = newCheckRow(
+        confirmContainer, "component.checkbox_warning", "component.label_checkbox_warning");
+    confirmCheckBox = row.box;
+    confirmLabel = row.label;
     connect(confirmCheckBox, SIGNAL(stateChanged(int)), q, SLOT(slotChangeApplyButtonStatus(int)));
-
-    confirmLabel = new ClickableLabel(QString(), confirmContainer);
-    confirmLabel->setStyleSheet(getStyleSheet("component.label_checkbox_warning"));
-    confirmLabel->setWordWrap(true);
-    confirmLabel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
-    connect(confirmLabel, SIGNAL(clicked()), confirmCheckBox, SLOT(click()));
-
-    auto *row = new QHBoxLayout(confirmContainer);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(scaled(kConfirmSpacing));
-    row->addWidget(confirmCheckBox);
-    row->addWidget(confirmLabel);
-    confirmContainer->show();
 }
 
 void VemoMessageSheetPrivate::removeConfirmRow()
@@ -270,9 +253,12 @@ void VemoMessageSheetPrivate::changeText(const QString &text)
             // Setting the interaction flags also changes the focus policy.
             textLabel->setFocusPolicy(Qt::StrongFocus);
         }
+        textLabel->setTextFormat(textFormat);
         textLabel->setText(text);
     }
-    q->setAccessibleName(spoken(text));
+    q->setAccessibleName(spoken(text, textFormat));
+    if (details)
+        details->setTextName(q->accessibleName());
 }
 
 void VemoMessageSheetPrivate::changeInformativeText(const QString &text, const QString &styleSheet)
@@ -289,9 +275,10 @@ void VemoMessageSheetPrivate::changeInformativeText(const QString &text, const Q
                 q->style()->styleHint(QStyle::SH_MessageBox_TextInteractionFlags, nullptr, q)));
             informativeLabel->setFocusPolicy(Qt::StrongFocus);
         }
+        informativeLabel->setTextFormat(textFormat);
         informativeLabel->setText(text);
     }
-    q->setAccessibleDescription(spoken(text));
+    q->setAccessibleDescription(spoken(text, textFormat));
 }
 
 MessageLabel *VemoMessageSheetPrivate::newLabel(const QString &styleSheet)

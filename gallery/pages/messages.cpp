@@ -12,6 +12,7 @@
 
 #include <QLabel>
 #include <QMovie>
+#include <QPushButton>
 #include <QTimer>
 
 namespace {
@@ -152,6 +153,39 @@ QLabel *stage(const QSize &size, const std::function<VemoSheet *(QWidget *)> &ne
     return picture([=] { return sheetOverWindow(size, newSheet); });
 }
 
+Sheet *newWithOptions(QWidget *window)
+{
+    auto *sheet = new Sheet(Sheet::WarningConfirm, demo("delete_folder"), window);
+    sheet->setDontAskAgainCheckBox(true);
+    sheet->setDetailedText("2026-03-01.log\n2026-03-02.log\n2026-03-03.log");
+    sheet->setDefaultButton(QMessageBox::Discard);
+    return sheet;
+}
+
+Sheet *newUnfolded(QWidget *window)
+{
+    Sheet *sheet = newWithOptions(window);
+    for (QPushButton *button : sheet->findChildren<QPushButton *>()) {
+        if (!qobject_cast<QDialogButtonBox *>(button->parent()))
+            button->click();
+    }
+    return sheet;
+}
+
+void addOptions(Page &page)
+{
+    auto *result = text("Result: none yet");
+    page.addSection("Options",
+        "A check box that the host reads at the end, details that unfold, and a default button.");
+    page.addRow({newAskingButton("Ask with options", result,
+                     [](QWidget *window) { return newWithOptions(window)->execAndDelete(); }),
+        result});
+    page.addRow({stage(kStage, newWithOptions), stage(kStage, newUnfolded)});
+    page.addCode(R"(sheet->setDontAskAgainCheckBox(true);
+sheet->setDetailedText(fileNames.join('\n'));
+sheet->setDefaultButton(QMessageBox::Discard);)");
+}
+
 void addLooks(Page &page)
 {
     page.addSection("As they look");
@@ -177,5 +211,6 @@ void buildMessagesPage(Page &page)
     addTypes(page);
     addTexts(page);
     addShortcuts(page);
+    addOptions(page);
     addLooks(page);
 }

@@ -20,6 +20,7 @@
 namespace {
 
 constexpr QSize kStage(420, 250);
+constexpr QSize kHighStage(420, 320);
 
 VemoSheet *newInput(QWidget *window)
 {
@@ -52,6 +53,47 @@ sheet->open([=](int result) {
     if (result == QDialogButtonBox::Ok)
         makeFolder(sheet->getContent());
 });)");
+}
+
+VemoInputSheet *newChecked(QWidget *window)
+{
+    auto *sheet = new VemoInputSheet(demo("folder_name"), window);
+    sheet->setCheck([](const QString &name) { return name != demo("report_folder"); });
+    sheet->setErrorText(demo("name_exists"));
+    sheet->setContent(demo("report_folder"));
+    return sheet;
+}
+
+VemoInputSheet *newNote(QWidget *window)
+{
+    auto *sheet = new VemoInputSheet(demo("note"), window);
+    sheet->setMultiLine(true);
+    sheet->setContent(demo("archive_note"));
+    return sheet;
+}
+
+void addInputOptions(Page &page)
+{
+    auto *result = text("Result: none yet");
+    page.addSection("Input options",
+        "OK is disabled while the check rejects the text. In several lines Ctrl+Return presses "
+        "OK.");
+    page.addRow({newAskingButton("Checked name", result,
+                     [](QWidget *window) { return newChecked(window)->execAndDelete(); }),
+        newAskingButton("Several lines", result,
+            [](QWidget *window) { return newNote(window)->execAndDelete(); }),
+        newAskingButton("Hidden text", result,
+            [](QWidget *window) {
+                auto *sheet = new VemoInputSheet(demo("password"), window);
+                sheet->setEchoMode(QLineEdit::Password);
+                return sheet->execAndDelete();
+            }),
+        result});
+    page.addRow({picture([] { return sheetOverWindow(kStage, newChecked); }),
+        picture([] { return sheetOverWindow(kHighStage, newNote); })});
+    page.addCode(R"(sheet->setCheck([](const QString &name) { return !name.isEmpty(); });
+sheet->setErrorText(tr("Enter a name."));
+sheet->setMultiLine(true);)");
 }
 
 /// Keeps Tab in the sheet. There is no other widget to go to than its button.
@@ -110,5 +152,6 @@ void buildSheetsPage(Page &page)
     page.addSummary("Panels over a dimmed window: one that asks for a line of text, and the frame "
                     "for sheets of your own.");
     addInput(page);
+    addInputOptions(page);
     addFrame(page);
 }

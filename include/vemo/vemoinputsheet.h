@@ -4,19 +4,21 @@
 #include <vemo/export.h>
 #include <vemo/vemosheet.h>
 
+#include <QLineEdit>
 #include <QMessageBox>
 
 #include <functional>
 
-class QLineEdit;
+class QPlainTextEdit;
 class VemoInputSheetPrivate;
 
 /// A sheet that asks for one line of text: a prompt, a line edit, OK and Cancel.
 ///
 /// exec() runs it modally like a message sheet, and returns QDialogButtonBox::Ok, Discard (which
 /// deliberately is the cancel button) or 0. Return and Enter press OK, even in the line edit. Tab
-/// cycles through the line edit and the buttons. The sheet does not validate the text: set a
-/// validator on getLineEdit() if you need one.
+/// cycles through the line edit and the buttons. By default the sheet does not validate the text:
+/// set a validator on getLineEdit(), or call setCheck(), which disables OK while the text is
+/// invalid. Also off by default are an error text, hidden text, and several lines.
 ///
 /// execAndDelete() and open() also put a mask over the window, and delete the mask and the sheet at
 /// the end. To run a sheet more than once, put it into a VemoMask and call exec(), which hides it
@@ -67,8 +69,10 @@ public:
     /// at its end. Does not disable the Close item.
     virtual void showSheet();
 
-    /// The text of the line edit, even after the sheet has ended.
+    /// The text of the field, even after the sheet has ended.
     QString getContent() const;
+    /// Sets the text of the field.
+    void setContent(const QString &text);
     /// The line edit, which belongs to the sheet.
     QLineEdit *getLineEdit() const;
 
@@ -82,6 +86,33 @@ public:
     /// Makes button a default button, as OK is initially; Return in the line edit still presses OK.
     /// Null is ignored. Other buttons do not change.
     void setDefaultButton(QPushButton *button);
+
+    /// Sets how the line edit shows its text, initially QLineEdit::Normal. Has no effect on a field
+    /// of several lines.
+    void setEchoMode(QLineEdit::EchoMode mode);
+    QLineEdit::EchoMode echoMode() const; ///< of the line edit
+
+    /// Sets whether the field has several lines, initially false, and keeps its text. The line edit
+    /// is then hidden. In such a field Return starts a line and Ctrl+Return presses OK; Tab leaves
+    /// it. It is 112 design pixels high. Looks up the sections "component.input_sheet_text" and
+    /// "component.scrollbar".
+    void setMultiLine(bool on);
+    /// The field of several lines, which belongs to the sheet; null if that is off.
+    QPlainTextEdit *getTextEdit() const;
+
+    /// Sets a function that accepts or rejects a text; it may capture. OK is disabled, and Return
+    /// has no effect, while it rejects the text, or while the validator or input mask of the line
+    /// edit does. Once the text has been changed, a rejected one gives the field the dynamic
+    /// property "error", which style sheets can match. By default there is none, and OK is always
+    /// enabled.
+    ///
+    ///     sheet->setCheck([](const QString &name) { return !name.isEmpty(); });
+    ///     sheet->setErrorText(tr("Enter a name."));
+    void setCheck(const std::function<bool(const QString &text)> &check);
+    /// Sets the plain text shown below the field while it has that error; it is then the accessible
+    /// description of the field. Initially empty. Looks up the section "component.lineedit_error".
+    void setErrorText(const QString &text);
+    QString errorText() const; ///< the error text
 
     /// Sets whether the window's Close item and Close events are blocked, by default true. Call it
     /// before exec().

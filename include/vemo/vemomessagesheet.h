@@ -34,7 +34,8 @@ struct VEMO_EXPORT MsgBoxCustomBtnText
 };
 
 /// A message box drawn as a sheet over its window: an icon, a text, an optional informative text,
-/// an optional check box that must be ticked first, and buttons.
+/// an optional check box that must be ticked first, and buttons. Off by default are a check box
+/// "Don't ask again", details that unfold, plain text, and a default button.
 ///
 /// exec() runs it modally: it receives the keys of its window, blocks the window's Close events and
 /// disables its Close item (on Windows), restores the keyboard focus at the end, and returns the
@@ -150,6 +151,33 @@ public:
     /// If on, adds a check box with this text, initially unchecked; Apply is only enabled while it
     /// is checked. Off by default.
     void setDoubleConfirmCheckBox(bool on, const QString &text);
+
+    /// If on, adds a check box below the texts, initially unchecked, with this text or, if it is
+    /// empty, the string "dont_ask_again". Off by default. The host reads isDontAskAgainChecked()
+    /// at the end, for example in the function passed to open(), and stores the answer itself.
+    /// Looks up the sections "component.checkbox" and "component.label".
+    void setDontAskAgainCheckBox(bool on, const QString &text = {});
+    /// Whether that check box is checked; false without one.
+    bool isDontAskAgainChecked() const;
+
+    /// Sets a plain text that a button of the sheet unfolds and folds; initially empty, which means
+    /// none. The unfolded text is 120 design pixels high, or less if the window is too low. Looks
+    /// up the sections "component.message_sheet_details", "component.message_sheet_details_button"
+    /// and "component.scrollbar", and the strings "show_details" and "hide_details".
+    void setDetailedText(const QString &text);
+    QString detailedText() const; ///< the text of the details
+
+    /// Sets the format of text and informative text, initially Qt::AutoText. Set Qt::PlainText for
+    /// texts from outside instead of escaping them.
+    void setTextFormat(Qt::TextFormat format);
+    Qt::TextFormat textFormat() const; ///< format of text and informative text
+
+    /// Sets the button that has the focus at first and that Return, Enter and Space press. By
+    /// default, and if the type has no such button, the text has the focus, and the keys press OK
+    /// or Apply. It remains set if the sheet is rebuilt.
+    ///
+    ///     sheet->setDefaultButton(QMessageBox::Discard); // Return cancels
+    void setDefaultButton(QMessageBox::StandardButton which);
 
     /// Sets whether the window's Close item and Close events are blocked, by default true. Call it
     /// before exec().

@@ -109,6 +109,32 @@ VemoInputSheet *newInput(const Scene &scene)
     return new VemoInputSheet("name", scene.panel);
 }
 
+VemoMessageSheet *newMessageWithOptions(const Scene &scene)
+{
+    VemoMessageSheet *sheet = newMessage(scene);
+    sheet->setDontAskAgainCheckBox(true);
+    sheet->setDetailedText("details");
+    sheet->setDefaultButton(QMessageBox::Discard);
+    // Unfolds the details while the sheet opens.
+    QTimer::singleShot(0, sheet, [sheet] {
+        for (auto *button : sheet->findChildren<QPushButton *>()) {
+            if (button->text() == "Show details")
+                button->click();
+        }
+    });
+    return sheet;
+}
+
+VemoInputSheet *newInputWithOptions(const Scene &scene)
+{
+    VemoInputSheet *sheet = newInput(scene);
+    sheet->setMultiLine(true);
+    sheet->setContent("ab");
+    sheet->setCheck([](const QString &text) { return !text.isEmpty(); });
+    sheet->setErrorText("empty");
+    return sheet;
+}
+
 int runBusySheet(Scene &scene, const BeforeShow &beforeShow)
 {
     auto *sheet = new VemoMessageSheet("busy", ":/vemo/theme/images/busy.gif", scene.panel);
@@ -136,6 +162,15 @@ QVector<Way> sheetWays()
     add(" shown", Opening::Show);
     add(" once", Opening::ExecAndDelete);
     add(" opened", Opening::OpenAndDelete);
+    for (const Opening opening : {Opening::ExecAndDelete, Opening::OpenAndDelete}) {
+        const QString suffix = opening == Opening::ExecAndDelete ? " once" : " opened";
+        ways += {"message with options" + suffix, [=](Scene &scene, const BeforeShow &beforeShow) {
+                     return runSheet(newMessageWithOptions(scene), opening, scene, beforeShow);
+                 }};
+        ways += {"input with options" + suffix, [=](Scene &scene, const BeforeShow &beforeShow) {
+                     return runSheet(newInputWithOptions(scene), opening, scene, beforeShow);
+                 }};
+    }
     Way busy {"busy sheet", runBusySheet};
     busy.hasExec = true;
     busy.hasButtons = false;

@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 
 namespace {
@@ -17,6 +18,7 @@ using Message = VemoMessageSheet;
 
 constexpr QSize kWindow(376, 200); // design pixels
 constexpr QSize kHigherWindow(376, 240);
+constexpr QSize kHighestWindow(376, 320);
 constexpr QSize kContent(64, 32);
 
 using NewSheet = std::function<VemoSheet *(QWidget *)>;
@@ -106,6 +108,46 @@ VemoSheet *newInput(QWidget *window)
     return sheet;
 }
 
+VemoSheet *newMessageWithOptions(QWidget *window)
+{
+    auto *sheet = new Message(Message::Confirm, "ab", MsgBoxCustomBtnText("cd", "ef"), window);
+    sheet->setDontAskAgainCheckBox(true, "gh");
+    sheet->setDetailedText("ij");
+    auto *button = sheet->findChild<QPlainTextEdit *>()->parent()->findChild<QPushButton *>();
+    button->click();
+    button->setText("kl");
+    return sheet;
+}
+
+VemoSheet *newInputWithOptions(QWidget *window)
+{
+    auto *sheet = static_cast<VemoInputSheet *>(newInput(window));
+    sheet->setMultiLine(true);
+    sheet->setCheck([](const QString &text) { return text.isEmpty(); });
+    sheet->setErrorText("gh");
+    sheet->setContent("ij");
+    return sheet;
+}
+
+void addOptions(Looks &looks)
+{
+    const auto add = [&looks](const char *name, const NewSheet &make, const Change &change = {}) {
+        looks.append({name, [=] { return sheetOverWindow(make, change, kHighestWindow); }});
+    };
+    const auto focus = [](Stage &stage, VemoSheet *sheet) {
+        stage.put(State::Focus, sheet->findChild<QPlainTextEdit *>());
+    };
+    add("message-options", newMessageWithOptions);
+    add("message-options-focus", newMessageWithOptions, focus);
+    add("input-options", newInputWithOptions);
+    add("input-options-focus", newInputWithOptions, focus);
+    addStates(looks, "details", [] {
+        auto *button = new QPushButton("ab");
+        button->setStyleSheet(getStyleSheet("component.message_sheet_details_button"));
+        return button;
+    });
+}
+
 /// The sheet's own buttons and boxes, in all their states.
 void addParts(Looks &looks)
 {
@@ -144,6 +186,7 @@ Looks SheetPictures::looks() const
     addMessages(looks);
     addDoubleConfirms(looks);
     looks.append({"input", [] { return sheetOverWindow(newInput); }});
+    addOptions(looks);
     addParts(looks);
     return looks;
 }
