@@ -3,23 +3,22 @@
 
 #include "core/scaling_p.h"
 
-#include <QEvent>
+#include <vemo/tooltiptext.h>
+
+#include <QHelpEvent>
+#include <QKeyEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QToolTip>
 
 namespace {
 
 // In design pixels.
 constexpr int kArrowWidth = 6;
+constexpr int kMenuArrowWidth = 16;
 constexpr int kArrowHeight = 28;
 constexpr int kNameHeight = 26;
 constexpr int kNamePadding = 16;
-
-/// Escapes ampersands, which would otherwise create mnemonics.
-QString captionOf(QString part)
-{
-    return part.replace(QLatin1Char('&'), QLatin1String("&&"));
-}
 
 QString partOf(QString caption)
 {
@@ -55,6 +54,11 @@ PathName::PathName(QWidget *viewport, const QWidget *cover, const QString &style
 {
 }
 
+QString PathName::captionOf(QString part)
+{
+    return part.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 QString PathName::part() const
 {
     return partOf(text());
@@ -66,6 +70,32 @@ void PathName::setPart(const QString &part)
     ensurePolished(); // may change the font
     const int textWidth = fontMetrics().boundingRect(part).width();
     setFixedSize(scaled(textWidth + kNamePadding), scaled(kNameHeight));
+}
+
+bool PathName::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || !m_has_tool_tip)
+        return PathButton::event(event);
+    const QPoint place = static_cast<QHelpEvent *>(event)->globalPos();
+    if (shownRect().width() < width())
+        QToolTip::showText(place, getHtmlEscapedStringForToolTip(part()), this);
+    return true;
+}
+
+void PathName::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Down:
+        // For the row. QAbstractButton would look for the nearest button in that direction.
+        event->ignore();
+        return;
+    default:
+        PathButton::keyPressEvent(event);
+    }
 }
 
 void PathName::paintEvent(QPaintEvent * /*event*/)
@@ -88,9 +118,21 @@ PathArrow::PathArrow(
     QWidget *viewport, const QWidget *cover, const QString &style, const QPixmap &picture)
     : PathButton(viewport, cover, style)
 {
+    setUp(QStringLiteral("/"), picture); // as in a path, and in every language
+}
+
+PathArrow::PathArrow(QWidget *viewport, const QWidget *cover, const QString &style,
+    const QPixmap &picture, const QString &folder)
+    : PathButton(viewport, cover, style), m_has_menu(true)
+{
+    setUp(folder, picture);
+}
+
+void PathArrow::setUp(const QString &name, const QPixmap &picture)
+{
     setFocusPolicy(Qt::NoFocus);
-    setAccessibleName(QStringLiteral("/")); // as in a path, and in every language
-    setFixedSize(scaled(kArrowWidth), scaled(kArrowHeight));
+    setAccessibleName(name);
+    setFixedSize(scaled(m_has_menu ? kMenuArrowWidth : kArrowWidth), scaled(kArrowHeight));
     setPicture(picture);
 }
 

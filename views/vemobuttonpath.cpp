@@ -3,6 +3,7 @@
 
 #include "core/scaling_p.h"
 #include "views/pathbuttons_p.h"
+#include "views/pathedit_p.h"
 
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
@@ -21,7 +22,6 @@ namespace {
 
 // In design pixels.
 constexpr int kBarHeight = 28;
-constexpr int kArrowWidth = 6;
 constexpr int kFolderButtonSize = 26;
 
 constexpr int kFolderIconSize = 20; // deliberate: not scaled
@@ -52,7 +52,8 @@ QAccessibleInterface *newAccessiblePath(const QString &className, QObject *objec
         return new AccessiblePath(qobject_cast<VemoButtonPath *>(object));
     auto *arrow =
         className == QLatin1String("QPushButton") ? dynamic_cast<PathArrow *>(object) : nullptr;
-    return arrow ? new QAccessibleWidget(arrow, QAccessible::Separator) : nullptr;
+    return arrow && !arrow->hasMenu() ? new QAccessibleWidget(arrow, QAccessible::Separator)
+                                      : nullptr;
 }
 
 void announceAsRow(QWidget *path)
@@ -97,10 +98,14 @@ VemoButtonPath::~VemoButtonPath() = default;
 
 void VemoButtonPath::refresh(QString path) // NOLINT: by value, as the slot of its signal is
 {
-    const bool hadFocus = isAncestorOf(window()->focusWidget());
+    const bool hadFocus = !isEditing() && isAncestorOf(window()->focusWidget());
     m_view_width = horizontalScrollBar()->pageStep();
     m_change_folder_button->hide();
     m_folder_menu->clear();
+    m_sibling_column = -1;
+    m_drop_column = -1;
+    if (m_sibling_menu)
+        m_sibling_menu->hide();
     clearRow();
     addParts(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
     updateColumnSize();
@@ -151,6 +156,8 @@ void VemoButtonPath::resizeEvent(QResizeEvent *event)
 {
     QTableWidget::resizeEvent(event);
     placeFolderButton();
+    if (m_edit)
+        m_edit->setGeometry(rect());
     if (m_view_width == horizontalScrollBar()->pageStep())
         return;
     m_view_width = horizontalScrollBar()->pageStep();
@@ -255,11 +262,25 @@ void VemoButtonPath::addButton(QPushButton *button)
     m_buttons.append(button);
 }
 
+void VemoButtonPath::addArrow(const QString &style, const QPixmap &picture)
+{
+    const int column = m_buttons.size();
+    if (!m_are_sibling_menus_enabled) {
+        addButton(new PathArrow(viewport(), m_change_folder_button, style, picture));
+        return;
+    }
+    const QString folder = pathUpTo(column - 1) + QLatin1Char('/');
+    auto *arrow = new PathArrow(viewport(), m_change_folder_button, style, picture, folder);
+    connect(arrow, &PathArrow::clicked, this, [this, column] { requestSiblings(column + 1); });
+    addButton(arrow);
+}
+
 void VemoButtonPath::addName(const QString &part, const QString &style)
 {
     const int column = m_buttons.size();
     auto *name = new PathName(viewport(), m_change_folder_button, style);
     name->setPart(part);
+    name->setToolTipEnabled(m_are_tool_tips_enabled);
     connect(name, SIGNAL(clicked(bool)), m_name_mapper, SLOT(map()));
     m_name_mapper->setMapping(name, column);
     setColumnWidth(column, name->width());
@@ -276,7 +297,9 @@ void VemoButtonPath::addParts(const QStringList &parts)
 {
     if (parts.isEmpty())
         return;
-    const QString arrowStyle = getStyleSheet("component.button_path_arrow");
+    const QString arrowStyle =
+        getStyleSheet(m_are_sibling_menus_enabled ? "component.button_path_menu_arrow"
+                                                  : "component.button_path_arrow");
     const QString nameStyle = getStyleSheet("component.button_path_name_button");
     const QPixmap arrow = getGlobalImage("bt_next");
 
@@ -284,7 +307,7 @@ void VemoButtonPath::addParts(const QStringList &parts)
     setColumnCount(2 * parts.size() - 1);
     for (const QString &part : parts) {
         if (!m_buttons.isEmpty())
-            addButton(new PathArrow(viewport(), m_change_folder_button, arrowStyle, arrow));
+            addArrow(arrowStyle, arrow);
         addName(part, nameStyle);
     }
 }
@@ -294,7 +317,7 @@ void VemoButtonPath::updateColumnSize()
     int total = 0;
     for (int column = 0; column < columnCount(); ++column) {
         if (isArrow(column))
-            setColumnWidth(column, scaled(kArrowWidth));
+            setColumnWidth(column, m_buttons.at(column)->minimumWidth());
         total += columnWidth(column);
     }
     if (total > m_view_width)

@@ -70,6 +70,35 @@ connect(path, &VemoButtonPath::sigUpdatePath, this, &MainWindow::openFolder);
 path->refresh("home/Projects/2026"); // also when openFolder() has opened it)");
 }
 
+/// Its menus have the same names in every folder.
+VemoButtonPath *livingPath()
+{
+    VemoButtonPath *bar = pathBar(kDeepPath, kMaxWidth);
+    bar->setAccessibleName("Folder");
+    bar->setToolTipsEnabled(true);
+    bar->setSiblingMenusEnabled(true);
+    bar->setEditable(true);
+    QObject::connect(bar, &VemoButtonPath::siblingsRequested, bar, [bar] {
+        bar->showSiblings({"2025", "2026", "Projects", "R&D"});
+    });
+    return bar;
+}
+
+void addPathOptions(Page &page)
+{
+    page.addSection("Menus, tool tips and a path to type",
+        "An arrow, or Down on a name, opens the menu of the names beside the next one. Ctrl+L, or "
+        "a click beside the row, shows a field for a path. A cut name has a tool tip.");
+    page.add(livingPath());
+    page.addCode(R"(path->setToolTipsEnabled(true);
+path->setSiblingMenusEnabled(true);
+connect(path, &VemoButtonPath::siblingsRequested, this, &MainWindow::readFolder);
+path->showSiblings(names); // at the end of readFolder()
+path->setEditable(true);
+path->setDropMimeTypes({"text/uri-list"});
+connect(path, &VemoButtonPath::dropped, this, &MainWindow::copyInto);)");
+}
+
 VemoFilterBar *filterBar(const QString &text)
 {
     auto *bar = new VemoFilterBar;
@@ -130,5 +159,6 @@ void buildBarsPage(Page &page)
 {
     page.addSummary("VemoButtonPath shows where the user is, VemoFilterBar what is looked for.");
     addPaths(page);
+    addPathOptions(page);
     addFilters(page);
 }

@@ -187,6 +187,9 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoPagingBar.refreshButtonHidden", true);
     row("VemoPagingBar.footerText", "500 items");
     row("VemoButtonPath.path", "home/R&D/2026");
+    row("VemoButtonPath.toolTipsEnabled", true);
+    row("VemoButtonPath.siblingMenusEnabled", true);
+    row("VemoButtonPath.editable", true);
 }
 
 void FormFilesTest::propertySurvivesWritingAndReading()
@@ -222,7 +225,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 40);
+    QCOMPARE(count, 44);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()
