@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "views/headeraccess_p.h"
 
-#include <vemo/vemotableview.h>
+#include <vemo/vemoabstracttable.h>
 
 #include <QAccessibleWidget>
 #include <QHeaderView>
+#include <QTableView>
 
 #include <map>
 
 namespace {
 
 /// The table widget that header is the visible header of, or null.
-VemoTableView *tableOf(const QObject *header)
+VemoAbstractTable *tableOf(const QObject *header)
 {
     for (QObject *parent = header->parent(); parent; parent = parent->parent()) {
-        if (auto *table = qobject_cast<VemoTableView *>(parent))
+        if (auto *table = dynamic_cast<VemoAbstractTable *>(parent))
             return table->getHeader() == header ? table : nullptr;
     }
     return nullptr;
@@ -111,7 +112,7 @@ public:
     QString text(QAccessible::Text kind) const override
     {
         const QString given = QAccessibleWidget::text(kind);
-        const VemoTableView *table = tableOf(m_header);
+        const VemoAbstractTable *table = tableOf(m_header);
         if (kind != QAccessible::Name || !given.isEmpty() || !table)
             return given;
         return table->getView()->accessibleName();

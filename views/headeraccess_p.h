@@ -4,6 +4,6 @@
 
 class QHeaderView;
 
-/// Shows assistive tools the header of a VemoTableView as a row with a column header for each
+/// Shows assistive tools the header of a VemoAbstractTable as a row with a column header for each
 /// caption. Call it when the header is in its widget.
 void makeHeaderAccessible(QHeaderView *header);

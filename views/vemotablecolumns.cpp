@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The columns of a table after its construction: the table's own header and the visible
 // one are kept alike, whichever of them is changed.
-#include <vemo/vemotableview.h>
+#include <vemo/vemoabstracttable.h>
 
 #include "core/scaling_p.h"
 #include "views/tablenotice_p.h"
@@ -93,47 +93,55 @@ void copyPlace(const QHeaderView &from, QHeaderView *to, int section)
 
 } // namespace
 
-void VemoTableView::connectColumns()
+void VemoAbstractTable::connectColumns()
 {
     const QHeaderView *columns = m_table->horizontalHeader();
-    // clang-format off
-    connect(m_header, SIGNAL(sectionClicked(int)), this, SLOT(slotHeaderClicked(int)));
-    connect(m_header, SIGNAL(sectionMoved(int,int,int)), this, SLOT(slotSectionMoved(int)));
-    connect(columns, SIGNAL(sectionResized(int,int,int)),
-        this, SLOT(slotColumnResized(int,int,int)));
-    connect(columns, SIGNAL(sectionMoved(int,int,int)), this, SLOT(slotColumnMoved(int)));
+    QObject::connect(m_header, &QHeaderView::sectionClicked, context(),
+        [this](int section) { headerClicked(section); });
+    QObject::connect(m_header, &QHeaderView::sectionMoved, context(), [this](int section) {
+        if (section < columnCount())
+            copyPlace(*m_header, m_table->horizontalHeader(), section);
+    });
+    QObject::connect(columns, &QHeaderView::sectionResized, context(),
+        [this](
+            int column, int old_size, int new_size) { columnResized(column, old_size, new_size); });
+    QObject::connect(columns, &QHeaderView::sectionMoved, context(), [this](int column) {
+        if (column < columnCount())
+            copyPlace(*m_table->horizontalHeader(), m_header, column);
+    });
     // The only signal that QHeaderView::restoreState() emits.
-    connect(columns, SIGNAL(sortIndicatorChanged(int,Qt::SortOrder)),
-        this, SLOT(slotColumnsRestored()));
-    // clang-format on
+    QObject::connect(
+        columns, &QHeaderView::sortIndicatorChanged, context(), [this] { copyRestoredColumns(); });
     connectModel();
 }
 
-void VemoTableView::connectModel()
+void VemoAbstractTable::connectModel()
 {
-    // clang-format off
-    if (m_table->model())
-        connect(m_table->model(), SIGNAL(headerDataChanged(Qt::Orientation,int,int)),
-            this, SLOT(slotLabelsChanged(Qt::Orientation,int,int)));
-    // clang-format on
+    if (!m_table->model())
+        return;
+    QObject::connect(m_table->model(), &QAbstractItemModel::headerDataChanged, context(),
+        [this](Qt::Orientation orientation, int first, int last) {
+            if (orientation == Qt::Horizontal)
+                copyLabels(first, last);
+        });
 }
 
-void VemoTableView::setColumnHidden(int column, bool hidden)
+void VemoAbstractTable::setColumnHidden(int column, bool hidden)
 {
     m_table->setColumnHidden(column, hidden);
     if (column < 0 || column >= columnCount() || m_header->isSectionHidden(column) == hidden)
         return;
     // The model does not have the column yet.
     m_header->setSectionHidden(column, hidden);
-    slotTableResized(m_table->viewport()->size());
+    shareWidth(m_table->viewport()->size());
 }
 
-bool VemoTableView::isColumnHidden(int column) const
+bool VemoAbstractTable::isColumnHidden(int column) const
 {
     return column < columnCount() && m_header->isSectionHidden(column);
 }
 
-void VemoTableView::setColumnAlignment(int column, Qt::Alignment alignment)
+void VemoAbstractTable::setColumnAlignment(int column, Qt::Alignment alignment)
 {
     if (column < 0 || column >= columnCount())
         return;
@@ -142,7 +150,7 @@ void VemoTableView::setColumnAlignment(int column, Qt::Alignment alignment)
     m_table->setItemDelegateForColumn(column, new AlignedCells(alignment, m_table));
 }
 
-void VemoTableView::setSortRequestsEnabled(bool enabled)
+void VemoAbstractTable::setSortRequestsEnabled(bool enabled)
 {
     m_are_sort_requests_enabled = enabled;
     m_header->setSectionsClickable(enabled);
@@ -150,58 +158,58 @@ void VemoTableView::setSortRequestsEnabled(bool enabled)
     setSortIndicator(m_sort_column, m_sort_order);
 }
 
-void VemoTableView::setSortIndicator(int column, Qt::SortOrder order)
+void VemoAbstractTable::setSortIndicator(int column, Qt::SortOrder order)
 {
     m_sort_column = column < columnCount() ? qMax(column, -1) : -1;
     m_sort_order = order;
     m_header->setSortIndicator(m_sort_column, order);
 }
 
-void VemoTableView::setDraggedWidthsKept(bool kept)
+void VemoAbstractTable::setDraggedWidthsKept(bool kept)
 {
     m_are_dragged_widths_kept = kept;
     m_dragged.clear();
 }
 
-void VemoTableView::setEmptyText(const QString &text)
+void VemoAbstractTable::setEmptyText(const QString &text)
 {
     notice()->setEmptyText(text);
 }
 
-QString VemoTableView::emptyText() const
+QString VemoAbstractTable::emptyText() const
 {
     return m_notice ? m_notice->emptyText() : QString();
 }
 
-void VemoTableView::setBusyText(const QString &text)
+void VemoAbstractTable::setBusyText(const QString &text)
 {
     notice()->setBusyText(text);
 }
 
-QString VemoTableView::busyText() const
+QString VemoAbstractTable::busyText() const
 {
     return m_notice ? m_notice->busyText() : QString();
 }
 
-void VemoTableView::setBusy(bool busy)
+void VemoAbstractTable::setBusy(bool busy)
 {
     if (busy != isBusy())
         notice()->setBusy(busy);
 }
 
-bool VemoTableView::isBusy() const
+bool VemoAbstractTable::isBusy() const
 {
     return m_notice && m_notice->isBusy();
 }
 
-TableNotice *VemoTableView::notice()
+TableNotice *VemoAbstractTable::notice()
 {
     if (!m_notice)
         m_notice = new TableNotice(m_table);
     return m_notice;
 }
 
-QByteArray VemoTableView::saveState() const
+QByteArray VemoAbstractTable::saveState() const
 {
     QByteArray state;
     QDataStream stream(&state, QIODevice::WriteOnly);
@@ -218,7 +226,7 @@ QByteArray VemoTableView::saveState() const
     return state;
 }
 
-bool VemoTableView::restoreState(const QByteArray &state)
+bool VemoAbstractTable::restoreState(const QByteArray &state)
 {
     SavedState saved;
     const int count = static_cast<int>(m_columns.m_columns.size());
@@ -246,7 +254,7 @@ bool VemoTableView::restoreState(const QByteArray &state)
     return true;
 }
 
-void VemoTableView::slotHeaderClicked(int section)
+void VemoAbstractTable::headerClicked(int section)
 {
     if (!m_are_sort_requests_enabled)
         return;
@@ -257,11 +265,11 @@ void VemoTableView::slotHeaderClicked(int section)
     }
     m_sort_column = section;
     m_sort_order = m_header->sortIndicatorOrder();
-    Q_EMIT sortRequested(section, m_sort_order);
+    requestSort(section, m_sort_order);
 }
 
 /// QHeaderView hides a section by a size of 0.
-void VemoTableView::slotColumnResized(int column, int old_size, int new_size)
+void VemoAbstractTable::columnResized(int column, int old_size, int new_size)
 {
     if (m_is_header_leading || column >= columnCount())
         return;
@@ -273,30 +281,16 @@ void VemoTableView::slotColumnResized(int column, int old_size, int new_size)
     if (new_size != 0 && m_header->sectionSize(column) != new_size)
         m_header->resizeSection(column, new_size);
     if (isHiding || isShowing)
-        slotTableResized(m_table->viewport()->size());
+        shareWidth(m_table->viewport()->size());
 }
 
-void VemoTableView::slotSectionMoved(int section)
+void VemoAbstractTable::copyLabels(int first, int last)
 {
-    if (section < columnCount())
-        copyPlace(*m_header, m_table->horizontalHeader(), section);
-}
-
-void VemoTableView::slotColumnMoved(int column)
-{
-    if (column < columnCount())
-        copyPlace(*m_table->horizontalHeader(), m_header, column);
-}
-
-void VemoTableView::slotLabelsChanged(Qt::Orientation orientation, int first, int last)
-{
-    if (orientation != Qt::Horizontal)
-        return;
     for (int column = first; column <= last && column < columnCount(); ++column)
         copyLabel(column);
 }
 
-void VemoTableView::copyLabel(int column)
+void VemoAbstractTable::copyLabel(int column)
 {
     QTableWidgetItem *label = m_header_table->horizontalHeaderItem(column);
     const QString text = m_table->model()->headerData(column, Qt::Horizontal).toString();
@@ -304,7 +298,7 @@ void VemoTableView::copyLabel(int column)
         label->setText(text);
 }
 
-void VemoTableView::showLabels(const QStringList &labels)
+void VemoAbstractTable::showLabels(const QStringList &labels)
 {
     const int count = m_table->model() ? m_table->model()->columnCount() : 0;
     for (int column = 0; column < columnCount() && column < count; ++column) {
@@ -313,15 +307,14 @@ void VemoTableView::showLabels(const QStringList &labels)
     }
 }
 
-/// The model has been exchanged or has another number of columns, which have Qt's sizes.
-void VemoTableView::slotColumnCountChanged()
+void VemoAbstractTable::restoreColumns()
 {
     const QScopedValueRollback<bool> leading(m_is_header_leading, true);
     copyColumns();
     setLabels();
 }
 
-void VemoTableView::copyColumns()
+void VemoAbstractTable::copyColumns()
 {
     QHeaderView *columns = m_table->horizontalHeader();
     for (int column = 0; column < columns->count(); ++column) {
@@ -336,7 +329,7 @@ void VemoTableView::copyColumns()
         copyPlace(*m_header, columns, m_header->logicalIndex(place));
 }
 
-void VemoTableView::slotColumnsRestored()
+void VemoAbstractTable::copyRestoredColumns()
 {
     const QHeaderView *columns = m_table->horizontalHeader();
     const int count = qMin(columns->count(), columnCount());

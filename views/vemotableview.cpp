@@ -1,31 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemotableview.h>
 
-#include "core/scaling_p.h"
-#include "views/headeraccess_p.h"
 #include "views/tablenotice_p.h"
 
 #include <vemo/stylemanager.h>
 
-#include <QCoreApplication>
 #include <QHeaderView>
 #include <QResizeEvent>
-#include <QScopedValueRollback>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QTableWidget>
-#include <QVBoxLayout>
 
 namespace {
-
-// In design pixels.
-constexpr int kHeaderWidth = 20000; // wider than any table
-constexpr int kHeaderHeight = 30;
-constexpr int kRowHeight = 28;
-constexpr int kExtraWidth = 12; // above the vertical scroll bar
-
-constexpr int kDefaultWidth = 100;
-const QLatin1Char kSeparator('|');
 
 /// A class of its own, so that the rules for plain table views do not apply.
 class TableRows : public QTableView
@@ -48,263 +31,60 @@ protected:
 
 } // namespace
 
-int VemoTableColumnsInfo::addColumn(const QString &name, int width, bool proportional, double ratio)
-{
-    m_columns.push_back({name, width, proportional, ratio});
-    return static_cast<int>(m_columns.size()) - 1;
-}
-
-VemoTableView::VemoTableView(
-    const VemoTableColumnsInfo &columns, QTableView *table, QWidget *parent)
-    : QWidget(parent), m_columns(columns), m_table(table)
-{
-}
-
 VemoTableView::VemoTableView(const VemoTableColumnsInfo &columns, QWidget *parent)
-    : VemoTableView(columns, new TableRows, parent)
+    : QWidget(parent), VemoAbstractTable(this, columns, new TableRows)
 {
-    VemoTableView::initailze();
-    m_table->setStyleSheet(
+    initailze();
+    getView()->setStyleSheet(
         getStyleSheet("component.table_view") + getStyleSheet("component.scrollbar"));
-    // clang-format off
-    connect(m_table, SIGNAL(resized(QSize)), this, SLOT(slotTableResized(QSize)));
-    connect(m_table->horizontalHeader(), SIGNAL(sectionCountChanged(int,int)),
-        this, SLOT(slotColumnCountChanged()));
-    // clang-format on
+    connect(getView(), SIGNAL(resized(QSize)), this, SLOT(slotTableResized(QSize)));
+    connect(getView()->horizontalHeader(), &QHeaderView::sectionCountChanged, context(),
+        [this] { restoreColumns(); });
 }
 
 VemoTableView::VemoTableView(QWidget *parent) : VemoTableView(VemoTableColumnsInfo(), parent) { }
 
-VemoTableView::~VemoTableView() = default;
-
 void VemoTableView::setModel(QAbstractItemModel *model)
 {
-    if (m_table->model())
-        disconnect(m_table->model(), nullptr, this, nullptr);
-    m_table->setModel(model);
+    if (this->model())
+        disconnect(this->model(), nullptr, context(), nullptr);
+    getView()->setModel(model);
     connectModel();
-    if (m_notice)
-        m_notice->setModel(model);
-    slotColumnCountChanged();
+    if (hasNotice())
+        notice()->setModel(model);
+    restoreColumns();
 }
 
 QAbstractItemModel *VemoTableView::model() const
 {
-    return m_table->model();
-}
-
-void VemoTableView::setColumns(const VemoTableColumnsInfo &columns)
-{
-    m_columns = columns;
-    m_dragged.clear();
-    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
-    m_header_table->setColumnCount(columnCount() + 1);
-    setLabels();
-    setSectionSizes();
-    copyColumns();
-    slotTableResized(m_table->viewport()->size());
-}
-
-void VemoTableView::setColumnTexts(const QStringList &texts)
-{
-    VemoTableColumnsInfo info;
-    for (const QString &text : texts) {
-        const QStringList parts = text.split(kSeparator);
-        bool hasWidth = false;
-        const int width = parts.value(1).toInt(&hasWidth);
-        bool isProportional = false;
-        const double ratio = parts.value(2).toDouble(&isProportional);
-        info.addColumn(parts.first(), hasWidth ? width : kDefaultWidth, isProportional, ratio);
-    }
-    setColumns(info);
-}
-
-QStringList VemoTableView::columnTexts() const
-{
-    QStringList texts;
-    for (const auto &column : m_columns.m_columns) {
-        QString text = column.name + kSeparator + QString::number(column.width);
-        if (column.proportional)
-            text += kSeparator + QString::number(column.ratio);
-        texts << text;
-    }
-    return texts;
-}
-
-QHeaderView *VemoTableView::getHeader() const
-{
-    return m_header;
-}
-
-QTableView *VemoTableView::getView() const
-{
-    return m_table;
+    return getView()->model();
 }
 
 void VemoTableView::slotTableResized(QSize size)
 {
-    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
-    double fixedSum = 0;
-    int index = 0;
-    for (const auto &column : m_columns.m_columns) {
-        if (!column.takesShare() && !m_header->isSectionHidden(index))
-            fixedSum += column.width;
-        ++index;
-    }
-    // Deliberate: the extra section is not subtracted.
-    const int free = truncToInt(size.width() - fixedSum * DPIinfo::getInstance().getDPI());
-    int section = 0;
-    for (const auto &column : m_columns.m_columns) {
-        const bool isKept = m_are_dragged_widths_kept && m_dragged.count(section) != 0;
-        if (column.takesShare() && !isKept) {
-            const int share = truncToInt(free * column.ratio);
-            m_header->resizeSection(section, qMax(share, scaled(column.width)));
-        }
-        ++section;
-    }
+    shareWidth(size);
 }
 
 void VemoTableView::slotSectionResized(int index, int old_size, int new_size)
 {
-    // A section that is hidden or shown is resized to or from 0.
-    if (!m_is_header_leading && old_size != 0 && new_size != 0)
-        m_dragged.insert(index);
-    const QScopedValueRollback<bool> leading(m_is_header_leading, true);
-    m_table->horizontalHeader()->resizeSection(index, new_size);
+    followHeader(index, old_size, new_size);
 }
 
 void VemoTableView::slotVerticalScrollRangeChanged(int /*min*/, int max)
 {
-    m_table->verticalScrollBar()->setVisible(max != 0);
+    hideIdleScrollBar(max);
 }
 
 void VemoTableView::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::LayoutDirectionChange)
-        return;
-    // QScrollArea only updates its widget's position when it is scrolled or on this event.
-    QEvent layoutRequest(QEvent::LayoutRequest);
-    QCoreApplication::sendEvent(m_header_scroll_area, &layoutRequest);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        followDirection();
 }
 
-/// The header was scrolled, either by the table or by a wheel or touchpad over the header.
-void VemoTableView::slotHeaderScrolled(int value)
+void VemoTableView::requestSort(int column, Qt::SortOrder order)
 {
-    QScrollBar *const header = m_header_scroll_area->horizontalScrollBar();
-    QScrollBar *const table = m_table->horizontalScrollBar();
-    // The header has a fixed width and may end before the table.
-    if (value == qMin(table->value(), header->maximum()))
-        return;
-    table->setValue(value);
-    header->setValue(table->value());
-}
-
-void VemoTableView::initailze()
-{
-    makeHeader();
-    setLabels();
-    setSectionSizes();
-    setupTable();
-    setupLayout();
-    connectParts();
-}
-
-void VemoTableView::makeHeader()
-{
-    m_header_table = std::make_unique<QTableWidget>(0, columnCount() + 1);
-    m_header = new QHeaderView(Qt::Horizontal);
-    m_header->setModel(m_header_table->model());
-    m_header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    m_header->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_header->setStyleSheet(getStyleSheet("component.table_header"));
-    m_header->setFixedSize(scaled(kHeaderWidth), scaled(kHeaderHeight));
-}
-
-void VemoTableView::setLabels()
-{
-    QStringList labels;
-    for (const auto &column : m_columns.m_columns)
-        labels << column.name;
-    labels << QString();
-    m_header_table->setHorizontalHeaderLabels(labels);
-    showLabels(labels);
-}
-
-void VemoTableView::setSectionSizes()
-{
-    QHeaderView *const labels = m_header_table->horizontalHeader();
-    QHeaderView *const columns = m_table->horizontalHeader();
-
-    int narrowest = scaled(kExtraWidth);
-    for (const auto &column : m_columns.m_columns)
-        narrowest = qMin(narrowest, scaled(column.width));
-    // The style's default minimum is wider than a column may be.
-    for (QHeaderView *header : {m_header, labels, columns})
-        header->setMinimumSectionSize(qMax(narrowest, 0));
-
-    int section = 0;
-    for (const auto &column : m_columns.m_columns) {
-        const auto mode = column.proportional ? QHeaderView::Interactive : QHeaderView::Fixed;
-        for (QHeaderView *header : {m_header, labels, columns})
-            header->resizeSection(section, scaled(column.width));
-        m_header->setSectionResizeMode(section, mode);
-        if (section < columns->count()) // the model may have fewer columns
-            columns->setSectionResizeMode(section, mode);
-        ++section;
-    }
-    m_header->resizeSection(section, scaled(kExtraWidth));
-    labels->resizeSection(section, scaled(kExtraWidth));
-    m_header->setSectionResizeMode(section, QHeaderView::Fixed);
-}
-
-void VemoTableView::setupTable()
-{
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->setTabKeyNavigation(false); // Tab leaves the table; arrows move inside
-    m_table->verticalHeader()->hide();
-    m_table->horizontalHeader()->hide();
-    m_table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    m_table->verticalScrollBar()->hide();
-    m_table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_table->verticalHeader()->setDefaultSectionSize(scaled(kRowHeight));
-    m_table->setShowGrid(false);
-}
-
-void VemoTableView::setupLayout()
-{
-    m_header_scroll_area = new QScrollArea;
-    m_header_scroll_area->setFixedHeight(scaled(kHeaderHeight));
-    m_header_scroll_area->setFocusPolicy(Qt::NoFocus);
-    m_header_scroll_area->setWidget(m_header);
-    m_header_scroll_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_header_scroll_area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_header_scroll_area->setStyleSheet(QStringLiteral("QScrollArea { border: none; }"));
-
-    auto *layout = new QVBoxLayout(this);
-    layout->setSpacing(0);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_header_scroll_area);
-    layout->addWidget(m_table);
-    makeHeaderAccessible(m_header);
-}
-
-void VemoTableView::connectParts()
-{
-    // Without spaces, Qt need not normalise the signatures when connecting.
-    // clang-format off
-    connect(m_header, SIGNAL(sectionResized(int,int,int)),
-        this, SLOT(slotSectionResized(int,int,int)));
-    connect(m_table->verticalScrollBar(), SIGNAL(rangeChanged(int,int)),
-        this, SLOT(slotVerticalScrollRangeChanged(int,int)));
-    connect(m_table->horizontalScrollBar(), SIGNAL(valueChanged(int)),
-        m_header_scroll_area->horizontalScrollBar(), SLOT(setValue(int)));
-    connect(m_header_scroll_area->horizontalScrollBar(), SIGNAL(valueChanged(int)),
-        this, SLOT(slotHeaderScrolled(int)));
-    // clang-format on
-    connectColumns();
+    Q_EMIT sortRequested(column, order);
 }
 
 #include "vemotableview.moc"

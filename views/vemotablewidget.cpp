@@ -19,7 +19,7 @@ void ResizeSignalTableWidget::resizeEvent(QResizeEvent *event)
 }
 
 VemoTableWidget::VemoTableWidget(const VemoTableColumnsInfo &columns, QWidget *parent)
-    : VemoTableView(columns, new ResizeSignalTableWidget, parent),
+    : QWidget(parent), VemoAbstractTable(this, columns, new ResizeSignalTableWidget),
       m_items(static_cast<ResizeSignalTableWidget *>(getView()))
 {
     initailze();
@@ -31,11 +31,31 @@ VemoTableWidget::VemoTableWidget(QWidget *parent) : VemoTableWidget(VemoTableCol
 {
 }
 
-VemoTableWidget::~VemoTableWidget() = default;
-
 QTableWidget *VemoTableWidget::getTable() const
 {
     return m_items;
+}
+
+void VemoTableWidget::slotTableResized(QSize size)
+{
+    shareWidth(size);
+}
+
+void VemoTableWidget::slotSectionResized(int index, int old_size, int new_size)
+{
+    followHeader(index, old_size, new_size);
+}
+
+void VemoTableWidget::slotVerticalScrollRangeChanged(int /*min*/, int max)
+{
+    hideIdleScrollBar(max);
+}
+
+void VemoTableWidget::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        followDirection();
 }
 
 void VemoTableWidget::showLabels(const QStringList &labels)
@@ -43,4 +63,9 @@ void VemoTableWidget::showLabels(const QStringList &labels)
     m_items->setColumnCount(labels.size() - 1);
     // Screen readers take the names of the columns from the table itself.
     m_items->setHorizontalHeaderLabels(labels);
+}
+
+void VemoTableWidget::requestSort(int column, Qt::SortOrder order)
+{
+    Q_EMIT sortRequested(column, order);
 }

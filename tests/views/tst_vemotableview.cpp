@@ -111,7 +111,7 @@ struct Rows
     VemoTableView widget {columnsInfo()};
 };
 
-using Change = std::function<void(VemoTableView &)>;
+using Change = std::function<void(VemoAbstractTable &)>;
 
 } // namespace
 Q_DECLARE_METATYPE(Change)
@@ -150,30 +150,31 @@ void VemoTableViewTest::looksLikeATableWidget_data()
 {
     QTest::addColumn<Qt::LayoutDirection>("direction");
     QTest::addColumn<Change>("change");
-    const auto hover = [](VemoTableView &table) {
-        const QPoint point = table.getView()->visualRect(table.model()->index(1, 1)).center();
+    const auto hover = [](VemoAbstractTable &table) {
+        const QPoint point =
+            table.getView()->visualRect(table.getView()->model()->index(1, 1)).center();
         QHoverEvent event(QEvent::HoverMove, point, QPoint(-1, -1));
         QCoreApplication::sendEvent(table.getView()->viewport(), &event);
     };
     for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         const QByteArray suffix = direction == Qt::LeftToRight ? "" : ", right to left";
-        addRow("at rest" + suffix, direction, Change([](VemoTableView &) {}));
+        addRow("at rest" + suffix, direction, Change([](VemoAbstractTable &) {}));
         addRow("hover" + suffix, direction, Change(hover));
-        addRow("selected" + suffix, direction, Change([](VemoTableView &table) {
-            table.getView()->setCurrentIndex(table.model()->index(1, 0));
+        addRow("selected" + suffix, direction, Change([](VemoAbstractTable &table) {
+            table.getView()->setCurrentIndex(table.getView()->model()->index(1, 0));
         }));
-        addRow("disabled" + suffix, direction, Change([](VemoTableView &table) {
-            table.getView()->setCurrentIndex(table.model()->index(1, 0));
-            table.setEnabled(false);
+        addRow("disabled" + suffix, direction, Change([](VemoAbstractTable &table) {
+            table.getView()->setCurrentIndex(table.getView()->model()->index(1, 0));
+            table.getView()->parentWidget()->setEnabled(false);
         }));
-        addRow("sorted" + suffix, direction, Change([](VemoTableView &table) {
+        addRow("sorted" + suffix, direction, Change([](VemoAbstractTable &table) {
             table.setSortRequestsEnabled(true);
             table.setSortIndicator(0, Qt::DescendingOrder);
         }));
         addRow("aligned" + suffix, direction,
-            Change([](VemoTableView &table) { table.setColumnAlignment(2, Qt::AlignRight); }));
+            Change([](VemoAbstractTable &table) { table.setColumnAlignment(2, Qt::AlignRight); }));
         addRow("hidden" + suffix, direction,
-            Change([](VemoTableView &table) { table.setColumnHidden(1, true); }));
+            Change([](VemoAbstractTable &table) { table.setColumnHidden(1, true); }));
     }
 }
 
@@ -190,7 +191,7 @@ void VemoTableViewTest::looksLikeATableWidget()
     for (int cell = 0; cell < 60; ++cell)
         table->setItem(cell / 3, cell % 3,
             new QTableWidgetItem(numbers.index(cell / 3, cell % 3).data().toString()));
-    const auto picture = [&](VemoTableView &table) {
+    const auto picture = [&](auto &table) {
         // No pointer, focus or window manager of a screen.
         table.setAttribute(Qt::WA_DontShowOnScreen);
         table.getView()->setFocusPolicy(Qt::NoFocus);

@@ -51,6 +51,7 @@ class VemoTableWidgetTest : public VemoTest
 private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void numbersTheColumnsThatAreAdded();
+    void isAPlainWidget();
     void copiesItsColumns();
     void labelsItsHeader();
     void namesItsColumnsForAScreenReader();
@@ -87,6 +88,11 @@ void VemoTableWidgetTest::numbersTheColumnsThatAreAdded()
     QCOMPARE(moved.addColumn("Type", 80, false, 0.0), 3);
     columns = VemoTableColumnsInfo();
     QCOMPARE(columns.addColumn("Name", 100, true, 1.0), 0);
+}
+
+void VemoTableWidgetTest::isAPlainWidget()
+{
+    QCOMPARE(VemoTableWidget::staticMetaObject.superClass(), &QWidget::staticMetaObject);
 }
 
 void VemoTableWidgetTest::copiesItsColumns()
