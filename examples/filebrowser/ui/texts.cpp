@@ -94,18 +94,28 @@ QString isolated(const QString &text)
                                                                : text;
 }
 
-QString plainSizeText(qint64 bytes)
+/// The unit of bytes. From right to left that of English: QLocale has names for some units of these
+/// languages and symbols for others, such as MB in Arabic.
+QString unitText(const QLocale &locale, qint64 bytes)
 {
+    const bool isTranslated = locale.textDirection() == Qt::LeftToRight;
+    const QLocale units = isTranslated ? locale : QLocale::c();
     const auto format = QLocale::DataSizeTraditionalFormat;
-    const QLocale locale;
-    if (bytes >= kKilobyte)
-        return locale.formattedDataSize(bytes, 1, format);
-    if (locale.textDirection() == Qt::RightToLeft)
-        return locale.formattedDataSize(bytes, 0, format);
+    const QString unit =
+        units.formattedDataSize(qMax<qint64>(bytes, kKilobyte), 0, format).section(' ', -1);
     // QLocale writes out "bytes", also after a 1. The symbol is that of a kilobyte without its
     // first letter: "B", in French "o".
-    const QString kilo = locale.formattedDataSize(kKilobyte, 0, format);
-    return locale.toString(bytes) + ' ' + kilo.section(' ', -1).mid(1);
+    return bytes < kKilobyte ? unit.mid(1) : unit;
+}
+
+QString plainSizeText(qint64 bytes)
+{
+    const QLocale locale;
+    const QString number = bytes < kKilobyte
+        ? locale.toString(bytes)
+        : locale.formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat)
+              .section(' ', 0, -2);
+    return number + ' ' + unitText(locale, bytes);
 }
 
 } // namespace

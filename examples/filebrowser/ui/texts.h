@@ -34,7 +34,7 @@ void translate(QObject *widget, const std::function<void()> &function);
 /// side as the texts of the language.
 QString lineText(const QString &content);
 
-/// In the locale's units; bytes by their symbol: "1 B".
+/// In the locale's units, from right to left in those of English; bytes by their symbol: "1 B".
 QString sizeText(qint64 bytes);
 /// Year first, as the date fields have it, in every language; empty if the moment is invalid.
 QString dateText(const QDateTime &moment);
