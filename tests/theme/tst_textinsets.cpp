@@ -8,10 +8,12 @@
 #include <vemo/stylemanager.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemodateselector.h>
+#include <vemo/vemotablewidget.h>
 
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <QTableWidget>
 
 #include <functional>
 
@@ -82,6 +84,7 @@ private Q_SLOTS:
     void initTestCase();
     void textsBeginBelowEachOther_data();
     void textsBeginBelowEachOther();
+    void theFocusLeavesTheTextOfACellInItsPlace();
     void anEditableBoxShowsItsWidestTextWhole();
     void aListMarksItsRowsAsAMenuDoes_data();
     void aListMarksItsRowsAsAMenuDoes();
@@ -127,6 +130,28 @@ void TextInsetsTest::textsBeginBelowEachOther()
     // Frames and paddings are rounded one by one.
     QVERIFY2(begin >= wanted - 1 && begin <= wanted + 2,
         qPrintable(QString("%1, not %2").arg(begin).arg(wanted)));
+}
+
+void TextInsetsTest::theFocusLeavesTheTextOfACellInItsPlace()
+{
+    VemoTableColumnsInfo columns;
+    columns.addColumn(kText, 200, true, 1.0);
+    VemoTableWidget widget(columns);
+    QTableWidget *table = widget.getTable();
+    table->setRowCount(1);
+    table->setItem(0, 0, new QTableWidgetItem(kText));
+    widget.resize(scaled(240), scaled(120));
+    widget.show();
+    QVERIFY(QTest::qWaitForWindowActive(&widget));
+    const QRect cell = table->visualItemRect(table->item(0, 0));
+    const auto begin = [&] { return inkOf(table->viewport()->grab(cell).toImage()).topLeft(); };
+    table->setCurrentItem(nullptr);
+    const QPoint rest = begin();
+    table->setFocus();
+    table->setCurrentCell(0, 0, QItemSelectionModel::NoUpdate);
+    QCOMPARE(begin(), rest);
+    table->setCurrentCell(0, 0, QItemSelectionModel::Select);
+    QCOMPARE(begin(), rest);
 }
 
 void TextInsetsTest::anEditableBoxShowsItsWidestTextWhole()
