@@ -34,5 +34,5 @@ endif()
 
 if(VEMO_INSTALL)
   install(FILES "${VEMO_API_FOLDER}/vemowidgets.qch" "${VEMO_API_FOLDER}/vemowidgets.tags"
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vemowidgets COMPONENT Development OPTIONAL)
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vemowidgets${VEMO_FILE_SUFFIX} COMPONENT Development OPTIONAL)
 endif()

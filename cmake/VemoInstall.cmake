@@ -4,8 +4,9 @@
 
 include(CMakePackageConfigHelpers)
 
-set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/VemoWidgets)
-set(dataDir ${CMAKE_INSTALL_DATADIR}/vemowidgets)
+set(package VemoWidgets${VEMO_NAME_SUFFIX})
+set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/${package})
+set(dataDir ${CMAKE_INSTALL_DATADIR}/vemowidgets${VEMO_FILE_SUFFIX})
 
 # Sets OUTVAR to the relative path from one folder of the installation to another.
 function(vemo_way_to outVar from to)
@@ -21,10 +22,10 @@ install(TARGETS VemoWidgets VemoTheme EXPORT VemoWidgetsTargets
   RUNTIME COMPONENT Runtime
   LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
   ARCHIVE COMPONENT Development)
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/licenses/vemowidgets COMPONENT Runtime)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/licenses/vemowidgets${VEMO_FILE_SUFFIX} COMPONENT Runtime)
 
 install(FILES ${VEMO_HEADERS} ${VEMO_FORWARDING_HEADERS}
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo COMPONENT Development)
+  DESTINATION ${VEMO_INCLUDE_DIR}/vemo COMPONENT Development)
 install(DIRECTORY "${VEMO_THEME_FOLDER}/" "${VEMO_THEME_DRAWINGS}"
   DESTINATION ${dataDir}/theme COMPONENT Development)
 install(FILES theme/README.md DESTINATION ${dataDir}/theme COMPONENT Development)
@@ -34,12 +35,12 @@ if(VEMO_DARK_THEME)
 endif()
 
 # CMake
-install(EXPORT VemoWidgetsTargets NAMESPACE Vemo:: DESTINATION ${packageDir} COMPONENT Development)
+install(EXPORT VemoWidgetsTargets FILE ${package}Targets.cmake NAMESPACE Vemo:: DESTINATION ${packageDir} COMPONENT Development)
 configure_package_config_file(cmake/VemoWidgetsConfig.cmake.in
-  "${CMAKE_CURRENT_BINARY_DIR}/VemoWidgetsConfig.cmake" INSTALL_DESTINATION ${packageDir})
+  "${CMAKE_CURRENT_BINARY_DIR}/${package}Config.cmake" INSTALL_DESTINATION ${packageDir})
 install(
-  FILES "${CMAKE_CURRENT_BINARY_DIR}/VemoWidgetsConfig.cmake"
-    "${CMAKE_CURRENT_BINARY_DIR}/VemoWidgetsConfigVersion.cmake"
+  FILES "${CMAKE_CURRENT_BINARY_DIR}/${package}Config.cmake"
+    "${CMAKE_CURRENT_BINARY_DIR}/${package}ConfigVersion.cmake"
   DESTINATION ${packageDir} COMPONENT Development)
 
 # pkg-config and qmake
@@ -50,17 +51,31 @@ if(NOT BUILD_SHARED_LIBS)
   set(pkgConfigDefine "-DVEMO_STATIC")
 endif()
 vemo_way_to(pkgConfigToPrefix "${CMAKE_INSTALL_LIBDIR}/pkgconfig" "")
-vemo_way_to(dataToInclude "${dataDir}" "${CMAKE_INSTALL_INCLUDEDIR}")
+vemo_way_to(dataToInclude "${dataDir}" "${VEMO_INCLUDE_DIR}")
 vemo_way_to(dataToLib "${dataDir}" "${CMAKE_INSTALL_LIBDIR}")
-foreach(file IN ITEMS vemowidgets.pc vemowidgets-theme.pc vemowidgets.pri)
-  configure_file(cmake/${file}.in "${CMAKE_CURRENT_BINARY_DIR}/${file}" @ONLY)
+foreach(file IN ITEMS .pc -theme.pc .pri)
+  configure_file(cmake/vemowidgets${file}.in
+    "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets${VEMO_FILE_SUFFIX}${file}" @ONLY)
 endforeach()
 install(
-  FILES "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets.pc"
-    "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets-theme.pc"
+  FILES "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets${VEMO_FILE_SUFFIX}.pc"
+    "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets${VEMO_FILE_SUFFIX}-theme.pc"
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
-install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets.pri"
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vemowidgets${VEMO_FILE_SUFFIX}.pri"
   DESTINATION ${dataDir} COMPONENT Development)
+
+# Sets OUTVAR to the file packaging/NAME.KIND, or to a copy for the Qt 6 program of that name.
+function(vemo_name_file outVar name kind)
+  set(file "${PROJECT_SOURCE_DIR}/packaging/${name}.${kind}")
+  if(VEMO_FILE_SUFFIX)
+    file(READ "${file}" text)
+    string(REPLACE "${name}" "${name}${VEMO_FILE_SUFFIX}" text "${text}")
+    string(REGEX REPLACE "(^|\n)(Name=[^\n]*)" "\\1\\2 (Qt ${VEMO_QT_VERSION_MAJOR})" text "${text}")
+    set(file "${CMAKE_CURRENT_BINARY_DIR}/${name}${VEMO_FILE_SUFFIX}.${kind}")
+    file(CONFIGURE OUTPUT "${file}" CONTENT "${text}" @ONLY)
+  endif()
+  set(${outVar} "${file}" PARENT_SCOPE)
+endfunction()
 
 # vemo_install_host(TARGET NAME): installs the program NAME with its desktop entry.
 function(vemo_install_host target name)
@@ -69,13 +84,17 @@ function(vemo_install_host target name)
   endif()
   vemo_way_to(libraries ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_LIBDIR})
   set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name}${VEMO_FILE_SUFFIX})
   install(TARGETS ${target} RUNTIME COMPONENT Gallery)
-  install(FILES packaging/${name}.desktop
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT Gallery)
-  install(FILES packaging/${name}.svg
+  foreach(kind IN ITEMS desktop svg 1)
+    vemo_name_file(file ${name} ${kind})
+    list(APPEND files "${file}")
+  endforeach()
+  list(POP_FRONT files entry icon manual)
+  install(FILES "${entry}" DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT Gallery)
+  install(FILES "${icon}"
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT Gallery)
-  install(FILES packaging/${name}.1
-    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Gallery)
+  install(FILES "${manual}" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Gallery)
 endfunction()
 
 vemo_install_host(vemo-gallery vemo-gallery)
@@ -83,7 +102,7 @@ vemo_install_host(filebrowser vemo-filebrowser)
 
 # The plug-in goes where the Qt of the same prefix looks for it; any other Qt needs QT_PLUGIN_PATH.
 if(TARGET VemoDesigner)
-  set(pluginDir ${CMAKE_INSTALL_LIBDIR}/qt5/plugins/designer)
+  set(pluginDir ${CMAKE_INSTALL_LIBDIR}/qt${VEMO_QT_VERSION_MAJOR}/plugins/designer)
   vemo_way_to(libraries ${pluginDir} ${CMAKE_INSTALL_LIBDIR})
   set_target_properties(VemoDesigner PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
   install(TARGETS VemoDesigner LIBRARY DESTINATION ${pluginDir} COMPONENT Designer)

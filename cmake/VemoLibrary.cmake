@@ -1,13 +1,17 @@
 # SPDX-License-Identifier: MIT
 # The library's target; each folder adds its sources and public headers.
 
+set(VEMO_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}) # where the folder "vemo" of the headers is installed
+if(VEMO_FILE_SUFFIX)
+  string(APPEND VEMO_INCLUDE_DIR /vemowidgets${VEMO_FILE_SUFFIX})
+endif()
 add_library(VemoWidgets)
 add_library(Vemo::Widgets ALIAS VemoWidgets)
 target_include_directories(VemoWidgets
   PUBLIC
     "$<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>"
     "$<BUILD_INTERFACE:${CMAKE_CURRENT_BINARY_DIR}/include>"
-    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
+    "$<INSTALL_INTERFACE:${VEMO_INCLUDE_DIR}>"
   PRIVATE
     "${CMAKE_CURRENT_SOURCE_DIR}")
 target_link_libraries(VemoWidgets PUBLIC ${VEMO_QT}::Widgets ${VEMO_QT}::Network)

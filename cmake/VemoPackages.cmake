@@ -5,7 +5,7 @@ set(VEMO_PACKAGE_CONTACT "Vemo Widgets developers <developers@vemo-widgets.examp
   CACHE STRING "Maintainer of the packages")
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME vemowidgets)
+set(CPACK_PACKAGE_NAME vemowidgets${VEMO_FILE_SUFFIX})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 set(CPACK_PACKAGE_CONTACT "${VEMO_PACKAGE_CONTACT}")
 set(CPACK_PACKAGING_INSTALL_PREFIX "/usr")
@@ -23,6 +23,11 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}" "${PROJECT_BINARY_DIR}/theme")
 
 set(runtime libvemowidgets${PROJECT_VERSION_MAJOR})
+set(qtDevelopment "qtbase5-dev (>= 5.15)")
+if(VEMO_QT_VERSION_MAJOR EQUAL 6)
+  set(runtime libvemowidgetsqt6-${PROJECT_VERSION_MAJOR})
+  set(qtDevelopment "qt6-base-dev (>= 6.4)")
+endif()
 set(sameVersion "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 
 # vemo_package(COMPONENT NAME SECTION DEPENDS SUMMARY TEXT)
@@ -43,17 +48,17 @@ string(JOIN "\n" about
   "language.")
 vemo_package(Runtime ${runtime} libs "" "styled Qt widgets - libraries"
   "This package holds the libraries.")
-vemo_package(Development libvemowidgets-dev libdevel
-  "${runtime} ${sameVersion}, qtbase5-dev (>= 5.15)" "styled Qt widgets - development files"
+vemo_package(Development libvemowidgets${VEMO_FILE_SUFFIX}-dev libdevel
+  "${runtime} ${sameVersion}, ${qtDevelopment}" "styled Qt widgets - development files"
 "This package holds what is needed to build with it: headers, files for
 CMake, pkg-config and qmake, and the sources of the default theme.")
 if(TARGET VemoDesigner)
-  vemo_package(Designer vemowidgets-designer devel "${runtime} ${sameVersion}"
+  vemo_package(Designer vemowidgets${VEMO_FILE_SUFFIX}-designer devel "${runtime} ${sameVersion}"
     "styled Qt widgets - plug-in for Qt Designer"
     "This package shows the widgets in Qt Designer.")
 endif()
 if(TARGET vemo-gallery)
-  vemo_package(Gallery vemowidgets-gallery devel "${runtime} ${sameVersion}"
+  vemo_package(Gallery vemowidgets${VEMO_FILE_SUFFIX}-gallery devel "${runtime} ${sameVersion}"
     "styled Qt widgets - gallery and example"
 "This package holds a gallery of all widgets and a small file browser
 made of them.")

@@ -114,6 +114,10 @@ endfunction()
 # are Qt's warnings of X errors, which may arrive after their window has been destroyed.
 function(vemo_register_test test dpi scale platform)
   add_test(NAME ${test} COMMAND ${ARGN})
+  set(highDpiScaling "unset:")
+  if(VEMO_QT_VERSION_MAJOR EQUAL 6)
+    set(highDpiScaling "set:0") # Otherwise QT_FONT_DPI would become a device pixel ratio.
+  endif()
   math(EXPR timeout "3 * ${arg_TIMEOUT}") # It ends a run that hangs, and no other on a machine under load.
   if(arg_MEMORY)
     set_property(TEST ${test} PROPERTY LABELS memory)
@@ -121,7 +125,7 @@ function(vemo_register_test test dpi scale platform)
   set_tests_properties(${test} PROPERTIES
     TIMEOUT ${timeout} COST ${arg_TIMEOUT} # The longest tests start first.
     ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FONT_DPI=${dpi};QT_SCALE_FACTOR=${scale};QT_STYLE_OVERRIDE=fusion;QT_XCB_GL_INTEGRATION=none;QT_LOGGING_RULES=qt.qpa.xcb.warning=false;LC_ALL=en_US.UTF-8;XDG_RUNTIME_DIR=${PROJECT_BINARY_DIR}/runtime;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0"
-    ENVIRONMENT_MODIFICATION "LANGUAGE=unset:;QT_ENABLE_HIGHDPI_SCALING=unset:;QT_AUTO_SCREEN_SCALE_FACTOR=unset:;QT_SCREEN_SCALE_FACTORS=unset:;DISPLAY=unset:")
+    ENVIRONMENT_MODIFICATION "LANGUAGE=unset:;QT_ENABLE_HIGHDPI_SCALING=${highDpiScaling};QT_AUTO_SCREEN_SCALE_FACTOR=unset:;QT_SCREEN_SCALE_FACTORS=unset:;DISPLAY=unset:")
   if(ECM_ENABLE_SANITIZERS)
     set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT VEMO_SANITIZERS=1)
   endif()

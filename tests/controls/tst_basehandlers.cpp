@@ -15,7 +15,7 @@ namespace {
 QStringList called;
 } // namespace
 
-void QWidget::enterEvent(QEvent *)
+void QWidget::enterEvent(VemoEnterEvent *)
 {
     called += "enter";
 }

@@ -137,7 +137,7 @@ using Use = void (*)(LinkLabel &label);
 void clickIt(LinkLabel &label)
 {
     QWindow *window = label.window()->windowHandle();
-    QTest::mouseClick(window, Qt::LeftButton, {}, label.mapTo(label.window(), {50, 20}));
+    QTest::mouseClick(window, Qt::LeftButton, {}, label.mapTo(label.window(), QPoint(50, 20)));
 }
 
 /// Only the second press of a double click: the first would open the menu.
@@ -165,7 +165,7 @@ void openOnClickOrRequest(LinkLabel *label, QMenu &menu, const std::function<voi
             whileOpen();
             menu.close();
         });
-        menu.exec(label->mapToGlobal({0, label->height()}));
+        menu.exec(label->mapToGlobal(QPoint(0, label->height())));
     };
     label->setContextMenuPolicy(Qt::CustomContextMenu);
     QObject::connect(label, &QWidget::customContextMenuRequested, &menu, open);
@@ -478,7 +478,7 @@ void LinkLabelTest::withoutAMenuTheLeavingIsLeftToQt()
     window.pointAtLabel();
     QApplication::setOverrideCursor(Qt::WaitCursor);
     // A slow slot: the pointer has left, but Qt has not handled that yet.
-    const QPoint outside = window.mapToGlobal({1, 1});
+    const QPoint outside = window.mapToGlobal(QPoint(1, 1));
     connect(window.label, &LinkLabel::clicked, this, [outside] { QCursor::setPos(outside); });
     const EventCounter leaves(window.label, QEvent::Leave);
     QTest::mousePress(window.label, Qt::LeftButton);

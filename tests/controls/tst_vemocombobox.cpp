@@ -57,7 +57,7 @@ struct Box : VemoComboBox
     }
 
     QWidget *popup() const { return view()->parentWidget(); }
-    QPoint expectedPosition() const { return mapToGlobal({0, height() + 2}); }
+    QPoint expectedPosition() const { return mapToGlobal(QPoint(0, height() + 2)); }
 };
 
 void showAt(QWidget &window, const QPoint &position)
@@ -66,7 +66,7 @@ void showAt(QWidget &window, const QPoint &position)
     window.move(position);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QTRY_COMPARE(window.mapToGlobal({0, 0}), window.pos());
+    QTRY_COMPARE(window.mapToGlobal(QPoint(0, 0)), window.pos());
 }
 
 /// A box between two fields, in an active window.

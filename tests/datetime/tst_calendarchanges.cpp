@@ -313,7 +313,7 @@ void CalendarChangesTest::aFieldOpensAtTheSideWhereItsTextBegins()
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     field.showPopup();
     const QWidget *popup = field.view()->parentWidget();
-    const QRect place(field.mapToGlobal({0, 0}), field.size());
+    const QRect place(field.mapToGlobal(QPoint(0, 0)), field.size());
     const QRect screen = field.screen()->availableGeometry();
     if (direction == Qt::LeftToRight)
         QCOMPARE(popup->x(), qMin(place.left(), screen.right() + 1 - popup->width()));

@@ -388,7 +388,7 @@ void CalendarKeysTest::fitsEveryLanguage()
         for (const QAbstractButton *part : QList<const QAbstractButton *> {
                  parts.previous, parts.month, parts.year, parts.next, parts.today}) {
             const QString text = part->icon().isNull() ? part->text() : QString();
-            QVERIFY(view->rect().contains({part->mapTo(view, {0, 0}), part->size()}));
+            QVERIFY(view->rect().contains({part->mapTo(view, QPoint(0, 0)), part->size()}));
             const int room = part->width() - scaled(kButtonFrame);
             QVERIFY2(room >= part->fontMetrics().horizontalAdvance(text), qPrintable(text));
         }

@@ -176,7 +176,8 @@ namespace {
 /// Opens the context menu of the box's edit and picks an entry, by keyboard.
 void pickFromMenu(Form &form, const QString &entry)
 {
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, form.box.mapToGlobal({5, 5}));
+    QContextMenuEvent event(
+        QContextMenuEvent::Keyboard, {5, 5}, form.box.mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(&form.box, &event);
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     QVERIFY(menu);

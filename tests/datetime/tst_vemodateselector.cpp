@@ -179,7 +179,7 @@ void VemoDateSelectorTest::opensTheWholeCalendar()
              static_cast<QWidget *>(form.parts.next), static_cast<QWidget *>(form.parts.month),
              static_cast<QWidget *>(form.parts.year), static_cast<QWidget *>(form.parts.weekdays),
              static_cast<QWidget *>(form.parts.grid), static_cast<QWidget *>(form.parts.today)}) {
-        const QRect place(part->mapTo(form.selector->view(), {0, 0}), part->size());
+        const QRect place(part->mapTo(form.selector->view(), QPoint(0, 0)), part->size());
         QVERIFY2(view.contains(place), qPrintable(part->objectName()));
         QVERIFY2(part->height() >= part->minimumSizeHint().height()
                 || part->minimumHeight() == part->maximumHeight(),

@@ -3,6 +3,7 @@
 #include "fuzz/fuzz.h"
 
 #include "app/messagereader_p.h"
+#include "core/qtcompat_p.h"
 #include "help/pagedocument_p.h"
 #include "help/picturefolder_p.h"
 #include "help/picturescan_p.h"
@@ -21,7 +22,6 @@
 #include <QStandardItemModel>
 #include <QTemporaryDir>
 #include <QTextBrowser>
-#include <QTextCodec>
 #include <QValidator>
 #include <QtEndian>
 
@@ -73,10 +73,9 @@ void enterSecretFolder()
 
 QString utf8ByRules(const QByteArray &bytes)
 {
-    const std::unique_ptr<QTextDecoder> decoder(
-        QTextCodec::codecForName("UTF-8")->makeDecoder(QTextCodec::IgnoreHeader));
-    QString text = decoder->toUnicode(bytes);
-    return decoder->needsMoreData() ? text += QChar(QChar::ReplacementCharacter) : text;
+    Utf8Decoder decoder;
+    QString text = decoder.toUnicode(bytes);
+    return decoder.needsMoreData() ? text += QChar(QChar::ReplacementCharacter) : text;
 }
 
 /// The expected completion of a typed time, step by step.

@@ -32,9 +32,9 @@ struct Table
     int apart(int column) const
     {
         const int label =
-            header->mapTo(widget.get(), {}).x() + header->sectionViewportPosition(column);
-        const int cells =
-            table->viewport()->mapTo(widget.get(), {}).x() + table->columnViewportPosition(column);
+            header->mapTo(widget.get(), QPoint()).x() + header->sectionViewportPosition(column);
+        const int cells = table->viewport()->mapTo(widget.get(), QPoint()).x()
+            + table->columnViewportPosition(column);
         return label - cells;
     }
     QWidget *headerArea() const { return widget->findChild<QScrollArea *>()->viewport(); }
@@ -97,7 +97,8 @@ void TableScrollTest::scrollsTheTableWithItsHeader()
     table.window.setLayoutDirection(direction);
     QCoreApplication::processEvents();
     QCOMPARE(table.apart(0), 0);
-    QCOMPARE(table.header->mapTo(table.widget.get(), {}).x() == 0, direction == Qt::LeftToRight);
+    QCOMPARE(
+        table.header->mapTo(table.widget.get(), QPoint()).x() == 0, direction == Qt::LeftToRight);
     const Qt::ScrollPhase phase = pixels.isNull() ? Qt::NoScrollPhase : Qt::ScrollUpdate;
     const int before = table.bar->value();
     for (int step = 0; step < 3; ++step) {

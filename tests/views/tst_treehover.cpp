@@ -84,7 +84,7 @@ public:
     static void movePointerAway() { QCursor::setPos(10, 10); }
     void movePointerTo(int row) const
     {
-        QCursor::setPos(mapToGlobal({width() / 2, rect(row).center().y()}));
+        QCursor::setPos(mapToGlobal(QPoint(width() / 2, rect(row).center().y())));
     }
     QRect rect(int row) const { return visualItemRect(topLevelItem(row)); }
     QImage screenshot() const
@@ -187,7 +187,7 @@ void TreeHoverTest::followsThePointerBelowAHeader()
     // header.
     tree.movePointerTo(1);
     QTRY_COMPARE(tree.hoveredRows(), QList<int>({1}));
-    QCursor::setPos(tree.header()->mapToGlobal({20, 5}));
+    QCursor::setPos(tree.header()->mapToGlobal(QPoint(20, 5)));
     QTRY_COMPARE(tree.hoveredRows(), QList<int>({0}));
     Tree::movePointerAway();
     QTRY_COMPARE(tree.hoveredRows(), QList<int>());
@@ -200,7 +200,7 @@ void TreeHoverTest::followsThePointerPixelByPixel()
     // Deliberate: the highlight is one pixel lower than the row.
     const int border = tree.rect(2).top();
     for (const int y : {border - 1, border, border + 1, border + 2, border + 1, border}) {
-        QCursor::setPos(tree.mapToGlobal({20, y}));
+        QCursor::setPos(tree.mapToGlobal(QPoint(20, y)));
         QTRY_COMPARE(tree.hoveredRows(), QList<int>({y > border ? 2 : 1}));
     }
 }
@@ -252,8 +252,8 @@ void TreeHoverTest::paintsNothingWhileThePointerStaysInARow()
     QTRY_COMPARE(tree.hoveredRows(), QList<int>({1}));
     const PaintedRegion painted(tree.viewport());
     for (const int x : {20, 40, 60}) {
-        QCursor::setPos(tree.mapToGlobal({x, tree.rect(1).center().y()}));
-        QTRY_COMPARE(QCursor::pos(), tree.mapToGlobal({x, tree.rect(1).center().y()}));
+        QCursor::setPos(tree.mapToGlobal(QPoint(x, tree.rect(1).center().y())));
+        QTRY_COMPARE(QCursor::pos(), tree.mapToGlobal(QPoint(x, tree.rect(1).center().y())));
         QCoreApplication::processEvents();
     }
     QCOMPARE(painted.events(), 0);

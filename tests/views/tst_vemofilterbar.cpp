@@ -191,7 +191,7 @@ void VemoFilterBarTest::opensItsMenuOnDown()
         menu.close();
     });
     QTest::keyClick(&filter.bar, Qt::Key_Down);
-    const QPoint below = filter.button()->mapToGlobal({0, filter.button()->height()});
+    const QPoint below = filter.button()->mapToGlobal(QPoint(0, filter.button()->height()));
     QCOMPARE(position, below);
     QCOMPARE(filter.keywords.size(), 0);
 }
