@@ -119,6 +119,16 @@ QVector<BusObject> AccessibilityBus::childrenOf(const BusObject &object) const
     return qdbus_cast<QVector<BusObject>>(call(object, kAccessible, "GetChildren"));
 }
 
+QVector<BusObject> AccessibilityBus::firstChildrenOf(const BusObject &object, int count) const
+{
+    if (property(object, kAccessible, "ChildCount").toInt() <= count)
+        return childrenOf(object);
+    QVector<BusObject> children;
+    for (int i = 0; i < count; ++i)
+        children += qdbus_cast<BusObject>(call(object, kAccessible, "GetChildAtIndex", {i}));
+    return children;
+}
+
 QString AccessibilityBus::roleOf(const BusObject &object) const
 {
     return call(object, kAccessible, "GetRoleName").toString();

@@ -43,6 +43,9 @@ public:
     QVector<BusObject> applications() const;
 
     QVector<BusObject> childrenOf(const BusObject &object) const;
+    /// The first ones, one by one if there are more: the list of the cells of a table with a
+    /// million rows would be too long a message for the bus, which closes the connection.
+    QVector<BusObject> firstChildrenOf(const BusObject &object, int count) const;
     QString roleOf(const BusObject &object) const; ///< such as "push button"
     QString nameOf(const BusObject &object) const;
     quint64 statesOf(const BusObject &object) const; ///< bits, as AT-SPI numbers them

@@ -106,7 +106,7 @@ public:
         if (node.role == "combo box")
             return;
         const QString here = QString("%1 / %2 \"%3\"").arg(place, node.role, node.name.left(30));
-        const QVector<BusObject> children = m_bus.childrenOf(object).mid(0, kMaxChildren);
+        const QVector<BusObject> children = m_bus.firstChildrenOf(object, kMaxChildren);
         for (const BusObject &child : children)
             visit(child, here);
         // A group passes its focus on to a control in it, or scrolls.
@@ -166,7 +166,7 @@ BusObject findObject(
 {
     if (bus.nameOf(root) == name && bus.roleOf(root) == role)
         return root;
-    for (const BusObject &child : bus.childrenOf(root).mid(0, kMaxChildren)) {
+    for (const BusObject &child : bus.firstChildrenOf(root, kMaxChildren)) {
         const BusObject found = findObject(bus, child, role, name);
         if (!found.service.isEmpty())
             return found;
