@@ -8,9 +8,11 @@
 #include <vemo/defaulttheme.h>
 #include <vemo/imagemanager.h>
 
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QDial>
+#include <QEvent>
 #include <QHeaderView>
 #include <QListWidget>
 #include <QPainter>
@@ -48,6 +50,13 @@ bool isPartOfOurs(const QWidget *widget)
             return true;
     }
     return false;
+}
+
+/// Whether widget, which the application's style draws, is yet to be shown.
+bool isUnpolished(const QWidget *widget)
+{
+    return !widget->testAttribute(Qt::WA_WState_Polished)
+        && widget->style() == QApplication::style();
 }
 
 /// Updates rows that were laid out before the view was polished: they keep their old height
@@ -168,6 +177,28 @@ StockStyle::StockStyle()
     : QProxyStyle(QStringLiteral("fusion")), m_mirroredParts(new MirroredParts(this))
 {
     setObjectName(QStringLiteral("fusion"));
+}
+
+void StockStyle::polish(QApplication *application)
+{
+    QProxyStyle::polish(application);
+    application->installEventFilter(this);
+}
+
+void StockStyle::unpolish(QApplication *application)
+{
+    application->removeEventFilter(this);
+    QProxyStyle::unpolish(application);
+}
+
+// With an application style sheet Qt reports a new style whenever a widget gets a parent, although
+// it is still the application's, and a combo box then creates its list, which takes several times
+// as long as the box itself. So boxes that have not been polished are not told, as without a style
+// sheet.
+bool StockStyle::eventFilter(QObject *watched, QEvent *event)
+{
+    return event->type() == QEvent::StyleChange && isExactly<QComboBox>(watched)
+        && isUnpolished(static_cast<const QComboBox *>(watched));
 }
 
 void StockStyle::polish(QWidget *widget)

@@ -15,10 +15,14 @@ class StockStyle : public QProxyStyle
 public:
     StockStyle();
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
     using QProxyStyle::polish;
+    void polish(QApplication *application) override;
     void polish(QWidget *widget) override;
     using QProxyStyle::unpolish;
     void unpolish(QWidget *widget) override;
+    void unpolish(QApplication *application) override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
         const QWidget *widget = nullptr) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/eventcounter.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -68,6 +69,8 @@ private Q_SLOTS:
     void rowHeightsOfTheHostStay();
     void aComboBoxOpensWithRowsOfTheFamily();
     void aDelegateOfTheHostStays();
+    void aComboBoxCreatesItsListWhenItOpens();
+    void aComboBoxWithAStyleOfItsOwnIsToldAboutIt();
     void weekendsAreNotRed();
     void aWeekendOfTheHostStays();
     void aSliderIsAsWideAsItsHandle();
@@ -193,6 +196,28 @@ void StockStyleTest::aDelegateOfTheHostStays()
     box->showPopup();
     QCOMPARE(box->itemDelegate(), delegate);
     box->hidePopup();
+}
+
+void StockStyleTest::aComboBoxCreatesItsListWhenItOpens()
+{
+    QWidget window;
+    auto *box = new QComboBox;
+    box->addItems({"ab", "cd"});
+    show(window, box);
+    QVERIFY(!box->findChild<QAbstractItemView *>());
+    box->showPopup();
+    QVERIFY(box->findChild<QAbstractItemView *>());
+    box->hidePopup();
+}
+
+void StockStyleTest::aComboBoxWithAStyleOfItsOwnIsToldAboutIt()
+{
+    QWidget window;
+    window.setStyleSheet("QComboBox { combobox-popup: 1; }");
+    QComboBox box;
+    EventCounter styles(&box, QEvent::StyleChange);
+    box.setParent(&window);
+    QVERIFY(styles.count() > 0);
 }
 
 void StockStyleTest::weekendsAreNotRed()
