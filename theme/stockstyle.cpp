@@ -59,6 +59,13 @@ bool isUnpolished(const QWidget *widget)
         && widget->style() == QApplication::style();
 }
 
+/// Whether widget is a list of Qt's file dialog.
+bool isFileList(const QWidget *widget)
+{
+    const QByteArray name = widget ? widget->metaObject()->className() : "";
+    return name == "QFileDialogListView" || name == "QSidebar";
+}
+
 /// Updates rows that were laid out before the view was polished: they keep their old height
 /// otherwise.
 void updateRowLayout(QAbstractItemView *view)
@@ -241,6 +248,10 @@ int StockStyle::pixelMetric(
         if (isExactly<QSplitter>(widget))
             return scaled(kLineArea);
         break;
+    case PM_ListViewIconSize:
+        if (isExactly<QListView, QListWidget>(widget) || isFileList(widget))
+            return scaled(kIcon); // as in trees, so that all rows are of one height
+        break;
     case PM_ToolBarIconSize:
         return scaled(kIcon);
     default:
@@ -303,5 +314,5 @@ QIcon StockStyle::standardIcon(
     const QString name = showsOurPictures(widget) ? pictureName(standardIcon) : QString();
     if (name.isEmpty())
         return QProxyStyle::standardIcon(standardIcon, option, widget);
-    return QIcon(getGlobalImage(name));
+    return getGlobalIcon(name);
 }

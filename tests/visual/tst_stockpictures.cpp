@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "visual/baselinetest.h"
 #include "visual/boxfont.h"
+#include "visual/filedialog.h"
 
 #include <vemo/defaulttheme.h>
 #include <vemo/imagemanager.h>
 
+#include <QAbstractAnimation>
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QDial>
+#include <QDialogButtonBox>
 #include <QDockWidget>
-
+#include <QFontComboBox>
 #include <QGroupBox>
 #include <QInputDialog>
 #include <QLabel>
@@ -32,11 +35,12 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTableWidget>
-
+#include <QTextBrowser>
 #include <QTextEdit>
 #include <QToolBar>
 #include <QToolBox>
 #include <QToolButton>
+#include <QToolTip>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <QWizard>
@@ -194,6 +198,20 @@ QImage openBox()
     return picture;
 }
 
+QWidget *newBrowser()
+{
+    auto *browser = new QTextBrowser;
+    browser->setPlainText("cd ef");
+    return browser;
+}
+
+QWidget *newFontBox()
+{
+    auto *box = new QFontComboBox;
+    box->setCurrentFont(boxFont());
+    return box;
+}
+
 void addFields(Looks &looks)
 {
     addStates(
@@ -213,9 +231,12 @@ void addFields(Looks &looks)
     addStates(looks, "box", newComboBox, kFieldStates, kFieldSize);
     addStates(looks, "editable-box", newEditableBox, kFieldStates, kFieldSize);
     looks.append({"open-box", openBox});
+    addStates(looks, "font-box", newFontBox, kFieldStates, {128, 0});
     addStates(
         looks, "text", [] { return new QTextEdit("ab"); }, kFieldStates, kTextSize);
     addStates(looks, "read-only-text", newReadOnly<QPlainTextEdit>, {State::Rest}, kTextSize);
+    addStates(
+        looks, "browser", newBrowser, {State::Rest, State::Focus, State::Disabled}, kTextSize);
 }
 
 template <typename Button> QWidget *newChoice(bool isChecked)
@@ -268,6 +289,22 @@ QWidget *newPlainProgress()
     return bar;
 }
 
+/// A bar without an end, stopped in the middle of its way.
+QImage busyProgress()
+{
+    constexpr int kMoment = 100; // milliseconds from the start
+    auto *bar = new QProgressBar;
+    bar->setRange(0, 0);
+    Stage stage(bar, kFieldSize);
+    stage.picture();
+    auto *animation = bar->findChild<QAbstractAnimation *>();
+    if (!animation)
+        return {};
+    animation->pause();
+    animation->setCurrentTime(kMoment);
+    return stage.picture();
+}
+
 QWidget *newSlider(Qt::Orientation orientation, QSlider::TickPosition ticks)
 {
     auto *slider = new QSlider(orientation);
@@ -296,6 +333,7 @@ void addRanges(Looks &looks)
 {
     addStates(looks, "progress", newProgress, kShownStates, kFieldSize);
     addStates(looks, "plain-progress", newPlainProgress, kShownStates, kFieldSize);
+    looks.append({"busy-progress", busyProgress});
     addStates(
         looks, "slider", [] { return newSlider(Qt::Horizontal, QSlider::NoTicks); }, kAllStates,
         kFieldSize);
@@ -461,6 +499,26 @@ QImage openMenu()
     return pictureOf(&menu);
 }
 
+QImage openToolTip()
+{
+    QToolTip::setFont(boxFont());
+    QToolTip::showText({40, 40}, "abcd ef");
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (!widget->inherits("QTipLabel"))
+            continue;
+        const QImage picture = pictureOf(widget);
+        delete widget;
+        return picture;
+    }
+    return {};
+}
+
+QWidget *newButtonBox()
+{
+    const auto buttons = QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help;
+    return new QDialogButtonBox(buttons);
+}
+
 QWidget *newMessage()
 {
     auto *box =
@@ -503,6 +561,9 @@ void addWindows(Looks &looks)
 {
     addStates(looks, "window", newWindow, {State::Rest}, kWindowSize);
     looks.append({"menu", openMenu});
+    looks.append({"tool-tip", openToolTip});
+    addStates(looks, "button-box", newButtonBox, kShownStates);
+    looks.append({"file-dialog", fileDialogPicture});
     addStates(looks, "message", newMessage, {State::Rest});
     addStates(looks, "input", newInput, {State::Rest});
     addStates(looks, "progress-dialog", newProgressDialog, {State::Rest}, kWindowSize);
