@@ -16,7 +16,8 @@ const std::vector<PageEntry> &pages()
             buildButtonsPage},
         {"Labels", "VemoLabel ClickableLabel LinkLabel tooltip text hyperlink wrap",
             buildLabelsPage},
-        {"Fields", "VemoLineEdit text input error validator caption unit", buildFieldsPage},
+        {"Fields", "VemoLineEdit text input error validator caption unit password",
+            buildFieldsPage},
         {"Choices",
             "VemoCheckBox VemoRadioButton VemoComboBox VemoMenu check radio combo menu shortcut",
             buildChoicesPage},
@@ -31,7 +32,10 @@ const std::vector<PageEntry> &pages()
             "showInfoMsg showWarningMsg showUpgradingMsg dialog modal question warning busy "
             "countdown",
             buildMessagesPage},
-        {"Sheets", "VemoSheet VemoInputSheet VemoMask prompt dialog modal", buildSheetsPage},
+        {"Sheets",
+            "VemoSheet VemoInputSheet VemoContentSheet VemoProgressSheet VemoMask prompt dialog "
+            "modal progress form",
+            buildSheetsPage},
         {"Paging", "VemoPagingBar VemoPagingModel PagingFooterInfo page list footer refresh",
             buildPagingPage},
         {"Table",

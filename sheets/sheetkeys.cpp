@@ -49,6 +49,23 @@ bool isFocusLostToWindow(const QWidget *sheet, const QObject *watched, const QEv
         && static_cast<const QFocusEvent *>(event)->reason() == Qt::MouseFocusReason;
 }
 
+SheetEvent sheetEvent(
+    const QWidget *sheet, const QObject *watched, QEvent *event, bool blocksClosing)
+{
+    if (blocksClosing && event->type() == QEvent::Close) {
+        event->ignore();
+        return SheetEvent::Blocked;
+    }
+    if (overridesShortcut(sheet, watched, event))
+        return SheetEvent::Blocked;
+    if (isFocusLostToWindow(sheet, watched, event))
+        return SheetEvent::FocusLost;
+    // Every key is consumed, so that the window below the sheet receives none.
+    const bool isKey =
+        event->type() == QEvent::KeyPress && watched == sheet->window() && sheet->isVisible();
+    return isKey ? SheetEvent::Key : SheetEvent::Other;
+}
+
 QPushButton *focusedButton(const QWidget *sheet)
 {
     auto *button = qobject_cast<QPushButton *>(sheet->window()->focusWidget());

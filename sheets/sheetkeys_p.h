@@ -16,6 +16,18 @@ bool overridesShortcut(const QWidget *sheet, const QObject *watched, QEvent *eve
 /// Whether a click next to the visible sheet has just given the focus to its window.
 bool isFocusLostToWindow(const QWidget *sheet, const QObject *watched, const QEvent *event);
 
+/// What a sheet must do about an event that it filters.
+enum class SheetEvent {
+    Other, ///< nothing
+    Blocked, ///< consume it; a Close event was ignored
+    FocusLost, ///< consume it and take the focus back
+    Key, ///< handle the key press, which was sent to the window, and consume it
+};
+
+/// Sorts an event of the window of sheet, or of a part that the sheet filters.
+SheetEvent sheetEvent(
+    const QWidget *sheet, const QObject *watched, QEvent *event, bool blocksClosing);
+
 /// The button of sheet that has the focus; null without one.
 QPushButton *focusedButton(const QWidget *sheet);
 

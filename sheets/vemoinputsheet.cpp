@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sheets/vemoinputsheet_p.h"
+#include <vemo/vemoinputsheet.h>
 
 #include "core/scaling_p.h"
 #include "sheets/buttonboxstyle_p.h"
@@ -7,6 +7,7 @@
 #include "sheets/onecall_p.h"
 #include "sheets/sheetkeys_p.h"
 #include "sheets/sheetparts_p.h"
+#include "sheets/vemoinputsheet_p.h"
 
 #include <vemo/componentstrings.h>
 

@@ -183,20 +183,18 @@ void VemoMessageSheet::setBlockWindowButton(bool isBlocked)
 
 bool VemoMessageSheet::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_block_window_button && event->type() == QEvent::Close) {
-        event->ignore();
-        return true;
-    }
-    if (overridesShortcut(this, watched, event))
-        return true;
-    if (isFocusLostToWindow(this, watched, event)) {
-        m_d->takeFocus();
-        return true;
-    }
-    if (event->type() != QEvent::KeyPress || watched != window() || !isVisible())
+    switch (sheetEvent(this, watched, event, m_block_window_button)) {
+    case SheetEvent::Other:
         return VemoSheet::eventFilter(watched, event);
-    m_d->press(static_cast<QKeyEvent *>(event));
-    // Consumes every key, so that the window below the sheet receives none.
+    case SheetEvent::FocusLost:
+        m_d->takeFocus();
+        break;
+    case SheetEvent::Key:
+        m_d->press(static_cast<QKeyEvent *>(event));
+        break;
+    case SheetEvent::Blocked:
+        break;
+    }
     return true;
 }
 

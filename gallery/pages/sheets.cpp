@@ -5,20 +5,26 @@
 #include "gallery/sheetstage.h"
 
 #include <vemo/vemobutton.h>
+#include <vemo/vemocombobox.h>
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemolabel.h>
+#include <vemo/vemolineedit.h>
 #include <vemo/vemomask.h>
+#include <vemo/vemoprogresssheet.h>
 
+#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QShortcut>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
 
+constexpr int kStepTime = 50; // Milliseconds.
 constexpr QSize kStage(420, 250);
 constexpr QSize kHighStage(420, 320);
 
@@ -96,6 +102,88 @@ sheet->setErrorText(tr("Enter a name."));
 sheet->setMultiLine(true);)");
 }
 
+/// A form as content; its window title names the sheet.
+VemoContentSheet *newForm(QWidget *window)
+{
+    auto *form = new QWidget;
+    form->setWindowTitle(demo("share"));
+    auto *rows = new QFormLayout(form);
+    rows->setContentsMargins(0, 0, 0, 0);
+    const auto add = [rows](const QString &caption, QWidget *field) {
+        auto *label = new VemoLabel(caption);
+        label->setBuddy(field);
+        rows->addRow(label, field);
+    };
+    auto *name = new VemoLineEdit;
+    name->setCaptionsVisible(false);
+    name->setText(demo("report"));
+    add(demo("name"), name);
+    auto *type = new VemoComboBox;
+    type->addItems({demo("by_link"), demo("by_mail")});
+    add(demo("type"), type);
+    return new VemoContentSheet(form, window);
+}
+
+void addOwnContent(Page &page)
+{
+    auto *result = text("Result: none yet");
+    page.addSection("Own content",
+        "Any widget with buttons. The focus goes in, Tab stays in, Return and Escape answer.");
+    page.addRow({newAskingButton("Show a form", result,
+                     [](QWidget *window) { return newForm(window)->execAndDelete(); }),
+        result});
+    page.add(picture([] { return sheetOverWindow(kStage, newForm); }));
+    page.addCode(R"(auto *sheet = new VemoContentSheet(new SettingsForm, window);
+sheet->open([this](int result) {
+    if (result == QDialogButtonBox::Ok)
+        save();
+});)");
+}
+
+VemoProgressSheet *newProgress(QWidget *window)
+{
+    auto *sheet = new VemoProgressSheet(demo("copying"), window);
+    sheet->setValue(60);
+    return sheet;
+}
+
+/// Counts to the maximum, in steps, and ends the sheet.
+int runProgress(QWidget *window)
+{
+    auto *sheet = new VemoProgressSheet(demo("copying"), window);
+    auto *work = new QTimer(sheet);
+    QObject::connect(work, &QTimer::timeout, sheet, [sheet] {
+        if (sheet->wasCanceled() || sheet->value() == sheet->maximum())
+            sheet->quit();
+        sheet->setValue(sheet->value() + 1);
+    });
+    work->start(kStepTime);
+    return sheet->execAndDelete();
+}
+
+int runBusy(QWidget *window)
+{
+    auto *sheet = new VemoProgressSheet(demo("copying"), window);
+    sheet->setRange(0, 0);
+    QObject::connect(sheet, &VemoProgressSheet::canceled, sheet, &VemoProgressSheet::quit);
+    return sheet->execAndDelete();
+}
+
+void addProgress(Page &page)
+{
+    auto *result = text("Result: none yet");
+    page.addSection("Progress",
+        "The sheet ends when the host ends it, not at the maximum and not when it is cancelled.");
+    page.addRow({newAskingButton("Count to 100", result, runProgress),
+        newAskingButton("Without an end", result, runBusy), result});
+    page.add(picture([] { return sheetOverWindow(kStage, newProgress); }));
+    page.addCode(R"(auto *progress = new VemoProgressSheet(tr("Copying ..."), window);
+connect(job, &CopyJob::progress, progress, &VemoProgressSheet::setValue);
+connect(progress, &VemoProgressSheet::canceled, job, &CopyJob::stop);
+connect(job, &CopyJob::finished, progress, &VemoProgressSheet::quit);
+progress->open();)");
+}
+
 /// Keeps Tab in the sheet. There is no other widget to go to than its button.
 class SheetContent : public QWidget
 {
@@ -153,5 +241,7 @@ void buildSheetsPage(Page &page)
                     "for sheets of your own.");
     addInput(page);
     addInputOptions(page);
+    addOwnContent(page);
+    addProgress(page);
     addFrame(page);
 }

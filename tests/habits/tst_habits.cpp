@@ -21,6 +21,7 @@
 #include <vemo/VemoCalanderView>
 #include <vemo/VemoCheckBox>
 #include <vemo/VemoComboBox>
+#include <vemo/VemoContentSheet>
 #include <vemo/VemoCountdownMessageBox>
 #include <vemo/VemoDateSelector>
 #include <vemo/VemoFilterBar>
@@ -34,6 +35,7 @@
 #include <vemo/VemoMessageSheet>
 #include <vemo/VemoPagingBar>
 #include <vemo/VemoPagingModel>
+#include <vemo/VemoProgressSheet>
 #include <vemo/VemoRadioButton>
 #include <vemo/VemoSheet>
 #include <vemo/VemoTableWidget>
@@ -148,6 +150,8 @@ void HabitsTest::addParents()
     HABIT_MADE(VemoDateSelector(page));
     HABIT_MADE(VemoTimeComboBox(page));
     HABIT_MADE(VemoInputSheet(text, page));
+    HABIT_MADE(VemoContentSheet(nullptr, page));
+    HABIT_MADE(VemoProgressSheet(text, page));
     HABIT_MADE(VemoMessageSheet(VemoMessageSheet::Confirm, text, page));
     habit("new FileSystemTreeWidgetItem(tree)", [](Host &host) {
         auto *tree = new VemoTreeWidget(host.page);

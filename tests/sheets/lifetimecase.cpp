@@ -10,6 +10,7 @@
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
+#include <vemo/vemoprogresssheet.h>
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -135,6 +136,20 @@ VemoInputSheet *newInputWithOptions(const Scene &scene)
     return sheet;
 }
 
+VemoContentSheet *newContent(const Scene &scene)
+{
+    return new VemoContentSheet(new QLineEdit, scene.panel);
+}
+
+int runProgress(Scene &scene, Opening opening, const BeforeShow &beforeShow)
+{
+    auto *sheet = new VemoProgressSheet("work", scene.panel);
+    sheet->setRange(0, 0);
+    // Ends the sheet as a host does.
+    QObject::connect(sheet, &VemoProgressSheet::canceled, sheet, &VemoProgressSheet::quit);
+    return runSheet(sheet, opening, scene, beforeShow);
+}
+
 int runBusySheet(Scene &scene, const BeforeShow &beforeShow)
 {
     auto *sheet = new VemoMessageSheet("busy", ":/vemo/theme/images/busy.gif", scene.panel);
@@ -170,6 +185,18 @@ QVector<Way> sheetWays()
         ways += {"input with options" + suffix, [=](Scene &scene, const BeforeShow &beforeShow) {
                      return runSheet(newInputWithOptions(scene), opening, scene, beforeShow);
                  }};
+    }
+    for (const Opening opening : {Opening::Exec, Opening::OpenAndDelete}) {
+        const QString suffix = opening == Opening::Exec ? "" : " opened";
+        Way content {"content sheet" + suffix, [=](Scene &scene, const BeforeShow &beforeShow) {
+                         return runSheet(newContent(scene), opening, scene, beforeShow);
+                     }};
+        Way progress {"progress sheet" + suffix, [=](Scene &scene, const BeforeShow &beforeShow) {
+                          return runProgress(scene, opening, beforeShow);
+                      }};
+        content.hasExec = progress.hasExec = opening == Opening::Exec;
+        progress.hasButtons = false; // none that confirms
+        ways << content << progress;
     }
     Way busy {"busy sheet", runBusySheet};
     busy.hasExec = true;
@@ -224,6 +251,8 @@ int execOf(VemoSheet *sheet)
 {
     if (auto *message = qobject_cast<VemoMessageSheet *>(sheet))
         return message->exec();
+    if (auto *content = qobject_cast<VemoContentSheet *>(sheet))
+        return content->exec();
     return qobject_cast<VemoInputSheet *>(sheet)->exec();
 }
 

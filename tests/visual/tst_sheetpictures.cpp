@@ -6,6 +6,7 @@
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
+#include <vemo/vemoprogresssheet.h>
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -129,6 +130,40 @@ VemoSheet *newInputWithOptions(QWidget *window)
     return sheet;
 }
 
+VemoSheet *newContent(QWidget *window)
+{
+    auto *content = new QWidget;
+    content->setFixedSize(scaled(kContent.width()) * 4, scaled(kContent.height()));
+    content->setAutoFillBackground(true);
+    content->setPalette(QPalette(QColor(0x1769E0)));
+    auto *sheet = new VemoContentSheet(content, window);
+    sheet->button(QMessageBox::Ok)->setText("ab");
+    sheet->button(QMessageBox::Discard)->setText("cd");
+    return sheet;
+}
+
+VemoSheet *newProgress(QWidget *window, bool isCanceled)
+{
+    auto *sheet = new VemoProgressSheet("ab", window);
+    sheet->setCancelButtonText("cd");
+    sheet->setValue(60);
+    if (isCanceled)
+        sheet->cancel();
+    return sheet;
+}
+
+void addRunning(Looks &looks)
+{
+    looks.append({"content", [] { return sheetOverWindow(newContent); }});
+    for (const bool isCanceled : {false, true}) {
+        looks.append({isCanceled ? "progress-canceled" : "progress", [isCanceled] {
+                          return sheetOverWindow([isCanceled](QWidget *window) {
+                              return newProgress(window, isCanceled);
+                          });
+                      }});
+    }
+}
+
 void addOptions(Looks &looks)
 {
     const auto add = [&looks](const char *name, const NewSheet &make, const Change &change = {}) {
@@ -187,6 +222,7 @@ Looks SheetPictures::looks() const
     addDoubleConfirms(looks);
     looks.append({"input", [] { return sheetOverWindow(newInput); }});
     addOptions(looks);
+    addRunning(looks);
     addParts(looks);
     return looks;
 }
