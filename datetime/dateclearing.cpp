@@ -55,6 +55,9 @@ bool DateClearing::eventFilter(QObject * /*watched*/, QEvent *event)
     switch (event->type()) {
     case QEvent::KeyPress: {
         const int key = static_cast<QKeyEvent *>(event)->key();
+        // Typing deletes characters with these keys.
+        if (m_field->isTypingEnabled())
+            return false;
         if ((key != Qt::Key_Delete && key != Qt::Key_Backspace) || !m_field->date().isValid())
             return false;
         clearDate();

@@ -183,6 +183,17 @@ void VemoCalanderView::setDateRange(const QDate &first, const QDate &last)
     m_calendar->setDateRange(first, last);
 }
 
+void VemoCalanderView::setFirstDayOfWeek(Qt::DayOfWeek day)
+{
+    m_calendar->setFirstDayOfWeek(day);
+    showWeekdays();
+}
+
+Qt::DayOfWeek VemoCalanderView::firstDayOfWeek() const
+{
+    return m_calendar->firstDayOfWeek();
+}
+
 void VemoCalanderView::setSelectedDate(const QDate &date)
 {
     m_calendar->setSelectedDate(date);
@@ -450,7 +461,8 @@ void VemoCalanderView::handleWeekdayHeader()
 void VemoCalanderView::showWeekdays()
 {
     for (int column = 0; column < kDaysOfWeek; ++column) {
-        const QString name = text(kWeekdayKeys[column]);
+        // Sunday, the first key, is the last day of a week for Qt.
+        const QString name = text(kWeekdayKeys[(firstDayOfWeek() + column) % kDaysOfWeek]);
         QTableWidgetItem *item = m_weekday_header->item(0, column);
         item->setText(name.mid(0, 1));
         item->setData(Qt::AccessibleTextRole, name);

@@ -6,6 +6,7 @@
 #include "controls/spokentooltip_p.h"
 #include "core/scaling_p.h"
 #include "datetime/dateclearing_p.h"
+#include "datetime/datetyping_p.h"
 #include "datetime/enterkey_p.h"
 
 #include <vemo/mousebuttonfilter.h>
@@ -142,6 +143,8 @@ void VemoDateSelector::setDisplayFormat(const QString &format)
     m_display_format = format;
     if (date().isValid())
         setItemText(0, textOf(date()));
+    if (m_typing)
+        m_typing->showDate();
 }
 
 void VemoDateSelector::setClearable(bool clearable)
@@ -158,11 +161,30 @@ bool VemoDateSelector::isClearable() const
     return m_clearing;
 }
 
+void VemoDateSelector::setTypingEnabled(bool enabled)
+{
+    if (enabled == isTypingEnabled())
+        return;
+    delete m_typing;
+    m_typing = nullptr;
+    if (enabled)
+        m_typing = new DateTyping(this);
+    else
+        setEditable(false);
+}
+
+bool VemoDateSelector::isTypingEnabled() const
+{
+    return m_typing;
+}
+
 void VemoDateSelector::setPlaceholder(const QString &placeholder)
 {
     m_placeholder = placeholder;
     if (!date().isValid())
         setItemText(0, placeholder);
+    if (m_typing)
+        m_typing->showDate();
 }
 
 void VemoDateSelector::clearDate()
@@ -172,6 +194,8 @@ void VemoDateSelector::clearDate()
     showPlaceholder();
     setCurrentIndex(0);
     m_calendar_view->setCurrentPage(today.year(), today.month());
+    if (m_typing)
+        m_typing->showDate(); // setCurrentIndex() has shown the item's text
 }
 
 VemoCalanderView *VemoDateSelector::getCalendarView() const

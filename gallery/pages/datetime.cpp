@@ -143,6 +143,24 @@ from->getCalendarView()->setMaximumDate(QDate::currentDate());
 const QDate date = from->currentData().toDate(); // null while none is chosen)");
 }
 
+void addTyping(Page &page)
+{
+    VemoDateSelector *empty = dateField(demo("any_date"), "Typed date");
+    VemoDateSelector *chosen = dateField(demo("any_date"), "Typed date to clear");
+    chosen->dateSelect(QDate::currentDate());
+    chosen->setClearable(true);
+    for (VemoDateSelector *field : {empty, chosen}) {
+        field->setTypingEnabled(true);
+        field->getCalendarView()->setFirstDayOfWeek(Qt::Monday);
+    }
+    page.addSection("Typing a date",
+        "Return, or leaving the field, takes a date such as 2026-3-7; any other text is replaced "
+        "by the date before. The weeks of these calendars begin on Monday.");
+    page.addRow({captioned(empty, "No date"), captioned(chosen, "Can be cleared")});
+    page.addCode(R"(from->setTypingEnabled(true);
+from->getCalendarView()->setFirstDayOfWeek(Qt::Monday);)");
+}
+
 VemoCalanderView *calendar()
 {
     auto *view = new VemoCalanderView(nullptr);
@@ -239,6 +257,7 @@ void buildDateAndTimePage(Page &page)
 {
     page.addSummary("A date field, the calendar that it opens, and a box for a time of day.");
     addFields(page);
+    addTyping(page);
     addCalendars(page);
     addTimes(page);
 }

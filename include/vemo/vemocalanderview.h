@@ -57,6 +57,11 @@ public:
     /// Sets both, as in QCalendarWidget. Ignored if either is invalid.
     void setDateRange(const QDate &first, const QDate &last);
 
+    /// Sets the first column of the days; initially Sunday in every locale. For that of the locale,
+    /// call setFirstDayOfWeek(locale().firstDayOfWeek()).
+    void setFirstDayOfWeek(Qt::DayOfWeek day);
+    Qt::DayOfWeek firstDayOfWeek() const; ///< initially Sunday
+
     /// Selects date, or the nearest day in range, and shows its month without emitting a signal.
     /// Initially today is selected.
     void setSelectedDate(const QDate &date);

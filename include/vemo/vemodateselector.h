@@ -8,6 +8,7 @@
 #include <QString>
 
 class DateClearing;
+class DateTyping;
 class VemoCalanderView;
 
 /// A date field: a combo box that opens a month calendar. Its only item shows the date as
@@ -41,6 +42,8 @@ class VEMO_EXPORT VemoDateSelector : public QComboBox
     Q_PROPERTY(QString displayFormat READ displayFormat WRITE setDisplayFormat)
     /// Whether the user can clear the date.
     Q_PROPERTY(bool clearable READ isClearable WRITE setClearable)
+    /// Whether the user can type a date.
+    Q_PROPERTY(bool typingEnabled READ isTypingEnabled WRITE setTypingEnabled)
     /// The text shown if there is no date.
     Q_PROPERTY(QString placeholder READ placeholder WRITE setPlaceholder)
 
@@ -73,6 +76,14 @@ public:
     void setClearable(bool clearable);
     bool isClearable() const; ///< whether the user can clear the date
 
+    /// Sets whether the user can type a date, initially false. Return and the loss of the focus
+    /// take a date in displayFormat(), in the short format of locale() or as "yyyy-MM-dd", in which
+    /// the zeros may be missing, and emit sigDateSelect() of the calendar. Years of two digits are
+    /// those from 1950 to 2049. An empty text clears the date; any other text, and a date out of
+    /// range, shows the previous date again. Without a date, currentText() is then empty.
+    void setTypingEnabled(bool enabled);
+    bool isTypingEnabled() const; ///< whether the user can type a date
+
     /// Sets the placeholder and shows it if there is no date. (QComboBox's own placeholder text is
     /// never visible, because the field always has an item.)
     void setPlaceholder(const QString &placeholder);
@@ -103,4 +114,5 @@ private:
     QString m_placeholder;
     QString m_display_format;
     DateClearing *m_clearing = nullptr; ///< a child if the date can be cleared, otherwise null
+    DateTyping *m_typing = nullptr; ///< a child if a date can be typed, otherwise null
 };

@@ -168,6 +168,7 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoDateSelector.maximumDate", QDate(2094, 4, 30));
     row("VemoDateSelector.displayFormat", "dd/MM/yyyy");
     row("VemoDateSelector.clearable", true);
+    row("VemoDateSelector.typingEnabled", true);
     row("VemoTimeComboBox.times", QStringList({"00:00", "12:00"}));
     row("VemoTimeComboBox.editable", true);
     row("VemoTimeComboBox.customText", "(own)");
@@ -225,7 +226,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 44);
+    QCOMPARE(count, 45);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()
