@@ -11,7 +11,9 @@
 
 namespace {
 
-constexpr int kFieldWidth = 96; // design pixels
+// In design pixels.
+constexpr int kFieldWidth = 96;
+constexpr int kOptionWidth = 240;
 
 VemoLineEdit *sized(VemoLineEdit *edit)
 {
@@ -138,7 +140,8 @@ VemoLineEdit *newOption(const QString &caption, const QString &text)
     VemoLineEdit *edit = newCaptioned(caption, text, {});
     edit->setSpacing(4);
     edit->setCaptionsVisible(false);
-    return sized(edit);
+    edit->setFixedWidth(DPIinfo::scaled(kOptionWidth));
+    return edit;
 }
 
 void addOptions(Page &page)

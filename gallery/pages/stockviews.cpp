@@ -141,7 +141,7 @@ QTableWidget *newPlainTable()
     table->verticalHeader()->hide();
     table->horizontalHeader()->setStretchLastSection(true);
     table->setSelectionBehavior(QTableView::SelectRows);
-    table->selectRow(1);
+    table->setCurrentCell(1, 0); // QTableView::selectRow() does nothing from right to left.
     return table;
 }
 

@@ -20,6 +20,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStackedWidget>
+#include <QTableView>
 
 namespace {
 
@@ -105,6 +106,8 @@ private Q_SLOTS:
     void growsUntilNothingIsCutOff();
     void textsBeginAtTheWindowsSide_data();
     void textsBeginAtTheWindowsSide();
+    void rowsAreSelectedInEitherDirection_data();
+    void rowsAreSelectedInEitherDirection();
     void codeCanBeSelected();
     void theFocusedEntryIsMarked();
     void everyControlHasANameForScreenReaders_data();
@@ -350,6 +353,28 @@ void GalleryWindowTest::textsBeginAtTheWindowsSide()
     QVERIFY(label->width() > 300);
     QCOMPARE(hasInk(picture, left), isOnTheLeft);
     QCOMPARE(hasInk(picture, right), !isOnTheLeft);
+}
+
+void GalleryWindowTest::rowsAreSelectedInEitherDirection_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+}
+
+void GalleryWindowTest::rowsAreSelectedInEitherDirection()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    QGuiApplication::setLayoutDirection(direction);
+    const Gallery gallery("Table");
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    QStringList selected;
+    for (const QTableView *table : gallery.stack->currentWidget()->findChildren<QTableView *>()) {
+        if (table->selectionModel() && table->selectionModel()->hasSelection())
+            selected += table->accessibleName();
+    }
+    QVERIFY2(selected.contains("Files"), qPrintable(selected.join(", ")));
+    QVERIFY2(selected.contains("A million squares"), qPrintable(selected.join(", ")));
 }
 
 void GalleryWindowTest::codeCanBeSelected()

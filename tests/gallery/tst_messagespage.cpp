@@ -69,7 +69,7 @@ void MessagesPageTest::buttonShowsItsSheetAndTheResult_data()
     const QVector<QPair<QString, QString>> rows {{"App", none}, {"Information", ok},
         {"Warning", ok}, {"Confirm", apply}, {"ConfirmReset", apply}, {"Upgrading", apply},
         {"WarningConfirm", apply}, {"Processing", none}, {"Double confirm", none},
-        {"Deutsch", apply}, {"中文", apply}, {"Rich text", apply}, {"2,000 characters", apply},
+        {"Deutsch", apply}, {"中文", apply}, {"Rich text", apply}, {"Long text", apply},
         {"showConfirmMsg", apply}, {"showConfirmMsgCustomBtn", apply}, {"showInfoMsg", none},
         {"showWarningMsg", none}, {"showUpgradingMsg", none}};
     for (const auto &row : rows)
