@@ -14,12 +14,16 @@ void pale(QLineEdit *field)
 {
     QPalette palette = field->palette();
     bool isChanged = false;
-    // The text of a disabled field is already pale.
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor current = palette.color(group, QPalette::PlaceholderText);
         QColor ink = palette.color(group, QPalette::Text);
-        if (palette.color(group, QPalette::PlaceholderText) != placeholderOfSheet(ink))
+        if (current != placeholderOfSheet(ink))
             continue;
-        ink.setAlpha(kPale);
+        // The text of a disabled field is already pale.
+        if (group != QPalette::Disabled)
+            ink.setAlpha(kPale);
+        if (current == ink)
+            continue;
         palette.setColor(group, QPalette::PlaceholderText, ink);
         isChanged = true;
     }

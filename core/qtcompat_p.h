@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QCoreApplication>
 #include <QDate>
+#include <QDropEvent>
 #include <QHoverEvent>
 #include <QIcon>
 #include <QNetworkRequest>
@@ -41,6 +42,11 @@ inline quint16 checksumOf(const QByteArray &bytes)
 }
 
 inline QPoint positionOf(const QHoverEvent *event)
+{
+    return event->pos();
+}
+
+inline QPoint positionOf(const QDropEvent *event)
 {
     return event->pos();
 }
@@ -106,6 +112,11 @@ inline quint16 checksumOf(const QByteArray &bytes)
 }
 
 inline QPoint positionOf(const QHoverEvent *event)
+{
+    return event->position().toPoint();
+}
+
+inline QPoint positionOf(const QDropEvent *event)
 {
     return event->position().toPoint();
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The options of a VemoButtonPath, which are off at first, and its keys.
+#include "core/qtcompat_p.h"
 #include "views/pathbuttons_p.h"
 #include "views/pathedit_p.h"
 
@@ -51,7 +52,7 @@ void VemoButtonPath::setEditable(bool editable)
         m_edit = nullptr;
         return;
     }
-    m_edit_shortcut = new QShortcut(QKeySequence(Qt::CTRL + Qt::Key_L), this);
+    m_edit_shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_L), this);
     connect(m_edit_shortcut, SIGNAL(activated()), this, SLOT(editPath()));
 }
 
@@ -166,7 +167,7 @@ void VemoButtonPath::dragEnterEvent(QDragEnterEvent *event)
 
 void VemoButtonPath::dragMoveEvent(QDragMoveEvent *event)
 {
-    const int column = columnAt(event->pos().x());
+    const int column = columnAt(positionOf(event).x());
     const bool isName = column >= 0 && column % 2 == 0;
     const bool isTarget = isName && offersOneOf(*event->mimeData(), m_drop_types);
     showDropTarget(isTarget ? column : -1);
