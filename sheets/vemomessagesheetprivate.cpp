@@ -14,6 +14,7 @@
 #include <vemo/vemomask.h>
 
 #include <QCheckBox>
+#include <QLayout>
 #include <QMovie>
 #include <QStyle>
 
