@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr int kLayoutRounds = 5;
+
 Options options(const QString &page, const QString &language)
 {
     Options options;
@@ -81,7 +83,10 @@ private:
     QImage picture(const QString &title)
     {
         window.showPage(pageIndex(title));
-        QCoreApplication::processEvents();
+        // The height of an error text follows from the width of its field, and that of the page
+        // from its height, each an event later.
+        for (int round = 0; round < kLayoutRounds; ++round)
+            QCoreApplication::processEvents();
         // A busy bar never looks the same twice.
         for (QProgressBar *bar : window.findChildren<QProgressBar *>())
             bar->setMaximum(qMax(1, bar->maximum()));
