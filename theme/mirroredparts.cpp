@@ -3,6 +3,7 @@
 
 #include "core/scaling_p.h"
 
+#include <QAbstractButton>
 #include <QEvent>
 #include <QGroupBox>
 #include <QPixmap>
