@@ -150,7 +150,7 @@ void HostilePeersTest::cleanup()
 void HostilePeersTest::sendAll(const RawPeer &peer, const QByteArray &bytes) const
 {
     for (int sent = 0; sent < bytes.size();) {
-        const int size = std::min(kPieceSize, bytes.size() - sent);
+        const int size = std::min(kPieceSize, int(bytes.size()) - sent);
         sent += peer.send(QByteArray::fromRawData(bytes.constData() + sent, size));
         QCoreApplication::processEvents();
     }

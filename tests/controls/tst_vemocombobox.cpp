@@ -168,7 +168,8 @@ void VemoComboBoxTest::ownDelegateMayReplaceIt()
     auto *own = new QStyledItemDelegate(&box);
     box.setItemDelegate(own);
     QCOMPARE(box.itemDelegate(), own);
-    QVERIFY(first.isNull());
+    // Only Qt 5 deletes the one that it replaces.
+    QCOMPARE(first.isNull(), QT_VERSION < QT_VERSION_CHECK(6, 0, 0));
 }
 
 void VemoComboBoxTest::openingGivesUpTheFocus()

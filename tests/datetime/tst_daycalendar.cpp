@@ -133,7 +133,7 @@ void DayCalendarTest::showsTheFocusOfItsArrows()
     view.view.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&view.view));
     for (QToolButton *arrow : {view.parts.previous, view.parts.next}) {
-        const QPoint edge = arrow->mapTo(&view.view, {arrow->width() / 2, 0});
+        const QPoint edge = arrow->mapTo(&view.view, QPoint(arrow->width() / 2, 0));
         view.parts.grid->setFocus();
         QCOMPARE(pixelAt(&view.view, edge), QColor(Qt::white));
         arrow->setFocus();

@@ -19,6 +19,15 @@ bool isLimitOfThePlatform(const QString &message)
     return message.startsWith(QLatin1String("This plugin does not support "));
 }
 
+/// Whether only Qt 6 says so: a click that nothing accepts, or a font without the letters of a
+/// script.
+bool isRemarkOfQt6(const QString &message)
+{
+    return QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        && (message.endsWith(QLatin1String(" not accepted by receiving widget"))
+            || message.contains(QLatin1String("OpenType support missing for ")));
+}
+
 /// The prefix of a message that is not a warning.
 QLatin1String levelOf(QtMsgType type)
 {
@@ -38,7 +47,7 @@ QLatin1String levelOf(QtMsgType type)
 
 void record(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (isLimitOfThePlatform(message))
+    if (isLimitOfThePlatform(message) || isRemarkOfQt6(message))
         return;
     const QString category = QString::fromLatin1(context.category);
     const bool isOurs = category == QLatin1String("debug.message");

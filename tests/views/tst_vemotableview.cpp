@@ -459,9 +459,9 @@ void VemoTableViewTest::keepsTheHeaderAlignedFromRightToLeft()
     rows.widget.setLayoutDirection(Qt::RightToLeft);
     QCoreApplication::processEvents();
     for (int column = 0; column < 3; ++column) {
-        const int label = rows.header()->mapTo(&rows.widget, {}).x()
+        const int label = rows.header()->mapTo(&rows.widget, QPoint()).x()
             + rows.header()->sectionViewportPosition(column);
-        const int cells = rows.view()->viewport()->mapTo(&rows.widget, {}).x()
+        const int cells = rows.view()->viewport()->mapTo(&rows.widget, QPoint()).x()
             + rows.view()->columnViewportPosition(column);
         QCOMPARE(label, cells);
     }

@@ -251,9 +251,9 @@ void VemoTableWidgetTest::scrollsTheHeaderSideways()
     table.table->horizontalScrollBar()->setValue(table.table->horizontalScrollBar()->maximum());
     QCOMPARE(
         table.area->horizontalScrollBar()->value(), table.table->horizontalScrollBar()->maximum());
-    const int section = table.header->mapTo(&table.widget, {}).x();
+    const int section = table.header->mapTo(&table.widget, QPoint()).x();
     QCOMPARE(section + table.header->sectionPosition(2),
-        table.table->viewport()->mapTo(&table.widget, {}).x()
+        table.table->viewport()->mapTo(&table.widget, QPoint()).x()
             + table.table->columnViewportPosition(2));
 }
 
