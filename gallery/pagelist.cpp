@@ -28,7 +28,8 @@ const std::vector<PageEntry> &pages()
             "focus",
             buildFocusPage},
         {"Messages",
-            "VemoMessageSheet MsgBoxCustomBtnText VemoCountdownMessageBox showConfirmMsg "
+            "VemoMessageSheet VemoMessageBar MsgBoxCustomBtnText VemoCountdownMessageBox "
+            "showConfirmMsg "
             "showInfoMsg showWarningMsg showUpgradingMsg dialog modal question warning busy "
             "countdown",
             buildMessagesPage},

@@ -8,6 +8,7 @@
 #include <vemo/messageshortcuts.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemocountdownmessagebox.h>
+#include <vemo/vemomessagebar.h>
 #include <vemo/vemomessagesheet.h>
 
 #include <QLabel>
@@ -186,6 +187,36 @@ sheet->setDetailedText(fileNames.join('\n'));
 sheet->setDefaultButton(QMessageBox::Discard);)");
 }
 
+void addMessageBar(Page &page)
+{
+    auto *bar = new VemoMessageBar;
+    page.addSection(
+        "Message bar", "For messages that need no answer. Those that come in the meantime wait.");
+    const auto newButton = [bar](const QString &caption, const std::function<void()> &show) {
+        auto *button = new VemoButton(caption, VemoButton::DEFAULT);
+        QObject::connect(button, &VemoButton::clicked, bar, show);
+        return button;
+    };
+    page.addRow({newButton("Warning",
+                     [bar] { bar->showMessage(VemoMessageBar::Warning, demo("files_removed")); }),
+        newButton("Three seconds",
+            [bar] { bar->showMessage(VemoMessageBar::Success, demo("copying"), kBusyTime); })});
+    page.add(bar);
+    for (const auto type : {VemoMessageBar::Information, VemoMessageBar::Success,
+             VemoMessageBar::Warning, VemoMessageBar::Error}) {
+        auto *shown = new VemoMessageBar;
+        page.add(shown);
+        if (type == VemoMessageBar::Information)
+            shown->showMessage(type, demo("archive_note"), demo("restore"), [] {});
+        else
+            shown->showMessage(type, demo("files_removed"));
+    }
+    page.addCode(R"(auto *bar = new VemoMessageBar(page);
+layout->insertWidget(0, bar);
+bar->showMessage(VemoMessageBar::Success, tr("The backup is done."), 5000);
+bar->showMessage(VemoMessageBar::Information, tr("Deleted."), tr("Undo"), [this] { undo(); });)");
+}
+
 void addLooks(Page &page)
 {
     page.addSection("As they look");
@@ -212,5 +243,6 @@ void buildMessagesPage(Page &page)
     addTexts(page);
     addShortcuts(page);
     addOptions(page);
+    addMessageBar(page);
     addLooks(page);
 }

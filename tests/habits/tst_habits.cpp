@@ -32,6 +32,7 @@
 #include <vemo/VemoLineEdit>
 #include <vemo/VemoMask>
 #include <vemo/VemoMenu>
+#include <vemo/VemoMessageBar>
 #include <vemo/VemoMessageSheet>
 #include <vemo/VemoPagingBar>
 #include <vemo/VemoPagingModel>
@@ -150,6 +151,7 @@ void HabitsTest::addParents()
     HABIT_MADE(VemoDateSelector(page));
     HABIT_MADE(VemoTimeComboBox(page));
     HABIT_MADE(VemoInputSheet(text, page));
+    HABIT_MADE(VemoMessageBar(page));
     HABIT_MADE(VemoContentSheet(nullptr, page));
     HABIT_MADE(VemoProgressSheet(text, page));
     HABIT_MADE(VemoMessageSheet(VemoMessageSheet::Confirm, text, page));

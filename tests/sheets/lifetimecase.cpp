@@ -13,6 +13,7 @@
 #include <vemo/vemoprogresssheet.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMovie>

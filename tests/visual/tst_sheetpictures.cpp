@@ -5,6 +5,7 @@
 #include <vemo/stylemanager.h>
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemomask.h>
+#include <vemo/vemomessagebar.h>
 #include <vemo/vemomessagesheet.h>
 #include <vemo/vemoprogresssheet.h>
 
@@ -152,6 +153,22 @@ VemoSheet *newProgress(QWidget *window, bool isCanceled)
     return sheet;
 }
 
+void addBars(Looks &looks)
+{
+    const QVector<QPair<VemoMessageBar::MessageType, const char *>> types {
+        {VemoMessageBar::Information, "bar-information"}, {VemoMessageBar::Success, "bar-success"},
+        {VemoMessageBar::Warning, "bar-warning"}, {VemoMessageBar::Error, "bar-error"}};
+    for (const auto &[type, name] : types) {
+        addStates(looks, name,
+            [type = type] {
+                auto *bar = new VemoMessageBar;
+                bar->showMessage(type, "ab", "cd", [] {});
+                return bar;
+            },
+            {State::Rest}, {200, 0});
+    }
+}
+
 void addRunning(Looks &looks)
 {
     looks.append({"content", [] { return sheetOverWindow(newContent); }});
@@ -223,6 +240,7 @@ Looks SheetPictures::looks() const
     looks.append({"input", [] { return sheetOverWindow(newInput); }});
     addOptions(looks);
     addRunning(looks);
+    addBars(looks);
     addParts(looks);
     return looks;
 }
