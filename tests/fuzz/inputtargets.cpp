@@ -168,6 +168,8 @@ void fuzzTimes(const QByteArray &data)
         box.addItems(times);
     box.setEditable(false); // Also forgets the custom item.
     box.setEditable(true);
+    // setEditable() deletes the field later, for which no event loop runs here.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     box.setCustomText(custom);
     box.lineEdit()->setText(typed);
     const QString shown = box.currentText();
