@@ -35,7 +35,8 @@ void VemoMessageSheetPrivate::setDontAskAgain(bool on, const QString &text)
         dontAskRow = new QWidget(q);
         const CheckRow row = newCheckRow(dontAskRow, "component.checkbox", "component.label");
         // The row has a spacing of its own.
-        row.box->setStyleSheet(row.box->styleSheet() + QStringLiteral("QCheckBox { spacing: 0px; }"));
+        row.box->setStyleSheet(
+            row.box->styleSheet() + QStringLiteral("QCheckBox { spacing: 0px; }"));
         dontAskBox = row.box;
         dontAskLabel = row.label;
     }
