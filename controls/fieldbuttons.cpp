@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr QLatin1String kPasswordAction("vemo_password_action");
+const QLatin1String kPasswordAction("vemo_password_action");
 
 QIcon iconOf(const char *name)
 {
