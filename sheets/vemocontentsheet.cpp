@@ -8,8 +8,6 @@
 #include "sheets/sheetkeys_p.h"
 #include "sheets/sheetparts_p.h"
 
-#include <vemo/componentstrings.h>
-
 #include <QKeyEvent>
 #include <QMap>
 #include <QPointer>
@@ -40,11 +38,6 @@ constexpr ButtonLook kLooks[] = {
     {Button::Apply, "ok", "component.apply_button"},
     {Button::Ok, "ok", "component.apply_button"},
 };
-
-QString stringOf(const char *key)
-{
-    return ComponentStrings::getInstance().getString(QLatin1String(key));
-}
 
 } // namespace
 

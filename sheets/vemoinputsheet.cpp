@@ -9,8 +9,6 @@
 #include "sheets/sheetparts_p.h"
 #include "sheets/vemoinputsheet_p.h"
 
-#include <vemo/componentstrings.h>
-
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -35,11 +33,6 @@ constexpr double kParentMargin = 40;
 int widthOver(double parentWidth)
 {
     return truncToInt(std::clamp(parentWidth - kParentMargin, 0.0, kWidest));
-}
-
-QString stringOf(const char *key)
-{
-    return ComponentStrings::getInstance().getString(QLatin1String(key));
 }
 
 } // namespace

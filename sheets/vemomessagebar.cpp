@@ -4,7 +4,6 @@
 #include "core/scaling_p.h"
 #include "sheets/sheetparts_p.h"
 
-#include <vemo/componentstrings.h>
 #include <vemo/imagemanager.h>
 #include <vemo/vemoiconbutton.h>
 
@@ -68,11 +67,6 @@ const TypeLook &lookOf(int type)
 {
     const bool isKnown = type >= 0 && type < static_cast<int>(std::size(kLooks));
     return kLooks[isKnown ? type : 0];
-}
-
-QString stringOf(const char *key)
-{
-    return ComponentStrings::getInstance().getString(QLatin1String(key));
 }
 
 } // namespace

@@ -9,7 +9,6 @@
 #include "sheets/sheetparts_p.h"
 
 #include <vemo/clickablelabel.h>
-#include <vemo/componentstrings.h>
 #include <vemo/imagemanager.h>
 #include <vemo/vemomask.h>
 
@@ -57,11 +56,6 @@ const TypeLook &lookOf(int type)
 {
     const bool isKnown = type >= 0 && type < static_cast<int>(std::size(kLooks));
     return isKnown ? kLooks[type] : kUnknownLook;
-}
-
-QString textOf(const char *key)
-{
-    return ComponentStrings::getInstance().getString(QLatin1String(key));
 }
 
 } // namespace
@@ -151,11 +145,11 @@ void VemoMessageSheetPrivate::reloadTypeIcon()
 QString VemoMessageSheetPrivate::typeCaption(Button::StandardButton which) const
 {
     if (which == Button::Discard)
-        return textOf("cancel");
+        return stringOf("cancel");
     if (which == Button::Reset)
-        return textOf("reset");
+        return stringOf("reset");
     const bool isUpgrading = type == VemoMessageSheet::Upgrading;
-    return textOf(isUpgrading ? "wizard_client_upgrade" : "ok");
+    return stringOf(isUpgrading ? "wizard_client_upgrade" : "ok");
 }
 
 void VemoMessageSheetPrivate::translate()
