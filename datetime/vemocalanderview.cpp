@@ -3,10 +3,10 @@
 
 #include "core/qtcompat_p.h"
 #include "core/scaling_p.h"
+#include "core/stringof_p.h"
 #include "datetime/calendaraccess_p.h"
 #include "datetime/daycalendar_p.h"
 
-#include <vemo/componentstrings.h>
 #include <vemo/imagemanager.h>
 #include <vemo/mousebuttonfilter.h>
 #include <vemo/stylemanager.h>
@@ -51,11 +51,6 @@ constexpr const char *kMonthKeys[] = {"month_jan", "month_feb", "month_mar", "mo
     "month_dec"};
 constexpr const char *kWeekdayKeys[] = {
     "sunday", "monday", "tuesday", "wednesday", "thursday", "friday", "saturday"};
-
-QString text(const char *key)
-{
-    return ComponentStrings::getInstance().getString(QLatin1String(key));
-}
 
 template <typename Part> Part *part(const QObject *owner, const char *name)
 {
@@ -334,7 +329,7 @@ void VemoCalanderView::setWeekendInk()
 /// The text under key; remembered, to tell it from one of the host's own.
 QString VemoCalanderView::taken(const char *key)
 {
-    return m_texts[QLatin1String(key)] = text(key);
+    return m_texts[QLatin1String(key)] = stringOf(key);
 }
 
 void VemoCalanderView::translate()
@@ -414,7 +409,7 @@ void VemoCalanderView::showMonthNames()
 {
     m_month_names.clear();
     for (const char *key : kMonthKeys)
-        m_month_names += text(key);
+        m_month_names += stringOf(key);
     const QList<QAction *> entries = part<QToolButton>(this, kMonth)->menu()->actions();
     for (QAction *action : entries)
         action->setText(m_month_names.value(action->data().toInt() - 1).left(kShortMonth));
@@ -462,7 +457,7 @@ void VemoCalanderView::showWeekdays()
 {
     for (int column = 0; column < kDaysOfWeek; ++column) {
         // Sunday, the first key, is the last day of a week for Qt.
-        const QString name = text(kWeekdayKeys[(firstDayOfWeek() + column) % kDaysOfWeek]);
+        const QString name = stringOf(kWeekdayKeys[(firstDayOfWeek() + column) % kDaysOfWeek]);
         QTableWidgetItem *item = m_weekday_header->item(0, column);
         item->setText(name.mid(0, 1));
         item->setData(Qt::AccessibleTextRole, name);

@@ -2,8 +2,8 @@
 #include "sheets/detailspane_p.h"
 
 #include "core/scaling_p.h"
+#include "core/stringof_p.h"
 
-#include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
 
 #include <QPlainTextEdit>
@@ -76,9 +76,7 @@ QWidget *DetailsPane::textWidget() const
 
 void DetailsPane::translate()
 {
-    const QString key =
-        m_text->isHidden() ? QStringLiteral("show_details") : QStringLiteral("hide_details");
-    m_button->setText(ComponentStrings::getInstance().getString(key));
+    m_button->setText(stringOf(m_text->isHidden() ? "show_details" : "hide_details"));
 }
 
 void DetailsPane::toggle()

@@ -2,12 +2,12 @@
 // The third part of the companion: the parts of a message that are off by default.
 #include "sheets/vemomessagesheet_p.h"
 
+#include "core/stringof_p.h"
 #include "sheets/checkrow_p.h"
 #include "sheets/detailspane_p.h"
 #include "sheets/sheetparts_p.h"
 
 #include <vemo/clickablelabel.h>
-#include <vemo/componentstrings.h>
 
 #include <QCheckBox>
 
@@ -17,7 +17,7 @@ namespace {
 
 QString defaultCaption()
 {
-    return ComponentStrings::getInstance().getString(QStringLiteral("dont_ask_again"));
+    return stringOf("dont_ask_again");
 }
 
 } // namespace

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/messageshortcuts.h>
 
+#include "core/stringof_p.h"
 #include "sheets/onecall_p.h"
 #include "sheets/sheetparts_p.h"
 #include "sheets/vemomessagesheet_p.h"
 
-#include <vemo/componentstrings.h>
 #include <vemo/imagemanager.h>
 
 #include <QLabel>
@@ -30,8 +30,7 @@ struct Message
 
 QString captionOr(const QString &custom, const char *key)
 {
-    return custom.isEmpty() ? ComponentStrings::getInstance().getString(QLatin1String(key))
-                            : custom;
+    return custom.isEmpty() ? stringOf(key) : custom;
 }
 
 int runSheet(const Message &message, QWidget *parent)

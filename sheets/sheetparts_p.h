@@ -4,19 +4,12 @@
 
 #include "controls/spokentext_p.h"
 
-#include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
 
 #include <QColor>
 #include <QPushButton>
 
 #include <utility>
-
-/// The text of a key; the key, with a warning, if it is missing.
-inline QString stringOf(const char *key)
-{
-    return ComponentStrings::getInstance().getString(QLatin1String(key));
-}
 
 /// Of a mask that the library lays itself.
 inline QColor maskShade()

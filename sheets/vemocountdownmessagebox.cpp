@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemocountdownmessagebox.h>
 
-#include <vemo/componentstrings.h>
+#include "core/stringof_p.h"
 
 #include <QHideEvent>
 #include <QPushButton>
@@ -73,8 +73,6 @@ void VemoCountdownMessageBox::slotTick()
 void VemoCountdownMessageBox::showCounter()
 {
     if (QAbstractButton *ok = button(QMessageBox::Ok)) {
-        ok->setText(QStringLiteral("%1(%2)").arg(
-            ComponentStrings::getInstance().getString(QStringLiteral("ok")),
-            QString::number(m_counter)));
+        ok->setText(QStringLiteral("%1(%2)").arg(stringOf("ok"), QString::number(m_counter)));
     }
 }

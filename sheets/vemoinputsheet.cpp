@@ -2,6 +2,7 @@
 #include <vemo/vemoinputsheet.h>
 
 #include "core/scaling_p.h"
+#include "core/stringof_p.h"
 #include "sheets/buttonboxstyle_p.h"
 #include "sheets/messagelabel_p.h"
 #include "sheets/onecall_p.h"

@@ -2,6 +2,7 @@
 #include <vemo/vemomessagebar.h>
 
 #include "core/scaling_p.h"
+#include "core/stringof_p.h"
 #include "sheets/sheetparts_p.h"
 
 #include <vemo/imagemanager.h>

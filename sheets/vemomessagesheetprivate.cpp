@@ -3,6 +3,7 @@
 
 #include "core/resourcefile_p.h"
 #include "core/scaling_p.h"
+#include "core/stringof_p.h"
 #include "sheets/buttonboxstyle_p.h"
 #include "sheets/checkrow_p.h"
 #include "sheets/detailspane_p.h"

@@ -2,8 +2,8 @@
 #include "views/pagingextras_p.h"
 
 #include "core/scaling_p.h"
+#include "core/stringof_p.h"
 
-#include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemopagingmodel.h>
@@ -21,11 +21,6 @@ namespace {
 constexpr int kHeight = 24;
 constexpr int kGap = 8;
 constexpr int kJumpWidth = 64;
-
-QString text(const char *key)
-{
-    return ComponentStrings::getInstance().getString(QLatin1String(key));
-}
 
 /// Shown as tool tip too: the parts have no captions.
 void name(QWidget *part, const QString &name)
@@ -110,7 +105,7 @@ void PagingExtras::addRange()
 void PagingExtras::addLimitBox()
 {
     m_limit_box = new VemoComboBox;
-    name(m_limit_box, text("rows_per_page"));
+    name(m_limit_box, stringOf("rows_per_page"));
     connect(m_limit_box, qOverload<int>(&QComboBox::activated), this,
         [this](int row) { Q_EMIT rowLimitChosen(m_limit_box->itemData(row).toInt()); });
     add(m_range ? 1 : 0, m_limit_box);
@@ -122,7 +117,7 @@ void PagingExtras::addJumpField()
     m_jump_field->setStyleSheet(getStyleSheet("component.lineedit"));
     m_jump_field->setFixedWidth(scaled(kJumpWidth));
     m_jump_field->setValidator(new QIntValidator(1, std::numeric_limits<int>::max(), m_jump_field));
-    name(m_jump_field, text("go_to_page"));
+    name(m_jump_field, stringOf("go_to_page"));
     connect(m_jump_field, &QLineEdit::returnPressed, this, [this] {
         const int page = locale().toInt(m_jump_field->text());
         m_jump_field->clear();
@@ -146,7 +141,7 @@ void PagingExtras::showAll()
     const qint64 first = (qint64(m_page) - 1) * m_row_limit;
     const qint64 last = qMin(first + m_row_limit, qint64(m_item_count));
     const bool hasItems = first >= 0 && first < last;
-    m_range->setText(hasItems ? text("items_range")
+    m_range->setText(hasItems ? stringOf("items_range")
                                     .arg(locale().toString(first + 1), locale().toString(last),
                                         locale().toString(m_item_count))
                               : QString());

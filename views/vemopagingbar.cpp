@@ -3,9 +3,9 @@
 
 #include "core/logging_p.h"
 #include "core/scaling_p.h"
+#include "core/stringof_p.h"
 #include "views/pagingextras_p.h"
 
-#include <vemo/componentstrings.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemoiconbutton.h>
@@ -40,11 +40,6 @@ constexpr char kToLast[] = "bt_pagebar_nextend";
 constexpr Qt::Alignment kAtLeft = Qt::AlignLeft | Qt::AlignVCenter;
 constexpr Qt::Alignment kCentred = Qt::AlignHCenter | Qt::AlignVCenter;
 constexpr Qt::Alignment kAtRight = Qt::AlignRight | Qt::AlignVCenter;
-
-QString text(const char *key)
-{
-    return ComponentStrings::getInstance().getString(QLatin1String(key));
-}
 
 /// A line in front of a footer label.
 class Separator : public QLabel
@@ -85,7 +80,7 @@ public:
         : VemoIconButton(QLatin1String(picture)), m_picture(QLatin1String(picture)),
           m_counterpart(QLatin1String(counterpart)), m_key(toolTipKey)
     {
-        setToolTip(::text(m_key));
+        setToolTip(stringOf(m_key));
         setAccessibleName(toolTip());
         m_shown = toolTip();
         if (isRightToLeft())
@@ -110,7 +105,7 @@ private:
     /// Texts of the host's own stay.
     void translate()
     {
-        const QString before = std::exchange(m_shown, ::text(m_key));
+        const QString before = std::exchange(m_shown, stringOf(m_key));
         if (accessibleName() == before)
             setAccessibleName(m_shown);
         if (toolTip() == before)
@@ -129,7 +124,7 @@ class RefreshButton : public VemoIconButton
 public:
     RefreshButton() : VemoIconButton(QStringLiteral("bt_pagebar_refresh"))
     {
-        m_shown = ::text("pagebar_refresh");
+        m_shown = stringOf("pagebar_refresh");
         setAccessibleName(m_shown);
     }
 
@@ -139,7 +134,7 @@ protected:
         VemoIconButton::changeEvent(event);
         if (event->type() != QEvent::LanguageChange)
             return;
-        const QString before = std::exchange(m_shown, ::text("pagebar_refresh"));
+        const QString before = std::exchange(m_shown, stringOf("pagebar_refresh"));
         if (accessibleName() == before)
             setAccessibleName(m_shown);
     }

@@ -88,8 +88,9 @@ void ThemeTest::everyStyleKeyOfTheLibraryHasASection()
 
 void ThemeTest::everyStringKeyOfTheLibraryHasAText()
 {
-    for (const QString &key :
-        sourceCaptures(R"re(getString\(\s*(?:QStringLiteral\(|QLatin1String\()?"([^"]+)")re"))
+    constexpr const char *pattern =
+        R"re((?:getString|stringOf)\(\s*(?:QStringLiteral\(|QLatin1String\()?"([^"]+)")re";
+    for (const QString &key : sourceCaptures(pattern))
         QVERIFY2(!ComponentStrings::getInstance().getString(key).isEmpty(), qPrintable(key));
 }
 
