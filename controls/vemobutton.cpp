@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemobutton.h>
 
+#include "controls/growntofont_p.h"
 #include "controls/spokentooltip_p.h"
 
 #include <vemo/stylemanager.h>
+
+#include <QStyle>
+#include <QStyleOptionButton>
 
 #include <iterator>
 
@@ -43,4 +47,14 @@ VemoButton::VemoButton(QWidget *parent) : VemoButton(QString(), DEFAULT, parent)
 void VemoButton::setRole(int role)
 {
     setStyleSheet(isRole(role) ? getStyleSheet(kRoleKeys[role]) : QString());
+}
+
+QSize VemoButton::sizeHint() const
+{
+    const QSize hint = QPushButton::sizeHint();
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.rect = QRect({0, 0}, hint);
+    const QRect text = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+    return grownToFont(hint, text.height(), *this);
 }

@@ -2,6 +2,7 @@
 #include <vemo/vemocombobox.h>
 
 #include "controls/accessiblecombobox_p.h"
+#include "controls/growntofont_p.h"
 #include "controls/popuppainting_p.h"
 #include "controls/spokentooltip_p.h"
 
@@ -11,6 +12,8 @@
 #include <QAbstractItemView>
 #include <QEvent>
 #include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QStyledItemDelegate>
 #include <QTimer>
 
@@ -150,6 +153,26 @@ void VemoComboBox::showPopup()
     auto *popup = findChild<QFrame *>();
     if (popup)
         placeBelow(*this, popup);
+}
+
+QSize VemoComboBox::sizeHint() const
+{
+    return grown(QComboBox::sizeHint());
+}
+
+QSize VemoComboBox::minimumSizeHint() const
+{
+    return grown(QComboBox::minimumSizeHint());
+}
+
+QSize VemoComboBox::grown(const QSize &hint) const
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.rect = QRect({0, 0}, hint);
+    const QRect text =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    return grownToFont(hint, text.height(), *this);
 }
 
 void VemoComboBox::customEvent(QEvent *event)

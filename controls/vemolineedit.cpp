@@ -2,6 +2,7 @@
 #include <vemo/vemolineedit.h>
 
 #include "controls/fieldbuttons_p.h"
+#include "controls/growntofont_p.h"
 #include "controls/placeholderink_p.h"
 #include "controls/spokentooltip_p.h"
 #include "core/scaling_p.h"
@@ -14,11 +15,30 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
+#include <QStyleOptionFrame>
 #include <QVariant>
 
 #include <utility>
 
 namespace {
+
+/// A field that is high enough for a line of its font.
+class Field : public QLineEdit
+{
+public:
+    QSize sizeHint() const override { return grown(QLineEdit::sizeHint()); }
+    QSize minimumSizeHint() const override { return grown(QLineEdit::minimumSizeHint()); }
+
+private:
+    QSize grown(const QSize &hint) const
+    {
+        QStyleOptionFrame option;
+        initStyleOption(&option);
+        option.rect = QRect({0, 0}, hint);
+        const QRect text = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+        return grownToFont(hint, text.height(), *this);
+    }
+};
 
 template <typename Part> Part *styled(const char *key)
 {
@@ -55,7 +75,7 @@ QString textOfBuddyLabel(const QWidget &widget)
 
 VemoLineEdit::VemoLineEdit(QWidget *parent)
     : QWidget(parent), m_layout(nullptr), m_pre_label(styled<QLabel>(kLabelKey)),
-      m_post_label(nullptr), m_line_edit(styled<QLineEdit>("component.lineedit"))
+      m_post_label(nullptr), m_line_edit(styled<Field>("component.lineedit"))
 {
     m_post_label = styled<QLabel>(kLabelKey);
     m_layout = new QHBoxLayout(this);

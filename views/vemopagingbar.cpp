@@ -13,9 +13,12 @@
 
 #include <QAccessibleWidget>
 #include <QEvent>
+#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalMapper>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 #include <utility>
 
@@ -155,8 +158,21 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override
     {
-        if (!isBlank())
+        if (isBlank())
+            return;
+        if (fontMetrics().height() <= height()) {
             VemoButton::paintEvent(event);
+            return;
+        }
+        // The button has a fixed height, so its number gets smaller.
+        QFont smaller = font();
+        smaller.setPixelSize(
+            qMax(1, QFontInfo(smaller).pixelSize() * height() / fontMetrics().height()));
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        QStylePainter painter(this);
+        painter.setFont(smaller);
+        painter.drawControl(QStyle::CE_PushButton, option);
     }
 
 private:

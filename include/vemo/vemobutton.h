@@ -6,7 +6,8 @@
 #include <QPushButton>
 
 /// A flat push button whose look is defined by the style section of its role. Both size policies
-/// are fixed, so layouts do not stretch it.
+/// are fixed, so layouts do not stretch it. If a line of its font is higher than the section
+/// allows, its size hint is higher by as much.
 ///
 /// Without a parent, it gets one from the layout to which you add it. Requires: style files;
 /// without the section of its role it is a plain flat button, with a warning.
@@ -45,4 +46,6 @@ public:
 
     /// Sets the style sheet of another role; a role other than the six above removes it.
     void setRole(int role);
+
+    QSize sizeHint() const override;
 };

@@ -32,10 +32,16 @@ public:
     /// back when the list has closed, unless another widget of the window has it by then.
     void showPopup() override;
 
+    /// Higher than the section allows if a line of the font does not fit otherwise.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     /// Takes the style of a reloaded theme.
     void customEvent(QEvent *event) override;
 
 private:
+    QSize grown(const QSize &hint) const;
+
     QString m_theme_style;
 };

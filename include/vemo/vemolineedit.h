@@ -19,6 +19,8 @@ class QLineEdit;
 /// QFormLayout) give the keyboard focus to the field. The parts belong to the widget. It has no
 /// signals: connect to those of getLineEdit(), which also has all other functions of QLineEdit.
 ///
+/// If a line of its font is higher than the section allows, the field is higher by as much.
+///
 /// Requires: style files; a missing section ("component.lineedit", "component.lineedit_label")
 /// leaves its part plain, with a warning.
 ///

@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+// Texts in the fonts that a desktop is set to: no control cuts letters off above or below.
+#include "core/scaling_p.h"
+#include "support/testhost.h"
+#include "support/vemotest.h"
+
+#include <vemo/vemobutton.h>
+#include <vemo/vemocheckbox.h>
+#include <vemo/vemocombobox.h>
+#include <vemo/vemolineedit.h>
+#include <vemo/vemopagingbar.h>
+#include <vemo/vemoradiobutton.h>
+#include <vemo/vemotimecombobox.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <functional>
+
+namespace {
+
+/// From the tallest capital to the lowest descender.
+const QString kTallText(QChar(0xc5) + QString("gjpqy")); // clazy:exclude=non-pod-global-static
+
+/// A control with a text, and how the text of the shown control is replaced.
+struct Specimen
+{
+    std::function<QWidget *()> make;
+    std::function<void(QWidget *, const QString &)> setText;
+};
+
+template <typename Widget> Specimen textSpecimen()
+{
+    return {[] { return new Widget; },
+        [](QWidget *widget, const QString &text) { static_cast<Widget *>(widget)->setText(text); }};
+}
+
+template <typename Box> Specimen boxSpecimen(bool isEditable)
+{
+    const auto make = [isEditable] {
+        auto *box = new Box;
+        box->addItem(kTallText);
+        box->setEditable(isEditable);
+        return box;
+    };
+    const auto setText = [](QWidget *widget, const QString &text) {
+        auto *box = static_cast<Box *>(widget);
+        box->setItemText(box->count() - 1, text);
+        box->setCurrentIndex(box->count() - 1);
+    };
+    return {make, setText};
+}
+
+QFont fontOf(int points)
+{
+    QFont font = QApplication::font();
+    font.setPointSize(points);
+    return font;
+}
+
+/// Sets the font of the application during its lifetime.
+class ApplicationFont
+{
+public:
+    explicit ApplicationFont(int points) { QApplication::setFont(fontOf(points)); }
+    ~ApplicationFont() { QApplication::setFont(m_before); }
+
+private:
+    QFont m_before = QApplication::font();
+};
+
+/// A window around a control. It keeps the focus: fields would draw their cursor.
+class Window : public QWidget
+{
+public:
+    explicit Window(QWidget *shown) : control(shown)
+    {
+        setFocusPolicy(Qt::StrongFocus);
+        (new QVBoxLayout(this))->addWidget(control);
+    }
+
+    void show()
+    {
+        setFocus();
+        QWidget::show();
+        QVERIFY(QTest::qWaitForWindowExposed(this));
+        QCoreApplication::processEvents();
+    }
+
+    QWidget *control;
+};
+
+/// The bounding rectangle of the pixels that differ.
+QRect differenceOf(const QImage &one, const QImage &other)
+{
+    QRect area;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            if (one.pixel(x, y) != other.pixel(x, y))
+                area |= QRect(x, y, 1, 1);
+        }
+    }
+    return area;
+}
+
+/// The height of the letters of the tall text, in the pixels of a picture.
+int inkHeight(const QFont &font, qreal ratio)
+{
+    QImage blank(QSize(400, 200) * ratio, QImage::Format_ARGB32_Premultiplied);
+    blank.setDevicePixelRatio(ratio);
+    blank.fill(Qt::white);
+    QImage drawn = blank;
+    QPainter painter(&drawn);
+    painter.setFont(font);
+    painter.drawText(50, 100, kTallText);
+    painter.end();
+    return differenceOf(blank, drawn).height();
+}
+
+QImage pictureOf(QWidget *widget)
+{
+    return widget->grab().toImage();
+}
+
+void addFontSizes()
+{
+    QTest::addColumn<int>("points");
+    for (const int points : {9, 14, 20, 28})
+        QTest::addRow("%d pt", points) << points;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Specimen)
+
+class FontSizesTest : public VemoTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { startDefaultTheme(); }
+    void noLetterIsCut_data();
+    void noLetterIsCut();
+    void aLargeFontOfTheControlMakesItHigher();
+    void aHeightOfTheHostStays();
+    void aPageNumberIsNotCut_data() { addFontSizes(); }
+    void aPageNumberIsNotCut();
+};
+
+void FontSizesTest::noLetterIsCut_data()
+{
+    QTest::addColumn<Specimen>("specimen");
+    QTest::addColumn<int>("points");
+    const auto add = [](const char *name, const Specimen &specimen) {
+        for (const int points : {9, 14, 20, 28})
+            QTest::addRow("%s, %d pt", name, points) << specimen << points;
+    };
+    add("VemoButton", textSpecimen<VemoButton>());
+    add("VemoComboBox", boxSpecimen<VemoComboBox>(false));
+    add("VemoComboBox, editable", boxSpecimen<VemoComboBox>(true));
+    add("VemoTimeComboBox", boxSpecimen<VemoTimeComboBox>(false));
+    add("VemoLineEdit", textSpecimen<VemoLineEdit>());
+    add("VemoCheckBox", textSpecimen<VemoCheckBox>());
+    add("VemoRadioButton", textSpecimen<VemoRadioButton>());
+}
+
+void FontSizesTest::noLetterIsCut()
+{
+    QFETCH(Specimen, specimen);
+    QFETCH(int, points);
+    const ApplicationFont font(points);
+    Window window(specimen.make());
+    QWidget *control = window.control;
+    specimen.setText(control, kTallText);
+    window.show();
+    window.layout()->setEnabled(false);
+    const QImage withText = pictureOf(control);
+    specimen.setText(control, QString(" "));
+    const QRect letters = differenceOf(withText, pictureOf(control));
+    QCOMPARE(letters.height(), inkHeight(control->font(), control->devicePixelRatioF()));
+}
+
+void FontSizesTest::aLargeFontOfTheControlMakesItHigher()
+{
+    VemoButton button("Save", VemoButton::DEFAULT);
+    VemoComboBox box;
+    VemoLineEdit edit;
+    const int frame = 2 * (scaled(1) + scaled(2));
+    const int usual = scaled(26) + frame;
+    for (QWidget *control : QWidgetList {&button, &box, edit.getLineEdit()}) {
+        QCOMPARE(control->sizeHint().height(), usual);
+        control->setFont(fontOf(28));
+        QCOMPARE(control->sizeHint().height(), control->fontMetrics().height() + frame);
+        QCOMPARE(control->minimumSizeHint().height(), control->sizeHint().height());
+        control->setFont({});
+        QCOMPARE(control->sizeHint().height(), usual);
+    }
+}
+
+void FontSizesTest::aHeightOfTheHostStays()
+{
+    const ApplicationFont font(20);
+    Window window(new VemoButton("Save", VemoButton::DEFAULT));
+    window.control->setFixedHeight(24);
+    window.show();
+    QCOMPARE(window.control->height(), 24);
+}
+
+void FontSizesTest::aPageNumberIsNotCut()
+{
+    QFETCH(int, points);
+    const ApplicationFont font(points);
+    auto *bar = new VemoPagingBar;
+    Window window(bar);
+    window.show();
+    auto *button = bar->findChildren<VemoButton *>().at(2);
+    QCOMPARE(button->height(), scaled(24));
+    button->setText("3");
+    const QImage three = pictureOf(button);
+    button->setText("1");
+    const QRect digits = differenceOf(three, pictureOf(button));
+    // The style cuts off what is on the frame and the padding.
+    const int room = scaled(24) - 2 * (scaled(1) + scaled(2));
+    QVERIFY(digits.height() < room * button->devicePixelRatioF());
+}
+
+VEMO_TEST_MAIN(FontSizesTest)
+#include "tst_fontsizes.moc"
