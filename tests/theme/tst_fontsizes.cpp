@@ -12,9 +12,9 @@
 #include <vemo/vemoradiobutton.h>
 #include <vemo/vemotimecombobox.h>
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <functional>
@@ -145,6 +145,8 @@ private Q_SLOTS:
     void noLetterIsCut();
     void aLargeFontOfTheControlMakesItHigher();
     void aHeightOfTheHostStays();
+    void aControlWithoutAStyleKeepsQtsHeight_data() { addFontSizes(); }
+    void aControlWithoutAStyleKeepsQtsHeight();
     void aPageNumberIsNotCut_data() { addFontSizes(); }
     void aPageNumberIsNotCut();
 };
@@ -206,6 +208,25 @@ void FontSizesTest::aHeightOfTheHostStays()
     window.control->setFixedHeight(24);
     window.show();
     QCOMPARE(window.control->height(), 24);
+}
+
+void FontSizesTest::aControlWithoutAStyleKeepsQtsHeight()
+{
+    QFETCH(int, points);
+    const ApplicationFont font(points);
+    VemoButton button("Save", -1);
+    QPushButton qtsButton("Save");
+    qtsButton.setFlat(true);
+    VemoComboBox box;
+    box.setStyleSheet({});
+    QComboBox qtsBox;
+    VemoLineEdit edit;
+    edit.getLineEdit()->setStyleSheet({});
+    QLineEdit qtsEdit;
+    QCOMPARE(button.sizeHint(), qtsButton.sizeHint());
+    QCOMPARE(box.sizeHint(), qtsBox.sizeHint());
+    QCOMPARE(box.minimumSizeHint(), qtsBox.minimumSizeHint());
+    QCOMPARE(edit.getLineEdit()->sizeHint(), qtsEdit.sizeHint());
 }
 
 void FontSizesTest::aPageNumberIsNotCut()
