@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QStyle>
+#include <QTextOption>
 
 #include <utility>
 
@@ -25,6 +26,20 @@ void setError(QWidget *field, bool hasError)
     field->setProperty("error", hasError);
     field->style()->polish(field);
     field->update();
+}
+
+/// QPlainTextEdit aligns every text with the left edge. Aligns it as QLineEdit does: with the edge
+/// where its language begins, or that of the layout as long as it is empty.
+void alignText(QPlainTextEdit *edit)
+{
+    const QString text = edit->toPlainText();
+    const bool isFromRight = text.isEmpty() ? edit->isRightToLeft() : text.isRightToLeft();
+    QTextOption option = edit->document()->defaultTextOption();
+    const Qt::Alignment alignment = isFromRight ? Qt::AlignRight : Qt::AlignLeft;
+    if (option.alignment() == alignment)
+        return;
+    option.setAlignment(alignment);
+    edit->document()->setDefaultTextOption(option);
 }
 
 } // namespace
@@ -62,7 +77,11 @@ void VemoInputSheetPrivate::setMultiLine(bool on)
         // Shift+Tab wraps to the last child, which is OK.
         textEdit->stackUnder(buttonBox);
         QWidget::setTabOrder(lineEdit, textEdit);
-        connect(textEdit, &QPlainTextEdit::textChanged, this, [this] { contentChanged(); });
+        alignText(textEdit);
+        connect(textEdit, &QPlainTextEdit::textChanged, this, [this] {
+            alignText(textEdit);
+            contentChanged();
+        });
     } else {
         discard(std::exchange(textEdit, nullptr));
     }

@@ -67,6 +67,8 @@ class InputOptionsTest : public VemoTest
 private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void startsWithoutAnyOption();
+    void severalLinesBeginWhereTheirLanguageDoes_data();
+    void severalLinesBeginWhereTheirLanguageDoes();
     void okIsDisabledWhileTheTextIsInvalid_data();
     void okIsDisabledWhileTheTextIsInvalid();
     void withoutACheckOkBelongsToTheHost();
@@ -93,6 +95,35 @@ void InputOptionsTest::startsWithoutAnyOption()
     scene.sheet->setContent("ab");
     QCOMPARE(scene.sheet->getContent(), QString("ab"));
     QCOMPARE(scene.sheet->getLineEdit()->text(), QString("ab"));
+}
+
+void InputOptionsTest::severalLinesBeginWhereTheirLanguageDoes_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("layout");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("isFromRight");
+    const QString hebrew(3, QChar(0x5d0));
+    addRow("empty", Qt::LeftToRight, QString(), false);
+    addRow("empty, from the right", Qt::RightToLeft, QString(), true);
+    addRow("Latin", Qt::LeftToRight, QString("ab\ncd"), false);
+    addRow("Latin, from the right", Qt::RightToLeft, QString("ab\ncd"), false);
+    addRow("Hebrew", Qt::LeftToRight, hebrew, true);
+    addRow("Hebrew, from the right", Qt::RightToLeft, hebrew, true);
+}
+
+void InputOptionsTest::severalLinesBeginWhereTheirLanguageDoes()
+{
+    QFETCH(Qt::LayoutDirection, layout);
+    QFETCH(QString, text);
+    Scene scene;
+    scene.window.setLayoutDirection(layout);
+    scene.sheet->setMultiLine(true);
+    scene.sheet->setContent(text);
+    scene.show();
+    QPlainTextEdit *edit = scene.sheet->getTextEdit();
+    const int start = edit->cursorRect(QTextCursor(edit->document())).center().x();
+    QTEST(start > edit->viewport()->width() / 2, "isFromRight");
+    QCOMPARE(scene.sheet->getContent(), text);
 }
 
 void InputOptionsTest::okIsDisabledWhileTheTextIsInvalid_data()
