@@ -63,6 +63,8 @@ private Q_SLOTS:
     void fieldsAndButtonsAreOfOneHeight();
     void textBeginsAtTheEdgeInEitherDirection_data();
     void textBeginsAtTheEdgeInEitherDirection();
+    void aLineIsBetweenRowNumbersAndCells_data();
+    void aLineIsBetweenRowNumbersAndCells();
     void aSubclassIsLeftAlone();
     void aHeightOfTheHostStays();
     void rowsFilledBeforeTheViewIsShownHaveTheirHeight();
@@ -125,6 +127,30 @@ void StockStyleTest::textBeginsAtTheEdgeInEitherDirection()
     widget->setLayoutDirection(Qt::RightToLeft);
     QCoreApplication::sendPostedEvents();
     QCOMPARE(widget->width() - text->x() - text->width(), inset);
+}
+
+void StockStyleTest::aLineIsBetweenRowNumbersAndCells_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    addRow("left to right", Qt::LeftToRight);
+    addRow("right to left", Qt::RightToLeft);
+}
+
+void StockStyleTest::aLineIsBetweenRowNumbersAndCells()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    QWidget window;
+    window.setLayoutDirection(direction);
+    auto *table = new QTableWidget(2, 2);
+    show(window, table);
+    const QColor line = defaultThemeColor("line");
+    const QWidget *corner = table->findChild<QAbstractButton *>();
+    for (const QWidget *part : {corner, static_cast<const QWidget *>(table->verticalHeader())}) {
+        const QImage picture = table->grab(part->geometry()).toImage();
+        const int inner = direction == Qt::LeftToRight ? picture.width() - 1 : 0;
+        QCOMPARE(picture.pixelColor(inner, 4), line);
+        QVERIFY(picture.pixelColor(picture.width() - 1 - inner, 4) != line);
+    }
 }
 
 void StockStyleTest::aSubclassIsLeftAlone()
