@@ -43,9 +43,10 @@ DateClearing::~DateClearing()
 
 QString DateClearing::roomForButton() const
 {
-    // Qt mirrors the arrow, but not the padding of a style sheet.
+    // Qt mirrors the arrow, but not the padding of a style sheet. Styles may have another padding
+    // with the focus.
     const char *side = m_field->isRightToLeft() ? "left" : "right";
-    return QStringLiteral("QComboBox { padding-%1: %2px; }")
+    return QStringLiteral("QComboBox, QComboBox:focus { padding-%1: %2px; }")
         .arg(QLatin1String(side))
         .arg(m_button->width());
 }
