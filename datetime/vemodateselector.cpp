@@ -138,6 +138,16 @@ void VemoDateSelector::setDateRange(const QDate &first, const QDate &last)
     m_calendar_view->setDateRange(first, last);
 }
 
+void VemoDateSelector::setFirstDayOfWeek(Qt::DayOfWeek day)
+{
+    m_calendar_view->setFirstDayOfWeek(day);
+}
+
+Qt::DayOfWeek VemoDateSelector::firstDayOfWeek() const
+{
+    return m_calendar_view->firstDayOfWeek();
+}
+
 void VemoDateSelector::setDisplayFormat(const QString &format)
 {
     m_display_format = format;

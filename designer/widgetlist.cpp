@@ -8,6 +8,7 @@
 #include <vemo/vemocalanderview.h>
 #include <vemo/vemocheckbox.h>
 #include <vemo/vemocombobox.h>
+#include <vemo/vemodaterangeselector.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemofilterbar.h>
 #include <vemo/vemofootbar.h>
@@ -105,6 +106,13 @@ const FormWidgetInfo kFields[] = {
         R"(<property name="placeholder"><string>Choose a date</string></property>)",
         "placeholder:singleline",
         make<form::VemoDateSelector>},
+    {"VemoDateRangeSelector", "QWidget", "Two date fields for a range",
+        "A field for the first and one for the last date of a range, which is never reversed.",
+        {300, 32},
+        R"(<property name="startPlaceholder"><string>Any date</string></property>)"
+        R"(<property name="endPlaceholder"><string>Any date</string></property>)",
+        "startPlaceholder:singleline endPlaceholder:singleline separator:singleline",
+        make<VemoDateRangeSelector>},
     {"VemoTimeComboBox", "VemoComboBox", "Field for a time of day",
         "A combo box of the times in \"times\", written HH:mm. Where it is editable another time "
         "can be typed.",

@@ -51,7 +51,8 @@ const std::vector<PageEntry> &pages()
         {"Path and filter", "VemoButtonPath VemoFilterBar breadcrumb folder search menu",
             buildBarsPage},
         {"Date and time",
-            "VemoDateSelector VemoCalanderView VemoTimeComboBox calendar month day today clock",
+            "VemoDateSelector VemoDateRangeSelector VemoCalanderView VemoTimeComboBox calendar "
+            "month day today clock",
             buildDateAndTimePage},
         {"Qt buttons and fields",
             "QPushButton QToolButton QLineEdit QSpinBox QDoubleSpinBox QDateEdit QTimeEdit "

@@ -8,6 +8,7 @@
 #include <vemo/vemobutton.h>
 #include <vemo/vemocalanderview.h>
 #include <vemo/vemocheckbox.h>
+#include <vemo/vemodaterangeselector.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemotimecombobox.h>
@@ -44,6 +45,15 @@ public:
                 write(label, name, "sigDateSelect " + date.toString(Qt::ISODate));
             });
         watchIndex(name, field);
+    }
+    void watch(const QString &name, VemoDateRangeSelector *range) const
+    {
+        QObject::connect(range, &VemoDateRangeSelector::rangeChanged, m_label,
+            [label = m_label, name](const QDate &start, const QDate &end) {
+                write(label, name,
+                    QString("rangeChanged \"%1\", \"%2\"")
+                        .arg(start.toString(Qt::ISODate), end.toString(Qt::ISODate)));
+            });
     }
     void watch(const QString &name, VemoCalanderView *calendar) const
     {
@@ -161,6 +171,38 @@ void addTyping(Page &page)
 from->getCalendarView()->setFirstDayOfWeek(Qt::Monday);)");
 }
 
+VemoDateRangeSelector *rangeField(const QDate &start, const QDate &end)
+{
+    auto *range = new VemoDateRangeSelector;
+    range->setPlaceholders(demo("any_date"), demo("any_date"));
+    range->setRange(start, end);
+    range->setClearable(true);
+    return range;
+}
+
+void addRanges(Page &page)
+{
+    const SignalLog log;
+    VemoDateRangeSelector *live = rangeField({}, {});
+    log.watch("Live", live);
+    const QDate today = QDate::currentDate();
+    VemoDateRangeSelector *chosen = rangeField(today.addDays(-kRange), today);
+    chosen->setTypingEnabled(true);
+    VemoDateRangeSelector *open = rangeField(today, {});
+    open->setSeparator(demo("until"));
+    VemoDateRangeSelector *disabled = rangeField(today.addDays(-kRange), today);
+    disabled->setEnabled(false);
+    page.addSection("A range of dates",
+        "Two fields. The calendar of each offers no days beyond the other date, and one signal "
+        "reports the range.");
+    page.addRow({captioned(live, "Live"), captioned(chosen, "Dates can be typed")});
+    page.addRow({captioned(open, "No end, a text between"), captioned(disabled, "Disabled")});
+    page.add(log.label());
+    page.addCode(R"(auto *changed = new VemoDateRangeSelector(page);
+changed->setPlaceholders(tr("Any date"), tr("Any date"));
+connect(changed, &VemoDateRangeSelector::rangeChanged, this, &MainWindow::filterByDates);)");
+}
+
 VemoCalanderView *calendar()
 {
     auto *view = new VemoCalanderView(nullptr);
@@ -255,9 +297,11 @@ start->setDefault("06:00");)");
 
 void buildDateAndTimePage(Page &page)
 {
-    page.addSummary("A date field, the calendar that it opens, and a box for a time of day.");
+    page.addSummary(
+        "A date field, a range of two, the calendar that they open, and a box for a time of day.");
     addFields(page);
     addTyping(page);
+    addRanges(page);
     addCalendars(page);
     addTimes(page);
 }

@@ -36,6 +36,7 @@ class VEMO_EXPORT VemoCalanderView : public QAbstractItemView
     Q_PROPERTY(QDate minimumDate READ minimumDate WRITE setMinimumDate)
     Q_PROPERTY(QDate maximumDate READ maximumDate WRITE setMaximumDate)
     Q_PROPERTY(QDate selectedDate READ selectedDate WRITE setSelectedDate)
+    Q_PROPERTY(Qt::DayOfWeek firstDayOfWeek READ firstDayOfWeek WRITE setFirstDayOfWeek)
 
 public:
     /// Creates a calendar that shows the current month, with today selected.

@@ -38,6 +38,8 @@ class VEMO_EXPORT VemoDateSelector : public QComboBox
     Q_PROPERTY(QDate minimumDate READ minimumDate WRITE setMinimumDate)
     /// The last day that can be selected.
     Q_PROPERTY(QDate maximumDate READ maximumDate WRITE setMaximumDate)
+    /// The first column of the calendar.
+    Q_PROPERTY(Qt::DayOfWeek firstDayOfWeek READ firstDayOfWeek WRITE setFirstDayOfWeek)
     /// The format of the date; empty for yyyy-MM-dd.
     Q_PROPERTY(QString displayFormat READ displayFormat WRITE setDisplayFormat)
     /// Whether the user can clear the date.
@@ -63,6 +65,10 @@ public:
     QDate maximumDate() const; ///< the last day that can be selected in the calendar
     void setMaximumDate(const QDate &date); ///< see VemoCalanderView::setMaximumDate()
     void setDateRange(const QDate &first, const QDate &last); ///< sets both
+
+    /// Sets the first column of the calendar, see VemoCalanderView::setFirstDayOfWeek().
+    void setFirstDayOfWeek(Qt::DayOfWeek day);
+    Qt::DayOfWeek firstDayOfWeek() const; ///< initially Sunday
 
     /// Sets the format of the date for QLocale::toString(), with the widget's locale(). The
     /// default, an empty format, means "yyyy-MM-dd" with the digits 0 to 9 in every locale. For the

@@ -6,6 +6,7 @@
 
 #include <vemo/itemdelegate.h>
 #include <vemo/vemocombobox.h>
+#include <vemo/vemodaterangeselector.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemofilterbar.h>
 #include <vemo/vemoiconbutton.h>
@@ -59,6 +60,16 @@ template <typename Box> Box *openedBox(QWidget *window)
 QWidget *openCalendar(QWidget *window)
 {
     return openedBox<VemoDateSelector>(window)->view();
+}
+
+QWidget *openCalendarOfARange(QWidget *window)
+{
+    auto *range = new VemoDateRangeSelector(window);
+    window->show();
+    range->setClearable(true);
+    range->setTypingEnabled(true);
+    range->endField()->showPopup();
+    return range->endField()->view();
 }
 
 QWidget *arrowOfAnOpenCalendar(QWidget *window)
@@ -183,6 +194,7 @@ void FilterLifetimesTest::aWatchedWidgetMayDieWithTheFocus_data()
         {"date field, open", openCalendar},
         {"date field, arrow", arrowOfAnOpenCalendar},
         {"date field, pop-up", openList<VemoDateSelector>},
+        {"range of dates, open", openCalendarOfARange},
         {"combo box, list", openList<VemoComboBox>},
         {"time box", timeBox},
         {"time box, edit", editOfATimeBox},

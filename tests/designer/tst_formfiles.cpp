@@ -166,9 +166,21 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoDateSelector.placeholder", "Any date");
     row("VemoDateSelector.minimumDate", QDate(2024, 2, 1));
     row("VemoDateSelector.maximumDate", QDate(2094, 4, 30));
+    row("VemoDateSelector.firstDayOfWeek", int(Qt::Monday));
     row("VemoDateSelector.displayFormat", "dd/MM/yyyy");
     row("VemoDateSelector.clearable", true);
     row("VemoDateSelector.typingEnabled", true);
+    row("VemoDateRangeSelector.start", QDate(2024, 3, 7));
+    row("VemoDateRangeSelector.end", QDate(2024, 5, 20));
+    row("VemoDateRangeSelector.minimumDate", QDate(2024, 2, 1));
+    row("VemoDateRangeSelector.maximumDate", QDate(2094, 4, 30));
+    row("VemoDateRangeSelector.displayFormat", "dd/MM/yyyy");
+    row("VemoDateRangeSelector.startPlaceholder", "Any date");
+    row("VemoDateRangeSelector.endPlaceholder", "No end");
+    row("VemoDateRangeSelector.separator", "to");
+    row("VemoDateRangeSelector.firstDayOfWeek", int(Qt::Monday));
+    row("VemoDateRangeSelector.clearable", true);
+    row("VemoDateRangeSelector.typingEnabled", true);
     row("VemoTimeComboBox.times", QStringList({"00:00", "12:00"}));
     row("VemoTimeComboBox.editable", true);
     row("VemoTimeComboBox.customText", "(own)");
@@ -176,6 +188,7 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoCalanderView.minimumDate", QDate(2024, 2, 1));
     row("VemoCalanderView.maximumDate", QDate(2094, 4, 30));
     row("VemoCalanderView.selectedDate", QDate(2024, 3, 7));
+    row("VemoCalanderView.firstDayOfWeek", int(Qt::Monday));
     row("VemoTreeWidget.selectedColor", QColor(220, 235, 251));
     row("VemoTreeWidget.hoverColor", QColor(238, 243, 248));
     row("VemoTableView.columnTexts", QStringList({"Name|120|0.5", "Size|80"}));
@@ -226,7 +239,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 45);
+    QCOMPARE(count, 58);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()

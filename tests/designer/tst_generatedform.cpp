@@ -75,6 +75,9 @@ void GeneratedFormTest::setsWhatTheFormSays()
     QCOMPARE(form.vemoLineEdit->getEditText(), QString("30"));
     QCOMPARE(form.vemoLineEdit->getLineEdit()->property("error"), QVariant(true));
     QCOMPARE(form.vemoDateSelector->date(), QDate(2024, 3, 7));
+    QCOMPARE(form.vemoDateRangeSelector->start(), QDate(2024, 3, 7));
+    QCOMPARE(form.vemoDateRangeSelector->end(), QDate(2024, 5, 20));
+    QCOMPARE(form.vemoDateRangeSelector->firstDayOfWeek(), Qt::Monday);
     form.vemoDateSelector->clearDate();
     QCOMPARE(form.vemoDateSelector->currentText(), QString("Any date"));
     QCOMPARE(form.vemoCalanderView->selectedDate(), QDate(2024, 3, 7));

@@ -46,6 +46,7 @@ public:
     void openFolder(const QString &) { }
     void filterList(const QString &) { }
     void filterFrom(const QDate &) { }
+    void filterByDates(const QDate &, const QDate &) { }
     void selectDate(const QDate &) { }
     void showFolderMenu(QMouseEvent *) { }
     void showMenuOf(QTreeWidgetItem *, const QPoint &) { }

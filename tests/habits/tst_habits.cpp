@@ -23,6 +23,7 @@
 #include <vemo/VemoComboBox>
 #include <vemo/VemoContentSheet>
 #include <vemo/VemoCountdownMessageBox>
+#include <vemo/VemoDateRangeSelector>
 #include <vemo/VemoDateSelector>
 #include <vemo/VemoFilterBar>
 #include <vemo/VemoFootbar>
@@ -149,6 +150,7 @@ void HabitsTest::addParents()
     HABIT_MADE(VemoCalanderView(page));
     HABIT_MADE(VemoDateSelector(text, page));
     HABIT_MADE(VemoDateSelector(page));
+    HABIT_MADE(VemoDateRangeSelector(page));
     HABIT_MADE(VemoTimeComboBox(page));
     HABIT_MADE(VemoInputSheet(text, page));
     HABIT_MADE(VemoMessageBar(page));
@@ -185,6 +187,7 @@ void HabitsTest::addDefaultParents()
     HABIT_HELD(ItemDelegate);
     HABIT_HELD(VemoCalanderView);
     HABIT_HELD(VemoDateSelector);
+    HABIT_HELD(VemoDateRangeSelector);
     HABIT_HELD(VemoTimeComboBox);
     HABIT_HELD(VemoSheet);
     HABIT_HELD(BrowserWindow);

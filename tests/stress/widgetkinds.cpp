@@ -13,6 +13,7 @@
 #include <vemo/vemocheckbox.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemocountdownmessagebox.h>
+#include <vemo/vemodaterangeselector.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemofilterbar.h>
 #include <vemo/vemofootbar.h>
@@ -276,6 +277,7 @@ std::vector<WidgetKind> composites()
         {"VemoButtonPath", makePath, makeStockTable},
         {"VemoFilterBar", makeFilter, make<QLineEdit>},
         {"VemoCalanderView", make<VemoCalanderView>, make<QCalendarWidget>},
+        {"VemoDateRangeSelector", make<VemoDateRangeSelector>, makeStockBox},
         {"VemoDateSelector", make<VemoDateSelector>, makeStockBox},
         {"VemoTimeComboBox", makeBox<VemoTimeComboBox>, makeBox<QComboBox>},
         {"BrowserWindow", make<BrowserWindow>, make<QTextBrowser>},

@@ -4,6 +4,7 @@
 
 #include <vemo/stylemanager.h>
 #include <vemo/vemocalanderview.h>
+#include <vemo/vemodaterangeselector.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemotimecombobox.h>
 
@@ -16,6 +17,7 @@
 namespace {
 
 constexpr QSize kFieldSize(112, 0); // design pixels
+constexpr QSize kRangeSize(340, 0);
 constexpr QSize kTimeSize(72, 0);
 constexpr QSize kCalendarSize(280, 260);
 constexpr int kCorner = 6;
@@ -27,6 +29,15 @@ VemoDateSelector *newDateField()
     auto *field = new VemoDateSelector("abc", nullptr);
     field->dateSelect(kChosen);
     return field;
+}
+
+QWidget *newRange()
+{
+    auto *range = new VemoDateRangeSelector;
+    range->setRange(kChosen, {});
+    range->setPlaceholders("abc", "abc");
+    range->setClearable(true);
+    return range;
 }
 
 QTableView *gridOf(QWidget *view)
@@ -152,6 +163,7 @@ Looks DatePictures::looks() const
     addStates(
         looks, "field-empty", [] { return new VemoDateSelector("abc", nullptr); }, {State::Rest},
         kFieldSize);
+    addStates(looks, "range", newRange, {State::Rest, State::Focus, State::Disabled}, kRangeSize);
     addCalendars(looks);
     addStates(
         looks, "time", [] { return newTimeBox(false); }, kFieldStates, kTimeSize);
