@@ -2,6 +2,7 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QSize>
 #include <QWidget>
@@ -11,4 +12,15 @@
 inline QSize grownToFont(const QSize &hint, int textHeight, const QWidget &widget)
 {
     return {hint.width(), hint.height() + qMax(0, widget.fontMetrics().height() - textHeight)};
+}
+
+/// The font of widget, smaller if a line of it is higher than height. For controls of a fixed
+/// height.
+inline QFont fontForHeight(const QWidget &widget, int height)
+{
+    QFont font = widget.font();
+    const int line = widget.fontMetrics().height();
+    if (line > height)
+        font.setPixelSize(qMax(1, QFontInfo(font).pixelSize() * height / line));
+    return font;
 }

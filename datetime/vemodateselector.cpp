@@ -2,6 +2,7 @@
 #include <vemo/vemodateselector.h>
 
 #include "controls/accessiblecombobox_p.h"
+#include "controls/growntofont_p.h"
 #include "controls/popuppainting_p.h"
 #include "controls/spokentooltip_p.h"
 #include "core/scaling_p.h"
@@ -16,6 +17,8 @@
 #include <QEvent>
 #include <QLocale>
 #include <QScreen>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 
 #include <utility>
 
@@ -225,6 +228,26 @@ void VemoDateSelector::dateSelect(const QDate &date)
     m_calendar_view->setCurrentPage(date.year(), date.month());
     update();
     hidePopup();
+}
+
+/// The field has a fixed height, so a text in a larger font gets smaller.
+void VemoDateSelector::paintEvent(QPaintEvent *event)
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const int room =
+        style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this)
+            .height();
+    if (isEditable() || fontMetrics().height() <= room) {
+        QComboBox::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    painter.setFont(fontForHeight(*this, room));
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
 void VemoDateSelector::showPlaceholder()

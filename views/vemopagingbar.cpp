@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemopagingbar.h>
 
+#include "controls/growntofont_p.h"
 #include "core/logging_p.h"
 #include "core/scaling_p.h"
 #include "core/stringof_p.h"
@@ -13,7 +14,6 @@
 
 #include <QAccessibleWidget>
 #include <QEvent>
-#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalMapper>
@@ -164,14 +164,10 @@ protected:
             VemoButton::paintEvent(event);
             return;
         }
-        // The button has a fixed height, so its number gets smaller.
-        QFont smaller = font();
-        smaller.setPixelSize(
-            qMax(1, QFontInfo(smaller).pixelSize() * height() / fontMetrics().height()));
         QStyleOptionButton option;
         initStyleOption(&option);
         QStylePainter painter(this);
-        painter.setFont(smaller);
+        painter.setFont(fontForHeight(*this, height()));
         painter.drawControl(QStyle::CE_PushButton, option);
     }
 

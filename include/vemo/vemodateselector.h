@@ -108,6 +108,9 @@ public Q_SLOTS:
     /// placeholder and does not change the calendar.
     void dateSelect(const QDate &date);
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     friend class DateClearing;
 
