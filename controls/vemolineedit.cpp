@@ -224,6 +224,7 @@ void VemoLineEdit::setErrorText(const QString &text)
     if (!m_error_label && !text.isEmpty()) {
         m_error_label = styled<QLabel>("component.lineedit_error");
         m_error_label->setTextFormat(Qt::PlainText);
+        m_error_label->setIndent(0); // A label with a style sheet indents its text.
         m_error_label->setWordWrap(true);
         m_error_label->hide();
         m_error_label->setParent(this);

@@ -107,6 +107,7 @@ void VemoInputSheetPrivate::setErrorText(const QString &text)
         errorLabel = new MessageLabel(q);
         errorLabel->setStyleSheet(getStyleSheet("component.lineedit_error"));
         errorLabel->setTextFormat(Qt::PlainText);
+        errorLabel->setIndent(0); // A label with a style sheet indents its text.
         errorLabel->setWordWrap(true);
         errorLabel->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum);
         errorLabel->hide();

@@ -2,6 +2,7 @@
 // What a VemoLineEdit can do beyond its three parts; all of it is off at first.
 #include <vemo/vemolineedit.h>
 
+#include "core/scaling_p.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -68,6 +69,18 @@ void show(VemoLineEdit &edit)
 {
     edit.show();
     QVERIFY(QTest::qWaitForWindowExposed(&edit));
+}
+
+/// Whether some of width columns of a picture, from x on, are of another color than its corner.
+bool hasInk(const QImage &picture, int x, int width)
+{
+    for (int column = x; column < x + width; ++column) {
+        for (int row = 0; row < picture.height(); ++row) {
+            if (picture.pixel(column, row) != picture.pixel(0, picture.height() - 1))
+                return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -185,6 +198,9 @@ void LineEditOptionsTest::errorTextAppearsWithTheErrorBelowTheField()
         QCOMPARE(label->x(), field.x());
     else
         QCOMPARE(label->geometry().right(), field.right());
+
+    const QImage text = label->grab().toImage();
+    QVERIFY(hasInk(text, 0, scaled(3)));
 
     edit->setError(false);
     QVERIFY(!label->isVisible());
