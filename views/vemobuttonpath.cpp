@@ -12,6 +12,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QMenu>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalMapper>
 #include <QToolButton>
@@ -64,6 +65,26 @@ void announceAsRow(QWidget *path)
     if (QAccessible::isActive())
         QAccessible::deleteAccessibleInterface(
             QAccessible::uniqueId(QAccessible::queryAccessibleInterface(path)));
+}
+
+/// The folder, on screens with a pixel ratio also centred in a picture as large as the icon: Qt
+/// would enlarge a smaller one.
+QIcon folderIcon()
+{
+    const QPixmap folder = getGlobalImage("folder");
+    QIcon icon(folder);
+    const qreal ratio = folder.devicePixelRatio();
+    const QRectF area(0, 0, kFolderIconSize, kFolderIconSize);
+    QRectF place(QPointF(), QSizeF(folder.size()) / ratio);
+    if (ratio == 1 || folder.isNull() || !area.contains(place))
+        return icon;
+    QPixmap centred(area.size().toSize() * ratio);
+    centred.setDevicePixelRatio(ratio);
+    centred.fill(Qt::transparent);
+    place.moveCenter(area.center());
+    QPainter(&centred).drawPixmap(place.topLeft(), folder);
+    icon.addPixmap(centred);
+    return icon;
 }
 
 } // namespace
@@ -176,7 +197,7 @@ void VemoButtonPath::changeEvent(QEvent *event)
 void VemoButtonPath::customEvent(QEvent *event)
 {
     if (event->type() == StyleManager::reloadEvent()) {
-        m_change_folder_button->setIcon(getGlobalImage("folder"));
+        m_change_folder_button->setIcon(folderIcon());
         const QPixmap arrow = m_buttons.size() > 1 ? getGlobalImage("bt_next") : QPixmap();
         for (int column = 1; column < m_buttons.size(); column += 2)
             static_cast<PathArrow *>(m_buttons.at(column))->setPicture(arrow);
@@ -208,7 +229,7 @@ void VemoButtonPath::setupFolderButton()
 {
     m_folder_menu->setStyleSheet(getStyleSheet("component.menu"));
     m_change_folder_button->setMenu(m_folder_menu.get());
-    m_change_folder_button->setIcon(getGlobalImage("folder"));
+    m_change_folder_button->setIcon(folderIcon());
     m_change_folder_button->setIconSize(QSize(kFolderIconSize, kFolderIconSize));
     m_change_folder_button->setPopupMode(QToolButton::InstantPopup);
     m_change_folder_button->hide();

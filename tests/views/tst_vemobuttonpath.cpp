@@ -128,6 +128,9 @@ void VemoButtonPathTest::setsUpItsFolderButton()
     const QPixmap expected = getGlobalImage("folder");
     QCOMPARE(folder->icon().pixmap(expected.size() / expected.devicePixelRatio()).toImage(),
         expected.toImage());
+    // Not enlarged.
+    const QPixmap shown = folder->icon().pixmap(folder->iconSize());
+    QCOMPARE(shown.devicePixelRatio(), expected.devicePixelRatio());
     QVERIFY(!folder->menu()->parent());
     QCOMPARE(folder->menu()->styleSheet(), getStyleSheet("component.menu"));
     QVERIFY(folder->menu()->isEmpty());
