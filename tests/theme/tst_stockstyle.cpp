@@ -65,6 +65,7 @@ private Q_SLOTS:
     void textBeginsAtTheEdgeInEitherDirection();
     void aLineIsBetweenRowNumbersAndCells_data();
     void aLineIsBetweenRowNumbersAndCells();
+    void aDisabledRowShowsThatItIsPartlyChecked();
     void aSubclassIsLeftAlone();
     void aHeightOfTheHostStays();
     void rowsFilledBeforeTheViewIsShownHaveTheirHeight();
@@ -151,6 +152,25 @@ void StockStyleTest::aLineIsBetweenRowNumbersAndCells()
         QCOMPARE(picture.pixelColor(inner, 4), line);
         QVERIFY(picture.pixelColor(picture.width() - 1 - inner, 4) != line);
     }
+}
+
+void StockStyleTest::aDisabledRowShowsThatItIsPartlyChecked()
+{
+    QWidget window;
+    auto *tree = new QTreeWidget;
+    tree->setHeaderHidden(true);
+    auto *item = new QTreeWidgetItem(tree);
+    tree->setEnabled(false);
+    show(window, tree);
+    const auto darkest = [tree, item](Qt::CheckState state) {
+        item->setCheckState(0, state);
+        const QImage row = tree->viewport()->grab(tree->visualItemRect(item)).toImage();
+        int grey = 255;
+        for (int x = 4; x < row.width(); ++x)
+            grey = qMin(grey, qGray(row.pixel(x, row.height() / 2)));
+        return grey;
+    };
+    QVERIFY(darkest(Qt::PartiallyChecked) < darkest(Qt::Unchecked));
 }
 
 void StockStyleTest::aSubclassIsLeftAlone()
