@@ -112,6 +112,7 @@ VemoContentSheet *newForm(QWidget *window)
     const auto add = [rows](const QString &caption, QWidget *field) {
         auto *label = new VemoLabel(caption);
         label->setBuddy(field);
+        label->setMinimumHeight(field->sizeHint().height()); // QFormLayout would place it higher.
         rows->addRow(label, field);
     };
     auto *name = new VemoLineEdit;
