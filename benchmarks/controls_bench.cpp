@@ -15,6 +15,7 @@
 #include <vemo/vemolineedit.h>
 #include <vemo/vemomenu.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemoswitch.h>
 
 #include <QAbstractItemView>
 #include <QHBoxLayout>
@@ -73,6 +74,13 @@ QWidget *stockLineEdit()
     layout->addWidget(styled(new QLineEdit, getStyleSheet("component.lineedit")));
     layout->addWidget(styled(new QLabel, getStyleSheet("component.lineedit_label")));
     return edit;
+}
+
+QWidget *stockSwitch()
+{
+    QString sheet = getStyleSheet("component.switch");
+    return styled(new QCheckBox(caption()),
+        sheet.replace(QLatin1String("VemoSwitch"), QLatin1String("QCheckBox")));
 }
 
 QWidget *stockComboBox()
@@ -236,6 +244,9 @@ void bench::controlsCases(Cases &cases)
                 return styled(new QRadioButton(caption()), getStyleSheet("component.radio_button"));
             },
             [] { return new VemoRadioButton(caption()); }));
+    cases.add(QStringLiteral("controls.switch"),
+        against(QStringLiteral("QCheckBox, same sheet each"), stockSwitch,
+            [] { return new VemoSwitch(caption()); }));
     cases.add(QStringLiteral("controls.combo box"),
         against(
             QStringLiteral("QComboBox, same sheet and delegate each"), stockComboBox, ourComboBox));

@@ -17,6 +17,7 @@
 #include <vemo/vemolineedit.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemoswitch.h>
 #include <vemo/vemotableview.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotimecombobox.h>
@@ -60,6 +61,11 @@ const FormWidgetInfo kButtons[] = {
         kBySizeHint,
         R"(<property name="text"><string>Radio button</string></property>)", "",
         make<VemoRadioButton>},
+    {"VemoSwitch", "QAbstractButton", "Switch",
+        "A switch that is on or off, for settings that take effect at once.",
+        kBySizeHint,
+        R"(<property name="text"><string>Switch</string></property>)", "",
+        make<VemoSwitch>},
 };
 
 const FormWidgetInfo kLabels[] = {

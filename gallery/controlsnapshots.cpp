@@ -50,6 +50,18 @@ void RadioButtonSnapshot::paintEvent(QPaintEvent *)
     painter.drawControl(QStyle::CE_RadioButton, option);
 }
 
+SwitchSnapshot::SwitchSnapshot(bool isOn, QStyle::State state) : m_state(state)
+{
+    freeze(this);
+    setChecked(isOn);
+}
+
+void SwitchSnapshot::initStyleOption(QStyleOptionButton *option) const
+{
+    VemoSwitch::initStyleOption(option);
+    option->state |= m_state;
+}
+
 ComboBoxSnapshot::ComboBoxSnapshot(const QString &text, QStyle::State state) : m_state(state)
 {
     freeze(this);

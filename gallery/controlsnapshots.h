@@ -5,6 +5,7 @@
 #include <vemo/vemocombobox.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemoswitch.h>
 
 #include <QStyle>
 
@@ -32,6 +33,20 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    QStyle::State m_state;
+};
+
+class SwitchSnapshot : public VemoSwitch
+{
+    Q_OBJECT
+
+public:
+    SwitchSnapshot(bool isOn, QStyle::State state);
+
+protected:
+    void initStyleOption(QStyleOptionButton *option) const override;
 
 private:
     QStyle::State m_state;

@@ -19,7 +19,9 @@ const std::vector<PageEntry> &pages()
         {"Fields", "VemoLineEdit text input error validator caption unit password",
             buildFieldsPage},
         {"Choices",
-            "VemoCheckBox VemoRadioButton VemoComboBox VemoMenu check radio combo menu shortcut",
+            "VemoCheckBox VemoRadioButton VemoSwitch VemoComboBox VemoMenu check radio toggle "
+            "combo "
+            "menu shortcut",
             buildChoicesPage},
         {"Foot bar", "VemoFootbar MouseButtonFilter MouseReleaseFilter footer buttons mouse",
             buildFootBarPage},

@@ -88,6 +88,37 @@ void addRadioButtons(Page &page)
     page.addCode("auto *daily = new VemoRadioButton(tr(\"Daily\"), page);");
 }
 
+VemoSwitch *newSwitch(bool isOn)
+{
+    auto *button = new VemoSwitch(kText);
+    button->setChecked(isOn);
+    return button;
+}
+
+QList<QWidget *> switchStates(const QString &name, bool isOn)
+{
+    const auto shot = [&](QStyle::State state) {
+        auto *button = new SwitchSnapshot(isOn, state);
+        button->setText(kText);
+        return button;
+    };
+    return {note(name), newSwitch(isOn), shot(QStyle::State_None), shot(QStyle::State_MouseOver),
+        shot(QStyle::State_MouseOver | QStyle::State_Sunken), shot(QStyle::State_HasFocus),
+        disabled(newSwitch(isOn))};
+}
+
+void addSwitches(Page &page)
+{
+    page.addSection("Switches", "For settings that take effect at once.");
+    page.addTable(states(), {switchStates("Off", false), switchStates("On", true)});
+    auto *hidden = new VemoSwitch(demo("show_hidden"));
+    hidden->setChecked(true);
+    page.addRow({hidden, new VemoSwitch("Diesen Ordner freigeben"), new VemoSwitch("共享此文件夹"),
+        disabled(new VemoSwitch(demo("not_available"))),
+        captioned(named(new VemoSwitch, "Without a text"), "Without a text")});
+    page.addCode("auto *share = new VemoSwitch(tr(\"Share this folder\"), page);");
+}
+
 QStringList periods()
 {
     return {demo("minutes"), demo("hours"), demo("days"), demo("weeks"), demo("months"),
@@ -187,9 +218,10 @@ menu->setStyleSheet(getStyleSheet("component.menu"));)");
 
 void buildChoicesPage(Page &page)
 {
-    page.addSummary("Check boxes, radio buttons, combo boxes and menus.");
+    page.addSummary("Check boxes, radio buttons, switches, combo boxes and menus.");
     addCheckBoxes(page);
     addRadioButtons(page);
+    addSwitches(page);
     addComboBoxes(page);
     addMenus(page);
 }

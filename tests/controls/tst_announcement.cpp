@@ -11,6 +11,7 @@
 #include <vemo/vemolabel.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemoswitch.h>
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -87,6 +88,7 @@ void AnnouncementTest::roleAndTextAreAnnounced_data()
     row("button", newButton, QAccessible::PushButton);
     row("check box", newControl<VemoCheckBox>, QAccessible::CheckBox);
     row("radio button", newControl<VemoRadioButton>, QAccessible::RadioButton);
+    row("switch", newControl<VemoSwitch>, QAccessible::CheckBox);
     row("label", newControl<VemoLabel>, QAccessible::StaticText);
     row("clickable label", newControl<ClickableLabel>, QAccessible::StaticText);
     row("link label", newControl<LinkLabel>, QAccessible::Link);
@@ -307,6 +309,7 @@ void AnnouncementTest::toolTipIsDescribedWithoutMarkUp_data()
     });
     QTest::newRow("check box") << Make(newControl<VemoCheckBox>);
     QTest::newRow("radio button") << Make(newControl<VemoRadioButton>);
+    QTest::newRow("switch") << Make(newControl<VemoSwitch>);
     QTest::newRow("label") << Make(newControl<VemoLabel>);
     QTest::newRow("clickable label") << Make(newControl<ClickableLabel>);
     QTest::newRow("link label") << Make(newControl<LinkLabel>);

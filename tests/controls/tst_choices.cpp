@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Check box and radio button, which differ in their style section and in what a click does.
+// Check box, radio button and switch, which differ in their style section and in what a click does.
 #include <vemo/vemocheckbox.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemoswitch.h>
 
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -54,6 +55,7 @@ private Q_SLOTS:
     void radioButtonsTakeTurnsByMouseAndKeyboard();
     void everyStateOfACheckBoxLooksDifferent();
     void everyStateOfARadioButtonLooksDifferent();
+    void everyStateOfASwitchLooksDifferent();
 
 private:
     static void kinds();
@@ -84,6 +86,7 @@ void ChoicesTest::kinds()
     QTest::addColumn<QString>("section");
     addKind<VemoCheckBox>("component.checkbox");
     addKind<VemoRadioButton>("component.radio_button");
+    addKind<VemoSwitch>("component.switch");
 }
 
 void ChoicesTest::startsUncheckedWithoutTextAndParent()
@@ -155,6 +158,13 @@ void ChoicesTest::everyStateOfARadioButtonLooksDifferent()
 {
     VemoRadioButton button("Daily");
     button.setAutoExclusive(false);
+    QCOMPARE(
+        looksOf(button, {[&] { button.setChecked(false); }, [&] { button.setChecked(true); }}), 6);
+}
+
+void ChoicesTest::everyStateOfASwitchLooksDifferent()
+{
+    VemoSwitch button("Share");
     QCOMPARE(
         looksOf(button, {[&] { button.setChecked(false); }, [&] { button.setChecked(true); }}), 6);
 }

@@ -8,6 +8,7 @@
 #include <vemo/vemolabel.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemoswitch.h>
 
 #include <QLineEdit>
 
@@ -51,6 +52,7 @@ void UnstyledControlsTest::warnOnceForEachMissingSectionAndStayPlain_data()
         {missing("checkbox")});
     row("radio button", [] { return static_cast<QWidget *>(new VemoRadioButton); },
         {missing("radio_button")});
+    row("switch", [] { return static_cast<QWidget *>(new VemoSwitch); }, {missing("switch")});
     row("line edit", [] { return static_cast<QWidget *>(new VemoLineEdit); },
         {missing("lineedit_label"), missing("lineedit"), missing("lineedit_label")});
     // The empty section also lacks the placeholders for the padding and the border.

@@ -145,6 +145,8 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoIconButton.allIcon", "bt_edit");
     row("VemoCheckBox.checked", true);
     row("VemoRadioButton.checked", true);
+    row("VemoSwitch.text", "Share &this folder");
+    row("VemoSwitch.checked", true);
     row("VemoLabel.text", QString::fromUtf8("\xe4\xbf\x9d\xe7\x95\x99 <b>30</b>"));
     row("ClickableLabel.text", "Details");
     row("LinkLabel.hyperLink", "https://example.com/?a=1&b=2");

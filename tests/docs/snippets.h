@@ -37,6 +37,7 @@ public:
     void deleteIt() { }
     void makeFolder(const QString &) { }
 
+    void setShared(bool) { }
     void save() { }
     void renameFile() { }
     void fillTable() { }

@@ -40,6 +40,7 @@
 #include <vemo/VemoProgressSheet>
 #include <vemo/VemoRadioButton>
 #include <vemo/VemoSheet>
+#include <vemo/VemoSwitch>
 #include <vemo/VemoTableWidget>
 #include <vemo/VemoTimeComboBox>
 #include <vemo/VemoTreeWidget>
@@ -131,6 +132,8 @@ void HabitsTest::addParents()
     HABIT_MADE(VemoCheckBox(page));
     HABIT_MADE(VemoRadioButton(text, page));
     HABIT_MADE(VemoRadioButton(page));
+    HABIT_MADE(VemoSwitch(text, page));
+    HABIT_MADE(VemoSwitch(page));
     HABIT_MADE(VemoComboBox(page));
     HABIT_MADE(VemoLineEdit(page));
     HABIT_MADE(VemoMenu(text, page));
@@ -173,6 +176,7 @@ void HabitsTest::addDefaultParents()
     HABIT_HELD(LinkLabel);
     HABIT_HELD(VemoCheckBox);
     HABIT_HELD(VemoRadioButton);
+    HABIT_HELD(VemoSwitch);
     HABIT_HELD(VemoComboBox);
     HABIT_HELD(VemoLineEdit);
     HABIT_HELD(VemoMenu);

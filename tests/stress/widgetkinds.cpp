@@ -28,6 +28,7 @@
 #include <vemo/vemopagingmodel.h>
 #include <vemo/vemoradiobutton.h>
 #include <vemo/vemosheet.h>
+#include <vemo/vemoswitch.h>
 #include <vemo/vemotableview.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotimecombobox.h>
@@ -256,6 +257,7 @@ std::vector<WidgetKind> buttonsAndLabels()
         {"VemoLineEdit", makeField, makeText<QLineEdit>},
         {"VemoCheckBox", makeText<VemoCheckBox>, makeText<QCheckBox>},
         {"VemoRadioButton", makeText<VemoRadioButton>, makeText<QRadioButton>},
+        {"VemoSwitch", makeText<VemoSwitch>, makeText<QCheckBox>},
         {"VemoComboBox", makeBox<VemoComboBox>, makeBox<QComboBox>},
         {"VemoMenu", makeMenu<VemoMenu>, makeMenu<QMenu>},
         {"VemoFootbar", makeRow<VemoFootbar>, makeRow<QWidget>},

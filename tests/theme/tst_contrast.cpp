@@ -452,7 +452,7 @@ void ContrastTest::picturesAreVisibleOnTheirGround_data()
             if (name.startsWith("bg_") || state == "disable")
                 continue;
             QStringList grounds {"surface", "canvas", "selection"};
-            if (name.startsWith("check") || name == "radio_dot")
+            if (name.startsWith("check") || name == "radio_dot" || name == "switch_on")
                 grounds = marked;
             else if (state == "hover")
                 grounds = QStringList {"hover"};

@@ -7,6 +7,7 @@
 #include <vemo/vemocombobox.h>
 #include <vemo/vemomenu.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemoswitch.h>
 
 #include <QAbstractItemView>
 #include <QScrollBar>
@@ -25,6 +26,13 @@ VemoCheckBox *newCheckBox(Qt::CheckState state)
 VemoRadioButton *newRadioButton(bool isOn)
 {
     auto *button = new VemoRadioButton("ab");
+    button->setChecked(isOn);
+    return button;
+}
+
+VemoSwitch *newSwitch(bool isOn)
+{
+    auto *button = new VemoSwitch("ab");
     button->setChecked(isOn);
     return button;
 }
@@ -117,6 +125,8 @@ Looks ChoicePictures::looks() const
     addStates(looks, "partial", [] { return newCheckBox(Qt::PartiallyChecked); });
     addStates(looks, "radio-off", [] { return newRadioButton(false); });
     addStates(looks, "radio-on", [] { return newRadioButton(true); });
+    addStates(looks, "switch-off", [] { return newSwitch(false); });
+    addStates(looks, "switch-on", [] { return newSwitch(true); });
     addStates(looks, "combo", newComboBox, boxStates, {72, 0});
     // Without the focus it looks like one that is not editable.
     addStates(looks, "combo-editable", newEditableComboBox, {State::Focus}, {72, 0});
