@@ -8,6 +8,7 @@
 
 #include <vemo/defaulttheme.h>
 #include <vemo/dpiinfo.h>
+#include <vemo/vemocheckbox.h>
 
 #include <QAccessible>
 #include <QLabel>
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void rowHasRoomForItsText_data();
     void rowHasRoomForItsText();
     void rowIsAsHighAsACheckBox();
+    void rowHasRoomForItsIcon();
     void otherThemeIsShownAtOnce();
     void nameIsItsTextWithoutMnemonic_data();
     void nameIsItsTextWithoutMnemonic();
@@ -238,14 +240,18 @@ void VemoSwitchTest::rowHasRoomForItsText()
 
 void VemoSwitchTest::rowIsAsHighAsACheckBox()
 {
-    VemoSwitch bare;
-    const int height = DPIinfo::scaled(16) + 2 * DPIinfo::scaled(1);
-    QCOMPARE(bare.sizeHint().height(), height + 2 * (DPIinfo::scaled(1) + DPIinfo::scaled(2)));
-    bare.setText(kText);
-    const int before = bare.sizeHint().width();
-    bare.setIcon(QPixmap(16, 16));
-    bare.setIconSize({16, 16});
-    QCOMPARE(bare.sizeHint().width(), before + 20);
+    QCOMPARE(VemoSwitch().sizeHint().height(), VemoCheckBox().sizeHint().height());
+    QCOMPARE(VemoSwitch(kText).sizeHint().height(), VemoCheckBox(kText).sizeHint().height());
+}
+
+void VemoSwitchTest::rowHasRoomForItsIcon()
+{
+    VemoSwitch button(kText);
+    const QSize before = button.sizeHint();
+    button.setIconSize({48, 48});
+    button.setIcon(QPixmap(48, 48));
+    QVERIFY(button.sizeHint().width() >= before.width() + 48);
+    QVERIFY(button.sizeHint().height() >= 48);
 }
 
 void VemoSwitchTest::otherThemeIsShownAtOnce()
