@@ -2,6 +2,7 @@
 #include <vemo/browserwindow.h>
 
 #include "core/scaling_p.h"
+#include "help/findbar_p.h"
 #include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
 #include "help/webcontent_p.h"
@@ -30,12 +31,17 @@ QSize firstSize()
     return QSize(scaled(kWidth), scaled(kHeight)).boundedTo(most);
 }
 
-void addShortcut(QWidget *window, const QKeySequence &keys, QObject *receiver, const char *slot)
+QAction *newShortcut(QWidget *window, const QKeySequence &keys)
 {
     auto *action = new QAction(window);
     action->setShortcut(keys);
     window->addAction(action);
-    QObject::connect(action, SIGNAL(triggered()), receiver, slot);
+    return action;
+}
+
+void addShortcut(QWidget *window, const QKeySequence &keys, QObject *receiver, const char *slot)
+{
+    QObject::connect(newShortcut(window, keys), SIGNAL(triggered()), receiver, slot);
 }
 
 } // namespace
@@ -99,6 +105,38 @@ void BrowserWindow::reload()
     m_timer->stop();
     m_timer->setInterval(0);
     query();
+}
+
+void BrowserWindow::setFindEnabled(bool enabled)
+{
+    if (enabled == isFindEnabled())
+        return;
+    delete m_find_bar;
+    m_find_bar = enabled ? new FindBar(m_text_browser) : nullptr;
+    if (m_find_bar)
+        layout()->addWidget(m_find_bar);
+}
+
+bool BrowserWindow::isFindEnabled() const
+{
+    return m_find_bar;
+}
+
+void BrowserWindow::setPrintingEnabled(bool enabled)
+{
+    if (enabled == isPrintingEnabled())
+        return;
+    delete m_print;
+    m_print = enabled ? newShortcut(this, Qt::CTRL | Qt::Key_P) : nullptr;
+    if (m_print) {
+        connect(m_print, &QAction::triggered, this,
+            [this] { Q_EMIT printRequested(m_text_browser->document()); });
+    }
+}
+
+bool BrowserWindow::isPrintingEnabled() const
+{
+    return m_print;
 }
 
 void BrowserWindow::query()

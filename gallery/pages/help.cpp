@@ -9,12 +9,15 @@
 #include <vemo/uipathmanager.h>
 #include <vemo/vemobutton.h>
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
+#include <QKeySequence>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTextBrowser>
 
 #include <memory>
@@ -183,6 +186,42 @@ window->reload(url);
 window->show();)");
 }
 
+void trigger(const QWidget &window, const QKeySequence &key)
+{
+    const auto actions = window.actions();
+    for (QAction *action : actions) {
+        if (action->shortcut() == key)
+            action->trigger();
+    }
+}
+
+void addFinding(Page &page, const QString &helpPath)
+{
+    const HelpContext context = contextOf(kPages[0], helpPath);
+    page.addSection("Finding in a page",
+        "Ctrl+F opens a bar, F3 and Return find the next match, Escape closes it. The host turns "
+        "it on.");
+    auto *button = new VemoButton("Open the help", VemoButton::DEFAULT);
+    QObject::connect(button, &QPushButton::clicked, button, [button, context] {
+        auto *window = new HelpWindow(context, button->window());
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->setFindEnabled(true);
+        window->show();
+    });
+    page.addRow({button});
+    page.addRow({picture([] {
+        HelpWindow window(contextOf(kPages[0], installedHelp()), nullptr);
+        window.setFindEnabled(true);
+        pictureOf(window, 0); // Waits for the page.
+        window.findChild<QLineEdit *>()->setText("backup");
+        trigger(window, QKeySequence("Ctrl+F"));
+        return window.grab();
+    })});
+    page.addCode(R"(auto *help = new HelpWindow(context, this);
+help->setFindEnabled(true);
+help->show();)");
+}
+
 } // namespace
 
 void buildHelpPage(Page &page)
@@ -195,4 +234,5 @@ void buildHelpPage(Page &page)
     const QString helpPath = installedHelp();
     addLocalHelp(page, helpPath);
     addFetchedPage(page, helpPath);
+    addFinding(page, helpPath);
 }

@@ -6,9 +6,12 @@
 #include <QDialog>
 #include <QUrl>
 
+class FindBar;
 class HtmlTextBrowser;
+class QAction;
 class QNetworkAccessManager;
 class QNetworkReply;
+class QTextDocument;
 class QTimer;
 
 /// An application-modal window that fetches a web page and shows it with its pictures.
@@ -30,7 +33,7 @@ class QTimer;
 ///
 /// Ctrl with the wheel, plus, minus and 0 zooms; F7 shows a text cursor for the arrow keys, which
 /// select with Shift; Escape closes the window. The title is that of the page unless the host sets
-/// one.
+/// one. setFindEnabled() and setPrintingEnabled() offer more.
 ///
 ///     auto *window = new BrowserWindow(this);
 ///     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -57,10 +60,28 @@ public:
     /// fails.
     void reload();
 
+    /// Sets whether the user can find a text in the page, initially false. Ctrl+F opens a bar below
+    /// the page; F3 and Return find the next match, the same with Shift the previous one, and go on
+    /// at the other end of the page. Escape closes the bar before it closes the window. Looks up
+    /// the sections "component.lineedit", "component.label" and "component.icon_button", the
+    /// pictures "arrow_up", "arrow_down" and "bt_close", and the strings "find_in_page",
+    /// "find_next", "find_previous", "find_position", "find_nothing" and "accessible_close".
+    void setFindEnabled(bool enabled);
+    bool isFindEnabled() const; ///< whether the user can find a text in the page
+
+    /// Sets whether Ctrl+P emits printRequested(), initially false.
+    void setPrintingEnabled(bool enabled);
+    bool isPrintingEnabled() const; ///< whether Ctrl+P emits printRequested()
+
 Q_SIGNALS:
     /// Aborts all running fetches of pages, which then fail. The window emits it after TIMEOUT; a
     /// host may emit it earlier.
     void sigAbortRequest();
+
+    /// Emitted if the user wants to print the page and setPrintingEnabled() was called. The library
+    /// does not link Qt's print support; a host that does shows its print dialog and calls
+    /// document->print(&printer). The document belongs to the window and must not be changed.
+    void printRequested(QTextDocument *document);
 
 private Q_SLOTS:
     void slotReceiveReply(QNetworkReply *reply);
@@ -86,4 +107,6 @@ private:
     HtmlTextBrowser *m_text_browser = nullptr;
     QString m_page_title;
     int m_replies_in_hand = 0;
+    FindBar *m_find_bar = nullptr; ///< if the user can find a text
+    QAction *m_print = nullptr; ///< if the user can print
 };

@@ -46,6 +46,7 @@ public:
     void setUnit(int) { }
     void openFolder(const QString &) { }
     void filterList(const QString &) { }
+    void printPage(QTextDocument *) { }
     void filterFrom(const QDate &) { }
     void filterByDates(const QDate &, const QDate &) { }
     void selectDate(const QDate &) { }
