@@ -14,12 +14,10 @@ inline QSize grownToFont(const QSize &hint, int textHeight, const QWidget &widge
     return {hint.width(), hint.height() + qMax(0, widget.fontMetrics().height() - textHeight)};
 }
 
-/// The font of widget, smaller if a line of it is higher than height. For controls of a fixed
-/// height.
-inline QFont fontForHeight(const QWidget &widget, int height)
+/// font, smaller if a line of it is higher than height. For controls of a fixed height.
+inline QFont fontForHeight(QFont font, int height)
 {
-    QFont font = widget.font();
-    const int line = widget.fontMetrics().height();
+    const int line = QFontMetrics(font).height();
     if (line > height)
         font.setPixelSize(qMax(1, QFontInfo(font).pixelSize() * height / line));
     return font;

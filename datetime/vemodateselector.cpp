@@ -244,7 +244,7 @@ void VemoDateSelector::paintEvent(QPaintEvent *event)
         return;
     }
     QStylePainter painter(this);
-    painter.setFont(fontForHeight(*this, room));
+    painter.setFont(fontForHeight(font(), room));
     painter.setPen(palette().color(QPalette::Text));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);

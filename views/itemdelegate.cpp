@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/itemdelegate.h>
 
+#include "controls/growntofont_p.h"
 #include "core/scaling_p.h"
 #include "views/itemdelegate_p.h"
 
@@ -80,4 +81,12 @@ void ItemDelegate::drawFocus(
         frame.setRight(qMin(frame.right(), highlightEnd));
     }
     QItemDelegate::drawFocus(painter, option, frame);
+}
+
+void ItemDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &option,
+    const QRect &rect, const QString &text) const
+{
+    QStyleOptionViewItem fitting = option;
+    fitting.font = fontForHeight(option.font, option.rect.height());
+    QItemDelegate::drawDisplay(painter, fitting, rect, text);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "views/pathbuttons_p.h"
 
+#include "controls/growntofont_p.h"
 #include "core/scaling_p.h"
 
 #include <vemo/tooltiptext.h>
@@ -111,7 +112,10 @@ void PathName::paintEvent(QPaintEvent * /*event*/)
             return;
         option.text = captionOf(rest);
     }
-    QStylePainter(this).drawControl(QStyle::CE_PushButton, option);
+    const QRect area = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+    QStylePainter painter(this);
+    painter.setFont(fontForHeight(font(), area.height()));
+    painter.drawControl(QStyle::CE_PushButton, option);
 }
 
 PathArrow::PathArrow(

@@ -167,7 +167,7 @@ protected:
         QStyleOptionButton option;
         initStyleOption(&option);
         QStylePainter painter(this);
-        painter.setFont(fontForHeight(*this, height()));
+        painter.setFont(fontForHeight(font(), height()));
         painter.drawControl(QStyle::CE_PushButton, option);
     }
 

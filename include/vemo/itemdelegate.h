@@ -42,4 +42,8 @@ protected:
     /// In a VemoTreeWidget the focus frame ends where the row's highlight ends.
     void drawFocus(
         QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const override;
+
+    /// A text in a font that is too large for the row gets smaller.
+    void drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
+        const QString &text) const override;
 };
