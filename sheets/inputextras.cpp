@@ -78,8 +78,8 @@ void VemoInputSheetPrivate::setMultiLine(bool on)
         textEdit->stackUnder(buttonBox);
         QWidget::setTabOrder(lineEdit, textEdit);
         alignText(textEdit);
-        connect(textEdit, &QPlainTextEdit::textChanged, this, [this] {
-            alignText(textEdit);
+        connect(textEdit, &QPlainTextEdit::textChanged, this, [this, edit = textEdit] {
+            alignText(edit);
             contentChanged();
         });
     } else {

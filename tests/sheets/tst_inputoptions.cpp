@@ -69,6 +69,7 @@ private Q_SLOTS:
     void startsWithoutAnyOption();
     void severalLinesBeginWhereTheirLanguageDoes_data();
     void severalLinesBeginWhereTheirLanguageDoes();
+    void aDiscardedTextFieldMayStillChange();
     void okIsDisabledWhileTheTextIsInvalid_data();
     void okIsDisabledWhileTheTextIsInvalid();
     void withoutACheckOkBelongsToTheHost();
@@ -124,6 +125,16 @@ void InputOptionsTest::severalLinesBeginWhereTheirLanguageDoes()
     const int start = edit->cursorRect(QTextCursor(edit->document())).center().x();
     QTEST(start > edit->viewport()->width() / 2, "isFromRight");
     QCOMPARE(scene.sheet->getContent(), text);
+}
+
+void InputOptionsTest::aDiscardedTextFieldMayStillChange()
+{
+    const Scene scene;
+    scene.sheet->setMultiLine(true);
+    QPlainTextEdit *edit = scene.sheet->getTextEdit();
+    scene.sheet->setMultiLine(false);
+    edit->setPlainText("ab"); // It is deleted later.
+    QCOMPARE(scene.sheet->getContent(), QString());
 }
 
 void InputOptionsTest::okIsDisabledWhileTheTextIsInvalid_data()
