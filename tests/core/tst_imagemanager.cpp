@@ -43,6 +43,19 @@ QColor middleOf(const QPixmap &picture)
     return picture.toImage().pixelColor(picture.width() / 2, picture.height() / 2);
 }
 
+/// Preloads the pictures of a catalogue in a child process, which has not loaded any before.
+int preload(const QString &resourcePath)
+{
+    TestHost::registerFolders(resourcePath, resourcePath + "/user data");
+    ImageManager::getInstance().initialize(ImageManager::PRELOAD);
+    return middleOf(getGlobalImage("folder")) == QColor(Qt::red) ? 0 : 1;
+}
+
+int runScenario(const QString &scenario)
+{
+    return QDir::isAbsolutePath(scenario) ? preload(scenario) : askUninitialised(scenario);
+}
+
 } // namespace
 
 class ImageManagerTest : public VemoTest
@@ -75,6 +88,7 @@ private Q_SLOTS:
     void aPictureTooSmallToShowIsNullInSilence();
     void anotherFormatUnderThatNameLoads_data();
     void anotherFormatUnderThatNameLoads();
+    void loadsNoPluginsForPng();
     void preloadedPicturesNeedNoFilesLater();
     void lazyPicturesAreReadWhenTheyAreFirstAskedFor();
     void lazyPicturesNeedNoFilesAfterThat();
@@ -341,6 +355,17 @@ void ImageManagerTest::anotherFormatUnderThatNameLoads()
     QVERIFY2(colour.red() > 250 && colour.green() < 5, qPrintable(colour.name()));
 }
 
+void ImageManagerTest::loadsNoPluginsForPng()
+{
+    m_host->addPicture("folder", {64, 64}, Qt::red);
+    m_host->writeCatalogue({"folder"});
+    const ChildResult child = runChild(m_host->resourcePath(), {"QT_DEBUG_PLUGINS=1"});
+    QCOMPARE(child.exitCode, 0);
+    const QStringList loaded = child.errorOutput.split('\n').filter("loaded library");
+    QVERIFY(!loaded.filter("platforms").isEmpty());
+    QCOMPARE(loaded.filter("imageformats"), QStringList());
+}
+
 void ImageManagerTest::preloadedPicturesNeedNoFilesLater()
 {
     m_host->addPicture("folder", {64, 64}, Qt::red);
@@ -486,5 +511,5 @@ void ImageManagerTest::aCopyAnswersOnItsOwn()
     QCOMPARE(middleOf(getGlobalImage("folder")), QColor(Qt::red));
 }
 
-VEMO_TEST_MAIN_WITH_CHILD(ImageManagerTest, askUninitialised)
+VEMO_TEST_MAIN_WITH_CHILD(ImageManagerTest, runScenario)
 #include "tst_imagemanager.moc"
