@@ -451,10 +451,7 @@ bench::Cases::Setup pathRefresh(int depth)
         ours->resize(900, ours->height());
         ours->show();
         process();
-        if (depth == 5)
-            c.goal(1.1, 0.95);
-        else
-            c.goal(0.9, 0.75);
+        c.goal(depth == 5 ? 0.85 : 0.75, 0.5);
         c.reference(
             QStringLiteral("button row, sheet each"), [=] { return stock->refresh(parts); });
         c.limit(QStringLiteral("no sheet"), [=] { return bare->refresh(parts); });

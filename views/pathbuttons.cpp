@@ -28,13 +28,24 @@ QString partOf(QString caption)
 
 } // namespace
 
-/// A button that is created with its final parent and not yet visible evaluates its style sheet
-/// only once.
+/// QPushButton's constructor and setFlat() ask the style for sizes, which takes long with a style
+/// sheet, so the button gets its parent and its sheet after that. With its final parent and not yet
+/// visible, it evaluates its sheet only once.
 PathButton::PathButton(QWidget *viewport, const QWidget *cover, const QString &style)
-    : QPushButton(viewport), m_cover(cover)
+    : m_cover(cover)
 {
     setFlat(true);
+    setParent(viewport);
+    m_is_set_up = true;
     setStyleSheet(style);
+}
+
+bool PathButton::event(QEvent *event)
+{
+    // setParent() reports the parent's style, which is not yet the button's own: QPushButton would
+    // evaluate it, and again when it is polished.
+    const bool isPremature = !m_is_set_up && event->type() == QEvent::StyleChange;
+    return isPremature || QPushButton::event(event);
 }
 
 QRect PathButton::shownRect() const

@@ -16,8 +16,11 @@ protected:
     /// The part that is neither beyond the start of the row nor covered.
     QRect shownRect() const;
 
+    bool event(QEvent *event) override;
+
 private:
     const QWidget *m_cover;
+    bool m_is_set_up = false;
 };
 
 /// A part of the path. If its start is cut off, it shows the rest after three dots.

@@ -127,9 +127,7 @@ void VemoButtonPath::refresh(QString path) // NOLINT: by value, as the slot of i
     m_drop_column = -1;
     if (m_sibling_menu)
         m_sibling_menu->hide();
-    clearRow();
-    addParts(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
-    updateColumnSize();
+    rebuildRow(path.split(QLatin1Char('/'), Qt::SkipEmptyParts));
     // The button that had the focus has been deleted; otherwise no widget would have the focus.
     if (hadFocus && !m_buttons.isEmpty())
         m_buttons.last()->setFocus();
@@ -214,6 +212,8 @@ void VemoButtonPath::scrollContentsBy(int dx, int dy)
 
 void VemoButtonPath::updateGeometries()
 {
+    if (m_is_rebuilding)
+        return;
     const int value = horizontalScrollBar()->value();
     QTableWidget::updateGeometries();
     if (m_change_folder_button->isHidden())
@@ -275,6 +275,24 @@ void VemoButtonPath::clearRow()
         delete m_buttons.takeFirst();
     clear();
     setColumnCount(0);
+}
+
+/// Lays the row out once. QTableView would do it at each change of the columns, and again with
+/// timers, after which everything is painted a second time.
+void VemoButtonPath::rebuildRow(const QStringList &parts)
+{
+    const bool wasConnected = disconnect(horizontalHeader(),
+        SIGNAL(sectionResized(int,int,int)), this, SLOT(columnResized(int,int,int)));
+    m_is_rebuilding = true;
+    clearRow();
+    addParts(parts);
+    m_is_rebuilding = false;
+    updateColumnSize();
+    if (m_change_folder_button->isHidden())
+        doItemsLayout();
+    if (wasConnected)
+        connect(horizontalHeader(),
+            SIGNAL(sectionResized(int,int,int)), this, SLOT(columnResized(int,int,int)));
 }
 
 void VemoButtonPath::addButton(QPushButton *button)
@@ -364,7 +382,7 @@ void VemoButtonPath::setChangeFolderBtn(int width)
         left = right;
     }
     // Otherwise the scroll bar's range would be updated later.
-    updateGeometries();
+    doItemsLayout();
     horizontalScrollBar()->setValue(horizontalScrollBar()->maximum());
 }
 

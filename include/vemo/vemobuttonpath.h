@@ -136,6 +136,7 @@ private:
     int coveredWidth() const;
     int distanceFromStart(int column) const;
     QString pathUpTo(int column) const;
+    void rebuildRow(const QStringList &parts);
     void clearRow();
     void addButton(QPushButton *button);
     void addArrow(const QString &style, const QPixmap &picture);
@@ -160,6 +161,7 @@ private:
     QShortcut *m_edit_shortcut = nullptr; ///< null unless editable
     QStringList m_drop_types;
     int m_drop_column = -1; ///< of the name under a drag
+    bool m_is_rebuilding = false; ///< whether the row is incomplete
     bool m_are_tool_tips_enabled = false;
     bool m_are_sibling_menus_enabled = false;
     bool m_is_editable = false;

@@ -2,6 +2,7 @@
 #include <vemo/vemobuttonpath.h>
 
 #include "core/scaling_p.h"
+#include "support/eventcounter.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -105,6 +106,9 @@ private Q_SLOTS:
     void bringsAFocusedPartIntoView();
     void putsTheFolderButtonAtTheStart();
     void pointsArrowsToWhereTheRowGoesOn();
+    void paintsARefreshedRowOnce_data();
+    void paintsARefreshedRowOnce();
+    void movesThePartsAfterAColumnThatIsResized();
 
 private:
     RecordingStyle *m_style = nullptr; ///< the application's
@@ -265,6 +269,37 @@ void PathRowTest::pointsArrowsToWhereTheRowGoesOn()
     QCOMPARE(shown(path.button(1)), leftToRight);
     path.window.setLayoutDirection(Qt::RightToLeft);
     QCOMPARE(shown(path.button(1)), rightToLeft);
+}
+
+void PathRowTest::paintsARefreshedRowOnce_data()
+{
+    QTest::addColumn<int>("hiddenPixels");
+    QTest::newRow("it fits") << 0;
+    QTest::newRow("it is too wide") << 40;
+}
+
+void PathRowTest::paintsARefreshedRowOnce()
+{
+    if (QGuiApplication::platformName() != "offscreen")
+        QSKIP("A window system may request paints of its own");
+    QFETCH(int, hiddenPixels);
+    Path path;
+    path.refreshWithout(hiddenPixels);
+    path.bar.refresh(kPath);
+    const EventCounter paints(path.bar.viewport(), QEvent::Paint);
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(paints.count(), 1);
+}
+
+void PathRowTest::movesThePartsAfterAColumnThatIsResized()
+{
+    Path path;
+    const int left = path.place(1).left();
+    path.bar.setColumnWidth(0, path.bar.columnWidth(0) + 50);
+    QTRY_COMPARE(path.place(1).left(), left + 50);
 }
 
 VEMO_TEST_MAIN(PathRowTest)
