@@ -5,6 +5,7 @@
 #include "help/findbar_p.h"
 #include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
+#include "help/keptzoom_p.h"
 #include "help/webcontent_p.h"
 
 #include <vemo/stylemanager.h>
@@ -44,9 +45,25 @@ void addShortcut(QWidget *window, const QKeySequence &keys, QObject *receiver, c
     QObject::connect(newShortcut(window, keys), SIGNAL(triggered()), receiver, slot);
 }
 
+bool &zoomKept()
+{
+    static bool kept = false;
+    return kept;
+}
+
 } // namespace
 
 const int BrowserWindow::TIMEOUT;
+
+void BrowserWindow::setZoomKept(bool kept)
+{
+    zoomKept() = kept;
+}
+
+bool BrowserWindow::isZoomKept()
+{
+    return zoomKept();
+}
 
 BrowserWindow::BrowserWindow(QWidget *parent)
     : QDialog(parent), m_text_browser(new HtmlTextBrowser(this))
@@ -61,6 +78,8 @@ BrowserWindow::BrowserWindow(QWidget *parent)
     ensurePolished();
     setStyleSheet(getStyleSheet("component.scrollbar"));
     makeShortcuts();
+    if (zoomKept())
+        new KeptZoom(m_text_browser);
     resize(firstSize());
 }
 

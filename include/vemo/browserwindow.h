@@ -33,7 +33,8 @@ class QTimer;
 ///
 /// Ctrl with the wheel, plus, minus and 0 zooms; F7 shows a text cursor for the arrow keys, which
 /// select with Shift; Escape closes the window. The title is that of the page unless the host sets
-/// one. setFindEnabled() and setPrintingEnabled() offer more.
+/// one. setFindEnabled(), setPrintingEnabled() and setZoomKept() offer
+/// more.
 ///
 ///     auto *window = new BrowserWindow(this);
 ///     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -48,6 +49,11 @@ class VEMO_EXPORT BrowserWindow : public QDialog
 public:
     /// Time limit for fetching a page, in milliseconds.
     static const int TIMEOUT = 10000;
+
+    /// Sets whether windows created later begin with the zoom of the window that was zoomed last,
+    /// initially false. Their zoom is limited to half and three times the size of the font.
+    static void setZoomKept(bool kept);
+    static bool isZoomKept(); ///< whether windows created later begin with the last zoom
 
     /// Creates an empty window of 760 x 560 design pixels, or nine tenths of the primary screen if
     /// that is smaller. It belongs to parent; if that is null, the caller must delete it.
