@@ -82,6 +82,8 @@ struct Window : QWidget
         layout->addWidget(&frame);
         frame.setMinimumSize(200, 60);
         label->resize(100, 40);
+        // Offscreen, Qt 6 sends no leave event from a window that was shown under the pointer.
+        QCursor::setPos(700, 500);
         show();
     }
 

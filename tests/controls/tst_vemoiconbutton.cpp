@@ -7,8 +7,10 @@
 
 #include <vemo/stylemanager.h>
 
+#include <QGuiApplication>
 #include <QMenu>
 #include <QPointer>
+#include <QScreen>
 
 class VemoIconButtonTest : public VemoTest
 {
@@ -481,9 +483,9 @@ void VemoIconButtonTest::pressedPictureGoesWithTheMenu()
 
 void VemoIconButtonTest::pressedPictureStaysWithoutAMenuOfItsOwn()
 {
-    Button button;
     // When a pop-up closes, Qt 6 sends an enter event to the widget under the pointer.
-    QCursor::setPos(button.mapToGlobal(QPoint(300, 300)));
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+    Button button;
     QMenu menu;
     menu.addAction("Rename");
     connect(&button, &QToolButton::pressed, &menu, [&] {

@@ -554,7 +554,7 @@ QStringList faultsOf(const Case &one)
     int result = 0;
     QTimer::singleShot(0, &scene.timers, [&] {
         result = run(one, scene, outcome);
-        QCoreApplication::quit();
+        QCoreApplication::exit(); // With Qt 6, quit() would close the window first.
     });
     QCoreApplication::exec();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -35,7 +35,7 @@ struct Scene
         window.show();
         field->setFocus();
         // Not over the bar, where it would hold the messages.
-        QCursor::setPos(window.mapToGlobal({window.width() - 5, window.height() - 5}));
+        QCursor::setPos(window.mapToGlobal(QPoint(window.width() - 5, window.height() - 5)));
     }
     QLabel *label() const
     {
@@ -220,7 +220,7 @@ void VemoMessageBarTest::messageIsHeldByTheFocus()
     auto *other = new Bar(&scene.window);
     other->setGeometry(0, scene.window.height() - 40, 100, 20);
     QSignalSpy closed(other, &Bar::messagesClosed);
-    QCursor::setPos(scene.window.mapToGlobal({scene.window.width() - 5, 120}));
+    QCursor::setPos(scene.window.mapToGlobal(QPoint(scene.window.width() - 5, 120)));
     other->showMessage(Bar::Success, "other", 20);
     QTRY_COMPARE(closed.size(), 1);
     QVERIFY(scene.bar->hasMessage());

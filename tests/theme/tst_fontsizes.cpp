@@ -303,10 +303,11 @@ void FontSizesTest::noLetterIsCut()
     const QImage withText = pictureOf(control);
     specimen.setText(control, QString(" "));
     const QRect letters = differenceOf(withText, pictureOf(control));
-    // The soft edge of a letter may reach beyond the line that its font asks for.
+    // The soft edge of a letter may reach beyond the line that its font asks for, and Qt 6 places
+    // lines between two pixels.
     const qreal ratio = control->devicePixelRatioF();
     const int ink = inkOf(control->font(), ratio).height();
-    QVERIFY(letters.height() <= ink && letters.height() >= ink - ratio);
+    QVERIFY(letters.height() <= ink + 1 && letters.height() >= ink - ratio);
 }
 
 void FontSizesTest::aLargeFontOfTheControlMakesItHigher()

@@ -241,7 +241,7 @@ void PagingOptionsTest::jumpsToAPage()
     QTest::keyClicks(paging.field(), typed);
     QTest::keyClick(paging.field(), Qt::Key_Return);
     QTEST(paging.bar.page(), "page");
-    QTEST(paging.changes.size(), "changes");
+    QTEST(int(paging.changes.size()), "changes");
     if (!paging.changes.isEmpty())
         QCOMPARE(paging.field()->text(), QString());
 }

@@ -262,9 +262,9 @@ void PathOptionsTest::asksForSiblings()
     QCOMPARE(menu->y(), below.y());
     if (direction == Qt::LeftToRight)
         QCOMPARE(menu->x(), below.x());
-    else
-        QCOMPARE(menu->geometry().right(),
-            qMin(below.right(), path.window.screen()->availableGeometry().right()));
+    else if (below.right() <= path.window.screen()->availableGeometry().right())
+        QCOMPARE(menu->geometry().right(), below.right());
+    // Otherwise Qt moves the menu onto the screen, which it does differently in Qt 5 and 6.
     menu->actions().at(1)->trigger();
     QTEST(path.lastPath(), "picked");
     menu->hide();

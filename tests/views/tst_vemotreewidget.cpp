@@ -30,7 +30,6 @@ class Tree : public VemoTreeWidget
 public:
     using VemoTreeWidget::drawRow;
     using VemoTreeWidget::indexFromItem;
-    using VemoTreeWidget::viewOptions;
 
     Tree()
     {
@@ -49,6 +48,15 @@ public:
 
     void movePointerTo(const QPoint &point) const { QCursor::setPos(mapToGlobal(point)); }
     QRect rect(int row) const { return visualItemRect(topLevelItem(row)); }
+    /// The option for painting a row by hand.
+    QStyleOptionViewItem optionOf(int row) const
+    {
+        QStyleOptionViewItem option;
+        option.initFrom(this);
+        option.widget = this;
+        option.rect = rect(row);
+        return option;
+    }
     /// The background colour of a row.
     QColor ground(int row) { return pixelAt(viewport(), rect(row).center()); }
     /// The backgrounds with the pointer at a point of the tree, which a window manager may still
@@ -116,12 +124,12 @@ void VemoTreeWidgetTest::highlightsExactlyTheRowsThatAreSelectedAsAWhole()
     }
     tree.expandAll();
     tree.resize(300, 500);
+    const int height = tree.visualItemRect(tree.topLevelItem(2)->child(2)).bottom();
     const QItemSelectionModel *selection = tree.selectionModel();
     QRandomGenerator random(7);
     int selected = 0;
     for (int round = 0; round < 60; ++round) {
-        const QModelIndex index =
-            tree.indexAt({int(random.bounded(250)), int(random.bounded(300))});
+        const QModelIndex index = tree.indexAt({random.bounded(250), random.bounded(height)});
         if (index.isValid())
             tree.selectionModel()->select(index, QItemSelectionModel::Toggle);
         for (QTreeWidgetItemIterator item(&tree); *item; ++item) {
@@ -243,8 +251,7 @@ void VemoTreeWidgetTest::drawsARowOutsideAPaint()
     tree.movePointerTo(tree.rect(1).center());
     QImage picture(tree.size(), QImage::Format_RGB32);
     picture.fill(kGround);
-    QStyleOptionViewItem option = tree.viewOptions();
-    option.rect = tree.rect(1);
+    QStyleOptionViewItem option = tree.optionOf(1);
     QPainter painter(&picture);
     tree.drawRow(&painter, option, tree.indexFromItem(tree.topLevelItem(1)));
     QCOMPARE(picture.pixelColor(tree.rect(1).center()), kHovered);
@@ -259,8 +266,7 @@ void VemoTreeWidgetTest::drawsNothingForAnInvalidIndex()
     Tree tree;
     QImage picture(tree.size(), QImage::Format_RGB32);
     picture.fill(kGround);
-    QStyleOptionViewItem option = tree.viewOptions();
-    option.rect = tree.rect(1);
+    QStyleOptionViewItem option = tree.optionOf(1);
     tree.movePointerTo(tree.rect(1).center());
     QPainter painter(&picture);
     tree.drawRow(&painter, option, {});
@@ -294,8 +300,7 @@ void VemoTreeWidgetTest::restoresThePainter()
     Tree tree;
     tree.topLevelItem(1)->setSelected(true);
     QImage picture(tree.size(), QImage::Format_RGB32);
-    QStyleOptionViewItem option = tree.viewOptions();
-    option.rect = tree.rect(1);
+    QStyleOptionViewItem option = tree.optionOf(1);
     QPainter painter(&picture);
     painter.setPen(Qt::blue);
     tree.drawRow(&painter, option, tree.indexFromItem(tree.topLevelItem(1)));

@@ -3,19 +3,36 @@
 
 #include <QDataStream>
 #include <QFontDatabase>
+#include <QGuiApplication>
+#include <QIODevice>
+#include <QScreen>
 #include <QVector>
+
+#include <cmath>
 
 namespace {
 
 // In units of the font, 1000 to the em; the lines are as high as those of a usual sans serif.
-constexpr qint16 kAscent = 930;
-constexpr qint16 kDescent = -240;
+constexpr double kAscent = 930;
+constexpr double kDescent = 240;
 constexpr qint16 kAdvance = 600;
 constexpr qint16 kBoxLeft = 50;
 constexpr qint16 kBoxWidth = 500;
 constexpr qint16 kBoxHeight = 550;
 
 enum Glyph : quint16 { kMissing, kBox, kBlank, kGlyphs };
+
+constexpr int kPointSize = 9;
+
+/// Qt 5 rounds ascent and descent up to whole pixels, Qt 6 does not round them. There the font has
+/// the rounded ones, so that the stored pictures are those of both.
+qint16 asInQt5(double units)
+{
+    if (QT_VERSION < QT_VERSION_CHECK(6, 0, 0))
+        return qint16(units);
+    const double pixels = kPointSize * QGuiApplication::primaryScreen()->logicalDotsPerInchY() / 72;
+    return qint16(std::ceil(std::ceil(units / 1000 * pixels) / pixels * 1000));
+}
 
 template <typename... Values> QByteArray bytes(Values... values)
 {
@@ -40,14 +57,14 @@ QByteArray head()
 {
     return bytes(quint32(0x00010000), quint32(0x00010000), quint32(0), quint32(0x5F0F3CF5),
                quint16(3), quint16(1000), qint64(0), qint64(0))
-        + bytes(qint16(0), kDescent, kAdvance, kAscent, quint16(0), quint16(8), qint16(2),
-            qint16(1), qint16(0));
+        + bytes(qint16(0), qint16(-asInQt5(kDescent)), kAdvance, asInQt5(kAscent), quint16(0),
+            quint16(8), qint16(2), qint16(1), qint16(0));
 }
 
 QByteArray horizontalHeader()
 {
-    return bytes(quint32(0x00010000), kAscent, kDescent, qint16(0), kAdvance, kBoxLeft, kBoxLeft,
-               qint16(kBoxLeft + kBoxWidth), qint16(1))
+    return bytes(quint32(0x00010000), asInQt5(kAscent), qint16(-asInQt5(kDescent)), qint16(0),
+               kAdvance, kBoxLeft, kBoxLeft, qint16(kBoxLeft + kBoxWidth), qint16(1))
         + QByteArray(14, '\0') + bytes(quint16(kGlyphs));
 }
 
@@ -121,7 +138,7 @@ QFont boxFont()
     static const int id = QFontDatabase::addApplicationFontFromData(fontFile(family));
     if (id < 0)
         qFatal("The font of boxes can't be loaded");
-    QFont font(family, 9);
+    QFont font(family, kPointSize);
     font.setStyleStrategy(QFont::NoAntialias);
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
