@@ -19,7 +19,7 @@ bool isLimitOfThePlatform(const QString &message)
     return message.startsWith(QLatin1String("This plugin does not support "));
 }
 
-/// Whether only Qt 6 says so: a click that nothing accepts, or a font without the letters of a
+/// Whether only Qt 6 logs this: a click that nothing accepts, or a font without the letters of a
 /// script.
 bool isRemarkOfQt6(const QString &message)
 {
