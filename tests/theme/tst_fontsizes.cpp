@@ -18,6 +18,7 @@
 #include <vemo/vemomessagebar.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemoswitch.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotimecombobox.h>
 #include <vemo/vemotreewidget.h>
@@ -278,6 +279,7 @@ void FontSizesTest::noLetterIsCut_data()
     add("VemoLineEdit", textSpecimen<VemoLineEdit>());
     add("VemoCheckBox", textSpecimen<VemoCheckBox>());
     add("VemoRadioButton", textSpecimen<VemoRadioButton>());
+    add("VemoSwitch", textSpecimen<VemoSwitch>());
     add("VemoLabel", textSpecimen<VemoLabel>());
     add("VemoMessageBar", messageSpecimen());
     add("VemoMenu", menuSpecimen());
