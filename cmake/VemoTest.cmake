@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11|X11_ONLY] [DISPLAYS option...] [LOCALES de_DE ...]
-#   [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [PLAIN] [MEMORY] [NEEDS target...])
+#   [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [PLAIN] [MEMORY] [ONCE]
+#   [NEEDS target...])
 #
 # Builds NAME.cpp and registers a run for each logical dpi. SCALE adds a run at the first dpi for each
 # device pixel ratio. The screen is measured once per process, so each needs its own run.
@@ -14,11 +15,17 @@
 # PLAIN is for tests that are left out under the sanitizers, which would not find anything new in them.
 # MEMORY is for tests of lifetimes and hostile input, which the sanitizers judge: it gives their runs the label
 # of that name, and .ci/run repeats none of them without sanitizers.
+# ONCE is for tests that need no second run with the other version of Qt: the result does not depend on it, or the
+# run takes too long. Without VEMO_BUILD_ALL_TESTS they are left out, and so are those of MEMORY, the other factors
+# and the locales.
 # NEEDS names targets of optional packages; the test links them, and is left out if one is missing.
 function(vemo_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;X11_ONLY;INTERNALS;PLAIN;MEMORY" "TIMEOUT"
+  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;X11_ONLY;INTERNALS;PLAIN;MEMORY;ONCE" "TIMEOUT"
     "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS;LOCALES;NEEDS")
   if(arg_PLAIN AND ECM_ENABLE_SANITIZERS)
+    return()
+  endif()
+  if((arg_ONCE OR arg_MEMORY) AND NOT VEMO_BUILD_ALL_TESTS)
     return()
   endif()
   if(NOT arg_DPI)
@@ -62,6 +69,9 @@ function(vemo_add_test name)
     # Their findings do not depend on the screen's factor or the locale.
     set(arg_DPI ${firstDpi})
     set(arg_SCALE "")
+    set(arg_LOCALES "")
+  elseif(NOT VEMO_BUILD_ALL_TESTS)
+    set(arg_DPI ${firstDpi})
     set(arg_LOCALES "")
   endif()
   if(arg_X11_ONLY)
