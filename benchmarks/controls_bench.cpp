@@ -8,6 +8,7 @@
 #include <vemo/dpiinfo.h>
 #include <vemo/linklabel.h>
 #include <vemo/stylemanager.h>
+#include <vemo/vemobadge.h>
 #include <vemo/vemocheckbox.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemofootbar.h>
@@ -61,6 +62,23 @@ bench::Cases::Setup against(const QString &what, const Make &stock, const Make &
         c.reference(what, [stock] { return painted(stock); });
         c.ours([ours] { return painted(ours); });
     };
+}
+
+QWidget *stockBadge()
+{
+    QString sheet = getStyleSheet("component.badge_accent");
+    auto *badge = styled(new QLabel(QStringLiteral("99+")),
+        sheet.replace(QLatin1String("VemoBadge"), QLatin1String("QLabel")));
+    badge->setTextFormat(Qt::PlainText);
+    badge->setAlignment(Qt::AlignCenter);
+    return badge;
+}
+
+QWidget *ourBadge()
+{
+    auto *badge = new VemoBadge;
+    badge->setCount(100);
+    return badge;
 }
 
 QWidget *stockLineEdit()
@@ -221,6 +239,8 @@ void bench::controlsCases(Cases &cases)
             QStringLiteral("QLabel, same sheet each"),
             [] { return styled(new QLabel(caption()), getStyleSheet("component.label")); },
             [] { return new VemoLabel(caption()); }));
+    cases.add(QStringLiteral("controls.badge"),
+        against(QStringLiteral("QLabel, same sheet each"), stockBadge, ourBadge));
     cases.add(QStringLiteral("controls.clickable label"),
         against(
             QStringLiteral("QLabel"), [] { return new QLabel(caption()); },

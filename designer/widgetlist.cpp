@@ -3,6 +3,7 @@
 
 #include <vemo/clickablelabel.h>
 #include <vemo/linklabel.h>
+#include <vemo/vemobadge.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemobuttonpath.h>
 #include <vemo/vemocalanderview.h>
@@ -76,6 +77,12 @@ const FormWidgetInfo kLabels[] = {
         R"(<property name="text"><string>Text</string></property>)",
         "text:richtext",
         make<form::VemoLabel>},
+    {"VemoBadge", "QLabel", "Count, short text or dot",
+        "A small label for a count, which is hidden while it is 0, a short text or a dot.",
+        kBySizeHint,
+        R"(<property name="count"><number>3</number></property>)",
+        "text:singleline",
+        make<VemoBadge>},
     {"ClickableLabel", "QLabel", "Label that can be clicked",
         "A label that reports each press of a mouse button on it.",
         {120, 20},

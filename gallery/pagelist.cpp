@@ -14,7 +14,7 @@ const std::vector<PageEntry> &pages()
             buildResourcesPage},
         {"Buttons", "VemoButton VemoIconButton push tool role icon apply cancel red paging",
             buildButtonsPage},
-        {"Labels", "VemoLabel ClickableLabel LinkLabel tooltip text hyperlink wrap",
+        {"Labels", "VemoLabel VemoBadge ClickableLabel LinkLabel tooltip text hyperlink wrap count dot",
             buildLabelsPage},
         {"Fields", "VemoLineEdit text input error validator caption unit password",
             buildFieldsPage},

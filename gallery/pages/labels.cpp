@@ -7,6 +7,8 @@
 #include <vemo/dpiinfo.h>
 #include <vemo/linklabel.h>
 #include <vemo/tooltiptext.h>
+#include <vemo/vemobadge.h>
+#include <vemo/vemoiconbutton.h>
 #include <vemo/vemolabel.h>
 
 #include <QVariant>
@@ -49,6 +51,58 @@ void addWrapped(Page &page)
         page.addRow({newWrappedLabel(text, 160), newWrappedLabel(text, 400)});
     page.addCode(R"(label->setWordWrap(true);
 label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);)");
+}
+
+VemoBadge *newBadge(VemoBadge::Kind kind, int count)
+{
+    auto *badge = new VemoBadge;
+    badge->setKind(kind);
+    badge->setCount(count);
+    return badge;
+}
+
+VemoBadge *newTextBadge(const QString &text)
+{
+    VemoBadge *badge = newBadge(VemoBadge::Neutral, 0);
+    badge->setText(text);
+    return badge;
+}
+
+VemoBadge *newDot(VemoBadge::Kind kind)
+{
+    VemoBadge *badge = newBadge(kind, 0);
+    badge->setAccessibleName("New");
+    badge->setDot(true);
+    return badge;
+}
+
+/// A button with a badge at its corner.
+QWidget *badged(const char *picture, const QString &name, VemoBadge *badge)
+{
+    auto *button = new VemoIconButton(QString(picture));
+    button->setAccessibleName(name);
+    badge->attachTo(button);
+    return button;
+}
+
+void addBadges(Page &page)
+{
+    VemoBadge *disabled = newBadge(VemoBadge::Accent, 3);
+    disabled->setEnabled(false);
+    page.addSection("Badges",
+        "A count, a text or a dot, on its own or at a corner of another widget. The count 0 hides "
+        "it.");
+    page.addTable({"", "Accent", "Danger", "Neutral", "Disabled"},
+        {{note("Count"), newBadge(VemoBadge::Accent, 3), newBadge(VemoBadge::Danger, 120),
+             newTextBadge("Beta"), disabled},
+            {note("Dot"), newDot(VemoBadge::Accent), newDot(VemoBadge::Danger),
+                newDot(VemoBadge::Neutral), nullptr},
+            {note("Attached"), badged("bt_folder", "Folder", newBadge(VemoBadge::Accent, 3)),
+                badged("bt_delete", "Delete", newBadge(VemoBadge::Danger, 120)),
+                badged("bt_settings", "Settings", newDot(VemoBadge::Neutral)), nullptr}});
+    page.addCode(R"(auto *badge = new VemoBadge;
+badge->attachTo(inboxButton);
+badge->setCount(3);)");
 }
 
 ClickableLabel *newCountingLabel()
@@ -107,9 +161,10 @@ void addToolTips(Page &page)
 
 void buildLabelsPage(Page &page)
 {
-    page.addSummary("Text that grows with its lines, text that can be pressed, and links.");
+    page.addSummary("Text that grows with its lines, badges, text that can be pressed, and links.");
     addPlain(page);
     addWrapped(page);
+    addBadges(page);
     addClickable(page);
     addToolTips(page);
 }

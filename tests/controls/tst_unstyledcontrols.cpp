@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/vemotest.h"
 
+#include <vemo/vemobadge.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemocheckbox.h>
 #include <vemo/vemocombobox.h>
@@ -47,6 +48,7 @@ void UnstyledControlsTest::warnOnceForEachMissingSectionAndStayPlain_data()
         {missing("apply_button")});
     row("icon button", [] { return static_cast<QWidget *>(new VemoIconButton(QPixmap())); },
         {missing("icon_button")});
+    row("badge", [] { return static_cast<QWidget *>(new VemoBadge); }, {missing("badge_accent")});
     row("label", [] { return static_cast<QWidget *>(new VemoLabel("Name")); }, {missing("label")});
     row("check box", [] { return static_cast<QWidget *>(new VemoCheckBox); },
         {missing("checkbox")});

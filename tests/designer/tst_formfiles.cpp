@@ -148,6 +148,12 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoSwitch.text", "Share &this folder");
     row("VemoSwitch.checked", true);
     row("VemoLabel.text", QString::fromUtf8("\xe4\xbf\x9d\xe7\x95\x99 <b>30</b>"));
+    row("VemoBadge.count", 120);
+    row("VemoBadge.maximum", 999);
+    row("VemoBadge.zeroVisible", true);
+    row("VemoBadge.text", "new");
+    row("VemoBadge.dot", true);
+    row("VemoBadge.kind", 1);
     row("ClickableLabel.text", "Details");
     row("LinkLabel.hyperLink", "https://example.com/?a=1&b=2");
     row("LinkLabel.hoverUnderline", false);
@@ -241,7 +247,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 58);
+    QCOMPARE(count, 64);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()

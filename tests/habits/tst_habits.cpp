@@ -16,6 +16,7 @@
 #include <vemo/MouseButtonFilter>
 #include <vemo/StyleManager>
 #include <vemo/ToolTipText>
+#include <vemo/VemoBadge>
 #include <vemo/VemoButton>
 #include <vemo/VemoButtonPath>
 #include <vemo/VemoCalanderView>
@@ -126,6 +127,7 @@ void HabitsTest::addParents()
     HABIT_MADE(VemoIconButton(getGlobalImage("bt_add"), page));
     HABIT_MADE(VemoIconButton(page));
     HABIT_MADE(VemoLabel(text, page));
+    HABIT_MADE(VemoBadge(page));
     HABIT_MADE(ClickableLabel(text, page));
     HABIT_MADE(LinkLabel(page));
     HABIT_MADE(VemoCheckBox(text, page));
@@ -172,6 +174,7 @@ void HabitsTest::addDefaultParents()
 {
     HABIT_HELD(VemoButton);
     HABIT_HELD(VemoIconButton);
+    HABIT_HELD(VemoBadge);
     HABIT_HELD(ClickableLabel);
     HABIT_HELD(LinkLabel);
     HABIT_HELD(VemoCheckBox);

@@ -7,6 +7,7 @@
 #include <vemo/helpwindow.h>
 #include <vemo/itemdelegate.h>
 #include <vemo/linklabel.h>
+#include <vemo/vemobadge.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemobuttonpath.h>
 #include <vemo/vemocalanderview.h>
@@ -237,6 +238,23 @@ QWidget *makeIconButton(QWidget *parent)
     return button;
 }
 
+/// At the corner of the button that it is returned with.
+QWidget *makeBadge(QWidget *parent)
+{
+    QWidget *button = makeIconButton(parent);
+    auto *badge = new VemoBadge;
+    badge->setCount(120);
+    badge->attachTo(button);
+    return button;
+}
+
+QWidget *makeStockBadge(QWidget *parent)
+{
+    auto *button = new QToolButton(parent);
+    new QLabel(QStringLiteral("99+"), button);
+    return button;
+}
+
 template <typename Container> QWidget *makeRow(QWidget *parent)
 {
     auto *row = new Container(parent);
@@ -251,6 +269,7 @@ std::vector<WidgetKind> buttonsAndLabels()
     return {
         {"VemoButton", makeText<VemoButton>, makeText<QPushButton>},
         {"VemoIconButton", makeIconButton, make<QToolButton>},
+        {"VemoBadge", makeBadge, makeStockBadge},
         {"VemoLabel", makeText<VemoLabel>, makeText<QLabel>},
         {"ClickableLabel", makeText<ClickableLabel>, makeText<QLabel>},
         {"LinkLabel", makeText<LinkLabel>, makeText<QLabel>},

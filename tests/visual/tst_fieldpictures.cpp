@@ -3,6 +3,7 @@
 
 #include <vemo/defaulttheme.h>
 #include <vemo/linklabel.h>
+#include <vemo/vemobadge.h>
 #include <vemo/vemofilterbar.h>
 #include <vemo/vemoiconbutton.h>
 #include <vemo/vemolabel.h>
@@ -92,6 +93,28 @@ void addFields(Looks &looks)
     addStates(looks, "labelled", newLabelledField, {State::Rest, State::Disabled}, {112, 0});
 }
 
+VemoBadge *newBadge(VemoBadge::Kind kind, bool isDot)
+{
+    auto *badge = new VemoBadge;
+    badge->setKind(kind);
+    badge->setText("ab");
+    badge->setDot(isDot);
+    return badge;
+}
+
+void addBadges(Looks &looks)
+{
+    const QPair<VemoBadge::Kind, const char *> kinds[] = {{VemoBadge::Accent, "accent"},
+        {VemoBadge::Danger, "danger"}, {VemoBadge::Neutral, "neutral"}};
+    for (const auto &[kind, name] : kinds) {
+        for (const bool isDot : {false, true}) {
+            addStates(looks, QString(isDot ? "dot-" : "badge-") + name,
+                [kind = kind, isDot] { return newBadge(kind, isDot); },
+                {State::Rest, State::Disabled});
+        }
+    }
+}
+
 } // namespace
 
 class FieldPictures : public BaselineTest
@@ -116,6 +139,7 @@ Looks FieldPictures::looks() const
         looks, "filter-kinds", newFilledFilterBar,
         [](QWidget *bar) { return bar->findChild<VemoIconButton *>(); }, {State::Hover},
         kFilterSize);
+    addBadges(looks);
     addStates(looks, "label", [] { return new VemoLabel("ab"); }, {State::Rest, State::Disabled});
     // At rest it looks like a label where both have the theme's ink.
     QVector<State> linkStates {State::Hover};
