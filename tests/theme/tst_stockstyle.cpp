@@ -6,6 +6,7 @@
 #include <vemo/defaulttheme.h>
 
 #include <QCalendarWidget>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QDoubleSpinBox>
@@ -13,6 +14,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScopeGuard>
 #include <QSlider>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
@@ -30,6 +33,24 @@ using NewWidget = QWidget *(*)();
 template <typename Widget> QWidget *newWidget()
 {
     return new Widget;
+}
+
+template <typename Button> QWidget *newButton()
+{
+    return new Button("ab");
+}
+
+/// Whether there is a pixel that is much more red than anything else.
+bool hasRed(const QImage &picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor colour = picture.pixelColor(x, y);
+            if (colour.red() > 200 && colour.green() < 100 && colour.blue() < 100)
+                return true;
+        }
+    }
+    return false;
 }
 
 /// A button class of a host, with its own class name.
@@ -77,6 +98,8 @@ private Q_SLOTS:
     void weekendsAreNotRed();
     void aWeekendOfTheHostStays();
     void aSliderIsAsWideAsItsHandle();
+    void aRuleOfTheHostChangesOnlyWhatItSets_data();
+    void aRuleOfTheHostChangesOnlyWhatItSets();
 };
 
 void StockStyleTest::initTestCase()
@@ -293,6 +316,45 @@ void StockStyleTest::aSliderIsAsWideAsItsHandle()
     QCOMPARE(slider.sizeHint().height(), 16);
     slider.setTickPosition(QSlider::TicksBothSides);
     QVERIFY(slider.sizeHint().height() > 16); // room for the ticks
+}
+
+void StockStyleTest::aRuleOfTheHostChangesOnlyWhatItSets_data()
+{
+    QTest::addColumn<NewWidget>("make");
+    QTest::addColumn<QString>("place");
+    for (const char *place : {"widget", "parent", "application"}) {
+        QTest::addRow("QPushButton: %s", place)
+            << NewWidget(newButton<QPushButton>) << QString(place);
+        QTest::addRow("QCheckBox: %s", place) << NewWidget(newButton<QCheckBox>) << QString(place);
+        QTest::addRow("QRadioButton: %s", place)
+            << NewWidget(newButton<QRadioButton>) << QString(place);
+    }
+}
+
+void StockStyleTest::aRuleOfTheHostChangesOnlyWhatItSets()
+{
+    QFETCH(NewWidget, make);
+    QFETCH(QString, place);
+    const QString sheet = qApp->styleSheet();
+    const auto restore = qScopeGuard([sheet] {
+        if (qApp->styleSheet() != sheet)
+            qApp->setStyleSheet(sheet);
+    });
+    QWidget window;
+    QWidget *widget = make();
+    show(window, widget);
+    const QSize hint = widget->sizeHint();
+    QVERIFY(!hasRed(widget->grab().toImage()));
+    widget->setObjectName("danger");
+    const QString rule = "#danger { color: red; }";
+    if (place == "widget")
+        widget->setStyleSheet(rule);
+    else if (place == "parent")
+        window.setStyleSheet(rule);
+    else
+        qApp->setStyleSheet(sheet + rule);
+    QVERIFY(hasRed(widget->grab().toImage()));
+    QCOMPARE(widget->sizeHint(), hint);
 }
 
 VEMO_TEST_MAIN(StockStyleTest)
