@@ -6,6 +6,7 @@
 
 #include <vemo/itemdelegate.h>
 #include <vemo/stylemanager.h>
+#include <vemo/vemobadge.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemobuttonpath.h>
 #include <vemo/vemocheckbox.h>
@@ -280,6 +281,7 @@ void FontSizesTest::noLetterIsCut_data()
     add("VemoCheckBox", textSpecimen<VemoCheckBox>());
     add("VemoRadioButton", textSpecimen<VemoRadioButton>());
     add("VemoSwitch", textSpecimen<VemoSwitch>());
+    add("VemoBadge", textSpecimen<VemoBadge>());
     add("VemoLabel", textSpecimen<VemoLabel>());
     add("VemoMessageBar", messageSpecimen());
     add("VemoMenu", menuSpecimen());
