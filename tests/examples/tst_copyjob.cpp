@@ -24,6 +24,7 @@ private Q_SLOTS:
     void nothingHappensBeforeTheStart();
     void aFolderIsCopiedWithAllThatIsInIt();
     void progressRunsUpToTheTotal();
+    void progressNamesTheRootFolder();
     void permissionsAndTimesAreKept();
     void theBitsThatLendRightsAreDropped();
     void linksStayLinks();
@@ -92,6 +93,17 @@ void CopyJobTest::progressRunsUpToTheTotal()
     QCOMPARE(copying.total, kManyBytes + 10 + 3);
     QCOMPARE(copying.done.last(), copying.total);
     QVERIFY(copying.done.size() > 2);
+}
+
+void CopyJobTest::progressNamesTheRootFolder()
+{
+    const DiskFolder to;
+    Copying copying({"/"}, to.path());
+    QString shown;
+    connect(&copying.job, &CopyJob::progress, &copying,
+        [&shown](qint64 /*done*/, qint64 /*total*/, const QString &name) { shown = name; });
+    copying.waitForEnd();
+    QCOMPARE(shown, QString("/"));
 }
 
 void CopyJobTest::permissionsAndTimesAreKept()

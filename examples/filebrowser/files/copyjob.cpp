@@ -21,6 +21,13 @@ QByteArray withoutSlash(QByteArray path)
     return path;
 }
 
+/// Never empty: the root folder has no name but its path.
+QByteArray shownName(const QByteArray &path)
+{
+    const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
+    return name.isEmpty() ? path : name;
+}
+
 bool isFolder(const CopyPlan &plan)
 {
     return !plan.items().isEmpty() && plan.items().first().kind == CopyItem::Folder;
@@ -81,7 +88,7 @@ CopyJob::Phase CopyJob::listOn()
     if (m_plans.size() == size_t(m_sources.size()))
         return nextSource();
     const QByteArray source = m_sources.at(int(m_plans.size()));
-    m_name = source.mid(source.lastIndexOf('/') + 1);
+    m_name = shownName(source);
     m_plans.push_back(std::make_unique<CopyPlan>(source));
     m_total += m_plans.back()->total();
     if (isFolder(*m_plans.back()) && isInside(m_target, source)) {
