@@ -5,11 +5,15 @@
 #include <vemo/imagemanager.h>
 
 #include <QAction>
+#include <QEvent>
 #include <QLineEdit>
+
+#include <utility>
 
 namespace {
 
 const QLatin1String kPasswordAction("vemo_password_action");
+const QLatin1String kName("vemo_action_name");
 
 QIcon iconOf(const char *name)
 {
@@ -17,6 +21,43 @@ QIcon iconOf(const char *name)
     icon.addPixmap(getGlobalImage(name, ImageManager::CLICK), QIcon::Active);
     icon.addPixmap(getGlobalImage(name, ImageManager::DISABLE), QIcon::Disabled);
     return icon;
+}
+
+/// Names the action of a field's button, in each language that the strings change to. It belongs
+/// to the action.
+class ActionName : public QObject
+{
+public:
+    ActionName(QLineEdit *field, QAction *action, const QString &key)
+        : QObject(action), m_action(action), m_key(key), m_shown(translated())
+    {
+        setObjectName(kName);
+        action->setText(m_shown);
+        field->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() != QEvent::LanguageChange)
+            return false;
+        const QString before = std::exchange(m_shown, translated());
+        if (m_action->text() == before) // Otherwise it is the host's.
+            m_action->setText(m_shown);
+        return false;
+    }
+
+private:
+    QString translated() const { return ComponentStrings::getInstance().getString(m_key); }
+
+    QAction *m_action;
+    QString m_key;
+    QString m_shown;
+};
+
+void setName(QLineEdit *field, QAction *action, const QString &key)
+{
+    delete action->findChild<QObject *>(kName);
+    new ActionName(field, action, key);
 }
 
 } // namespace
@@ -27,8 +68,7 @@ void setNamedClearButton(QLineEdit *field, bool enabled)
     QAction *action = clearButtonAction(field);
     if (enabled && action) {
         action->setIcon(iconOf("bt_close"));
-        action->setText(
-            ComponentStrings::getInstance().getString(QStringLiteral("accessible_clear")));
+        setName(field, action, QStringLiteral("accessible_clear"));
     }
 }
 
@@ -53,8 +93,7 @@ void setPasswordButton(QLineEdit *field, bool enabled)
     }
     action = field->addAction(getGlobalIcon("bt_show"), QLineEdit::TrailingPosition);
     action->setObjectName(kPasswordAction);
-    action->setText(
-        ComponentStrings::getInstance().getString(QStringLiteral("accessible_show_password")));
+    setName(field, action, QStringLiteral("accessible_show_password"));
     action->setCheckable(true);
     QObject::connect(action, &QAction::toggled, field, [field, action](bool isShown) {
         field->setEchoMode(isShown ? QLineEdit::Normal : QLineEdit::Password);

@@ -7,13 +7,17 @@
 #include <vemo/componentstrings.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemocalanderview.h>
+#include <vemo/vemofilterbar.h>
 #include <vemo/vemoiconbutton.h>
 #include <vemo/vemoinputsheet.h>
+#include <vemo/vemolineedit.h>
 #include <vemo/vemomessagesheet.h>
 #include <vemo/vemopagingbar.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QDir>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTableWidget>
@@ -91,6 +95,22 @@ void LanguageChangeTest::aWidgetSpeaksAsIfMadeInThatLanguage_data()
     addRow("paging bar", Make([]() -> QWidget * { return new VemoPagingBar(nullptr); }));
     addRow("calendar", Make([]() -> QWidget * { return new VemoCalanderView(nullptr); }));
     addRow("input sheet", Make([]() -> QWidget * { return new VemoInputSheet({}, nullptr); }));
+    addRow("field with a clear button", Make([]() -> QWidget * {
+        auto *edit = new VemoLineEdit;
+        edit->setClearButtonEnabled(true);
+        edit->setClearButtonEnabled(true);
+        return edit;
+    }));
+    addRow("field with a password button", Make([]() -> QWidget * {
+        auto *edit = new VemoLineEdit;
+        edit->setPasswordButtonEnabled(true);
+        return edit;
+    }));
+    addRow("filter with a clear button", Make([]() -> QWidget * {
+        auto *bar = new VemoFilterBar;
+        bar->setClearButtonVisible(true);
+        return bar;
+    }));
     addRow("information", Make([]() -> QWidget * {
         return new VemoMessageSheet(VemoMessageSheet::Information, nullptr);
     }));
@@ -128,7 +148,12 @@ void LanguageChangeTest::textsOfTheHostStay()
     VemoCalanderView view(nullptr);
     view.setAccessibleName("Day of birth");
     view.findChild<VemoButton *>()->setText("Now");
+    VemoLineEdit edit;
+    edit.setPasswordButtonEnabled(true);
+    auto *show = edit.getLineEdit()->findChild<QAction *>("vemo_password_action");
+    show->setText("Show the key");
     speak("deu");
+    QCOMPARE(show->text(), QString("Show the key"));
     QCOMPARE(refresh->accessibleName(), QString("Read again"));
     QCOMPARE(view.accessibleName(), QString("Day of birth"));
     QCOMPARE(view.findChild<VemoButton *>()->text(), QString("Now"));
