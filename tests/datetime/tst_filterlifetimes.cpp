@@ -4,6 +4,7 @@
 #include "datetime/calendar.h"
 #include "support/testhost.h"
 
+#include <vemo/defaulttheme.h>
 #include <vemo/itemdelegate.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemodaterangeselector.h>
@@ -17,11 +18,14 @@
 #include <vemo/vemosheet.h>
 #include <vemo/vemotimecombobox.h>
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolBox>
 #include <QTreeWidget>
 
 namespace {
@@ -156,6 +160,29 @@ QWidget *iconButtonWithToolTip(QWidget *window)
     return button;
 }
 
+/// The parts that the style of stock widgets draws itself from right to left.
+QWidget *stockGroup(QWidget *window)
+{
+    window->setLayoutDirection(Qt::RightToLeft);
+    auto *group = new QGroupBox("Group", window);
+    group->setCheckable(true);
+    return group;
+}
+
+QWidget *stockTab(QWidget *window)
+{
+    window->setLayoutDirection(Qt::RightToLeft);
+    auto *box = new QToolBox(window);
+    box->addItem(new QLabel("text"), "Tab");
+    return box->findChild<QAbstractButton *>();
+}
+
+/// Watched by the style itself.
+QWidget *stockComboBox(QWidget *window)
+{
+    return new QComboBox(window);
+}
+
 /// The child of the window that a widget lies in.
 QWidget *childOf(const QWidget *window, QWidget *widget)
 {
@@ -173,7 +200,11 @@ class FilterLifetimesTest : public VemoTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { startDefaultTheme(); }
+    void initTestCase()
+    {
+        startDefaultTheme();
+        applyDefaultThemeStyle(*qApp);
+    }
     void aWatchedWidgetMayDieWithTheFocus_data();
     void aWatchedWidgetMayDieWithTheFocus();
 };
@@ -209,6 +240,9 @@ void FilterLifetimesTest::aWatchedWidgetMayDieWithTheFocus_data()
         {"input sheet, field", inputSheetField},
         {"sibling under a mask", siblingUnderAMask},
         {"icon button with a tool tip", iconButtonWithToolTip},
+        {"stock group box", stockGroup},
+        {"stock tool box, tab", stockTab},
+        {"stock combo box", stockComboBox},
     };
     for (const auto &maker : makers) {
         QTest::addRow("%s", maker.first) << maker.second << false;

@@ -3,17 +3,25 @@
 
 #include "support/sheetdriver.h"
 
+#include <vemo/vemocontentsheet.h>
 #include <vemo/vemoinputsheet.h>
 #include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
+#include <vemo/vemoprogresssheet.h>
 
-/// A message or input sheet, with the interface that both have in common.
+#include <QLineEdit>
+
+/// A sheet that is run, with the interface that all of them have in common.
 struct AnySheet
 {
     AnySheet(const QString &kind, QWidget *window)
     {
         if (kind == "message")
             message = new VemoMessageSheet(VemoMessageSheet::Confirm, "text", window);
+        else if (kind == "content")
+            content = new VemoContentSheet(new QLineEdit, window);
+        else if (kind == "progress")
+            content = new VemoProgressSheet("text", window);
         else
             input = new VemoInputSheet("text", window);
         VemoMask::createMask(sheet(), window, QColor(0, 0, 0, 20));
@@ -21,14 +29,27 @@ struct AnySheet
 
     VemoSheet *sheet() const
     {
-        return message ? static_cast<VemoSheet *>(message.data()) : input.data();
+        VemoSheet *result = nullptr;
+        visit([&](auto *sheet) { result = sheet; });
+        return result;
     }
-    int exec() const { return message ? message->exec() : input->exec(); }
-    void showSheet() const { message ? message->showSheet() : input->showSheet(); }
-    void done(int ret) const { message ? message->done(ret) : input->done(ret); }
+    int exec() const
+    {
+        int result = 0;
+        visit([&](auto *sheet) { result = sheet->exec(); });
+        return result;
+    }
+    void showSheet() const
+    {
+        visit([](auto *sheet) { sheet->showSheet(); });
+    }
+    void done(int ret) const
+    {
+        visit([ret](auto *sheet) { sheet->done(ret); });
+    }
     void setBlocking(bool on) const
     {
-        message ? message->setBlockWindowButton(on) : input->setBlockWindowButton(on);
+        visit([on](auto *sheet) { sheet->setBlockWindowButton(on); });
     }
     int execUntil(const std::function<void()> &act) const
     {
@@ -38,4 +59,17 @@ struct AnySheet
 
     QPointer<VemoMessageSheet> message;
     QPointer<VemoInputSheet> input;
+    QPointer<VemoContentSheet> content;
+
+private:
+    /// Calls act with the sheet as what it is.
+    template <typename Act> void visit(const Act &act) const
+    {
+        if (message)
+            act(message.data());
+        else if (input)
+            act(input.data());
+        else if (content)
+            act(content.data());
+    }
 };

@@ -52,6 +52,8 @@ void SheetAnnouncementsTest::comesAndGoesAsADialog_data()
     QTest::addColumn<QString>("kind");
     QTest::newRow("message") << "message";
     QTest::newRow("input") << "input";
+    QTest::newRow("content") << "content";
+    QTest::newRow("progress") << "progress";
 }
 
 void SheetAnnouncementsTest::comesAndGoesAsADialog()
