@@ -22,6 +22,7 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QToolButton>
 #include <QWindow>
 
@@ -320,6 +321,139 @@ void collapse(QTreeWidget &tree)
     tree.collapseAll();
 }
 
+/// One item above all others, each with a check box.
+template <typename Tree> std::shared_ptr<Tree> checkTree()
+{
+    auto tree = std::make_shared<Tree>();
+    auto *root = newItem<QTreeWidgetItem>(0);
+    root->setCheckState(0, Qt::Unchecked);
+    for (int i = 0; i < kTreeItems / kTreeGroup; ++i) {
+        auto *folder = newItem<QTreeWidgetItem>(i);
+        folder->setCheckState(0, Qt::Unchecked);
+        root->addChild(folder);
+        for (int j = 1; j < kTreeGroup; ++j) {
+            folder->addChild(newItem<QTreeWidgetItem>(i * kTreeGroup + j));
+            folder->child(j - 1)->setCheckState(0, Qt::Unchecked);
+        }
+    }
+    tree->addTopLevelItem(root);
+    root->setExpanded(true);
+    show(*tree);
+    return tree;
+}
+
+void checkBelow(QTreeWidgetItem *item, Qt::CheckState state)
+{
+    for (int i = 0; i < item->childCount(); ++i) {
+        item->child(i)->setCheckState(0, state);
+        checkBelow(item->child(i), state);
+    }
+}
+
+int checkedItems(const QTreeWidgetItem &root)
+{
+    int count = 0;
+    for (int i = 0; i < root.childCount(); ++i)
+        count += root.child(i)->child(7)->checkState(0) == Qt::Checked;
+    return count;
+}
+
+void treeCheck(bench::Case &c)
+{
+    bench::useTheme();
+    const auto stock = checkTree<QTreeWidget>();
+    QObject::connect(
+        stock.get(), &QTreeWidget::itemChanged, stock.get(), [stock = stock.get()](auto *item) {
+            const QSignalBlocker silence(stock);
+            checkBelow(item, item->checkState(0));
+        });
+    const auto bare = checkTree<QTreeWidget>();
+    const auto ours = checkTree<VemoTreeWidget>();
+    ours->setCheckPropagation(true);
+    const auto set = [](QTreeWidget &tree, Qt::CheckState state) {
+        tree.topLevelItem(0)->setCheckState(0, state);
+        return checkedItems(*tree.topLevelItem(0));
+    };
+    const auto setBare = [bare](Qt::CheckState state) {
+        const QSignalBlocker silence(bare->model());
+        checkBelow(bare->topLevelItem(0), state);
+        return checkedItems(*bare->topLevelItem(0));
+    };
+    c.goal(0.5);
+    c.goalOfLimit(1.5);
+    c.items(kTreeItems);
+    c.reference(
+        QStringLiteral("QTreeWidget, recursive slot"), [=] { return set(*stock, Qt::Checked); },
+        [=] { set(*stock, Qt::Unchecked); });
+    c.limit(
+        QStringLiteral("model silent"), [=] { return setBare(Qt::Checked); },
+        [=] { setBare(Qt::Unchecked); });
+    c.ours([=] { return set(*ours, Qt::Checked); }, [=] { set(*ours, Qt::Unchecked); });
+}
+
+/// What a host would write: whether item or one below it contains text.
+bool hideOthers(QTreeWidgetItem *item, const QString &text)
+{
+    bool isBelow = false;
+    for (int i = 0; i < item->childCount(); ++i)
+        isBelow |= hideOthers(item->child(i), text);
+    const bool isVisible = isBelow || item->text(0).contains(text, Qt::CaseInsensitive);
+    item->setHidden(!isVisible);
+    if (isBelow)
+        item->setExpanded(true);
+    return isVisible;
+}
+
+void showAll(QTreeWidgetItem *item)
+{
+    item->setHidden(false);
+    for (int i = 0; i < item->childCount(); ++i)
+        showAll(item->child(i));
+}
+
+void filterByHand(QTreeWidget &tree, const QString &text)
+{
+    for (int i = 0; i < tree.topLevelItemCount(); ++i)
+        hideOthers(tree.topLevelItem(i), text);
+}
+
+int visibleFolders(const QTreeWidget &tree)
+{
+    int count = 0;
+    for (int i = 0; i < tree.topLevelItemCount(); ++i)
+        count += !tree.topLevelItem(i)->isHidden();
+    return count;
+}
+
+bench::Cases::Setup treeFilter(const QString &text)
+{
+    return [text](bench::Case &c) {
+        bench::useTheme();
+        const std::shared_ptr<QTreeWidget> stock = stockTree();
+        const auto ours =
+            std::shared_ptr<VemoTreeWidget>(static_cast<VemoTreeWidget *>(ourTree().release()));
+        c.goal(1.0);
+        c.items(kTreeItems);
+        c.reference(
+            QStringLiteral("QTreeWidget, hidden by hand"),
+            [=] {
+                filterByHand(*stock, text);
+                return visibleFolders(*stock);
+            },
+            [=] {
+                for (int i = 0; i < stock->topLevelItemCount(); ++i)
+                    showAll(stock->topLevelItem(i));
+                stock->collapseAll();
+            });
+        c.ours(
+            [=] {
+                ours->setFilterText(text);
+                return visibleFolders(*ours);
+            },
+            [=] { ours->clearFilter(); });
+    };
+}
+
 /// A flat tree, shown, with so many selected rows apart from each other.
 template <typename Tree, typename Item>
 std::shared_ptr<QTreeWidget> scrollTree(int ranges, const QString &style)
@@ -572,6 +706,9 @@ void bench::viewsCases(Cases &cases)
     cases.add(QStringLiteral("tree.build"), treeBuild);
     cases.add(QStringLiteral("tree.sort"), treeStep(sortByName, sortByOther));
     cases.add(QStringLiteral("tree.expand"), treeStep(expand, collapse));
+    cases.add(QStringLiteral("tree.check"), treeCheck);
+    for (const char *text : {"77", "7707"})
+        cases.add(QStringLiteral("tree.filter/%1").arg(text), treeFilter(text));
     for (const int ranges : {0, 100, 1000})
         cases.add(QStringLiteral("tree.scroll/%1 ranges").arg(ranges), treeScroll(ranges));
     for (const int depth : {5, 50, 500})

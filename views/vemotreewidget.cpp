@@ -4,6 +4,9 @@
 #include "core/qtcompat_p.h"
 #include "core/scaling_p.h"
 #include "views/itemdelegate_p.h"
+#include "views/treechecks_p.h"
+#include "views/treechildren_p.h"
+#include "views/treefilter_p.h"
 
 #include <vemo/stylemanager.h>
 
@@ -116,6 +119,8 @@ VemoTreeWidget::VemoTreeWidget(QWidget *parent) : QTreeWidget(parent)
     // Not for the viewport, which would then also draw its rows with the style's hover look.
     setAttribute(Qt::WA_Hover);
 }
+
+VemoTreeWidget::~VemoTreeWidget() = default;
 
 void VemoTreeWidget::setBackgroundColor(QColor selected, QColor hover)
 {

@@ -9,12 +9,15 @@
 #include <vemo/imagemanager.h>
 #include <vemo/itemdelegate.h>
 #include <vemo/stylemanager.h>
+#include <vemo/vemofilterbar.h>
+#include <vemo/vemoiconbutton.h>
 #include <vemo/vemomenu.h>
 #include <vemo/vemotreewidget.h>
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -150,6 +153,58 @@ VemoTreeWidget *checkedTree()
     return tree;
 }
 
+/// The children of the last folder are added when it is expanded.
+VemoTreeWidget *filteredTree()
+{
+    VemoTreeWidget *tree = newTree("Folders to filter and check", kSmallTreeHeight);
+    tree->setCheckPropagation(true);
+    tree->setDropSignalsEnabled(true);
+    const auto box = [](FileSystemTreeWidgetItem *item) { return checked(item, Qt::Unchecked); };
+    FileSystemTreeWidgetItem *documents = box(folder(demo("documents"),
+        {checked(folder("2025"), Qt::Checked), box(folder("2026")), box(folder("2027"))}));
+    FileSystemTreeWidgetItem *shared = box(folder(demo("shared")));
+    tree->addTopLevelItems({documents, box(folder(demo("pictures"))), shared});
+    tree->setChildrenState(shared, VemoTreeWidget::ChildrenOnDemand);
+    QObject::connect(
+        tree, &VemoTreeWidget::childrenRequested, tree, [box](QTreeWidgetItem *parent) {
+            parent->addChild(box(folder(demo("team"))));
+            parent->addChild(box(folder(demo("projects"))));
+        });
+    return tree;
+}
+
+/// Moves folders into another one.
+void moveDropped(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *target,
+    VemoTreeWidget::DropPosition position)
+{
+    if (position != VemoTreeWidget::DropOnItem)
+        return;
+    for (QTreeWidgetItem *item : items) {
+        QTreeWidgetItem *parent =
+            item->parent() ? item->parent() : item->treeWidget()->invisibleRootItem();
+        parent->removeChild(item);
+        target->addChild(item);
+    }
+}
+
+QWidget *withFilter(VemoTreeWidget *tree)
+{
+    auto *specimen = new QWidget;
+    auto *layout = new QVBoxLayout(specimen);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto *filter = new VemoFilterBar;
+    filter->setAccessibleName("Filter of the folders");
+    filter->setPlaceholderText(demo("filter_hint"));
+    filter->findChild<VemoIconButton *>()->setAccessibleName("Kinds to show");
+    filter->setClearedByEscape(true);
+    QObject::connect(filter, &VemoFilterBar::sigKeywordChanged, tree,
+        [tree](const QString &keyword) { tree->setFilterText(keyword); });
+    QObject::connect(tree, &VemoTreeWidget::itemsDropped, tree, moveDropped);
+    layout->addWidget(filter);
+    layout->addWidget(tree);
+    return specimen;
+}
+
 QWidget *sideBySide(const QList<QWidget *> &widgets)
 {
     auto *row = new QWidget;
@@ -181,4 +236,15 @@ connect(folders, &VemoTreeWidget::sigMouseRightClickEvent, this, &MainWindow::sh
     page.addSection("Renaming and check boxes",
         "The editor takes no name that begins with a full stop or holds \\ / : * ? \" < > or |.");
     page.add(sideBySide({editedTree(), checkedTree()}));
+    page.addSection("Filter, check boxes that depend on each other, children on demand",
+        "Type a part of a name. Check a folder to check all below it. The children of the last "
+        "folder are added when it is expanded. Drag a folder onto another one to move it.");
+    page.add(withFilter(filteredTree()));
+    page.addCode(R"(folders->setCheckPropagation(true);
+folders->setChildrenState(shared, VemoTreeWidget::ChildrenOnDemand);
+connect(folders, &VemoTreeWidget::childrenRequested, this, &MainWindow::addChildren);
+connect(filter, &VemoFilterBar::sigKeywordChanged, folders,
+    [folders](const QString &keyword) { folders->setFilterText(keyword); });
+folders->setDropSignalsEnabled(true);
+connect(folders, &VemoTreeWidget::itemsDropped, this, &MainWindow::moveFolders);)");
 }

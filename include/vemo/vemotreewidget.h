@@ -6,14 +6,20 @@
 #include <QColor>
 #include <QPersistentModelIndex>
 #include <QTreeWidget>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
 
 /// A tree that paints a rounded highlight under selected and hovered rows, and emits signals for
-/// key presses and right clicks.
+/// key presses and right clicks. It can also propagate check states, filter its items, request
+/// children when an item is expanded, and report drops; all of that is off by default.
 ///
 /// It does not style itself: the host sets its colours, its style sheet (the default theme has the
 /// section "component.tree") and, for renaming, an ItemDelegate. The text of rows without a check
 /// box (Qt::ItemIsUserCheckable) is drawn as disabled. It belongs to its parent. The events passed
-/// to slots are only valid during the signal; slots may delete the tree.
+/// to slots are only valid during the signal; the slots of signals that pass an event, and of
+/// sigMenuKeyEvent(), may delete the tree.
 ///
 ///     auto *folders = new VemoTreeWidget(this);
 ///     folders->setStyleSheet(getStyleSheet("component.tree"));
@@ -29,10 +35,36 @@ class VEMO_EXPORT VemoTreeWidget : public QTreeWidget
     Q_PROPERTY(QColor selectedColor READ selectedColor WRITE setSelectedColor)
     /// The highlight of hovered rows.
     Q_PROPERTY(QColor hoverColor READ hoverColor WRITE setHoverColor)
+    /// Whether checking an item also checks the items below it.
+    Q_PROPERTY(bool checkPropagation READ hasCheckPropagation WRITE setCheckPropagation)
+    /// Whether items can be dragged and dropped; see setDropSignalsEnabled().
+    Q_PROPERTY(bool dropSignalsEnabled READ areDropSignalsEnabled WRITE setDropSignalsEnabled)
 
 public:
+    /// What is known about the children of an item.
+    enum ChildrenState {
+        ChildrenLoaded, ///< all are in the tree; the initial state of every item
+        ChildrenOnDemand, ///< requested when the item is expanded
+        ChildrenLoading, ///< requested, and not all of them in the tree yet
+        ChildrenFailed, ///< could not be loaded; requested again when the item is expanded again
+    };
+    Q_ENUM(ChildrenState)
+
+    /// Where something was dropped.
+    enum DropPosition {
+        DropOnItem,
+        DropAboveItem, ///< between an item and the one above it
+        DropBelowItem,
+        DropOnViewport, ///< where there is no item
+    };
+    Q_ENUM(DropPosition)
+
+    /// Returns whether an item matches a filter. Must not change the tree.
+    using FilterFunction = std::function<bool(const QTreeWidgetItem &item)>;
+
     /// Creates an empty tree without colours.
     explicit VemoTreeWidget(QWidget *parent = nullptr);
+    ~VemoTreeWidget() override;
 
     /// Sets the highlights of selected and hovered rows, from the next paint event on. Initially
     /// they are invalid and painted black.
@@ -51,6 +83,60 @@ public:
     /// there are already 100 design pixels of space. Ignores null and items of other trees.
     void updateScrollArea(QTreeWidgetItem *item);
 
+    /// Sets whether the check boxes of column 0 depend on each other: when an item is checked or
+    /// unchecked, by the user or by the program, so are all items below it, also those that are
+    /// collapsed or hidden; and every item shows the common state of its children, or
+    /// Qt::PartiallyChecked. Off by default. Enabling it updates all items that have children.
+    ///
+    /// Items without a check box, and what is below them, are left out. Items added to the tree
+    /// keep their states, unless their parent is in the state ChildrenLoading; then they get that
+    /// of their parent as soon as it is ChildrenLoaded. itemChanged() is only emitted for the item
+    /// that was checked, at the end; the items that follow it are only reported by the
+    /// dataChanged() signal of the model.
+    void setCheckPropagation(bool enabled);
+    bool hasCheckPropagation() const { return m_checks != nullptr; } ///< false by default
+
+    /// Shows only the items that match, and the items above them, which are expanded. The items
+    /// below an item that matches must match themselves. Replaces the previous filter; to test all
+    /// items again, set the filter again. Items added later are tested when they are added, and
+    /// hidden items when they change. Items hidden by setHidden() before stay hidden; of the items
+    /// below a hidden one, isHidden() need not be true.
+    ///
+    /// Items that become hidden are deselected. If the current item becomes hidden, the nearest
+    /// visible item above it becomes the current one, or none; it is not selected.
+    void setFilterFunction(const FilterFunction &matches);
+    /// The same for items whose text in column contains text, in upper or lower case. An empty text
+    /// removes the filter.
+    void setFilterText(const QString &text, int column = 0);
+    /// Shows the items hidden by the filter, and expands and collapses all items as before it was
+    /// set, except those added since, which are collapsed. The selection and the current item do
+    /// not change.
+    void clearFilter();
+    bool isFiltered() const { return m_filter != nullptr; } ///< whether a filter is set
+
+    /// Sets what is known about the children of item, for children that are read when they are
+    /// needed. An item whose children are not loaded can be expanded even if it has none;
+    /// ChildrenOnDemand collapses it. text is shown below the item in a row that cannot be
+    /// selected, for example "Loading ..." or the reason of a failure, until the next call; it is
+    /// ignored for the other two states. Ignores null and items of other trees; an item that is
+    /// taken out of the tree becomes ChildrenLoaded.
+    void setChildrenState(
+        QTreeWidgetItem *item, ChildrenState state, const QString &text = QString());
+    /// ChildrenLoaded for items of which nothing else was set.
+    ChildrenState childrenState(const QTreeWidgetItem *item) const;
+
+    /// Sets whether items can be dragged, and items and files be dropped on the tree, which emits
+    /// itemsDropped() and urlsDropped(). The tree itself never moves, copies or removes an item.
+    /// Off by default. Sets the dragDropMode; a host may restrict it afterwards.
+    ///
+    /// The flags Qt::ItemIsDragEnabled and Qt::ItemIsDropEnabled of the items and of
+    /// invisibleRootItem() apply, and with dragDropOverwriteMode nothing can be dropped between
+    /// items. No item can be dropped on itself or below.
+    void setDropSignalsEnabled(bool enabled);
+    bool areDropSignalsEnabled() const { return m_are_drop_signals_enabled; } ///< see the setter
+
+    using QTreeWidget::edit;
+
 Q_SIGNALS:
     /// Emitted when the user presses a key, before the tree handles it.
     void sigKeyPressEvent(QKeyEvent *);
@@ -61,6 +147,22 @@ Q_SIGNALS:
     /// sigKeyPressEvent() and before the tree handles the key. item is the current one, or null;
     /// position is where its menu should open, below its text, in the viewport.
     void sigMenuKeyEvent(QTreeWidgetItem *item, const QPoint &position);
+    /// Emitted once when the user has changed the check box of item in column 0, after
+    /// itemChanged() and all that setCheckPropagation() does. A slot may delete items, but not the
+    /// tree.
+    void itemToggled(QTreeWidgetItem *item, Qt::CheckState state);
+    /// Emitted by the event loop after item was expanded, if its children are ChildrenOnDemand or
+    /// ChildrenFailed; they are ChildrenLoading now. Add the children, now or later, and call
+    /// setChildrenState(), which the tree does for you if there are children when the slot returns.
+    /// A slot may delete the item or the tree.
+    void childrenRequested(QTreeWidgetItem *item);
+    /// Emitted when the user dropped items of this or another VemoTreeWidget. target is null with
+    /// DropOnViewport. A slot may delete items, but not the tree.
+    void itemsDropped(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *target,
+        VemoTreeWidget::DropPosition position, Qt::DropAction action);
+    /// Emitted when the user dropped files or links from elsewhere.
+    void urlsDropped(const QList<QUrl> &urls, QTreeWidgetItem *target,
+        VemoTreeWidget::DropPosition position, Qt::DropAction action);
 
 protected:
     /// Tracks the pointer, so that the highlight disappears when the pointer leaves a row.
@@ -74,9 +176,23 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
         const QModelIndex &index) const override;
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+        const QVector<int> &roles = QVector<int>()) override;
+    void rowsInserted(const QModelIndex &parent, int start, int end) override;
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
+    void reset() override;
+    QStringList mimeTypes() const override;
+    Qt::DropActions supportedDropActions() const override;
+    void startDrag(Qt::DropActions supportedActions) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     struct Paint;
+    class Checks;
+    class Children;
+    class Filter;
 
     QPoint menuPosition() const;
     bool isSelected(const QModelIndex &index) const;
@@ -84,9 +200,18 @@ private:
     void setPointer(const QPoint &pointer);
     QModelIndex rowAt(const QPoint &pointer) const;
     void updateRow(const QModelIndex &row);
+    void expandItems(const QList<QPersistentModelIndex> &items, bool isExpanded);
+    void leaveHiddenItems();
+    bool canDrop(const QMimeData &data, const QTreeWidgetItem *target) const;
+    DropPosition dropPosition() const;
+    QPixmap pictureOf(const QList<QTreeWidgetItem *> &items) const;
 
     QColor m_selected_color;
     QColor m_hover_color;
     const Paint *m_paint = nullptr; ///< set while the viewport is painted
     QPersistentModelIndex m_hovered_row; ///< the row under the pointer at the last event
+    std::unique_ptr<Checks> m_checks; ///< null without check propagation
+    std::unique_ptr<Children> m_children; ///< null until the state of an item is set
+    std::unique_ptr<Filter> m_filter; ///< null without a filter
+    bool m_are_drop_signals_enabled = false;
 };

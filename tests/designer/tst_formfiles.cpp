@@ -199,6 +199,8 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoCalanderView.firstDayOfWeek", int(Qt::Monday));
     row("VemoTreeWidget.selectedColor", QColor(220, 235, 251));
     row("VemoTreeWidget.hoverColor", QColor(238, 243, 248));
+    row("VemoTreeWidget.checkPropagation", true);
+    row("VemoTreeWidget.dropSignalsEnabled", true);
     row("VemoTableView.columnTexts", QStringList({"Name|120|0.5", "Size|80"}));
     row("VemoTableWidget.columnTexts", QStringList({"Name|120|0.5", "Kind|90|0", "Size|80"}));
     row("VemoPagingBar.rowLimit", 20);
@@ -247,7 +249,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 64);
+    QCOMPARE(count, 66);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()

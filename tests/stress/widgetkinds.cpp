@@ -13,6 +13,7 @@
 #include <vemo/vemocalanderview.h>
 #include <vemo/vemocheckbox.h>
 #include <vemo/vemocombobox.h>
+#include <vemo/vemocontentsheet.h>
 #include <vemo/vemocountdownmessagebox.h>
 #include <vemo/vemodaterangeselector.h>
 #include <vemo/vemodateselector.h>
@@ -24,9 +25,11 @@
 #include <vemo/vemolineedit.h>
 #include <vemo/vemomask.h>
 #include <vemo/vemomenu.h>
+#include <vemo/vemomessagebar.h>
 #include <vemo/vemomessagesheet.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemopagingmodel.h>
+#include <vemo/vemoprogresssheet.h>
 #include <vemo/vemoradiobutton.h>
 #include <vemo/vemosheet.h>
 #include <vemo/vemoswitch.h>
@@ -40,11 +43,13 @@
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStringListModel>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QTextEdit>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
@@ -109,6 +114,27 @@ QWidget *makeVemoTree(QWidget *parent)
     return tree;
 }
 
+QWidget *makeTreeWithOptions(QWidget *parent)
+{
+    auto *tree = static_cast<VemoTreeWidget *>(makeVemoTree(parent));
+    for (int row = 0; row < tree->topLevelItemCount(); ++row)
+        tree->topLevelItem(row)->setCheckState(0, Qt::Unchecked);
+    tree->setCheckPropagation(true);
+    tree->setDropSignalsEnabled(true);
+    tree->setFilterFunction([](const QTreeWidgetItem &item) { return item.text(0) != "3"; });
+    tree->setChildrenState(
+        tree->topLevelItem(1)->child(0), VemoTreeWidget::ChildrenFailed, QStringLiteral("None"));
+    tree->setChildrenState(tree->topLevelItem(2), VemoTreeWidget::ChildrenOnDemand);
+    QObject::connect(tree, &VemoTreeWidget::childrenRequested, tree, [](QTreeWidgetItem *item) {
+        for (const char *name : {"x", "3"})
+            new QTreeWidgetItem(item, {name});
+    });
+    QObject::connect(tree, &VemoTreeWidget::itemToggled, tree, [tree](QTreeWidgetItem *item) {
+        tree->setFilterText(item->text(0) == "0" ? QString() : item->text(0));
+    });
+    return tree;
+}
+
 void fill(QTableWidget *table)
 {
     table->setRowCount(20);
@@ -168,6 +194,32 @@ QWidget *makeInput(QWidget *parent)
 {
     auto *sheet = new VemoInputSheet(QStringLiteral("A name"), parent);
     return VemoMask::createMask(sheet, parent, QColor(0, 0, 0, 20));
+}
+
+QWidget *makeContentSheet(QWidget *parent)
+{
+    auto *content = new QWidget;
+    auto *layout = new QVBoxLayout(content);
+    layout->addWidget(new QLineEdit);
+    layout->addWidget(new QTextEdit);
+    auto *sheet = new VemoContentSheet(content, parent);
+    return VemoMask::createMask(sheet, parent, QColor(0, 0, 0, 20));
+}
+
+QWidget *makeProgress(QWidget *parent)
+{
+    auto *sheet = new VemoProgressSheet(QStringLiteral("Copying"), parent);
+    sheet->setValue(40);
+    return VemoMask::createMask(sheet, parent, QColor(0, 0, 0, 20));
+}
+
+QWidget *makeMessageBar(QWidget *parent)
+{
+    auto *bar = new VemoMessageBar(parent);
+    bar->showMessage(VemoMessageBar::Warning, QStringLiteral("The disk is nearly full."));
+    bar->showMessage(VemoMessageBar::Error, QStringLiteral("The disk is full."),
+        QStringLiteral("Close"), [bar] { bar->clearMessages(); });
+    return bar;
 }
 
 QWidget *withButton(QWidget *frame)
@@ -290,11 +342,16 @@ std::vector<WidgetKind> composites()
         {"VemoMask", makeMask, make<QMessageBox>},
         {"VemoMessageSheet", makeMessage, make<QMessageBox>},
         {"VemoInputSheet", makeInput, make<QMessageBox>},
+        {"VemoContentSheet", makeContentSheet, make<QMessageBox>},
+        {"VemoProgressSheet", makeProgress, make<QProgressDialog>},
+        {"VemoMessageBar", makeMessageBar, makeText<QLabel>},
         {"VemoCountdownMessageBox", make<VemoCountdownMessageBox>, make<QMessageBox>},
         {"VemoPagingBar", makePagingBar, make<QToolBar>},
         {"VemoTableWidget", makeTable, makeStockTable},
         {"VemoTableView", makeTableView, makeStockTable},
         {"VemoTreeWidget", makeVemoTree, makeTree<QTreeWidget, QTreeWidgetItem>},
+        {"VemoTreeWidget with options", makeTreeWithOptions,
+            makeTree<QTreeWidget, QTreeWidgetItem>},
         {"VemoButtonPath", makePath, makeStockTable},
         {"VemoFilterBar", makeFilter, make<QLineEdit>},
         {"VemoCalanderView", make<VemoCalanderView>, make<QCalendarWidget>},
