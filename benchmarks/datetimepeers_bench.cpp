@@ -42,7 +42,7 @@ std::unique_ptr<QComboBox> peerBox()
 void dateOpen(Case &c)
 {
     useTheme();
-    c.withoutGoal();
+    c.goal(1.0);
     c.once();
     c.resultsDiffer(); // Another calendar.
     c.reference(QStringLiteral("KDateComboBox"), []() -> std::unique_ptr<QWidget> {
