@@ -16,11 +16,13 @@
 #include <vemo/vemolineedit.h>
 #include <vemo/vemomenu.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemospinner.h>
 #include <vemo/vemoswitch.h>
 
 #include <QAbstractItemView>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QStyledItemDelegate>
 
@@ -92,6 +94,20 @@ QWidget *stockLineEdit()
     layout->addWidget(styled(new QLineEdit, getStyleSheet("component.lineedit")));
     layout->addWidget(styled(new QLabel, getStyleSheet("component.lineedit_label")));
     return edit;
+}
+
+QWidget *stockSpinner()
+{
+    auto *bar = new QProgressBar;
+    bar->setRange(0, 0);
+    return styled(bar, getStyleSheet("component.progress_bar"));
+}
+
+QWidget *ourSpinner()
+{
+    auto *spinner = new VemoSpinner;
+    spinner->start();
+    return spinner;
 }
 
 QWidget *stockSwitch()
@@ -264,6 +280,9 @@ void bench::controlsCases(Cases &cases)
                 return styled(new QRadioButton(caption()), getStyleSheet("component.radio_button"));
             },
             [] { return new VemoRadioButton(caption()); }));
+    cases.add(QStringLiteral("controls.spinner"),
+        against(QStringLiteral("QProgressBar of unknown length, sheet of the progress sheet"),
+            stockSpinner, ourSpinner));
     cases.add(QStringLiteral("controls.switch"),
         against(QStringLiteral("QCheckBox, same sheet each"), stockSwitch,
             [] { return new VemoSwitch(caption()); }));

@@ -18,6 +18,7 @@
 #include <vemo/vemolineedit.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemospinner.h>
 #include <vemo/vemoswitch.h>
 #include <vemo/vemotableview.h>
 #include <vemo/vemotablewidget.h>
@@ -96,6 +97,11 @@ const FormWidgetInfo kLabels[] = {
         R"(<property name="text"><string>Link</string></property>)",
         "hyperLink:url:notr",
         make<form::LinkLabel>},
+    {"VemoSpinner", "QWidget", "Ring that turns while the program works",
+        "A small ring that turns while \"running\" is on, for work whose end is not known.",
+        kBySizeHint,
+        R"(<property name="running"><bool>true</bool></property>)", "",
+        make<VemoSpinner>},
 };
 
 const FormWidgetInfo kFields[] = {

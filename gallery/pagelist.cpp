@@ -14,7 +14,9 @@ const std::vector<PageEntry> &pages()
             buildResourcesPage},
         {"Buttons", "VemoButton VemoIconButton push tool role icon apply cancel red paging",
             buildButtonsPage},
-        {"Labels", "VemoLabel VemoBadge ClickableLabel LinkLabel tooltip text hyperlink wrap count dot",
+        {"Labels",
+            "VemoLabel VemoBadge ClickableLabel LinkLabel VemoSpinner tooltip text hyperlink wrap "
+            "count dot busy progress",
             buildLabelsPage},
         {"Fields", "VemoLineEdit text input error validator caption unit password",
             buildFieldsPage},

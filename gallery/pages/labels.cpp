@@ -2,6 +2,7 @@
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pages/pages.h"
+#include "gallery/specimens.h"
 
 #include <vemo/defaulttheme.h>
 #include <vemo/dpiinfo.h>
@@ -10,6 +11,8 @@
 #include <vemo/vemobadge.h>
 #include <vemo/vemoiconbutton.h>
 #include <vemo/vemolabel.h>
+#include <vemo/vemospinner.h>
+#include <vemo/vemoswitch.h>
 
 #include <QVariant>
 
@@ -157,14 +160,46 @@ void addToolTips(Page &page)
     page.addCode("label->setToolTip(getHtmlEscapedStringForToolTip(fileName));");
 }
 
+VemoSpinner *newSpinner(int diameter)
+{
+    auto *spinner = named(new VemoSpinner, "Copying");
+    spinner->setDiameter(diameter);
+    return spinner;
+}
+
+VemoSpinner *newStillSpinner(int diameter)
+{
+    VemoSpinner *spinner = newSpinner(diameter);
+    spinner->setStyleSheet(spinner->styleSheet() + "VemoSpinner { widget-animation-duration: 0; }");
+    spinner->start();
+    return spinner;
+}
+
+void addSpinners(Page &page)
+{
+    VemoSpinner *live = newSpinner(16);
+    auto *copying = new VemoSwitch(demo("copying"));
+    QObject::connect(copying, &VemoSwitch::toggled, live, &VemoSpinner::setRunning);
+    page.addSection("Spinners", "For work whose end is not known. Stopped, it keeps its place.");
+    page.addRow({captioned(copying, "Switch it on"), captioned(live, "Live"),
+        captioned(newStillSpinner(16), "16"), captioned(newStillSpinner(24), "24"),
+        captioned(newStillSpinner(48), "48"),
+        captioned(disabled(newStillSpinner(24)), "Disabled")});
+    page.addCode(R"(auto *spinner = new VemoSpinner(page);
+spinner->setAccessibleName(tr("Loading"));
+spinner->start();)");
+}
+
 } // namespace
 
 void buildLabelsPage(Page &page)
 {
-    page.addSummary("Text that grows with its lines, badges, text that can be pressed, and links.");
+    page.addSummary("Text that grows with its lines, badges, text that can be pressed, links, and "
+                    "spinners.");
     addPlain(page);
     addWrapped(page);
     addBadges(page);
     addClickable(page);
     addToolTips(page);
+    addSpinners(page);
 }

@@ -11,6 +11,7 @@
 #include <vemo/vemolabel.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemospinner.h>
 #include <vemo/vemoswitch.h>
 
 #include <QAbstractItemView>
@@ -315,6 +316,8 @@ void AnnouncementTest::toolTipIsDescribedWithoutMarkUp_data()
     QTest::newRow("link label") << Make(newControl<LinkLabel>);
     QTest::newRow("combo box") << Make(
         [](const QString & /*text*/) -> QWidget * { return new VemoComboBox; });
+    QTest::newRow("spinner") << Make(
+        [](const QString & /*text*/) -> QWidget * { return new VemoSpinner; });
     QTest::newRow("line edit") << Make(
         [](const QString & /*text*/) -> QWidget * { return new VemoLineEdit; });
 }

@@ -9,6 +9,7 @@
 #include <vemo/vemolabel.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemospinner.h>
 #include <vemo/vemoswitch.h>
 
 #include <QLineEdit>
@@ -54,6 +55,7 @@ void UnstyledControlsTest::warnOnceForEachMissingSectionAndStayPlain_data()
         {missing("checkbox")});
     row("radio button", [] { return static_cast<QWidget *>(new VemoRadioButton); },
         {missing("radio_button")});
+    row("spinner", [] { return static_cast<QWidget *>(new VemoSpinner); }, {missing("spinner")});
     row("switch", [] { return static_cast<QWidget *>(new VemoSwitch); }, {missing("switch")});
     row("line edit", [] { return static_cast<QWidget *>(new VemoLineEdit); },
         {missing("lineedit_label"), missing("lineedit"), missing("lineedit_label")});

@@ -157,6 +157,8 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("ClickableLabel.text", "Details");
     row("LinkLabel.hyperLink", "https://example.com/?a=1&b=2");
     row("LinkLabel.hoverUnderline", false);
+    row("VemoSpinner.running", true);
+    row("VemoSpinner.diameter", 48);
     row("VemoLineEdit.preText", "Keep for");
     row("VemoLineEdit.editText", "30");
     row("VemoLineEdit.postText", "days");
@@ -249,7 +251,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 66);
+    QCOMPARE(count, 68);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()

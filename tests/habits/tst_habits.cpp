@@ -41,6 +41,7 @@
 #include <vemo/VemoProgressSheet>
 #include <vemo/VemoRadioButton>
 #include <vemo/VemoSheet>
+#include <vemo/VemoSpinner>
 #include <vemo/VemoSwitch>
 #include <vemo/VemoTableWidget>
 #include <vemo/VemoTimeComboBox>
@@ -134,6 +135,7 @@ void HabitsTest::addParents()
     HABIT_MADE(VemoCheckBox(page));
     HABIT_MADE(VemoRadioButton(text, page));
     HABIT_MADE(VemoRadioButton(page));
+    HABIT_MADE(VemoSpinner(page));
     HABIT_MADE(VemoSwitch(text, page));
     HABIT_MADE(VemoSwitch(page));
     HABIT_MADE(VemoComboBox(page));
@@ -179,6 +181,7 @@ void HabitsTest::addDefaultParents()
     HABIT_HELD(LinkLabel);
     HABIT_HELD(VemoCheckBox);
     HABIT_HELD(VemoRadioButton);
+    HABIT_HELD(VemoSpinner);
     HABIT_HELD(VemoSwitch);
     HABIT_HELD(VemoComboBox);
     HABIT_HELD(VemoLineEdit);

@@ -32,6 +32,7 @@
 #include <vemo/vemoprogresssheet.h>
 #include <vemo/vemoradiobutton.h>
 #include <vemo/vemosheet.h>
+#include <vemo/vemospinner.h>
 #include <vemo/vemoswitch.h>
 #include <vemo/vemotableview.h>
 #include <vemo/vemotablewidget.h>
@@ -43,6 +44,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
@@ -307,6 +309,13 @@ QWidget *makeStockBadge(QWidget *parent)
     return button;
 }
 
+QWidget *makeSpinner(QWidget *parent)
+{
+    auto *spinner = new VemoSpinner(parent);
+    spinner->start();
+    return spinner;
+}
+
 template <typename Container> QWidget *makeRow(QWidget *parent)
 {
     auto *row = new Container(parent);
@@ -329,6 +338,7 @@ std::vector<WidgetKind> buttonsAndLabels()
         {"VemoCheckBox", makeText<VemoCheckBox>, makeText<QCheckBox>},
         {"VemoRadioButton", makeText<VemoRadioButton>, makeText<QRadioButton>},
         {"VemoSwitch", makeText<VemoSwitch>, makeText<QCheckBox>},
+        {"VemoSpinner", makeSpinner, make<QProgressBar>},
         {"VemoComboBox", makeBox<VemoComboBox>, makeBox<QComboBox>},
         {"VemoMenu", makeMenu<VemoMenu>, makeMenu<QMenu>},
         {"VemoFootbar", makeRow<VemoFootbar>, makeRow<QWidget>},

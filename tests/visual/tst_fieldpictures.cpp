@@ -9,6 +9,7 @@
 #include <vemo/vemolabel.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemomenu.h>
+#include <vemo/vemospinner.h>
 
 #include <QApplication>
 #include <QLabel>
@@ -115,6 +116,15 @@ void addBadges(Looks &looks)
     }
 }
 
+/// It would look different each time if it turned.
+VemoSpinner *newStillSpinner()
+{
+    auto *spinner = new VemoSpinner;
+    spinner->setStyleSheet(spinner->styleSheet() + "VemoSpinner { widget-animation-duration: 0; }");
+    spinner->start();
+    return spinner;
+}
+
 } // namespace
 
 class FieldPictures : public BaselineTest
@@ -141,6 +151,7 @@ Looks FieldPictures::looks() const
         kFilterSize);
     addBadges(looks);
     addStates(looks, "label", [] { return new VemoLabel("ab"); }, {State::Rest, State::Disabled});
+    addStates(looks, "spinner", newStillSpinner, {State::Rest, State::Disabled});
     // At rest it looks like a label where both have the theme's ink.
     QVector<State> linkStates {State::Hover};
     if (QApplication::palette().color(QPalette::WindowText) != defaultThemeColor("ink"))
