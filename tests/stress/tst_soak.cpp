@@ -7,6 +7,7 @@
 
 #include <QPixmapCache>
 
+#include <dlfcn.h>
 #include <malloc.h>
 
 namespace {
@@ -15,6 +16,12 @@ constexpr qint64 kNoise = 64 * 1024; // Bytes, for caches of Qt that fill late.
 
 qint64 bytesInUse()
 {
+    // AddressSanitizer replaces the allocator, so that mallinfo2() only returns zeros.
+    using AllocatedBytes = size_t (*)();
+    static const auto sanitized = reinterpret_cast<AllocatedBytes>(
+        dlsym(RTLD_DEFAULT, "__sanitizer_get_current_allocated_bytes"));
+    if (sanitized)
+        return qint64(sanitized());
     const auto info = mallinfo2();
     return qint64(info.uordblks + info.hblkhd);
 }
@@ -74,6 +81,7 @@ class SoakTest : public VemoTest
 
 private Q_SLOTS:
     void initTestCase();
+    void measuresTheHeap();
     void growsNoMoreThanAStockWidget_data();
     void growsNoMoreThanAStockWidget();
 };
@@ -90,6 +98,16 @@ void SoakTest::initTestCase()
             popup->close();
     });
     closing->start(0);
+}
+
+void SoakTest::measuresTheHeap()
+{
+    constexpr int kBytes = 1024 * 1024;
+    const qint64 before = bytesInUse();
+    auto bytes = std::make_unique<QByteArray>(kBytes, 'x');
+    QVERIFY(bytesInUse() - before >= kBytes);
+    bytes.reset();
+    QVERIFY(bytesInUse() - before < kBytes);
 }
 
 void SoakTest::growsNoMoreThanAStockWidget_data()
