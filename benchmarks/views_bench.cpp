@@ -380,7 +380,7 @@ void treeCheck(bench::Case &c)
         return checkedItems(*bare->topLevelItem(0));
     };
     c.goal(0.5);
-    c.goalOfLimit(1.5);
+    c.goalOfLimit(3.0);
     c.items(kTreeItems);
     c.reference(
         QStringLiteral("QTreeWidget, recursive slot"), [=] { return set(*stock, Qt::Checked); },
@@ -432,7 +432,8 @@ bench::Cases::Setup treeFilter(const QString &text)
         const std::shared_ptr<QTreeWidget> stock = stockTree();
         const auto ours =
             std::shared_ptr<VemoTreeWidget>(static_cast<VemoTreeWidget *>(ourTree().release()));
-        c.goal(1.0);
+        // Broad matches hide nearly all items one by one, as by hand, and remember which.
+        c.goal(text.size() < 4 ? 1.5 : 0.6);
         c.items(kTreeItems);
         c.reference(
             QStringLiteral("QTreeWidget, hidden by hand"),

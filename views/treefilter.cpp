@@ -22,6 +22,14 @@ QTreeWidgetItem *topmostHidden(QTreeWidgetItem *item)
     return hidden;
 }
 
+/// Leaves are left out, because asking the view is expensive.
+bool isOpen(const QTreeWidgetItem *item)
+{
+    const bool mayBe =
+        item->childCount() > 0 || item->childIndicatorPolicy() == QTreeWidgetItem::ShowIndicator;
+    return mayBe && item->isExpanded();
+}
+
 } // namespace
 
 struct VemoTreeWidget::Filter::Row
@@ -35,7 +43,7 @@ struct VemoTreeWidget::Filter::Row
 VemoTreeWidget::Filter::Filter(VemoTreeWidget *tree) : m_tree(tree)
 {
     for (QTreeWidgetItem *item : withItemsBelow(childrenOf(*tree->invisibleRootItem()))) {
-        if (item->isExpanded())
+        if (isOpen(item))
             m_expanded.insert(item);
     }
 }
@@ -67,15 +75,19 @@ QList<QPersistentModelIndex> VemoTreeWidget::Filter::handleChange(
 
 void VemoTreeWidget::Filter::showAll()
 {
-    for (QTreeWidgetItem *item : std::exchange(m_hidden, {}))
-        item->setHidden(false);
+    const QSet<QTreeWidgetItem *> hidden = std::exchange(m_hidden, {});
+    // In the order of the rows, in which Qt finds an item's row at once.
+    for (QTreeWidgetItem *item : withItemsBelow(childrenOf(*m_tree->invisibleRootItem()))) {
+        if (hidden.contains(item))
+            item->setHidden(false);
+    }
 }
 
-QList<QPersistentModelIndex> VemoTreeWidget::Filter::changedItems(bool isExpanded) const
+QList<QPersistentModelIndex> VemoTreeWidget::Filter::changedItems(bool areExpanded) const
 {
     QList<QPersistentModelIndex> items;
     for (QTreeWidgetItem *item : withItemsBelow(childrenOf(*m_tree->invisibleRootItem()))) {
-        if (item->isExpanded() == isExpanded && m_expanded.contains(item) != isExpanded)
+        if (isOpen(item) == areExpanded && m_expanded.contains(item) != areExpanded)
             items << m_tree->indexFromItem(item);
     }
     return items;

@@ -22,7 +22,7 @@ public:
     /// Shows all items.
     void showAll();
     /// The items that are or are not expanded, and were the opposite before the filter was set.
-    QList<QPersistentModelIndex> changedItems(bool isExpanded) const;
+    QList<QPersistentModelIndex> changedItems(bool areExpanded) const;
 
     /// To be called before items are removed.
     void forget(const QTreeWidgetItem &parent, int first, int last);
