@@ -206,7 +206,7 @@ void VemoTreeWidget::startDrag(Qt::DropActions supportedActions)
     data->setProperty(kDragged, dragged);
     auto *drag = new QDrag(this);
     drag->setMimeData(data);
-    drag->setPixmap(pictureOf(items));
+    drag->setPixmap(draggedPicture(items));
     // Deliberate: QAbstractItemView would remove the items after they were moved.
     drag->exec(supportedActions, defaultDropAction());
 }
@@ -305,7 +305,7 @@ VemoTreeWidget::DropPosition VemoTreeWidget::dropPosition() const
 }
 
 /// What follows the pointer during a drag: the rows of the visible items.
-QPixmap VemoTreeWidget::pictureOf(const QList<QTreeWidgetItem *> &items) const
+QPixmap VemoTreeWidget::draggedPicture(const QList<QTreeWidgetItem *> &items) const
 {
     QRect rows;
     for (const QTreeWidgetItem *item : items)

@@ -204,7 +204,7 @@ private:
     void leaveHiddenItems();
     bool canDrop(const QMimeData &data, const QTreeWidgetItem *target) const;
     DropPosition dropPosition() const;
-    QPixmap pictureOf(const QList<QTreeWidgetItem *> &items) const;
+    QPixmap draggedPicture(const QList<QTreeWidgetItem *> &items) const;
 
     QColor m_selected_color;
     QColor m_hover_color;
