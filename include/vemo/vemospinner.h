@@ -6,15 +6,15 @@
 #include <QBasicTimer>
 #include <QWidget>
 
-/// A small turning ring: the window works on something, and nobody knows how long it takes. Where
-/// the progress is known, use a QProgressBar; where the user has to wait, VemoProgressSheet.
+/// A small turning ring that shows that work of unknown length is going on. If the progress is
+/// known, use a QProgressBar; if the user has to wait for the end, use VemoProgressSheet.
 ///
-/// It is stopped at first. A stopped spinner draws nothing and keeps its place in the layout. It
-/// needs the processor only while it is seen: hidden, minimized or scrolled away, it doesn't turn.
-/// If the style turns animations off (QStyle::SH_Widget_Animation_Duration is 0, which style sheets
+/// It is initially stopped. A stopped spinner draws nothing but keeps its place in the layout. It
+/// uses the processor only while it is seen: hidden, minimized or scrolled away, it does not turn.
+/// If the style disables animations (QStyle::SH_Widget_Animation_Duration is 0, which style sheets
 /// set by "widget-animation-duration: 0"), the ring is still. It never takes the keyboard focus.
-/// Assistive tools find a busy progress bar: give it a name with setAccessibleName() or by a label
-/// whose buddy it is. It belongs to its parent.
+/// Assistive tools find a busy progress bar: name it with setAccessibleName() or by a label whose
+/// buddy it is. It belongs to its parent.
 ///
 /// Requires: style files; without the section "component.spinner" the ring has the colour of the
 /// text, with a warning.
@@ -28,29 +28,33 @@
 class VEMO_EXPORT VemoSpinner : public QWidget
 {
     Q_OBJECT
+    /// Whether the ring turns.
     Q_PROPERTY(bool running READ isRunning WRITE setRunning NOTIFY runningChanged)
+    /// The diameter of the ring in design pixels.
     Q_PROPERTY(int diameter READ diameter WRITE setDiameter)
 
 public:
+    /// Creates a stopped spinner and looks up its style.
     explicit VemoSpinner(QWidget *parent = nullptr);
 
-    bool isRunning() const { return m_is_running; }
+    bool isRunning() const { return m_is_running; } ///< initially false
 
-    /// Design pixels; 16 at first.
+    /// The diameter of the ring in design pixels, initially 16.
     int diameter() const { return m_diameter; }
-    /// Both size policies are fixed, so this is also its size in a layout. At least 4.
+    /// Sets the diameter in design pixels, at least 4. Both size policies are fixed, so this is
+    /// also the size in a layout.
     void setDiameter(int designPixels);
 
-    /// Screen pixels, of the diameter.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 public Q_SLOTS:
-    void start();
-    void stop();
-    void setRunning(bool running);
+    void start(); ///< same as setRunning(true)
+    void stop(); ///< same as setRunning(false)
+    void setRunning(bool running); ///< starts or stops the ring
 
 Q_SIGNALS:
+    /// Emitted when the spinner has been started or stopped.
     void runningChanged(bool running);
 
 protected:
