@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "controls/fieldbuttons_p.h"
 
-#include <vemo/componentstrings.h>
+#include "core/stringof_p.h"
+
 #include <vemo/imagemanager.h>
 
 #include <QAction>
@@ -28,8 +29,8 @@ QIcon iconOf(const char *name)
 class ActionName : public QObject
 {
 public:
-    ActionName(QLineEdit *field, QAction *action, const QString &key)
-        : QObject(action), m_action(action), m_key(key), m_shown(translated())
+    ActionName(QLineEdit *field, QAction *action, const char *key)
+        : QObject(action), m_action(action), m_key(key), m_shown(stringOf(key))
     {
         setObjectName(kName);
         action->setText(m_shown);
@@ -40,21 +41,19 @@ public:
     {
         if (event->type() != QEvent::LanguageChange)
             return false;
-        const QString before = std::exchange(m_shown, translated());
+        const QString before = std::exchange(m_shown, stringOf(m_key));
         if (m_action->text() == before) // Otherwise it is the host's.
             m_action->setText(m_shown);
         return false;
     }
 
 private:
-    QString translated() const { return ComponentStrings::getInstance().getString(m_key); }
-
     QAction *m_action;
-    QString m_key;
+    const char *m_key;
     QString m_shown;
 };
 
-void setName(QLineEdit *field, QAction *action, const QString &key)
+void setName(QLineEdit *field, QAction *action, const char *key)
 {
     delete action->findChild<QObject *>(kName);
     new ActionName(field, action, key);
@@ -68,7 +67,7 @@ void setNamedClearButton(QLineEdit *field, bool enabled)
     QAction *action = clearButtonAction(field);
     if (enabled && action) {
         action->setIcon(iconOf("bt_close"));
-        setName(field, action, QStringLiteral("accessible_clear"));
+        setName(field, action, "accessible_clear");
     }
 }
 
@@ -93,7 +92,7 @@ void setPasswordButton(QLineEdit *field, bool enabled)
     }
     action = field->addAction(getGlobalIcon("bt_show"), QLineEdit::TrailingPosition);
     action->setObjectName(kPasswordAction);
-    setName(field, action, QStringLiteral("accessible_show_password"));
+    setName(field, action, "accessible_show_password");
     action->setCheckable(true);
     QObject::connect(action, &QAction::toggled, field, [field, action](bool isShown) {
         field->setEchoMode(isShown ? QLineEdit::Normal : QLineEdit::Password);

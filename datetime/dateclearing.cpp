@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "datetime/dateclearing_p.h"
 
-#include <vemo/componentstrings.h>
+#include "controls/namediconbutton_p.h"
+
 #include <vemo/vemodateselector.h>
 
 #include <QEvent>
@@ -23,12 +24,10 @@ QRect arrowRect(const QWidget &field)
 
 DateClearing::DateClearing(VemoDateSelector *field)
     : QObject(field), m_field(field),
-      m_button(new VemoIconButton(QStringLiteral("bt_close"), field))
+      m_button(new NamedIconButton(QStringLiteral("bt_close"), "accessible_clear", field))
 {
     m_button->setFocusPolicy(Qt::NoFocus);
     m_button->setCursor(Qt::ArrowCursor);
-    m_button->setAccessibleName(
-        ComponentStrings::getInstance().getString(QStringLiteral("accessible_clear")));
     m_button->adjustSize();
     connect(m_button, &VemoIconButton::clicked, this, [this] { clearDate(); });
     connect(field, qOverload<int>(&QComboBox::currentIndexChanged), this, [this] { showButton(); });

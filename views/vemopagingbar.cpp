@@ -2,9 +2,9 @@
 #include <vemo/vemopagingbar.h>
 
 #include "controls/growntofont_p.h"
+#include "controls/namediconbutton_p.h"
 #include "core/logging_p.h"
 #include "core/scaling_p.h"
-#include "core/stringof_p.h"
 #include "views/pagingextras_p.h"
 
 #include <vemo/stylemanager.h>
@@ -19,8 +19,6 @@
 #include <QSignalMapper>
 #include <QStyleOptionButton>
 #include <QStylePainter>
-
-#include <utility>
 
 namespace {
 
@@ -76,16 +74,14 @@ private:
 
 /// In a right-to-left layout the row is mirrored, so each button shows the picture of its
 /// counterpart.
-class NavigationButton : public VemoIconButton
+class NavigationButton : public NamedIconButton
 {
 public:
     NavigationButton(const char *picture, const char *counterpart, const char *toolTipKey)
-        : VemoIconButton(QLatin1String(picture)), m_picture(QLatin1String(picture)),
-          m_counterpart(QLatin1String(counterpart)), m_key(toolTipKey)
+        : NamedIconButton(QLatin1String(picture), toolTipKey), m_picture(QLatin1String(picture)),
+          m_counterpart(QLatin1String(counterpart))
     {
-        setToolTip(stringOf(m_key));
-        setAccessibleName(toolTip());
-        m_shown = toolTip();
+        setToolTip(accessibleName());
         if (isRightToLeft())
             setAllIcon(m_counterpart);
     }
@@ -93,9 +89,7 @@ public:
 protected:
     void changeEvent(QEvent *event) override
     {
-        VemoIconButton::changeEvent(event);
-        if (event->type() == QEvent::LanguageChange)
-            translate();
+        NamedIconButton::changeEvent(event);
         if (event->type() != QEvent::LayoutDirectionChange)
             return;
         setAllIcon(isRightToLeft() ? m_counterpart : m_picture);
@@ -105,45 +99,8 @@ protected:
     }
 
 private:
-    /// Texts of the host's own stay.
-    void translate()
-    {
-        const QString before = std::exchange(m_shown, stringOf(m_key));
-        if (accessibleName() == before)
-            setAccessibleName(m_shown);
-        if (toolTip() == before)
-            setToolTip(m_shown);
-    }
-
     QString m_picture;
     QString m_counterpart;
-    const char *m_key; ///< of the tool tip
-    QString m_shown;
-};
-
-/// Asks for the page again.
-class RefreshButton : public VemoIconButton
-{
-public:
-    RefreshButton() : VemoIconButton(QStringLiteral("bt_pagebar_refresh"))
-    {
-        m_shown = stringOf("pagebar_refresh");
-        setAccessibleName(m_shown);
-    }
-
-protected:
-    void changeEvent(QEvent *event) override
-    {
-        VemoIconButton::changeEvent(event);
-        if (event->type() != QEvent::LanguageChange)
-            return;
-        const QString before = std::exchange(m_shown, stringOf("pagebar_refresh"));
-        if (accessibleName() == before)
-            setAccessibleName(m_shown);
-    }
-
-private:
-    QString m_shown;
 };
 
 /// A page number. A blank one draws nothing, not even the background of its style.
@@ -521,7 +478,7 @@ void VemoPagingBar::addPageButtons()
 
 void VemoPagingBar::addRefreshButton()
 {
-    m_refresh_button = new RefreshButton;
+    m_refresh_button = new NamedIconButton(QStringLiteral("bt_pagebar_refresh"), "pagebar_refresh");
     m_refresh_button->setFixedSize(scaled(kButtonSize), scaled(kButtonSize));
 
     m_footer_layout = new QHBoxLayout;

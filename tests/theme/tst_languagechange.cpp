@@ -7,6 +7,7 @@
 #include <vemo/componentstrings.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemocalanderview.h>
+#include <vemo/vemodateselector.h>
 #include <vemo/vemofilterbar.h>
 #include <vemo/vemoiconbutton.h>
 #include <vemo/vemoinputsheet.h>
@@ -111,6 +112,11 @@ void LanguageChangeTest::aWidgetSpeaksAsIfMadeInThatLanguage_data()
         bar->setClearButtonVisible(true);
         return bar;
     }));
+    addRow("date field with a clear button", Make([]() -> QWidget * {
+        auto *field = new VemoDateSelector({}, nullptr);
+        field->setClearable(true);
+        return field;
+    }));
     addRow("information", Make([]() -> QWidget * {
         return new VemoMessageSheet(VemoMessageSheet::Information, nullptr);
     }));
@@ -152,7 +158,12 @@ void LanguageChangeTest::textsOfTheHostStay()
     edit.setPasswordButtonEnabled(true);
     auto *show = edit.getLineEdit()->findChild<QAction *>("vemo_password_action");
     show->setText("Show the key");
+    VemoDateSelector date({}, nullptr);
+    date.setClearable(true);
+    auto *clear = date.findChild<VemoIconButton *>();
+    clear->setAccessibleName("No date");
     speak("deu");
+    QCOMPARE(clear->accessibleName(), QString("No date"));
     QCOMPARE(show->text(), QString("Show the key"));
     QCOMPARE(refresh->accessibleName(), QString("Read again"));
     QCOMPARE(view.accessibleName(), QString("Day of birth"));
