@@ -109,6 +109,8 @@ private Q_SLOTS:
     void paintsARefreshedRowOnce_data();
     void paintsARefreshedRowOnce();
     void movesThePartsAfterAColumnThatIsResized();
+    void partsFollowALaterStyleSheet_data();
+    void partsFollowALaterStyleSheet();
 
 private:
     RecordingStyle *m_style = nullptr; ///< the application's
@@ -300,6 +302,38 @@ void PathRowTest::movesThePartsAfterAColumnThatIsResized()
     const int left = path.place(1).left();
     path.bar.setColumnWidth(0, path.bar.columnWidth(0) + 50);
     QTRY_COMPARE(path.place(1).left(), left + 50);
+}
+
+void PathRowTest::partsFollowALaterStyleSheet_data()
+{
+    QTest::addColumn<QString>("owner");
+    for (const char *owner : {"part", "bar", "application"})
+        QTest::newRow(owner) << QString(owner);
+}
+
+void PathRowTest::partsFollowALaterStyleSheet()
+{
+    QFETCH(QString, owner);
+    Path path;
+    for (const int column : {0, 1}) {
+        QPushButton *part = path.button(column);
+        QWidget *sheetOwner = owner == "bar" ? static_cast<QWidget *>(&path.bar) : part;
+        const auto setMargin = [&](int margin) {
+            const QString sheet =
+                QString("QPushButton { border: none; margin: 0px %1px; }").arg(margin);
+            if (owner == "application")
+                qApp->setStyleSheet(margin ? sheet : QString());
+            else
+                sheetOwner->setStyleSheet(sheet);
+        };
+        setMargin(0);
+        const QSize before = part->sizeHint();
+        setMargin(45);
+        const QSize after = part->sizeHint();
+        setMargin(0);
+        QCOMPARE(after, before + QSize(90, 0));
+        QCOMPARE(part->sizeHint(), before);
+    }
 }
 
 VEMO_TEST_MAIN(PathRowTest)
