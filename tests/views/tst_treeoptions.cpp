@@ -196,6 +196,7 @@ private Q_SLOTS:
     void reportsDroppedItems_data();
     void reportsDroppedItems();
     void reportsItemsOfAnotherTree();
+    void reportsDroppedFiles_data();
     void reportsDroppedFiles();
     void refusesDrops_data();
     void refusesDrops();
@@ -905,19 +906,33 @@ void TreeOptionsTest::reportsItemsOfAnotherTree()
     QVERIFY(!tree.dropOn(tree["home"], *data));
 }
 
+void TreeOptionsTest::reportsDroppedFiles_data()
+{
+    QTest::addColumn<bool>("isAbove");
+    QTest::addColumn<VemoTreeWidget::DropPosition>("position");
+    addRow("on", false, VemoTreeWidget::DropOnItem);
+    addRow("above", true, VemoTreeWidget::DropAboveItem);
+}
+
 void TreeOptionsTest::reportsDroppedFiles()
 {
+    QFETCH(const bool, isAbove);
+    QFETCH(const VemoTreeWidget::DropPosition, position);
     Tree tree;
     tree.setDropSignalsEnabled(true);
     QSignalSpy drops(&tree, &VemoTreeWidget::urlsDropped);
     QMimeData files;
     files.setUrls({QUrl("file:///tmp/a"), QUrl("file:///tmp/b")});
-    QVERIFY(tree.dropOn(tree["docs"], files, Qt::CopyAction));
+    const QRect row = tree.visualItemRect(tree["docs"]);
+    const QPoint point(row.center().x(), isAbove ? row.top() : row.center().y());
+    QVERIFY(tree.drop(point, files, Qt::CopyAction));
     QCOMPARE(drops.size(), 1);
     QCOMPARE(drops[0][0].value<QList<QUrl>>(), files.urls());
     QCOMPARE(drops[0][1].value<Item *>(), tree["docs"]);
+    QCOMPARE(drops[0][2].value<VemoTreeWidget::DropPosition>(), position);
+    QCOMPARE(drops[0][3].value<Qt::DropAction>(), Qt::CopyAction);
     tree.setDropSignalsEnabled(false);
-    QVERIFY(!tree.dropOn(tree["docs"], files, Qt::CopyAction));
+    QVERIFY(!tree.drop(point, files, Qt::CopyAction));
     QCOMPARE(tree.dragDropMode(), QAbstractItemView::NoDragDrop);
     QCOMPARE(drops.size(), 1);
 }
