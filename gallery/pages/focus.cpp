@@ -11,11 +11,13 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <QVector>
 
 namespace {
 
 const char kTitle[] = "Focus order";
 const char kFirstPage[] = "Fields";
+constexpr int kBadgeSize = 18; // design pixels
 
 /// Draws the order that accessibleList() finds under a page over it.
 class Order : public QWidget
@@ -37,31 +39,40 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        QPoint previous;
-        const QList<QWidget *> order = accessibleList(m_page, AccessibleFilter({}, m_level));
-        for (int i = 0; i < order.size(); ++i) {
-            const QRect frame(order[i]->mapTo(m_page, QPoint(0, 0)), order[i]->size());
-            drawStep(painter, frame, i, previous);
-            previous = frame.topLeft();
+        painter.setPen(QPen(defaultThemeColor("accent"), DPIinfo::scaled(1), Qt::DotLine));
+        QVector<QRect> badges;
+        for (const QWidget *widget : accessibleList(m_page, AccessibleFilter({}, m_level))) {
+            const QRect frame(widget->mapTo(m_page, QPoint(0, 0)), widget->size());
+            painter.drawRect(frame);
+            badges << badgeBeside(badges, frame.topLeft());
         }
+        for (int i = 1; i < badges.size(); ++i)
+            painter.drawLine(badges[i - 1].center(), badges[i].center());
+        for (int i = 0; i < badges.size(); ++i)
+            drawBadge(painter, badges[i], QString::number(i + 1));
     }
 
 private:
-    static void drawStep(QPainter &painter, const QRect &frame, int index, const QPoint &previous)
+    /// At corner, or to the right of the badges that are there: a field inside another widget often
+    /// begins where that does.
+    static QRect badgeBeside(const QVector<QRect> &others, const QPoint &corner)
     {
-        const QColor accent = defaultThemeColor("accent");
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(accent, DPIinfo::scaled(1), Qt::DotLine));
-        painter.drawRect(frame);
-        if (index > 0)
-            painter.drawLine(previous, frame.topLeft());
-        const int size = DPIinfo::scaled(18);
-        const QRect badge(frame.topLeft() - QPoint(size / 2, size / 2), QSize(size, size));
+        const int size = DPIinfo::scaled(kBadgeSize);
+        QRect badge(corner - QPoint(size / 2, size / 2), QSize(size, size));
+        for (const QRect &other : others) {
+            if (other.intersects(badge))
+                badge.moveLeft(other.right() + 1);
+        }
+        return badge;
+    }
+
+    static void drawBadge(QPainter &painter, const QRect &badge, const QString &number)
+    {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(accent);
+        painter.setBrush(defaultThemeColor("accent"));
         painter.drawEllipse(badge);
         painter.setPen(defaultThemeColor("on-accent"));
-        painter.drawText(badge, Qt::AlignCenter, QString::number(index + 1));
+        painter.drawText(badge, Qt::AlignCenter, number);
     }
 
     QWidget *m_page;

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void offersEveryOtherPage();
     void marksEachWidgetOfTheOrder_data();
     void marksEachWidgetOfTheOrder();
+    void numbersOfNestedWidgetsAreSideBySide();
     void followsTheChosenLevel();
 };
 
@@ -94,6 +95,28 @@ void FocusPageTest::marksEachWidgetOfTheOrder()
         }
         QVERIFY(accents > 8);
     }
+}
+
+/// A composite widget and its first part begin at the same corner.
+void FocusPageTest::numbersOfNestedWidgetsAreSideBySide()
+{
+    FocusPage page;
+    page.choose("Fields");
+    page.resize(page.sizeHint());
+    QCoreApplication::processEvents();
+    const QImage picture = page.grab().toImage();
+    const QList<QWidget *> order =
+        accessibleList(page.shownPage(), AccessibleFilter({}, Qt::TabFocus));
+    int nested = 0;
+    for (int i = 1; i < order.size(); ++i) {
+        const QPoint corner = order[i]->mapTo(&page, QPoint(0, 0));
+        if (corner != order[i - 1]->mapTo(&page, QPoint(0, 0)))
+            continue;
+        ++nested;
+        QCOMPARE(picture.pixelColor(corner + QPoint(0, -7)), kAccent);
+        QCOMPARE(picture.pixelColor(corner + QPoint(18, -7)), kAccent);
+    }
+    QVERIFY(nested > 3);
 }
 
 void FocusPageTest::followsTheChosenLevel()
