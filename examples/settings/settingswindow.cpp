@@ -48,6 +48,13 @@ QFormLayout *newForm(QWidget *parent)
     return form;
 }
 
+/// QFormLayout limits the height of a caption, so that it would be higher than the field's text.
+template <typename Field> void addField(QFormLayout *form, const QString &caption, Field *field)
+{
+    form->addRow(caption, field);
+    form->labelForField(field)->setMinimumHeight(field->sizeHint().height());
+}
+
 QBoxLayout *newRow(const QList<QWidget *> &widgets)
 {
     QBoxLayout *row = spaced(new QHBoxLayout, 0);
@@ -130,7 +137,7 @@ QWidget *SettingsWindow::newFolderGroup()
 
     QFormLayout *form = newForm(group);
     form->addRow(m_folders);
-    form->addRow("Leave out:", newRow({m_patterns, add, remove}));
+    addField(form, "Leave out:", newRow({m_patterns, add, remove}));
     return group;
 }
 
@@ -149,9 +156,9 @@ QWidget *SettingsWindow::newDestinationGroup()
     level->addItems({"Fast compression", "Best compression", "No compression"});
 
     QFormLayout *form = newForm(group);
-    form->addRow("Server:", address);
-    form->addRow("Used:", used);
-    form->addRow("Options:", newRow({encrypt, level}));
+    addField(form, "Server:", address);
+    addField(form, "Used:", used);
+    addField(form, "Options:", newRow({encrypt, level}));
     return group;
 }
 
@@ -170,9 +177,9 @@ QWidget *SettingsWindow::newSchedulePage()
     versions->setValue(8);
 
     QFormLayout *form = newForm(page);
-    form->addRow("How often:", newRow({daily, weekly}));
-    form->addRow("From:", newRow({from, time}));
-    form->addRow("Versions to keep:", newRow({versions}));
+    addField(form, "How often:", newRow({daily, weekly}));
+    addField(form, "From:", newRow({from, time}));
+    addField(form, "Versions to keep:", newRow({versions}));
     form->addRow(newLimitGroup());
     return page;
 }

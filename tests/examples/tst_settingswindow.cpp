@@ -10,11 +10,16 @@
 #include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
 
+#include <QApplication>
 #include <QComboBox>
+#include <QFont>
+#include <QFormLayout>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScopeGuard>
 #include <QSlider>
 #include <QSpinBox>
+#include <QTabWidget>
 
 class SettingsWindowTest : public VemoTest
 {
@@ -30,6 +35,8 @@ private Q_SLOTS:
     void enteredPatternIsAdded();
     void savingIsReported();
     void sliderAndNumberFollowEachOther();
+    void captionsAreBesideTheirFields_data();
+    void captionsAreBesideTheirFields();
 
 private:
     void click(const QString &caption);
@@ -123,6 +130,40 @@ void SettingsWindowTest::sliderAndNumberFollowEachOther()
     QCOMPARE((*limit)->value(), 70);
     (*limit)->setValue(7);
     QCOMPARE(slider->value(), 7);
+}
+
+void SettingsWindowTest::captionsAreBesideTheirFields_data()
+{
+    QTest::addColumn<int>("page");
+    QTest::newRow("folders") << 0;
+    QTest::newRow("schedule") << 1;
+}
+
+void SettingsWindowTest::captionsAreBesideTheirFields()
+{
+    QFETCH(const int, page);
+    const QFont before = QApplication::font();
+    const auto restore = qScopeGuard([before] { QApplication::setFont(before); });
+    QFont small = before;
+    small.setPointSize(8); // With the large font of this platform the captions fill their rows.
+    QApplication::setFont(small);
+    m_window.reset(new SettingsWindow);
+    auto *pages = m_window->findChild<QTabWidget *>();
+    pages->setCurrentIndex(page);
+    m_window->grab(); // lays out the page
+    int captions = 0;
+    for (const QFormLayout *form : pages->currentWidget()->findChildren<QFormLayout *>()) {
+        for (int row = 0; row < form->rowCount(); ++row) {
+            const QLayoutItem *caption = form->itemAt(row, QFormLayout::LabelRole);
+            if (!caption)
+                continue;
+            ++captions;
+            const QLayoutItem *field = form->itemAt(row, QFormLayout::FieldRole);
+            const int distance = caption->geometry().center().y() - field->geometry().center().y();
+            QVERIFY2(qAbs(distance) <= 1, qPrintable(QString("row %1: %2").arg(row).arg(distance)));
+        }
+    }
+    QVERIFY(captions > 2);
 }
 
 VEMO_TEST_MAIN(SettingsWindowTest)
