@@ -141,7 +141,7 @@ QWidget *livingFilter()
 
 void addFilters(Page &page)
 {
-    VemoFilterBar *disabled = filterBar("report");
+    VemoFilterBar *disabled = filterBar(demo("report"));
     disabled->setEnabled(false);
     page.addSection("A filter with a menu",
         "Return hands the keyword on; Down, or a click on the button, opens the menu.");

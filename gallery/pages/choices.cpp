@@ -114,8 +114,8 @@ void addSwitches(Page &page)
     auto *hidden = new VemoSwitch(demo("show_hidden"));
     hidden->setChecked(true);
     page.addRow({hidden, new VemoSwitch("Diesen Ordner freigeben"), new VemoSwitch("共享此文件夹"),
-        disabled(new VemoSwitch(demo("not_available"))),
-        captioned(named(new VemoSwitch, "Without a text"), "Without a text")});
+        disabled(new VemoSwitch(demo("not_available")))});
+    page.addRow({captioned(named(new VemoSwitch, "Without a text"), "Without a text")});
     page.addCode("auto *share = new VemoSwitch(tr(\"Share this folder\"), page);");
 }
 

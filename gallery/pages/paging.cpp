@@ -121,8 +121,9 @@ void addPositions(Page &page)
 void addFooters(Page &page)
 {
     page.addSection("Footer labels", "From right to left, each with a separator at its right.");
-    page.add(withFooter(
-        barAt(4, 7), {{demo("items").arg(350), 0}, {demo("selected"), 140}, {"1.2 GB", 0}}));
+    page.add(withFooter(barAt(4, 7),
+        {{demo("items").arg(350), 0}, {demo("selected"), 140},
+            {demoSize(QLocale().toString(1.2) + " GB"), 0}}));
     page.add(withoutRefresh(withFooter(barAt(4, 7), {{demo("no_refresh"), 0}})));
     page.add(withFooter(barAt(4, 7), {{"350 Einträge, davon 3 ausgewählt", 0}}));
     page.add(withFooter(barAt(4, 7), {{"共 350 项，已选择 3 项", 0}}));
