@@ -249,9 +249,10 @@ void VemoContentSheetTest::givesWayInALowWindow()
     Scene scene;
     scene.window.resize(scaled(300), scene.sheet->sizeHint().height() - scaled(40));
     scene.open();
+    // Before the window manager has resized the window, the sheet has room for its content.
+    QTRY_VERIFY(scene.notes->height() < scene.notes->sizeHint().height());
     QTRY_VERIFY(scene.window.rect().contains(
         QRect(scene.sheet->mapTo(&scene.window, QPoint()), scene.sheet->size())));
-    QVERIFY(scene.notes->height() < scene.notes->sizeHint().height());
 }
 
 void VemoContentSheetTest::contentMayBeReplacedOrDeleted()
