@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 
 namespace {
 
@@ -28,8 +29,9 @@ QString demo(const char *key)
     return table().value(QLatin1String(key)).toString(key);
 }
 
-QString demoSize(const QString &size)
+QString demoSize(double amount, const char *unit)
 {
+    const QString size = QLocale().toString(amount) + ' ' + unit;
     return QGuiApplication::isRightToLeft() ? QChar(0x2066) + size + QChar(0x2069) : size;
 }
 

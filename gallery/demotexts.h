@@ -10,9 +10,9 @@
 /// theme is installed.
 QString demo(const char *key);
 
-/// A size such as "1 KB", which among texts from right to left would be shown as "KB 1" without
-/// being isolated.
-QString demoSize(const QString &size);
+/// A size such as "1 KB", the number as in the language. Isolated from texts from right to left,
+/// among which it would be shown as "KB 1".
+QString demoSize(double amount, const char *unit);
 
 /// Sets the language of demo(), a code of languages(); initially English.
 void setDemoLanguage(const QString &code);

@@ -10,7 +10,6 @@
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
-#include <QLocale>
 
 namespace {
 
@@ -43,12 +42,11 @@ VemoTableWidget *fileTable()
     auto *widget = new VemoTableWidget(columns, nullptr);
     QTableWidget *table = widget->getTable();
     addFile(table, "folder", {demo("projects"), "Ada", "2026-11-20", ""});
-    addFile(table, "pdf",
-        {demo("annual_report") + ".pdf", "Grace", "2026-11-18",
-            demoSize(QLocale().toString(1.2) + " MB")});
+    addFile(
+        table, "pdf", {demo("annual_report") + ".pdf", "Grace", "2026-11-18", demoSize(1.2, "MB")});
     addFile(table, "image",
-        {"Jahresübersicht der Abteilungen.png", "Änne", "2026-10-02", demoSize("640 KB")});
-    addFile(table, "doc", {"年度报告（最终版）.docx", "王小明", "2026-09-30", demoSize("88 KB")});
+        {"Jahresübersicht der Abteilungen.png", "Änne", "2026-10-02", demoSize(640, "KB")});
+    addFile(table, "doc", {"年度报告（最终版）.docx", "王小明", "2026-09-30", demoSize(88, "KB")});
     table->setCurrentCell(1, 0); // QTableView::selectRow() does nothing from right to left.
     return finished(widget, "Files", kFewRows);
 }

@@ -107,9 +107,9 @@ void LanguagesTest::anUnknownDemoTextIsItsKey()
 
 void LanguagesTest::aSizeIsIsolatedFromRightToLeft()
 {
-    QCOMPARE(demoSize("1 KB"), QString("1 KB"));
+    QCOMPARE(demoSize(1, "KB"), QString("1 KB"));
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-    const QString size = demoSize("1 KB");
+    const QString size = demoSize(1, "KB");
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
     QCOMPARE(size, QChar(0x2066) + QString("1 KB") + QChar(0x2069));
 }
@@ -121,6 +121,7 @@ void LanguagesTest::aDesktopLanguageBringsNumbersAndCharacters()
     setDesktopLanguage("deu");
     QCOMPARE(QApplication::font().families().size(), 1);
     QCOMPARE(QLocale().toString(1000), QString("1.000"));
+    QCOMPARE(demoSize(1.2, "MB"), QString("1,2 MB"));
     setDesktopLanguage("no such code");
     QCOMPARE(QLocale().name(), QString("en_US"));
 }
