@@ -66,6 +66,15 @@ bench::Cases::Setup against(const QString &what, const Make &stock, const Make &
     };
 }
 
+/// The same if ours looks different.
+bench::Cases::Setup againstUnlike(const QString &what, const Make &stock, const Make &ours)
+{
+    return [setUp = against(what, stock, ours)](bench::Case &c) {
+        setUp(c);
+        c.resultsDiffer();
+    };
+}
+
 QWidget *stockBadge()
 {
     QString sheet = getStyleSheet("component.badge_accent");
@@ -281,10 +290,10 @@ void bench::controlsCases(Cases &cases)
             },
             [] { return new VemoRadioButton(caption()); }));
     cases.add(QStringLiteral("controls.spinner"),
-        against(QStringLiteral("QProgressBar of unknown length, sheet of the progress sheet"),
+        againstUnlike(QStringLiteral("QProgressBar of unknown length, sheet of the progress sheet"),
             stockSpinner, ourSpinner));
     cases.add(QStringLiteral("controls.switch"),
-        against(QStringLiteral("QCheckBox, same sheet each"), stockSwitch,
+        againstUnlike(QStringLiteral("QCheckBox, same sheet each"), stockSwitch,
             [] { return new VemoSwitch(caption()); }));
     cases.add(QStringLiteral("controls.combo box"),
         against(
