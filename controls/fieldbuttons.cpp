@@ -9,8 +9,6 @@
 #include <QEvent>
 #include <QLineEdit>
 
-#include <utility>
-
 namespace {
 
 const QLatin1String kPasswordAction("vemo_password_action");
@@ -39,11 +37,8 @@ public:
 
     bool eventFilter(QObject * /*watched*/, QEvent *event) override
     {
-        if (event->type() != QEvent::LanguageChange)
-            return false;
-        const QString before = std::exchange(m_shown, stringOf(m_key));
-        if (m_action->text() == before) // Otherwise it is the host's.
-            m_action->setText(m_shown);
+        if (event->type() == QEvent::LanguageChange)
+            followLanguage(m_action, {"text"}, &m_shown, stringOf(m_key));
         return false;
     }
 

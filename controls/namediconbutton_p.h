@@ -8,8 +8,6 @@
 
 #include <QEvent>
 
-#include <utility>
-
 /// A picture button whose accessible name is a string of the library, and follows its language. A
 /// tool tip with the same text does, too; texts of the host's own stay.
 class NamedIconButton : public VemoIconButton
@@ -25,13 +23,8 @@ protected:
     void changeEvent(QEvent *event) override
     {
         VemoIconButton::changeEvent(event);
-        if (event->type() != QEvent::LanguageChange)
-            return;
-        const QString before = std::exchange(m_name, stringOf(m_key));
-        if (accessibleName() == before)
-            setAccessibleName(m_name);
-        if (toolTip() == before)
-            setToolTip(m_name);
+        if (event->type() == QEvent::LanguageChange)
+            followLanguage(this, {"accessibleName", "toolTip"}, &m_name, stringOf(m_key));
     }
 
 private:

@@ -31,13 +31,6 @@ QStringList sampleDates(const QString &format, const QLocale &locale)
     return dates;
 }
 
-void rename(VemoDateSelector *field, QString *before, const QString &name)
-{
-    if (field->accessibleName() == *before)
-        field->setAccessibleName(name);
-    *before = name;
-}
-
 /// Selects the date of a field in its calendar; that of the other field if it is empty.
 /// setSelectedDate() does not show the month of a day that is selected already.
 void selectDay(const VemoDateSelector &field, const QDate &other)
@@ -277,8 +270,8 @@ void VemoDateRangeSelector::limitCalendars(const QDate &minimum, const QDate &ma
 
 void VemoDateRangeSelector::nameFields()
 {
-    rename(m_start, &m_start_name, stringOf("accessible_from"));
-    rename(m_end, &m_end_name, stringOf("accessible_to"));
+    followLanguage(m_start, {"accessibleName"}, &m_start_name, stringOf("accessible_from"));
+    followLanguage(m_end, {"accessibleName"}, &m_end_name, stringOf("accessible_to"));
 }
 
 /// Both fields request the width of the longest text, so that they are equally wide. QComboBox

@@ -9,8 +9,6 @@
 #include <QColor>
 #include <QPushButton>
 
-#include <utility>
-
 /// Of a mask that the library lays itself.
 inline QColor maskShade()
 {
@@ -22,15 +20,6 @@ inline void discard(QWidget *widget)
 {
     widget->hide();
     widget->deleteLater();
-}
-
-/// For another language: gives the button text instead of shown, unless it has a caption of the
-/// host's own.
-inline void changeCaption(QPushButton *button, QString &shown, const QString &text)
-{
-    const QString before = std::exchange(shown, text);
-    if (button && button->text() == before)
-        button->setText(text);
 }
 
 /// Sets the caption and the style of a sheet's button.

@@ -133,8 +133,8 @@ void VemoContentSheetPrivate::translate()
 {
     for (const ButtonLook &look : kLooks) {
         if (shownCaptions.contains(look.which))
-            changeCaption(
-                buttonBox->button(look.which), shownCaptions[look.which], stringOf(look.caption));
+            followLanguage(buttonBox->button(look.which), {"text"}, &shownCaptions[look.which],
+                stringOf(look.caption));
     }
 }
 

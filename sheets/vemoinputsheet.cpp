@@ -81,8 +81,9 @@ bool VemoInputSheetPrivate::eventFilter(QObject *watched, QEvent *event)
 
 void VemoInputSheetPrivate::translate()
 {
-    changeCaption(buttonBox->button(QDialogButtonBox::Ok), okText, stringOf("ok"));
-    changeCaption(buttonBox->button(QDialogButtonBox::Discard), cancelText, stringOf("cancel"));
+    followLanguage(buttonBox->button(QDialogButtonBox::Ok), {"text"}, &okText, stringOf("ok"));
+    followLanguage(
+        buttonBox->button(QDialogButtonBox::Discard), {"text"}, &cancelText, stringOf("cancel"));
     fitLater();
 }
 

@@ -157,7 +157,7 @@ void VemoMessageSheetPrivate::translate()
 {
     for (const auto which : {Button::Ok, Button::Apply, Button::Discard, Button::Reset}) {
         if (shownCaptions.contains(which))
-            changeCaption(button(which), shownCaptions[which], typeCaption(which));
+            followLanguage(button(which), {"text"}, &shownCaptions[which], typeCaption(which));
     }
     translateExtras();
     fitLater();
