@@ -5,13 +5,19 @@
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QSize>
+#include <QStyleOption>
 #include <QWidget>
 
 /// A size hint of widget, higher by what a line of its font lacks in the height that the style
-/// leaves to the text. Style sheets give heights in pixels, which do not grow with the font.
-inline QSize grownToFont(const QSize &hint, int textHeight, const QWidget &widget)
+/// leaves to the text: that of textRect() when option has the size of the hint. Style sheets give
+/// heights in pixels, which do not grow with the font.
+template <typename TextRect>
+QSize grownToFont(
+    const QSize &hint, const QWidget &widget, QStyleOption *option, const TextRect &textRect)
 {
-    return {hint.width(), hint.height() + qMax(0, widget.fontMetrics().height() - textHeight)};
+    option->rect = QRect({0, 0}, hint);
+    const int lacking = widget.fontMetrics().height() - textRect().height();
+    return {hint.width(), hint.height() + qMax(0, lacking)};
 }
 
 /// font, smaller if a line of it is higher than height. For controls of a fixed height.

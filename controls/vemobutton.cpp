@@ -51,10 +51,9 @@ void VemoButton::setRole(int role)
 
 QSize VemoButton::sizeHint() const
 {
-    const QSize hint = QPushButton::sizeHint();
     QStyleOptionButton option;
     initStyleOption(&option);
-    option.rect = QRect({0, 0}, hint);
-    const QRect text = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
-    return grownToFont(hint, text.height(), *this);
+    return grownToFont(QPushButton::sizeHint(), *this, &option, [this, &option] {
+        return style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+    });
 }

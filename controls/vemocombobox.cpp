@@ -169,10 +169,10 @@ QSize VemoComboBox::grown(const QSize &hint) const
 {
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    option.rect = QRect({0, 0}, hint);
-    const QRect text =
-        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    return grownToFont(hint, text.height(), *this);
+    return grownToFont(hint, *this, &option, [this, &option] {
+        return style()->subControlRect(
+            QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    });
 }
 
 void VemoComboBox::customEvent(QEvent *event)

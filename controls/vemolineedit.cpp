@@ -34,9 +34,9 @@ private:
     {
         QStyleOptionFrame option;
         initStyleOption(&option);
-        option.rect = QRect({0, 0}, hint);
-        const QRect text = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
-        return grownToFont(hint, text.height(), *this);
+        return grownToFont(hint, *this, &option, [this, &option] {
+            return style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+        });
     }
 };
 
