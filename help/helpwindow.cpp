@@ -85,6 +85,9 @@ void HelpWindow::fallbackOffline()
         return;
     QTextStream stream(&file);
     setUtf8(&stream);
+    // The page that remains if this one is refused keeps its origin and the rights that go with it.
+    const QUrl earlier = m_text_browser->pageUrl();
     m_text_browser->setPageUrl(QUrl::fromLocalFile(file.fileName()));
-    m_text_browser->setHtmlContent(stream.readAll());
+    if (!m_text_browser->showContent(stream.readAll()))
+        m_text_browser->setPageUrl(earlier);
 }

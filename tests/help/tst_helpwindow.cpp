@@ -42,6 +42,7 @@ private Q_SLOTS:
     void aLocalPageThatIsNoOrdinaryFileCountsAsMissing();
     void aLocalPageThatTakesTooLongLeavesTheWindowEmpty_data();
     void aLocalPageThatTakesTooLongLeavesTheWindowEmpty();
+    void aRefusedLocalPageGivesNoRightsToTheOneShown();
     void fetchingStartsWithoutTheWindowBeingShown();
     void theHostsContextStaysAsItWas();
 
@@ -341,6 +342,30 @@ void HelpWindowTest::aLocalPageThatTakesTooLongLeavesTheWindowEmpty()
     QCOMPARE(messages.take(),
         QStringList(QStringLiteral("Page takes too long to show \"file://%1/enu/long.html\"")
                         .arg(m_host.helpPath())));
+}
+
+void HelpWindowTest::aRefusedLocalPageGivesNoRightsToTheOneShown()
+{
+    m_server->setAnswer("/cgi/knowledgebase/", page("<html>from the server</html>"));
+    m_host.addHelpFile(QStringLiteral("enu/deep.html"), QByteArray("<b>").repeated(2000));
+    HelpContext context;
+    context.lang = QStringLiteral("enu");
+    context.helpPath = m_host.helpPath();
+    context.link = QStringLiteral("deep.html");
+    HelpWindow window(context, nullptr);
+    QTRY_COMPARE(view(window)->toPlainText(), QStringLiteral("from the server"));
+    m_server->setAnswer("/cgi/knowledgebase/", status("404 Not Found"));
+    window.reload();
+    QTRY_VERIFY(!view(window)->searchPaths().isEmpty());
+    QCOMPARE(messages.take(),
+        QStringList(QStringLiteral("Page is nested too deeply \"file://%1/enu/deep.html\"")
+                        .arg(m_host.helpPath())));
+    QCOMPARE(view(window)->toPlainText(), QStringLiteral("from the server"));
+    const auto *browser = static_cast<HtmlTextBrowser *>(view(window));
+    QCOMPARE(browser->pageUrl().host(), m_server->url().host());
+    Q_EMIT view(window)->anchorClicked(QUrl(QStringLiteral("file:///etc/hostname")));
+    QCOMPARE(messages.take(), QStringList("Link is not opened \"file:///etc/hostname\""));
+    QCOMPARE(view(window)->toPlainText(), QStringLiteral("from the server"));
 }
 
 void HelpWindowTest::fetchingStartsWithoutTheWindowBeingShown()
