@@ -48,7 +48,10 @@ QByteArray pngOf(const QImage &picture)
 
 QImage fitted(const QImage &picture, const QSize &size)
 {
-    return picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QImage smooth = picture;
+    if (picture.depth() == 1) // Qt 6 would scale it to black and white.
+        smooth.convertTo(picture.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    return smooth.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 const QString &initialized(const QString &folder)

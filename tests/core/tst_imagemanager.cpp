@@ -85,6 +85,7 @@ private Q_SLOTS:
     void picturesKeepTheirProportions_data();
     void picturesKeepTheirProportions();
     void picturesAreSmoothed();
+    void picturesOfTwoColoursAreSmoothedAndKeepThem();
     void aPictureTooSmallToShowIsNullInSilence();
     void anotherFormatUnderThatNameLoads_data();
     void anotherFormatUnderThatNameLoads();
@@ -328,6 +329,20 @@ void ImageManagerTest::picturesAreSmoothed()
     start(ImageManager::PRELOAD, {"fine"});
     const int grey = middleOf(getGlobalImage("fine")).red();
     QVERIFY2(grey > 64 && grey < 192, qPrintable(QString::number(grey)));
+}
+
+void ImageManagerTest::picturesOfTwoColoursAreSmoothedAndKeepThem()
+{
+    QImage stripes(64, 64, QImage::Format_Mono);
+    stripes.setColorTable({qRgb(255, 0, 0), qRgb(0, 0, 255)});
+    stripes.fill(0);
+    for (int y = 0; y < stripes.height(); ++y)
+        for (int x = 0; x < stripes.width(); x += 2)
+            stripes.setPixel(x, y, 1);
+    QVERIFY(stripes.save(m_host->pictureFolder() + "/stripes.png"));
+    start(ImageManager::PRELOAD, {"stripes"});
+    const QColor mixed = middleOf(getGlobalImage("stripes"));
+    QVERIFY2(mixed.red() > 64 && mixed.green() < 5 && mixed.blue() > 64, qPrintable(mixed.name()));
 }
 
 void ImageManagerTest::aPictureTooSmallToShowIsNullInSilence()
