@@ -70,12 +70,10 @@ public:
     /// they are invalid and painted black.
     void setBackgroundColor(QColor selected, QColor hover);
 
-    /// The highlight of selected rows; initially invalid.
-    QColor selectedColor() const { return m_selected_color; }
+    QColor selectedColor() const { return m_selected_color; } ///< initially invalid
     /// Sets this colour and keeps the other; for forms.
     void setSelectedColor(const QColor &color) { setBackgroundColor(color, m_hover_color); }
-    /// The highlight of hovered rows; initially invalid.
-    QColor hoverColor() const { return m_hover_color; }
+    QColor hoverColor() const { return m_hover_color; } ///< initially invalid
     /// Sets this colour and keeps the other; for forms.
     void setHoverColor(const QColor &color) { setBackgroundColor(m_selected_color, color); }
 
@@ -83,23 +81,20 @@ public:
     /// there are already 100 design pixels of space. Ignores null and items of other trees.
     void updateScrollArea(QTreeWidgetItem *item);
 
-    /// Sets whether the check boxes of column 0 depend on each other: when an item is checked or
-    /// unchecked, by the user or by the program, so are all items below it, also those that are
-    /// collapsed or hidden; and every item shows the common state of its children, or
-    /// Qt::PartiallyChecked. Off by default. Enabling it updates all items that have children.
+    /// Sets whether checking or unchecking an item in column 0 does the same to all items below it,
+    /// and whether every item shows the common state of its children, or Qt::PartiallyChecked. Off
+    /// by default. Enabling it updates all items that have children.
     ///
-    /// Items without a check box, and what is below them, are left out. Items added to the tree
-    /// keep their states, unless their parent is in the state ChildrenLoading; then they get that
-    /// of their parent as soon as it is ChildrenLoaded. itemChanged() is only emitted for the item
-    /// that was checked, at the end; the items that follow it are only reported by the
-    /// dataChanged() signal of the model.
+    /// Items without a check box, and what is below them, are left out. Items added later keep
+    /// their states, unless their parent is ChildrenLoading: then they get its state when it
+    /// becomes ChildrenLoaded. itemChanged() is only emitted for the item that was checked, at the
+    /// end; the model's dataChanged() also reports the others.
     void setCheckPropagation(bool enabled);
     bool hasCheckPropagation() const { return m_checks != nullptr; } ///< false by default
 
-    /// Shows only the items that match, and the items above them, which are expanded. The items
-    /// below an item that matches must match themselves. Replaces the previous filter; to test all
-    /// items again, set the filter again. Items added later are tested when they are added, and
-    /// hidden items when they change. Items hidden by setHidden() before stay hidden; of the items
+    /// Shows only the items that match, and the items above them, which are expanded. Replaces the
+    /// previous filter. Later, new items and hidden items that change are tested; to test all items
+    /// again, set the filter again. Items hidden by setHidden() before stay hidden; of the items
     /// below a hidden one, isHidden() need not be true.
     ///
     /// Items that become hidden are deselected. If the current item becomes hidden, the nearest
@@ -114,20 +109,19 @@ public:
     void clearFilter();
     bool isFiltered() const { return m_filter != nullptr; } ///< whether a filter is set
 
-    /// Sets what is known about the children of item, for children that are read when they are
-    /// needed. An item whose children are not loaded can be expanded even if it has none;
-    /// ChildrenOnDemand collapses it. text is shown below the item in a row that cannot be
-    /// selected, for example "Loading ..." or the reason of a failure, until the next call; it is
-    /// ignored for the other two states. Ignores null and items of other trees; an item that is
-    /// taken out of the tree becomes ChildrenLoaded.
+    /// Sets what is known about the children of item. An item whose children are not loaded can be
+    /// expanded even if it has none; ChildrenOnDemand collapses it. text is shown below an item
+    /// that is ChildrenLoading or ChildrenFailed, in a row that cannot be selected, until the next
+    /// call. Ignores null and items of other trees; an item taken out of the tree becomes
+    /// ChildrenLoaded.
     void setChildrenState(
         QTreeWidgetItem *item, ChildrenState state, const QString &text = QString());
     /// ChildrenLoaded for items of which nothing else was set.
     ChildrenState childrenState(const QTreeWidgetItem *item) const;
 
-    /// Sets whether items can be dragged, and items and files be dropped on the tree, which emits
-    /// itemsDropped() and urlsDropped(). The tree itself never moves, copies or removes an item.
-    /// Off by default. Sets the dragDropMode; a host may restrict it afterwards.
+    /// Sets whether items can be dragged, and items and files dropped, which is only reported: the
+    /// tree never moves, copies or removes an item. Off by default. Sets the dragDropMode; a host
+    /// may restrict it afterwards.
     ///
     /// The flags Qt::ItemIsDragEnabled and Qt::ItemIsDropEnabled of the items and of
     /// invisibleRootItem() apply, and with dragDropOverwriteMode nothing can be dropped between
@@ -140,16 +134,14 @@ public:
 Q_SIGNALS:
     /// Emitted when the user presses a key, before the tree handles it.
     void sigKeyPressEvent(QKeyEvent *);
-    /// Emitted when the user presses the right button anywhere on the tree, before the tree handles
-    /// it.
+    /// Emitted when the user presses the right button on the tree, before the tree handles it.
     void sigMouseRightClickEvent(QMouseEvent *event);
     /// The user asked for a menu by the keyboard, with the Menu key or Shift+F10; after
     /// sigKeyPressEvent() and before the tree handles the key. item is the current one, or null;
     /// position is where its menu should open, below its text, in the viewport.
     void sigMenuKeyEvent(QTreeWidgetItem *item, const QPoint &position);
     /// Emitted once when the user has changed the check box of item in column 0, after
-    /// itemChanged() and all that setCheckPropagation() does. A slot may delete items, but not the
-    /// tree.
+    /// itemChanged(). A slot may delete items, but not the tree.
     void itemToggled(QTreeWidgetItem *item, Qt::CheckState state);
     /// Emitted by the event loop after item was expanded, if its children are ChildrenOnDemand or
     /// ChildrenFailed; they are ChildrenLoading now. Add the children, now or later, and call
