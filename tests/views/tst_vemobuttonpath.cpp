@@ -4,6 +4,7 @@
 #include "core/scaling_p.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
+#include "visual/boxfont.h"
 
 #include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
@@ -71,7 +72,7 @@ private Q_SLOTS:
     void stylesArrowButtons();
     void makesANameAsWideAsItsText_data();
     void makesANameAsWideAsItsText();
-    void makesANameAsWideAsTheFontOfItsStyleNeeds();
+    void leavesRoomAroundChineseNames();
     void makesColumnsAsWideAsTheirButtons();
     void putsButtonsSideBySide();
     void asksForThePathOfAClickedName_data();
@@ -221,33 +222,37 @@ void VemoButtonPathTest::stylesArrowButtons()
 void VemoButtonPathTest::makesANameAsWideAsItsText_data()
 {
     QTest::addColumn<QString>("part");
-    QTest::newRow("one letter") << "i";
-    QTest::newRow("words") << "My Documents 2026";
-    QTest::newRow("ampersands") << "&&&&";
-    QTest::newRow("Chinese") << QString::fromUtf8("资料夹");
-    QTest::newRow("German") << QString::fromUtf8("Änderungsübersicht");
+    QTest::addColumn<QVector<int>>("widths"); // at 96, 120 and 144 dpi
+    addRow("one letter", "i", QVector<int> {26, 36, 48});
+    addRow("words", "My Documents 2026", QVector<int> {218, 336, 480});
+    addRow("an ampersand", "My & Co", QVector<int> {98, 148, 210});
+    addRow("German", QString::fromUtf8("Änderungsübersicht"), QVector<int> {230, 355, 507});
 }
 
 void VemoButtonPathTest::makesANameAsWideAsItsText()
 {
     QFETCH(QString, part);
-    const Path path(part);
-    const int text = path.button(0)->fontMetrics().boundingRect(part).width();
-    QCOMPARE(path.button(0)->width(), int(DPIinfo::getInstance().getDPI() * (text + 16)));
-}
-
-void VemoButtonPathTest::makesANameAsWideAsTheFontOfItsStyleNeeds()
-{
+    QFETCH(QVector<int>, widths);
     const char *key = "component.button_path_name_button";
     const QString themeStyle = getStyleSheet(key, true);
-    setStyle(key, "QPushButton { font-size: 40px; }");
-    Path path("My Documents");
+    // Each character is 12, 15 or 18 pixels wide, with a margin of 1 pixel at either end of the
+    // text.
+    setStyle(key, QString("QPushButton { font: 20px '%1'; }").arg(boxFont().family()));
+    Path path(part);
     setStyle(key, themeStyle);
-    QCOMPARE(path.button(0)->font().pixelSize(), scaled(40));
-    const int text = path.button(0)->fontMetrics().boundingRect("My Documents").width();
-    QCOMPARE(path.button(0)->width(), int(DPIinfo::getInstance().getDPI() * (text + 16)));
-    path.bar.refresh("My Documents");
-    QVERIFY(path.button(0)->width() < text);
+    QCOMPARE(path.button(0)->font().pixelSize(), scaled(20));
+    const int factor = QVector<double>({1.0, 1.25, 1.5}).indexOf(DPIinfo::getInstance().getDPI());
+    QCOMPARE(path.button(0)->width(), widths.at(factor));
+    path.bar.refresh(part);
+    QVERIFY(path.button(0)->width() < widths.at(factor));
+}
+
+void VemoButtonPathTest::leavesRoomAroundChineseNames()
+{
+    const QString name = QString::fromUtf8("资料夹");
+    const Path path(name);
+    const QRect text = path.button(0)->fontMetrics().boundingRect(name);
+    QVERIFY(path.button(0)->width() >= text.width() + scaled(16));
 }
 
 void VemoButtonPathTest::makesColumnsAsWideAsTheirButtons()
