@@ -24,6 +24,12 @@ using PartOf = std::function<QWidget *(QWidget *)>;
 /// All states of a widget that accepts the focus.
 const QVector<State> kAllStates {
     State::Rest, State::Hover, State::Pressed, State::Focus, State::Disabled};
+/// The states of a field, which looks the same while it is pressed.
+const QVector<State> kFieldStates {State::Rest, State::Hover, State::Focus, State::Disabled};
+/// The states of a widget that only shows the focus.
+const QVector<State> kFocusStates {State::Rest, State::Focus, State::Disabled};
+/// The states of a widget that the user cannot change, or whose other states are those of another.
+const QVector<State> kShownStates {State::Rest, State::Disabled};
 
 /// Appends looks of a widget, "NAME-rest", "NAME-hover" and so on. size is in design pixels.
 void addStates(Looks &looks, const QString &name, const NewWidget &make,

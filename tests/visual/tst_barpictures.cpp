@@ -46,7 +46,7 @@ void addPagingBars(Looks &looks)
 {
     addStates(looks, "paging-first", [] { return newPagingBar(1); }, {State::Rest});
     addStates(
-        looks, "paging-middle", [] { return newPagingBar(4); }, {State::Rest, State::Disabled});
+        looks, "paging-middle", [] { return newPagingBar(4); }, kShownStates);
     addStates(looks, "paging-last", [] { return newPagingBar(7); }, {State::Rest});
     addStates(looks, "paging-footers", newPagingBarWithFooters, {State::Rest});
     addStates(looks, "paging-no-refresh", newPagingBarWithoutRefresh, {State::Rest});

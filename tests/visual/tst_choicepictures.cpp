@@ -118,7 +118,6 @@ protected:
 
 Looks ChoicePictures::looks() const
 {
-    const QVector<State> boxStates {State::Rest, State::Hover, State::Focus, State::Disabled};
     Looks looks;
     addStates(looks, "unchecked", [] { return newCheckBox(Qt::Unchecked); });
     addStates(looks, "checked", [] { return newCheckBox(Qt::Checked); });
@@ -127,7 +126,7 @@ Looks ChoicePictures::looks() const
     addStates(looks, "radio-on", [] { return newRadioButton(true); });
     addStates(looks, "switch-off", [] { return newSwitch(false); });
     addStates(looks, "switch-on", [] { return newSwitch(true); });
-    addStates(looks, "combo", newComboBox, boxStates, {72, 0});
+    addStates(looks, "combo", newComboBox, kFieldStates, {72, 0});
     // Without the focus it looks like one that is not editable.
     addStates(looks, "combo-editable", newEditableComboBox, {State::Focus}, {72, 0});
     looks.append({"combo-open", [] { return openComboBox(false); }});

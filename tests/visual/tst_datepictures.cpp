@@ -22,7 +22,6 @@ constexpr QSize kTimeSize(72, 0);
 constexpr QSize kCalendarSize(280, 260);
 constexpr int kCorner = 6;
 const QDate kChosen(2021, 2, 10); // in a month of four whole weeks but one day
-const QVector<State> kFieldStates {State::Rest, State::Hover, State::Focus, State::Disabled};
 
 VemoDateSelector *newDateField()
 {
@@ -163,7 +162,7 @@ Looks DatePictures::looks() const
     addStates(
         looks, "field-empty", [] { return new VemoDateSelector("abc", nullptr); }, {State::Rest},
         kFieldSize);
-    addStates(looks, "range", newRange, {State::Rest, State::Focus, State::Disabled}, kRangeSize);
+    addStates(looks, "range", newRange, kFocusStates, kRangeSize);
     addCalendars(looks);
     addStates(
         looks, "time", [] { return newTimeBox(false); }, kFieldStates, kTimeSize);

@@ -18,7 +18,6 @@ namespace {
 
 constexpr QSize kFieldSize(96, 0);
 constexpr QSize kFilterSize(112, 0);
-const QVector<State> kFieldStates {State::Rest, State::Hover, State::Focus, State::Disabled};
 
 VemoLineEdit *newField(bool hasError = false)
 {
@@ -87,11 +86,12 @@ void addFields(Looks &looks)
     };
     add(
         "text", [] { return newField(); }, kFieldStates);
-    add("error", [] { return newField(true); }, {State::Rest, State::Focus, State::Disabled});
-    add("empty", newEmptyField, {State::Rest, State::Disabled});
+    add(
+        "error", [] { return newField(true); }, kFocusStates);
+    add("empty", newEmptyField, kShownStates);
     add("read-only", newReadOnlyField, {State::Rest, State::Focus});
     looks.append({"selected-text", selectedText});
-    addStates(looks, "labelled", newLabelledField, {State::Rest, State::Disabled}, {112, 0});
+    addStates(looks, "labelled", newLabelledField, kShownStates, {112, 0});
 }
 
 VemoBadge *newBadge(VemoBadge::Kind kind, bool isDot)
@@ -109,9 +109,9 @@ void addBadges(Looks &looks)
         {VemoBadge::Danger, "danger"}, {VemoBadge::Neutral, "neutral"}};
     for (const auto &[kind, name] : kinds) {
         for (const bool isDot : {false, true}) {
-            addStates(looks, QString(isDot ? "dot-" : "badge-") + name,
-                [kind = kind, isDot] { return newBadge(kind, isDot); },
-                {State::Rest, State::Disabled});
+            addStates(
+                looks, QString(isDot ? "dot-" : "badge-") + name,
+                [kind = kind, isDot] { return newBadge(kind, isDot); }, kShownStates);
         }
     }
 }
@@ -150,8 +150,9 @@ Looks FieldPictures::looks() const
         [](QWidget *bar) { return bar->findChild<VemoIconButton *>(); }, {State::Hover},
         kFilterSize);
     addBadges(looks);
-    addStates(looks, "label", [] { return new VemoLabel("ab"); }, {State::Rest, State::Disabled});
-    addStates(looks, "spinner", newStillSpinner, {State::Rest, State::Disabled});
+    addStates(
+        looks, "label", [] { return new VemoLabel("ab"); }, kShownStates);
+    addStates(looks, "spinner", newStillSpinner, kShownStates);
     // At rest it looks like a label where both have the theme's ink.
     QVector<State> linkStates {State::Hover};
     if (QApplication::palette().color(QPalette::WindowText) != defaultThemeColor("ink"))

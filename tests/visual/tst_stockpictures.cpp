@@ -52,8 +52,6 @@ constexpr QSize kTextSize(96, 48);
 constexpr QSize kViewSize(128, 96);
 constexpr QSize kTabsSize(176, 64);
 constexpr QSize kWindowSize(256, 160);
-const QVector<State> kFieldStates {State::Rest, State::Hover, State::Focus, State::Disabled};
-const QVector<State> kShownStates {State::Rest, State::Disabled};
 
 template <typename Widget> QWidget *newChecked(const QString &text)
 {
@@ -120,7 +118,7 @@ void addButtons(Looks &looks)
     addStates(looks, "button", [] { return new QPushButton("ab"); });
     addStates(looks, "default-button", newDefaultButton);
     addStates(looks, "checked-button", [] { return newChecked<QPushButton>("ab"); });
-    addStates(looks, "flat-button", newFlatButton, {State::Rest, State::Disabled});
+    addStates(looks, "flat-button", newFlatButton, kShownStates);
     addStates(
         looks, "menu-button", [] { return withMenu(new QPushButton); }, kShownStates);
     addStates(looks, "tool", newToolButton);
@@ -235,8 +233,7 @@ void addFields(Looks &looks)
     addStates(
         looks, "text", [] { return new QTextEdit("ab"); }, kFieldStates, kTextSize);
     addStates(looks, "read-only-text", newReadOnly<QPlainTextEdit>, {State::Rest}, kTextSize);
-    addStates(
-        looks, "browser", newBrowser, {State::Rest, State::Focus, State::Disabled}, kTextSize);
+    addStates(looks, "browser", newBrowser, kFocusStates, kTextSize);
 }
 
 template <typename Button> QWidget *newChoice(bool isChecked)
@@ -392,8 +389,8 @@ void addTabs(Looks &looks)
 {
     addPartStates(
         looks, "tabs", [] { return newTabs(QTabWidget::North); },
-        [](QWidget *tabs) { return static_cast<QTabWidget *>(tabs)->tabBar(); },
-        {State::Rest, State::Hover, State::Focus, State::Disabled}, kTabsSize);
+        [](QWidget *tabs) { return static_cast<QTabWidget *>(tabs)->tabBar(); }, kFieldStates,
+        kTabsSize);
     addStates(
         looks, "tabs-below", [] { return newTabs(QTabWidget::South); }, {State::Rest}, kTabsSize);
     addStates(
@@ -455,10 +452,10 @@ QWidget *viewport(QWidget *view)
 
 void addViews(Looks &looks)
 {
-    addStates(looks, "list", newList, {State::Rest, State::Focus, State::Disabled}, kViewSize);
+    addStates(looks, "list", newList, kFocusStates, kViewSize);
     addPartStates(looks, "list-item", newList, viewport, {State::Hover}, kViewSize);
-    addStates(looks, "tree", newTree, {State::Rest, State::Focus, State::Disabled}, kViewSize);
-    addStates(looks, "table", newTable, {State::Rest, State::Focus, State::Disabled}, kViewSize);
+    addStates(looks, "tree", newTree, kFocusStates, kViewSize);
+    addStates(looks, "table", newTable, kFocusStates, kViewSize);
     addStates(looks, "calendar", newCalendar, kShownStates, {240, 192});
 }
 
