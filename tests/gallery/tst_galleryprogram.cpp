@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The gallery as a user starts it.
+#include "support/sanitizers.h"
 #include "support/vemotest.h"
 
 #include "gallery/pagelist.h"
 #include "gallery/screenshots.h"
-
-#include <vemo/dpiinfo.h>
 
 #include <QDir>
 #include <QImage>
@@ -24,18 +23,24 @@ struct Run
     QString errors;
 };
 
-Run runGallery(const QStringList &arguments, const QStringList &unset = {})
+Run runGallery(const QStringList &arguments,
+    const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
 {
     QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const QString &name : unset)
-        environment.remove(name);
     process.setProcessEnvironment(environment);
     process.start(VEMO_GALLERY_PROGRAM, arguments);
     if (!process.waitForFinished(kPatience) || process.exitStatus() != QProcess::NormalExit)
         return {};
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
         QString::fromUtf8(process.readAllStandardError())};
+}
+
+QProcessEnvironment withoutDisplay()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        environment.remove(name);
+    return environment;
 }
 
 /// Messages of the platform plug-in do not count as warnings of the gallery.
@@ -68,14 +73,15 @@ class GalleryProgramTest : public VemoTest
 private Q_SLOTS:
     void writesOnePictureForEachPage_data();
     void writesOnePictureForEachPage();
+    void writesTheChosenPageAlone_data();
     void writesTheChosenPageAlone();
     void optionsDecideOnTheDirection_data();
     void optionsDecideOnTheDirection();
     void screenshotsNeedNoDisplay();
     void withoutADisplayTheWindowIsRefused();
     void listIsPrintedWithoutADisplay();
-    void failureIsToldOnStandardError_data();
-    void failureIsToldOnStandardError();
+    void aFailureIsReportedOnStandardError_data();
+    void aFailureIsReportedOnStandardError();
 
 private:
     QTemporaryDir m_folder;
@@ -86,20 +92,28 @@ private:
 void GalleryProgramTest::writesOnePictureForEachPage_data()
 {
     QTest::addColumn<QStringList>("options");
-    QTest::newRow("default") << QStringList();
-    // Texts are the same at every factor; tst_languages visits the pages in each language.
-    if (DPIinfo::getInstance().getDPI() * DPIinfo::getInstance().getDPR() != 1)
+    QTest::addColumn<int>("dpi");
+    QTest::addColumn<int>("ratio");
+    addRow("default", QStringList(), 96, 1);
+    addRow("from right to left", QStringList {"--language", "ara"}, 96, 1);
+    if (underSanitizers()) // They find the same at every factor.
         return;
-    QTest::newRow("preload") << QStringList("--preload");
-    QTest::newRow("ara") << QStringList {"--language", "ara"};
+    addRow("144 dpi", QStringList(), 144, 1);
+    addRow("pixel ratio 2", QStringList(), 96, 2);
 }
 
 void GalleryProgramTest::writesOnePictureForEachPage()
 {
     QFETCH(QStringList, options);
+    QFETCH(int, dpi);
+    QFETCH(int, ratio);
     const QTemporaryDir folder;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_FONT_DPI", QString::number(dpi));
+    environment.insert("QT_SCALE_FACTOR", QString::number(ratio));
     const Run run = runGallery(options
-        + QStringList {"--screenshots", folder.filePath("a/b"), "--user-folder", m_userFolder});
+            + QStringList {"--screenshots", folder.filePath("a/b"), "--user-folder", m_userFolder},
+        environment);
     QCOMPARE(withoutPlatformTalk(run.errors), QString());
     QCOMPARE(run.exitCode, 0);
 
@@ -109,17 +123,26 @@ void GalleryProgramTest::writesOnePictureForEachPage()
         paths << pictures.filePath(screenshotName(title));
         const QImage picture(paths.last());
         QVERIFY2(!isBlank(picture), qPrintable(title));
-        QVERIFY(picture.width() >= 1000 * qApp->devicePixelRatio());
+        QVERIFY(picture.width() >= 1000 * ratio * dpi / 96);
     }
     QCOMPARE(run.output, paths.join('\n') + '\n');
     QCOMPARE(pictures.entryList(QDir::Files).size(), pageTitles().size());
 }
 
+void GalleryProgramTest::writesTheChosenPageAlone_data()
+{
+    QTest::addColumn<QString>("mode");
+    addRow("pictures loaded when needed", "--lazy");
+    addRow("pictures loaded at the start", "--preload");
+}
+
 void GalleryProgramTest::writesTheChosenPageAlone()
 {
+    QFETCH(QString, mode);
     const QTemporaryDir folder;
     const Run run = runGallery(
-        {"--screenshots", folder.path(), "--page", "buttons", "--user-folder", m_userFolder});
+        {mode, "--screenshots", folder.path(), "--page", "buttons", "--user-folder", m_userFolder});
+    QCOMPARE(withoutPlatformTalk(run.errors), QString());
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("buttons.png"));
 }
@@ -148,7 +171,7 @@ void GalleryProgramTest::optionsDecideOnTheDirection()
     const Run run = runGallery(options
             + QStringList {"-platform", "offscreen", "--screenshots", folder.path(), "--page",
                 "buttons", "--user-folder", m_userFolder},
-        {"QT_QPA_PLATFORM"});
+        withoutDisplay());
     QCOMPARE(withoutPlatformTalk(run.errors), QString());
     QCOMPARE(run.exitCode, 0);
     const QImage picture(folder.filePath("buttons.png"));
@@ -165,26 +188,26 @@ void GalleryProgramTest::screenshotsNeedNoDisplay()
     const QTemporaryDir folder;
     const Run run = runGallery(
         {"--screenshots", folder.path(), "--page", "buttons", "--user-folder", m_userFolder},
-        {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"});
+        withoutDisplay());
     QCOMPARE(run.exitCode, 0);
 }
 
 void GalleryProgramTest::withoutADisplayTheWindowIsRefused()
 {
-    const Run run = runGallery({}, {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"});
+    const Run run = runGallery({}, withoutDisplay());
     QCOMPARE(run.exitCode, 1);
     QCOMPARE(run.errors, QString("vemo-gallery: There is no display; --screenshots needs none.\n"));
 }
 
 void GalleryProgramTest::listIsPrintedWithoutADisplay()
 {
-    const Run run = runGallery({"--list"}, {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"});
+    const Run run = runGallery({"--list"}, withoutDisplay());
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, pageTitles().join('\n') + '\n');
     QCOMPARE(run.errors, QString());
 }
 
-void GalleryProgramTest::failureIsToldOnStandardError_data()
+void GalleryProgramTest::aFailureIsReportedOnStandardError_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<int>("exitCode");
@@ -208,7 +231,7 @@ void GalleryProgramTest::failureIsToldOnStandardError_data()
         QString("Cannot write the file \"%1").arg(m_folder.filePath("taken/resources.png")));
 }
 
-void GalleryProgramTest::failureIsToldOnStandardError()
+void GalleryProgramTest::aFailureIsReportedOnStandardError()
 {
     QFETCH(QStringList, arguments);
     QFETCH(int, exitCode);

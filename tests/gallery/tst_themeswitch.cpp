@@ -48,7 +48,8 @@ struct Gallery
     {
         window.setAttribute(Qt::WA_DontShowOnScreen);
         window.show();
-        pictures();
+        for (const QString &title : pageTitles())
+            open(title);
     }
 
     /// By the title of the page.
@@ -80,13 +81,17 @@ struct Gallery
     GalleryWindow window;
 
 private:
-    QImage picture(const QString &title)
+    void open(const QString &title)
     {
         window.showPage(pageIndex(title));
         // The height of an error text follows from the width of its field, and that of the page
         // from its height, each an event later.
         for (int round = 0; round < kLayoutRounds; ++round)
             QCoreApplication::processEvents();
+    }
+    QImage picture(const QString &title)
+    {
+        open(title);
         // A busy bar never looks the same twice.
         for (QProgressBar *bar : window.findChildren<QProgressBar *>())
             bar->setMaximum(qMax(1, bar->maximum()));
@@ -129,8 +134,7 @@ class ThemeSwitchTest : public VemoTest
 private Q_SLOTS:
     void initTestCase();
     void cleanup();
-    void openPagesLookAsIfBuiltInThatLook();
-    void openPagesSpeakAsIfBuiltInThatLanguage();
+    void openPagesLookAndSpeakAsIfBuiltThatWay();
 };
 
 void ThemeSwitchTest::initTestCase()
@@ -146,7 +150,7 @@ void ThemeSwitchTest::cleanup()
     VemoTest::cleanup();
 }
 
-void ThemeSwitchTest::openPagesLookAsIfBuiltInThatLook()
+void ThemeSwitchTest::openPagesLookAndSpeakAsIfBuiltThatWay()
 {
     Gallery gallery;
     const auto light = gallery.pictures();
@@ -154,20 +158,13 @@ void ThemeSwitchTest::openPagesLookAsIfBuiltInThatLook()
     const auto dark = gallery.pictures();
     QCOMPARE(equalPages(dark, light), QStringList());
     QCOMPARE(differences(dark, Gallery().pictures()), QStringList());
-    gallery.choose(DefaultThemeMode::Light);
-    QCOMPARE(differences(gallery.pictures(), light), QStringList());
-}
-
-void ThemeSwitchTest::openPagesSpeakAsIfBuiltInThatLanguage()
-{
-    Gallery gallery;
-    const auto english = gallery.pictures();
     gallery.speak("deu");
     const auto german = gallery.pictures();
-    QCOMPARE(equalPages(german, english), QStringList());
+    QCOMPARE(equalPages(german, dark), QStringList());
     QCOMPARE(differences(german, Gallery("deu").pictures()), QStringList());
     gallery.speak("enu");
-    QCOMPARE(differences(gallery.pictures(), english), QStringList());
+    gallery.choose(DefaultThemeMode::Light);
+    QCOMPARE(differences(gallery.pictures(), light), QStringList());
 }
 
 VEMO_TEST_MAIN(ThemeSwitchTest)
