@@ -106,7 +106,7 @@ private Q_SLOTS:
     void neverDeliversWhatIsBrokenOff();
     void takesMemoryForWhatHasCome_data();
     void takesMemoryForWhatHasCome();
-    void decodesALongMessageWithoutStandingStill();
+    void decodesALongMessageWithoutBlocking();
     void hearsATalkerBehindAThousandSilentOnes();
     void hearsAThousandAtOnce();
     void readsWhatHasComeBeforeItCallsThatIdle();
@@ -277,7 +277,7 @@ void HostilePeersTest::takesMemoryForWhatHasCome()
     QCOMPARE(said.removeDuplicates(), peers - 1);
 }
 
-void HostilePeersTest::decodesALongMessageWithoutStandingStill()
+void HostilePeersTest::decodesALongMessageWithoutBlocking()
 {
     const QString text(16 * 1024 * 1024 / 3, QChar(0x5927));
     const QByteArray bytes = frame(text.toUtf8());

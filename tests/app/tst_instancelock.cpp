@@ -46,7 +46,7 @@ private Q_SLOTS:
     void leavesTheFileAndWhatIsInIt();
     void refusesWhatIsNotAFileOfOurs_data();
     void refusesWhatIsNotAFileOfOurs();
-    void saysWhyTheFileCannotBeMade();
+    void reportsWhyTheFileCannotBeMade();
     void isNotHeldOnAFileThatWasRemoved();
     void isGivenUpWhenAnotherHasTheNewFile();
 
@@ -220,7 +220,7 @@ void InstanceLockTest::refusesWhatIsNotAFileOfOurs()
     QVERIFY(!QFile::exists(QStringLiteral("/nowhere/at/all")));
 }
 
-void InstanceLockTest::saysWhyTheFileCannotBeMade()
+void InstanceLockTest::reportsWhyTheFileCannotBeMade()
 {
     InstanceLock lock(m_folder.path() + QLatin1String("/missing/lock"));
     QCOMPARE(lock.take(), InstanceLock::Refused);

@@ -37,7 +37,7 @@ private Q_SLOTS:
     void textOfALinkIsAnnouncedWithoutMarkUp();
     void iconButtonIsPressedByAssistiveTools();
     void iconButtonOpensItsMenuForAssistiveTools();
-    void iconButtonTellsItsKindAndState();
+    void iconButtonReportsItsKindAndState();
     void comboBoxIsAnnouncedByItsGivenName_data();
     void comboBoxIsAnnouncedByItsGivenName();
     void comboBoxOpensForAssistiveTools();
@@ -218,7 +218,7 @@ void AnnouncementTest::iconButtonOpensItsMenuForAssistiveTools()
     QVERIFY(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
 }
 
-void AnnouncementTest::iconButtonTellsItsKindAndState()
+void AnnouncementTest::iconButtonReportsItsKindAndState()
 {
     VemoIconButton button("bt_add");
     QVERIFY(!interfaceOf(&button)->state().checkable);

@@ -17,7 +17,7 @@ private Q_SLOTS:
     void hasOneSignalAndNoSlots();
     void reportsThePressOfEveryButton_data();
     void reportsThePressOfEveryButton();
-    void saysNothingOnRelease();
+    void emitsNothingOnRelease();
     void leavesThePressToTheLabelAfterwards();
     void mayBeDeletedInItsOwnClick();
 };
@@ -66,7 +66,7 @@ void ClickableLabelTest::reportsThePressOfEveryButton()
     QCOMPARE(clicks.count(), 1);
 }
 
-void ClickableLabelTest::saysNothingOnRelease()
+void ClickableLabelTest::emitsNothingOnRelease()
 {
     ClickableLabel label("Details");
     label.show();

@@ -26,9 +26,9 @@ private Q_SLOTS:
     void aButtonTakesOnAnyRole_data();
     void aButtonTakesOnAnyRole();
     void anIconButtonGetsItsPicturesLater();
-    void aLinkTellsWhetherItUnderlines();
+    void aLinkReportsWhetherItUnderlines();
     void aLineEditPassesTextsToItsParts();
-    void aLineEditTellsItsError();
+    void aLineEditReportsItsError();
 };
 
 void ControlsInFormsTest::aLoneParentMakesTheWidgetWithoutAText()
@@ -83,7 +83,7 @@ void ControlsInFormsTest::anIconButtonGetsItsPicturesLater()
     QVERIFY(!button->icon().isNull());
 }
 
-void ControlsInFormsTest::aLinkTellsWhetherItUnderlines()
+void ControlsInFormsTest::aLinkReportsWhetherItUnderlines()
 {
     LinkLabel link("Licence");
     QVERIFY(link.hoverUnderline());
@@ -106,7 +106,7 @@ void ControlsInFormsTest::aLineEditPassesTextsToItsParts()
         QString("Keep for30days1 to 99"));
 }
 
-void ControlsInFormsTest::aLineEditTellsItsError()
+void ControlsInFormsTest::aLineEditReportsItsError()
 {
     VemoLineEdit field;
     QVERIFY(!field.hasError());

@@ -18,7 +18,7 @@ private Q_SLOTS:
     void marginsAndSpacingOfInitAreScaled();
     void initOverwritesEarlierMarginsAndSpacing();
     void marginsAndSpacingAfterInitAreScaledAndTruncated();
-    void groupsStandAtBothEnds();
+    void groupsAreAtBothEnds();
     void emptyBarHoldsOneStretch();
     void secondInitAddsEverythingAgain();
     void widgetsDeletedOrNullAreLeftOut();
@@ -120,7 +120,7 @@ void VemoFootbarTest::marginsAndSpacingAfterInitAreScaledAndTruncated()
     QCOMPARE(bar.layout()->spacing(), scaledBy(7));
 }
 
-void VemoFootbarTest::groupsStandAtBothEnds()
+void VemoFootbarTest::groupsAreAtBothEnds()
 {
     VemoFootbar bar;
     auto *left = new QPushButton("Help");

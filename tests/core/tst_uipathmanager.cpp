@@ -18,10 +18,10 @@ private Q_SLOTS:
     void aFirstPathIsStoredInSilence_data();
     void aFirstPathIsStoredInSilence();
     void aSecondPathOverwritesTheFirstAndIsNamedInTheWarning();
-    void theSamePathOnceMoreIsWarnedAboutToo();
+    void theSamePathAgainIsAlsoWarnedAbout();
     void keysDifferByCase();
     void aPathNeedNotExist();
-    void aSilencedCategorySaysNothing();
+    void aSilencedCategoryLogsNothing();
 };
 
 void UIPathManagerTest::thereIsOneInstance()
@@ -82,7 +82,7 @@ void UIPathManagerTest::aSecondPathOverwritesTheFirstAndIsNamedInTheWarning()
         QStringList("Existing path is \"/b\" with key \"user_data_path\" but overwrite it now"));
 }
 
-void UIPathManagerTest::theSamePathOnceMoreIsWarnedAboutToo()
+void UIPathManagerTest::theSamePathAgainIsAlsoWarnedAbout()
 {
     UIPathManager::getInstance().setPath("same", "/a");
     UIPathManager::getInstance().setPath("same", "/a");
@@ -105,7 +105,7 @@ void UIPathManagerTest::aPathNeedNotExist()
     QCOMPARE(UIPathManager::getInstance().getPath("nowhere"), QString("no such folder/\n"));
 }
 
-void UIPathManagerTest::aSilencedCategorySaysNothing()
+void UIPathManagerTest::aSilencedCategoryLogsNothing()
 {
     QLoggingCategory::setFilterRules("debug.message.warning=false");
     const QString path = UIPathManager::getInstance().getPath("silent");

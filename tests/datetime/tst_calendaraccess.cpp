@@ -74,9 +74,9 @@ private Q_SLOTS:
     void everyControlHasANameAndAnAction();
     void aDayHasItsFullDate_data();
     void aDayHasItsFullDate();
-    void aDayTellsItsStates();
+    void aDayReportsItsStates();
     void aDisabledCalendarHasDisabledDays();
-    void theDayWithTheFocusIsTold();
+    void theDayWithTheFocusIsReported();
     void aDayIsPressed();
     void columnsAreNamedByWeekday();
     void aPointLeadsToItsDay();
@@ -144,7 +144,7 @@ void CalendarAccessTest::aDayHasItsFullDate()
     }
 }
 
-void CalendarAccessTest::aDayTellsItsStates()
+void CalendarAccessTest::aDayReportsItsStates()
 {
     View view;
     view.view.setMinimumDate({2024, 3, 10});
@@ -170,7 +170,7 @@ void CalendarAccessTest::aDisabledCalendarHasDisabledDays()
     QVERIFY(view.day(10)->state().disabled);
 }
 
-void CalendarAccessTest::theDayWithTheFocusIsTold()
+void CalendarAccessTest::theDayWithTheFocusIsReported()
 {
     View view;
     QVERIFY(view.isActive);

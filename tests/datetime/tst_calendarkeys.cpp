@@ -90,7 +90,7 @@ private Q_SLOTS:
     void otherKeysReachTheParts();
     void everyPartHasAName();
     void theDayWithTheFocusIsAnnounced();
-    void theGridTellsTheMonthOfTheDay();
+    void theGridReportsTheMonthOfTheDay();
     void takesItsNamesFromTheStrings();
     void showsKeysWhereNamesAreMissing();
     void takesNamesShorterThanThreeCharacters();
@@ -290,7 +290,7 @@ void CalendarKeysTest::theDayWithTheFocusIsAnnounced()
     }
 }
 
-void CalendarKeysTest::theGridTellsTheMonthOfTheDay()
+void CalendarKeysTest::theGridReportsTheMonthOfTheDay()
 {
     const Form form;
     form.parts.calendar->setSelectedDate({2024, 3, 7});

@@ -32,8 +32,8 @@ private Q_SLOTS:
     void buttonIsBesideTextAndArrow();
     void losesItsButtonAgain();
     void mayDieInASlotOfItsButton();
-    void timesByInterval_data();
-    void timesByInterval();
+    void offersTimesByInterval_data();
+    void offersTimesByInterval();
 };
 
 namespace {
@@ -234,7 +234,7 @@ void DateOptionsTest::mayDieInASlotOfItsButton()
     QTRY_VERIFY(!field);
 }
 
-void DateOptionsTest::timesByInterval_data()
+void DateOptionsTest::offersTimesByInterval_data()
 {
     QTest::addColumn<QTime>("first");
     QTest::addColumn<QTime>("last");
@@ -252,7 +252,7 @@ void DateOptionsTest::timesByInterval_data()
     QTest::newRow("no time") << QTime() << QTime(9, 0) << 30 << QStringList("07:45");
 }
 
-void DateOptionsTest::timesByInterval()
+void DateOptionsTest::offersTimesByInterval()
 {
     QFETCH(QTime, first);
     QFETCH(QTime, last);

@@ -17,7 +17,7 @@ class DatesInFormsTest : public VemoTest
 private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void aDateFieldShowsANewPlaceholderAtOnce();
-    void aDateFieldTellsItsDate();
+    void aDateFieldReportsItsDate();
     void aCalendarSelectsWithinItsRangeInSilence();
     void aTimeBoxTakesOtherTimes();
     void aTimeBoxKeepsItsCustomItemInFront();
@@ -38,7 +38,7 @@ void DatesInFormsTest::aDateFieldShowsANewPlaceholderAtOnce()
     QCOMPARE(field.count(), 1);
 }
 
-void DatesInFormsTest::aDateFieldTellsItsDate()
+void DatesInFormsTest::aDateFieldReportsItsDate()
 {
     VemoDateSelector field("Any date");
     QVERIFY(field.date().isNull());

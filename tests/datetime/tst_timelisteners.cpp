@@ -25,8 +25,8 @@ private Q_SLOTS:
     void survivesBeingSwitchedByItsListeners();
     void reportsEachNewTimeOnce_data();
     void reportsEachNewTimeOnce();
-    void tellsItsTime_data();
-    void tellsItsTime();
+    void reportsItsTime_data();
+    void reportsItsTime();
     void showsATimeThatIsSet();
     void takesTextsOfEveryKind();
     void menuOfTheEditCopiesTheTime_data();
@@ -115,7 +115,7 @@ void TimeListenersTest::reportsEachNewTimeOnce()
         QVERIFY(times[next] != times[next - 1]);
 }
 
-void TimeListenersTest::tellsItsTime_data()
+void TimeListenersTest::reportsItsTime_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QTime>("time");
@@ -126,7 +126,7 @@ void TimeListenersTest::tellsItsTime_data()
     QTest::newRow("nothing") << "" << QTime();
 }
 
-void TimeListenersTest::tellsItsTime()
+void TimeListenersTest::reportsItsTime()
 {
     QFETCH(QString, text);
     Box box;

@@ -35,8 +35,8 @@ private Q_SLOTS:
     void aFolderIsNotCopiedIntoItself_data();
     void aFolderIsNotCopiedIntoItself();
     void aLinkToTheTargetIsCopied();
-    void whatCanNotBeCopiedIsTold_data();
-    void whatCanNotBeCopiedIsTold();
+    void whatCannotBeCopiedIsReported_data();
+    void whatCannotBeCopiedIsReported();
     void aVanishedTargetGetsNothing();
     void cancelTakesBackWhatIsNotDone_data();
     void cancelTakesBackWhatIsNotDone();
@@ -259,7 +259,7 @@ void CopyJobTest::aLinkToTheTargetIsCopied()
         folder.contents(), ({{"top/", {}}, {"link", "-> top"}, {"top/link", "-> top"}}));
 }
 
-void CopyJobTest::whatCanNotBeCopiedIsTold_data()
+void CopyJobTest::whatCannotBeCopiedIsReported_data()
 {
     QTest::addColumn<QByteArray>("source");
     QTest::addColumn<int>("error");
@@ -269,7 +269,7 @@ void CopyJobTest::whatCanNotBeCopiedIsTold_data()
     QTest::newRow("too long") << QByteArray(300, 'a') << ENAMETOOLONG;
 }
 
-void CopyJobTest::whatCanNotBeCopiedIsTold()
+void CopyJobTest::whatCannotBeCopiedIsReported()
 {
     QFETCH(QByteArray, source);
     QFETCH(int, error);

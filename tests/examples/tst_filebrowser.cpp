@@ -150,7 +150,7 @@ private Q_SLOTS:
     void theTreeShowsAHiddenFolderThatIsOpen();
     void theWayUpSelectsWhereOneCameFrom();
     void theTreeReadsAFolderWhenItIsOpened();
-    void theDetailsTellAllOfAnEntry();
+    void theDetailsShowAllOfAnEntry();
     void actionsNeedASelection();
     void theDetailsAreHiddenByTheirKey();
     void theHelpIsLocal();
@@ -329,7 +329,7 @@ void FileBrowserTest::theTreeReadsAFolderWhenItIsOpened()
     QVERIFY(!static_cast<FileSystemTreeWidgetItem *>(item->child(0))->isFake());
 }
 
-void FileBrowserTest::theDetailsTellAllOfAnEntry()
+void FileBrowserTest::theDetailsShowAllOfAnEntry()
 {
     BrowserStage stage;
     stage.home.write("a & <b>.txt", "12345");

@@ -23,7 +23,7 @@ private Q_SLOTS:
     void leftoversOfBrokenCopiesAreOffered_data();
     void leftoversOfBrokenCopiesAreOffered();
     void onlyFilesArePasted();
-    void whatCanNotBeCopiedIsTold();
+    void whatCannotBeCopiedIsReported();
 };
 
 void FileBrowserCopiesTest::filesAreCopied()
@@ -154,7 +154,7 @@ void FileBrowserCopiesTest::onlyFilesArePasted()
     QVERIFY(stage.home.contents().isEmpty());
 }
 
-void FileBrowserCopiesTest::whatCanNotBeCopiedIsTold()
+void FileBrowserCopiesTest::whatCannotBeCopiedIsReported()
 {
     BrowserStage stage;
     stage.home.makeFolder("sub");

@@ -73,7 +73,7 @@ private Q_SLOTS:
     void nothingIsTrashedUnlessItIsConfirmedTwice_data();
     void nothingIsTrashedUnlessItIsConfirmedTwice();
     void whatIsConfirmedGoesToTheTrash();
-    void whatHasVanishedMeanwhileIsTold();
+    void whatHasVanishedIsReported();
     void keysAndActionsRestUnderASheet();
     void theWindowMayDieUnderASheet_data();
     void theWindowMayDieUnderASheet();
@@ -362,7 +362,7 @@ void FileBrowserFilesTest::whatIsConfirmedGoesToTheTrash()
         ({{"a.txt", "content"}, {"b.txt", "other"}, {"sub/", {}}, {"sub/c.txt", "inner"}}));
 }
 
-void FileBrowserFilesTest::whatHasVanishedMeanwhileIsTold()
+void FileBrowserFilesTest::whatHasVanishedIsReported()
 {
     BrowserStage stage;
     stage.home.write("a.txt", "content");

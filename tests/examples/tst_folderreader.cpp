@@ -87,7 +87,7 @@ private Q_SLOTS:
     void aFolderThatCanNotBeReadFails_data();
     void aFolderThatCanNotBeReadFails();
     void aFolderWithoutRightsFails();
-    void aFolderThatVanishesMeanwhileFails();
+    void aFolderThatVanishesWhileItIsReadFails();
     void aSecondReadSilencesTheFirst();
     void theReaderMayBeDeletedInItsSignals();
     void theReaderMayReadAnotherFolderInItsSignals();
@@ -256,7 +256,7 @@ void FolderReaderTest::aFolderWithoutRightsFails()
     QCOMPARE(result.exitCode, 0);
 }
 
-void FolderReaderTest::aFolderThatVanishesMeanwhileFails()
+void FolderReaderTest::aFolderThatVanishesWhileItIsReadFails()
 {
     const DiskFolder parent;
     parent.makeFolder("sub");

@@ -121,13 +121,13 @@ private Q_SLOTS:
     void init();
     void anEntryMovesToTheTrash_data();
     void anEntryMovesToTheTrash();
-    void theRecordTellsWhereItWas();
+    void theRecordNamesItsFormerPlace();
     void everyNameGetsIntoTheTrash_data();
     void everyNameGetsIntoTheTrash();
     void theSameNameTwiceKeepsBoth();
     void theLongestNameTwiceKeepsBoth();
     void aSlashAtTheEndMeansTheFolder();
-    void whatHasVanishedSaysSo();
+    void whatHasVanishedCannotGoToTheTrash();
     void theTrashDoesNotTakeItself();
     void anUnusableTrashTakesNothing();
     void anotherFileSystemHasItsOwnTrash_data();
@@ -188,7 +188,7 @@ void TrashTest::anEntryMovesToTheTrash()
     COMPARE_CONTENTS(m_home->contentsOfTrash(), (inTrash));
 }
 
-void TrashTest::theRecordTellsWhereItWas()
+void TrashTest::theRecordNamesItsFormerPlace()
 {
     const DiskFolder folder;
     folder.write("50% \xC3\xA4.txt", "");
@@ -260,7 +260,7 @@ void TrashTest::aSlashAtTheEndMeansTheFolder()
     COMPARE_CONTENTS(m_home->contentsOfTrash(), ({{"sub/", {}}}));
 }
 
-void TrashTest::whatHasVanishedSaysSo()
+void TrashTest::whatHasVanishedCannotGoToTheTrash()
 {
     const DiskFolder folder;
     QCOMPARE(moveToTrash(folder.path("gone")).reason, systemReason(ENOENT));

@@ -58,7 +58,7 @@ private Q_SLOTS:
     void everyStateLooksDifferent();
     void noStateMovesTheText_data();
     void noStateMovesTheText();
-    void thePictureStandsInTheMiddle();
+    void thePictureIsInTheMiddle();
     void focusLeavesTheIconButtonsSize();
     void heightIsThatOfTheGrid_data();
     void heightIsThatOfTheGrid();
@@ -109,7 +109,7 @@ void ButtonLookTest::noStateMovesTheText()
     }
 }
 
-void ButtonLookTest::thePictureStandsInTheMiddle()
+void ButtonLookTest::thePictureIsInTheMiddle()
 {
     const qreal ratio = DPIinfo::getInstance().getDPR();
     QPixmap red(QSize(scaled(16), scaled(16)) * ratio);

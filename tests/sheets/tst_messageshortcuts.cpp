@@ -119,10 +119,10 @@ private Q_SLOTS:
     void withoutAParentItIsABox();
     void iconCanBeLeftOut_data() { addShortcuts(); }
     void iconCanBeLeftOut();
-    void confirmationTellsTheAnswer_data();
-    void confirmationTellsTheAnswer();
-    void boxTellsTheAnswer_data();
-    void boxTellsTheAnswer();
+    void aConfirmationReturnsTheAnswer_data();
+    void aConfirmationReturnsTheAnswer();
+    void aBoxReturnsTheAnswer_data();
+    void aBoxReturnsTheAnswer();
     void eachCallLeavesOneHiddenMask();
     void shadeIsBlackAtTwenty();
     void coversTheWindowOfAnInnerParent();
@@ -230,7 +230,7 @@ void MessageShortcutsTest::iconCanBeLeftOut()
     QVERIFY(overWindow.hasActed() && alone.hasActed());
 }
 
-void MessageShortcutsTest::confirmationTellsTheAnswer_data()
+void MessageShortcutsTest::aConfirmationReturnsTheAnswer_data()
 {
     QTest::addColumn<bool>("isCustom");
     QTest::addColumn<int>("button");
@@ -243,7 +243,7 @@ void MessageShortcutsTest::confirmationTellsTheAnswer_data()
     }
 }
 
-void MessageShortcutsTest::confirmationTellsTheAnswer()
+void MessageShortcutsTest::aConfirmationReturnsTheAnswer()
 {
     QFETCH(const bool, isCustom);
     QFETCH(const int, button);
@@ -262,14 +262,14 @@ void MessageShortcutsTest::confirmationTellsTheAnswer()
         result);
 }
 
-void MessageShortcutsTest::boxTellsTheAnswer_data()
+void MessageShortcutsTest::aBoxReturnsTheAnswer_data()
 {
     QTest::addColumn<int>("button");
     QTest::newRow("yes") << int(QMessageBox::Apply);
     QTest::newRow("no") << int(QMessageBox::Cancel);
 }
 
-void MessageShortcutsTest::boxTellsTheAnswer()
+void MessageShortcutsTest::aBoxReturnsTheAnswer()
 {
     QFETCH(const int, button);
     const SheetDriver driver(

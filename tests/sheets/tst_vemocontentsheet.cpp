@@ -87,7 +87,7 @@ private Q_SLOTS:
     void tabStaysInside();
     void windowBehindGetsNothing();
     void windowGetsItsFocusBack();
-    void otherButtons();
+    void mayHaveOtherButtons();
     void isADialogNamedByItsContent();
     void isLaidOutFromRightToLeft();
     void followsTheSizeOfItsContent();
@@ -201,7 +201,7 @@ void VemoContentSheetTest::windowGetsItsFocusBack()
     QVERIFY(scene.window.close());
 }
 
-void VemoContentSheetTest::otherButtons()
+void VemoContentSheetTest::mayHaveOtherButtons()
 {
     Scene scene;
     scene.sheet->setStandardButtons(Button::Apply | Button::Discard | Button::Reset);

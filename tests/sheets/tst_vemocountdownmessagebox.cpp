@@ -47,7 +47,7 @@ private Q_SLOTS:
     void answersItself();
     void answersWithTheDefaultButton();
     void withoutButtonsNothingIsClicked();
-    void countsAnewEachTimeItIsShown();
+    void countsAgainEachTimeItIsShown();
     void goesOnWhileMinimised_data();
     void goesOnWhileMinimised();
     void restoredItDoesNotStartAgain_data() { goesOnWhileMinimised_data(); }
@@ -132,7 +132,7 @@ void VemoCountdownMessageBoxTest::withoutButtonsNothingIsClicked()
     QVERIFY(box.buttons().isEmpty());
 }
 
-void VemoCountdownMessageBoxTest::countsAnewEachTimeItIsShown()
+void VemoCountdownMessageBoxTest::countsAgainEachTimeItIsShown()
 {
     VemoCountdownMessageBox box;
     box.setStartValue(5);

@@ -63,7 +63,7 @@ private Q_SLOTS:
     void widthComesFromTheParent();
     void widthIsTruncatedBeforeItIsScaled();
     void widthIsCappedWithoutAParent();
-    void contentStandsInsideTheBandAndTheMargins();
+    void contentIsInsideTheBandAndTheMargins();
     void heightFollowsThePrompt();
     void keyEndsTheSheet_data();
     void keyEndsTheSheet();
@@ -187,7 +187,7 @@ void VemoInputSheetTest::widthIsCappedWithoutAParent()
     QCOMPARE(sheet.width(), scaled(480));
 }
 
-void VemoInputSheetTest::contentStandsInsideTheBandAndTheMargins()
+void VemoInputSheetTest::contentIsInsideTheBandAndTheMargins()
 {
     QWidget window;
     window.resize(scaled(600), scaled(400));

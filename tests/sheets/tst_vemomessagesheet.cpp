@@ -47,9 +47,9 @@ private Q_SLOTS:
     void rebuildForgetsCustomCaptions_data();
     void rebuildForgetsCustomCaptions();
     void buttonsHaveTheirSizesAndStyles();
-    void buttonsStandInTheOrderOfWindows();
-    void buttonsThatDoNotFitStandOneAboveTheOther_data();
-    void buttonsThatDoNotFitStandOneAboveTheOther();
+    void buttonsAreInTheOrderOfWindows();
+    void buttonsThatDoNotFitAreStacked_data();
+    void buttonsThatDoNotFitAreStacked();
     void busySheetShowsItsMovie();
     void movieOutlivesItsSheet();
     void movieMayDieWhileItsSheetRuns();
@@ -60,7 +60,7 @@ private Q_SLOTS:
     void widthComesFromTheParent();
     void widthIsTruncatedBeforeItIsScaled();
     void widthIsCappedWithoutAParent();
-    void contentStandsInsideTheBandAndTheMargins();
+    void contentIsInsideTheBandAndTheMargins();
     void clickAfterRebuildsFinishesOnce();
 };
 
@@ -226,7 +226,7 @@ void VemoMessageSheetTest::buttonsHaveTheirSizesAndStyles()
     QCOMPARE(reset->styleSheet(), getStyleSheet("component.reset_button"));
 }
 
-void VemoMessageSheetTest::buttonsStandInTheOrderOfWindows()
+void VemoMessageSheetTest::buttonsAreInTheOrderOfWindows()
 {
     QWidget window;
     window.resize(scaled(600), scaled(400));
@@ -242,14 +242,14 @@ void VemoMessageSheetTest::buttonsStandInTheOrderOfWindows()
     QVERIFY(buttonOf(sheet, Button::Discard)->x() < buttonOf(sheet, Button::Apply)->x());
 }
 
-void VemoMessageSheetTest::buttonsThatDoNotFitStandOneAboveTheOther_data()
+void VemoMessageSheetTest::buttonsThatDoNotFitAreStacked_data()
 {
     QTest::addColumn<bool>("hasMask");
     QTest::newRow("with a mask") << true;
     QTest::newRow("without") << false;
 }
 
-void VemoMessageSheetTest::buttonsThatDoNotFitStandOneAboveTheOther()
+void VemoMessageSheetTest::buttonsThatDoNotFitAreStacked()
 {
     QFETCH(const bool, hasMask);
     QWidget window;
@@ -422,7 +422,7 @@ void VemoMessageSheetTest::widthIsCappedWithoutAParent()
     QCOMPARE(sheet.width(), scaled(540));
 }
 
-void VemoMessageSheetTest::contentStandsInsideTheBandAndTheMargins()
+void VemoMessageSheetTest::contentIsInsideTheBandAndTheMargins()
 {
     QWidget window;
     window.resize(scaled(700), scaled(500));

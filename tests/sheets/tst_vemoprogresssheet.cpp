@@ -54,7 +54,7 @@ private Q_SLOTS:
     void otherKeysDoNothing();
     void resetIsForOtherWork();
     void buttonMayHaveAnotherCaptionOrBeMissing();
-    void workThatEndsTheSheetWhenCancelled();
+    void cancelledWorkMayEndTheSheet();
     void windowDoesNotClose();
     void textIsPlainAndAnnounced();
     void longTextTakesTheLinesThatItNeeds();
@@ -189,7 +189,7 @@ void VemoProgressSheetTest::buttonMayHaveAnotherCaptionOrBeMissing()
     QVERIFY(scene.button()->isVisible());
 }
 
-void VemoProgressSheetTest::workThatEndsTheSheetWhenCancelled()
+void VemoProgressSheetTest::cancelledWorkMayEndTheSheet()
 {
     Scene scene;
     scene.window.show();

@@ -89,7 +89,7 @@ private Q_SLOTS:
     void aStateExchangesColours();
     void onlyTheStatesAskedForAreDrawn();
     void aDrawnStateWinsOverTheDerivedOne();
-    void aRemovedPictureHasABadgeThatStandsFree();
+    void aRemovedPictureHasASeparateBadge();
     void aStateLeavesOutWhatIsMarked();
     void aTurningDrawingBecomesAnEndlessAnimation();
     void anAnimationHoldsEveryShadeOfTheDrawing();
@@ -158,7 +158,7 @@ void DrawPicturesTest::aDrawnStateWinsOverTheDerivedOne()
     QCOMPARE(drawn("square_click.png").pixelColor(8, 8), QColor(0x0B469E));
 }
 
-void DrawPicturesTest::aRemovedPictureHasABadgeThatStandsFree()
+void DrawPicturesTest::aRemovedPictureHasASeparateBadge()
 {
     draw({written("square", square("@soft-ink@", "data-states=\"removed\""))});
     const QImage image = drawn("square_removed.png");

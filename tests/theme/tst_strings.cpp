@@ -165,7 +165,7 @@ private Q_SLOTS:
     void noTextLosesAPlaceholderOrANumber();
     void noTextIsLeftInEnglish_data() { addTables(); }
     void noTextIsLeftInEnglish();
-    void noTextIsSharedWithEnglishInVain();
+    void everyTextListedAsSharedWithEnglishIsShared();
     void everyTextIsOfItsLanguagesLetters_data() { addTables(); }
     void everyTextIsOfItsLanguagesLetters();
     void bothChineseTablesDiffer();
@@ -272,7 +272,7 @@ void StringsTest::noTextIsLeftInEnglish()
     }
 }
 
-void StringsTest::noTextIsSharedWithEnglishInVain()
+void StringsTest::everyTextListedAsSharedWithEnglishIsShared()
 {
     for (auto shared = sharedWithEnglish().begin(); shared != sharedWithEnglish().end(); ++shared) {
         for (const QString &code : shared->split(' ')) {

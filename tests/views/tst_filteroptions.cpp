@@ -20,9 +20,9 @@ private Q_SLOTS:
     void returnTakesThePlaceOfTheDelay();
     void keepsSilentAboutTextsOfTheProgram();
     void waitsNoMoreOnceTheDelayIsOff();
-    void escapeEmptiesTheLineAndSaysSo();
+    void escapeEmptiesTheLineAndReportsIt();
     void escapeInAnEmptyLineIsPassedOn();
-    void clearButtonEmptiesTheLineAndSaysSo();
+    void clearButtonEmptiesTheLineAndReportsIt();
     void clearButtonGoesAgain();
     void mayDieWhenItReports_data();
     void mayDieWhenItReports();
@@ -128,7 +128,7 @@ void FilterOptionsTest::waitsNoMoreOnceTheDelayIsOff()
     QCOMPARE(filter.keywords.size(), 0);
 }
 
-void FilterOptionsTest::escapeEmptiesTheLineAndSaysSo()
+void FilterOptionsTest::escapeEmptiesTheLineAndReportsIt()
 {
     Filter filter;
     filter.bar->setSearchDelay(0);
@@ -149,7 +149,7 @@ void FilterOptionsTest::escapeInAnEmptyLineIsPassedOn()
     QCOMPARE(filter.keywords.size(), 0);
 }
 
-void FilterOptionsTest::clearButtonEmptiesTheLineAndSaysSo()
+void FilterOptionsTest::clearButtonEmptiesTheLineAndReportsIt()
 {
     Filter filter;
     filter.bar->setSearchDelay(0);

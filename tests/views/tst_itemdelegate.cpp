@@ -54,8 +54,8 @@ private Q_SLOTS:
     void fillsTheEditorWithTheWholeName();
     void leavesTheValidatorsToTheirEditor();
     void fillsInOtherEditorsAsTheyAre();
-    void tellsOfEscapeAndClosesTheEditor();
-    void tellsOfNoOtherKey();
+    void reportsEscapeAndClosesTheEditor();
+    void reportsNoOtherKey();
     void survivesTheEndOfTheTreeOnEscape();
     void remembersTheCheckBoxDrawnLast();
 };
@@ -171,7 +171,7 @@ void ItemDelegateTest::fillsInOtherEditorsAsTheyAre()
     QVERIFY(editor->styleSheet().isEmpty());
 }
 
-void ItemDelegateTest::tellsOfEscapeAndClosesTheEditor()
+void ItemDelegateTest::reportsEscapeAndClosesTheEditor()
 {
     const Tree tree;
     const QPointer<QLineEdit> editor = tree.editor();
@@ -185,7 +185,7 @@ void ItemDelegateTest::tellsOfEscapeAndClosesTheEditor()
     QCOMPARE(tree.item()->text(0), QString("Projects"));
 }
 
-void ItemDelegateTest::tellsOfNoOtherKey()
+void ItemDelegateTest::reportsNoOtherKey()
 {
     const Tree tree;
     const QSignalSpy keys(&tree.delegate, SIGNAL(sigKeyPressed(QKeyEvent *)));

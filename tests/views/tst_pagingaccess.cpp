@@ -59,7 +59,7 @@ class PagingAccessTest : public VemoTest
 
 private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
-    void tellsTheCurrentPage();
+    void reportsTheCurrentPage();
     void hidesBlankButtonsFromScreenReaders();
     void pressesAPageForAScreenReader();
     void drawsNothingOfABlankButton();
@@ -68,7 +68,7 @@ private Q_SLOTS:
     void mirrorsItsArrows();
 };
 
-void PagingAccessTest::tellsTheCurrentPage()
+void PagingAccessTest::reportsTheCurrentPage()
 {
     Paging paging;
     paging.pages().at(3)->click();

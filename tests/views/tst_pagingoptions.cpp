@@ -24,8 +24,8 @@ private Q_SLOTS:
     void reportsEachNewPageOnce();
     void staysWithinItsPages_data();
     void staysWithinItsPages();
-    void tellsTheRangeOfItsItems_data();
-    void tellsTheRangeOfItsItems();
+    void showsTheRangeOfItsItems_data();
+    void showsTheRangeOfItsItems();
     void writesNumbersOfTheLocale();
     void letsTheUserChooseTheRows_data();
     void letsTheUserChooseTheRows();
@@ -34,7 +34,7 @@ private Q_SLOTS:
     void jumpsToAPage_data();
     void jumpsToAPage();
     void namesItsPartsForAScreenReader();
-    void partsStandAfterTheButtonsInTheRow();
+    void partsFollowTheButtonsInTheRow();
     void partsGoAgain();
     void withoutAModelTheyOnlyWarn();
 };
@@ -133,7 +133,7 @@ void PagingOptionsTest::staysWithinItsPages()
     QCOMPARE(paging.changes.size(), 0);
 }
 
-void PagingOptionsTest::tellsTheRangeOfItsItems_data()
+void PagingOptionsTest::showsTheRangeOfItsItems_data()
 {
     QTest::addColumn<int>("items");
     QTest::addColumn<int>("page");
@@ -148,7 +148,7 @@ void PagingOptionsTest::tellsTheRangeOfItsItems_data()
     QTest::newRow("far beyond") << 312 << 2000000000 << "";
 }
 
-void PagingOptionsTest::tellsTheRangeOfItsItems()
+void PagingOptionsTest::showsTheRangeOfItsItems()
 {
     QFETCH(int, items);
     QFETCH(int, page);
@@ -255,7 +255,7 @@ void PagingOptionsTest::namesItsPartsForAScreenReader()
     QCOMPARE(paging.field()->accessibleName(), QString("Go to page"));
 }
 
-void PagingOptionsTest::partsStandAfterTheButtonsInTheRow()
+void PagingOptionsTest::partsFollowTheButtonsInTheRow()
 {
     Paging paging;
     // In any order of calls.

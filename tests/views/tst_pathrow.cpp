@@ -101,7 +101,7 @@ private Q_SLOTS:
     void drawsNothingOfANameWithoutRoom();
     void drawsWholeArrowsOnly();
     void drawsWholeNamesOfARowThatFits();
-    void drawsANameAnewWhenItScrolls();
+    void drawsANameAgainWhenItScrolls();
     void bringsAFocusedPartIntoView_data();
     void bringsAFocusedPartIntoView();
     void putsTheFolderButtonAtTheStart();
@@ -194,7 +194,7 @@ void PathRowTest::drawsWholeNamesOfARowThatFits()
     QCOMPARE(drawn.rect, path.button(2)->rect());
 }
 
-void PathRowTest::drawsANameAnewWhenItScrolls()
+void PathRowTest::drawsANameAgainWhenItScrolls()
 {
     Path path;
     path.refreshWithout(1);

@@ -78,18 +78,18 @@ class TreeEventsTest : public VemoTest
 
 private Q_SLOTS:
     void initTestCase();
-    void tellsOfEachKeyBeforeItHandlesIt();
-    void tellsOfARightClickBeforeItHandlesIt();
-    void tellsOfNoOtherClick_data();
-    void tellsOfNoOtherClick();
-    void tellsOfTheMenuKeys_data();
-    void tellsOfTheMenuKeys();
+    void reportsEachKeyBeforeItHandlesIt();
+    void reportsARightClickBeforeItHandlesIt();
+    void reportsNoOtherClick_data();
+    void reportsNoOtherClick();
+    void reportsTheMenuKeys_data();
+    void reportsTheMenuKeys();
     void opensTheMenuWhereTheRowBegins_data();
     void opensTheMenuWhereTheRowBegins();
     void mirrorsItsClosedBranch_data();
     void mirrorsItsClosedBranch();
     void makesTheFirstItemCurrentOnFocus();
-    void makesTheCurrentItemCurrentOnceMoreOnFocus();
+    void makesTheCurrentItemCurrentAgainOnFocus();
     void takesTheFocusWithoutAnyItem();
     void takesTheFirstVisibleItemOnFocus();
     void leavesTheBaseOutOnFocus();
@@ -112,7 +112,7 @@ void TreeEventsTest::initTestCase()
     startDefaultTheme();
 }
 
-void TreeEventsTest::tellsOfEachKeyBeforeItHandlesIt()
+void TreeEventsTest::reportsEachKeyBeforeItHandlesIt()
 {
     Tree tree;
     tree.show();
@@ -129,7 +129,7 @@ void TreeEventsTest::tellsOfEachKeyBeforeItHandlesIt()
     QCOMPARE(currents, QList<QTreeWidgetItem *>({tree.item(0), tree.item(1)}));
 }
 
-void TreeEventsTest::tellsOfARightClickBeforeItHandlesIt()
+void TreeEventsTest::reportsARightClickBeforeItHandlesIt()
 {
     Tree tree;
     tree.show();
@@ -145,7 +145,7 @@ void TreeEventsTest::tellsOfARightClickBeforeItHandlesIt()
     QVERIFY(tree.item(1)->isSelected());
 }
 
-void TreeEventsTest::tellsOfNoOtherClick_data()
+void TreeEventsTest::reportsNoOtherClick_data()
 {
     QTest::addColumn<Qt::MouseButton>("button");
     QTest::newRow("left") << Qt::LeftButton;
@@ -153,7 +153,7 @@ void TreeEventsTest::tellsOfNoOtherClick_data()
     QTest::newRow("back") << Qt::BackButton;
 }
 
-void TreeEventsTest::tellsOfNoOtherClick()
+void TreeEventsTest::reportsNoOtherClick()
 {
     QFETCH(Qt::MouseButton, button);
     Tree tree;
@@ -163,7 +163,7 @@ void TreeEventsTest::tellsOfNoOtherClick()
     QCOMPARE(clicks.size(), 0);
 }
 
-void TreeEventsTest::tellsOfTheMenuKeys_data()
+void TreeEventsTest::reportsTheMenuKeys_data()
 {
     QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
@@ -177,7 +177,7 @@ void TreeEventsTest::tellsOfTheMenuKeys_data()
     QTest::newRow("Return") << Qt::Key_Return << none << 0;
 }
 
-void TreeEventsTest::tellsOfTheMenuKeys()
+void TreeEventsTest::reportsTheMenuKeys()
 {
     QFETCH(Qt::Key, key);
     QFETCH(Qt::KeyboardModifiers, modifiers);
@@ -288,7 +288,7 @@ void TreeEventsTest::makesTheFirstItemCurrentOnFocus()
     QCOMPARE(tree.widget.currentItem(), tree.item(0));
 }
 
-void TreeEventsTest::makesTheCurrentItemCurrentOnceMoreOnFocus()
+void TreeEventsTest::makesTheCurrentItemCurrentAgainOnFocus()
 {
     Tree tree;
     tree.widget.setCurrentItem(tree.item(1));

@@ -87,7 +87,7 @@ private Q_SLOTS:
     void showsThePagesAroundTheCurrentOne_data();
     void showsThePagesAroundTheCurrentOne();
     void keepsAPageBeyondTheLast();
-    void keepsThePageAndSaysNothingWhenItemsAreSet();
+    void keepsThePageAndEmitsNothingWhenItemsAreSet();
     void navigates_data();
     void navigates();
     void goesToTheClickedPage_data();
@@ -283,7 +283,7 @@ void VemoPagingBarTest::keepsAPageBeyondTheLast()
     QCOMPARE(paging.model.nowPage(), 1000);
 }
 
-void VemoPagingBarTest::keepsThePageAndSaysNothingWhenItemsAreSet()
+void VemoPagingBarTest::keepsThePageAndEmitsNothingWhenItemsAreSet()
 {
     Paging paging;
     paging.setPages(7, 5);

@@ -22,13 +22,13 @@ private Q_SLOTS:
     void aPagingBarAloneHasAModelOfItsOwn();
     void aPagingBarShowsANewRowLimitInSilence();
     void aPagingBarWithoutAModelAnswersNothing();
-    void aPagingBarTellsItsRefreshButtonAndFooter();
+    void aPagingBarReportsItsRefreshButtonAndFooter();
     void aTableTakesOtherColumnsLater();
     void aTableKeepsTheCellsOfColumnsThatStay();
     void aTableReadsColumnsFromTexts_data();
     void aTableReadsColumnsFromTexts();
     void aTreeTakesItsColoursOneByOne();
-    void aPathTellsAllOfItself();
+    void aPathReportsAllItsProperties();
 };
 
 namespace {
@@ -91,7 +91,7 @@ void ViewsInFormsTest::aPagingBarWithoutAModelAnswersNothing()
     QCOMPARE(messages.take(), QStringList("Paging bar has no model"));
 }
 
-void ViewsInFormsTest::aPagingBarTellsItsRefreshButtonAndFooter()
+void ViewsInFormsTest::aPagingBarReportsItsRefreshButtonAndFooter()
 {
     VemoPagingBar bar(nullptr);
     QVERIFY(!bar.isRefreshButtonHidden());
@@ -172,7 +172,7 @@ void ViewsInFormsTest::aTreeTakesItsColoursOneByOne()
     QCOMPARE(tree.hoverColor(), QColor(Qt::green));
 }
 
-void ViewsInFormsTest::aPathTellsAllOfItself()
+void ViewsInFormsTest::aPathReportsAllItsProperties()
 {
     VemoButtonPath path;
     QCOMPARE(path.path(), QString());

@@ -34,7 +34,7 @@ private Q_SLOTS:
     void whatAProcessorRoundsIsNone();
     void theDifferenceShowsWhere();
     void aDifferenceIsWrittenAsThreePicturesAndNamed();
-    void whatIsMendedLeavesNoPicturesBehind();
+    void aRepairedLookLeavesNoPicturesBehind();
     void withoutAStoredPictureItFails();
     void storedPicturesAreWhatTheyWere_data();
     void storedPicturesAreWhatTheyWere();
@@ -99,7 +99,7 @@ void ComparisonTest::aDifferenceIsWrittenAsThreePicturesAndNamed()
     QCOMPARE(inPicture(2, {5, 3}), QColor(Qt::red));
 }
 
-void ComparisonTest::whatIsMendedLeavesNoPicturesBehind()
+void ComparisonTest::aRepairedLookLeavesNoPicturesBehind()
 {
     const QString path = m_folder.filePath("repaired.png");
     const QString differencePath = m_folder.filePath("repaired-difference.png");
