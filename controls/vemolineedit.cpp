@@ -57,15 +57,20 @@ QString spokenText(QLabel *label)
     return QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name);
 }
 
+/// The name of field if it has one of its own: given to it, or the text of the label in front.
+QString ownCaption(const QWidget &field, QLabel *label)
+{
+    return field.accessibleName().isEmpty() ? spokenText(label) : field.accessibleName();
+}
+
 /// The text of the label whose buddy is widget, as in a form.
 QString textOfBuddyLabel(const QWidget &widget)
 {
     if (!widget.parentWidget())
         return {};
-    const auto siblings =
-        widget.parentWidget()->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
-    for (QLabel *label : siblings) {
-        if (label->buddy() == &widget)
+    for (QObject *sibling : widget.parentWidget()->children()) {
+        auto *label = qobject_cast<QLabel *>(sibling);
+        if (label && label->buddy() == &widget)
             return spokenText(label);
     }
     return {};
@@ -261,7 +266,11 @@ void VemoLineEdit::setSpacing(int spacing)
 bool VemoLineEdit::event(QEvent *event)
 {
     // QLabel has no signal for a changed text, but requests a new layout if it is visible.
-    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)
+    // Without a caption of its own, before or now, the field is named by a label elsewhere, which a
+    // layout of this widget does not change: in a large form it takes time to find.
+    const bool isLaidOut = event->type() == QEvent::LayoutRequest
+        && !(m_announced.isEmpty() && ownCaption(*this, m_pre_label).isEmpty());
+    if (isLaidOut || event->type() == QEvent::Show)
         announceCaption();
     return QWidget::event(event);
 }
@@ -284,9 +293,7 @@ void VemoLineEdit::announceCaption()
 {
     if (m_line_edit->accessibleName() != m_announced)
         return; // Set by the host.
-    m_announced = accessibleName();
-    if (m_announced.isEmpty())
-        m_announced = spokenText(m_pre_label);
+    m_announced = ownCaption(*this, m_pre_label);
     if (m_announced.isEmpty())
         m_announced = textOfBuddyLabel(*this);
     m_line_edit->setAccessibleName(m_announced);
