@@ -53,8 +53,8 @@ private Q_SLOTS:
     void sizesInCodeAreTruncatedTowardZero();
     void sizesInCodeAreScaledAndTruncated_data();
     void sizesInCodeAreScaledAndTruncated();
-    void aMillionRandomSheetsComeOutAsTheRulesSay_data();
-    void aMillionRandomSheetsComeOutAsTheRulesSay();
+    void randomSheetsComeOutAsTheRulesSay_data();
+    void randomSheetsComeOutAsTheRulesSay();
 };
 
 void DPIinfoTest::thereIsOneInstance()
@@ -263,7 +263,7 @@ void DPIinfoTest::sizesInCodeAreScaledAndTruncated()
     QCOMPARE(DPIinfo::scaled(length), results.at(factorIndex()));
 }
 
-void DPIinfoTest::aMillionRandomSheetsComeOutAsTheRulesSay_data()
+void DPIinfoTest::randomSheetsComeOutAsTheRulesSay_data()
 {
     QTest::addColumn<quint32>("seed");
     // The scan is the same at every factor; only the products differ.
@@ -273,7 +273,7 @@ void DPIinfoTest::aMillionRandomSheetsComeOutAsTheRulesSay_data()
         QTest::addRow("100,000 texts from seed %u", seed) << seed;
 }
 
-void DPIinfoTest::aMillionRandomSheetsComeOutAsTheRulesSay()
+void DPIinfoTest::randomSheetsComeOutAsTheRulesSay()
 {
     QFETCH(quint32, seed);
     const DPIinfo &info = DPIinfo::getInstance();

@@ -45,8 +45,8 @@ private Q_SLOTS:
     void lineBreaksAreThoseOfATextStream_data();
     void lineBreaksAreThoseOfATextStream();
     void aStoredSectionIsOverwritten();
-    void aMillionRandomTextsAreCutAsTheRulesSay_data();
-    void aMillionRandomTextsAreCutAsTheRulesSay();
+    void randomTextsAreCutAsTheRulesSay_data();
+    void randomTextsAreCutAsTheRulesSay();
     void placeholdersGiveWayAsByReplace_data();
     void placeholdersGiveWayAsByReplace();
 };
@@ -191,14 +191,14 @@ void StyleFileTest::aStoredSectionIsOverwritten()
     QCOMPARE(Sections(sections), (Sections {{"a", "\nnew"}, {"b", "kept"}}));
 }
 
-void StyleFileTest::aMillionRandomTextsAreCutAsTheRulesSay_data()
+void StyleFileTest::randomTextsAreCutAsTheRulesSay_data()
 {
     QTest::addColumn<quint32>("seed");
     for (quint32 seed = 1; seed <= (underSanitizers() ? kFewSeeds : kSeeds); ++seed)
         QTest::addRow("100,000 texts from seed %u", seed) << seed;
 }
 
-void StyleFileTest::aMillionRandomTextsAreCutAsTheRulesSay()
+void StyleFileTest::randomTextsAreCutAsTheRulesSay()
 {
     QFETCH(quint32, seed);
     RandomTexts texts(seed, sectionPieces());
