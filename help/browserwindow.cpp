@@ -6,6 +6,7 @@
 #include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
 #include "help/keptzoom_p.h"
+#include "help/navigationbar_p.h"
 #include "help/webcontent_p.h"
 
 #include <vemo/stylemanager.h>
@@ -66,7 +67,8 @@ bool BrowserWindow::isZoomKept()
 }
 
 BrowserWindow::BrowserWindow(QWidget *parent)
-    : QDialog(parent), m_text_browser(new HtmlTextBrowser(this))
+    : QDialog(parent), m_text_browser(new HtmlTextBrowser(this)),
+      m_addresses([](const QUrl &target) { return QVector<QUrl> {target}; })
 {
     m_text_browser->setOpenExternalLinks(true);
     init();
@@ -116,6 +118,7 @@ void BrowserWindow::makeShortcuts()
 void BrowserWindow::reload(const QUrl &url)
 {
     m_url = url;
+    m_target = QUrl();
     reload();
 }
 
@@ -158,12 +161,101 @@ bool BrowserWindow::isPrintingEnabled() const
     return m_print;
 }
 
+void BrowserWindow::setHistoryEnabled(bool enabled)
+{
+    if (enabled == isHistoryEnabled())
+        return;
+    navigation()->setHistoryEnabled(enabled);
+    removeUnusedNavigation();
+}
+
+bool BrowserWindow::isHistoryEnabled() const
+{
+    return m_navigation && m_navigation->isHistoryEnabled();
+}
+
+bool BrowserWindow::isBackwardAvailable() const
+{
+    return m_navigation && m_navigation->isBackwardAvailable();
+}
+
+bool BrowserWindow::isForwardAvailable() const
+{
+    return m_navigation && m_navigation->isForwardAvailable();
+}
+
+void BrowserWindow::backward()
+{
+    if (m_navigation)
+        m_navigation->backward();
+}
+
+void BrowserWindow::forward()
+{
+    if (m_navigation)
+        m_navigation->forward();
+}
+
+void BrowserWindow::setContents(const QVector<ContentsEntry> &entries)
+{
+    if (entries.isEmpty() && contents().isEmpty())
+        return;
+    navigation()->setContents(entries);
+    removeUnusedNavigation();
+}
+
+QVector<ContentsEntry> BrowserWindow::contents() const
+{
+    return m_navigation ? m_navigation->contents() : QVector<ContentsEntry>();
+}
+
+NavigationBar *BrowserWindow::navigation()
+{
+    if (m_navigation)
+        return m_navigation;
+    m_navigation = new NavigationBar(m_text_browser, m_addresses);
+    connect(m_navigation, &NavigationBar::sigOpen, this, &BrowserWindow::openTarget);
+    connect(m_navigation, &NavigationBar::sigGoing, this, &BrowserWindow::dropFetch);
+    connect(m_navigation, &NavigationBar::sigHistoryChanged, this, &BrowserWindow::historyChanged);
+    return m_navigation;
+}
+
+void BrowserWindow::removeUnusedNavigation()
+{
+    if (isHistoryEnabled() || !contents().isEmpty())
+        return;
+    delete m_navigation;
+    m_navigation = nullptr;
+    m_text_browser->setNavigated(false);
+}
+
+void BrowserWindow::openTarget(const QUrl &target)
+{
+    const QUrl url = m_addresses(target).constFirst();
+    if (m_awaited && url == m_url)
+        return; // the second click of a double click
+    m_url = url;
+    m_target = target;
+    reload();
+}
+
+/// The user has chosen another page in the meantime.
+void BrowserWindow::dropFetch()
+{
+    m_timer->stop();
+    const QPointer<QNetworkReply> dropped = m_awaited;
+    m_awaited.clear(); // before abort(), which reports the end of the reply at once
+    if (dropped)
+        dropped->abort();
+}
+
 void BrowserWindow::query()
 {
     m_timer->start(TIMEOUT);
     QNetworkReply *reply = m_network_manager->get(plainRequest(m_url));
     connect(this, SIGNAL(sigAbortRequest()), reply, SLOT(abort()));
     limitReply(reply, kMaxPageBytes);
+    m_awaited = reply;
 }
 
 void BrowserWindow::slotQueryTimeout()
@@ -173,17 +265,24 @@ void BrowserWindow::slotQueryTimeout()
 
 void BrowserWindow::slotReceiveReply(QNetworkReply *reply)
 {
+    reply->deleteLater();
+    if (m_navigation && reply != m_awaited)
+        return;
+    if (reply == m_awaited)
+        m_awaited.clear();
     // Deliberate: when an earlier fetch ends, a later one has no time limit any more.
     m_timer->stop();
-    reply->deleteLater();
     const QPointer<BrowserWindow> self(this);
     ++m_replies_in_hand;
     if (reply->error() != QNetworkReply::NoError)
         fallbackOffline();
     else
         showPage(reply);
-    if (self)
-        --m_replies_in_hand;
+    if (!self)
+        return;
+    --m_replies_in_hand;
+    if (m_navigation)
+        m_navigation->followPage(); // after a failure, back to the page that is shown
 }
 
 void BrowserWindow::showPage(QNetworkReply *reply)
@@ -191,12 +290,8 @@ void BrowserWindow::showPage(QNetworkReply *reply)
     const QByteArray body = reply->readAll();
     // The length is passed so that a zero byte does not end the text.
     const QString html = QString::fromUtf8(body.constData(), body.size());
-    const QUrl earlier = m_text_browser->pageUrl();
-    m_text_browser->setPageUrl(reply->url());
-    if (m_text_browser->showContent(html))
-        return;
-    m_text_browser->setPageUrl(earlier);
-    fallbackOffline();
+    if (!m_text_browser->showPage(reply->url(), html))
+        fallbackOffline();
 }
 
 void BrowserWindow::fallbackOffline() { }

@@ -34,3 +34,9 @@ constexpr int kMaxNestedTags = 1000;
 constexpr int kMaxSpan = 100;
 /// Letters of a title; longer ones are truncated.
 constexpr int kMaxTitleLength = 200;
+/// Pages that a window keeps to go back and forward, and their letters together. The page that is
+/// shown is always kept.
+constexpr int kMaxHistoryPages = 50;
+constexpr qint64 kMaxHistoryLetters = qint64(16) * 1024 * 1024;
+/// Level of an entry of the contents: the tree is deleted recursively.
+constexpr int kMaxContentsLevel = 9;

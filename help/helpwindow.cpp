@@ -2,13 +2,9 @@
 #include <vemo/helpwindow.h>
 
 #include "core/logging_p.h"
-#include "core/qtcompat_p.h"
-#include "core/resourcefile_p.h"
-#include "help/helplimits_p.h"
 #include "help/htmltextbrowser_p.h"
+#include "help/localpage_p.h"
 
-#include <QFile>
-#include <QTextStream>
 #include <QUrlQuery>
 
 namespace {
@@ -30,6 +26,18 @@ QString helpLanguage(const QString &lang)
 QUrl &knowledgeBase()
 {
     static QUrl url(QStringLiteral(VEMO_KNOWLEDGEBASE_URL));
+    return url;
+}
+
+QString fileNameOf(const QUrl &target)
+{
+    return target.path(QUrl::FullyDecoded);
+}
+
+QUrl withAnchorOf(const QUrl &target, QUrl url)
+{
+    if (target.hasFragment())
+        url.setFragment(target.fragment());
     return url;
 }
 
@@ -57,37 +65,49 @@ HelpWindow::HelpWindow(const HelpContext &context, QWidget *parent)
     : BrowserWindow(parent), m_context(context)
 {
     m_context.lang = helpLanguage(m_context.lang);
+    m_addresses = [this](const QUrl &target) { return addressesOf(target); };
     retrieveHelpContent();
 }
 
 void HelpWindow::retrieveHelpContent()
 {
+    reload(onlineAddress(m_context.link));
+}
+
+QUrl HelpWindow::onlineAddress(const QString &link) const
+{
     QUrlQuery query;
     query.addQueryItem(QStringLiteral("action"), QStringLiteral("findHelpFile"));
     query.addQueryItem(QStringLiteral("section"), m_context.section);
     query.addQueryItem(QStringLiteral("lang"), m_context.lang);
-    query.addQueryItem(QStringLiteral("link"), m_context.link);
+    query.addQueryItem(QStringLiteral("link"), link);
     query.addQueryItem(QStringLiteral("unique"), QStringLiteral("kestrava_utility_help"));
     query.addQueryItem(QStringLiteral("version"), m_context.version);
     QUrl url = knowledgeBase();
     url.setPath(QStringLiteral("/cgi/knowledgebase/"));
     url.setQuery(query.toString());
-    reload(url);
+    return url;
+}
+
+QUrl HelpWindow::localAddress(const QString &link) const
+{
+    return QUrl::fromLocalFile(
+        m_context.helpPath + QLatin1Char('/') + m_context.lang + QLatin1Char('/') + link);
+}
+
+QVector<QUrl> HelpWindow::addressesOf(const QUrl &target) const
+{
+    return {withAnchorOf(target, onlineAddress(target.path())),
+        withAnchorOf(target, localAddress(fileNameOf(target)))};
 }
 
 void HelpWindow::fallbackOffline()
 {
     m_local_folder = m_context.helpPath + QLatin1Char('/') + m_context.lang;
     m_text_browser->setSearchPaths({m_local_folder});
-    QFile file(m_local_folder + QLatin1Char('/') + m_context.link);
-    // A pipe or a device counts as missing, because it might be endless.
-    if (!isResourceFile(QFileInfo(file), kMaxPageBytes) || !file.open(QIODevice::ReadOnly))
+    const QString link = m_target.isEmpty() ? m_context.link : fileNameOf(m_target);
+    QString html;
+    if (!readLocalPage(m_local_folder + QLatin1Char('/') + link, &html))
         return;
-    QTextStream stream(&file);
-    setUtf8(&stream);
-    // The page that remains if this one is refused keeps its origin and the rights that go with it.
-    const QUrl earlier = m_text_browser->pageUrl();
-    m_text_browser->setPageUrl(QUrl::fromLocalFile(file.fileName()));
-    if (!m_text_browser->showContent(stream.readAll()))
-        m_text_browser->setPageUrl(earlier);
+    m_text_browser->showPage(withAnchorOf(m_target, localAddress(link)), html);
 }

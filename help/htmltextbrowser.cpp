@@ -5,6 +5,7 @@
 #include "core/scaling_p.h"
 #include "help/helplimits_p.h"
 #include "help/imagedownloader_p.h"
+#include "help/localpage_p.h"
 #include "help/pagecss_p.h"
 #include "help/pagedocument_p.h"
 #include "help/picturefolder_p.h"
@@ -26,6 +27,11 @@ constexpr int kLineHeight = 12; // The same; less than that of a line of usual s
 constexpr int kMaxShownAddress = 200; // Letters in a warning.
 constexpr int kPausePerWork = 4;
 constexpr int kStartsPerEvent = 8; // Each creates a thread.
+
+bool isLocal(const QUrl &url)
+{
+    return url.isLocalFile() || url.scheme() == QLatin1String("qrc");
+}
 
 /// Keeps the scroll position of a view while its content changes: the line at its top stays there.
 class ReadingPlace
@@ -66,11 +72,37 @@ HtmlTextBrowser::~HtmlTextBrowser() = default; // The downloaders are children.
 
 void HtmlTextBrowser::setPageUrl(const QUrl &url)
 {
-    const bool isLocal = url.isLocalFile() || url.scheme() == QLatin1String("qrc");
     m_page_url = url;
-    page()->setLocalFilesAllowed(isLocal);
+    page()->setLocalFilesAllowed(isLocal(url));
     // By default the base class searches the disk for relative links and links to files.
-    setOpenLinks(isLocal);
+    setOpenLinks(isLocal(url) && !m_is_navigated);
+}
+
+void HtmlTextBrowser::setNavigated(bool navigated)
+{
+    m_is_navigated = navigated;
+    setPageUrl(m_page_url);
+}
+
+void HtmlTextBrowser::openAnchor(const QString &fragment)
+{
+    Q_EMIT sigPageLeft();
+    m_page_url.setFragment(fragment.isEmpty() ? QString() : fragment);
+    if (fragment.isEmpty())
+        verticalScrollBar()->setValue(0);
+    else
+        scrollToAnchor(fragment);
+    Q_EMIT sigAnchorShown();
+}
+
+bool HtmlTextBrowser::showPage(const QUrl &url, const QString &html)
+{
+    const QUrl earlier = m_page_url;
+    setPageUrl(url);
+    if (showContent(html))
+        return true;
+    setPageUrl(earlier);
+    return false;
 }
 
 void HtmlTextBrowser::setHtmlContent(const QString &html)
@@ -89,6 +121,7 @@ bool HtmlTextBrowser::showContent(const QString &html)
                            << m_page_url.toString();
         return false;
     }
+    Q_EMIT sigPageLeft();
     page()->forgetPictures(safe.pictures);
     m_replaced_source = source();
     const BaseAddress base = isRichText ? findBaseAddress(html) : BaseAddress();
@@ -100,6 +133,9 @@ bool HtmlTextBrowser::showContent(const QString &html)
     // Before the layout has set the size of the view, the base class scrolls so that the first line
     // is cut off.
     verticalScrollBar()->setValue(0);
+    if (m_is_navigated && m_page_url.hasFragment())
+        scrollToAnchor(m_page_url.fragment());
+    Q_EMIT sigPageShown(html);
     return true;
 }
 
@@ -253,14 +289,43 @@ void HtmlTextBrowser::slotOpenLink(const QUrl &link)
         return; // The base class handles the link.
     const QUrl href = hrefOf(link);
     if (href.isRelative() && href.path().isEmpty() && href.hasFragment()) {
-        scrollToAnchor(href.fragment());
+        if (m_is_navigated)
+            openAnchor(href.fragment());
+        else
+            scrollToAnchor(href.fragment());
         return;
     }
-    const QUrl target = m_page_url.resolved(href);
-    if (isWebUrl(target) || target.scheme() == QLatin1String("mailto"))
+    const QUrl target = origin().resolved(href);
+    const bool isFromFile = page()->areLocalFilesAllowed();
+    if (isFromFile && isLocal(target))
+        openLocalPage(target);
+    else if (isFromFile || isWebUrl(target) || target.scheme() == QLatin1String("mailto"))
         QDesktopServices::openUrl(target);
     else
         qCWarning(vemoLog) << "Link is not opened" << target.toString().left(kMaxShownAddress);
+}
+
+/// Follows a link of a page from a file. If there is no such page, the current one remains.
+void HtmlTextBrowser::openLocalPage(const QUrl &url)
+{
+    if (url.matches(origin(), QUrl::RemoveFragment) && url.hasFragment()) {
+        openAnchor(url.fragment());
+        return;
+    }
+    QString html;
+    if (!readLocalPage(
+            url.isLocalFile() ? url.toLocalFile() : QLatin1Char(':') + url.path(), &html)) {
+        qCWarning(vemoLog) << "Page is missing" << url.toString().left(kMaxShownAddress);
+        return;
+    }
+    Q_EMIT sigLinkFollowed();
+    showPage(url, html);
+}
+
+/// The address of the page that is shown, also if the base class has followed a link to it.
+QUrl HtmlTextBrowser::origin() const
+{
+    return source() == m_replaced_source ? m_page_url : source();
 }
 
 /// The href of link as in the page. The base class resolves links against the last file that it has

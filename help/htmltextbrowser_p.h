@@ -37,7 +37,23 @@ public:
     void setPageUrl(const QUrl &url);
     QUrl pageUrl() const { return m_page_url; }
 
+    /// Shows a page from url, and only then sets url as its origin. Returns false as showContent().
+    bool showPage(const QUrl &url, const QString &html);
+
+    /// Sets whether links between local pages are followed by this class instead of its base,
+    /// within the limits of pages, and whether a page is shown from the anchor in its address on.
+    /// Initially false.
+    void setNavigated(bool navigated);
+    /// Scrolls to an anchor of the page, or to its top if fragment is empty.
+    void openAnchor(const QString &fragment);
+
     QVariant loadResource(int type, const QUrl &name) override;
+
+Q_SIGNALS:
+    void sigPageLeft(); ///< before another page, or another anchor, is shown
+    void sigPageShown(const QString &html);
+    void sigAnchorShown();
+    void sigLinkFollowed(); ///< before a page is shown that a link leads to
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -63,6 +79,8 @@ private:
     void makeRoomForOthers(ImageDownloader *silent);
     void release(ImageDownloader *downloader);
     void reloadInPlace();
+    void openLocalPage(const QUrl &url);
+    QUrl origin() const;
     QUrl hrefOf(const QUrl &link) const;
     PageDocument *page() const;
 
@@ -72,6 +90,7 @@ private:
     QSharedPointer<qint64> m_buffered_bytes {new qint64(0)}; // Of all downloads.
 
     QUrl m_page_url;
+    bool m_is_navigated = false;
     QUrl m_replaced_source; // The previous page of the base class, which still stores it.
     int m_page_number = 0;
     QHash<ImageDownloader *, int> m_page_numbers; // Of all existing downloaders.

@@ -102,6 +102,9 @@ QString installedHelp()
     const QString base =
         QString("<base href=\"%1\">").arg(QUrl::fromLocalFile(pictures).toString());
     writeHelp(root + "/fetched.html", htmlOf(kPages[0], base).toUtf8());
+    writeHelp(
+        root + "/enu/schedules.html", "<html><title>Schedules</title><h2>Schedules</h2></html>");
+    writeHelp(root + "/enu/restore.html", "<html><title>Restore</title><h2>Restore</h2></html>");
     return root;
 }
 
@@ -222,6 +225,44 @@ help->setFindEnabled(true);
 help->show();)");
 }
 
+const QVector<ContentsEntry> &contents()
+{
+    static const QVector<ContentsEntry> entries {
+        {"Backup", 0, QUrl()},
+        {"Set up a backup", 1, QUrl(kFile)},
+        {"Schedules", 1, QUrl("schedules.html")},
+        {"Restore", 0, QUrl("restore.html")},
+    };
+    return entries;
+}
+
+void addNavigation(Page &page, const QString &helpPath)
+{
+    const HelpContext context = contextOf(kPages[0], helpPath);
+    page.addSection("Back, forward and contents",
+        "Alt+Left and Alt+Right go back and forward, F9 hides the contents. The host turns them "
+        "on.");
+    auto *button = new VemoButton("Open the help", VemoButton::DEFAULT);
+    QObject::connect(button, &QPushButton::clicked, button, [button, context] {
+        auto *window = new HelpWindow(context, button->window());
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->setHistoryEnabled(true);
+        window->setContents(contents());
+        window->show();
+    });
+    page.addRow({button});
+    page.addRow({picture([] {
+        HelpWindow window(contextOf(kPages[0], installedHelp()), nullptr);
+        window.setHistoryEnabled(true);
+        window.setContents(contents());
+        return pictureOf(window, 0);
+    })});
+    page.addCode(R"(auto *help = new HelpWindow(context, this);
+help->setHistoryEnabled(true);
+help->setContents(entries);
+help->show();)");
+}
+
 } // namespace
 
 void buildHelpPage(Page &page)
@@ -235,4 +276,5 @@ void buildHelpPage(Page &page)
     addLocalHelp(page, helpPath);
     addFetchedPage(page, helpPath);
     addFinding(page, helpPath);
+    addNavigation(page, helpPath);
 }

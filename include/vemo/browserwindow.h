@@ -4,15 +4,38 @@
 #include <vemo/export.h>
 
 #include <QDialog>
+#include <QPointer>
+#include <QString>
 #include <QUrl>
+#include <QVector>
+
+#include <functional>
 
 class FindBar;
 class HtmlTextBrowser;
+class NavigationBar;
 class QAction;
 class QNetworkAccessManager;
 class QNetworkReply;
 class QTextDocument;
 class QTimer;
+
+/// An entry of the table of contents of a help window.
+///
+///     const QVector<ContentsEntry> contents {
+///         {"Backup", 0, QUrl()}, // a heading
+///         {"Set up a backup", 1, QUrl("backup.html")},
+///         {"Schedules", 1, QUrl("backup.html#schedules")},
+///     };
+struct ContentsEntry
+{
+    QString title; ///< Shown as plain text.
+    int level = 0; ///< 0 at the top; at most 9, and one more than that of the entry before it.
+    /// The page and, after "#", the anchor in it. In a HelpWindow a file name as in
+    /// HelpContext::link, otherwise a complete address. Empty for a heading without a page. It must
+    /// come from a source that the host trusts.
+    QUrl target;
+};
 
 /// An application-modal window that fetches a web page and shows it with its pictures.
 ///
@@ -33,8 +56,8 @@ class QTimer;
 ///
 /// Ctrl with the wheel, plus, minus and 0 zooms; F7 shows a text cursor for the arrow keys, which
 /// select with Shift; Escape closes the window. The title is that of the page unless the host sets
-/// one. setFindEnabled(), setPrintingEnabled() and setZoomKept() offer
-/// more.
+/// one. setFindEnabled(), setPrintingEnabled(), setZoomKept(), setHistoryEnabled() and
+/// setContents() offer more.
 ///
 ///     auto *window = new BrowserWindow(this);
 ///     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -79,7 +102,39 @@ public:
     void setPrintingEnabled(bool enabled);
     bool isPrintingEnabled() const; ///< whether Ctrl+P emits printRequested()
 
+    /// Sets whether the user can go back and forward, initially false. A bar above the page has a
+    /// button for each; the platform's keys, such as Alt+Left and Alt+Right, and the buttons of the
+    /// mouse do the same.
+    /// The history begins with the next page that arrives, so call this before the first one does.
+    /// It includes the pages and anchors that links of local pages lead to, keeps the place that
+    /// was read, and shows pages as they were, without fetching them again. It is limited to 50
+    /// pages and 16 million letters.
+    ///
+    /// With a history or contents, only the page that was requested last is shown, and links
+    /// between local pages are followed within the limits of pages. reload() still refers to the
+    /// page that was fetched last. Looks up the section "component.icon_button", the pictures
+    /// "arrow_left" and "arrow_right", and the strings "help_back" and "help_forward".
+    void setHistoryEnabled(bool enabled);
+    bool isHistoryEnabled() const; ///< whether the user can go back and forward
+    bool isBackwardAvailable() const; ///< whether there is an earlier page in the history
+    bool isForwardAvailable() const; ///< whether there is a later page in the history
+
+    /// Shows a table of contents beside the page; none if entries is empty, as initially. A click,
+    /// Return or Enter opens the page of an entry; the entry of the page that is shown is current.
+    /// A button in a bar above the page and F9 hide and show the table. Looks up the sections
+    /// "component.help_contents" and "component.icon_button", the picture "bt_details", and the
+    /// string "help_contents".
+    void setContents(const QVector<ContentsEntry> &entries);
+    QVector<ContentsEntry> contents() const; ///< the table of contents
+
+public Q_SLOTS:
+    void backward(); ///< Shows the previous page of the history; does nothing without one.
+    void forward(); ///< Shows the next page of the history; does nothing without one.
+
 Q_SIGNALS:
+    /// Emitted after a page has been added to the history or shown again by it.
+    void historyChanged();
+
     /// Aborts all running fetches of pages, which then fail. The window emits it after TIMEOUT; a
     /// host may emit it earlier.
     void sigAbortRequest();
@@ -99,6 +154,9 @@ private Q_SLOTS:
 private:
     friend class HelpWindow; // Shows its local page in this window's text browser.
 
+    /// The addresses that the page of an entry may come from, the one to fetch first.
+    using Addresses = std::function<QVector<QUrl>(const QUrl &target)>;
+
     void init();
     void query();
     /// Called whenever a fetch has failed. May delete the window.
@@ -106,6 +164,10 @@ private:
 
     void makeShortcuts();
     void showPage(QNetworkReply *reply);
+    NavigationBar *navigation();
+    void removeUnusedNavigation();
+    void openTarget(const QUrl &target);
+    void dropFetch();
 
     QUrl m_url;
     QNetworkAccessManager *m_network_manager = nullptr;
@@ -115,4 +177,8 @@ private:
     int m_replies_in_hand = 0;
     FindBar *m_find_bar = nullptr; ///< if the user can find a text
     QAction *m_print = nullptr; ///< if the user can print
+    NavigationBar *m_navigation = nullptr; ///< if there is a history or a table of contents
+    QPointer<QNetworkReply> m_awaited; ///< of the page that was requested last
+    Addresses m_addresses;
+    QUrl m_target; ///< of the contents that was requested last
 };

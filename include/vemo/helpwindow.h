@@ -54,6 +54,9 @@ public:
 private:
     void retrieveHelpContent();
     void fallbackOffline() override;
+    QUrl onlineAddress(const QString &link) const;
+    QUrl localAddress(const QString &link) const;
+    QVector<QUrl> addressesOf(const QUrl &target) const;
 
     HelpContext m_context;
     QString m_local_folder;

@@ -266,7 +266,10 @@ QWidget *makeHelp(QWidget *parent)
     context.lang = QStringLiteral("enu");
     context.helpPath = folder.path();
     context.link = QStringLiteral("page.html");
-    return new HelpWindow(context, parent);
+    auto *window = new HelpWindow(context, parent);
+    window->setHistoryEnabled(true);
+    window->setContents({{"Backup", 0, QUrl("page.html")}, {"End", 1, QUrl("page.html#end")}});
+    return window;
 }
 
 QWidget *makeFilter(QWidget *parent)
