@@ -76,7 +76,7 @@ QStringList ownProperties(const QWidget *widget)
     for (int i = 0; i < own->propertyCount(); ++i) {
         const QMetaProperty property = own->property(i);
         const QByteArray owner(property.enclosingMetaObject()->className());
-        if (formWidget(owner) && property.isWritable() && property.isDesignable(widget))
+        if (formWidget(owner) && property.isWritable() && property.isDesignable())
             names << property.name();
     }
     return names;
@@ -269,8 +269,8 @@ void FormFilesTest::hidesWhatAWidgetSetsItself()
     const QMetaObject *meta = widget->metaObject();
     const QMetaProperty hidden = meta->property(meta->indexOfProperty(qPrintable(property)));
     QVERIFY(hidden.isValid());
-    QVERIFY(!hidden.isDesignable(widget.data()));
-    QVERIFY(!hidden.isStored(widget.data()));
+    QVERIFY(!hidden.isDesignable());
+    QVERIFY(!hidden.isStored());
     QVERIFY(!written(widget.data()).contains("\"" + property.toLatin1() + "\""));
 }
 

@@ -228,8 +228,8 @@ void fuzzPaging(const QByteArray &data)
     const qint64 items = takeInt(&rest);
     const qint64 page = takeInt(&rest);
     const auto toInt = [](qint64 value) {
-        return int(qBound<qint64>(
-            std::numeric_limits<int>::min(), value, std::numeric_limits<int>::max()));
+        return int(qBound<qint64>(qint64(std::numeric_limits<int>::min()), value,
+            qint64(std::numeric_limits<int>::max())));
     };
     VemoPagingModel model(int(rows), nullptr);
     model.setItemCount(int(items));

@@ -61,6 +61,6 @@ int main(int argc, char **argv)
             target(bytes);
         }
     }
-    std::printf("%s: %d inputs, %d changed ones\n", argv[1], inputs.size(), executions);
+    std::printf("%s: %d inputs, %d changed ones\n", argv[1], int(inputs.size()), executions);
     return inputs.isEmpty() ? 1 : 0;
 }
