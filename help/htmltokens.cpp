@@ -13,7 +13,8 @@ constexpr int kMaxEntityLength = 9; // Including the semicolon.
 QChar numericEntity(QStringView digits)
 {
     const bool isHex = digits.startsWith(QLatin1Char('x'), Qt::CaseInsensitive);
-    return QChar(digits.mid(isHex ? 1 : 0).toString().toUInt(nullptr, isHex ? 16 : 10));
+    const uint code = digits.mid(isHex ? 1 : 0).toString().toUInt(nullptr, isHex ? 16 : 10);
+    return QChar(ushort(code)); // Characters beyond these 16 bits occur in no name.
 }
 
 /// word in lower case with numeric entities resolved. Named entities are ignored, since none yields
