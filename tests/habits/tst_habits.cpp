@@ -41,6 +41,7 @@
 #include <vemo/VemoProgressSheet>
 #include <vemo/VemoRadioButton>
 #include <vemo/VemoSheet>
+#include <vemo/VemoSideBar>
 #include <vemo/VemoSpinner>
 #include <vemo/VemoSwitch>
 #include <vemo/VemoTableWidget>
@@ -147,6 +148,7 @@ void HabitsTest::addParents()
     HABIT_MADE(MouseReleaseFilter(page));
     HABIT_MADE(VemoButtonPath(page));
     HABIT_MADE(VemoFilterBar(page));
+    HABIT_MADE(VemoSideBar(page));
     HABIT_MADE(VemoPagingModel(50, page));
     HABIT_MADE(VemoPagingBar(page));
     HABIT_MADE(VemoTableWidget(VemoTableColumnsInfo(), page));
@@ -190,6 +192,7 @@ void HabitsTest::addDefaultParents()
     HABIT_HELD(MouseButtonFilter);
     HABIT_HELD(VemoButtonPath);
     HABIT_HELD(VemoFilterBar);
+    HABIT_HELD(VemoSideBar);
     HABIT_HELD(VemoPagingBar);
     HABIT_HELD(VemoTableWidget);
     HABIT_HELD(ResizeSignalTableWidget);

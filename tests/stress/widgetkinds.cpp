@@ -32,6 +32,7 @@
 #include <vemo/vemoprogresssheet.h>
 #include <vemo/vemoradiobutton.h>
 #include <vemo/vemosheet.h>
+#include <vemo/vemosidebar.h>
 #include <vemo/vemospinner.h>
 #include <vemo/vemoswitch.h>
 #include <vemo/vemotableview.h>
@@ -43,6 +44,7 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QProgressDialog>
@@ -281,6 +283,15 @@ QWidget *makeFilter(QWidget *parent)
     return bar;
 }
 
+QWidget *makeSideBar(QWidget *parent)
+{
+    auto *bar = new VemoSideBar(parent);
+    bar->addPage(QStringLiteral("A page"), QStringLiteral("bt_settings"));
+    bar->addGroup(QStringLiteral("A group"));
+    bar->setPageBadge(bar->addPage(QStringLiteral("Another page")), 3);
+    return bar;
+}
+
 QWidget *makeField(QWidget *parent)
 {
     auto *field = new VemoLineEdit(parent);
@@ -367,6 +378,7 @@ std::vector<WidgetKind> composites()
             makeTree<QTreeWidget, QTreeWidgetItem>},
         {"VemoButtonPath", makePath, makeStockTable},
         {"VemoFilterBar", makeFilter, make<QLineEdit>},
+        {"VemoSideBar", makeSideBar, make<QListWidget>},
         {"VemoCalanderView", make<VemoCalanderView>, make<QCalendarWidget>},
         {"VemoDateRangeSelector", make<VemoDateRangeSelector>, makeStockBox},
         {"VemoDateSelector", make<VemoDateSelector>, makeStockBox},

@@ -19,6 +19,7 @@
 #include <vemo/vemomessagebar.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemosidebar.h>
 #include <vemo/vemoswitch.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotimecombobox.h>
@@ -90,6 +91,31 @@ Specimen messageSpecimen()
         }
     };
     return {make, setText};
+}
+
+Specimen pageSpecimen()
+{
+    const auto make = [] {
+        auto *bar = new VemoSideBar;
+        bar->addPage(kTallText);
+        return bar;
+    };
+    return {make, [](QWidget *bar, const QString &text) {
+                static_cast<VemoSideBar *>(bar)->setPageText(0, text);
+            }};
+}
+
+Specimen headingSpecimen()
+{
+    const auto make = [] {
+        auto *bar = new VemoSideBar;
+        bar->addGroup(kTallText);
+        bar->addPage(QString());
+        return bar;
+    };
+    return {make, [](QWidget *bar, const QString &text) {
+                static_cast<VemoSideBar *>(bar)->setGroupText(0, text);
+            }};
 }
 
 Specimen menuSpecimen()
@@ -284,6 +310,8 @@ void FontSizesTest::noLetterIsCut_data()
     add("VemoBadge", textSpecimen<VemoBadge>());
     add("VemoLabel", textSpecimen<VemoLabel>());
     add("VemoMessageBar", messageSpecimen());
+    add("page of a side bar", pageSpecimen());
+    add("heading of a side bar", headingSpecimen());
     add("VemoMenu", menuSpecimen());
     add("cell of a table", cellSpecimen());
     // Deliberate: these have a fixed height.

@@ -6,6 +6,7 @@
 #include <vemo/vemofilterbar.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemopagingmodel.h>
+#include <vemo/vemosidebar.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotreewidget.h>
 
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void editAnItem();
     void showAPath();
     void showAFilterBar();
+    void showASideBar();
 
 private:
     /// Claims all warnings and verifies that they are these texts, each at least once.
@@ -118,6 +120,19 @@ void ViewsWithoutThemeTest::showAFilterBar()
     compareWarnings({missingPicture("bt_search_dropdown"), missingStyle("icon_button"),
         missingStyle("filter_search_button"), missingStyle("lineedit"),
         missingStyle("filter_bar_padding")});
+}
+
+void ViewsWithoutThemeTest::showASideBar()
+{
+    VemoSideBar bar;
+    bar.addPage("Plain");
+    bar.addGroup("Group");
+    bar.addPage("Picture", "bt_settings");
+    bar.setPageBadge(0, 3);
+    QVERIFY(!bar.grab().isNull());
+    compareWarnings({missingStyle("side_bar"), missingStyle("side_bar_heading"),
+        missingStyle("badge_accent"), missingStyle("badge_neutral"), missingStyle("scrollbar"),
+        missingPicture("bt_settings")});
 }
 
 VEMO_TEST_MAIN(ViewsWithoutThemeTest)

@@ -7,7 +7,9 @@
 #include <vemo/vemofootbar.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemopagingmodel.h>
+#include <vemo/vemosidebar.h>
 
+#include <QListView>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -101,6 +103,53 @@ QWidget *newFootbar()
     return bar;
 }
 
+VemoSideBar *newSideBar()
+{
+    auto *bar = new VemoSideBar;
+    bar->addPage("ab", "bt_settings");
+    bar->setPageBadge(bar->addPage("cd", "bt_folder"), 7);
+    bar->addGroup("ef");
+    bar->addPage("g", "bt_search");
+    bar->setPageEnabled(2, false);
+    return bar;
+}
+
+VemoSideBar *newCollapsedSideBar()
+{
+    VemoSideBar *bar = newSideBar();
+    bar->setPageIcon(2, {});
+    bar->setCollapsed(true);
+    return bar;
+}
+
+/// With the pointer on the second page where there is one.
+QImage sideBarPicture(State state, VemoSideBar *bar)
+{
+    Stage stage(bar, {bar->isCollapsed() ? 44 : 120, 136});
+    auto *list = bar->findChild<QListView *>();
+    const QPoint second = list->visualRect(list->model()->index(1, 0)).center();
+    if (state == State::Hover)
+        stage.hover(list->viewport(), second);
+    else if (state == State::Pressed)
+        stage.press(list->viewport(), second);
+    else
+        stage.put(state, bar);
+    return stage.picture();
+}
+
+void addSideBars(Looks &looks)
+{
+    const auto add = [&looks](const char *name, State state, VemoSideBar *(*make)()) {
+        looks.append({name, [=] { return sideBarPicture(state, make()); }});
+    };
+    add("side-rest", State::Rest, newSideBar);
+    add("side-hover", State::Hover, newSideBar);
+    add("side-pressed", State::Pressed, newSideBar);
+    add("side-focus", State::Focus, newSideBar);
+    add("side-disabled", State::Disabled, newSideBar);
+    add("side-collapsed", State::Rest, newCollapsedSideBar);
+}
+
 } // namespace
 
 class BarPictures : public BaselineTest
@@ -119,6 +168,7 @@ Looks BarPictures::looks() const
     Looks looks;
     addPagingBars(looks);
     addPaths(looks);
+    addSideBars(looks);
     addStates(looks, "foot", newFootbar, {State::Rest}, {256, 0});
     return looks;
 }
