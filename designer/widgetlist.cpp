@@ -18,6 +18,7 @@
 #include <vemo/vemolineedit.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemosidebar.h>
 #include <vemo/vemospinner.h>
 #include <vemo/vemoswitch.h>
 #include <vemo/vemotableview.h>
@@ -184,6 +185,9 @@ const FormWidgetInfo kViews[] = {
         R"(<property name="path"><string notr="true">Folder/Subfolder</string></property>)",
         "path:singleline:notr",
         make<VemoButtonPath>},
+    {"VemoSideBar", "QWidget", "List of pages at the side of a window",
+        "The pages of a settings window, which the program adds and binds to a stack of widgets.",
+        {160, 240}, "", "", make<VemoSideBar>},
     {"VemoFootbar", "QWidget", "Bar at the foot of a window",
         "Room for a group of widgets at its left and one at its right, which the host pushes "
         "before it calls init().",

@@ -52,7 +52,8 @@ const std::vector<PageEntry> &pages()
             "VemoTreeWidget FileSystemTreeWidgetItem ItemDelegate folder rename removed "
             "read-only",
             buildTreePage},
-        {"Path and filter", "VemoButtonPath VemoFilterBar breadcrumb folder search menu",
+        {"Path and filter",
+            "VemoButtonPath VemoFilterBar VemoSideBar breadcrumb folder search menu settings pages",
             buildBarsPage},
         {"Date and time",
             "VemoDateSelector VemoDateRangeSelector VemoCalanderView VemoTimeComboBox calendar "

@@ -2,6 +2,7 @@
 #include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pages/pages.h"
+#include "gallery/specimens.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
@@ -9,9 +10,12 @@
 #include <vemo/vemofilterbar.h>
 #include <vemo/vemoiconbutton.h>
 #include <vemo/vemomenu.h>
+#include <vemo/vemosidebar.h>
+#include <vemo/vemoswitch.h>
 
 #include <QLabel>
 #include <QSlider>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace {
@@ -20,6 +24,8 @@ namespace {
 constexpr int kMinWidth = 120;
 constexpr int kMaxWidth = 640;
 constexpr int kFilterWidth = 320;
+constexpr int kSideBarHeight = 192;
+constexpr int kPageGap = 12; // between a side bar and its pages
 constexpr int kNoteGap = 4; // as below every specimen
 
 const char *const kDeepPath = "home/Projects/2026/R&D/Prototypes/Paging bar/Drawings";
@@ -153,12 +159,84 @@ filter->setMenu(kindsMenu); // which stays yours
 connect(filter, &VemoFilterBar::sigKeywordChanged, this, &MainWindow::filterList);)");
 }
 
+VemoSideBar *sideBar(const QStringList &texts, const QString &heading)
+{
+    const char *const icons[] = {"bt_settings", "bt_folder", "bt_details", "bt_search", "bt_help"};
+    auto *bar = named(new VemoSideBar, "Pages");
+    for (int i = 0; i < texts.size(); ++i) {
+        if (i == 3)
+            bar->addGroup(heading);
+        bar->addPage(texts.at(i), icons[i]);
+    }
+    bar->setPageBadge(2, 12);
+    bar->setPageEnabled(3, false);
+    bar->setFixedHeight(DPIinfo::scaled(kSideBarHeight));
+    return bar;
+}
+
+VemoSideBar *englishSideBar()
+{
+    return sideBar({"General", "Folders", "Messages", "Network", "About"}, "Advanced");
+}
+
+VemoSideBar *collapsedSideBar()
+{
+    VemoSideBar *bar = englishSideBar();
+    bar->setCollapsed(true);
+    return bar;
+}
+
+/// A side bar, its pages and a switch that collapses it.
+QWidget *livingSideBar()
+{
+    VemoSideBar *bar = englishSideBar();
+    auto *stack = new QStackedWidget;
+    for (int i = 0; i < bar->count(); ++i)
+        stack->addWidget(text("Page \"" + bar->pageText(i) + "\""));
+    bar->setStack(stack);
+    auto *collapsed = new VemoSwitch("Pictures only");
+    QObject::connect(collapsed, &VemoSwitch::toggled, bar, &VemoSideBar::setCollapsed);
+
+    auto *specimen = new QWidget;
+    auto *row = new QHBoxLayout(specimen);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(DPIinfo::scaled(kPageGap));
+    row->addWidget(bar);
+    auto *page = new QVBoxLayout;
+    page->addWidget(stack);
+    page->addWidget(collapsed);
+    row->addLayout(page);
+    return specimen;
+}
+
+void addSideBars(Page &page)
+{
+    page.addSection("The pages of a settings window",
+        "The arrow keys, Home, End or the first letters of a text choose a page. A disabled page "
+        "is skipped.");
+    page.addRow(
+        {captioned(livingSideBar(), "With its pages"), captioned(collapsedSideBar(), "Collapsed"),
+            captioned(disabled(englishSideBar()), "Disabled")});
+    page.addRow({captioned(sideBar({"Allgemeine Einstellungen des Programms", "Ordner",
+                                       "Benachrichtigungen und Warnungen", "Netzwerk", "Info"},
+                               "Erweiterte Einstellungen"),
+                     "German"),
+        captioned(sideBar({"常规", "文件夹", "消息", "网络", "关于"}, "高级"), "Chinese")});
+    page.addCode(R"(auto *bar = new VemoSideBar(this);
+bar->addPage(tr("General"), "bt_settings");
+bar->addGroup(tr("Advanced"));
+bar->addPage(tr("Network"), "bt_search");
+bar->setStack(pages); // a QStackedWidget)");
+}
+
 } // namespace
 
 void buildBarsPage(Page &page)
 {
-    page.addSummary("VemoButtonPath shows where the user is, VemoFilterBar what is looked for.");
+    page.addSummary("VemoButtonPath shows where the user is, VemoFilterBar what is looked for and "
+                    "VemoSideBar which pages there are.");
     addPaths(page);
     addPathOptions(page);
     addFilters(page);
+    addSideBars(page);
 }

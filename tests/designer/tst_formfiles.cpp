@@ -168,6 +168,7 @@ void FormFilesTest::propertySurvivesWritingAndReading_data()
     row("VemoLineEdit.clearButtonEnabled", true);
     row("VemoLineEdit.passwordButtonEnabled", true);
     row("VemoLineEdit.captionsVisible", false);
+    row("VemoSideBar.collapsed", true);
     row("VemoFilterBar.placeholderText", "Search files");
     row("VemoFilterBar.searchDelay", 300);
     row("VemoFilterBar.clearedByEscape", true);
@@ -251,7 +252,7 @@ void FormFilesTest::everyPropertyOfOurOwnHasARowAbove()
             ++count;
         }
     }
-    QCOMPARE(count, 68);
+    QCOMPARE(count, 69);
 }
 
 void FormFilesTest::hidesWhatAWidgetSetsItself_data()

@@ -25,7 +25,7 @@ private Q_SLOTS:
     void rowsGrowWithTheFont();
     void widthFollowsTheTexts();
     void scrollsToTheCurrentPage();
-    void tellsCutTexts();
+    void showsCutTextsInToolTips();
     void collapsesToPictures();
     void badgeIsDrawnAtTheEndOfItsRow_data();
     void badgeIsDrawnAtTheEndOfItsRow();
@@ -172,7 +172,7 @@ void SideBarLookTest::scrollsToTheCurrentPage()
     QTRY_VERIFY(side.list->viewport()->rect().contains(side.row(0)));
 }
 
-void SideBarLookTest::tellsCutTexts()
+void SideBarLookTest::showsCutTextsInToolTips()
 {
     const SideBarWindow side;
     side.bar->setPageText(0, QString("<b>") + kLongText);
