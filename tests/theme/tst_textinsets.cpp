@@ -11,6 +11,7 @@
 #include <vemo/vemotablewidget.h>
 
 #include <QAbstractItemView>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -82,9 +83,12 @@ class TextInsetsTest : public VemoTest
 
 private Q_SLOTS:
     void initTestCase();
+    void cleanup();
     void textsBeginBelowEachOther_data();
     void textsBeginBelowEachOther();
     void theFocusLeavesTheTextOfACellInItsPlace();
+    void aCaptionBeginsAboveTheTextsOfItsColumn_data();
+    void aCaptionBeginsAboveTheTextsOfItsColumn();
     void anEditableBoxShowsItsWidestTextWhole();
     void aListMarksItsRowsAsAMenuDoes_data();
     void aListMarksItsRowsAsAMenuDoes();
@@ -94,6 +98,12 @@ void TextInsetsTest::initTestCase()
 {
     startDefaultTheme();
     applyDefaultThemeStyle(*qApp);
+}
+
+void TextInsetsTest::cleanup()
+{
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    VemoTest::cleanup();
 }
 
 void TextInsetsTest::textsBeginBelowEachOther_data()
@@ -152,6 +162,43 @@ void TextInsetsTest::theFocusLeavesTheTextOfACellInItsPlace()
     QCOMPARE(begin(), rest);
     table->setCurrentCell(0, 0, QItemSelectionModel::Select);
     QCOMPARE(begin(), rest);
+}
+
+void TextInsetsTest::aCaptionBeginsAboveTheTextsOfItsColumn_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<QString>("text");
+    addRow("from left to right", Qt::LeftToRight, kText);
+    addRow("from right to left", Qt::RightToLeft, QString(4, QChar(0x5d7)));
+}
+
+void TextInsetsTest::aCaptionBeginsAboveTheTextsOfItsColumn()
+{
+    QFETCH(const Qt::LayoutDirection, direction);
+    QFETCH(const QString, text);
+    QGuiApplication::setLayoutDirection(direction);
+    VemoTableColumnsInfo columns;
+    columns.addColumn(text, 100, false, 0);
+    columns.addColumn(text, 100, false, 0);
+    VemoTableWidget widget(columns);
+    QHeaderView *header = widget.getHeader();
+    const QString ink = withDefaultThemeColors("QHeaderView::section { color: @ink@; }");
+    header->setStyleSheet(header->styleSheet() + ink); // that of the cells
+    QTableWidget *table = widget.getTable();
+    table->setRowCount(1);
+    widget.resize(scaled(240), scaled(120));
+    widget.show();
+    for (const int column : {0, 1}) {
+        table->setItem(0, column, new QTableWidgetItem(text));
+        const QRect cell = table->visualItemRect(table->item(0, column));
+        const QRect row(table->viewport()->mapTo(&widget, cell.topLeft()), cell.size());
+        const QRect below = inkOf(widget.grab(row).toImage());
+        const QRect caption(row.x(), 0, row.width(), header->height());
+        const QRect heading = inkOf(widget.grab(caption).toImage());
+        // Frames and paddings are rounded one by one.
+        QVERIFY(qAbs(heading.left() - below.left()) <= 1);
+        QVERIFY(qAbs(heading.right() - below.right()) <= 1);
+    }
 }
 
 void TextInsetsTest::anEditableBoxShowsItsWidestTextWhole()
