@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "datetime/datetyping_p.h"
 
+#include "datetime/leadingtext_p.h"
+
 #include <vemo/vemocalanderview.h>
 #include <vemo/vemodateselector.h>
 
@@ -25,6 +27,7 @@ DateTyping::DateTyping(VemoDateSelector *field) : QObject(field), m_field(field)
     field->setEditable(true);
     field->setInsertPolicy(QComboBox::NoInsert);
     field->setCompleter(nullptr);
+    new LeadingText(field->lineEdit());
     connect(field->lineEdit(), &QLineEdit::editingFinished, this, [this] { take(); });
     connect(field, qOverload<int>(&QComboBox::currentIndexChanged), this, [this] { showDate(); });
     showDate();

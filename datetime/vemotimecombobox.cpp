@@ -2,6 +2,7 @@
 #include <vemo/vemotimecombobox.h>
 
 #include "datetime/enterkey_p.h"
+#include "datetime/leadingtext_p.h"
 
 #include <QLineEdit>
 #include <QListView>
@@ -292,6 +293,7 @@ void VemoTimeComboBox::setUpEditing()
         m_validator = new QRegularExpressionValidator(time, this);
     }
     lineEdit()->setValidator(m_validator);
+    new LeadingText(lineEdit());
     lineEdit()->setFocusPolicy(Qt::StrongFocus);
     // A completer would turn 14:3 into 14:30, and Return would insert the typed text as an item.
     setCompleter(nullptr);

@@ -7,6 +7,7 @@
 #include "support/vemotest.h"
 
 #include <vemo/vemocalanderview.h>
+#include <vemo/vemotimecombobox.h>
 
 #include <QCalendarWidget>
 #include <QLineEdit>
@@ -66,6 +67,7 @@ private Q_SLOTS:
     void keysDeleteCharacters();
     void followsTheProgram();
     void picksInTheCalendar();
+    void beginsWhereItsLanguageDoes();
     void losesItsEditAgain();
     void weekBeginsWithAnyDay_data();
     void weekBeginsWithAnyDay();
@@ -225,6 +227,23 @@ void DateTypingTest::picksInTheCalendar()
     Q_EMIT calendar->clicked(kDate);
     QCOMPARE(fields.field.date(), kDate);
     QCOMPARE(fields.field.lineEdit()->text(), QString("2024-03-07"));
+}
+
+void DateTypingTest::beginsWhereItsLanguageDoes()
+{
+    Fields fields;
+    VemoTimeComboBox times(&fields.window);
+    times.setEditable(true);
+    for (QLineEdit *field : {fields.field.lineEdit(), times.lineEdit()}) {
+        field->setFixedWidth(150);
+        field->setText("1");
+        for (const auto direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+            fields.window.setLayoutDirection(direction);
+            field->grab(); // places the text
+            const int caret = field->inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+            QCOMPARE(caret > 75, direction == Qt::RightToLeft);
+        }
+    }
 }
 
 void DateTypingTest::losesItsEditAgain()
