@@ -277,9 +277,10 @@ void VemoBadge::place()
     const QRect box = m_target == parentWidget() ? m_target->rect() : m_target->geometry();
     const QSize room = parentWidget()->size() - size();
     const int inset = scaled(kInset);
-    const int half = width() / 2;
-    const int x = m_target->isRightToLeft() ? box.left() + inset + half - width()
-                                            : box.right() + 1 - inset - half;
+    // A longer text grows outwards, because it would cover a small target.
+    const int inside = inset + qMin(width(), height()) / 2;
+    const int x =
+        m_target->isRightToLeft() ? box.left() + inside - width() : box.right() + 1 - inside;
     const int y = box.top() + inset - height() / 2;
     move(qBound(0, x, qMax(0, room.width())), qBound(0, y, qMax(0, room.height())));
 }

@@ -10,11 +10,12 @@
 /// widget.
 ///
 /// On its own it is placed by a layout like any label. Attached, its centre is 4 design pixels
-/// inside the upper right corner of its target, or the upper left one from right to left, but it
-/// never leaves the target's parent. It then belongs to the parent of the target, or to the
-/// target itself if that is a window or a pane of a splitter. It moves with the target, is hidden,
-/// shown and disabled with it, and is deleted with it. It lets mouse events through, and its text
-/// is appended to the accessible description of the target, unless the host has set one.
+/// inside the upper right corner of its target, or the upper left one from right to left; a badge
+/// wider than high grows outwards from there. It never leaves the target's parent. It then belongs
+/// to the parent of the target, or to the target itself if that is a window or a pane of a
+/// splitter. It moves with the target, is hidden, shown and disabled with it, and is deleted with
+/// it. It lets mouse events through, and its text is appended to the accessible description of the
+/// target, unless the host has set one.
 ///
 /// A badge that has nothing to show hides. Its size is in screen pixels and follows the font: a
 /// style section sets the minimum. Requires: style files; without the section of its kind it is a

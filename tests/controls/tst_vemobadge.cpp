@@ -38,6 +38,8 @@ private Q_SLOTS:
     void staysHiddenIfTheHostHidIt();
     void isAtTheCornerOfItsTarget_data();
     void isAtTheCornerOfItsTarget();
+    void growsOutwards_data() { isAtTheCornerOfItsTarget_data(); }
+    void growsOutwards();
     void staysInsideTheParent();
     void followsItsTarget_data();
     void followsItsTarget();
@@ -100,7 +102,7 @@ QRect VemoBadgeTest::corner() const
     const QSize size = m_badge->sizeHint();
     const QRect target = m_target->geometry();
     const int inset = DPIinfo::scaled(4);
-    return {QPoint(target.x() + target.width() - inset - size.width() / 2,
+    return {QPoint(target.x() + target.width() - inset - qMin(size.width(), size.height()) / 2,
                 target.y() + inset - size.height() / 2),
         size};
 }
@@ -273,6 +275,21 @@ void VemoBadgeTest::isAtTheCornerOfItsTarget()
         expected.moveRight(m_target->x() + DPIinfo::scaled(4) + expected.width() / 2 - 1);
     QCOMPARE(m_badge->geometry(), expected);
     QCOMPARE(m_badge->parentWidget(), m_window.data());
+}
+
+void VemoBadgeTest::growsOutwards()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    m_window->setLayoutDirection(direction);
+    m_target->move(150, 100);
+    const QRect one = m_badge->geometry();
+    m_badge->setCount(100);
+    const QRect wide = m_badge->geometry();
+    QVERIFY(wide.width() > one.width());
+    if (direction == Qt::RightToLeft)
+        QCOMPARE(wide.right(), one.right());
+    else
+        QCOMPARE(wide.left(), one.left());
 }
 
 void VemoBadgeTest::staysInsideTheParent()
