@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemoinputsheet.h>
 
+#include "controls/fittingfont_p.h"
 #include "core/scaling_p.h"
 #include "core/stringof_p.h"
 #include "sheets/buttonboxstyle_p.h"
@@ -25,6 +26,8 @@ namespace {
 constexpr double kMargin = 10;
 constexpr double kPromptGap = 8;
 constexpr double kFieldHeight = 28;
+constexpr int kBorder = 1;
+constexpr int kPadding = 2;
 constexpr double kButtonGap = 24;
 constexpr double kWidest = 480;
 constexpr double kParentMargin = 40;
@@ -109,6 +112,7 @@ void VemoInputSheetPrivate::layOut()
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(0);
     lineEdit->setFixedHeight(scaled(kFieldHeight));
+    FittingFont::keep(lineEdit, scaled(kFieldHeight) - 2 * (scaled(kBorder) + scaled(kPadding)));
     lineEdit->setStyleSheet(getStyleSheet("component.lineedit"));
     column->addWidget(label);
     column->addSpacing(scaled(kPromptGap));

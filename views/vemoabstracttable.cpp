@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemoabstracttable.h>
 
+#include "controls/fittingfont_p.h"
 #include "core/scaling_p.h"
 #include "views/headeraccess_p.h"
 #include "views/tablenotice_p.h"
@@ -170,6 +171,7 @@ void VemoAbstractTable::makeHeader()
     m_header->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_header->setStyleSheet(getStyleSheet("component.table_header"));
     m_header->setFixedSize(scaled(kHeaderWidth), scaled(kHeaderHeight));
+    FittingFont::keep(m_header, scaled(kHeaderHeight) - scaled(1)); // above its line
 }
 
 void VemoAbstractTable::setLabels()

@@ -2,6 +2,7 @@
 #include <vemo/vemofilterbar.h>
 
 #include "controls/fieldbuttons_p.h"
+#include "controls/fittingfont_p.h"
 #include "controls/placeholderink_p.h"
 #include "core/scaling_p.h"
 
@@ -18,6 +19,7 @@ namespace {
 
 // In design pixels.
 constexpr int kHeight = 28;
+constexpr int kFrame = 2; // that of the focus
 constexpr int kButtonLeft = 4;
 constexpr int kButtonTop = 2;
 constexpr int kButtonWidth = 34;
@@ -43,6 +45,7 @@ VemoFilterBar::VemoFilterBar(QWidget *parent)
         getStyleSheet("component.lineedit") + getStyleSheet("component.filter_bar_padding"));
     palePlaceholder(this);
     setFixedHeight(scaled(kHeight));
+    FittingFont::keep(this, scaled(kHeight) - 2 * scaled(kFrame));
     addButtonLayout();
     m_search_timer->setSingleShot(true);
     connect(this, SIGNAL(returnPressed()), this, SLOT(slotKeywordChange()));

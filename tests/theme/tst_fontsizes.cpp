@@ -13,10 +13,12 @@
 #include <vemo/vemocombobox.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemofilterbar.h>
+#include <vemo/vemoinputsheet.h>
 #include <vemo/vemolabel.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemomenu.h>
 #include <vemo/vemomessagebar.h>
+#include <vemo/vemomessagesheet.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemoradiobutton.h>
 #include <vemo/vemosidebar.h>
@@ -187,6 +189,26 @@ Specimen pathSpecimen()
             }};
 }
 
+Specimen sheetButtonSpecimen()
+{
+    const auto make = [] {
+        auto *sheet = new VemoMessageSheet(VemoMessageSheet::Warning, nullptr);
+        sheet->findChild<QPushButton *>()->setFixedWidth(400);
+        return sheet;
+    };
+    return {make, [](QWidget *sheet, const QString &text) {
+                sheet->findChild<QPushButton *>()->setText(text);
+            }};
+}
+
+Specimen sheetFieldSpecimen()
+{
+    return {[] { return new VemoInputSheet(nullptr); },
+        [](QWidget *sheet, const QString &text) {
+            static_cast<VemoInputSheet *>(sheet)->getLineEdit()->setText(text);
+        }};
+}
+
 QFont fontOf(int points)
 {
     QFont font = QApplication::font();
@@ -283,6 +305,7 @@ private Q_SLOTS:
     void aControlWithoutAStyleKeepsQtsHeight();
     void aTextInARowOfFixedHeightIsNotCut_data();
     void aTextInARowOfFixedHeightIsNotCut();
+    void aFontOfTheHostStays();
     void aPageNumberIsNotCut_data() { addFontSizes(); }
     void aPageNumberIsNotCut();
 };
@@ -392,6 +415,10 @@ void FontSizesTest::aTextInARowOfFixedHeightIsNotCut_data()
     QTest::addColumn<Specimen>("specimen");
     QTest::addColumn<int>("height"); // of the row without frame and padding
     addRow("VemoDateSelector", dateSpecimen(), 26);
+    addRow("VemoFilterBar", textSpecimen<VemoFilterBar>(), 26);
+    addRow("header of a table", headerSpecimen(), 29);
+    addRow("button of a sheet", sheetButtonSpecimen(), 26);
+    addRow("field of an input sheet", sheetFieldSpecimen(), 22);
     addRow("row of a tree", rowSpecimen(), 28);
     addRow("name in a path", pathSpecimen(), 24);
 }
@@ -411,9 +438,20 @@ void FontSizesTest::aTextInARowOfFixedHeightIsNotCut()
     const qreal ratio = control->devicePixelRatioF();
     QVERIFY(letters.height() <= scaled(height) * ratio);
     // Smaller as a whole.
-    const QSize whole = inkOf(control->font(), ratio);
+    const QSize whole = inkOf(QApplication::font(), ratio);
     QVERIFY(letters.width() < 1.1 * whole.width() * scaled(height) * ratio / whole.height());
     QVERIFY(letters.width() > 0.8 * whole.width() * scaled(height) * ratio / whole.height());
+}
+
+void FontSizesTest::aFontOfTheHostStays()
+{
+    const ApplicationFont font(28);
+    VemoFilterBar bar;
+    QVERIFY(bar.fontMetrics().height() <= scaled(28));
+    bar.setFont(fontOf(24));
+    QCOMPARE(bar.font().pointSize(), 24);
+    bar.setFont({});
+    QVERIFY(bar.fontMetrics().height() <= scaled(28));
 }
 
 void FontSizesTest::aPageNumberIsNotCut()
