@@ -188,6 +188,10 @@ void TextInsetsTest::aCaptionBeginsAboveTheTextsOfItsColumn()
     table->setRowCount(1);
     widget.resize(scaled(240), scaled(120));
     widget.show();
+    // Qt 6 keeps room for the arrow of a sorted column from right to left, even if none is sorted.
+    const bool hasRoomForArrow =
+        direction == Qt::RightToLeft && QT_VERSION >= QT_VERSION_CHECK(6, 0, 0);
+    const int room = hasRoomForArrow ? scaled(16) : 0;
     for (const int column : {0, 1}) {
         table->setItem(0, column, new QTableWidgetItem(text));
         const QRect cell = table->visualItemRect(table->item(0, column));
@@ -196,8 +200,8 @@ void TextInsetsTest::aCaptionBeginsAboveTheTextsOfItsColumn()
         const QRect caption(row.x(), 0, row.width(), header->height());
         const QRect heading = inkOf(widget.grab(caption).toImage());
         // Frames and paddings are rounded one by one.
-        QVERIFY(qAbs(heading.left() - below.left()) <= 1);
-        QVERIFY(qAbs(heading.right() - below.right()) <= 1);
+        QVERIFY(qAbs(heading.left() + room - below.left()) <= 1);
+        QVERIFY(qAbs(heading.right() + room - below.right()) <= 1);
     }
 }
 
