@@ -74,3 +74,9 @@ void NavigationTest::showWindow()
     m_window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
 }
+
+void NavigationTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTRY_VERIFY(m_window->isActiveWindow());
+    QTest::keyClick(m_window->windowHandle(), key, modifiers);
+}

@@ -35,10 +35,8 @@ protected:
     void fetch(const QByteArray &word);
     void showWindow();
     void follow(const QString &href) { Q_EMIT view()->anchorClicked(QUrl(href)); }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(m_window->windowHandle(), key, modifiers);
-    }
+    /// Presses a key once the window is active, which shortcuts depend on.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void back() { press(Qt::Key_Left, Qt::AltModifier); }
     void forward() { press(Qt::Key_Right, Qt::AltModifier); }
 
