@@ -5,7 +5,6 @@
 #include <QStringList>
 #include <QVector>
 
-#include <dirent.h>
 #include <memory>
 
 /// A file, link or folder to copy.
@@ -18,6 +17,20 @@ struct CopyItem
     Kind kind = Other;
     qint64 size = 0; ///< In bytes; 0 unless it is a file.
 };
+
+/// The names in a folder, in the order of the file system.
+struct NameStream;
+struct CloseNames
+{
+    void operator()(NameStream *names) const;
+};
+using FolderNames = std::unique_ptr<NameStream, CloseNames>;
+
+/// Opens a folder, not one that path links to. Returns 0 or an error number.
+int openNames(const QByteArray &folder, FolderNames *names);
+
+/// An empty name at the end. Returns 0 or an error number.
+int nextName(NameStream *names, QByteArray *name);
 
 /// Lists the entries of a source one by one, folders before their contents.
 class CopyPlan
@@ -37,11 +50,6 @@ public:
     qint64 total() const { return m_total; }
 
 private:
-    struct CloseFolder
-    {
-        void operator()(DIR *stream) const { closedir(stream); }
-    };
-
     void add(const QByteArray &path);
     bool openNextFolder();
 
@@ -51,7 +59,7 @@ private:
     qint64 m_total = 0;
     int m_next = 0; ///< All folders before this item have been listed.
     QByteArray m_folder; ///< The folder that is being listed.
-    std::unique_ptr<DIR, CloseFolder> m_stream;
+    FolderNames m_names;
 };
 
 /// The line for a problem: the name of the entry and the system's error message.

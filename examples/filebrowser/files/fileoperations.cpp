@@ -1,32 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "fileoperations.h"
 
+#include "nativefiles.h"
 #include "nativename.h"
+#include "paths.h"
 #include "safemove.h"
 #include "trash.h"
 
 #include <cerrno>
-#include <climits>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
-bool exists(const QByteArray &path)
-{
-    struct stat status = {};
-    return lstat(path.constData(), &status) == 0;
-}
-
 QByteArray pathIn(const QString &folder, const QString &name)
 {
-    return toNativeName(folder) + '/' + toNativeName(name);
-}
-
-long longestNameIn(const QString &folder)
-{
-    const long limit = pathconf(toNativeName(folder).constData(), _PC_NAME_MAX);
-    return limit > 0 ? limit : NAME_MAX;
+    return toNativeName(childPath(folder, name));
 }
 
 int errorOf(NameProblem problem)
@@ -55,7 +42,9 @@ NameProblem checkLetters(const QString &folder, const QString &name)
         return NameProblem::Reserved;
     if (name.contains(QLatin1Char('/')) || name.contains(QChar(0)))
         return NameProblem::Slash;
-    if (toNativeName(name).size() > longestNameIn(folder))
+    if (isNameReserved(name))
+        return NameProblem::Reserved;
+    if (isNameTooLong(folder, name))
         return NameProblem::TooLong;
     return NameProblem::None;
 }
@@ -72,7 +61,7 @@ FileResult resultOf(int error, const QByteArray &path)
 NameProblem checkName(const QString &folder, const QString &name)
 {
     const NameProblem problem = checkLetters(folder, name);
-    if (problem == NameProblem::None && exists(pathIn(folder, name)))
+    if (problem == NameProblem::None && pathExists(childPath(folder, name)))
         return NameProblem::Exists;
     return problem;
 }
@@ -85,7 +74,7 @@ FileResult renameEntry(const QString &folder, const QString &from, const QString
     }
     const QByteArray path = pathIn(folder, to);
     if (from == to)
-        return resultOf(exists(path) ? 0 : ENOENT, path);
+        return resultOf(pathExists(childPath(folder, to)) ? 0 : ENOENT, path);
     return resultOf(moveWithoutReplacing(pathIn(folder, from), path), path);
 }
 
@@ -94,7 +83,7 @@ FileResult createFolder(const QString &folder, const QString &name)
     if (const int error = errorOf(checkLetters(folder, name)))
         return resultOf(error, {});
     const QByteArray path = pathIn(folder, name);
-    return resultOf(mkdir(path.constData(), S_IRWXU | S_IRWXG | S_IRWXO) == 0 ? 0 : errno, path);
+    return resultOf(makeFolder(path), path);
 }
 
 FileResult moveToTrash(const QString &path)

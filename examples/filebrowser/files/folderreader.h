@@ -7,7 +7,9 @@
 #include <QTimer>
 #include <QVector>
 
-struct OpenFolder;
+#include <memory>
+
+class OpenFolder;
 
 /// Reads a folder from the event loop, a few milliseconds at a time, so that the window remains
 /// responsive. If the folder is missing or cannot be read, emits failed().
@@ -42,6 +44,6 @@ private:
 
     QString m_path;
     QTimer m_slice;
-    OpenFolder *m_folder = nullptr;
+    std::unique_ptr<OpenFolder> m_folder;
     quint64 m_reading = 0; ///< Counts calls of read(), so that a slice detects a new one.
 };

@@ -3,9 +3,6 @@
 
 #include "nativename.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 QString childPath(const QString &folder, const QString &name)
 {
     return folder.endsWith('/') ? folder + name : folder + '/' + name;
@@ -23,23 +20,6 @@ QString nameOf(const QString &path)
 {
     const QString name = path.mid(path.lastIndexOf('/') + 1);
     return name.isEmpty() ? path : name;
-}
-
-bool pathExists(const QString &path)
-{
-    struct stat status = {};
-    return lstat(toNativeName(path).constData(), &status) == 0;
-}
-
-bool isFolderAt(const QString &path)
-{
-    struct stat status = {};
-    return stat(toNativeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-bool isWritableFolder(const QString &path)
-{
-    return access(toNativeName(path).constData(), W_OK) == 0;
 }
 
 QString nearestFolder(const QString &path)

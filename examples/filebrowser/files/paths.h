@@ -7,6 +7,10 @@
 /// Functions for paths with names as in FileEntry: Qt's own functions would lose bytes of names
 /// that are not valid UTF-8.
 
+/// The path of the tree whose root is "/": on Windows, "/C:/Users" for "C:/Users", so that the root
+/// contains the drives. On other systems the path itself.
+QString pathFromQt(const QString &path);
+
 QString childPath(const QString &folder, const QString &name);
 /// Empty for the root.
 QString parentPath(const QString &path);

@@ -7,6 +7,7 @@
 /// folder, or one at the top of the entry's file system. Returns 0 and sets trashed to the new
 /// path, or returns an error number without moving the entry.
 ///
-/// Implemented here because QFile::moveToTrash() never returns for names with more than 245 bytes
-/// and does not accept links that are broken or lead to another file system.
+/// On Windows it is the recycle bin, and trashed is cleared, because the name in there is not
+/// known. Elsewhere implemented here because QFile::moveToTrash() never returns for names with more
+/// than 245 bytes and does not accept links that are broken or lead to another file system.
 int moveToSharedTrash(const QByteArray &path, QByteArray *trashed);

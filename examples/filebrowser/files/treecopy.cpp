@@ -2,41 +2,19 @@
 #include "treecopy.h"
 
 #include "copyleftovers.h"
+#include "nativefiles.h"
 #include "nativename.h"
 #include "safemove.h"
 
 #include <cerrno>
 #include <climits>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 
 namespace {
 
-constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
-
 QByteArray lastName(const QByteArray &path)
 {
     return path.mid(path.lastIndexOf('/') + 1);
-}
-
-QByteArray targetOfLink(const QByteArray &path)
-{
-    QByteArray target(PATH_MAX, Qt::Uninitialized);
-    const ssize_t size = readlink(path.constData(), target.data(), size_t(target.size()));
-    return size < 0 ? QByteArray() : target.left(int(size));
-}
-
-void keepTimes(const QByteArray &path, const struct stat &status)
-{
-    const timespec times[] = {status.st_atim, status.st_mtim};
-    utimensat(AT_FDCWD, path.constData(), times, AT_SYMLINK_NOFOLLOW);
-}
-
-bool removeCreated(const QByteArray &path, bool isFolder)
-{
-    return (isFolder ? rmdir(path.constData()) : unlink(path.constData())) == 0;
 }
 
 } // namespace
@@ -49,9 +27,9 @@ QByteArray nameOfCopy(const QByteArray &name, int n, bool isFolder)
     const int dot = isFolder ? -1 : name.lastIndexOf('.');
     // The leading dot of a hidden file does not start an extension, nor does one followed by a long
     // text.
-    const bool hasEnding = dot > 0 && name.size() - dot < NAME_MAX / 2;
+    const bool hasEnding = dot > 0 && name.size() - dot < kLongestName / 2;
     const QByteArray ending = number + (hasEnding ? name.mid(dot) : QByteArray());
-    return cutName(hasEnding ? name.left(dot) : name, NAME_MAX - ending.size()) + ending;
+    return cutName(hasEnding ? name.left(dot) : name, kLongestName - ending.size()) + ending;
 }
 
 TreeCopy::TreeCopy(const CopyPlan &plan, const QByteArray &targetFolder)
@@ -68,8 +46,7 @@ TreeCopy::~TreeCopy()
 
 void TreeCopy::closeMark()
 {
-    if (m_mark >= 0)
-        ::close(std::exchange(m_mark, -1));
+    closeCopyMark(std::exchange(m_mark, kNoCopyMark));
 }
 
 /// What is there of item can be taken back from now on.
@@ -136,8 +113,8 @@ TreeCopy::State TreeCopy::begin(const CopyItem &item)
 
 TreeCopy::State TreeCopy::makeFolder(const CopyItem &item, const QByteArray &to)
 {
-    if (mkdir(to.constData(), S_IRWXU) != 0)
-        return report(item, FileCopy::Side::Writing, errno);
+    if (const int error = makeOwnFolder(to))
+        return report(item, FileCopy::Side::Writing, error);
     note(item, to);
     m_done += 1;
     return Working;
@@ -145,15 +122,13 @@ TreeCopy::State TreeCopy::makeFolder(const CopyItem &item, const QByteArray &to)
 
 TreeCopy::State TreeCopy::makeLink(const CopyItem &item, const QByteArray &to)
 {
-    const QByteArray target = targetOfLink(item.from);
-    if (target.isEmpty())
-        return report(item, FileCopy::Side::Reading, errno);
-    if (symlink(target.constData(), to.constData()) != 0)
-        return report(item, FileCopy::Side::Writing, errno);
+    QByteArray target;
+    if (const int error = readLink(item.from, &target))
+        return report(item, FileCopy::Side::Reading, error);
+    if (const int error = ::makeLink(target, to))
+        return report(item, FileCopy::Side::Writing, error);
     note(item, to);
-    struct stat status = {};
-    if (lstat(item.from.constData(), &status) == 0)
-        keepTimes(to, status);
+    copyTimesOfLink(item.from, to);
     m_done += 1;
     return Working;
 }
@@ -169,7 +144,7 @@ TreeCopy::State TreeCopy::copyOn()
     }
     const State state = report(item, side, m_file.error());
     // An incomplete file would look like a complete one.
-    if (state == Working && removeCreated(m_created.last().path, false))
+    if (state == Working && removeEntry(m_created.last().path, false) == 0)
         m_created.removeLast();
     return state;
 }
@@ -177,12 +152,8 @@ TreeCopy::State TreeCopy::copyOn()
 /// Last, because a read-only folder cannot be filled, and filling changes the folder's time.
 void TreeCopy::finishFolder(const CopyItem &item) const
 {
-    struct stat status = {};
-    if (item.kind != CopyItem::Folder || lstat(item.from.constData(), &status) != 0)
-        return;
-    const QByteArray path = m_temporary + item.below;
-    chmod(path.constData(), status.st_mode & kPermissions);
-    keepTimes(path, status);
+    if (item.kind == CopyItem::Folder)
+        copyAttributes(item.from, m_temporary + item.below);
 }
 
 TreeCopy::State TreeCopy::place()
@@ -212,11 +183,11 @@ bool TreeCopy::undoStep()
     if (m_created.isEmpty())
         return false;
     const Created last = m_created.takeLast();
-    if (removeCreated(last.path, last.isFolder) || errno != EACCES)
+    if (removeEntry(last.path, last.isFolder) != EACCES)
         return true;
     // Its folder already has the permissions of the source folder.
     const QByteArray folder = last.path.left(last.path.lastIndexOf('/'));
-    if (folder.startsWith(m_temporary) && chmod(folder.constData(), S_IRWXU) == 0)
-        removeCreated(last.path, last.isFolder);
+    if (folder.startsWith(m_temporary) && allowChanges(folder))
+        removeEntry(last.path, last.isFolder);
     return true;
 }

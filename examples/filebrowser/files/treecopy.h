@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "copyleftovers.h"
 #include "copyplan.h"
 #include "filecopy.h"
 
@@ -49,7 +50,7 @@ private:
     QStringList m_problems;
     QVector<Created> m_created;
     FileCopy m_file;
-    int m_mark = -1; ///< Of the copy itself, see markUnfinishedCopy().
+    CopyMark m_mark = kNoCopyMark; ///< of the copy itself
     qint64 m_done = 0;
     int m_next = 0; ///< The next item to copy.
     int m_unfinished; ///< Folders before this item get their permissions and times last.

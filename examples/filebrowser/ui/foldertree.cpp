@@ -61,7 +61,7 @@ FolderTree::FolderTree(QWidget *parent) : VemoTreeWidget(parent)
 {
     setObjectName("folderTree");
     setUpLook();
-    m_home = addRoot({}, QDir::homePath());
+    m_home = addRoot({}, pathFromQt(QDir::homePath()));
     m_computer = addRoot({}, "/");
     translate(this, [this] { showTexts(); });
     connect(this, &QTreeWidget::itemClicked, this, &FolderTree::choose);

@@ -2,6 +2,7 @@
 #include "options.h"
 
 #include "languages.h"
+#include "paths.h"
 
 #include <vemo/vemolocale.h>
 
@@ -69,8 +70,8 @@ QString valueOr(const QCommandLineParser &parser, QLatin1String option, const QS
 QString folderIn(const QCommandLineParser &parser)
 {
     const QString folder = parser.positionalArguments().value(0);
-    return QDir::cleanPath(
-        folder.isEmpty() ? QDir::homePath() : QDir::current().absoluteFilePath(folder));
+    return pathFromQt(QDir::cleanPath(
+        folder.isEmpty() ? QDir::homePath() : QDir::current().absoluteFilePath(folder)));
 }
 
 } // namespace

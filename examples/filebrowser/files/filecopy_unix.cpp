@@ -3,8 +3,26 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
+
+struct FileCopy::Files
+{
+    Files() = default;
+    ~Files()
+    {
+        for (const int file : {from, to}) {
+            if (file >= 0)
+                ::close(file);
+        }
+    }
+    Q_DISABLE_COPY(Files)
+
+    int from = -1;
+    int to = -1;
+    struct stat status = {};
+};
 
 namespace {
 
@@ -22,13 +40,11 @@ bool writeAll(int file, const char *bytes, ssize_t size)
     return true;
 }
 
-void closeFile(int *file)
-{
-    if (*file >= 0)
-        ::close(std::exchange(*file, -1));
-}
-
 } // namespace
+
+FileCopy::FileCopy() = default;
+
+FileCopy::~FileCopy() = default;
 
 FileCopy::Side FileCopy::fail(Side side)
 {
@@ -40,16 +56,18 @@ FileCopy::Side FileCopy::fail(Side side)
 FileCopy::Side FileCopy::open(const QByteArray &from, const QByteArray &to)
 {
     m_copied = 0;
+    m_files = std::make_unique<Files>();
     // O_NONBLOCK: if a pipe has replaced the file, opening it would block forever.
-    m_from = ::open(from.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (m_from < 0 || fstat(m_from, &m_status) != 0)
+    m_files->from = ::open(from.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (m_files->from < 0 || fstat(m_files->from, &m_files->status) != 0)
         return fail(Side::Reading);
-    if (!S_ISREG(m_status.st_mode)) {
+    if (!S_ISREG(m_files->status.st_mode)) {
         errno = EOPNOTSUPP;
         return fail(Side::Reading);
     }
-    m_to = ::open(to.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (m_to < 0)
+    m_files->to =
+        ::open(to.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (m_files->to < 0)
         return fail(Side::Writing);
     m_piece.resize(kPiece);
     return Side::None;
@@ -57,12 +75,12 @@ FileCopy::Side FileCopy::open(const QByteArray &from, const QByteArray &to)
 
 FileCopy::Side FileCopy::copySome()
 {
-    const ssize_t size = read(m_from, m_piece.data(), size_t(m_piece.size()));
+    const ssize_t size = read(m_files->from, m_piece.data(), size_t(m_piece.size()));
     if (size < 0)
         return errno == EINTR ? Side::None : fail(Side::Reading);
     if (size == 0)
         return finish();
-    if (!writeAll(m_to, m_piece.constData(), size))
+    if (!writeAll(m_files->to, m_piece.constData(), size))
         return fail(Side::Writing);
     m_copied += size;
     return Side::None;
@@ -71,13 +89,13 @@ FileCopy::Side FileCopy::copySome()
 FileCopy::Side FileCopy::finish()
 {
     // Ignored, because some file systems have no permissions or times; only the content matters.
-    if (fchmod(m_to, m_status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) != 0)
+    if (fchmod(m_files->to, m_files->status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) != 0)
         errno = 0;
-    const timespec times[] = {m_status.st_atim, m_status.st_mtim};
-    if (futimens(m_to, times) != 0)
+    const timespec times[] = {m_files->status.st_atim, m_files->status.st_mtim};
+    if (futimens(m_files->to, times) != 0)
         errno = 0;
     // Some file systems only report on closing that the disk is full.
-    if (::close(std::exchange(m_to, -1)) != 0)
+    if (::close(std::exchange(m_files->to, -1)) != 0)
         return fail(Side::Writing);
     close();
     return Side::None;
@@ -85,6 +103,5 @@ FileCopy::Side FileCopy::finish()
 
 void FileCopy::close()
 {
-    closeFile(&m_from);
-    closeFile(&m_to);
+    m_files.reset();
 }
