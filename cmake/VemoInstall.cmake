@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Installation in four components: Runtime, Development, Designer and Gallery.
+# Installation in four components: Runtime, Development, Designer and Gallery; by mingw-w64 for Windows in a fifth one,
+# Foundation: the DLLs of Qt and the compiler, which Windows does not have.
 # The installed folder may be moved as a whole: no file in it contains the prefix.
 
 include(CMakePackageConfigHelpers)
@@ -86,6 +87,10 @@ function(vemo_install_host target name)
   set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name}${VEMO_FILE_SUFFIX})
   install(TARGETS ${target} RUNTIME COMPONENT Gallery)
+  if(WIN32)
+    set_target_properties(${target} PROPERTIES WIN32_EXECUTABLE ON) # without a console
+    return()
+  endif()
   foreach(kind IN ITEMS desktop svg 1)
     vemo_name_file(file ${name} ${kind})
     list(APPEND files "${file}")
@@ -99,6 +104,21 @@ endfunction()
 
 vemo_install_host(vemo-gallery vemo-gallery)
 vemo_install_host(filebrowser vemo-filebrowser)
+
+# Next to the programs, where Windows looks for them, and Qt for its plug-ins.
+if(MINGW)
+  vemo_find_runtime(files)
+  foreach(module IN ITEMS Core Gui Widgets Network Svg)
+    list(APPEND files $<TARGET_FILE:${VEMO_QT}::${module}>)
+  endforeach()
+  install(FILES ${files} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Foundation)
+  foreach(plugin IN ITEMS platforms/qwindows platforms/qoffscreen styles/qwindowsvistastyle
+      imageformats/qgif imageformats/qico imageformats/qsvg)
+    cmake_path(GET plugin PARENT_PATH kind)
+    install(FILES "${VEMO_WINDOWS_QT}/plugins/${plugin}.dll"
+      DESTINATION ${CMAKE_INSTALL_BINDIR}/${kind} COMPONENT Foundation)
+  endforeach()
+endif()
 
 # The plug-in goes where the Qt of the same prefix looks for it; any other Qt needs QT_PLUGIN_PATH.
 if(TARGET VemoDesigner)

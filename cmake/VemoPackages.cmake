@@ -1,8 +1,22 @@
 # SPDX-License-Identifier: MIT
-# Debian packages, one per component, built by the target "package".
+# Debian packages, one per component, built by the target "package"; for Windows a zip file with the programs and
+# all that they need.
 
 set(VEMO_PACKAGE_CONTACT "Vemo Widgets developers <developers@vemo-widgets.example.org>"
   CACHE STRING "Maintainer of the packages")
+
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_PACKAGE_FILE_NAME vemowidgets${VEMO_FILE_SUFFIX}-${PROJECT_VERSION}-win64)
+  set(CPACK_PACKAGE_DIRECTORY "${PROJECT_BINARY_DIR}/packages")
+  set(CPACK_STRIP_FILES ON)
+  set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+  set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
+  set(CPACK_COMPONENTS_ALL Runtime Gallery Foundation)
+  set(CPACK_COMPONENT_INCLUDE_TOPLEVEL_DIRECTORY ON)
+  include(CPack)
+  return()
+endif()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vemowidgets${VEMO_FILE_SUFFIX})

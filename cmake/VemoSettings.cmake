@@ -88,6 +88,20 @@ endfunction()
 set(VEMO_FREQUENT_HEADERS <QApplication> <QBoxLayout> <QComboBox> <QLabel> <QLineEdit> <QPainter>
   <QPointer> <QPushButton> <QStyle>)
 
+# Sets OUTVAR to the DLLs of the compiler mingw-w64 that every program needs.
+function(vemo_find_runtime outVar)
+  set(files "")
+  foreach(name IN ITEMS libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
+    execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=${name}
+      OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
+    cmake_path(NORMAL_PATH file)
+    if(IS_ABSOLUTE "${file}")
+      list(APPEND files "${file}")
+    endif()
+  endforeach()
+  set(${outVar} ${files} PARENT_SCOPE)
+endfunction()
+
 # For the current folder: tests and gallery are not instrumented. They are then compiled by the same
 # commands with and without sanitizers, so the compiler cache serves both builds.
 macro(vemo_without_sanitizers)

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # vemo_add_test(NAME [DPI 96 120 144] [SCALE 2] [X11|X11_ONLY] [DISPLAYS option...] [LOCALES de_DE ...]
 #   [TIMEOUT SECONDS] [SOURCES file...] [LIBRARIES lib...] [INTERNALS] [PLAIN] [MEMORY] [ONCE]
-#   [NEEDS target...])
+#   [NEEDS target...] [UNIX_ONLY REASON])
 #
 # Builds NAME.cpp and registers a run for each logical dpi. SCALE adds a run at the first dpi for each
 # device pixel ratio. The screen is measured once per process, so each needs its own run.
@@ -19,8 +19,12 @@
 # run takes too long. Without VEMO_BUILD_ALL_TESTS they are left out, and so are those of MEMORY, the other factors
 # and the locales.
 # NEEDS names targets of optional packages; the test links them, and is left out if one is missing.
+# UNIX_ONLY is for tests that Windows can't build or run, with the reason: there they are registered as skipped.
+#
+# On Windows each test has one run at its first dpi, and one on the desktop, in real windows, in place of those on X11.
+# Where Windows is not the system that builds, scripts/with-wine runs them.
 function(vemo_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;X11_ONLY;INTERNALS;PLAIN;MEMORY;ONCE" "TIMEOUT"
+  cmake_parse_arguments(PARSE_ARGV 1 arg "X11;X11_ONLY;INTERNALS;PLAIN;MEMORY;ONCE" "TIMEOUT;UNIX_ONLY"
     "DPI;SCALE;SOURCES;LIBRARIES;DISPLAYS;LOCALES;NEEDS")
   if(arg_PLAIN AND ECM_ENABLE_SANITIZERS)
     return()
@@ -42,6 +46,11 @@ function(vemo_add_test name)
       return()
     endif()
   endforeach()
+
+  if(WIN32 AND arg_UNIX_ONLY)
+    vemo_skip_test(${family}/${name} "${arg_UNIX_ONLY}")
+    return()
+  endif()
 
   add_executable(${name} ${name}.cpp ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/tests")
@@ -70,6 +79,11 @@ function(vemo_add_test name)
     set(arg_DPI ${firstDpi})
     set(arg_SCALE "")
     set(arg_LOCALES "")
+  elseif(WIN32)
+    set(arg_DPI ${firstDpi})
+    set(arg_SCALE "")
+    set(arg_DISPLAYS "")
+    set(arg_LOCALES "") # A program can't choose it.
   elseif(NOT VEMO_BUILD_ALL_TESTS)
     set(arg_DPI ${firstDpi})
     set(arg_LOCALES "")
@@ -85,7 +99,10 @@ function(vemo_add_test name)
     vemo_register_test(${family}/${name}@${firstDpi}x${scale} ${firstDpi} ${scale} offscreen
       $<TARGET_FILE:${name}>)
   endforeach()
-  if(arg_X11)
+  if(arg_X11 AND WIN32) # also X11_ONLY
+    vemo_register_test(${family}/${name}@desktop ${firstDpi} 1 windows $<TARGET_FILE:${name}>)
+    set_property(TEST ${family}/${name}@desktop PROPERTY RESOURCE_LOCK desktop) # Only one window is active.
+  elseif(arg_X11)
     vemo_register_test(${family}/${name}@x11 ${firstDpi} 1 xcb
       "${PROJECT_SOURCE_DIR}/scripts/with-display" $<TARGET_FILE:${name}>)
   endif()
@@ -98,6 +115,15 @@ function(vemo_add_test name)
     set_property(TEST ${family}/${name}@${locale} APPEND PROPERTY
       ENVIRONMENT_MODIFICATION "LC_ALL=set:${locale}.UTF-8")
   endforeach()
+endfunction()
+
+# For sources of the current folder that are linked to the libraries in one test, and to their object files in another:
+# on Windows, calls of a DLL's functions are compiled differently, unless its import library passes them on. Not
+# for the whole target, because its precompiled headers are used by others.
+function(vemo_link_either_way)
+  if(WIN32)
+    set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_DEFINITIONS VEMO_STATIC)
+  endif()
 endfunction()
 
 # Runs moc on a source that includes its own output, such as #include "tst_vemobutton.moc".
@@ -119,11 +145,17 @@ function(vemo_add_moc_file target source)
   target_sources(${target} PRIVATE "${output}")
 endfunction()
 
+# Registers a test that this system can't run, for which ctest then prints the reason.
+function(vemo_skip_test test reason)
+  add_test(NAME ${test} COMMAND ${CMAKE_COMMAND} -E echo "SKIP: ${reason}")
+  set_tests_properties(${test} PROPERTIES SKIP_REGULAR_EXPRESSION "^SKIP")
+endfunction()
+
 # Registers one run of a test program; uses the caller's TIMEOUT and MEMORY.
 # On X11 OpenGL is disabled, because its software driver is unloaded before its leaks can be identified, and so
 # are Qt's warnings of X errors, which may arrive after their window has been destroyed.
 function(vemo_register_test test dpi scale platform)
-  add_test(NAME ${test} COMMAND ${ARGN})
+  add_test(NAME ${test} COMMAND ${VEMO_TEST_LAUNCHER} ${ARGN})
   set(highDpiScaling "unset:")
   if(VEMO_QT_VERSION_MAJOR EQUAL 6)
     set(highDpiScaling "set:0") # Otherwise QT_FONT_DPI would become a device pixel ratio.
@@ -135,11 +167,31 @@ function(vemo_register_test test dpi scale platform)
   set_tests_properties(${test} PROPERTIES
     TIMEOUT ${timeout} COST ${arg_TIMEOUT} # The longest tests start first.
     ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FONT_DPI=${dpi};QT_SCALE_FACTOR=${scale};QT_STYLE_OVERRIDE=fusion;QT_XCB_GL_INTEGRATION=none;QT_LOGGING_RULES=qt.qpa.xcb.warning=false;LC_ALL=en_US.UTF-8;XDG_RUNTIME_DIR=${PROJECT_BINARY_DIR}/runtime;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0"
-    ENVIRONMENT_MODIFICATION "LANGUAGE=unset:;QT_ENABLE_HIGHDPI_SCALING=${highDpiScaling};QT_AUTO_SCREEN_SCALE_FACTOR=unset:;QT_SCREEN_SCALE_FACTORS=unset:;DISPLAY=unset:")
+    ENVIRONMENT_MODIFICATION "LANGUAGE=unset:;QT_ENABLE_HIGHDPI_SCALING=${highDpiScaling};QT_AUTO_SCREEN_SCALE_FACTOR=unset:;QT_SCREEN_SCALE_FACTORS=unset:")
+  if(NOT WIN32) # There all runs share one desktop.
+    set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT_MODIFICATION "DISPLAY=unset:")
+  endif()
   if(ECM_ENABLE_SANITIZERS)
     set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT VEMO_SANITIZERS=1)
   endif()
+  if(VEMO_TEST_LAUNCHER)
+    set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT
+      "VEMO_WINE=${PROJECT_BINARY_DIR}/wine" "VEMO_WINE_PATH=${VEMO_DLL_FOLDERS}")
+  endif()
 endfunction()
+
+set(VEMO_TEST_LAUNCHER "")
+if(WIN32 AND CMAKE_CROSSCOMPILING)
+  set(VEMO_TEST_LAUNCHER ${CMAKE_CROSSCOMPILING_EMULATOR})
+  set(folders "${PROJECT_BINARY_DIR}" "${PROJECT_BINARY_DIR}/theme" "${VEMO_WINDOWS_QT}/bin")
+  vemo_find_runtime(runtime)
+  foreach(file IN LISTS runtime)
+    cmake_path(GET file PARENT_PATH folder)
+    list(APPEND folders "${folder}")
+  endforeach()
+  list(REMOVE_DUPLICATES folders)
+  list(JOIN folders ":" VEMO_DLL_FOLDERS)
+endif()
 
 file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/runtime")
 file(CHMOD "${PROJECT_BINARY_DIR}/runtime" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)

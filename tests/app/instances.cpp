@@ -2,34 +2,22 @@
 #include "instances.h"
 
 #include "app/localpeer_p.h"
+#include "instancesystem.h"
+#include "support/temporaryfolder.h"
 
 #include <vemo/qtsingleapplication.h>
 
 #include <QCryptographicHash>
-#include <QSocketNotifier>
 #include <QThread>
 #include <QtEndian>
 
-#include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <functional>
-#include <utility>
-
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr int kAnswerTimeout = 50000;
 const char kScenarioVariable[] = "VEMO_TEST_INSTANCE";
-
-QString defaultSocketName()
-{
-    const LocalPeer peer {QString()};
-    return peer.socketName();
-}
 
 /// The operations of both kinds of children.
 struct Instance
@@ -99,13 +87,10 @@ QByteArray obey(Instance &instance, const QByteArray &command)
 int obeyAll(Instance &instance)
 {
     QByteArray input;
-    QSocketNotifier commands(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(&commands, &QSocketNotifier::activated, &commands, [&] {
-        char bytes[4096];
-        const ssize_t count = read(STDIN_FILENO, bytes, sizeof(bytes));
-        if (count <= 0)
+    const auto commands = watchInput([&](const QByteArray &bytes) {
+        if (bytes.isEmpty())
             return QCoreApplication::quit();
-        input.append(bytes, int(count));
+        input += bytes;
         for (int end = input.indexOf('\n'); end >= 0; end = input.indexOf('\n')) {
             const QByteArray command = input.left(end);
             input.remove(0, end + 1);
@@ -150,27 +135,28 @@ int runApplication(int &argc, char **argv)
 
 } // namespace
 
-OwnTemporaryFolder::OwnTemporaryFolder() : m_outer(qgetenv("TMPDIR"))
+QString defaultSocketName()
 {
-    qputenv("TMPDIR", QFile::encodeName(m_folder.path()));
+    const LocalPeer peer {QString()};
+    return peer.socketName();
+}
+
+OwnTemporaryFolder::OwnTemporaryFolder() : m_outer(qgetenv(kTemporaryFolderVariable))
+{
+    qputenv(kTemporaryFolderVariable, QFile::encodeName(m_folder.path()));
 }
 
 OwnTemporaryFolder::~OwnTemporaryFolder()
 {
     if (m_outer.isEmpty())
-        qunsetenv("TMPDIR");
+        qunsetenv(kTemporaryFolderVariable);
     else
-        qputenv("TMPDIR", m_outer);
-}
-
-QString OwnTemporaryFolder::socketPath() const
-{
-    return path() + QLatin1Char('/') + defaultSocketName();
+        qputenv(kTemporaryFolderVariable, m_outer);
 }
 
 QString OwnTemporaryFolder::lockPath() const
 {
-    return socketPath() + QLatin1String("-lockfile");
+    return path() + QLatin1Char('/') + defaultSocketName() + QLatin1String("-lockfile");
 }
 
 ChildInstance::ChildInstance(Kind kind, const QStringList &environment)
@@ -220,11 +206,6 @@ QByteArray ChildInstance::ask(const QByteArray &command)
     return answer();
 }
 
-void ChildInstance::signal(int number)
-{
-    ::kill(pid_t(m_process.processId()), number);
-}
-
 void ChildInstance::quit()
 {
     m_process.closeWriteChannel();
@@ -233,52 +214,13 @@ void ChildInstance::quit()
 
 void ChildInstance::kill()
 {
-    m_process.kill();
+    killWithoutWaiting();
     m_process.waitForFinished(kAnswerTimeout);
 }
 
-RawPeer::RawPeer(const QString &address)
-    : m_descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0))
+void ChildInstance::killWithoutWaiting()
 {
-    struct sockaddr_un name = {};
-    name.sun_family = AF_UNIX;
-    qstrncpy(name.sun_path, QFile::encodeName(address).constData(), sizeof(name.sun_path));
-    if (connect(m_descriptor, reinterpret_cast<const sockaddr *>(&name), sizeof(name)) != 0)
-        close();
-}
-
-RawPeer::RawPeer(RawPeer &&other) noexcept : m_descriptor(std::exchange(other.m_descriptor, -1)) { }
-
-RawPeer::~RawPeer()
-{
-    close();
-}
-
-int RawPeer::send(const QByteArray &bytes) const
-{
-    const ssize_t count =
-        ::send(m_descriptor, bytes.constData(), size_t(bytes.size()), MSG_NOSIGNAL);
-    return int(std::max(ssize_t(0), count));
-}
-
-QByteArray RawPeer::receive() const
-{
-    char bytes[4096];
-    const ssize_t count = recv(m_descriptor, bytes, sizeof(bytes), 0);
-    return count > 0 ? QByteArray(bytes, int(count)) : QByteArray();
-}
-
-bool RawPeer::isClosedByOther() const
-{
-    char byte;
-    const ssize_t count = recv(m_descriptor, &byte, 1, MSG_PEEK);
-    return count == 0 || (count < 0 && errno != EAGAIN);
-}
-
-void RawPeer::close()
-{
-    if (m_descriptor >= 0)
-        ::close(std::exchange(m_descriptor, -1));
+    m_process.kill();
 }
 
 QByteArray header(quint32 size)

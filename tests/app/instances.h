@@ -8,6 +8,13 @@
 
 #include <memory>
 
+/// Whether the instances' socket is a file in the temporary folder.
+#ifdef Q_OS_WIN
+constexpr bool kHasSocketFile = false;
+#else
+constexpr bool kHasSocketFile = true;
+#endif
+
 /// A temporary folder for one test function, in which instances only see each other.
 class OwnTemporaryFolder
 {
@@ -17,7 +24,7 @@ public:
 
     QString path() const { return m_folder.path(); }
 
-    /// The path of the instances' socket.
+    /// The path of the instances' socket, or of their named pipe on Windows.
     QString socketPath() const;
     QString lockPath() const;
 
@@ -50,12 +57,15 @@ public:
 
     bool isPrimary() { return ask("role") == "primary"; }
 
-    /// Sends it a signal: SIGSTOP, SIGCONT, SIGKILL.
+#ifdef Q_OS_UNIX
+    /// Sends it a signal, such as SIGSTOP.
     void signal(int number);
+#endif
 
     /// Lets the process end normally; kill() ends it without clean-up.
     void quit();
     void kill();
+    void killWithoutWaiting();
 
 private:
     QProcess m_process;
@@ -69,7 +79,7 @@ public:
     ~RawPeer();
     RawPeer(RawPeer &&other) noexcept;
 
-    bool isConnected() const { return m_descriptor >= 0; }
+    bool isConnected() const { return m_connection != nullptr; }
 
     /// Returns the number of bytes that were sent.
     int send(const QByteArray &bytes) const;
@@ -81,8 +91,13 @@ public:
     void close();
 
 private:
-    int m_descriptor;
+    struct Connection;
+
+    std::unique_ptr<Connection> m_connection;
 };
+
+/// The number in socket names by which those of different users differ.
+quint32 userNumber();
 
 /// The byte count that precedes a message.
 QByteArray header(quint32 size);

@@ -9,8 +9,6 @@
 
 #include <limits>
 
-#include <unistd.h>
-
 class LocalPeerTest : public VemoTest
 {
     Q_OBJECT
@@ -64,7 +62,7 @@ void LocalPeerTest::namesItsSocketAfterTheId()
     const QByteArray bytes = id.toUtf8();
     const quint16 checksum = qChecksum(bytes.constData(), uint(bytes.size()));
     name.replace(QLatin1String("CRC"), QString::number(checksum, 16));
-    name.replace(QLatin1String("UID"), QString::number(getuid(), 16));
+    name.replace(QLatin1String("UID"), QString::number(userNumber(), 16));
     const LocalPeer peer(id);
     QCOMPARE(peer.id(), id);
     QCOMPARE(peer.socketName(), name);
@@ -86,15 +84,15 @@ void LocalPeerTest::putsItsFilesIntoTheTemporaryFolder()
     {
         LocalPeer peer {QString()};
         QVERIFY(!peer.isClient());
-        QVERIFY(QFileInfo::exists(folder.socketPath()));
+        QVERIFY(!kHasSocketFile || QFileInfo::exists(folder.socketPath()));
         QVERIFY(QFileInfo::exists(folder.lockPath()));
         QCOMPARE(folder.lockPath(),
             QStringLiteral("%1/%2-lockfile").arg(QDir::tempPath(), peer.socketName()));
         const QDir::Filters all =
             QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System | QDir::Hidden;
-        QCOMPARE(QDir(folder.path()).entryList(all).size(), 2);
+        QCOMPARE(QDir(folder.path()).entryList(all).size(), kHasSocketFile ? 2 : 1);
     }
-    QVERIFY(!QFileInfo::exists(folder.socketPath()));
+    QVERIFY(!kHasSocketFile || !QFileInfo::exists(folder.socketPath()));
     QVERIFY(QFileInfo::exists(folder.lockPath()));
 }
 

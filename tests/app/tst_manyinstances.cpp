@@ -7,14 +7,20 @@
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <vector>
 
+#ifdef Q_OS_UNIX
 #include <sys/stat.h>
+#endif
 
 namespace {
 
 constexpr int kPatience = 60000;
+#ifdef Q_OS_WIN
+constexpr int kCrowd = 20; // There processes are more expensive.
+#else
+constexpr int kCrowd = 100;
+#endif
 
 int rounds()
 {
@@ -29,10 +35,16 @@ std::vector<std::unique_ptr<ChildInstance>> startMany(int count, ChildInstance::
     return children;
 }
 
-ino_t fileAt(const QString &path)
+/// Tells a file from another that has taken its place; 0 if there is none.
+quint64 fileAt(const QString &path)
 {
+#ifdef Q_OS_UNIX
     struct stat status = {};
     return lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_ino : 0;
+#else
+    // The lock file can't be removed while it is open, and a pipe has no file.
+    return path.contains(QLatin1String("pipe")) || QFile::exists(path) ? 1 : 0;
+#endif
 }
 
 } // namespace
@@ -70,7 +82,7 @@ void ManyInstancesTest::areOnePrimaryWhenAllStartAtOnce()
     // socket.
     const OwnTemporaryFolder folder;
     for (int round = 0; round < rounds; ++round) {
-        auto children = startMany(100, kind);
+        auto children = startMany(kCrowd, kind);
         for (auto &child : children)
             child->tell("role");
         int primaries = 0;
@@ -84,12 +96,12 @@ void ManyInstancesTest::areOnePrimaryWhenAllStartAtOnce()
                 primary = child.get();
         }
         QCOMPARE(primaries, 1);
-        QCOMPARE(secondaries, 99);
+        QCOMPARE(secondaries, kCrowd - 1);
         ChildInstance *other = children[children[0].get() == primary ? 1 : 0].get();
         QCOMPARE(other->ask("send hello"), QByteArray("sent"));
         QCOMPARE(primary->ask("received"), QByteArray("1"));
         for (auto &child : children)
-            child->signal(SIGKILL);
+            child->killWithoutWaiting();
     }
 }
 
@@ -132,8 +144,8 @@ void ManyInstancesTest::areOnePrimaryWhenTwoWantTheUnlockedRole()
             secondRole = second->answer();
         } while (firstRole == "secondary" && secondRole == "secondary");
         QVERIFY(firstRole != secondRole);
-        const ino_t socket = fileAt(folder.socketPath());
-        const ino_t lock = fileAt(folder.lockPath());
+        const quint64 socket = fileAt(folder.socketPath());
+        const quint64 lock = fileAt(folder.lockPath());
         primary->quit();
         QVERIFY(socket != 0);
         QCOMPARE(fileAt(folder.socketPath()), socket);

@@ -1,10 +1,22 @@
 // SPDX-License-Identifier: MIT
 // The gallery started while it runs.
+#include "support/temporaryfolder.h"
 #include "support/vemotest.h"
 
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
+
+namespace {
+
+/// The socket; on Windows the lock file, because a pipe is not in any folder.
+#ifdef Q_OS_WIN
+constexpr QDir::Filter kSignsOfLife = QDir::Files;
+#else
+const QDir::Filters kSignsOfLife = QDir::System | QDir::Hidden;
+#endif
+
+} // namespace
 
 class GalleryStartTest : public VemoTest
 {
@@ -26,7 +38,7 @@ private:
 void GalleryStartTest::start(QProcess &gallery, const QStringList &arguments) const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("TMPDIR", m_folder.path());
+    environment.insert(kTemporaryFolderVariable, m_folder.path());
     gallery.setProcessEnvironment(environment);
     gallery.start(
         VEMO_GALLERY_PROGRAM, QStringList {"--user-folder", m_folder.filePath("user")} + arguments);
@@ -35,9 +47,8 @@ void GalleryStartTest::start(QProcess &gallery, const QStringList &arguments) co
 void GalleryStartTest::initTestCase()
 {
     start(m_first, {});
-    const QDir::Filters sockets = QDir::System | QDir::Hidden;
     QTRY_VERIFY_WITH_TIMEOUT(
-        !QDir(m_folder.path()).entryList({"qtsingleapp-vemoga-*"}, sockets).isEmpty(), 30000);
+        !QDir(m_folder.path()).entryList({"qtsingleapp-vemoga-*"}, kSignsOfLife).isEmpty(), 30000);
 }
 
 void GalleryStartTest::secondStartLeavesTheFieldToTheFirst()

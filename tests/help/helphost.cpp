@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "help/helphost.h"
 
+#include "support/temporaryfolder.h"
+
 #include <vemo/stylemanager.h>
 
 #include <QBuffer>
@@ -14,7 +16,7 @@ HelpHost::HelpHost()
     m_host.start(ImageManager::LAZY_LOAD);
     StyleManager::getInstance().initialize({m_host.writeFile(QStringLiteral("help.qss"),
         "==component.scrollbar==\nQScrollBar:vertical { width: 12px; }\n")});
-    qputenv("TMPDIR", m_temp.path().toLocal8Bit());
+    qputenv(kTemporaryFolderVariable, m_temp.path().toLocal8Bit());
 }
 
 void HelpHost::addHelpFile(const QString &name, const QByteArray &bytes) const
