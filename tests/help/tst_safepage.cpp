@@ -362,18 +362,22 @@ void SafePageTest::aPageIsNoHigherThanTheEngineTakes()
     QFETCH(const QString, start);
     QFETCH(const QString, unit);
     constexpr int kPart = 100;
-    int fine = 0;
-    int tooMuch = 1 << 20; // All are too much by then.
-    while (tooMuch - fine > 1) {
-        const int count = (fine + tooMuch) / 2;
-        const bool isFine = safePage(start + times(count, unit), true).verdict == SafePage::FINE;
-        (isFine ? fine : tooMuch) = count;
+    constexpr int kMaxUnits = 1 << 20; // too much of any unit
+    const auto isFine = [&](int count) {
+        return safePage(start + times(count, unit), true).verdict == SafePage::FINE;
+    };
+    int tooMuch = 1;
+    while (tooMuch < kMaxUnits && isFine(tooMuch))
+        tooMuch *= 2;
+    QVERIFY(tooMuch > 1 && tooMuch < kMaxUnits);
+    for (int step = tooMuch / 4; step > tooMuch / 64; step /= 2) {
+        if (!isFine(tooMuch - step))
+            tooMuch -= step;
     }
     Document document;
     document.setHtml(start + times(kPart, unit));
     document.setTextWidth(700);
-    QVERIFY(fine > 0 && tooMuch < 1 << 20);
-    const double height = document.size().height() * fine / kPart;
+    const double height = document.size().height() * tooMuch / kPart;
     QVERIFY2(height < 4000000, qPrintable(QString::number(height)));
 }
 
