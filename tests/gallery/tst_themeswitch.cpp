@@ -139,6 +139,7 @@ private Q_SLOTS:
 
 void ThemeSwitchTest::initTestCase()
 {
+    setDesktopLanguage("enu"); // in which speak() will return to English
     startDefaultTheme();
     applyDefaultThemeStyle(*qApp);
     installGalleryStyle();
