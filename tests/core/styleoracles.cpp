@@ -86,10 +86,11 @@ QStringList lengthPieces()
     return {"0", "1", "2", "3", "7", "9", "00", "10", "12", "999", "0000", "1234567", "2147483647",
         "9007199254740993", "1.99999999999999988897769753748434595763683319091796875", ".", ".",
         "..", "p", "x", "px", "px", "px", "px", "px", "PX", "pxx", "ppx", "px;", "1px", "12px",
-        "1000px", "12.5px", "0.0001px", "-", "e3", " ", "\n", "\r", "\t", "pt", "%", "{", "}", "/*",
-        "*/", "//", QString(30, '9'), QString(60, '0'), QString(1, QChar(0)),
-        QString(QChar(0x2028)), QString::fromUtf8("٣"), QString::fromUtf8("１２"),
-        QString::fromUtf8("😀"), "QPushButton { min-height: 28px; padding: 0px 12px; }"};
+        "1000px", "12.5px", "0.0001px", "9.999999999999999px", "-", "e3", " ", "\n", "\r", "\t",
+        "pt", "%", "{", "}", "/*", "*/", "//", QString(30, '9'), QString(60, '0'),
+        QString(1, QChar(0)), QString(QChar(0x2028)), QString::fromUtf8("٣"),
+        QString::fromUtf8("１２"), QString::fromUtf8("😀"),
+        "QPushButton { min-height: 28px; padding: 0px 12px; }"};
 }
 
 QStringList sectionPieces()
