@@ -102,6 +102,7 @@ void VemoMessageBarTest::showsAMessageOfEachType_data()
     addRow("success", Bar::Success, QString("success"), QString("Success: Hi"));
     addRow("warning", Bar::Warning, QString("warning"), QString("Warning: Hi"));
     addRow("error", Bar::Error, QString("error"), QString("Error: Hi"));
+    addRow("unknown", Bar::MessageType(4), QString("information"), QString("Information: Hi"));
 }
 
 void VemoMessageBarTest::showsAMessageOfEachType()

@@ -85,6 +85,7 @@ private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void highlightsSelectedRows();
     void highlightsExactlyTheRowsThatAreSelectedAsAWhole();
+    void highlightsTheRowsOfOverlappingRanges();
     void highlightsTheRowUnderThePointer();
     void showsTheSelectionUnderThePointer();
     void readsThePointerAfreshForEachPaint();
@@ -141,6 +142,17 @@ void VemoTreeWidgetTest::highlightsExactlyTheRowsThatAreSelectedAsAWhole()
         }
     }
     QVERIFY(selected > 60);
+}
+
+void VemoTreeWidgetTest::highlightsTheRowsOfOverlappingRanges()
+{
+    Tree tree;
+    const auto row = [&tree](int index) { return tree.indexFromItem(tree.topLevelItem(index)); };
+    QItemSelection ranges(row(0), row(2));
+    ranges.append(QItemSelectionRange(row(1)));
+    tree.setSelectionMode(QAbstractItemView::MultiSelection);
+    tree.selectionModel()->select(ranges, QItemSelectionModel::Select);
+    QCOMPARE(tree.grounds(), QList<QColor>({kSelected, kSelected, kSelected}));
 }
 
 void VemoTreeWidgetTest::highlightsTheRowUnderThePointer()
