@@ -22,9 +22,7 @@
 
 namespace {
 
-// In design pixels.
-constexpr int kTextHeight = 64;
-constexpr int kFontWidth = 200;
+constexpr int kTextHeight = 64; // design pixels
 
 template <typename Button> Button *checked(Button *button)
 {
@@ -155,7 +153,8 @@ QComboBox *newEditableBox()
 QFontComboBox *newFontBox()
 {
     auto *box = named(new QFontComboBox, "Font");
-    box->setFixedWidth(DPIinfo::scaled(kFontWidth));
+    // Otherwise as wide as its widest font name.
+    box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     return box;
 }
 

@@ -62,8 +62,11 @@ QMainWindow *newWindow()
     window->addToolBar(newToolBar());
     window->addDockWidget(Qt::LeftDockWidgetArea, newDock());
     auto *splitter = new QSplitter;
-    for (const char *name : {"Old text", "New text"})
-        splitter->addWidget(named(new QPlainTextEdit(name), name));
+    for (const char *name : {"Old text", "New text"}) {
+        auto *edit = named(new QPlainTextEdit(name), name);
+        edit->setFrameShape(QFrame::NoFrame); // The bars and the splitter draw the lines.
+        splitter->addWidget(edit);
+    }
     window->setCentralWidget(splitter);
     window->statusBar()->showMessage("Ready");
     window->statusBar()->addPermanentWidget(new QLabel("12 MB"));
