@@ -22,6 +22,7 @@
 #include <QTabBar>
 #include <QTableWidget>
 #include <QTextCharFormat>
+#include <QTextLayout>
 #include <QTreeWidget>
 
 namespace {
@@ -170,6 +171,38 @@ QString pictureName(QStyle::StandardPixmap standard)
     }
 }
 
+/// The paragraph with a line break at the end of each line, in place of its blanks.
+QString withLineBreaks(QString paragraph, const QPainter *painter, int width)
+{
+    QTextLayout layout(paragraph, painter->font(), painter->device());
+    QTextOption option;
+    option.setWrapMode(QTextOption::WordWrap);
+    option.setTextDirection(Qt::RightToLeft);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine())
+        line.setLineWidth(width);
+    layout.endLayout();
+    // From the end, so that the positions before it stay.
+    for (int i = layout.lineCount() - 1; i > 0; --i) {
+        const int start = layout.lineAt(i).textStart();
+        int end = start;
+        while (end > 0 && paragraph.at(end - 1).isSpace())
+            --end;
+        paragraph.replace(end, start - end, QLatin1Char('\n'));
+    }
+    return paragraph;
+}
+
+/// Whether Qt would draw the lines of a text too far to the left: all but the last by the width of
+/// the blank at which the line ends.
+bool isMisalignedByQt(int flags, const QString &text)
+{
+    const bool hasMnemonic = flags & (Qt::TextShowMnemonic | Qt::TextHideMnemonic);
+    return (flags & Qt::TextForceRightToLeft) && (flags & Qt::TextWordWrap)
+        && !(hasMnemonic && text.contains(QLatin1Char('&')));
+}
+
 /// Whether widget is one of Qt's dialogs, or of its widgets that contain one of these pictures.
 bool showsOurPictures(const QWidget *widget)
 {
@@ -285,6 +318,20 @@ void StockStyle::drawControl(ControlElement element, const QStyleOption *option,
         line = QRect(line.left(), line.center().y(), line.width(), width);
     painter->fillRect(
         line, defaultThemeColor(isActive ? QStringLiteral("accent") : QStringLiteral("line")));
+}
+
+void StockStyle::drawItemText(QPainter *painter, const QRect &rect, int flags,
+    const QPalette &palette, bool enabled, const QString &text, QPalette::ColorRole role) const
+{
+    if (!isMisalignedByQt(flags, text)) {
+        QProxyStyle::drawItemText(painter, rect, flags, palette, enabled, text, role);
+        return;
+    }
+    QStringList paragraphs = text.split(QLatin1Char('\n'));
+    for (QString &paragraph : paragraphs)
+        paragraph = withLineBreaks(paragraph, painter, rect.width());
+    QProxyStyle::drawItemText(
+        painter, rect, flags, palette, enabled, paragraphs.join(QLatin1Char('\n')), role);
 }
 
 void StockStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,

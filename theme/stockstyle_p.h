@@ -6,7 +6,7 @@
 #include <QProxyStyle>
 
 /// Fusion, extended for Qt's own widgets by what a style sheet cannot express: sliders with ticks,
-/// dials, rows, lines between areas, and the theme's pictures. Subclasses look as they do in
+/// dials, rows, lines between areas, text, and the theme's pictures. Subclasses look as they do in
 /// Fusion.
 class StockStyle : public QProxyStyle
 {
@@ -29,6 +29,9 @@ public:
         const QWidget *widget = nullptr) const override;
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
         const QWidget *widget = nullptr) const override;
+    void drawItemText(QPainter *painter, const QRect &rect, int flags, const QPalette &palette,
+        bool enabled, const QString &text,
+        QPalette::ColorRole role = QPalette::NoRole) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
         QPainter *painter, const QWidget *widget = nullptr) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,

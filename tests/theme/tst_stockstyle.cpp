@@ -13,13 +13,16 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopeGuard>
 #include <QSlider>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
+#include <QTextBrowser>
 #include <QTextCharFormat>
+#include <QTextEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -98,6 +101,8 @@ private Q_SLOTS:
     void weekendsAreNotRed();
     void aWeekendOfTheHostStays();
     void aSliderIsAsWideAsItsHandle();
+    void aFrameThatTheHostTurnedOffShowsOnlyTheFocus_data();
+    void aFrameThatTheHostTurnedOffShowsOnlyTheFocus();
     void aRuleOfTheHostChangesOnlyWhatItSets_data();
     void aRuleOfTheHostChangesOnlyWhatItSets();
 };
@@ -316,6 +321,29 @@ void StockStyleTest::aSliderIsAsWideAsItsHandle()
     QCOMPARE(slider.sizeHint().height(), 16);
     slider.setTickPosition(QSlider::TicksBothSides);
     QVERIFY(slider.sizeHint().height() > 16); // room for the ticks
+}
+
+void StockStyleTest::aFrameThatTheHostTurnedOffShowsOnlyTheFocus_data()
+{
+    QTest::addColumn<NewWidget>("make");
+    QTest::newRow("QTextEdit") << NewWidget(newWidget<QTextEdit>);
+    QTest::newRow("QPlainTextEdit") << NewWidget(newWidget<QPlainTextEdit>);
+    QTest::newRow("QTextBrowser") << NewWidget(newWidget<QTextBrowser>);
+}
+
+void StockStyleTest::aFrameThatTheHostTurnedOffShowsOnlyTheFocus()
+{
+    QFETCH(NewWidget, make);
+    QWidget window;
+    auto *edit = static_cast<QFrame *>(make());
+    edit->setFrameShape(QFrame::NoFrame);
+    show(window, edit);
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const auto edge = [edit] { return pixelAt(edit, {0, edit->height() / 2}); };
+    edit->clearFocus();
+    QCOMPARE(edge(), defaultThemeColor("surface"));
+    edit->setFocus();
+    QCOMPARE(edge(), defaultThemeColor("accent"));
 }
 
 void StockStyleTest::aRuleOfTheHostChangesOnlyWhatItSets_data()

@@ -5,16 +5,23 @@
 #include "support/vemotest.h"
 
 #include <vemo/defaulttheme.h>
+#include <vemo/itemdelegate.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemodateselector.h>
+#include <vemo/vemolabel.h>
 #include <vemo/vemotablewidget.h>
+#include <vemo/vemotreewidget.h>
 
 #include <QAbstractItemView>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTableWidget>
+#include <QTextBrowser>
+#include <QTextEdit>
 
 #include <functional>
 
@@ -51,6 +58,13 @@ QWidget *newLineEdit()
     return edit;
 }
 
+template <typename Edit> QWidget *newTextEdit()
+{
+    auto *edit = new Edit;
+    edit->setPlainText(kText);
+    return edit;
+}
+
 QWidget *newSpinBox()
 {
     auto *box = new QSpinBox;
@@ -59,12 +73,12 @@ QWidget *newSpinBox()
 }
 
 /// The dark part of a picture, in logical pixels.
-QRect inkOf(const QImage &picture)
+QRect inkOf(const QImage &picture, int margin = 4)
 {
     QRect ink;
     // Beside the frame.
     for (int y = picture.height() / 4; y < picture.height() * 3 / 4; ++y) {
-        for (int x = 4; x < picture.width() - 4; ++x) {
+        for (int x = margin; x < picture.width() - margin; ++x) {
             if (qGray(picture.pixel(x, y)) < 80)
                 ink |= QRect(x, y, 1, 1);
         }
@@ -89,6 +103,10 @@ private Q_SLOTS:
     void theFocusLeavesTheTextOfACellInItsPlace();
     void aCaptionBeginsAboveTheTextsOfItsColumn_data();
     void aCaptionBeginsAboveTheTextsOfItsColumn();
+    void theLinesOfAWrappedTextBeginBelowEachOther_data();
+    void theLinesOfAWrappedTextBeginBelowEachOther();
+    void renamingLeavesTheNameInItsPlace_data();
+    void renamingLeavesTheNameInItsPlace();
     void anEditableBoxShowsItsWidestTextWhole();
     void aListMarksItsRowsAsAMenuDoes_data();
     void aListMarksItsRowsAsAMenuDoes();
@@ -126,6 +144,9 @@ void TextInsetsTest::textsBeginBelowEachOther_data()
         "QComboBox", [] { return newBox<QComboBox>(false); }, false);
     add(
         "QComboBox, editable", [] { return newBox<QComboBox>(true); }, true);
+    add("QTextEdit", newTextEdit<QTextEdit>, true);
+    add("QPlainTextEdit", newTextEdit<QPlainTextEdit>, true);
+    add("QTextBrowser", newTextEdit<QTextBrowser>, true);
 }
 
 void TextInsetsTest::textsBeginBelowEachOther()
@@ -203,6 +224,79 @@ void TextInsetsTest::aCaptionBeginsAboveTheTextsOfItsColumn()
         QVERIFY(qAbs(heading.left() + room - below.left()) <= 1);
         QVERIFY(qAbs(heading.right() + room - below.right()) <= 1);
     }
+}
+
+void TextInsetsTest::theLinesOfAWrappedTextBeginBelowEachOther_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<bool>("isOurs");
+    QTest::addColumn<QString>("gap");
+    addRow("VemoLabel", Qt::RightToLeft, true, QString(" "));
+    addRow("VemoLabel, two blanks", Qt::RightToLeft, true, QString("  "));
+    addRow("VemoLabel, paragraphs", Qt::RightToLeft, true, QString("\n"));
+    addRow("VemoLabel, from left to right", Qt::LeftToRight, true, QString(" "));
+    addRow("QLabel", Qt::RightToLeft, false, QString(" "));
+}
+
+void TextInsetsTest::theLinesOfAWrappedTextBeginBelowEachOther()
+{
+    QFETCH(const Qt::LayoutDirection, direction);
+    QFETCH(const bool, isOurs);
+    QFETCH(const QString, gap);
+    const bool isReversed = direction == Qt::RightToLeft;
+    const QString word(4, isReversed ? QChar(0x5dd) : QChar('H'));
+    QGuiApplication::setLayoutDirection(direction);
+    const QScopedPointer<QLabel> label(isOurs ? new VemoLabel : new QLabel);
+    label->setText(QStringList {word, word, word}.join(gap));
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop);
+    label->ensurePolished();
+    const QFontMetrics metrics(label->font());
+    label->resize(metrics.horizontalAdvance(word) * 3 / 2, 3 * metrics.lineSpacing());
+    const auto edgeOf = [&](int line) {
+        const QRect place(0, line * metrics.lineSpacing(), label->width(), metrics.height());
+        const QRect ink = inkOf(label->grab(place).toImage());
+        return isReversed ? ink.right() : ink.left();
+    };
+    QVERIFY(edgeOf(0) > 0);
+    QCOMPARE(edgeOf(0), edgeOf(1));
+    QCOMPARE(edgeOf(0), edgeOf(2));
+}
+
+void TextInsetsTest::renamingLeavesTheNameInItsPlace_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<QString>("name");
+    addRow("from left to right", Qt::LeftToRight, kText);
+    addRow("from right to left", Qt::RightToLeft, QString(4, QChar(0x5dd)));
+}
+
+void TextInsetsTest::renamingLeavesTheNameInItsPlace()
+{
+    QFETCH(const Qt::LayoutDirection, direction);
+    QFETCH(const QString, name);
+    QGuiApplication::setLayoutDirection(direction);
+    VemoTreeWidget tree(nullptr);
+    tree.setStyleSheet(getStyleSheet("component.tree"));
+    tree.setBackgroundColor(defaultThemeColor("selection"), defaultThemeColor("hover"));
+    tree.setItemDelegate(new ItemDelegate(&tree));
+    tree.setFocusPolicy(Qt::NoFocus); // no ring around the name
+    auto *item = new QTreeWidgetItem(&tree, {name});
+    item->setFlags(item->flags() | Qt::ItemIsEditable | Qt::ItemIsUserCheckable);
+    tree.resize(scaled(240), scaled(80));
+    tree.show();
+    const QRect row = tree.visualItemRect(item);
+    const auto edgeOf = [direction](const QRect &ink) {
+        return direction == Qt::RightToLeft ? ink.right() : ink.left();
+    };
+    const int rest = edgeOf(inkOf(tree.viewport()->grab(row).toImage(), 0));
+    tree.editItem(item);
+    auto *editor = tree.viewport()->findChild<QLineEdit *>();
+    QVERIFY(editor);
+    editor->end(false); // The cursor is at the other edge.
+    const int edited = edgeOf(inkOf(editor->grab().toImage(), 0)) + editor->x() - row.x();
+    // A frame of two pixels takes one more, and the cursor has its place at the right.
+    QVERIFY2(qAbs(edited - rest) <= 2, qPrintable(QString("%1, not %2").arg(edited).arg(rest)));
 }
 
 void TextInsetsTest::anEditableBoxShowsItsWidestTextWhole()
