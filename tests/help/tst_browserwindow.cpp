@@ -20,10 +20,10 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void itIsAnApplicationModalDialogAroundATextBrowser();
-    void itsScrollBarsAreStyledUnderAStyledParent();
-    void itsSignalsAndSlotsHaveTheirNames();
-    void itFetchesThePageWithAPlainRequest();
+    void isAnApplicationModalDialogAroundATextBrowser();
+    void scrollBarsAreStyledUnderAStyledParent();
+    void signalsAndSlotsHaveTheirNames();
+    void fetchesThePageWithAPlainRequest();
     void theBodyIsShownAsUtf8_data();
     void theBodyIsShownAsUtf8();
     void aFailureLeavesTheViewAndFallsBack_data();
@@ -39,10 +39,10 @@ private Q_SLOTS:
     void aPageThatTakesTooLongFails_data();
     void aPageThatTakesTooLongFails();
     void theTitleIsCut();
-    void deletedAtAnyMoment_data();
-    void deletedAtAnyMoment();
-    void deletedFromTheFallback_data();
-    void deletedFromTheFallback();
+    void mayBeDeletedAtAnyMoment_data();
+    void mayBeDeletedAtAnyMoment();
+    void mayBeDeletedFromTheFallback_data();
+    void mayBeDeletedFromTheFallback();
 
 private:
     HelpHost m_host;
@@ -95,7 +95,7 @@ void BrowserWindowTest::cleanup()
     VemoTest::cleanup();
 }
 
-void BrowserWindowTest::itIsAnApplicationModalDialogAroundATextBrowser()
+void BrowserWindowTest::isAnApplicationModalDialogAroundATextBrowser()
 {
     const CountingWindow window;
     QCOMPARE(BrowserWindow::TIMEOUT, 10000);
@@ -111,7 +111,7 @@ void BrowserWindowTest::itIsAnApplicationModalDialogAroundATextBrowser()
     QVERIFY(!window.isVisible());
 }
 
-void BrowserWindowTest::itsScrollBarsAreStyledUnderAStyledParent()
+void BrowserWindowTest::scrollBarsAreStyledUnderAStyledParent()
 {
     QWidget parent;
     parent.setStyleSheet("#other { color: red; }");
@@ -124,7 +124,7 @@ void BrowserWindowTest::itsScrollBarsAreStyledUnderAStyledParent()
     QCOMPARE(widths.first(), widths.last());
 }
 
-void BrowserWindowTest::itsSignalsAndSlotsHaveTheirNames()
+void BrowserWindowTest::signalsAndSlotsHaveTheirNames()
 {
     const QMetaObject &meta = BrowserWindow::staticMetaObject;
     QVERIFY(meta.indexOfSignal("sigAbortRequest()") >= 0);
@@ -135,7 +135,7 @@ void BrowserWindowTest::itsSignalsAndSlotsHaveTheirNames()
     QCOMPARE(timeout.access(), QMetaMethod::Private);
 }
 
-void BrowserWindowTest::itFetchesThePageWithAPlainRequest()
+void BrowserWindowTest::fetchesThePageWithAPlainRequest()
 {
     m_server->setAnswer("/a/b.html", page("<html>hello</html>"));
     CountingWindow window;
@@ -376,7 +376,7 @@ void BrowserWindowTest::theTitleIsCut()
     QVERIFY(window.windowTitle().size() <= 200);
 }
 
-void BrowserWindowTest::deletedAtAnyMoment_data()
+void BrowserWindowTest::mayBeDeletedAtAnyMoment_data()
 {
     QTest::addColumn<int>("moment");
     addRow("before its request", 0);
@@ -386,7 +386,7 @@ void BrowserWindowTest::deletedAtAnyMoment_data()
     addRow("closed, then deleted", 4);
 }
 
-void BrowserWindowTest::deletedAtAnyMoment()
+void BrowserWindowTest::mayBeDeletedAtAnyMoment()
 {
     QFETCH(const int, moment);
     Answer half;
@@ -411,7 +411,7 @@ void BrowserWindowTest::deletedAtAnyMoment()
     QCoreApplication::processEvents();
 }
 
-void BrowserWindowTest::deletedFromTheFallback_data()
+void BrowserWindowTest::mayBeDeletedFromTheFallback_data()
 {
     QTest::addColumn<QByteArray>("path");
     QTest::addColumn<bool>("aborts");
@@ -419,7 +419,7 @@ void BrowserWindowTest::deletedFromTheFallback_data()
     addRow("after an abort", QByteArray("/silent"), true);
 }
 
-void BrowserWindowTest::deletedFromTheFallback()
+void BrowserWindowTest::mayBeDeletedFromTheFallback()
 {
     QFETCH(const QByteArray, path);
     QFETCH(const bool, aborts);

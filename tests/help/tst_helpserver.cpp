@@ -25,7 +25,7 @@ private Q_SLOTS:
 
     void theReaderGetsThePageOrTheLocalOne_data();
     void theReaderGetsThePageOrTheLocalOne();
-    void nobodyListensShowsTheLocalPage();
+    void theLocalPageIsShownIfNobodyListens();
     void aServerWithoutEncryptionShowsTheLocalPage();
     void endlessBodiesAreBrokenOff();
     void whatNeverEndsIsLeftAfterTenSeconds();
@@ -145,7 +145,7 @@ void HelpServerTest::theReaderGetsThePageOrTheLocalOne()
         QVERIFY(server.requests().isEmpty()); // Not a word to a stranger.
 }
 
-void HelpServerTest::nobodyListensShowsTheLocalPage()
+void HelpServerTest::theLocalPageIsShownIfNobodyListens()
 {
     QUrl url;
     {

@@ -16,7 +16,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void itsSlotHasItsName();
+    void slotHasItsName();
     void aPageWithoutPicturesToFetchLeavesThePathsAlone_data();
     void aPageWithoutPicturesToFetchLeavesThePathsAlone();
     void thePictureFolderComesFirst();
@@ -33,14 +33,14 @@ private Q_SLOTS:
     void picturesAreFetchedAgainForEachPage();
     void aNewPageDoesNotCancelDownloads();
     void theSameAddressTwiceAtOnceIsFetchedTwice();
-    void noMoreThanSixtyFourAtOnce();
+    void noMoreThanSixtyFourRunAtOnce();
     void silentDownloadsLeaveTheirPlaceToOthers();
     void aSlowDownloadKeepsItsPlace();
     void onlySoManySilentDownloadsAreWaitedFor();
     void everyPictureIsFetchedHoweverMany();
     void pagesTakeTheirTurnsApart();
-    void deletedWhileDownloadsRun_data();
-    void deletedWhileDownloadsRun();
+    void mayBeDeletedWhileDownloadsRun_data();
+    void mayBeDeletedWhileDownloadsRun();
     void theFinishSlotAloneTakesTheStoredDownload();
 
 private:
@@ -86,7 +86,7 @@ void HtmlTextBrowserTest::cleanup()
     VemoTest::cleanup();
 }
 
-void HtmlTextBrowserTest::itsSlotHasItsName()
+void HtmlTextBrowserTest::slotHasItsName()
 {
     const QMetaObject &meta = HtmlTextBrowser::staticMetaObject;
     const QMetaMethod slot = meta.method(meta.indexOfSlot("slotDownloadFinished(QString,int)"));
@@ -315,7 +315,7 @@ void HtmlTextBrowserTest::theSameAddressTwiceAtOnceIsFetchedTwice()
     QCOMPARE(reloads.size(), 4);
 }
 
-void HtmlTextBrowserTest::noMoreThanSixtyFourAtOnce()
+void HtmlTextBrowserTest::noMoreThanSixtyFourRunAtOnce()
 {
     QCOMPARE(kMaxDownloadsAtOnce, 64);
     m_server->setAnswer({}, page("bytes"));
@@ -388,7 +388,7 @@ void HtmlTextBrowserTest::pagesTakeTheirTurnsApart()
     QVERIFY(m_server->maxConnectionsAtOnce() <= 128);
 }
 
-void HtmlTextBrowserTest::deletedWhileDownloadsRun_data()
+void HtmlTextBrowserTest::mayBeDeletedWhileDownloadsRun_data()
 {
     QTest::addColumn<int>("finished");
     addRow("before the first request", -1);
@@ -397,7 +397,7 @@ void HtmlTextBrowserTest::deletedWhileDownloadsRun_data()
     addRow("when all but the silent ones are there", 20);
 }
 
-void HtmlTextBrowserTest::deletedWhileDownloadsRun()
+void HtmlTextBrowserTest::mayBeDeletedWhileDownloadsRun()
 {
     QFETCH(const int, finished);
     m_server->setAnswer({}, silence());

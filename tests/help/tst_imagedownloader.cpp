@@ -15,8 +15,8 @@ class ImageDownloaderTest : public VemoTest
 private Q_SLOTS:
     void init();
 
-    void itsSignalAndSlotHaveTheirNames();
-    void itIsUnfinishedUntilTheAnswerCame();
+    void signalAndSlotHaveTheirNames();
+    void isUnfinishedUntilTheAnswerComes();
     void theAnswersBodyBecomesTheFile_data();
     void theAnswersBodyBecomesTheFile();
     void aFailedDownloadKeepsTheEarlierFile_data();
@@ -30,8 +30,8 @@ private Q_SLOTS:
     void aPictureOverTheLimitFailsWithOneWarning();
     void downloadsShareOneLimit();
     void aRefusedDownloadFailsLaterWithoutARequest();
-    void deletedAtAnyMomentItSaysNothing_data();
-    void deletedAtAnyMomentItSaysNothing();
+    void emitsNothingIfDeletedAtAnyMoment_data();
+    void emitsNothingIfDeletedAtAnyMoment();
 
 private:
     QString file(const QString &name) const
@@ -65,7 +65,7 @@ int ImageDownloaderTest::download(const QUrl &url)
     return isTheSame ? result : -98;
 }
 
-void ImageDownloaderTest::itsSignalAndSlotHaveTheirNames()
+void ImageDownloaderTest::signalAndSlotHaveTheirNames()
 {
     const QMetaObject &meta = ImageDownloader::staticMetaObject;
     const QMetaMethod finish = meta.method(meta.indexOfSignal("sigDownloadFinish(QString,int)"));
@@ -75,7 +75,7 @@ void ImageDownloaderTest::itsSignalAndSlotHaveTheirNames()
     QCOMPARE(slot.access(), QMetaMethod::Private);
 }
 
-void ImageDownloaderTest::itIsUnfinishedUntilTheAnswerCame()
+void ImageDownloaderTest::isUnfinishedUntilTheAnswerComes()
 {
     ImageDownloader downloader(file("a.png"), QStringLiteral("http://127.0.0.1/a.png"));
     QVERIFY(!downloader.isFinished());
@@ -305,14 +305,14 @@ void ImageDownloaderTest::aRefusedDownloadFailsLaterWithoutARequest()
     QVERIFY(server.requests().isEmpty());
 }
 
-void ImageDownloaderTest::deletedAtAnyMomentItSaysNothing_data()
+void ImageDownloaderTest::emitsNothingIfDeletedAtAnyMoment_data()
 {
     QTest::addColumn<bool>("waitForTheRequest");
     addRow("at once", false);
     addRow("while the server answers", true);
 }
 
-void ImageDownloaderTest::deletedAtAnyMomentItSaysNothing()
+void ImageDownloaderTest::emitsNothingIfDeletedAtAnyMoment()
 {
     QFETCH(const bool, waitForTheRequest);
     Answer answer;

@@ -17,8 +17,8 @@ private Q_SLOTS:
 
     void picturesAppearAtTheirNaturalSize_data();
     void picturesAppearAtTheirNaturalSize();
-    void aPictureThatChangedIsShownAnew_data();
-    void aPictureThatChangedIsShownAnew();
+    void aChangedPictureIsShownAgain_data();
+    void aChangedPictureIsShownAgain();
     void anotherPageShowsItsOwnPictures();
     void pagesGrowWithTheirPictures();
     void aLongPageIsLaidOutOnce_data();
@@ -123,14 +123,14 @@ void PageDisplayTest::picturesAppearAtTheirNaturalSize()
     QTRY_COMPARE(redPixels(), int(pixels * ratio * ratio));
 }
 
-void PageDisplayTest::aPictureThatChangedIsShownAnew_data()
+void PageDisplayTest::aChangedPictureIsShownAgain_data()
 {
     QTest::addColumn<QUrl>("url");
     QTest::newRow("page from the network") << QUrl(QStringLiteral("https://help.vemo.invalid/"));
     QTest::newRow("page from a file") << QUrl(QStringLiteral("file:///help/page.html"));
 }
 
-void PageDisplayTest::aPictureThatChangedIsShownAnew()
+void PageDisplayTest::aChangedPictureIsShownAgain()
 {
     QFETCH(const QUrl, url);
     m_browser->setPageUrl(url);

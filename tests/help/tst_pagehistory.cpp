@@ -23,7 +23,7 @@ private Q_SLOTS:
     void nothingIsOfferedAtFirst();
     void goesBackAndForward_data();
     void goesBackAndForward();
-    void tellsWhatIsAvailable();
+    void reportsWhatIsAvailable();
     void keepsThePlaceThatWasRead_data();
     void keepsThePlaceThatWasRead();
     void anotherPageEndsTheWayForward();
@@ -122,7 +122,7 @@ void PageHistoryTest::goesBackAndForward()
     QCOMPARE(m_server->requests().size(), 3);
 }
 
-void PageHistoryTest::tellsWhatIsAvailable()
+void PageHistoryTest::reportsWhatIsAvailable()
 {
     m_window->setHistoryEnabled(true);
     QSignalSpy changed(m_window.get(), &BrowserWindow::historyChanged);
