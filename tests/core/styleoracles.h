@@ -11,7 +11,7 @@
 
 /// How many seeds are tried, 100,000 texts each. tests/fuzz continues the search.
 constexpr quint32 kSeeds = 4;
-constexpr quint32 kFewSeeds = 2;
+constexpr quint32 kFewSeeds = 1;
 
 QString scaledByRules(const QString &sheet, double factor);
 QString withoutCommentsByRules(QString text);
