@@ -9,6 +9,14 @@
 
 #include <limits>
 
+namespace {
+
+/// Milliseconds. On Windows the primary leaves a pipe open for five seconds, because closing it
+/// discards an answer that has not been read yet.
+constexpr int kClosingPatience = 30000;
+
+} // namespace
+
 class LocalPeerTest : public VemoTest
 {
     Q_OBJECT
@@ -71,8 +79,9 @@ void LocalPeerTest::namesItsSocketAfterTheId()
 void LocalPeerTest::hasTheProgramsPathAsIdWhenNoneIsChosen()
 {
     const LocalPeer peer {QString()};
-    QCOMPARE(peer.id(), QCoreApplication::applicationFilePath());
-    const LocalPeer chosen(QCoreApplication::applicationFilePath());
+    const QString path = QCoreApplication::applicationFilePath();
+    QCOMPARE(peer.id(), kHasSocketFile ? path : path.toLower()); // Windows ignores the case.
+    const LocalPeer chosen(peer.id());
     // Only the readable part differs: it is the last part of the path, "tst_localpeer".
     QVERIFY(peer.socketName().startsWith(QLatin1String("qtsingleapp-tstloc-")));
     QCOMPARE(peer.socketName().mid(19), chosen.socketName().section(QLatin1Char('-'), 2));
@@ -169,7 +178,7 @@ void LocalPeerTest::answersAMessageWithAck()
     QCOMPARE(peer.bytesAvailable(), 0);
     QCOMPARE(received.size(), 0);
     peer.write(bytes.right(1));
-    QTRY_COMPARE(peer.state(), QLocalSocket::UnconnectedState);
+    QTRY_COMPARE_WITH_TIMEOUT(peer.state(), QLocalSocket::UnconnectedState, kClosingPatience);
     QCOMPARE(peer.readAll(), QByteArray("ack"));
     QCOMPARE(received.size(), 1);
     QVERIFY(received.first().first().toString() == message);
@@ -184,8 +193,10 @@ void LocalPeerTest::takesOneMessageFromAConnection()
     const RawPeer peer(folder.socketPath());
     peer.send(frame("one") + frame("two"));
     QTRY_VERIFY(received.size() == 1);
-    QCOMPARE(peer.receive(), QByteArray("ack"));
-    QVERIFY(peer.isClosedByOther());
+    QByteArray answer;
+    QTRY_COMPARE(answer += peer.receive(), QByteArray("ack"));
+    QTRY_VERIFY_WITH_TIMEOUT(peer.isClosedByOther(), kClosingPatience);
+    QCOMPARE(received.size(), 1);
     QCOMPARE(received.first().first().toString(), QStringLiteral("one"));
 }
 

@@ -210,6 +210,9 @@ void WindowsFilesTest::caseOfANameIsNoOtherName()
     const DiskFolder folder;
     folder.write("a.txt", "a");
     QVERIFY(pathExists(folder.path("A.TXT")));
+    QCOMPARE(checkName(folder.path(), "A.txt", "a.txt"), NameProblem::None);
+    QCOMPARE(checkName(folder.path(), "a.txt", "a.txt"), NameProblem::Exists);
+    QCOMPARE(checkName(folder.path(), "A.txt", "b.txt"), NameProblem::Exists);
     QVERIFY(renameEntry(folder.path(), "a.txt", "A.txt").done);
     QCOMPARE(folder.contents().size(), 1); // Wine keeps the old case.
 }

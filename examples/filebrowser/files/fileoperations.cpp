@@ -58,12 +58,11 @@ FileResult resultOf(int error, const QByteArray &path)
 
 } // namespace
 
-NameProblem checkName(const QString &folder, const QString &name)
+NameProblem checkName(const QString &folder, const QString &name, const QString &oldName)
 {
     const NameProblem problem = checkLetters(folder, name);
-    if (problem == NameProblem::None && pathExists(childPath(folder, name)))
-        return NameProblem::Exists;
-    return problem;
+    const bool isFree = isOtherCase(oldName, name) || !pathExists(childPath(folder, name));
+    return problem == NameProblem::None && !isFree ? NameProblem::Exists : problem;
 }
 
 FileResult renameEntry(const QString &folder, const QString &from, const QString &to)

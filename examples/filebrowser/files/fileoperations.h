@@ -7,7 +7,7 @@
 enum class NameProblem {
     None,
     Empty,
-    Reserved, ///< "." or ".."
+    Reserved, ///< "." or "..", or a name to which the system gives another meaning.
     Slash, ///< It contains a slash or the null character.
     TooLong, ///< It has too many bytes for the folder's file system.
     Exists,
@@ -21,7 +21,10 @@ struct FileResult
     QString reason; ///< The system's error message; empty on success.
 };
 
-NameProblem checkName(const QString &folder, const QString &name);
+/// For a new entry, or for one that is to be renamed: if upper and lower case are the same to the
+/// file system, another case of its old name is free.
+NameProblem checkName(
+    const QString &folder, const QString &name, const QString &oldName = QString());
 
 /// Never replaces anything, even if an entry with the new name is created at the same time.
 FileResult renameEntry(const QString &folder, const QString &from, const QString &to);

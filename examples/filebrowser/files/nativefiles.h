@@ -17,6 +17,9 @@ bool isNameTooLong(const QString &folder, const QString &name);
 /// Whether the system gives such a name another meaning, or none. "." and ".." need not be asked.
 bool isNameReserved(const QString &name);
 
+/// Whether the names differ, but not for the system.
+bool isOtherCase(const QString &name, const QString &other);
+
 /// With the user's usual permissions.
 int makeFolder(const QByteArray &path);
 

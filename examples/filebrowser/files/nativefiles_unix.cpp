@@ -61,6 +61,11 @@ bool isNameReserved(const QString &)
     return false;
 }
 
+bool isOtherCase(const QString &, const QString &)
+{
+    return false;
+}
+
 int makeFolder(const QByteArray &path)
 {
     return mkdir(path.constData(), kPermissions) == 0 ? 0 : errno;

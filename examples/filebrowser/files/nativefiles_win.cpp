@@ -74,6 +74,11 @@ bool isNameReserved(const QString &name)
     return endsBadly || isDeviceName(name) || std::any_of(name.begin(), name.end(), isForbidden);
 }
 
+bool isOtherCase(const QString &name, const QString &other)
+{
+    return name != other && name.compare(other, Qt::CaseInsensitive) == 0;
+}
+
 int makeFolder(const QByteArray &path)
 {
     return CreateDirectoryW(windowsPath(path).c_str(), nullptr) ? 0 : lastError();

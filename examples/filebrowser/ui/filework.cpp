@@ -69,7 +69,7 @@ void FileWork::rename(const QString &folder, const QString &from, const QString 
         tellVanished(from);
         return;
     }
-    const NameProblem problem = checkName(folder, to);
+    const NameProblem problem = checkName(folder, to, from);
     if (problem != NameProblem::None) {
         tell(m_window, richText("cannot_rename_to", {from, to}), escaped(problemText(problem)));
         return;
@@ -84,7 +84,8 @@ void FileWork::askRename(const QString &folder, const QString &name)
 {
     const QPointer<FileWork> self(this);
     const QString to = askName(m_window, text("new_name"), placeHint(folder), name,
-        [folder](const QString &entered) { return problemText(checkName(folder, entered)); });
+        [folder, name](
+            const QString &entered) { return problemText(checkName(folder, entered, name)); });
     if (self && !to.isEmpty() && to != name)
         rename(folder, name, to);
 }
