@@ -20,6 +20,7 @@ namespace {
 // Design pixels.
 constexpr int kRowHeight = 28;
 constexpr int kBadgeGap = 8; // between a badge, the text and the end of the row
+constexpr int kPictureGap = 6; // between a picture and the text
 
 QStyle *styleOf(const QStyleOptionViewItem &option)
 {
@@ -30,6 +31,12 @@ QStyle *styleOf(const QStyleOptionViewItem &option)
 int textMargin(const QStyleOptionViewItem &option)
 {
     return styleOf(option)->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+}
+
+/// What Qt's styles, which do not scale their margins, lack of the gap after a picture.
+int missingGap(const QStyleOptionViewItem &option)
+{
+    return qMax(0, scaled(kPictureGap) - 2 * textMargin(option));
 }
 
 QIcon::Mode iconMode(const QStyleOptionViewItem &row)
@@ -44,7 +51,10 @@ QRect iconRect(const QStyleOptionViewItem &row, bool isCollapsed)
 {
     if (isCollapsed)
         return QStyle::alignedRect(row.direction, Qt::AlignCenter, row.decorationSize, row.rect);
-    return styleOf(row)->subElementRect(QStyle::SE_ItemViewItemDecoration, &row, row.widget);
+    const QRect room =
+        styleOf(row)->subElementRect(QStyle::SE_ItemViewItemDecoration, &row, row.widget);
+    const QSize size(room.width() - missingGap(row), room.height());
+    return QStyle::alignedRect(row.direction, Qt::AlignLeft | Qt::AlignVCenter, size, room);
 }
 
 QString firstLetter(const QString &text)
@@ -103,6 +113,13 @@ QSize SideBarDelegate::sizeHint(const QStyleOptionViewItem &option, const QModel
 {
     const int height = QStyledItemDelegate::sizeHint(option, index).height();
     return {0, qMax(height, scaled(kRowHeight)) + headingSize(index).height()};
+}
+
+void SideBarDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (option->features & QStyleOptionViewItem::HasDecoration && !m_list->isCollapsed())
+        option->decorationSize.rwidth() += missingGap(*option);
 }
 
 void SideBarDelegate::paint(

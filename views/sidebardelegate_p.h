@@ -32,6 +32,9 @@ public:
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
         const QModelIndex &index) override;
 
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+
 private:
     QStyleOptionViewItem pageOption(
         const QStyleOptionViewItem &option, const QModelIndex &index) const;

@@ -31,6 +31,8 @@ private Q_SLOTS:
     void badgeIsDrawnAtTheEndOfItsRow();
     void headingBeginsWhereItsPagesDo_data();
     void headingBeginsWhereItsPagesDo();
+    void textKeepsItsDistanceFromThePicture_data() { headingBeginsWhereItsPagesDo_data(); }
+    void textKeepsItsDistanceFromThePicture();
     void longTextLeavesTheBadgeFree();
     void takesAnotherTheme();
     void takesOtherTexts();
@@ -264,6 +266,26 @@ void SideBarLookTest::headingBeginsWhereItsPagesDo()
     QVERIFY(!changed.isEmpty());
     const int middle = before.width() / 2;
     QVERIFY(direction == Qt::LeftToRight ? changed.right() < middle : changed.left() > middle);
+}
+
+void SideBarLookTest::textKeepsItsDistanceFromThePicture()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    const SideBarWindow side;
+    side.window->setLayoutDirection(direction);
+    side.bar->setFixedWidth(DPIinfo::scaled(200));
+    side.bar->insertPage(0, "I");
+    QCoreApplication::processEvents();
+    const auto start = [&](int page) {
+        side.bar->setPageText(page, QString());
+        const QImage before = pictureOf(side, side.page(page));
+        side.bar->setPageText(page, "I");
+        const QRect text = difference(before, pictureOf(side, side.page(page)));
+        return direction == Qt::LeftToRight ? text.left() : before.width() - 1 - text.right();
+    };
+    const int distance = start(1) - start(0); // of a page with a picture and one without
+    const qreal ratio = side.list->devicePixelRatioF();
+    QCOMPARE(distance / ratio, qreal(side.list->iconSize().width() + DPIinfo::scaled(6)));
 }
 
 void SideBarLookTest::longTextLeavesTheBadgeFree()
