@@ -46,6 +46,7 @@ private Q_SLOTS:
     void barIsMirroredFromRightToLeft();
     void losesItsBarAgain();
     void longPageIsSearched();
+    void frameShowsTheFocus();
     void printingIsLeftToTheHost();
     void zoomIsForgottenAtFirst();
     void zoomIsKeptForTheNextWindow_data();
@@ -351,6 +352,20 @@ void BrowserOptionsTest::longPageIsSearched()
     press(Qt::Key_F3, Qt::ShiftModifier);
     QCOMPARE(result(), QString("100,000 of 100,000"));
     QTRY_VERIFY(view()->viewport()->rect().contains(view()->cursorRect()));
+}
+
+void BrowserOptionsTest::frameShowsTheFocus()
+{
+    m_window->show();
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
+    view()->setFocus();
+    QTRY_VERIFY(view()->hasFocus());
+    const QPoint frame(0, view()->height() / 2);
+    const auto colour = [this, frame] { return pixelAt(view(), frame); };
+    QTRY_COMPARE(colour(), QColor("#1769e0"));
+    view()->clearFocus();
+    QTRY_COMPARE(colour(), QColor("#c8d2dc"));
 }
 
 void BrowserOptionsTest::printingIsLeftToTheHost()
