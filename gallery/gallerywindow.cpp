@@ -26,7 +26,8 @@ namespace {
 
 // In design pixels.
 constexpr QSize kWindowSize(1168, 760);
-constexpr int kSidebarWidth = 232;
+constexpr int kSidebarWidth = 232; // with its line
+constexpr int kLineWidth = 1;
 constexpr int kSidebarMargin = 16;
 constexpr int kSidebarGap = 12;
 
@@ -54,6 +55,10 @@ GalleryWindow::GalleryWindow(const Options &options)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(newSidebar());
+    // Not the border of the side bar, which would also be at its right from right to left.
+    auto *line = named("sidebarLine", new QFrame);
+    line->setFixedWidth(DPIinfo::scaled(kLineWidth));
+    layout->addWidget(line);
     layout->addWidget(m_stack, 1);
     addPages();
     connectParts();
@@ -145,7 +150,7 @@ void GalleryWindow::slotSearch()
 QWidget *GalleryWindow::newSidebar()
 {
     auto *sidebar = named("sidebar", new QFrame);
-    sidebar->setFixedWidth(DPIinfo::scaled(kSidebarWidth));
+    sidebar->setFixedWidth(DPIinfo::scaled(kSidebarWidth) - DPIinfo::scaled(kLineWidth));
     auto *layout = new QVBoxLayout(sidebar);
     const int margin = DPIinfo::scaled(kSidebarMargin);
     layout->setContentsMargins(margin, margin, margin, margin);

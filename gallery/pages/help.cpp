@@ -70,7 +70,8 @@ QString htmlOf(const HelpPage &page, const QString &base)
                        .arg(base, page.title, page.intro);
     for (int i = 0; i < kPictures; ++i) {
         const QPixmap pixmap = getGlobalImage(kPictureNames[i]);
-        html += QString("<p><img src=\"%1.png\" width=\"%2\"> &nbsp;%3</p>")
+        html += QString("<p><img src=\"%1.png\" width=\"%2\" "
+                        "style=\"vertical-align: middle\"> &nbsp;%3</p>")
                     .arg(kPictureNames[i])
                     .arg(qRound(pixmap.width() / pixmap.devicePixelRatio()))
                     .arg(page.steps[i]);

@@ -89,14 +89,22 @@ QWidget *statesOf(const QString &name)
     return captioned(sideBySide(pictures), name);
 }
 
+/// The name of a value, in the same size, so that both share a baseline.
+QLabel *nameOf(const QString &name)
+{
+    QLabel *label = text(name);
+    label->setObjectName("valueName");
+    return label;
+}
+
 void addScreen(Page &page)
 {
     const DPIinfo &screen = DPIinfo::getInstance();
     page.addSection("Screen", "Measured once, when it is first asked for.");
     page.addTable({},
-        {{note("DPI factor"), text(QString::number(screen.getDPI(), 'g', 4))},
-            {note("Device pixel ratio"), text(QString::number(screen.getDPR(), 'g', 4))},
-            {note("28px in a style sheet"), text(screen.getScaledStyleSheet("28px"))}});
+        {{nameOf("DPI factor"), text(QString::number(screen.getDPI(), 'g', 4))},
+            {nameOf("Device pixel ratio"), text(QString::number(screen.getDPR(), 'g', 4))},
+            {nameOf("28px in a style sheet"), text(screen.getScaledStyleSheet("28px"))}});
     page.addCode(R"(DPIinfo::getInstance().getDPI(); // 1.5 at 144 dpi
 DPIinfo::getInstance().getScaledStyleSheet("min-height: 28px;");)");
 }
@@ -117,12 +125,12 @@ void addFolders(Page &page)
     const bool isLazy = page.options().pictures == ImageManager::LAZY_LOAD;
     page.addSection("Folders");
     page.addTable({},
-        {{note("resource_path"), path("resource_path")},
-            {note("user_data_path"), path("user_data_path")},
-            {note("Pictures"),
+        {{nameOf("resource_path"), path("resource_path")},
+            {nameOf("user_data_path"), path("user_data_path")},
+            {nameOf("Pictures"),
                 currentText([] { return ImageManager::getInstance().getImageFolder(); })},
-            {note("Generated pictures"), text(ImageManager::getInstance().getTempImageFolder())},
-            {note("Pictures are loaded"), text(isLazy ? "on first use" : "at the start")}});
+            {nameOf("Generated pictures"), text(ImageManager::getInstance().getTempImageFolder())},
+            {nameOf("Pictures are loaded"), text(isLazy ? "on first use" : "at the start")}});
     page.addCode(R"(UIPathManager::getInstance().setPath("resource_path", ":/vemo/theme");
 ImageManager::getInstance().initialize(ImageManager::LAZY_LOAD);)");
 }

@@ -100,6 +100,7 @@ QSlider *newSlider(Qt::Orientation orientation, QSlider::TickPosition ticks)
 {
     auto *slider = named(new QSlider(orientation), "Volume");
     slider->setTickPosition(ticks);
+    slider->setTickInterval(10); // Otherwise QSlider draws more of them on a longer groove.
     slider->setValue(40);
     if (orientation == Qt::Horizontal)
         slider->setFixedWidth(DPIinfo::scaled(kLength));

@@ -8,19 +8,26 @@
 #include "support/testhost.h"
 
 #include <vemo/defaulttheme.h>
+#include <vemo/dpiinfo.h>
+#include <vemo/uipathmanager.h>
 #include <vemo/vemobutton.h>
 
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QAction>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSlider>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QTableView>
+#include <QTextBlock>
+#include <QTextDocument>
 
 namespace {
 
@@ -147,6 +154,11 @@ private Q_SLOTS:
     void theClearButtonShowsBesideTextAndEmptiesIt();
     void textsBeginAtTheWindowsSide_data();
     void textsBeginAtTheWindowsSide();
+    void lineIsBetweenTheListAndThePage_data() { rowsAreSelectedInEitherDirection_data(); }
+    void lineIsBetweenTheListAndThePage();
+    void namesShareTheBaselineOfTheirValues();
+    void ticksOfSlidersHaveADistanceOfTheirOwn();
+    void picturesOfTheHelpAreInLineWithTheirTexts();
     void rowsAreSelectedInEitherDirection_data();
     void rowsAreSelectedInEitherDirection();
     void codeCanBeSelected();
@@ -352,6 +364,74 @@ void GalleryWindowTest::textsBeginAtTheWindowsSide()
     QVERIFY(label->width() > 300);
     QCOMPARE(hasInk(picture, left), isOnTheLeft);
     QCOMPARE(hasInk(picture, right), !isOnTheLeft);
+}
+
+void GalleryWindowTest::lineIsBetweenTheListAndThePage()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    QGuiApplication::setLayoutDirection(direction);
+    Gallery gallery;
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    const QImage picture = gallery.window.grab().toImage();
+    const int y = picture.height() / 2;
+    const int width = qRound(DPIinfo::scaled(232) * picture.devicePixelRatio()); // with the line
+    const QColor line("#c8d2dc");
+    const bool isMirrored = direction == Qt::RightToLeft;
+    const int inner = isMirrored ? picture.width() - width : width - 1;
+    const int outer = isMirrored ? picture.width() - 1 : 0;
+    QCOMPARE(picture.pixelColor(inner, y), line);
+    QVERIFY(picture.pixelColor(outer, y) != line);
+}
+
+void GalleryWindowTest::namesShareTheBaselineOfTheirValues()
+{
+    Gallery gallery("Resources");
+    gallery.window.growToPage();
+    QCoreApplication::sendPostedEvents();
+    const QWidget *page = gallery.stack->currentWidget();
+    const auto baseline = [page](const QLabel *label) {
+        const QRect text = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignLeft | Qt::AlignVCenter,
+            {1, label->fontMetrics().height()}, label->contentsRect());
+        return label->mapTo(page, text.topLeft()).y() + label->fontMetrics().ascent();
+    };
+    const QList<QLabel *> names = page->findChildren<QLabel *>("valueName");
+    const QList<QLabel *> values = page->findChildren<QLabel *>("text");
+    QCOMPARE(names.size(), 8);
+    for (int i = 0; i < names.size(); ++i)
+        QCOMPARE(baseline(names[i]), baseline(values[i]));
+}
+
+void GalleryWindowTest::ticksOfSlidersHaveADistanceOfTheirOwn()
+{
+    const Gallery gallery("Qt choices and ranges");
+    int slidersWithTicks = 0;
+    for (const QSlider *slider : gallery.stack->currentWidget()->findChildren<QSlider *>()) {
+        if (slider->tickPosition() == QSlider::NoTicks)
+            continue;
+        ++slidersWithTicks;
+        QCOMPARE(slider->tickInterval(), 10);
+    }
+    QCOMPARE(slidersWithTicks, 2);
+}
+
+void GalleryWindowTest::picturesOfTheHelpAreInLineWithTheirTexts()
+{
+    const Gallery gallery("Help");
+    QFile file(UIPathManager::getInstance().getPath("user_data_path") + "/help/enu/backup.html");
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QTextDocument help;
+    help.setHtml(QString::fromUtf8(file.readAll()));
+    int pictures = 0;
+    for (QTextBlock block = help.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextCharFormat format = part.fragment().charFormat();
+            if (!format.isImageFormat())
+                continue;
+            ++pictures;
+            QCOMPARE(format.verticalAlignment(), QTextCharFormat::AlignMiddle);
+        }
+    }
+    QCOMPARE(pictures, 3);
 }
 
 void GalleryWindowTest::rowsAreSelectedInEitherDirection_data()
