@@ -24,6 +24,8 @@ private Q_SLOTS:
     void sheetsMayGiveAFieldALowerHeight();
     void menuEntriesLookDifferent();
     void menuTextsLineUp();
+    void theFocusLeavesAMenuEntryInItsPlace_data();
+    void theFocusLeavesAMenuEntryInItsPlace();
 };
 
 namespace {
@@ -200,9 +202,39 @@ void ControlLookTest::menuTextsLineUp()
         return -1;
     };
     QVERIFY(textStart(1) > 0);
-    // Icons take Qt's own width, which rounds otherwise than the theme's lengths.
-    QVERIFY(qAbs(textStart(0) - textStart(1)) <= 2);
+    QCOMPARE(textStart(0), textStart(1));
     QCOMPARE(textStart(2), textStart(1));
+}
+
+void ControlLookTest::theFocusLeavesAMenuEntryInItsPlace_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::newRow("with an icon") << 0;
+    QTest::newRow("plain") << 1;
+    QTest::newRow("checked") << 2;
+}
+
+void ControlLookTest::theFocusLeavesAMenuEntryInItsPlace()
+{
+    QFETCH(const int, index);
+    const QScopedPointer<QMenu> menu(newMenu());
+    const QRect area = menu->actionGeometry(menu->actions().at(index));
+    // Both grounds are light, and so is what the frame of the focus leaves inside.
+    const auto ink = [&] {
+        const QImage picture = menu->grab(area.adjusted(4, 4, -4, -4)).toImage();
+        QRegion region;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y).lightness() < 120)
+                    region += QRect(x, y, 1, 1);
+            }
+        }
+        return region.boundingRect();
+    };
+    const QRect rest = ink();
+    QVERIFY(!rest.isEmpty());
+    menu->setActiveAction(menu->actions().at(index));
+    QCOMPARE(ink(), rest);
 }
 
 VEMO_TEST_MAIN(ControlLookTest)
