@@ -2,6 +2,7 @@
 #include <vemo/vemocombobox.h>
 
 #include "controls/accessiblecombobox_p.h"
+#include "controls/editmargins_p.h"
 #include "controls/growntofont_p.h"
 #include "controls/popuppainting_p.h"
 #include "controls/spokentooltip_p.h"
@@ -22,7 +23,6 @@
 namespace {
 
 constexpr double kSidePadding = 6.0; // design pixels
-constexpr int kEditMargin = 2; // Screen pixels: QLineEdit's own.
 constexpr int kListGap = 2; // Screen pixels: deliberately not scaled.
 
 QString paddingRules()
@@ -102,9 +102,6 @@ private:
     QWidget *m_box; // The parent of the pop-up.
 };
 
-// QLineEdit keeps two pixels free on either side of its text. The size hint of an editable box does
-// not account for them, so that its widest text was cut; and the text began further in than that of
-// a box that is not editable.
 class EditMargins : public QObject
 {
 public:
@@ -115,7 +112,7 @@ public:
         if (event->type() == QEvent::ChildPolished) {
             auto *edit = qobject_cast<QLineEdit *>(static_cast<QChildEvent *>(event)->child());
             if (edit && edit->textMargins().isNull())
-                edit->setTextMargins(-kEditMargin, 0, -kEditMargin, 0);
+                beginLikeBox(edit);
         }
         return false;
     }

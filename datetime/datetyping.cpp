@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "datetime/datetyping_p.h"
 
+#include "controls/editmargins_p.h"
 #include "datetime/leadingtext_p.h"
 
 #include <vemo/vemocalanderview.h>
@@ -27,6 +28,7 @@ DateTyping::DateTyping(VemoDateSelector *field) : QObject(field), m_field(field)
     field->setEditable(true);
     field->setInsertPolicy(QComboBox::NoInsert);
     field->setCompleter(nullptr);
+    beginLikeBox(field->lineEdit());
     new LeadingText(field->lineEdit());
     connect(field->lineEdit(), &QLineEdit::editingFinished, this, [this] { take(); });
     connect(field, qOverload<int>(&QComboBox::currentIndexChanged), this, [this] { showDate(); });
