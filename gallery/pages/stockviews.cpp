@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "gallery/demotexts.h"
 #include "gallery/page.h"
 #include "gallery/pages/pages.h"
 #include "gallery/specimens.h"
@@ -108,14 +109,17 @@ QTreeWidget *newTree()
 {
     auto *tree = named(sized(new QTreeWidget, kHeight), "Backup");
     tree->setHeaderLabels({"Name", "Size"});
-    auto *root = new QTreeWidgetItem(tree, {"Backup", "12 MB"});
-    auto *child = new QTreeWidgetItem(root, {"Music", "8 MB"});
-    new QTreeWidgetItem(child, {"Songs", "8 MB"});
-    auto *choice = new QTreeWidgetItem(root, {"Notes", "4 MB"});
+    auto *root = new QTreeWidgetItem(tree, {"Backup", demoSize(12, "MB")});
+    auto *child = new QTreeWidgetItem(root, {"Music", demoSize(8, "MB")});
+    new QTreeWidgetItem(child, {"Songs", demoSize(8, "MB")});
+    auto *choice = new QTreeWidgetItem(root, {"Notes", demoSize(4, "MB")});
     choice->setCheckState(0, Qt::PartiallyChecked);
     tree->expandAll();
     tree->setCurrentItem(child);
     tree->setSortingEnabled(true);
+    // In Arabic the calendar is wide, and leaves little for the other columns of the page.
+    tree->header()->setStretchLastSection(false);
+    tree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     return tree;
 }
@@ -126,7 +130,7 @@ QTableWidget *newTable()
     table->setHorizontalHeaderLabels({"Name", "Size", "Kind"});
     for (int row = 0; row < 6; ++row) {
         table->setItem(row, 0, new QTableWidgetItem(QString("File %1").arg(row + 1)));
-        table->setItem(row, 1, new QTableWidgetItem(QString("%1 KB").arg(row * 7 + 3)));
+        table->setItem(row, 1, new QTableWidgetItem(demoSize(row * 7 + 3, "KB")));
         table->setItem(row, 2, new QTableWidgetItem("Text"));
     }
     table->setCurrentCell(1, 1);

@@ -19,8 +19,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLayout>
+#include <QScopeGuard>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <QTreeWidget>
 
 namespace {
 
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void aDesktopLanguageBringsNumbersAndCharacters();
     void pagesAreWholeAndAsWideAsTheWindow_data() { addLanguages(); }
     void pagesAreWholeAndAsWideAsTheWindow();
+    void aTreeShowsItsTextsWholeInArabic();
     void aMessageSheetIsWhole_data() { addLanguages(); }
     void aMessageSheetIsWhole();
     void aCalendarShowsEveryMonthWhole_data() { addLanguages(); }
@@ -152,6 +155,31 @@ void LanguagesTest::pagesAreWholeAndAsWideAsTheWindow()
             faults += QString("%1: %2").arg(pageTitles().at(index), line);
     }
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
+}
+
+// The calendar beside it has long names of days.
+void LanguagesTest::aTreeShowsItsTextsWholeInArabic()
+{
+    speak("ara");
+    const auto back = qScopeGuard([] { speak("enu"); });
+    Options options;
+    options.language = "ara";
+    options.userFolder = m_userFolder.path();
+    GalleryWindow window(options);
+    window.setAttribute(Qt::WA_DontShowOnScreen);
+    window.show();
+    window.showPage(pageTitles().indexOf("Qt tabs and views"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    const auto *area =
+        qobject_cast<QScrollArea *>(window.findChild<QStackedWidget *>()->currentWidget());
+    auto *tree = area->widget()->findChild<QTreeWidget *>();
+    for (QTreeWidgetItemIterator item(tree); *item; ++item) {
+        const QModelIndex index =
+            tree->indexAt(tree->visualItemRect(*item).center()).siblingAtColumn(0);
+        const int wanted = tree->fontMetrics().horizontalAdvance((*item)->text(0));
+        QVERIFY2(
+            tree->visualRect(index).width() > wanted + scaled(10), qPrintable((*item)->text(0)));
+    }
 }
 
 void LanguagesTest::aMessageSheetIsWhole()
