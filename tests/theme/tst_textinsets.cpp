@@ -13,6 +13,7 @@
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotreewidget.h>
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QHeaderView>
 #include <QLabel>
@@ -22,6 +23,7 @@
 #include <QTableWidget>
 #include <QTextBrowser>
 #include <QTextEdit>
+#include <QToolBox>
 
 #include <functional>
 
@@ -107,6 +109,10 @@ private Q_SLOTS:
     void theLinesOfAWrappedTextBeginBelowEachOther();
     void renamingLeavesTheNameInItsPlace_data();
     void renamingLeavesTheNameInItsPlace();
+    void aDateBeginsInTheSamePlaceIfItCanBeTyped();
+    void aHeaderHasASeparatorBehindEachColumn_data();
+    void aHeaderHasASeparatorBehindEachColumn();
+    void theIconOfATabOfAToolBoxIsInTheMiddle();
     void anEditableBoxShowsItsWidestTextWhole();
     void aListMarksItsRowsAsAMenuDoes_data();
     void aListMarksItsRowsAsAMenuDoes();
@@ -297,6 +303,65 @@ void TextInsetsTest::renamingLeavesTheNameInItsPlace()
     const int edited = edgeOf(inkOf(editor->grab().toImage(), 0)) + editor->x() - row.x();
     // A frame of two pixels takes one more, and the cursor has its place at the right.
     QVERIFY2(qAbs(edited - rest) <= 2, qPrintable(QString("%1, not %2").arg(edited).arg(rest)));
+}
+
+void TextInsetsTest::aDateBeginsInTheSamePlaceIfItCanBeTyped()
+{
+    VemoDateSelector field(kText, nullptr);
+    field.resize(scaled(200), scaled(32));
+    field.setDate(QDate(2026, 11, 23));
+    const auto begin = [&] { return inkOf(field.grab().toImage()).left(); };
+    const int before = begin();
+    field.setTypingEnabled(true);
+    QVERIFY(qAbs(begin() - before) <= 1);
+}
+
+void TextInsetsTest::aHeaderHasASeparatorBehindEachColumn_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    addRow("from left to right", Qt::LeftToRight);
+    addRow("from right to left", Qt::RightToLeft);
+}
+
+void TextInsetsTest::aHeaderHasASeparatorBehindEachColumn()
+{
+    QFETCH(const Qt::LayoutDirection, direction);
+    QGuiApplication::setLayoutDirection(direction);
+    VemoTableColumnsInfo columns;
+    columns.addColumn(QString(), 100, false, 0);
+    columns.addColumn(QString(), 100, false, 0);
+    VemoTableWidget widget(columns);
+    widget.resize(scaled(240), scaled(120));
+    widget.show();
+    const QImage picture = widget.grab().toImage();
+    const double ratio = picture.devicePixelRatio();
+    const int y = qRound(widget.getHeader()->height() * ratio / 2);
+    const QColor line = defaultThemeColor("line");
+    int separators = 0;
+    for (int x = 1; x < picture.width(); ++x)
+        separators += picture.pixelColor(x, y) == line && picture.pixelColor(x - 1, y) != line;
+    QCOMPARE(separators, 2);
+}
+
+void TextInsetsTest::theIconOfATabOfAToolBoxIsInTheMiddle()
+{
+    QPixmap square(scaled(16), scaled(16));
+    square.fill(Qt::black);
+    QToolBox box;
+    box.addItem(new QWidget, square, QString());
+    box.resize(scaled(200), scaled(100));
+    box.show();
+    const auto *tab = box.findChild<QAbstractButton *>();
+    const QImage picture = box.grab(tab->geometry()).toImage();
+    const double ratio = picture.devicePixelRatio();
+    const int x = qRound((scaled(8) + scaled(8)) * ratio);
+    int top = 0;
+    while (top < picture.height() && picture.pixelColor(x, top) != QColor(Qt::black))
+        ++top;
+    int bottom = picture.height() - 1;
+    while (bottom >= 0 && picture.pixelColor(x, bottom) != QColor(Qt::black))
+        --bottom;
+    QVERIFY(qAbs(top - (picture.height() - 1 - bottom)) <= ratio);
 }
 
 void TextInsetsTest::anEditableBoxShowsItsWidestTextWhole()
