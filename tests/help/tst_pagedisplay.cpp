@@ -77,7 +77,8 @@ void PageDisplayTest::init()
 {
     VemoTest::init();
     m_server.reset(new TestServer);
-    m_server->setAnswer({}, latePicture({50, 40}));
+    // Multiples of four, which are whole at the ratios 1.25, 1.5 and 1.75 too.
+    m_server->setAnswer({}, latePicture({52, 40}));
     m_browser.reset(new HtmlTextBrowser(nullptr));
     m_browser->resize(350, 250);
     m_browser->show();
@@ -96,7 +97,7 @@ void PageDisplayTest::picturesAppearAtTheirNaturalSize_data()
 {
     QTest::addColumn<QString>("body");
     QTest::addColumn<int>("pixels");
-    const int one = 50 * 40;
+    const int one = 52 * 40;
     addRow("one", "<img src=\"a.png\">", one);
     addRow("below text", "<p>text<p><img src=\"a.png\"><p>text", one);
     addRow("by the parent folder", "<img src=\"../image/a.png\">", one);
@@ -105,7 +106,7 @@ void PageDisplayTest::picturesAppearAtTheirNaturalSize_data()
     addRow("by another such name", "<img src=\"com1.png\">", one);
     addRow("twice", "<img src=\"a.png\"><br><img src=\"a.png\">", 2 * one);
     addRow("two", "<img src=\"a.png\"> <img src=\"b.png\">", 2 * one);
-    addRow("with a size of the page's", "<img width=\"20\" height=\"10\" src=\"a.png\">", 200);
+    addRow("with a size of the page's", "<img width=\"20\" height=\"12\" src=\"a.png\">", 240);
     addRow("in a table", "<table><tr><td><img src=\"a.png\"></td></tr></table>", one);
     addRow("in a folder that is not there", "<img src=\"x/a.png\">", 0);
     addRow("by a root path", "<img src=\"/a.png\">", 0);
@@ -146,12 +147,12 @@ void PageDisplayTest::anotherPageShowsItsOwnPictures()
 {
     m_browser->setHtmlContent(html(QStringLiteral("<img src=\"a.png\">")));
     QTRY_VERIFY(redPixels() > 0);
-    m_server->setAnswer("/b.png", latePicture({50, 60}));
+    m_server->setAnswer("/b.png", latePicture({52, 60}));
     m_browser->setHtmlContent(html(QStringLiteral("<img src=\"b.png\">")));
     QCOMPARE(redPixels(), 0);
     QTRY_VERIFY(isIdle());
     const qreal ratio = m_browser->devicePixelRatioF();
-    QTRY_COMPARE(redPixels(), int(50 * 60 * ratio * ratio));
+    QTRY_COMPARE(redPixels(), int(52 * 60 * ratio * ratio));
 }
 
 void PageDisplayTest::pagesGrowWithTheirPictures()
