@@ -3,6 +3,7 @@
 
 #include <QCryptographicHash>
 #include <QDataStream>
+#include <QIODevice>
 #include <QWidget>
 
 namespace {

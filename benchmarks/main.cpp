@@ -28,6 +28,8 @@ void setUpScreen()
     for (const char *variable :
         {"QT_ENABLE_HIGHDPI_SCALING", "QT_AUTO_SCREEN_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS"})
         qunsetenv(variable);
+    if (QT_VERSION_MAJOR > 5) // Otherwise QT_FONT_DPI would become a device pixel ratio.
+        qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
 }
 
 /// Keeps messages that the offscreen platform logs for each window out of the table.
