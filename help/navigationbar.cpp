@@ -18,6 +18,7 @@
 #include <QSplitter>
 #include <QToolButton>
 
+#include <algorithm>
 #include <initializer_list>
 #include <memory>
 
@@ -65,6 +66,8 @@ NavigationBar::NavigationBar(HtmlTextBrowser *view, const Addresses &addresses)
     connect(view, &HtmlTextBrowser::sigPageShown, this, &NavigationBar::followPage);
     connect(view, &HtmlTextBrowser::sigAnchorShown, this, &NavigationBar::followPage);
     connect(view, &HtmlTextBrowser::sigLinkFollowed, this, &NavigationBar::sigGoing);
+    addFocusKey(Qt::Key_F6, 1);
+    addFocusKey(Qt::SHIFT | Qt::Key_F6, -1);
 }
 
 void NavigationBar::setHistoryEnabled(bool enabled)
@@ -214,6 +217,36 @@ void NavigationBar::open(const QUrl &target)
     }
     Q_EMIT sigGoing();
     m_view->openAnchor(target.fragment());
+}
+
+void NavigationBar::addFocusKey(const QKeySequence &key, int step)
+{
+    auto *action = new QAction(this);
+    action->setShortcut(key);
+    addAction(action);
+    connect(action, &QAction::triggered, this, [this, step] { moveFocus(step); });
+}
+
+/// Moves the focus to the next or the previous one of page, bar and contents. Tab would stop at
+/// each link of the page.
+void NavigationBar::moveFocus(int step)
+{
+    QVector<QWidget *> parts {m_view};
+    for (QToolButton *button : {m_toggle, m_back, m_forward}) {
+        if (button && button->isEnabled()) {
+            parts += button; // the first one represents the bar
+            break;
+        }
+    }
+    if (m_tree && !m_tree->isHidden())
+        parts += m_tree;
+    const QWidget *focus = window()->focusWidget();
+    const auto holdsFocus = [this, focus](const QWidget *part) {
+        return part == focus || (isAncestorOf(part) && isAncestorOf(focus));
+    };
+    const auto current = std::find_if(parts.begin(), parts.end(), holdsFocus);
+    const int from = current == parts.end() ? 0 : int(current - parts.begin());
+    parts.at((from + step + parts.size()) % parts.size())->setFocus(Qt::ShortcutFocusReason);
 }
 
 void NavigationBar::followPage()

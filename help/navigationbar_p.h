@@ -65,6 +65,8 @@ private:
     void removeTree();
     void toggleTree();
     void open(const QUrl &target);
+    void addFocusKey(const QKeySequence &key, int step);
+    void moveFocus(int step);
     bool matches(const QUrl &target, QUrl::FormattingOptions ignored) const;
     int entryOfPage() const;
     void setTabOrders();

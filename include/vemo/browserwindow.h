@@ -124,6 +124,8 @@ public:
     /// A button in a bar above the page and F9 hide and show the table. Looks up the sections
     /// "component.help_contents" and "component.icon_button", the picture "bt_details", and the
     /// string "help_contents".
+    ///
+    /// With a history or contents, F6 moves the focus between the page, the bar and the table.
     void setContents(const QVector<ContentsEntry> &entries);
     QVector<ContentsEntry> contents() const; ///< the table of contents
 

@@ -36,6 +36,8 @@ private Q_SLOTS:
     void tableIsHiddenAndShown_data();
     void tableIsHiddenAndShown();
     void tabLeadsFromTheTableToThePage();
+    void f6MovesTheFocusBetweenTheParts_data();
+    void f6MovesTheFocusBetweenTheParts();
     void titlesArePlainText();
     void tableIsNamedInTheLanguageShown();
     void tableIsMirroredFromRightToLeft();
@@ -298,6 +300,50 @@ void PageContentsTest::tabLeadsFromTheTableToThePage()
     QTRY_VERIFY(view()->hasFocus());
     press(Qt::Key_Backtab, Qt::ShiftModifier);
     QTRY_VERIFY(tree()->hasFocus());
+}
+
+void PageContentsTest::f6MovesTheFocusBetweenTheParts_data()
+{
+    QTest::addColumn<QString>("offered");
+    QTest::addColumn<QStringList>("parts"); // in the order of F6, from the page back to it
+    addRow("history and contents", QString("contents, history, earlier page"),
+        QStringList {"Contents", "table", "page"});
+    addRow("contents", QString("contents"), QStringList {"Contents", "table", "page"});
+    addRow("hidden contents", QString("hidden contents"), QStringList {"Contents", "page"});
+    addRow("history", QString("history, earlier page"), QStringList {"Back", "page"});
+    addRow("history of one page", QString("history"), QStringList {"page"});
+}
+
+void PageContentsTest::f6MovesTheFocusBetweenTheParts()
+{
+    QFETCH(QString, offered);
+    QFETCH(QStringList, parts);
+    openHelp();
+    if (offered.contains("earlier page"))
+        follow("two.html");
+    m_window->setHistoryEnabled(offered.contains("history"));
+    if (offered.contains("hidden"))
+        press(Qt::Key_F9);
+    else if (!offered.contains("contents"))
+        m_window->setContents({});
+    view()->setFocus();
+    const auto focused = [this] {
+        const QWidget *part = m_window->focusWidget();
+        return part == view() ? "page" : part == tree() ? "table" : part->accessibleName();
+    };
+    for (const QString &part : qAsConst(parts)) {
+        press(Qt::Key_F6);
+        QCOMPARE(focused(), part);
+    }
+    for (int i = parts.size() - 1; i > 0; --i) {
+        press(Qt::Key_F6, Qt::ShiftModifier);
+        QCOMPARE(focused(), parts.at(i - 1));
+    }
+    if (offered.contains("earlier page")) {
+        button("Back")->setFocus(); // any button of the bar
+        press(Qt::Key_F6, Qt::ShiftModifier);
+        QCOMPARE(focused(), QString("page"));
+    }
 }
 
 void PageContentsTest::titlesArePlainText()
