@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QStyle>
+#include <QStyleOptionFrame>
 #include <QTextBrowser>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -65,6 +66,7 @@ FindBar::FindBar(QTextBrowser *view)
     m_text->setStyleSheet(getStyleSheet("component.lineedit"));
     m_result->setStyleSheet(getStyleSheet("component.label"));
     m_result->setTextFormat(Qt::PlainText);
+    growToFont();
     setTexts();
     connect(m_text, &QLineEdit::textEdited, this, [this] { find(FROM_SELECTION); });
     connect(m_previous, &QToolButton::clicked, this, [this] { find(BACKWARD); });
@@ -82,6 +84,7 @@ void FindBar::open()
         && !selected.contains(QChar::LineSeparator);
     if (isOneLine)
         m_text->setText(selected);
+    growToFont();
     show();
     m_escape->setEnabled(true);
     m_text->setFocus(Qt::ShortcutFocusReason);
@@ -209,4 +212,17 @@ void FindBar::setTexts()
     setName(m_previous, stringOf("find_previous"));
     setName(m_next, stringOf("find_next"));
     setName(m_close, stringOf("accessible_close"));
+}
+
+/// The style sheet gives the field a height in pixels, which does not grow with the font.
+void FindBar::growToFont()
+{
+    m_text->ensurePolished();
+    QStyleOptionFrame option;
+    option.initFrom(m_text);
+    option.rect = QRect(QPoint(), m_text->sizeHint());
+    const QRect text =
+        m_text->style()->subElementRect(QStyle::SE_LineEditContents, &option, m_text);
+    const int lacking = m_text->fontMetrics().height() - text.height();
+    m_text->setMinimumHeight(option.rect.height() + qMax(0, lacking));
 }

@@ -43,6 +43,7 @@ private:
     void showResult(const QString &text, bool isMissing);
     void forgetMatch();
     void setTexts();
+    void growToFont();
 
     QTextBrowser *m_view;
     QLineEdit *m_text;

@@ -4,6 +4,7 @@
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
+#include <vemo/browserwindow.h>
 #include <vemo/itemdelegate.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobadge.h>
@@ -117,6 +118,31 @@ Specimen headingSpecimen()
     };
     return {make, [](QWidget *bar, const QString &text) {
                 static_cast<VemoSideBar *>(bar)->setGroupText(0, text);
+            }};
+}
+
+Specimen findSpecimen()
+{
+    const auto make = [] {
+        auto *window = new BrowserWindow;
+        window->setFindEnabled(true);
+        window->findChild<QLineEdit *>()->parentWidget()->show();
+        return window;
+    };
+    return {make, [](QWidget *window, const QString &text) {
+                window->findChild<QLineEdit *>()->setText(text);
+            }};
+}
+
+Specimen contentsSpecimen()
+{
+    const auto make = [] {
+        auto *window = new BrowserWindow;
+        window->setContents({{kTallText, 0, QUrl()}});
+        return window;
+    };
+    return {make, [](QWidget *window, const QString &text) {
+                window->findChild<QTreeWidget *>()->topLevelItem(0)->setText(0, text);
             }};
 }
 
@@ -335,6 +361,8 @@ void FontSizesTest::noLetterIsCut_data()
     add("VemoMessageBar", messageSpecimen());
     add("page of a side bar", pageSpecimen());
     add("heading of a side bar", headingSpecimen());
+    add("text to find in a page", findSpecimen());
+    add("entry of a help window's contents", contentsSpecimen());
     add("VemoMenu", menuSpecimen());
     add("cell of a table", cellSpecimen());
     // Deliberate: these have a fixed height.
