@@ -5,12 +5,14 @@
 
 #include <vemo/dpiinfo.h>
 #include <vemo/filesystemtreewidgetitem.h>
+#include <vemo/imagemanager.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemobuttonpath.h>
 #include <vemo/vemoiconbutton.h>
 #include <vemo/vemopagingbar.h>
 #include <vemo/vemopagingmodel.h>
+#include <vemo/vemosidebar.h>
 #include <vemo/vemotableview.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotreewidget.h>
@@ -20,9 +22,11 @@
 #include <QDeadlineTimer>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStackedWidget>
 #include <QToolButton>
 #include <QWindow>
 
@@ -695,6 +699,82 @@ void pagingSet(bench::Case &c)
     c.ours([=] { return ours->setPage(*ourPage = *ourPage % kPages + 1); });
 }
 
+// The pages of a window
+
+constexpr int kPagesOfWindow = 12;
+
+/// A list of pages and the pages, of which the next one is shown and painted.
+template <typename List> struct PagesWindow
+{
+    QWidget window;
+    List *list = new List;
+    QStackedWidget *stack = new QStackedWidget;
+
+    PagesWindow()
+    {
+        auto *row = new QHBoxLayout(&window);
+        row->addWidget(list);
+        row->addWidget(stack);
+        for (int i = 0; i < kPagesOfWindow; ++i)
+            stack->addWidget(new QWidget);
+        window.resize(500, 500);
+    }
+    void show()
+    {
+        window.show();
+        waitUntilExposed(window);
+    }
+};
+
+struct StockPages : PagesWindow<QListWidget>
+{
+    StockPages()
+    {
+        list->setStyleSheet(
+            getStyleSheet("component.side_bar") + getStyleSheet("component.scrollbar"));
+        for (int i = 0; i < kPagesOfWindow; ++i)
+            new QListWidgetItem(
+                getGlobalIcon("bt_settings"), QStringLiteral("Page %1").arg(i), list);
+        QObject::connect(
+            list, &QListWidget::currentRowChanged, stack, &QStackedWidget::setCurrentIndex);
+        show();
+    }
+    int next()
+    {
+        list->setCurrentRow((list->currentRow() + 1) % kPagesOfWindow);
+        process();
+        return stack->currentIndex();
+    }
+};
+
+struct OurPages : PagesWindow<VemoSideBar>
+{
+    OurPages()
+    {
+        for (int i = 0; i < kPagesOfWindow; ++i)
+            list->addPage(QStringLiteral("Page %1").arg(i), QStringLiteral("bt_settings"));
+        list->setStack(stack);
+        show();
+    }
+    int next()
+    {
+        list->setCurrentIndex((list->currentIndex() + 1) % kPagesOfWindow);
+        process();
+        return stack->currentIndex();
+    }
+};
+
+void sideChoose(bench::Case &c)
+{
+    bench::useTheme();
+    const auto stock = std::make_shared<StockPages>();
+    const auto ours = std::make_shared<OurPages>();
+    c.goal(1.25);
+    c.reference(
+        QStringLiteral("QListWidget and QStackedWidget"), [stock] { return stock->next(); });
+    c.ours([ours] { return ours->next(); });
+}
+
 } // namespace
 
 void bench::viewsCases(Cases &cases)
@@ -715,4 +795,5 @@ void bench::viewsCases(Cases &cases)
     for (const int depth : {5, 50, 500})
         cases.add(QStringLiteral("path.refresh/%1").arg(depth), pathRefresh(depth));
     cases.add(QStringLiteral("paging.set/painted"), pagingSet);
+    cases.add(QStringLiteral("side.choose/painted"), sideChoose);
 }

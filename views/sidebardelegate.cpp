@@ -242,14 +242,14 @@ void SideBarDelegate::paintPage(
 {
     const QIcon icon = page.icon;
     const bool hasIcon = !icon.isNull();
-    const QRect picture = iconRect(page, m_list->isCollapsed());
+    const QRect picture = hasIcon ? iconRect(page, m_list->isCollapsed()) : QRect();
     // Qt would tint it in the selected row.
     page.icon = QIcon();
     if (m_list->isCollapsed()) {
         page.features &= ~QStyleOptionViewItem::HasDecoration;
         page.displayAlignment = Qt::AlignCenter;
         page.text = hasIcon ? QString() : firstLetter(page.text);
-    } else {
+    } else if (index.data(BadgeRole).toInt() > 0) { // Qt elides a text that has the row to itself.
         page.text = page.fontMetrics.elidedText(page.text, Qt::ElideRight, textRoom(page, index));
     }
     styleOf(page)->drawControl(QStyle::CE_ItemViewItem, &page, painter, page.widget);

@@ -212,17 +212,20 @@ void VemoTreeWidget::drawRow(
     QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const QTreeWidgetItem *item = itemFromIndex(index);
-    QStyleOptionViewItem row = option;
     if (item) {
         if (isSelected(index))
             drawHighlight(painter, option.rect, m_selected_color);
         else if (isHovered(option.rect))
             drawHighlight(painter, option.rect, m_hover_color);
-        // Deliberate: the text of a row without a check box looks disabled, although it can be
-        // selected.
-        if (!(item->flags() & Qt::ItemIsUserCheckable))
-            row.state &= ~QStyle::State_Enabled;
     }
+    if (!item || item->flags() & Qt::ItemIsUserCheckable) {
+        QTreeView::drawRow(painter, option, index);
+        return;
+    }
+    // Deliberate: the text of a row without a check box looks disabled, although it can be
+    // selected.
+    QStyleOptionViewItem row = option;
+    row.state &= ~QStyle::State_Enabled;
     QTreeView::drawRow(painter, row, index);
 }
 
