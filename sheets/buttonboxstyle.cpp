@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/buttonboxstyle_p.h"
 
-#include "controls/fittingfont_p.h"
 #include "core/scaling_p.h"
+#include "sheets/sheetparts_p.h"
 
 #include <QApplication>
 #include <QHash>
@@ -15,8 +15,6 @@ namespace {
 // In design pixels.
 constexpr double kButtonHeight = 32;
 constexpr double kButtonWidth = 100;
-constexpr int kBorder = 1;
-constexpr int kPadding = 2;
 
 class DialogButtonBoxStyle : public QProxyStyle
 {
@@ -51,7 +49,6 @@ QStyle *buttonBoxStyle(QDialogButtonBox::ButtonLayout layout)
 
 void setButtonSize(QPushButton *button)
 {
-    button->setFixedHeight(scaled(kButtonHeight));
-    FittingFont::keep(button, scaled(kButtonHeight) - 2 * (scaled(kBorder) + scaled(kPadding)));
+    setHeight(button, kButtonHeight);
     button->setMinimumWidth(scaled(kButtonWidth));
 }

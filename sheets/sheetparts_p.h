@@ -2,7 +2,9 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
+#include "controls/fittingfont_p.h"
 #include "controls/spokentext_p.h"
+#include "core/scaling_p.h"
 
 #include <vemo/stylemanager.h>
 
@@ -20,6 +22,15 @@ inline void discard(QWidget *widget)
 {
     widget->hide();
     widget->deleteLater();
+}
+
+/// Fixes the height, in design pixels, of a button or field, whose text fits between its borders.
+inline void setHeight(QWidget *control, double height)
+{
+    constexpr int kBorder = 1;
+    constexpr int kPadding = 2;
+    control->setFixedHeight(scaled(height));
+    FittingFont::keep(control, scaled(height) - 2 * (scaled(kBorder) + scaled(kPadding)));
 }
 
 /// Sets the caption and the style of a sheet's button.

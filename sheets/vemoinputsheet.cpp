@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemoinputsheet.h>
 
-#include "controls/fittingfont_p.h"
 #include "core/scaling_p.h"
 #include "core/stringof_p.h"
 #include "sheets/buttonboxstyle_p.h"
@@ -26,8 +25,6 @@ namespace {
 constexpr double kMargin = 10;
 constexpr double kPromptGap = 8;
 constexpr double kFieldHeight = 28;
-constexpr int kBorder = 1;
-constexpr int kPadding = 2;
 constexpr double kButtonGap = 24;
 constexpr double kWidest = 480;
 constexpr double kParentMargin = 40;
@@ -111,8 +108,7 @@ void VemoInputSheetPrivate::layOut()
     const int margin = scaled(kMargin);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(0);
-    lineEdit->setFixedHeight(scaled(kFieldHeight));
-    FittingFont::keep(lineEdit, scaled(kFieldHeight) - 2 * (scaled(kBorder) + scaled(kPadding)));
+    setHeight(lineEdit, kFieldHeight);
     lineEdit->setStyleSheet(getStyleSheet("component.lineedit"));
     column->addWidget(label);
     column->addSpacing(scaled(kPromptGap));
