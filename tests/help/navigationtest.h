@@ -11,7 +11,7 @@
 
 #include <memory>
 
-/// Base of the tests of a help window's history and contents: a window, a server and a folder with
+/// Base of the tests of what a help window offers on request: a window, a server and a folder with
 /// pages. Derived classes must have init() and cleanup() call those of this class.
 class NavigationTest : public VemoTest
 {

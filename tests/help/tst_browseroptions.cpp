@@ -2,11 +2,9 @@
 // What a window offers on request: finding in the page, printing, a zoom that is kept. All of it is
 // off at first.
 #include "help/helphost.h"
-#include "help/testserver.h"
+#include "help/navigationtest.h"
 #include "support/testhost.h"
-#include "support/vemotest.h"
 
-#include <vemo/BrowserWindow>
 #include <vemo/ComponentStrings>
 
 #include <QAction>
@@ -15,18 +13,16 @@
 #include <QLineEdit>
 #include <QPdfWriter>
 #include <QScrollBar>
-#include <QTextBrowser>
 #include <QTextDocument>
-#include <QToolButton>
 
-class BrowserOptionsTest : public VemoTest
+class BrowserOptionsTest : public NavigationTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
-    void init();
-    void cleanup();
+    void init() { NavigationTest::init(); }
+    void cleanup() { NavigationTest::cleanup(); }
 
     void nothingIsOfferedAtFirst();
     void findsWhileTyping();
@@ -54,15 +50,9 @@ private Q_SLOTS:
     void keptZoomIsLimited();
 
 private:
-    QTextBrowser *view() const { return m_window->findChild<QTextBrowser *>(); }
     QLineEdit *field() const { return m_window->findChild<QLineEdit *>(); }
     QString result() const { return m_window->findChild<QLabel *>()->text(); }
-    QToolButton *button(const QString &name) const;
     QString match() const { return view()->textCursor().selectedText(); }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(m_window->windowHandle(), key, modifiers);
-    }
     void type(const QString &text)
     {
         for (const QChar letter : text)
@@ -72,34 +62,7 @@ private:
     void openBar(const QByteArray &html);
     void zoom(int steps);
     qreal size() const { return view()->font().pointSizeF(); }
-
-    QScopedPointer<TestServer> m_server;
-    QScopedPointer<BrowserWindow> m_window;
 };
-
-void BrowserOptionsTest::init()
-{
-    VemoTest::init();
-    m_server.reset(new TestServer);
-    m_window.reset(new BrowserWindow);
-}
-
-void BrowserOptionsTest::cleanup()
-{
-    m_window.reset();
-    m_server.reset();
-    VemoTest::cleanup();
-}
-
-QToolButton *BrowserOptionsTest::button(const QString &name) const
-{
-    const auto buttons = m_window->findChildren<QToolButton *>();
-    for (QToolButton *found : buttons) {
-        if (found->accessibleName() == name && found->toolTip() == name)
-            return found;
-    }
-    return nullptr;
-}
 
 void BrowserOptionsTest::showPage(const QByteArray &html)
 {
@@ -107,9 +70,7 @@ void BrowserOptionsTest::showPage(const QByteArray &html)
     QSignalSpy changed(view(), SIGNAL(textChanged()));
     m_window->reload(m_server->url());
     QVERIFY(changed.wait());
-    m_window->show();
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
+    showWindow();
 }
 
 void BrowserOptionsTest::openBar(const QByteArray &html)
@@ -123,7 +84,7 @@ void BrowserOptionsTest::openBar(const QByteArray &html)
 
 void BrowserOptionsTest::nothingIsOfferedAtFirst()
 {
-    const QSignalSpy prints(m_window.data(), &BrowserWindow::printRequested);
+    const QSignalSpy prints(m_window.get(), &BrowserWindow::printRequested);
     QVERIFY(!m_window->isFindEnabled());
     QVERIFY(!m_window->isPrintingEnabled());
     showPage("some text");
@@ -132,7 +93,7 @@ void BrowserOptionsTest::nothingIsOfferedAtFirst()
     press(Qt::Key_P, Qt::ControlModifier);
     QVERIFY(!field());
     QCOMPARE(prints.size(), 0);
-    QCOMPARE(m_window->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 1);
+    QCOMPARE(childCount(), 1);
 }
 
 void BrowserOptionsTest::findsWhileTyping()
@@ -358,7 +319,7 @@ void BrowserOptionsTest::frameShowsTheFocus()
 {
     m_window->show();
     m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
     view()->setFocus();
     QTRY_VERIFY(view()->hasFocus());
     const QPoint frame(0, view()->height() / 2);
@@ -375,7 +336,7 @@ void BrowserOptionsTest::printingIsLeftToTheHost()
     QVERIFY(m_window->isPrintingEnabled());
     showPage("<p>some text <img src=\"data:image/png;base64,"
         + pictureBytes({8, 8}, Qt::red).toBase64() + "\"></p>");
-    QSignalSpy prints(m_window.data(), &BrowserWindow::printRequested);
+    QSignalSpy prints(m_window.get(), &BrowserWindow::printRequested);
     press(Qt::Key_P, Qt::ControlModifier);
     QCOMPARE(prints.size(), 1);
     const auto *document = prints[0][0].value<QTextDocument *>();
