@@ -75,7 +75,11 @@ const std::vector<PageEntry> &pages()
             "QMainWindow QMenuBar QMenu QToolBar QStatusBar QDockWidget QSplitter QToolTip "
             "QMessageBox QInputDialog QProgressDialog QFileDialog QWizard stock",
             buildStockWindowsPage},
-        {"Help", "HelpWindow BrowserWindow HelpContext online offline html", buildHelpPage},
+        {"Help",
+            "HelpWindow BrowserWindow HelpContext ContentsEntry online offline html history "
+            "contents "
+            "find print zoom",
+            buildHelpPage},
     };
     return entries;
 }
