@@ -58,6 +58,18 @@ struct Box : VemoTimeComboBox
     }
 };
 
+/// A window manager may take the focus away and give it back at any time after a window is shown,
+/// which would complete the text that is being typed.
+class KeptFocus : public QObject
+{
+public:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        return event->type() == QEvent::FocusOut
+            && static_cast<QFocusEvent *>(event)->reason() == Qt::ActiveWindowFocusReason;
+    }
+};
+
 /// A box with the focus, next to another field in an active window.
 struct Form
 {
@@ -69,17 +81,27 @@ struct Form
         window.resize(300, 120);
         window.show();
         window.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&window);
+        box.installEventFilter(&keptFocus);
+        waitUntilActive();
         box.setFocus();
         box.clearEditText();
+    }
+    void waitUntilActive()
+    {
+        isActive = window.isActiveWindow() || QTest::qWaitForWindowActive(&window);
     }
     void type(const QString &text)
     {
         for (const QChar character : text)
             QTest::keyClick(window.windowHandle(), character.toLatin1());
     }
-    void press(Qt::Key key) { QTest::keyClick(window.windowHandle(), key); }
+    void press(Qt::Key key)
+    {
+        waitUntilActive();
+        QTest::keyClick(window.windowHandle(), key);
+    }
 
+    KeptFocus keptFocus;
     QWidget window;
     QLineEdit other;
     Box box;

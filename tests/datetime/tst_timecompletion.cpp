@@ -211,6 +211,7 @@ void TimeCompletionTest::addsTheCustomTextUntilItIsEdited()
     form.press(Qt::Key_Return);
     QCOMPARE(form.box.currentText(), QString("07:45 (own time)"));
     QCOMPARE(form.box.itemText(0), QString("07:45 (own time)"));
+    form.waitUntilActive();
     form.box.setFocus();
     QCOMPARE(form.box.currentText(), QString("07:45"));
     QCOMPARE(form.box.itemText(0), QString("07:45"));
