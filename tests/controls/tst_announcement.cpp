@@ -11,6 +11,7 @@
 #include <vemo/vemolabel.h>
 #include <vemo/vemolineedit.h>
 #include <vemo/vemoradiobutton.h>
+#include <vemo/vemosidebar.h>
 #include <vemo/vemospinner.h>
 #include <vemo/vemoswitch.h>
 
@@ -320,6 +321,8 @@ void AnnouncementTest::toolTipIsDescribedWithoutMarkUp_data()
         [](const QString & /*text*/) -> QWidget * { return new VemoSpinner; });
     QTest::newRow("line edit") << Make(
         [](const QString & /*text*/) -> QWidget * { return new VemoLineEdit; });
+    QTest::newRow("side bar") << Make(
+        [](const QString & /*text*/) -> QWidget * { return new VemoSideBar; });
 }
 
 void AnnouncementTest::toolTipIsDescribedWithoutMarkUp()
@@ -329,15 +332,16 @@ void AnnouncementTest::toolTipIsDescribedWithoutMarkUp()
     QWidget *spoken = control.data(); // For a line edit, the field has the focus.
     if (auto *edit = qobject_cast<VemoLineEdit *>(spoken))
         spoken = edit->getLineEdit();
+    QWidget *focused = spoken->focusProxy() ? spoken->focusProxy() : spoken;
     const QString name = "a & b <draft>\nsecond line";
     spoken->setToolTip(getHtmlEscapedStringForToolTip(name));
-    QCOMPARE(descriptionOf(spoken), name);
+    QCOMPARE(descriptionOf(focused), name);
     spoken->setToolTip("1 < 2 &amp; plain");
-    QCOMPARE(descriptionOf(spoken), QString("1 < 2 &amp; plain"));
+    QCOMPARE(descriptionOf(focused), QString("1 < 2 &amp; plain"));
     spoken->setToolTip("<b>Bold</b>");
-    QCOMPARE(descriptionOf(spoken), QString("Bold"));
+    QCOMPARE(descriptionOf(focused), QString("Bold"));
     spoken->setToolTip(QString());
-    QCOMPARE(descriptionOf(spoken), QString());
+    QCOMPARE(descriptionOf(focused), QString());
 }
 
 void AnnouncementTest::descriptionOfTheHostStays()
