@@ -16,6 +16,7 @@
 #include <vemo/vemomask.h>
 #include <vemo/vemomessagesheet.h>
 #include <vemo/vemosheet.h>
+#include <vemo/vemosidebar.h>
 #include <vemo/vemotimecombobox.h>
 
 #include <QAbstractButton>
@@ -106,6 +107,19 @@ QWidget *lineEdit(QWidget *window)
 QWidget *filterField(QWidget *window)
 {
     return new VemoFilterBar(window);
+}
+
+QWidget *sideBar(QWidget *window)
+{
+    auto *bar = new VemoSideBar(window);
+    bar->addPage("General");
+    bar->setToolTip("<b>Pages</b>");
+    return bar;
+}
+
+QWidget *listOfASideBar(QWidget *window)
+{
+    return sideBar(window)->focusProxy();
 }
 
 QWidget *editorInATree(QWidget *window)
@@ -232,6 +246,8 @@ void FilterLifetimesTest::aWatchedWidgetMayDieWithTheFocus_data()
         {"time box, list", openList<VemoTimeComboBox>},
         {"line edit", lineEdit},
         {"filter bar", filterField},
+        {"side bar", sideBar},
+        {"side bar, list", listOfASideBar},
         {"tree, editor", editorInATree},
         {"sheet over a mask", sheetOverAMask},
         {"message sheet, button", messageSheetPart<QPushButton>},

@@ -453,6 +453,8 @@ void VemoSideBarTest::mayDieWhenItReports_data()
         {"letter", [](const SideBarWindow &side) { QTest::keyClick(side.list, Qt::Key_N); }},
         {"Return", [](const SideBarWindow &side) { QTest::keyClick(side.list, Qt::Key_Return); }},
         {"setter", [](const SideBarWindow &side) { side.bar->setCurrentIndex(1); }},
+        {"collapsing", [](const SideBarWindow &side) { side.bar->setCollapsed(true); }},
+        {"stack", [](const SideBarWindow &side) { side.bar->stack()->setCurrentIndex(1); }},
         {"removed page", [](const SideBarWindow &side) { side.bar->removePage(0); }},
         {"no pages", [](const SideBarWindow &side) { side.bar->clear(); }},
         {"first page",
@@ -503,6 +505,7 @@ void VemoSideBarTest::mayDieWhenItReports()
     };
     connect(side.bar, &VemoSideBar::currentChanged, this, kill);
     connect(side.bar, &VemoSideBar::activated, this, kill);
+    connect(side.bar, &VemoSideBar::collapsedChanged, this, kill);
     cause(side);
     QVERIFY(isKilled);
     QCoreApplication::processEvents();
