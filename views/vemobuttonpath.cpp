@@ -384,6 +384,9 @@ void VemoButtonPath::setChangeFolderBtn(int width)
     // Otherwise the scroll bar's range would be updated later.
     doItemsLayout();
     horizontalScrollBar()->setValue(horizontalScrollBar()->maximum());
+    // QWidget::scroll() does not move the children of a hidden widget.
+    if (!viewport()->isVisible())
+        updateEditorGeometries();
 }
 
 void VemoButtonPath::addFolder(int column)

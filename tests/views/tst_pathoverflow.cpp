@@ -80,6 +80,7 @@ private Q_SLOTS:
     void listsThePartsThatAreOutOfSight();
     void showsTheRightEndOfTheRow();
     void showsTheRightEndAtOnce();
+    void showsTheRightEndOnAPageShownLater();
     void keepsAmpersandsOfAPartInTheMenu();
     void asksForThePathOfAMenuEntry();
     void opensItsMenuOnPress();
@@ -159,6 +160,24 @@ void PathOverflowTest::showsTheRightEndAtOnce()
     const int hidden = path.rowWidth() - path.bar.viewport()->width();
     QVERIFY(hidden > 0);
     QCOMPARE(path.bar.horizontalScrollBar()->value(), hidden);
+}
+
+void PathOverflowTest::showsTheRightEndOnAPageShownLater()
+{
+    QWidget window;
+    QWidget page(&window);
+    page.hide();
+    window.show();
+    VemoButtonPath bar;
+    bar.setParent(&page);
+    bar.setFixedWidth(scaled(100));
+    bar.refresh(kPath);
+    page.show();
+    QVERIFY(bar.horizontalScrollBar()->value() > 0);
+    const QWidget *last = bar.cellWidget(0, 8);
+    QCOMPARE(last->x() + last->width(), bar.viewport()->width());
+    QCoreApplication::processEvents();
+    QCOMPARE(last->x() + last->width(), bar.viewport()->width());
 }
 
 void PathOverflowTest::keepsAmpersandsOfAPartInTheMenu()
