@@ -301,8 +301,11 @@ void TextInsetsTest::renamingLeavesTheNameInItsPlace()
     QVERIFY(editor);
     editor->end(false); // The cursor is at the other edge.
     const int edited = edgeOf(inkOf(editor->grab().toImage(), 0)) + editor->x() - row.x();
-    // A frame of two pixels takes one more, and the cursor has its place at the right.
-    QVERIFY2(qAbs(edited - rest) <= 2, qPrintable(QString("%1, not %2").arg(edited).arg(rest)));
+    // A frame of two pixels takes one more, and the cursor has its place at the right: with Qt 6
+    // one more pixel.
+    const int tolerance = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0) ? 3 : 2;
+    QVERIFY2(
+        qAbs(edited - rest) <= tolerance, qPrintable(QString("%1, not %2").arg(edited).arg(rest)));
 }
 
 void TextInsetsTest::aDateBeginsInTheSamePlaceIfItCanBeTyped()
