@@ -2,6 +2,7 @@
 #include "app/instancelock_p.h"
 
 #include "instances.h"
+#include "locksteps.h"
 #include "support/vemotest.h"
 
 #include <cerrno>
@@ -64,29 +65,12 @@ private:
 
 void InstanceLockTest::isTakenOnceAtATime()
 {
-    InstanceLock first(path());
-    InstanceLock second(path());
-    QVERIFY(!first.isHeld());
-    QCOMPARE(first.take(), InstanceLock::Taken);
-    QVERIFY(first.isHeld());
-    QCOMPARE(first.take(), InstanceLock::Taken);
-    QCOMPARE(second.take(), InstanceLock::HeldElsewhere);
-    QVERIFY(!second.isHeld());
-    first.release();
-    QVERIFY(!first.isHeld());
-    QCOMPARE(second.take(), InstanceLock::Taken);
-    QCOMPARE(first.take(), InstanceLock::HeldElsewhere);
+    takeLockOnceAtATime(path());
 }
 
 void InstanceLockTest::comesFreeWithItsHolder()
 {
-    InstanceLock second(path());
-    {
-        InstanceLock first(path());
-        QCOMPARE(first.take(), InstanceLock::Taken);
-        QCOMPARE(second.take(), InstanceLock::HeldElsewhere);
-    }
-    QCOMPARE(second.take(), InstanceLock::Taken);
+    takeLockAfterItsHolderIsGone(path());
 }
 
 void InstanceLockTest::isTheProcessLockOfTheWholeFile()

@@ -3,6 +3,7 @@
 #include "app/localpeer_p.h"
 
 #include "instances.h"
+#include "locksteps.h"
 #include "support/vemotest.h"
 
 #include <QDir>
@@ -78,29 +79,12 @@ private:
 
 void WindowsInstancesTest::lockIsTakenOnceAtATime()
 {
-    InstanceLock first(path());
-    InstanceLock second(path());
-    QVERIFY(!first.isHeld());
-    QCOMPARE(first.take(), InstanceLock::Taken);
-    QVERIFY(first.isHeld());
-    QCOMPARE(first.take(), InstanceLock::Taken);
-    QCOMPARE(second.take(), InstanceLock::HeldElsewhere);
-    QVERIFY(!second.isHeld());
-    first.release();
-    QVERIFY(!first.isHeld());
-    QCOMPARE(second.take(), InstanceLock::Taken);
-    QCOMPARE(first.take(), InstanceLock::HeldElsewhere);
+    takeLockOnceAtATime(path());
 }
 
 void WindowsInstancesTest::lockComesFreeWithItsHolder()
 {
-    InstanceLock second(path());
-    {
-        InstanceLock first(path());
-        QCOMPARE(first.take(), InstanceLock::Taken);
-        QCOMPARE(second.take(), InstanceLock::HeldElsewhere);
-    }
-    QCOMPARE(second.take(), InstanceLock::Taken);
+    takeLockAfterItsHolderIsGone(path());
 }
 
 void WindowsInstancesTest::lockCoversTheWholeFile()
