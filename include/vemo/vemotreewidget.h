@@ -66,8 +66,7 @@ public:
     explicit VemoTreeWidget(QWidget *parent = nullptr);
     ~VemoTreeWidget() override;
 
-    /// Sets the highlights of selected and hovered rows, from the next paint event on. Initially
-    /// they are invalid and painted black.
+    /// Sets the highlights of selected and hovered rows from the next paint on; initially black.
     void setBackgroundColor(QColor selected, QColor hover);
 
     QColor selectedColor() const { return m_selected_color; } ///< initially invalid
@@ -95,13 +94,9 @@ public:
     /// Shows only the items that match, and the items above them, which are expanded. Replaces the
     /// previous filter. Later, new items and hidden items that change are tested; to test all items
     /// again, set the filter again. Items hidden by setHidden() before stay hidden; of the items
-    /// below a hidden one, isHidden() need not be true.
-    ///
-    /// Items that become hidden are deselected. If the current item becomes hidden, the nearest
-    /// visible item above it becomes the current one, or none; it is not selected.
+    /// below a hidden one, isHidden() need not be true. Hidden items are deselected.
     void setFilterFunction(const FilterFunction &matches);
-    /// The same for items whose text in column contains text, in upper or lower case. An empty text
-    /// removes the filter.
+    /// The same for items whose text in column contains text in any case; "" removes the filter.
     void setFilterText(const QString &text, int column = 0);
     /// Shows the items hidden by the filter, and expands and collapses all items as before it was
     /// set, except those added since, which are collapsed. The selection and the current item do
@@ -120,14 +115,11 @@ public:
     ChildrenState childrenState(const QTreeWidgetItem *item) const;
 
     /// Sets whether items can be dragged, and items and files dropped, which is only reported: the
-    /// tree never moves, copies or removes an item. Off by default. Sets the dragDropMode; a host
-    /// may restrict it afterwards.
-    ///
-    /// The flags Qt::ItemIsDragEnabled and Qt::ItemIsDropEnabled of the items and of
-    /// invisibleRootItem() apply, and with dragDropOverwriteMode nothing can be dropped between
-    /// items. No item can be dropped on itself or below.
+    /// tree never moves, copies or removes an item. Sets the dragDropMode, which a host may
+    /// restrict. The flags Qt::ItemIsDragEnabled and Qt::ItemIsDropEnabled of the items and of
+    /// invisibleRootItem() apply; with dragDropOverwriteMode nothing is dropped between items.
     void setDropSignalsEnabled(bool enabled);
-    bool areDropSignalsEnabled() const { return m_are_drop_signals_enabled; } ///< see the setter
+    bool areDropSignalsEnabled() const { return m_are_drop_signals_enabled; } ///< false by default
 
     using QTreeWidget::edit;
 
@@ -161,8 +153,7 @@ protected:
     bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    /// Sets the current item again so that its signals are emitted, or the first item if there is
-    /// none.
+    /// Sets the current item again, or else the first one, so that its signals are emitted.
     void focusInEvent(QFocusEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void paintEvent(QPaintEvent *event) override;
