@@ -57,9 +57,10 @@ inline bool hasFineIcons()
     return QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
-inline QPixmap iconPixmap(const QIcon &icon, const QSize &size, const QWidget *widget)
+inline QPixmap iconPixmap(
+    const QIcon &icon, const QSize &size, const QWidget *widget, QIcon::Mode mode = QIcon::Normal)
 {
-    return icon.pixmap(widget->window()->windowHandle(), size);
+    return icon.pixmap(widget->window()->windowHandle(), size, mode);
 }
 
 /// The colour of placeholders in a field whose style sheet sets only that of the text.
@@ -126,9 +127,10 @@ inline bool hasFineIcons()
     return true;
 }
 
-inline QPixmap iconPixmap(const QIcon &icon, const QSize &size, const QWidget *widget)
+inline QPixmap iconPixmap(
+    const QIcon &icon, const QSize &size, const QWidget *widget, QIcon::Mode mode = QIcon::Normal)
 {
-    return icon.pixmap(size, widget->devicePixelRatioF());
+    return icon.pixmap(size, widget->devicePixelRatioF(), mode);
 }
 
 inline QColor placeholderOfSheet(const QColor &ink)

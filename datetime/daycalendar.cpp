@@ -26,6 +26,12 @@ constexpr int kOtherMonthInk = 190;
 
 constexpr int kRingWidth = 2; // design pixels
 
+/// Of the frame of today, in screen pixels.
+int frameWidth()
+{
+    return qMax(1, scaled(1));
+}
+
 QColor withAlpha(QColor colour, int alpha)
 {
     colour.setAlpha(alpha);
@@ -54,7 +60,7 @@ QFont fitted(QFont font, const QString &number, const QSize &room)
 
 void paintNumber(QPainter *painter, const QRect &rect, const QString &number, const QFont &font)
 {
-    const int air = 1 + scaled(kRingWidth);
+    const int air = frameWidth() + scaled(kRingWidth);
     painter->setFont(fitted(font, number, rect.adjusted(air, air, -air, -air).size()));
     const QSize size = painter->fontMetrics().size(Qt::TextSingleLine, number);
     const QRect place = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, rect);
@@ -206,15 +212,17 @@ void DayCalendar::paintCell(QPainter *painter, const QRect &rect, DateArgument d
     paintNumber(painter, rect, m_grid->locale().toString(date.day()),
         format.font().resolve(m_grid->font()));
 
-    if (!isEnabled() && date == selectedDate())
+    if (isVeiled(date))
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Base), kVeil));
     else if (canBePicked(date) && date != selectedDate() && rect.contains(m_pointer))
         painter->fillRect(rect, withAlpha(colours.color(QPalette::Highlight), kHoverTint));
+    const int line = frameWidth();
     if (date == m_today)
-        paintFrame(painter, rect, colours.color(QPalette::Highlight), 1);
+        paintFrame(
+            painter, rect, colours.color(isEnabled() ? QPalette::Highlight : QPalette::Text), line);
     if (hasFocusOn(rect)) {
         const bool isFilled = date == selectedDate();
-        paintFrame(painter, rect.adjusted(1, 1, -1, -1),
+        paintFrame(painter, rect.adjusted(line, line, -line, -line),
             colours.color(isFilled ? QPalette::HighlightedText : QPalette::Highlight),
             scaled(kRingWidth));
     }
@@ -248,6 +256,15 @@ QColor DayCalendar::inkOf(
 bool DayCalendar::canBePicked(const QDate &date) const
 {
     return isEnabled() && date >= minimumDate() && date <= maximumDate();
+}
+
+/// Whether the selected day would look enabled: the style has one colour for both.
+bool DayCalendar::isVeiled(const QDate &date) const
+{
+    const QPalette &colours = m_grid->palette();
+    return !isEnabled() && date == selectedDate()
+        && colours.color(QPalette::Disabled, QPalette::Highlight)
+        == colours.color(QPalette::Active, QPalette::Highlight);
 }
 
 bool DayCalendar::hasFocusOn(const QRect &cell) const

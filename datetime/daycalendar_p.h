@@ -51,6 +51,7 @@ private:
     void announceNoDay();
     QBrush groundOf(const QDate &date, const QTextCharFormat &format) const;
     QColor inkOf(const QDate &date, const QTextCharFormat &format, const QColor &ground) const;
+    bool isVeiled(const QDate &date) const;
     bool hasFocusOn(const QRect &cell) const;
 
     QTableView *m_grid;

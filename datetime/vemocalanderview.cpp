@@ -100,15 +100,20 @@ protected:
         QStyleOptionToolButton state;
         (m_arrow->*(&ButtonState::initStyleOption))(&state);
         if (m_arrow->isRightToLeft())
-            state.icon = mirrored(iconPixmap(state.icon, state.iconSize, m_arrow));
+            state.icon = mirrored(state.icon, state.iconSize);
         QStylePainter(m_arrow).drawComplexControl(QStyle::CC_ToolButton, state);
         return true;
     }
 
 private:
-    static QPixmap mirrored(const QPixmap &picture)
+    QIcon mirrored(const QIcon &icon, const QSize &size) const
     {
-        return QPixmap::fromImage(picture.toImage().mirrored(true, false));
+        QIcon result;
+        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled}) {
+            const QImage picture = iconPixmap(icon, size, m_arrow, mode).toImage();
+            result.addPixmap(QPixmap::fromImage(picture.mirrored(true, false)), mode);
+        }
+        return result;
     }
 
     QToolButton *m_arrow;
@@ -116,9 +121,14 @@ private:
 
 void setPicture(QToolButton *button, const char *name)
 {
-    const QPixmap picture =
-        ImageManager::getInstance().getImage(QLatin1String(name), ImageManager::NORMAL);
-    button->setIcon(picture);
+    const QString key = QLatin1String(name);
+    ImageManager &images = ImageManager::getInstance();
+    const QPixmap picture = images.getImage(key, ImageManager::NORMAL);
+    QIcon icon(picture);
+    // Without one, Qt makes it of the normal picture.
+    if (images.hasImage(key, ImageManager::DISABLE))
+        icon.addPixmap(images.getImage(key, ImageManager::DISABLE), QIcon::Disabled);
+    button->setIcon(icon);
     button->setIconSize(picture.size() / DPIinfo::getInstance().getDPR());
 }
 

@@ -80,7 +80,8 @@ void DayCalendarTest::framesToday()
 {
     const View view;
     QVERIFY(view.isExposed);
-    QCOMPARE(view.cornerOf(View::today().day()), kAccent);
+    QCOMPARE(view.cornerOf(View::today().day(), scaled(1) - 1), kAccent);
+    QCOMPARE(view.cornerOf(View::today().day(), scaled(1)), QColor(Qt::white));
     QCOMPARE(view.cornerOf(View::otherDay()), QColor(Qt::white));
 }
 
@@ -164,19 +165,19 @@ void DayCalendarTest::showsTheFocusOnItsDay()
     }
     const int number = view.parts.calendar->selectedDate().day();
     view.parts.next->setFocus();
-    QTEST(view.cornerOf(number, 1), "rest");
+    QTEST(view.cornerOf(number, scaled(1)), "rest");
     for (QWidget *part :
         {static_cast<QWidget *>(&view.view), static_cast<QWidget *>(view.parts.grid)}) {
         QCoreApplication::processEvents();
         const EventCounter paints(view.parts.grid->viewport(), QEvent::Paint);
         part->setFocus();
         QTRY_VERIFY(paints.count() > 0);
-        for (int inset = 1; inset <= scaled(2); ++inset)
-            QTEST(view.cornerOf(number, inset), "focused");
-        QTEST(view.cornerOf(number, 1 + scaled(2)), "rest");
+        for (int inset = 0; inset < scaled(2); ++inset)
+            QTEST(view.cornerOf(number, scaled(1) + inset), "focused");
+        QTEST(view.cornerOf(number, scaled(1) + scaled(2)), "rest");
         view.parts.next->setFocus();
         QTRY_VERIFY(paints.count() > 1);
-        QTEST(view.cornerOf(number, 1), "rest");
+        QTEST(view.cornerOf(number, scaled(1)), "rest");
     }
 }
 
