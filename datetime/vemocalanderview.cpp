@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemocalanderview.h>
 
+#include "controls/fittingfont_p.h"
 #include "core/qtcompat_p.h"
 #include "core/scaling_p.h"
 #include "core/stringof_p.h"
@@ -28,6 +29,7 @@ namespace {
 
 // In design pixels.
 constexpr int kTodayHeight = 24;
+constexpr int kTodayFrame = 2; // that of the focus
 constexpr int kWeekdayHeight = 30;
 
 constexpr int kColumnWidth = 30; // Screen pixels: deliberately not scaled.
@@ -140,6 +142,7 @@ VemoCalanderView::VemoCalanderView(QWidget *parent) : QAbstractItemView(parent)
     auto *layout = new QVBoxLayout(this);
     auto *today = new VemoButton(taken("today"), VemoButton::CANCEL);
     today->setFixedHeight(scaled(kTodayHeight));
+    FittingFont::keep(today, scaled(kTodayHeight) - 2 * scaled(kTodayFrame));
     m_calendar = new DayCalendar(this);
     today->setObjectName(QLatin1String(kToday));
     layout->addWidget(m_calendar);

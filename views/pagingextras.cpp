@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "views/pagingextras_p.h"
 
+#include "controls/fittingfont_p.h"
 #include "core/scaling_p.h"
 #include "core/stringof_p.h"
 
@@ -19,6 +20,7 @@ namespace {
 
 // In design pixels.
 constexpr int kHeight = 24;
+constexpr int kFrame = 2; // that of the focus
 constexpr int kGap = 8;
 constexpr int kJumpWidth = 64;
 
@@ -98,6 +100,7 @@ void PagingExtras::addRange()
 {
     m_range = new QLabel;
     m_range->setStyleSheet(getStyleSheet("component.paging_bar_label"));
+    FittingFont::keep(m_range, scaled(kHeight)); // it has no frame
     add(0, m_range);
     showAll();
 }
@@ -129,6 +132,7 @@ void PagingExtras::addJumpField()
 void PagingExtras::add(int position, QWidget *part)
 {
     part->setFixedHeight(scaled(kHeight));
+    FittingFont::keep(part, scaled(kHeight) - 2 * scaled(kFrame));
     m_layout->insertWidget(position, part, 0, Qt::AlignVCenter);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemopagingbar.h>
 
+#include "controls/fittingfont_p.h"
 #include "controls/growntofont_p.h"
 #include "controls/namediconbutton_p.h"
 #include "core/logging_p.h"
@@ -522,6 +523,7 @@ void VemoPagingBar::addFooterLabel(const PagingFooterInfo &info)
     auto *label = new QLabel(info.text);
     label->setAlignment(kAtRight);
     label->setFixedHeight(scaled(kButtonSize));
+    FittingFont::keep(label, scaled(kButtonSize));
     if (info.width != 0)
         label->setFixedWidth(scaled(info.width));
     label->setStyleSheet(footerStyle());

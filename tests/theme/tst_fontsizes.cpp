@@ -10,6 +10,7 @@
 #include <vemo/vemobadge.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemobuttonpath.h>
+#include <vemo/vemocalanderview.h>
 #include <vemo/vemocheckbox.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemodateselector.h>
@@ -227,6 +228,30 @@ Specimen sheetButtonSpecimen()
             }};
 }
 
+Specimen footerSpecimen()
+{
+    const auto make = [] {
+        auto *bar = new VemoPagingBar;
+        bar->setFooterText(kTallText);
+        return bar;
+    };
+    return {make, [](QWidget *bar, const QString &text) {
+                static_cast<VemoPagingBar *>(bar)->setFooterText(text);
+            }};
+}
+
+Specimen todaySpecimen()
+{
+    const auto make = [] {
+        auto *calendar = new VemoCalanderView;
+        calendar->findChild<VemoButton *>()->setFixedWidth(400);
+        return calendar;
+    };
+    return {make, [](QWidget *calendar, const QString &text) {
+                calendar->findChild<VemoButton *>()->setText(text);
+            }};
+}
+
 Specimen sheetFieldSpecimen()
 {
     return {[] { return new VemoInputSheet(nullptr); },
@@ -371,6 +396,7 @@ void FontSizesTest::noLetterIsCut_data()
     addFixed("header of a table", headerSpecimen());
     addFixed("row of a tree", rowSpecimen());
     addFixed("name in a path", pathSpecimen());
+    addFixed("footer of a paging bar", footerSpecimen());
 }
 
 void FontSizesTest::noLetterIsCut()
@@ -449,6 +475,8 @@ void FontSizesTest::aTextInARowOfFixedHeightIsNotCut_data()
     addRow("field of an input sheet", sheetFieldSpecimen(), 22);
     addRow("row of a tree", rowSpecimen(), 28);
     addRow("name in a path", pathSpecimen(), 24);
+    addRow("footer of a paging bar", footerSpecimen(), 24);
+    addRow("button of today", todaySpecimen(), 20);
 }
 
 void FontSizesTest::aTextInARowOfFixedHeightIsNotCut()
