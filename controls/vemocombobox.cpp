@@ -6,6 +6,7 @@
 #include "controls/growntofont_p.h"
 #include "controls/popuppainting_p.h"
 #include "controls/spokentooltip_p.h"
+#include "controls/textoverhang_p.h"
 
 #include <vemo/dpiinfo.h>
 #include <vemo/stylemanager.h>
@@ -15,6 +16,7 @@
 #include <QLineEdit>
 #include <QStyle>
 #include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QStyledItemDelegate>
 #include <QTimer>
 
@@ -170,6 +172,15 @@ QSize VemoComboBox::grown(const QSize &hint) const
         return style()->subControlRect(
             QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
     });
+}
+
+void VemoComboBox::paintEvent(QPaintEvent *event)
+{
+    QComboBox::paintEvent(event);
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    paintOverhang(&painter, option, *this);
 }
 
 void VemoComboBox::customEvent(QEvent *event)

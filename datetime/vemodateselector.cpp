@@ -5,6 +5,7 @@
 #include "controls/growntofont_p.h"
 #include "controls/popuppainting_p.h"
 #include "controls/spokentooltip_p.h"
+#include "controls/textoverhang_p.h"
 #include "core/scaling_p.h"
 #include "datetime/dateclearing_p.h"
 #include "datetime/datetyping_p.h"
@@ -239,15 +240,17 @@ void VemoDateSelector::paintEvent(QPaintEvent *event)
         style()
             ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this)
             .height();
-    if (isEditable() || fontMetrics().height() <= room) {
+    const bool isFitting = isEditable() || fontMetrics().height() <= room;
+    if (isFitting)
         QComboBox::paintEvent(event);
-        return;
-    }
     QStylePainter painter(this);
-    painter.setFont(fontForHeight(font(), room));
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    if (!isFitting) {
+        painter.setFont(fontForHeight(font(), room));
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+    paintOverhang(&painter, option, *this);
 }
 
 void VemoDateSelector::showPlaceholder()

@@ -37,6 +37,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    void paintEvent(QPaintEvent *event) override;
     /// Takes the style of a reloaded theme.
     void customEvent(QEvent *event) override;
 

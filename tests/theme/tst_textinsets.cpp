@@ -18,6 +18,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -89,6 +90,20 @@ QRect inkOf(const QImage &picture, int margin = 4)
     return {ink.topLeft() / ratio, ink.size() / ratio};
 }
 
+/// How far the pixels reach that are not of the ground, beside the frame.
+int extentOf(const QImage &picture, const QColor &ground)
+{
+    QRect extent;
+    const int frame = 3 * qRound(picture.devicePixelRatio());
+    for (int y = frame; y < picture.height() - frame; ++y) {
+        for (int x = frame; x < picture.width(); ++x) {
+            if (picture.pixelColor(x, y) != ground)
+                extent |= QRect(x, y, 1, 1);
+        }
+    }
+    return extent.width();
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(NewField)
@@ -113,6 +128,8 @@ private Q_SLOTS:
     void separatorsOfAHeaderAreMirrored();
     void theIconOfATabOfAToolBoxIsInTheMiddle();
     void anEditableBoxShowsItsWidestTextWhole();
+    void aLetterThatBeginsBeforeItsPlaceIsShownWhole_data();
+    void aLetterThatBeginsBeforeItsPlaceIsShownWhole();
     void aListMarksItsRowsAsAMenuDoes_data();
     void aListMarksItsRowsAsAMenuDoes();
 };
@@ -381,6 +398,47 @@ void TextInsetsTest::anEditableBoxShowsItsWidestTextWhole()
     box->resize(box->sizeHint());
     const QRect text(0, 0, box->width() - scaled(24), box->height());
     QCOMPARE(inkOf(box->grab(text).toImage()).width(), whole.width());
+}
+
+void TextInsetsTest::aLetterThatBeginsBeforeItsPlaceIsShownWhole_data()
+{
+    QTest::addColumn<NewField>("make");
+    QTest::addColumn<bool>("isEnabled");
+    const NewField box([] {
+        auto *newBox = new VemoComboBox;
+        newBox->addItem("J");
+        return newBox;
+    });
+    const NewField date([] { return new VemoDateSelector("J", nullptr); });
+    addRow("VemoComboBox", box, true);
+    addRow("VemoComboBox, disabled", box, false);
+    addRow("VemoDateSelector", date, true);
+}
+
+void TextInsetsTest::aLetterThatBeginsBeforeItsPlaceIsShownWhole()
+{
+    QFETCH(const NewField, make);
+    QFETCH(const bool, isEnabled);
+    const QScopedPointer<QWidget> box(make());
+    QFont font = box->font();
+    font.setPixelSize(scaled(20));
+    if (QFontMetrics(font).leftBearing('J') >= 0)
+        QSKIP("The font has no such letter.");
+    box->setFont(font);
+    box->setEnabled(isEnabled);
+    box->resize(scaled(100), scaled(32));
+    const QColor ink = defaultThemeColor(isEnabled ? "ink" : "faint-ink");
+    const QColor ground = defaultThemeColor(isEnabled ? "surface" : "canvas");
+    QImage expected(box->size() * box->devicePixelRatioF(), QImage::Format_RGB32);
+    expected.setDevicePixelRatio(box->devicePixelRatioF());
+    expected.fill(ground);
+    QPainter painter(&expected);
+    painter.setFont(font);
+    painter.setPen(ink);
+    painter.drawText(QRect({scaled(20), 0}, box->size()), Qt::AlignVCenter, "J");
+    painter.end();
+    const QImage drawn = box->grab(QRect(0, 0, scaled(40), box->height())).toImage();
+    QCOMPARE(extentOf(drawn, ground), extentOf(expected, ground));
 }
 
 void TextInsetsTest::aListMarksItsRowsAsAMenuDoes_data()
