@@ -1,18 +1,11 @@
 # SPDX-License-Identifier: MIT
 # Copies the theme's data files next to its drawn pictures and replaces the names of colours (@accent@)
-# by those of PALETTE. Those in style-dark go into the folder style, too. Of the lines that are marked as
-# for one look only, the other one loses its own. The drawings are copied to
+# by those of PALETTE. Those in style-dark go into the folder style, too. The drawings are copied to
 # DRAWINGS in the same way, for users who install the theme to change it.
 
 file(READ "${PALETTE}" palette)
 string(JSON count LENGTH "${palette}")
 math(EXPR last "${count} - 1")
-set(look light)
-set(otherLook dark)
-if(PALETTE MATCHES "palette-dark")
-  set(look dark)
-  set(otherLook light)
-endif()
 
 function(copy_with_colours from to)
   file(READ "${from}" text)
@@ -21,8 +14,6 @@ function(copy_with_colours from to)
     string(JSON colour GET "${palette}" ${name})
     string(REPLACE "@${name}@" "${colour}" text "${text}")
   endforeach()
-  string(REGEX REPLACE "[^\n]*/\\* ${otherLook} look only \\*/\n" "" text "${text}")
-  string(REPLACE " /* ${look} look only */" "" text "${text}")
   if(text MATCHES "@([a-z-]+)@")
     message(FATAL_ERROR "${from}: \"${CMAKE_MATCH_1}\" is not a colour of the palette")
   endif()
