@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemosheet.h>
 
+#include "core/pixelgrid_p.h"
 #include "core/scaling_p.h"
 #include "sheets/modalrun_p.h"
 
@@ -42,6 +43,11 @@ QAccessibleInterface *accessibleSheet(const QString &className, QObject *object)
     auto *sheet =
         className == QLatin1String("VemoSheet") ? qobject_cast<VemoSheet *>(object) : nullptr;
     return sheet ? new AccessibleSheet(sheet) : nullptr;
+}
+
+void drawOnGrid(QPainter &painter, const QRect &place, const QPixmap &picture)
+{
+    painter.drawPixmap(onPixelGrid(painter, place), picture, QRectF());
 }
 
 } // namespace
@@ -87,7 +93,7 @@ void VemoSheet::paintEvent(QPaintEvent * /*event*/)
         return;
     painter.setPen(Qt::NoPen);
     painter.setBrush(StyleManager::getInstance().getColor(QStringLiteral("sheet-body"), kBody));
-    painter.drawRect(body);
+    painter.drawRect(onPixelGrid(painter, body));
 }
 
 void VemoSheet::showEvent(QShowEvent *event)
@@ -116,10 +122,10 @@ void VemoSheet::drawShadow(QPainter &painter)
     const int band = m_shadow_width;
     const int farX = width() - band;
     const int farY = height() - band;
-    painter.drawPixmap(0, 0, band, band, leftTop);
-    painter.drawPixmap(farX, 0, band, band, rightTop);
-    painter.drawPixmap(0, farY, band, band, leftBottom);
-    painter.drawPixmap(farX, farY, band, band, rightBottom);
+    drawOnGrid(painter, {0, 0, band, band}, leftTop);
+    drawOnGrid(painter, {farX, 0, band, band}, rightTop);
+    drawOnGrid(painter, {0, farY, band, band}, leftBottom);
+    drawOnGrid(painter, {farX, farY, band, band}, rightBottom);
 
     drawEdge(painter, {0, band, band, farY - band}, left, m_edges[0]);
     drawEdge(painter, {farX, band, band, farY - band}, right, m_edges[1]);
@@ -137,5 +143,5 @@ void VemoSheet::drawEdge(
             picture.scaled(strip.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation)};
     // With a target size: the stretched picture has kept its pixel ratio and would only fill half
     // the strip.
-    painter.drawPixmap(strip, stretched.picture);
+    drawOnGrid(painter, strip, stretched.picture);
 }

@@ -76,6 +76,8 @@ private Q_SLOTS:
     void eachPartOfTheBandShowsItsPicture_data();
     void eachPartOfTheBandShowsItsPicture();
     void bodyIsWhiteUpToTheBand();
+    void partsMeetWithoutGapOrOverlap_data();
+    void partsMeetWithoutGapOrOverlap();
     void edgesAreStretchedNotTiled();
     void edgesFollowTheSizeOfTheFrame();
     void changedPictureShowsAtTheNextPaint();
@@ -239,6 +241,38 @@ void VemoSheetTest::bodyIsWhiteUpToTheBand()
     for (int y = devicePixels.top(); y <= devicePixels.bottom(); ++y) {
         for (int x = devicePixels.left(); x <= devicePixels.right(); ++x)
             QCOMPARE(picture.pixelColor(x, y), QColor(Qt::white));
+    }
+}
+
+void VemoSheetTest::partsMeetWithoutGapOrOverlap_data()
+{
+    QTest::addColumn<int>("offset");
+    // At a fractional pixel ratio the parts begin and end at any fraction of a pixel.
+    for (int offset = 0; offset < 8; ++offset)
+        QTest::addRow("%d pixels from the edge", offset) << offset;
+}
+
+void VemoSheetTest::partsMeetWithoutGapOrOverlap()
+{
+    QFETCH(const int, offset);
+    const auto restored = qScopeGuard([this] { drawTiles(); });
+    for (const Tile &tile : kTiles)
+        m_host.addPicture(QLatin1String(tile.name), kArtwork, QColor(0, 0, 0, 128));
+    m_host.start(ImageManager::LAZY_LOAD);
+
+    QWidget window;
+    window.setPalette(QColor(0, 255, 0));
+    window.resize(260, 220);
+    VemoSheet sheet(&window);
+    const QSet<QRgb> shadowAndBody {0xFF007F00, 0xFFFFFFFF};
+    for (int growth = 0; growth < 8; ++growth) {
+        sheet.setGeometry(offset, offset, 200 + growth, 150 + growth);
+        const QImage picture = window.grab().toImage();
+        const qreal ratio = picture.devicePixelRatio();
+        const QRect inside = QRectF(QPointF(sheet.pos()) * ratio, QSizeF(sheet.size()) * ratio)
+                                 .toAlignedRect()
+                                 .adjusted(1, 1, -1, -1);
+        QCOMPARE(coloursOf(picture.copy(inside)), shadowAndBody);
     }
 }
 
