@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "datetime/daycalendar_p.h"
 
+#include "core/pixelgrid_p.h"
 #include "core/scaling_p.h"
 #include "datetime/enterkey_p.h"
 #include "datetime/headingfont_p.h"
@@ -70,9 +71,10 @@ void paintNumber(QPainter *painter, const QRect &rect, const QString &number, co
 /// Paints a frame inside rect; width is in screen pixels.
 void paintFrame(QPainter *painter, const QRect &rect, const QColor &colour, int width)
 {
-    const QRect inside = rect.adjusted(width, width, -width, -width);
-    for (const QRect &side : QRegion(rect).subtracted(inside))
-        painter->fillRect(side, colour);
+    const int side = qMax(1, int(width * painter->deviceTransform().m11()));
+    const QRect frame = toDevicePixels(*painter, rect);
+    for (const QRect &part : QRegion(frame).subtracted(frame.adjusted(side, side, -side, -side)))
+        painter->fillRect(fromDevicePixels(*painter, part), colour);
 }
 
 } // namespace

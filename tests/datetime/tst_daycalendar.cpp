@@ -63,6 +63,8 @@ class DayCalendarTest : public VemoTest
 private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void framesToday();
+    void todaysFrameIsOfOneWidth_data();
+    void todaysFrameIsOfOneWidth();
     void fillsTheSelectedDay();
     void tintsTheDayUnderThePointer();
     void veilsDaysOutOfRange();
@@ -83,6 +85,43 @@ void DayCalendarTest::framesToday()
     QCOMPARE(view.cornerOf(View::today().day(), scaled(1) - 1), kAccent);
     QCOMPARE(view.cornerOf(View::today().day(), scaled(1)), QColor(Qt::white));
     QCOMPARE(view.cornerOf(View::otherDay()), QColor(Qt::white));
+}
+
+void DayCalendarTest::todaysFrameIsOfOneWidth_data()
+{
+    QTest::addColumn<int>("growth");
+    // At a fractional pixel ratio its sides begin at any fraction of a pixel.
+    for (int growth = 0; growth < 8; ++growth)
+        QTest::addRow("%d pixels larger", growth) << growth;
+}
+
+void DayCalendarTest::todaysFrameIsOfOneWidth()
+{
+    QFETCH(const int, growth);
+    View view;
+    QVERIFY(view.isExposed);
+    view.view.resize(view.view.size() + QSize(7 * growth, 6 * growth));
+    const QImage picture = view.parts.grid->viewport()->grab().toImage();
+    const qreal ratio = picture.devicePixelRatio();
+    const QRect today = view.parts.cell(View::today().day());
+    const QRect area = QRectF(QPointF(today.topLeft()) * ratio, QSizeF(today.size()) * ratio)
+                           .toAlignedRect()
+                           .intersected(picture.rect());
+    const auto accentIn = [&](const QRect &line) {
+        int count = 0;
+        for (int y = line.top(); y <= line.bottom(); ++y) {
+            for (int x = line.left(); x <= line.right(); ++x)
+                count += picture.pixelColor(x, y) == kAccent;
+        }
+        return count;
+    };
+    const QSize half = area.size() / 2;
+    const int inset = qRound(4 * ratio); // between the frame and the number
+    const int left = accentIn({area.left(), area.top() + inset, half.width(), 1});
+    QVERIFY(left > 0);
+    QCOMPARE(accentIn({area.center().x() + 1, area.top() + inset, half.width(), 1}), left);
+    QCOMPARE(accentIn({area.left() + inset, area.top(), 1, half.height()}), left);
+    QCOMPARE(accentIn({area.left() + inset, area.center().y() + 1, 1, half.height()}), left);
 }
 
 void DayCalendarTest::fillsTheSelectedDay()
