@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QTemporaryFile>
 #include <QToolButton>
+#include <QtMath>
 
 namespace {
 
@@ -64,6 +65,8 @@ private Q_SLOTS:
     void startsEmpty();
     void setsUpItsTable();
     void setsUpItsFolderButton();
+    void folderButtonLeavesTheFrameAsItIs_data();
+    void folderButtonLeavesTheFrameAsItIs();
     void splitsThePathAtSlashes_data();
     void splitsThePathAtSlashes();
     void doublesAmpersandsOnItsButtonsOnly_data();
@@ -135,6 +138,36 @@ void VemoButtonPathTest::setsUpItsFolderButton()
     QVERIFY(!folder->menu()->parent());
     QCOMPARE(folder->menu()->styleSheet(), getStyleSheet("component.menu"));
     QVERIFY(folder->menu()->isEmpty());
+}
+
+void VemoButtonPathTest::folderButtonLeavesTheFrameAsItIs_data()
+{
+    QTest::addColumn<int>("offset");
+    // At a fractional pixel ratio the frame's inner edge is between two pixels, or within one.
+    for (int offset = 0; offset < 4; ++offset)
+        QTest::addRow("%d pixels down", offset) << offset;
+}
+
+void VemoButtonPathTest::folderButtonLeavesTheFrameAsItIs()
+{
+    QFETCH(const int, offset);
+    QWidget window;
+    window.resize(200, 60);
+    auto *bar = new VemoButtonPath(&window);
+    bar->setGeometry(0, offset, 200, bar->height());
+    window.show();
+    bar->refresh("first/second/third/fourth/fifth");
+    const auto *folder = bar->findChild<QToolButton *>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(folder->isVisible());
+
+    const QImage picture = window.grab().toImage();
+    const qreal ratio = picture.devicePixelRatio();
+    const int atFolder = qRound(bar->rect().center().x() * 0.1 * ratio);
+    const int beside = qRound(bar->width() * 0.9 * ratio);
+    for (const int line : {offset, offset + bar->height() - scaled(1)}) {
+        for (int y = int(line * ratio); y < qCeil((line + scaled(1)) * ratio); ++y)
+            QCOMPARE(picture.pixelColor(atFolder, y), picture.pixelColor(beside, y));
+    }
 }
 
 void VemoButtonPathTest::splitsThePathAtSlashes_data()
