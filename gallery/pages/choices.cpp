@@ -141,6 +141,9 @@ QPixmap openList()
     QWidget *list = box.view()->parentWidget();
     list->resize(DPIinfo::scaled(160), DPIinfo::scaled(28) * 5 + 2);
     box.view()->setCurrentIndex(box.model()->index(1, 0));
+    // A list that is not shown measures its rows only when asked to, once it has its size.
+    list->grab();
+    box.view()->doItemsLayout();
     return list->grab();
 }
 
