@@ -113,7 +113,7 @@ void VemoButtonTest::lengthsOfTheSectionAreScaled()
 {
     const int dpi = qEnvironmentVariableIntValue("QT_FONT_DPI");
     const VemoButton button("Save", VemoButton::APPLY);
-    const QString height = QString("height: %1px;").arg(26 * dpi / 96);
+    const QString height = QString("height: %1px;").arg(32 * dpi / 96);
     QVERIFY2(button.styleSheet().contains(height), qPrintable(button.styleSheet()));
 }
 

@@ -424,8 +424,8 @@ void FontSizesTest::aLargeFontOfTheControlMakesItHigher()
     VemoButton button("Save", VemoButton::DEFAULT);
     VemoComboBox box;
     VemoLineEdit edit;
-    const int frame = 2 * (scaled(1) + scaled(2));
-    const int usual = scaled(26) + frame;
+    const int frame = 2 * scaled(3);
+    const int usual = scaled(32);
     for (QWidget *control : QWidgetList {&button, &box, edit.getLineEdit()}) {
         QCOMPARE(control->sizeHint().height(), usual);
         control->setFont(fontOf(28));

@@ -7,6 +7,7 @@
 #include <vemo/defaulttheme.h>
 #include <vemo/itemdelegate.h>
 #include <vemo/stylemanager.h>
+#include <vemo/vemobutton.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemolabel.h>
@@ -15,11 +16,13 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QDateEdit>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTextBrowser>
@@ -117,6 +120,8 @@ private Q_SLOTS:
     void cleanup();
     void textsBeginBelowEachOther_data();
     void textsBeginBelowEachOther();
+    void fieldsAndButtonsAreOfOneHeight_data();
+    void fieldsAndButtonsAreOfOneHeight();
     void theFocusLeavesTheTextOfACellInItsPlace();
     void aCaptionBeginsAboveTheTextsOfItsColumn_data();
     void aCaptionBeginsAboveTheTextsOfItsColumn();
@@ -183,6 +188,38 @@ void TextInsetsTest::textsBeginBelowEachOther()
     // Frames and paddings are rounded one by one.
     QVERIFY2(begin >= wanted - 1 && begin <= wanted + 2,
         qPrintable(QString("%1, not %2").arg(begin).arg(wanted)));
+}
+
+void TextInsetsTest::fieldsAndButtonsAreOfOneHeight_data()
+{
+    textsBeginBelowEachOther_data();
+    const auto add = [](const char *name, const NewField &make) {
+        QTest::newRow(name) << make << true;
+    };
+    add("VemoButton", [] { return new VemoButton(kText, VemoButton::CANCEL); });
+    add("QPushButton", [] { return new QPushButton(kText); });
+    add("QDateEdit", [] { return new QDateEdit; });
+}
+
+void TextInsetsTest::fieldsAndButtonsAreOfOneHeight()
+{
+    QFETCH(const NewField, make);
+    QWidget window;
+    QWidget *field = make();
+    field->setParent(&window);
+    if (qobject_cast<QAbstractScrollArea *>(field))
+        return; // as high as its lines
+    field->show();
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    for (const bool hasFocus : {false, true}) {
+        if (hasFocus)
+            field->setFocus();
+        else
+            field->clearFocus();
+        field->adjustSize();
+        QCOMPARE(field->height(), scaled(32));
+    }
 }
 
 void TextInsetsTest::theFocusLeavesTheTextOfACellInItsPlace()
