@@ -4,6 +4,7 @@
 #include "controls/growntofont_p.h"
 #include "core/scaling_p.h"
 #include "views/itemdelegate_p.h"
+#include "views/owndirection_p.h"
 
 #include <vemo/stylemanager.h>
 #include <vemo/vemotreewidget.h>
@@ -88,5 +89,5 @@ void ItemDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &op
 {
     QStyleOptionViewItem fitting = option;
     fitting.font = fontForHeight(option.font, option.rect.height());
-    QItemDelegate::drawDisplay(painter, fitting, rect, text);
+    QItemDelegate::drawDisplay(painter, fitting, rect, inOwnDirection(text, option.direction));
 }

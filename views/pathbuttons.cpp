@@ -3,6 +3,7 @@
 
 #include "controls/growntofont_p.h"
 #include "core/scaling_p.h"
+#include "views/owndirection_p.h"
 
 #include <vemo/tooltiptext.h>
 
@@ -121,7 +122,7 @@ void PathName::paintEvent(QPaintEvent * /*event*/)
         const QString rest = fontMetrics().elidedText(part(), Qt::ElideLeft, room);
         if (rest.size() < 2)
             return;
-        option.text = captionOf(rest);
+        option.text = inOwnDirection(captionOf(rest), option.direction);
     }
     const QRect area = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
     QStylePainter painter(this);

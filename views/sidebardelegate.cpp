@@ -2,6 +2,7 @@
 #include "views/sidebardelegate_p.h"
 
 #include "core/scaling_p.h"
+#include "views/owndirection_p.h"
 #include "views/sidebarlist_p.h"
 
 #include <vemo/stylemanager.h>
@@ -245,10 +246,11 @@ void SideBarDelegate::paintPage(
     const QRect picture = hasIcon ? iconRect(page, m_list->isCollapsed()) : QRect();
     // Qt would tint it in the selected row.
     page.icon = QIcon();
+    page.text = inOwnDirection(page.text, page.direction);
     if (m_list->isCollapsed()) {
         page.features &= ~QStyleOptionViewItem::HasDecoration;
         page.displayAlignment = Qt::AlignCenter;
-        page.text = hasIcon ? QString() : firstLetter(page.text);
+        page.text = hasIcon ? QString() : firstLetter(index.data().toString());
     } else if (index.data(BadgeRole).toInt() > 0) { // Qt elides a text that has the row to itself.
         page.text = page.fontMetrics.elidedText(page.text, Qt::ElideRight, textRoom(page, index));
     }

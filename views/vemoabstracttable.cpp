@@ -4,6 +4,7 @@
 #include "controls/fittingfont_p.h"
 #include "core/scaling_p.h"
 #include "views/headeraccess_p.h"
+#include "views/owndirection_p.h"
 #include "views/tablenotice_p.h"
 
 #include <vemo/stylemanager.h>
@@ -14,6 +15,7 @@
 #include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -27,6 +29,19 @@ constexpr int kExtraWidth = 12; // above the vertical scroll bar
 
 constexpr int kDefaultWidth = 100;
 const QLatin1Char kSeparator('|');
+
+class CellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->text = inOwnDirection(option->text, option->direction);
+    }
+};
 
 } // namespace
 
@@ -224,6 +239,7 @@ void VemoAbstractTable::setupTable()
     m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_table->verticalHeader()->setDefaultSectionSize(scaled(kRowHeight));
     m_table->setShowGrid(false);
+    m_table->setItemDelegate(new CellDelegate(m_table));
 }
 
 void VemoAbstractTable::setupLayout()

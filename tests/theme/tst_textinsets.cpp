@@ -8,9 +8,11 @@
 #include <vemo/itemdelegate.h>
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
+#include <vemo/vemobuttonpath.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemolabel.h>
+#include <vemo/vemosidebar.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotreewidget.h>
 
@@ -132,6 +134,8 @@ private Q_SLOTS:
     void aDateBeginsInTheSamePlaceIfItCanBeTyped();
     void separatorsOfAHeaderAreMirrored();
     void theIconOfATabOfAToolBoxIsInTheMiddle();
+    void theDotsOfACutTextAreAtItsEnd_data();
+    void theDotsOfACutTextAreAtItsEnd();
     void anEditableBoxShowsItsWidestTextWhole();
     void aLetterThatBeginsBeforeItsPlaceIsShownWhole_data();
     void aLetterThatBeginsBeforeItsPlaceIsShownWhole();
@@ -425,6 +429,98 @@ void TextInsetsTest::theIconOfATabOfAToolBoxIsInTheMiddle()
     while (bottom >= 0 && picture.pixelColor(x, bottom) != QColor(Qt::black))
         --bottom;
     QVERIFY(qAbs(top - (picture.height() - 1 - bottom)) <= ratio);
+}
+
+namespace {
+
+QWidget *newCutPage(const QString &text)
+{
+    auto *bar = new VemoSideBar;
+    bar->addPage(text);
+    return bar;
+}
+
+QWidget *newCutRow(const QString &text)
+{
+    auto *tree = new VemoTreeWidget(nullptr);
+    tree->setStyleSheet(getStyleSheet("component.tree"));
+    tree->setBackgroundColor(defaultThemeColor("selection"), defaultThemeColor("hover"));
+    tree->setItemDelegate(new ItemDelegate(tree));
+    tree->setHeaderHidden(true);
+    auto *item = new QTreeWidgetItem(tree, {text});
+    item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+    return tree;
+}
+
+QWidget *newCutCell(const QString &text)
+{
+    VemoTableColumnsInfo columns;
+    columns.addColumn(QString(), 150, false, 0);
+    auto *widget = new VemoTableWidget(columns);
+    widget->getTable()->setRowCount(1);
+    widget->getTable()->setItem(0, 0, new QTableWidgetItem(text));
+    return widget;
+}
+
+QWidget *newCutPath(const QString &text)
+{
+    auto *path = new VemoButtonPath;
+    path->refresh(text);
+    return path;
+}
+
+} // namespace
+
+using NewCutText = QWidget *(*)(const QString &);
+Q_DECLARE_METATYPE(NewCutText)
+
+void TextInsetsTest::theDotsOfACutTextAreAtItsEnd_data()
+{
+    QTest::addColumn<NewCutText>("make");
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::addColumn<bool>("isLatin");
+    QTest::addColumn<bool>("areDotsAtRight");
+    const auto add = [](const QByteArray &name, NewCutText make, bool isBeginningCut) {
+        for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            const QByteArray layout = direction == Qt::LeftToRight ? ", LTR" : ", RTL";
+            addRow(name + ", Latin" + layout, make, direction, true, !isBeginningCut);
+            addRow(name + ", Hebrew" + layout, make, direction, false, isBeginningCut);
+        }
+    };
+    add("page of a side bar", newCutPage, false);
+    add("row of a tree", newCutRow, false);
+    add("cell of a table", newCutCell, false);
+    add("name in a path", newCutPath, true);
+}
+
+void TextInsetsTest::theDotsOfACutTextAreAtItsEnd()
+{
+    QFETCH(const NewCutText, make);
+    QFETCH(const Qt::LayoutDirection, direction);
+    QFETCH(const bool, isLatin);
+    QFETCH(const bool, areDotsAtRight);
+    QGuiApplication::setLayoutDirection(direction);
+    const QScopedPointer<QWidget> widget(make(QString(40, isLatin ? QChar('H') : QChar(0x5dd))));
+    widget->setFixedWidth(scaled(160));
+    widget->show();
+    QVERIFY(QTest::qWaitForWindowExposed(widget.data()));
+    QCoreApplication::processEvents();
+    const QImage picture = widget->grab().toImage();
+    QRect letters; // their tops, which dots do not reach
+    QRect all;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (qGray(picture.pixel(x, y)) >= 80)
+                continue;
+            all |= QRect(x, y, 1, 1);
+            if (y < all.top() + scaled(4))
+                letters |= QRect(x, y, 1, 1);
+        }
+    }
+    QVERIFY(!all.isEmpty());
+    const int dots = scaled(4);
+    QCOMPARE(all.right() - letters.right() > dots, areDotsAtRight);
+    QCOMPARE(letters.left() - all.left() > dots, !areDotsAtRight);
 }
 
 void TextInsetsTest::anEditableBoxShowsItsWidestTextWhole()

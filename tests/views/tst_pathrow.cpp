@@ -147,8 +147,9 @@ void PathRowTest::elidesANameThatIsCutAtItsFront()
     first->setStyleSheet(QString());
     QVERIFY(!path.bar.grab().isNull());
     const DrawnButton drawn = m_style->drawn.value(first);
-    const QString rest = drawn.text.mid(1);
-    QVERIFY(drawn.text.startsWith(QChar(0x2026)));
+    const int dots = drawn.text.indexOf(QChar(0x2026));
+    QCOMPARE(dots, direction == Qt::RightToLeft ? 1 : 0); // after the mark of the text's direction
+    const QString rest = drawn.text.mid(dots + 1);
     QVERIFY(!rest.isEmpty() && QString("alphabetical order").endsWith(rest));
     const int room = drawn.rect.width() - scaled(16);
     QVERIFY(first->fontMetrics().horizontalAdvance(drawn.text) <= room);
