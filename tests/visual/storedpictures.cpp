@@ -69,7 +69,12 @@ public:
         return write();
     }
 
-    bool remove(const QString &name) override { return m_pictures.remove(name) > 0 && write(); }
+    bool remove(const QString &name) override
+    {
+        if (m_pictures.remove(name) == 0)
+            return false;
+        return m_pictures.isEmpty() ? QFile::remove(m_path) : write();
+    }
 
     QString place(const QString &name) const override { return m_path + ": " + name; }
 
