@@ -7,6 +7,7 @@
 #include "sheets/buttonboxstyle_p.h"
 #include "sheets/checkrow_p.h"
 #include "sheets/detailspane_p.h"
+#include "sheets/iconlabel_p.h"
 #include "sheets/sheetparts_p.h"
 
 #include <vemo/clickablelabel.h>
@@ -63,7 +64,7 @@ const TypeLook &lookOf(int type)
 
 VemoMessageSheetPrivate::VemoMessageSheetPrivate(
     VemoMessageSheet *sheet, VemoMessageSheet::MessageType messageType, bool isIconShown)
-    : QObject(sheet), q(sheet), iconLabel(new QLabel(sheet)), type(messageType),
+    : QObject(sheet), q(sheet), iconLabel(new IconLabel(sheet)), type(messageType),
       buttonBox(new QDialogButtonBox(sheet)), run(sheet), showIcon(isIconShown),
       confirmContainer(new QWidget(sheet))
 {

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void buttonsThatDoNotFitAreStacked_data();
     void buttonsThatDoNotFitAreStacked();
     void busySheetShowsItsMovie();
+    void movieIsDrawnInThePixelsOfTheScreen();
     void movieOutlivesItsSheet();
     void movieMayDieWhileItsSheetRuns();
     void busySheetWithoutAMovieFileStillWorks();
@@ -306,6 +307,30 @@ void VemoMessageSheetTest::busySheetShowsItsMovie()
     QCOMPARE(sheet.exec(), 7);
     QVERIFY(wasRunning);
     QCOMPARE(movie->state(), QMovie::NotRunning);
+}
+
+void VemoMessageSheetTest::movieIsDrawnInThePixelsOfTheScreen()
+{
+    QWidget window;
+    window.resize(600, 400);
+    Sheet sheet("Working", kBusy, &window);
+    const std::unique_ptr<QMovie> movie(sheet.movie());
+    QLabel *icon = iconOf(sheet);
+    icon->resize(movie->scaledSize());
+    QMovie expected(kBusy);
+    for (QMovie *each : {movie.get(), &expected})
+        each->setCacheMode(QMovie::CacheAll); // to go back and to leave frames out
+    expected.setScaledSize(movie->scaledSize() * icon->devicePixelRatioF());
+    for (const int number : {0, 1, 5, 2}) {
+        QVERIFY(movie->jumpToFrame(number));
+        QVERIFY(expected.jumpToFrame(number));
+        QImage shown(expected.scaledSize(), QImage::Format_ARGB32_Premultiplied);
+        shown.setDevicePixelRatio(icon->devicePixelRatioF());
+        shown.fill(Qt::transparent);
+        icon->render(&shown, QPoint(), QRegion(), QWidget::DrawChildren);
+        shown.setDevicePixelRatio(1); // as that of the movie
+        QCOMPARE(shown.convertToFormat(expected.currentImage().format()), expected.currentImage());
+    }
 }
 
 void VemoMessageSheetTest::movieOutlivesItsSheet()
