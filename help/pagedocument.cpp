@@ -2,7 +2,9 @@
 #include "help/pagedocument_p.h"
 
 #include "core/logging_p.h"
+#include "core/scaling_p.h"
 #include "help/helplimits_p.h"
+#include "help/pagedistances_p.h"
 #include "help/picturefolder_p.h"
 #include "help/picturehandler_p.h"
 
@@ -20,6 +22,7 @@
 namespace {
 
 constexpr int kNeighbours = 1000; // Characters.
+constexpr int kIndent = 40; // Of a list, in design pixels.
 
 /// The symbol that the text engine draws for a missing picture.
 QPixmap missingPicture()
@@ -69,6 +72,8 @@ PageDocument::PageDocument(QTextBrowser *browser)
 {
     connect(this, &QTextDocument::contentsChanged, this, [this] { m_is_indexed = false; });
     new PictureHandler(this);
+    setIndentWidth(scaled(kIndent));
+    setDefaultStyleSheet(scaledDistances());
 }
 
 void PageDocument::setLocalFilesAllowed(bool allowed)

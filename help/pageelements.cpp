@@ -2,6 +2,7 @@
 #include "help/pageelements_p.h"
 
 #include "help/helplimits_p.h"
+#include "help/pagedistances_p.h"
 
 namespace {
 
@@ -35,6 +36,13 @@ void PageFont::apply(const QString &declarations)
         else if (each.startsWith(QLatin1String("font")))
             other = qHash(each, other);
     }
+}
+
+PageElements::PageElements()
+{
+    CssEffort own;
+    plainStyleSheet(scaledDistances(), &own);
+    m_css.matchesFor = own.matchesFor;
 }
 
 int PageElements::indexOf(int names) const

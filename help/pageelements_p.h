@@ -55,6 +55,8 @@ struct OpenElement
 class PageElements
 {
 public:
+    PageElements();
+
     const PageWork &work() const { return m_work; }
     int pictures() const { return m_pictures; }
     int textLength() const { return m_text_length; }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "core/scaling_p.h"
 #include "help/helphost.h"
 #include "help/htmltextbrowser_p.h"
 #include "help/imagedownloader_p.h"
@@ -6,6 +7,7 @@
 #include "support/vemotest.h"
 
 #include <QScrollBar>
+#include <QTextBlock>
 
 class PageDisplayTest : public VemoTest
 {
@@ -23,6 +25,8 @@ private Q_SLOTS:
     void pagesGrowWithTheirPictures();
     void aLongPageIsLaidOutOnce_data();
     void aLongPageIsLaidOutOnce();
+    void distancesAreInDesignPixels_data();
+    void distancesAreInDesignPixels();
     void theLineAtTheUpperEdgeStaysThere();
     void aReaderAtTheTopStaysAtTheTop();
     void theSelectionStays();
@@ -208,6 +212,42 @@ void PageDisplayTest::aLongPageIsLaidOutOnce()
     QCOMPARE(m_letters_at_resize, 0);
     QCOMPARE(m_browser->verticalScrollBar()->isVisible(), isHigh);
     QCOMPARE(m_browser->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
+}
+
+void PageDisplayTest::distancesAreInDesignPixels_data()
+{
+    QTest::addColumn<QString>("html");
+    for (const char *name : {"p", "pre", "div", "h1", "h2", "h3", "h4", "h5", "h6", "ul", "ol",
+             "dl", "dt", "dd", "blockquote"})
+        QTest::newRow(name) << QStringLiteral("<p>a<%1>b</%1><p>c").arg(QLatin1String(name));
+    addRow("items", "<ul><li>a<li>b</ul><ol><li><p>c<li>d</ol>e");
+    addRow("a list in a list", "<ul><li>a<ol><li>b<ul><li>c</ul></ol><li>d</ul>e");
+    addRow("a definition in another", "<dl><dt>a<dd>b<dl><dd>c</dl></dl>d");
+    addRow("a quotation in another", "<blockquote>a<blockquote><p>b</blockquote></blockquote>c");
+}
+
+void PageDisplayTest::distancesAreInDesignPixels()
+{
+    QFETCH(const QString, html);
+    m_browser->setHtmlContent("<html>" + html);
+    QTextDocument plain;
+    plain.setHtml("<html>" + html);
+    QTextBlock block = m_browser->document()->begin();
+    for (QTextBlock other = plain.begin(); other.isValid(); other = other.next()) {
+        const QTextBlockFormat format = block.blockFormat();
+        const QTextBlockFormat unscaled = other.blockFormat();
+        QCOMPARE(block.text(), other.text());
+        QCOMPARE(format.topMargin(), qreal(scaled(unscaled.topMargin())));
+        QCOMPARE(format.bottomMargin(), qreal(scaled(unscaled.bottomMargin())));
+        QCOMPARE(format.leftMargin(), qreal(scaled(unscaled.leftMargin())));
+        QCOMPARE(format.rightMargin(), qreal(scaled(unscaled.rightMargin())));
+        QCOMPARE(format.indent(), unscaled.indent());
+        block = block.next();
+    }
+    QCOMPARE(m_browser->document()->indentWidth(), qreal(scaled(plain.indentWidth())));
+    // The page has the last word.
+    m_browser->setHtmlContent("<html><style>p { margin-top: 5px }</style><p>a");
+    QCOMPARE(m_browser->document()->begin().blockFormat().topMargin(), 5.0);
 }
 
 void PageDisplayTest::theLineAtTheUpperEdgeStaysThere()
