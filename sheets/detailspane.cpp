@@ -3,6 +3,7 @@
 
 #include "core/scaling_p.h"
 #include "core/stringof_p.h"
+#include "sheets/sheetparts_p.h"
 
 #include <vemo/stylemanager.h>
 
@@ -38,6 +39,8 @@ DetailsPane::DetailsPane(QWidget *parent, std::function<void()> toggled)
     m_button->setStyleSheet(getStyleSheet("component.message_sheet_details_button"));
     // Otherwise Return would press it in a dialog.
     m_button->setAutoDefault(false);
+    m_button->setFlat(true); // in a theme without a style for it, too
+    m_frame = frameWidth(m_button, QStyle::SE_PushButtonContents);
     m_text->setStyleSheet(
         getStyleSheet("component.message_sheet_details") + getStyleSheet("component.scrollbar"));
     m_text->setReadOnly(true);
@@ -49,7 +52,10 @@ DetailsPane::DetailsPane(QWidget *parent, std::function<void()> toggled)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(scaled(kGap));
     column->addWidget(m_button, 0, Qt::AlignLeft);
-    column->addWidget(m_text);
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(m_frame, 0, m_frame, 0);
+    row->addWidget(m_text);
+    column->addLayout(row);
     translate();
     connect(m_button, &QPushButton::clicked, this, [this] { toggle(); });
 }

@@ -26,11 +26,15 @@ public:
 
     QPushButton *button() const { return m_button; }
     QWidget *textWidget() const;
+    /// The width of the frame of the button, in screen pixels. The text is not as wide as the pane
+    /// by that on either side.
+    int frame() const { return m_frame; }
 
 private:
     void toggle();
 
     QPushButton *m_button;
     QPlainTextEdit *m_text;
+    int m_frame;
     std::function<void()> m_toggled;
 };

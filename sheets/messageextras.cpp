@@ -9,6 +9,7 @@
 
 #include <vemo/clickablelabel.h>
 
+#include <QBoxLayout>
 #include <QCheckBox>
 
 #include <utility>
@@ -39,6 +40,8 @@ void VemoMessageSheetPrivate::setDontAskAgain(bool on, const QString &text)
             row.box->styleSheet() + QStringLiteral("QCheckBox { spacing: 0px; }"));
         dontAskBox = row.box;
         dontAskLabel = row.label;
+        dontAskFrame = frameWidth(dontAskBox, QStyle::SE_CheckBoxIndicator);
+        static_cast<QBoxLayout *>(dontAskRow->layout())->addSpacing(dontAskFrame);
     }
     isDontAskCaptionOurs = text.isEmpty();
     setCaption({dontAskBox, dontAskLabel}, text.isEmpty() ? defaultCaption() : text);

@@ -39,6 +39,31 @@ template <typename Layout> Layout *tight(Layout *layout)
     return layout;
 }
 
+/// The place of a part with a frame that is only drawn with the focus or under the pointer. The
+/// frame is in the margins, so that what is always visible is in line with the other parts. A
+/// layout cannot have negative margins.
+class Outdented : public QWidgetItem
+{
+public:
+    Outdented(QWidget *part, int frame) : QWidgetItem(part), m_frame(frame) { }
+
+    void setGeometry(const QRect &place) override
+    {
+        QWidgetItem::setGeometry(place.adjusted(-m_frame, 0, m_frame, 0));
+    }
+    int heightForWidth(int width) const override
+    {
+        return QWidgetItem::heightForWidth(width + 2 * m_frame);
+    }
+    QSize sizeHint() const override { return QWidgetItem::sizeHint() - around(); }
+    QSize minimumSize() const override { return QWidgetItem::minimumSize() - around(); }
+
+private:
+    QSize around() const { return {2 * m_frame, 0}; }
+
+    int m_frame;
+};
+
 /// The width of a sheet over a parent of the given width, both in design pixels.
 int widthOver(double parentWidth)
 {
@@ -79,11 +104,13 @@ void VemoMessageSheetPrivate::layOut(const QWidget *over)
         column->addSpacing(scaled(kConfirmGap));
         column->addWidget(confirmContainer);
     }
-    for (QWidget *extra : {dontAskRow, static_cast<QWidget *>(details)}) {
-        if (extra) {
-            column->addSpacing(scaled(kConfirmGap));
-            column->addWidget(extra);
-        }
+    if (dontAskRow) {
+        column->addSpacing(scaled(kConfirmGap));
+        column->addItem(new Outdented(dontAskRow, dontAskFrame));
+    }
+    if (details) {
+        column->addSpacing(scaled(kConfirmGap));
+        column->addItem(new Outdented(details, details->frame()));
     }
     if (!buttonBox->buttons().isEmpty()) {
         column->addSpacing(scaled(kButtonGap));
@@ -231,7 +258,7 @@ void VemoMessageSheetPrivate::fitLabels()
             label->fitTo(std::max(0, contentWidth() - iconWidth));
     }
     if (dontAskRow)
-        fitCaption({dontAskBox, dontAskLabel}, contentWidth());
+        fitCaption({dontAskBox, dontAskLabel}, contentWidth() + dontAskFrame);
 }
 
 bool VemoMessageSheetPrivate::hasIcon() const

@@ -10,11 +10,22 @@
 
 #include <QColor>
 #include <QPushButton>
+#include <QStyleOption>
 
 /// Of a mask that the library lays itself.
 inline QColor maskShade()
 {
     return StyleManager::getInstance().getColor(QStringLiteral("mask"), QColor(0, 0, 0, 20));
+}
+
+/// The width, in screen pixels, of what a button draws around one of its elements.
+inline int frameWidth(QAbstractButton *button, QStyle::SubElement element)
+{
+    button->ensurePolished();
+    QStyleOptionButton option;
+    option.initFrom(button);
+    option.direction = Qt::LeftToRight;
+    return button->style()->subElementRect(element, &option, button).left();
 }
 
 /// Hides a part and deletes it later, because it may be emitting a signal.

@@ -99,6 +99,7 @@ public:
     QWidget *dontAskRow = nullptr; ///< null if it is off
     QCheckBox *dontAskBox = nullptr;
     ClickableLabel *dontAskLabel = nullptr;
+    int dontAskFrame = 0; ///< the width of the frame around its box, in screen pixels
     bool isDontAskCaptionOurs = true;
     DetailsPane *details = nullptr; ///< null if the text is empty
     Qt::TextFormat textFormat = Qt::AutoText;

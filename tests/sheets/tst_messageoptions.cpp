@@ -12,6 +12,7 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QPlainTextEdit>
+#include <QStyleOption>
 
 namespace {
 
@@ -68,6 +69,8 @@ private Q_SLOTS:
     void answerOfDontAskAgainCanBeReadAtTheEnd();
     void longCaptionOfDontAskAgainIsShownInFull();
     void dontAskAgainIsLaidOutFromRightToLeft();
+    void optionsBeginWhereTheContentDoes_data();
+    void optionsBeginWhereTheContentDoes();
     void dontAskAgainGoesWithDoubleConfirm();
     void plainTextIsShownAndAnnouncedAsItIs();
     void detailsUnfoldAndFold();
@@ -164,6 +167,45 @@ void MessageOptionsTest::dontAskAgainIsLaidOutFromRightToLeft()
     QTRY_VERIFY(scene.box()->x() > scene.caption()->x());
     QCOMPARE(scene.detailsButton()->geometry().right(),
         scene.detailsButton()->parentWidget()->rect().right());
+}
+
+void MessageOptionsTest::optionsBeginWhereTheContentDoes_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    addRow("from left to right", Qt::LeftToRight);
+    addRow("from right to left", Qt::RightToLeft);
+}
+
+void MessageOptionsTest::optionsBeginWhereTheContentDoes()
+{
+    QFETCH(const Qt::LayoutDirection, direction);
+    Scene scene;
+    scene.window.setLayoutDirection(direction);
+    scene.sheet->setDontAskAgainCheckBox(true);
+    scene.sheet->setDetailedText("details");
+    scene.show();
+    scene.detailsButton()->click();
+    QCoreApplication::processEvents();
+    const auto begin = [&](const QWidget *part, QRect rect) {
+        rect.moveTopLeft(part->mapTo(scene.sheet, rect.topLeft()));
+        return direction == Qt::LeftToRight ? rect.left()
+                                            : scene.sheet->rect().right() - rect.right();
+    };
+    const auto elementOf = [](const QWidget *part, QStyle::SubElement element) {
+        QStyleOptionButton option;
+        option.initFrom(part);
+        return part->style()->subElementRect(element, &option, part);
+    };
+    const int expected = scene.sheet->contentsMargins().left() + scaled(20);
+    QCOMPARE(begin(scene.details(), scene.details()->rect()), expected);
+    QCOMPARE(begin(scene.box(), elementOf(scene.box(), QStyle::SE_CheckBoxIndicator)), expected);
+    QCOMPARE(begin(scene.detailsButton(),
+                 elementOf(scene.detailsButton(), QStyle::SE_PushButtonContents)),
+        expected);
+    // The caption ends where the content does.
+    QCOMPARE(scene.sheet->mapFromGlobal(scene.caption()->mapToGlobal(QPoint())).x()
+            + (direction == Qt::LeftToRight ? scene.caption()->width() : 0),
+        direction == Qt::LeftToRight ? scene.sheet->width() - expected : expected);
 }
 
 void MessageOptionsTest::dontAskAgainGoesWithDoubleConfirm()
