@@ -313,7 +313,9 @@ void StockStyle::drawControl(ControlElement element, const QStyleOption *option,
     const int width = qMax(1, scaled(1));
     QRect line = option->rect;
     if (option->state & State_Horizontal)
-        line = QRect(line.center().x(), line.top(), width, line.height());
+        // From right to left the gap between the parts begins one pixel after the handle.
+        line = QRect(line.center().x() + (widget->isRightToLeft() ? 1 : 0), line.top(), width,
+            line.height());
     else
         line = QRect(line.left(), line.center().y(), line.width(), width);
     painter->fillRect(

@@ -18,6 +18,7 @@
 #include <QRadioButton>
 #include <QScopeGuard>
 #include <QSlider>
+#include <QSplitter>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QTextBrowser>
@@ -101,6 +102,8 @@ private Q_SLOTS:
     void weekendsAreNotRed();
     void aWeekendOfTheHostStays();
     void aSliderIsAsWideAsItsHandle();
+    void aSplitterShowsItsLineMidway_data();
+    void aSplitterShowsItsLineMidway();
     void aFrameThatTheHostTurnedOffShowsOnlyTheFocus_data();
     void aFrameThatTheHostTurnedOffShowsOnlyTheFocus();
     void aRuleOfTheHostChangesOnlyWhatItSets_data();
@@ -321,6 +324,42 @@ void StockStyleTest::aSliderIsAsWideAsItsHandle()
     QCOMPARE(slider.sizeHint().height(), 16);
     slider.setTickPosition(QSlider::TicksBothSides);
     QVERIFY(slider.sizeHint().height() > 16); // room for the ticks
+}
+
+void StockStyleTest::aSplitterShowsItsLineMidway_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("from left to right") << Qt::LeftToRight;
+    QTest::newRow("from right to left") << Qt::RightToLeft;
+}
+
+void StockStyleTest::aSplitterShowsItsLineMidway()
+{
+    QFETCH(const Qt::LayoutDirection, direction);
+    QSplitter splitter;
+    splitter.setLayoutDirection(direction);
+    auto *first = new QWidget;
+    auto *second = new QWidget;
+    splitter.addWidget(first);
+    splitter.addWidget(second);
+    splitter.resize(300, 50);
+    splitter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&splitter));
+    const bool isReversed = direction == Qt::RightToLeft;
+    const QRect left = (isReversed ? second : first)->geometry();
+    const QRect right = (isReversed ? first : second)->geometry();
+    const QImage row = splitter.grab({left.right() + 1, 25, right.left() - left.right() - 1, 1})
+                           .toImage()
+                           .convertToFormat(QImage::Format_RGB32);
+    const QRgb colour = defaultThemeColor("line").rgb();
+    int before = 0;
+    while (before < row.width() && row.pixel(before, 0) != colour)
+        ++before;
+    int after = 0;
+    while (after < row.width() && row.pixel(row.width() - 1 - after, 0) != colour)
+        ++after;
+    QVERIFY(before > 0 && before < row.width());
+    QVERIFY2(qAbs(before - after) <= 1 - row.width() % 2, qPrintable(QString::number(before)));
 }
 
 void StockStyleTest::aFrameThatTheHostTurnedOffShowsOnlyTheFocus_data()
