@@ -22,8 +22,7 @@ const std::vector<PageEntry> &pages()
             buildFieldsPage},
         {"Choices",
             "VemoCheckBox VemoRadioButton VemoSwitch VemoComboBox VemoMenu check radio toggle "
-            "combo "
-            "menu shortcut",
+            "combo menu shortcut",
             buildChoicesPage},
         {"Foot bar", "VemoFootbar MouseButtonFilter MouseReleaseFilter footer buttons mouse",
             buildFootBarPage},
@@ -33,9 +32,8 @@ const std::vector<PageEntry> &pages()
             buildFocusPage},
         {"Messages",
             "VemoMessageSheet VemoMessageBar MsgBoxCustomBtnText VemoCountdownMessageBox "
-            "showConfirmMsg "
-            "showInfoMsg showWarningMsg showUpgradingMsg dialog modal question warning busy "
-            "countdown",
+            "showConfirmMsg showInfoMsg showWarningMsg showUpgradingMsg dialog modal question "
+            "warning busy countdown",
             buildMessagesPage},
         {"Sheets",
             "VemoSheet VemoInputSheet VemoContentSheet VemoProgressSheet VemoMask prompt dialog "
@@ -45,12 +43,10 @@ const std::vector<PageEntry> &pages()
             buildPagingPage},
         {"Table",
             "VemoTableWidget VemoTableView VemoTableColumnsInfo ResizeSignalTableWidget header "
-            "columns rows "
-            "sort",
+            "columns rows sort",
             buildTablesPage},
         {"Tree",
-            "VemoTreeWidget FileSystemTreeWidgetItem ItemDelegate folder rename removed "
-            "read-only",
+            "VemoTreeWidget FileSystemTreeWidgetItem ItemDelegate folder rename removed read-only",
             buildTreePage},
         {"Path and filter",
             "VemoButtonPath VemoFilterBar VemoSideBar breadcrumb folder search menu settings pages",
@@ -77,8 +73,7 @@ const std::vector<PageEntry> &pages()
             buildStockWindowsPage},
         {"Help",
             "HelpWindow BrowserWindow HelpContext ContentsEntry online offline html history "
-            "contents "
-            "find print zoom",
+            "contents find print zoom",
             buildHelpPage},
     };
     return entries;

@@ -9,9 +9,12 @@
 #include <vemo/imagemanager.h>
 
 #include <QFrame>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+
+#include <utility>
 
 namespace {
 
@@ -133,12 +136,16 @@ void addLongCaptions(Page &page)
 
 void addPaging(Page &page)
 {
-    QList<QWidget *> bar {named(new VemoIconButton("bt_pagebar_back"), "Previous page")};
+    const char *back = "bt_pagebar_back";
+    const char *next = "bt_pagebar_next";
+    if (QGuiApplication::isRightToLeft()) // the pictures stay as they are, only the row is mirrored
+        std::swap(back, next);
+    QList<QWidget *> bar {named(new VemoIconButton(back), "Previous page")};
     for (int number = 1; number <= 7; ++number) {
         bar << newButton(QString::number(number),
             number == 3 ? VemoButton::SELECT_PAGING : VemoButton::NONSELECT_PAGING);
     }
-    bar << named(new VemoIconButton("bt_pagebar_next"), "Next page");
+    bar << named(new VemoIconButton(next), "Next page");
     page.addSection(
         "Page numbers", "Two roles that differ in looks only: the page on show and any other.");
     page.addRow(bar);
@@ -161,8 +168,7 @@ void addIconButtons(Page &page)
         rows << iconStatesOf(name);
     page.addSection("Icon buttons",
         "Four pictures of one name in the catalogue. A click leaves the resting picture behind, "
-        "and "
-        "a button with the keyboard focus keeps its hover picture when the pointer leaves.");
+        "and a button with the keyboard focus keeps its hover picture when the pointer leaves.");
     page.addTable(QStringList("Picture") + kStates, rows);
     page.addCode(R"(auto *refresh = new VemoIconButton("bt_pagebar_refresh");
 refresh->setAccessibleName(tr("Refresh"));)");

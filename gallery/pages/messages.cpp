@@ -22,6 +22,7 @@ using Sheet = VemoMessageSheet;
 
 constexpr int kBusyTime = 3000; // Milliseconds.
 constexpr QSize kStage(400, 320);
+constexpr QSize kHighStage(400, 344); // The details are shown in full.
 constexpr QSize kNarrowStage(270, 320);
 
 const char *const kGerman =
@@ -181,7 +182,7 @@ void addOptions(Page &page)
     page.addRow({newAskingButton("Ask with options", result,
                      [](QWidget *window) { return newWithOptions(window)->execAndDelete(); }),
         result});
-    page.addRow({stage(kStage, newWithOptions), stage(kStage, newUnfolded)});
+    page.addRow({stage(kHighStage, newWithOptions), stage(kHighStage, newUnfolded)});
     page.addCode(R"(sheet->setDontAskAgainCheckBox(true);
 sheet->setDetailedText(fileNames.join('\n'));
 sheet->setDefaultButton(QMessageBox::Discard);)");
