@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemocheckbox.h>
 
+#include "controls/choicepainting_p.h"
 #include "controls/spokentooltip_p.h"
 
 #include <vemo/stylemanager.h>
@@ -12,3 +13,16 @@ VemoCheckBox::VemoCheckBox(const QString &text, QWidget *parent) : QCheckBox(tex
 }
 
 VemoCheckBox::VemoCheckBox(QWidget *parent) : VemoCheckBox(QString(), parent) { }
+
+void VemoCheckBox::paintEvent(QPaintEvent *event)
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    if (loweredBy(option, *this, QStyle::SE_CheckBoxContents) == 0) {
+        QCheckBox::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    paintChoice(&painter, option, *this, QStyle::CE_CheckBox, QStyle::CE_CheckBoxLabel,
+        QStyle::SE_CheckBoxContents);
+}

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemoradiobutton.h>
 
+#include "controls/choicepainting_p.h"
 #include "controls/spokentooltip_p.h"
 
 #include <vemo/stylemanager.h>
@@ -12,3 +13,16 @@ VemoRadioButton::VemoRadioButton(const QString &text, QWidget *parent) : QRadioB
 }
 
 VemoRadioButton::VemoRadioButton(QWidget *parent) : VemoRadioButton(QString(), parent) { }
+
+void VemoRadioButton::paintEvent(QPaintEvent *event)
+{
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    if (loweredBy(option, *this, QStyle::SE_RadioButtonContents) == 0) {
+        QRadioButton::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    paintChoice(&painter, option, *this, QStyle::CE_RadioButton, QStyle::CE_RadioButtonLabel,
+        QStyle::SE_RadioButtonContents);
+}

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemoswitch.h>
 
+#include "controls/choicepainting_p.h"
 #include "controls/spokentooltip_p.h"
 
 #include <vemo/stylemanager.h>
@@ -134,14 +135,6 @@ void VemoSwitch::paintEvent(QPaintEvent * /*event*/)
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
-    QStyleOptionButton label = option;
-    label.rect = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);
-    option.text.clear();
-    option.icon = QIcon();
-    // A style sheet puts the knob at an end by the painter's direction, which Qt does not set. The
-    // text has been aligned for its side already.
-    painter.setLayoutDirection(option.direction);
-    painter.drawControl(QStyle::CE_CheckBox, option);
-    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    painter.drawControl(QStyle::CE_CheckBoxLabel, label);
+    paintChoice(&painter, option, *this, QStyle::CE_CheckBox, QStyle::CE_CheckBoxLabel,
+        QStyle::SE_CheckBoxContents);
 }

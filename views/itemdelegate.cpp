@@ -2,6 +2,7 @@
 #include <vemo/itemdelegate.h>
 
 #include "controls/growntofont_p.h"
+#include "controls/loweredtext_p.h"
 #include "core/scaling_p.h"
 #include "views/itemdelegate_p.h"
 #include "views/owndirection_p.h"
@@ -89,5 +90,11 @@ void ItemDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &op
 {
     QStyleOptionViewItem fitting = option;
     fitting.font = fontForHeight(option.font, option.rect.height());
-    QItemDelegate::drawDisplay(painter, fitting, rect, inOwnDirection(text, option.direction));
+    // The base also fills the rectangle of a selected row, in trees of ours with nothing.
+    const bool isFilled = option.state.testFlag(QStyle::State_Selected)
+        && option.palette.color(QPalette::Highlight).alpha() > 0;
+    const int lowered =
+        isFilled ? 0 : loweredBy(fitting.font, text, rect.height(), LinePlace::WholePixel);
+    QItemDelegate::drawDisplay(
+        painter, fitting, rect.translated(0, -lowered), inOwnDirection(text, option.direction));
 }

@@ -9,10 +9,13 @@
 #include <vemo/stylemanager.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemobuttonpath.h>
+#include <vemo/vemocheckbox.h>
 #include <vemo/vemocombobox.h>
 #include <vemo/vemodateselector.h>
 #include <vemo/vemolabel.h>
+#include <vemo/vemoradiobutton.h>
 #include <vemo/vemosidebar.h>
+#include <vemo/vemoswitch.h>
 #include <vemo/vemotablewidget.h>
 #include <vemo/vemotreewidget.h>
 
@@ -30,6 +33,7 @@
 #include <QTextBrowser>
 #include <QTextEdit>
 #include <QToolBox>
+#include <QtMath>
 
 #include <functional>
 
@@ -136,6 +140,8 @@ private Q_SLOTS:
     void theIconOfATabOfAToolBoxIsInTheMiddle();
     void theDotsOfACutTextAreAtItsEnd_data();
     void theDotsOfACutTextAreAtItsEnd();
+    void lettersOfAnotherFontLowerNothing_data();
+    void lettersOfAnotherFontLowerNothing();
     void anEditableBoxShowsItsWidestTextWhole();
     void aLetterThatBeginsBeforeItsPlaceIsShownWhole_data();
     void aLetterThatBeginsBeforeItsPlaceIsShownWhole();
@@ -521,6 +527,58 @@ void TextInsetsTest::theDotsOfACutTextAreAtItsEnd()
     const int dots = scaled(4);
     QCOMPARE(all.right() - letters.right() > dots, areDotsAtRight);
     QCOMPARE(letters.left() - all.left() > dots, !areDotsAtRight);
+}
+
+namespace {
+
+template <typename Button> QWidget *newChoice(const QString &text)
+{
+    return new Button(text);
+}
+
+/// The topmost and the bottommost row of the first letter.
+QPair<int, int> rowsOfFirstLetter(QWidget *widget)
+{
+    const QImage picture = widget->grab().toImage();
+    const int width =
+        qRound(widget->fontMetrics().horizontalAdvance('H') * picture.devicePixelRatio());
+    QRect letter;
+    for (int x = 0; x < picture.width() && (letter.isNull() || x < letter.left() + width / 2); ++x) {
+        for (int y = 0; y < picture.height(); ++y) {
+            if (qGray(picture.pixel(x, y)) < 80)
+                letter |= QRect(x, y, 1, 1);
+        }
+    }
+    return {letter.top(), letter.bottom()};
+}
+
+} // namespace
+
+void TextInsetsTest::lettersOfAnotherFontLowerNothing_data()
+{
+    QTest::addColumn<NewCutText>("make");
+    QTest::newRow("VemoCheckBox") << NewCutText(newChoice<VemoCheckBox>);
+    QTest::newRow("VemoRadioButton") << NewCutText(newChoice<VemoRadioButton>);
+    QTest::newRow("VemoSwitch") << NewCutText(newChoice<VemoSwitch>);
+    QTest::newRow("row of a tree") << NewCutText(newCutRow);
+}
+
+void TextInsetsTest::lettersOfAnotherFontLowerNothing()
+{
+    QFETCH(const NewCutText, make);
+    QPair<int, int> rows[2];
+    for (const bool hasChinese : {false, true}) {
+        const QScopedPointer<QWidget> widget(make(hasChinese ? "H" + QString(QChar(0x56fd)) : "H"));
+        widget->setAttribute(Qt::WA_DontShowOnScreen);
+        widget->setFixedSize(scaled(120), scaled(40));
+        widget->show();
+        rows[hasChinese] = rowsOfFirstLetter(widget.data());
+    }
+    QVERIFY(rows[0].first < rows[0].second);
+    // The text moves by whole pixels of the widget.
+    const int tolerance = qCeil(qApp->devicePixelRatio()) - 1;
+    QVERIFY(qAbs(rows[1].first - rows[0].first) <= tolerance);
+    QVERIFY(qAbs(rows[1].second - rows[0].second) <= tolerance);
 }
 
 void TextInsetsTest::anEditableBoxShowsItsWidestTextWhole()

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// Internal header, not part of the interface: it may change without notice.
+#pragma once
+
+#include <QFont>
+#include <QTextLayout>
+#include <QtMath>
+
+#include <algorithm>
+
+/// Where the line of text begins in an area of that height, as Qt places it: styles between two
+/// pixels, QItemDelegate on whole ones.
+enum class LinePlace { Exact, WholePixel };
+
+/// By how many pixels Qt draws a text in the middle of an area lower than one whose letters are all
+/// in the font. It centres the line, and letters that are taken from another font, such as Chinese
+/// ones, often have a larger ascent.
+inline int loweredBy(
+    const QFont &font, const QString &text, int height, LinePlace place = LinePlace::Exact)
+{
+    const bool isLatin = std::all_of(
+        text.begin(), text.end(), [](QChar letter) { return letter.unicode() < 0x180; });
+    if (isLatin)
+        return 0;
+    const auto baselineOf = [&](const QString &line) {
+        QTextLayout layout(line, font);
+        layout.beginLayout();
+        const QTextLine first = layout.createLine();
+        layout.endLayout();
+        const double top = place == LinePlace::WholePixel ? height / 2 - qCeil(first.height()) / 2
+                                                          : (height - first.height()) / 2;
+        return qFloor(top + first.ascent() + 0.5);
+    };
+    return baselineOf(text) - baselineOf(QStringLiteral("x"));
+}
