@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/linklabel.h>
 
+#include "support/activewindow.h"
 #include "support/eventcounter.h"
 #include "support/vemotest.h"
 
@@ -89,7 +90,7 @@ struct Window : QWidget
 
     void pointAtLabel()
     {
-        QVERIFY(QTest::qWaitForWindowExposed(this));
+        QVERIFY(showActive(this));
         pointElsewhere();
         // Repeated, because the window manager may move the window in the meantime.
         const QPoint centre = label->rect().center();

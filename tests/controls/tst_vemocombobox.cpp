@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemocombobox.h>
 
+#include "support/activewindow.h"
 #include "support/eventcounter.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -64,8 +65,7 @@ void showAt(QWidget &window, const QPoint &position)
 {
     window.setWindowFlag(Qt::FramelessWindowHint);
     window.move(position);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(showActive(&window));
     QTRY_COMPARE(window.mapToGlobal(QPoint(0, 0)), window.pos());
 }
 
@@ -81,8 +81,6 @@ struct Form : QWidget
         setTabOrder(&before, &box);
         setTabOrder(&box, &after);
         showAt(*this, {100, 100});
-        activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(this));
     }
 
     QLineEdit before {this};
@@ -179,8 +177,6 @@ void VemoComboBoxTest::openingGivesUpTheFocus()
     Box box;
     box.setParent(&window);
     showAt(window, {100, 100});
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
     box.setFocus();
     QVERIFY(box.hasFocus());
     const EventCounter before(&box, QEvent::FocusOut, [&box] { return !box.popup()->isVisible(); });

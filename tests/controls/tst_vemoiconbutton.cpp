@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemoiconbutton.h>
 
+#include "support/activewindow.h"
 #include "support/eventcounter.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -246,9 +247,7 @@ void VemoIconButtonTest::leavingKeepsTheHoverPictureWhileFocused()
     VemoIconButton button("four");
     button.setParent(&window);
     button.setFocusPolicy(Qt::StrongFocus);
-    window.show();
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(showActive(&window));
     button.setFocus();
     QVERIFY(button.hasFocus());
     send(button, QEvent::Enter);

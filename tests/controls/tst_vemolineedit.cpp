@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemolineedit.h>
 
+#include "support/activewindow.h"
 #include "support/eventcounter.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -82,9 +83,7 @@ QString nameOf(const VemoLineEdit &edit)
 
 void activate(QWidget &window)
 {
-    window.show();
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(showActive(&window));
 }
 
 /// The value of this screen: at a factor of 1, 1.25 or 1.5.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemoswitch.h>
 
+#include "support/activewindow.h"
 #include "support/contrast.h"
 #include "support/focusring.h"
 #include "support/testhost.h"
@@ -117,10 +118,7 @@ void VemoSwitchTest::keysSwitch()
     QFETCH(Qt::Key, key);
     QFETCH(bool, isSwitched);
     VemoSwitch button(kText);
-    button.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&button));
-    QApplication::setActiveWindow(&button);
-    QTRY_VERIFY(QApplication::activeWindow() == &button);
+    QVERIFY(showActive(&button));
     button.setFocus(Qt::TabFocusReason);
     QTRY_VERIFY(button.hasFocus());
     QTest::keyClick(button.windowHandle(), key);
@@ -134,10 +132,7 @@ void VemoSwitchTest::mnemonicOfItsTextSwitches()
     VemoSwitch button(kText);
     QCOMPARE(button.shortcut(), QKeySequence("Alt+T"));
     button.setShortcut(QKeySequence("Ctrl+T"));
-    button.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&button));
-    QApplication::setActiveWindow(&button);
-    QTRY_VERIFY(QApplication::activeWindow() == &button);
+    QVERIFY(showActive(&button));
     QTest::keyClick(button.windowHandle(), Qt::Key_T, Qt::ControlModifier);
     QTRY_VERIFY(button.isChecked());
 }

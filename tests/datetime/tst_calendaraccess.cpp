@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The accessible interface of a calendar: all its parts, and a table of days.
 #include "datetime/calendar.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 
 #include <vemo/vemodateselector.h>
@@ -18,9 +19,7 @@ struct View
         view.resize(280, 260);
         view.setSelectedDate(kSelected);
         view.setCurrentPage(2024, 3);
-        view.show();
-        view.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&view);
+        isActive = showActive(&view);
     }
     QAccessibleInterface *grid() const { return QAccessible::queryAccessibleInterface(parts.grid); }
     QAccessibleTableInterface *table() const { return grid()->tableInterface(); }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The announcements for screen readers while a day is selected with the keyboard.
 #include "datetime/calendar.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 
 #include <QAccessible>
@@ -28,9 +29,7 @@ struct ShownCalendar
     ShownCalendar()
     {
         view.setSelectedDate({2024, 3, 30});
-        view.show();
-        view.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&view);
+        isActive = showActive(&view);
     }
 
     VemoCalanderView view {nullptr};

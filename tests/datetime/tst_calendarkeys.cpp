@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 
 #include <vemo/componentstrings.h>
@@ -27,9 +28,7 @@ struct Form
         after->move(0, scaled(310));
         view->setCurrentPage(2024, 3);
         parts = Parts(view);
-        window.show();
-        window.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&window);
+        isActive = showActive(&window);
     }
     void press(Qt::Key key) const { QTest::keyClick(window.windowHandle(), key); }
 
@@ -115,9 +114,7 @@ void CalendarKeysTest::tabWalksThroughAllParts()
 {
     QFETCH(bool, forwards);
     VemoCalanderView view(nullptr);
-    view.show();
-    view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&view));
+    QVERIFY(showActive(&view));
     const Parts parts(&view);
     QList<QWidget *> ring {
         &view, parts.previous, parts.next, parts.month, parts.year, parts.grid, parts.today};

@@ -2,6 +2,7 @@
 // A date can be selected with the keyboard alone, starting with the initial focus.
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
+#include "support/activewindow.h"
 #include "support/realkeys.h"
 #include "support/testhost.h"
 
@@ -24,9 +25,7 @@ struct Form
         view->setGeometry(scaled(10), scaled(60), scaled(280), scaled(260));
         for (const VemoCalanderView *calendar : {view, field->getCalendarView()})
             Parts(calendar).calendar->setSelectedDate(kStart);
-        window.show();
-        window.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&window);
+        isActive = showActive(&window);
     }
 
     QWidget window;

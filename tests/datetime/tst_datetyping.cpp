@@ -2,6 +2,7 @@
 // Typing into a date field, and the first weekday of its calendar; both are off at first.
 #include <vemo/vemodateselector.h>
 
+#include "support/activewindow.h"
 #include "support/realkeys.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -27,9 +28,7 @@ struct Fields
         field.setGeometry(0, 0, 200, field.height());
         field.setTypingEnabled(true);
         field.setDateRange({1940, 1, 1}, {2060, 12, 31});
-        window.show();
-        window.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&window);
+        isActive = showActive(&window);
         field.setFocus();
     }
     /// Types a text in place of the one that is shown.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
+#include "support/activewindow.h"
 #include "support/eventcounter.h"
 #include "support/testhost.h"
 
@@ -170,8 +171,7 @@ void DayCalendarTest::showsTheFocusOfItsArrows()
 {
     View view;
     QVERIFY(view.isExposed);
-    view.view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&view.view));
+    QVERIFY(showActive(&view.view));
     for (QToolButton *arrow : {view.parts.previous, view.parts.next}) {
         const QPoint edge = arrow->mapTo(&view.view, QPoint(arrow->width() / 2, 0));
         view.parts.grid->setFocus();
@@ -195,8 +195,7 @@ void DayCalendarTest::showsTheFocusOnItsDay()
 {
     QFETCH(bool, isSelected);
     View view;
-    view.view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&view.view));
+    QVERIFY(showActive(&view.view));
     if (!isSelected) {
         // Shows another month, in which the day with that number is current but not selected.
         const QDate next = View::today().addMonths(1);
@@ -223,8 +222,7 @@ void DayCalendarTest::showsTheFocusOnItsDay()
 void DayCalendarTest::framesTheViewWithTheFocus()
 {
     View view;
-    view.view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&view.view));
+    QVERIFY(showActive(&view.view));
     view.parts.next->setFocus();
     QVERIFY(pixelAt(&view.view, {20, 0}) != kAccent);
     QCoreApplication::processEvents();

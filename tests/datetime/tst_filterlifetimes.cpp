@@ -2,6 +2,7 @@
 // The last events that an event filter receives, FocusOut or Hide, come from a widget
 // that is already partly destroyed. A sanitizer reports filters that use it as if it were complete.
 #include "datetime/calendar.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 
 #include <vemo/defaulttheme.h>
@@ -274,9 +275,7 @@ void FilterLifetimesTest::aWatchedWidgetMayDieWithTheFocus()
     window->resize(400, 400);
     const QPointer<QWidget> watched(make(window));
     QVERIFY(watched);
-    window->show();
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window));
+    QVERIFY(showActive(window));
     watched->show();
     watched->setFocus();
     delete (diesWithItsWindow ? window.data() : childOf(window, watched));

@@ -3,6 +3,7 @@
 
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 
 #include <vemo/dpiinfo.h>
@@ -28,9 +29,7 @@ struct View
     {
         view.setCurrentPage(2024, 3);
         view.resize(scaled(280), scaled(260));
-        view.show();
-        view.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&view);
+        isActive = showActive(&view);
     }
 
     VemoCalanderView view {nullptr};

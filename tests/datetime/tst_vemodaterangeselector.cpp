@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemodaterangeselector.h>
 
+#include "support/activewindow.h"
 #include "support/realkeys.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -71,9 +72,7 @@ struct Form
         layout->addRow("Before", before);
         layout->addRow("&Changed", field);
         layout->addRow("After", after);
-        window.show();
-        window.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&window);
+        isActive = showActive(&window);
     }
     QWidget window;
     QLineEdit *before = new QLineEdit;

@@ -3,6 +3,7 @@
 
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
+#include "support/activewindow.h"
 #include "support/eventcounter.h"
 #include "support/testhost.h"
 
@@ -32,9 +33,7 @@ struct Form
         selector->move(scaled(10), scaled(10));
         before.move(0, scaled(60));
         after.move(0, scaled(110));
-        window.show();
-        window.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&window);
+        isActive = showActive(&window);
     }
     QWidget *popup() const { return selector->view()->parentWidget(); }
     bool isOpen() const { return popup()->isVisible(); }

@@ -2,6 +2,7 @@
 #include "browserstage.h"
 
 #include "examples/filebrowser/ui/look.h"
+#include "support/activewindow.h"
 
 #include <vemo/helpwindow.h>
 
@@ -60,8 +61,7 @@ void BrowserStage::watchForgottenSheets()
 void BrowserStage::open(const QString &folder)
 {
     window = std::make_unique<FileWindow>(folder.isEmpty() ? home.path() : folder);
-    window->show();
-    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    QVERIFY(showActive(window.get()));
     waitUntilRead();
 }
 
@@ -73,8 +73,7 @@ void BrowserStage::waitUntilRead() const
 
 void BrowserStage::reactivate() const
 {
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    QVERIFY(showActive(window.get()));
 }
 
 QStringList BrowserStage::names() const

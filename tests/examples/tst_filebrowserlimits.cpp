@@ -4,6 +4,7 @@
 #include "childworld.h"
 #include "folderwatch.h"
 
+#include "support/activewindow.h"
 #include "support/vemotest.h"
 
 #include <vemo/vemoinputsheet.h>
@@ -174,8 +175,7 @@ void FileBrowserLimitsTest::aHundredThousandFilesLeaveTheWindowFree()
     BrowserStage stage;
     stage.home.fill(100000);
     stage.window = std::make_unique<FileWindow>(stage.home.path());
-    stage.window->show();
-    QVERIFY(QTest::qWaitForWindowActive(stage.window.get()));
+    QVERIFY(showActive(stage.window.get()));
     auto *filter = stage.part<QLineEdit>("filterBar");
     filter->setFocus();
     int typedWhileReading = 0;

@@ -4,6 +4,7 @@
 #include "gallery/page.h"
 #include "gallery/pagelist.h"
 
+#include "support/activewindow.h"
 #include "support/realkeys.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -54,7 +55,7 @@ const Options ActivePage::kOptions {};
 void GalleryKeysTest::tabEndsTheRenamingForGood()
 {
     ActivePage page("Tree");
-    QVERIFY(QTest::qWaitForWindowActive(&page));
+    QVERIFY(showActive(&page));
     auto *tree = page.part<VemoTreeWidget>(
         [](const QWidget *each) { return each->accessibleName() == "A folder being renamed"; });
     QVERIFY(tree);
@@ -76,7 +77,7 @@ void GalleryKeysTest::tabEndsTheRenamingForGood()
 void GalleryKeysTest::ownSheetKeepsTheFocusAndAnswersEscape()
 {
     ActivePage page("Sheets");
-    QVERIFY(QTest::qWaitForWindowActive(&page));
+    QVERIFY(showActive(&page));
     auto *show = page.part<VemoButton>(
         [](const VemoButton *each) { return each->text() == "Show a sheet of our own"; });
     QVERIFY(show);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/activewindow.h"
 #include "support/vemotest.h"
 
 #include "gallery/gallerywindow.h"
@@ -46,9 +47,7 @@ struct Gallery
 {
     explicit Gallery(const QString &page = {}) : window(options(page))
     {
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(showActive(&window));
     }
 
     QString currentTitle() const { return list->currentItem()->text(); }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "help/navigationtest.h"
 
+#include "support/activewindow.h"
+
 #include <QScrollBar>
 
 void NavigationTest::init()
@@ -70,9 +72,7 @@ void NavigationTest::fetch(const QByteArray &word)
 
 void NavigationTest::showWindow()
 {
-    m_window->show();
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(showActive(m_window.get()));
 }
 
 void NavigationTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)

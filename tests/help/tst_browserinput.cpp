@@ -2,6 +2,7 @@
 #include "core/scaling_p.h"
 #include "help/helphost.h"
 #include "help/testserver.h"
+#include "support/activewindow.h"
 #include "support/vemotest.h"
 
 #include <vemo/BrowserWindow>
@@ -70,9 +71,7 @@ void BrowserInputTest::showPage(const QByteArray &html)
     QSignalSpy changed(view(), SIGNAL(textChanged()));
     m_window->reload(m_server->url());
     QVERIFY(changed.wait());
-    m_window->show();
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
+    QVERIFY(showActive(m_window.data()));
 }
 
 void BrowserInputTest::itOpensAtASensibleSize()

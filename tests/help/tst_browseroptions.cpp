@@ -3,6 +3,7 @@
 // off at first.
 #include "help/helphost.h"
 #include "help/navigationtest.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 
 #include <vemo/ComponentStrings>
@@ -317,9 +318,7 @@ void BrowserOptionsTest::longPageIsSearched()
 
 void BrowserOptionsTest::frameShowsTheFocus()
 {
-    m_window->show();
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(showActive(m_window.get()));
     view()->setFocus();
     QTRY_VERIFY(view()->hasFocus());
     const QPoint frame(0, view()->height() / 2);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/messageshortcuts.h>
 
+#include "support/activewindow.h"
 #include "support/sheetdriver.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -390,8 +391,7 @@ void MessageShortcutsTest::sheetLooksLikeOneMadeByHand()
     window.resize(800, 600);
     QWidget parent(&window);
     parent.resize(parentWidth, 30);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(showActive(&window));
     const SheetDriver first([&] {
         ours = look(window);
         QTest::keyClick(&window, Qt::Key_Return);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The announcements for screen readers when sheets are shown, change and end.
 #include "sheets/anysheet.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -60,8 +61,7 @@ void SheetAnnouncementsTest::comesAndGoesAsADialog()
 {
     QFETCH(const QString, kind);
     QWidget window;
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(showActive(&window));
     const AnySheet any(kind, &window);
     QVERIFY(!isModal(any.sheet()));
     announced.clear();

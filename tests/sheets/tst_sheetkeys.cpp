@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Message and input sheets keep shortcuts, Tab and the focus from the window below.
 #include "sheets/anysheet.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -38,9 +39,8 @@ struct Scene
         auto *shortcut = new QShortcut(QKeySequence("Ctrl+J"), &window);
         QObject::connect(shortcut, &QShortcut::activated, [this] { fired += "Ctrl+J"; });
         window.resize(600, 400);
-        window.show();
         button->setFocus();
-        if (!QTest::qWaitForWindowActive(&window))
+        if (!showActive(&window))
             qWarning("The window is not active.");
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Fields that stand below each other begin their texts below each other, and show them whole.
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -241,8 +242,7 @@ void TextInsetsTest::theFocusLeavesTheTextOfACellInItsPlace()
     table->setRowCount(1);
     table->setItem(0, 0, new QTableWidgetItem(kText));
     widget.resize(scaled(240), scaled(120));
-    widget.show();
-    QVERIFY(QTest::qWaitForWindowActive(&widget));
+    QVERIFY(showActive(&widget));
     const QRect cell = table->visualItemRect(table->item(0, 0));
     const auto begin = [&] { return inkOf(table->viewport()->grab(cell).toImage()).topLeft(); };
     table->setCurrentItem(nullptr);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/activewindow.h"
+
 #include <vemo/dpiinfo.h>
 #include <vemo/vemobutton.h>
 #include <vemo/vemosidebar.h>
@@ -35,11 +37,7 @@ struct SideBarWindow
     ~SideBarWindow() { delete window; }
 
     /// Waits until keys reach the side bar.
-    bool activate() const
-    {
-        window->activateWindow();
-        return QTest::qWaitForWindowActive(window);
-    }
+    bool activate() const { return showActive(window); }
 
     QRect row(int page) const { return list->visualRect(list->model()->index(page, 0)); }
     /// Its row without the heading.

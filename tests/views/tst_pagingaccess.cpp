@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/vemopagingbar.h>
 
+#include "support/activewindow.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -115,8 +116,7 @@ void PagingAccessTest::drawsNothingOfABlankButton()
 void PagingAccessTest::keepsTheFocusOnThePage()
 {
     Paging paging;
-    paging.bar.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&paging.bar));
+    QVERIFY(showActive(&paging.bar));
     paging.pages().at(4)->setFocus();
     QTest::keyClick(paging.bar.windowHandle(), Qt::Key_Space);
     QCOMPARE(paging.model.nowPage(), 3);

@@ -3,6 +3,7 @@
 #include <vemo/vemobuttonpath.h>
 
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/realkeys.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -37,9 +38,7 @@ struct Path
         before.setGeometry(0, scaled(100), scaled(100), scaled(30));
         bar.setGeometry(0, 0, scaled(width), bar.height());
         after.setGeometry(scaled(200), scaled(100), scaled(100), scaled(30));
-        window.show();
-        window.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&window);
+        isActive = showActive(&window);
         bar.refresh(kPath);
         QCoreApplication::processEvents();
     }

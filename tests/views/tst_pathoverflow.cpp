@@ -2,6 +2,7 @@
 #include <vemo/vemobuttonpath.h>
 
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -205,6 +206,7 @@ void PathOverflowTest::asksForThePathOfAMenuEntry()
 void PathOverflowTest::opensItsMenuOnPress()
 {
     Path path;
+    QVERIFY(showActive(&path.window));
     path.refreshWithout(path.right(2));
     QMenu *menu = path.folder()->menu();
     bool wasVisible = false;
@@ -244,8 +246,7 @@ void PathOverflowTest::keepsTheFocusAfterAMenuEntry()
 {
     Path path;
     connect(&path.bar, SIGNAL(sigUpdatePath(QString)), &path.bar, SLOT(slotUpdatePath(QString)));
-    path.window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&path.window));
+    QVERIFY(showActive(&path.window));
     path.refreshWithout(path.right(2));
     path.folder()->setFocus();
     path.folder()->menu()->actions().at(1)->trigger();

@@ -2,6 +2,7 @@
 #include <vemo/vemobuttonpath.h>
 
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/eventcounter.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -223,8 +224,7 @@ void PathRowTest::bringsAFocusedPartIntoView()
     QFETCH(int, column);
     Path path(direction);
     path.refreshWithout(path.button(0)->width() + path.button(1)->width());
-    path.window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&path.window));
+    QVERIFY(showActive(&path.window));
     path.folder()->setFocus();
     for (int tab = 0; tab <= column; tab += 2)
         QTest::keyClick(path.window.windowHandle(), Qt::Key_Tab);

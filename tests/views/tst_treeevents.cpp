@@ -2,6 +2,7 @@
 #include <vemo/vemotreewidget.h>
 
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/realkeys.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -185,8 +186,7 @@ void TreeEventsTest::reportsTheMenuKeys()
     Tree tree;
     tree.show();
     tree.widget.setCurrentItem(tree.item(1));
-    tree.widget.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&tree.widget));
+    QVERIFY(showActive(&tree.widget));
     tree.widget.setFocus();
     QList<int> keys;
     connect(&tree.widget, &VemoTreeWidget::sigKeyPressEvent, this,

@@ -2,6 +2,7 @@
 #include <vemo/vemotreewidget.h>
 
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -68,8 +69,7 @@ public:
     /// Shows the tree and waits for the resulting paint events.
     void showAndSettle()
     {
-        show();
-        QVERIFY(QTest::qWaitForWindowExposed(this));
+        QVERIFY(showActive(this));
         // The rows on the screen may be right before the tree has heard of the pointer, because it
         // asks for the position when it paints.
         movePointerTo(0);

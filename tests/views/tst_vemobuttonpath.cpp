@@ -2,6 +2,7 @@
 #include <vemo/vemobuttonpath.h>
 
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 #include "visual/boxfont.h"
@@ -444,8 +445,7 @@ void VemoButtonPathTest::keepsTheFocusWhenRefreshed()
     window.show();
     bar.refresh("a/b/c");
     connect(&bar, &VemoButtonPath::sigUpdatePath, &bar, [&] { bar.refresh(path); });
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(showActive(&window));
     auto *name = static_cast<QPushButton *>(bar.cellWidget(0, column));
     name->setFocus();
     QTRY_COMPARE(QApplication::focusWidget(), name);
@@ -461,8 +461,7 @@ void VemoButtonPathTest::takesNoFocusWhenRefreshed()
     QLineEdit after(&window);
     window.show();
     bar.refresh("a/b");
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(showActive(&window));
     after.setFocus();
     bar.refresh("a/b/c");
     QCOMPARE(QApplication::focusWidget(), &after);

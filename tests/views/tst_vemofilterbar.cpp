@@ -2,6 +2,7 @@
 #include <vemo/vemofilterbar.h>
 
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -183,7 +184,7 @@ void VemoFilterBarTest::swallowsDownWithoutAMenu()
 void VemoFilterBarTest::opensItsMenuOnDown()
 {
     Filter filter;
-    QVERIFY(QTest::qWaitForWindowExposed(&filter.bar));
+    QVERIFY(showActive(&filter.bar));
     QMenu menu;
     menu.addAction("Documents");
     filter.bar.setMenu(&menu);
@@ -203,8 +204,7 @@ void VemoFilterBarTest::opensItsMenuOnPress()
     // When a pop-up closes, Qt 6 sends an enter event to the widget under the pointer.
     QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
     Filter filter;
-    filter.bar.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&filter.bar));
+    QVERIFY(showActive(&filter.bar));
     QMenu menu;
     const QAction *action = menu.addAction("Documents");
     const QSignalSpy choices(action, SIGNAL(triggered()));

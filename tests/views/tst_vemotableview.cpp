@@ -2,6 +2,7 @@
 #include <vemo/vemotableview.h>
 
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/realkeys.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
@@ -102,8 +103,7 @@ struct Rows
     /// Makes it the active window, with the focus on a cell.
     void focus(int row, int column) const
     {
-        view()->window()->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(view()->window()));
+        QVERIFY(showActive(view()->window()));
         view()->setFocus();
         view()->setCurrentIndex(view()->model()->index(row, column));
     }
@@ -444,9 +444,7 @@ void VemoTableViewTest::letsTabLeave()
     VemoTableView table(columnsInfo(), &window);
     QLineEdit after(&window);
     table.setModel(&numbers);
-    window.show();
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(showActive(&window));
     table.getView()->setFocus();
     pressRealKey(Qt::Key_Tab);
     QTRY_VERIFY(after.hasFocus());

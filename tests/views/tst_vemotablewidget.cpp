@@ -2,6 +2,7 @@
 #include <vemo/vemotablewidget.h>
 
 #include "core/scaling_p.h"
+#include "support/activewindow.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -328,9 +329,7 @@ void VemoTableWidgetTest::letsTabLeave()
     QLineEdit after(&window);
     after.setObjectName("after");
     widget.getTable()->setRowCount(3);
-    window.show();
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(showActive(&window));
     widget.getTable()->setFocus();
     widget.getTable()->setCurrentCell(1, 1);
     QTest::keyClick(window.windowHandle(), key);
