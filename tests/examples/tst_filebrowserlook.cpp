@@ -86,6 +86,8 @@ private Q_SLOTS:
     void tabGoesThroughAllParts();
     void nothingIsCutAtTheSmallestSize();
     void iconsAreBelowTheirHeader();
+    void aLineIsBetweenListAndDetails_data();
+    void aLineIsBetweenListAndDetails();
     void anotherLookIsAsIfBuiltThatWay_data();
     void anotherLookIsAsIfBuiltThatWay();
     void itsPartsTakeTheLocaleOfTheLanguage();
@@ -173,6 +175,33 @@ void FileBrowserLookTest::iconsAreBelowTheirHeader()
     // The picture and the letter have a pixel or so of their own.
     QVERIFY2(qAbs(icon - caption) <= 2 * table->logicalDpiX() / 96,
         qPrintable(QString("icon at %1, caption at %2").arg(icon).arg(caption)));
+}
+
+void FileBrowserLookTest::aLineIsBetweenListAndDetails_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("from left to right") << Qt::LeftToRight;
+    QTest::newRow("from right to left") << Qt::RightToLeft;
+}
+
+void FileBrowserLookTest::aLineIsBetweenListAndDetails()
+{
+    QFETCH(const Qt::LayoutDirection, direction);
+    BrowserStage stage;
+    stage.open();
+    stage.window->setLayoutDirection(direction);
+    if (!stage.part("detailsPanel")->isVisible())
+        stage.action("detailsAction")->trigger();
+    const QImage window = pictureOf(stage);
+    const QWidget *panel = stage.part("detailsPanel");
+    const qreal ratio = window.devicePixelRatio();
+    const int left = qRound(panel->x() * ratio);
+    const int right = qRound((panel->x() + panel->width()) * ratio) - 1;
+    const int middle = qRound(panel->geometry().center().y() * ratio);
+    const QRgb line = defaultThemeColor("line").rgb();
+    const bool isReversed = direction == Qt::RightToLeft;
+    QCOMPARE(window.pixel(left, middle) == line, !isReversed);
+    QCOMPARE(window.pixel(right, middle) == line, isReversed);
 }
 
 void FileBrowserLookTest::anotherLookIsAsIfBuiltThatWay_data()

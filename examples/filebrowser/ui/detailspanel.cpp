@@ -86,7 +86,15 @@ DetailsPanel::DetailsPanel(QWidget *parent)
 {
     setObjectName("detailsPanel");
     setFixedWidth(DPIinfo::scaled(kWidth));
-    auto *column = new QVBoxLayout(this);
+    // A border of the style would not change sides from right to left.
+    auto *edge = new QFrame;
+    edge->setObjectName("edge");
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(edge);
+    auto *column = new QVBoxLayout;
+    row->addLayout(column, 1);
     const int margin = DPIinfo::scaled(kMargin);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(DPIinfo::scaled(kSmallGap));
