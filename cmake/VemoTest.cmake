@@ -164,10 +164,11 @@ function(vemo_register_test test dpi scale platform)
   if(arg_MEMORY)
     set_property(TEST ${test} PROPERTY LABELS memory)
   endif()
+  # By default QtTest aborts a test function after 300 s, which the longest take on a machine under load.
   set_tests_properties(${test} PROPERTIES
     TIMEOUT ${timeout} COST ${arg_TIMEOUT} # The longest tests start first.
     ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FONT_DPI=${dpi};QT_SCALE_FACTOR=${scale};QT_STYLE_OVERRIDE=fusion;QT_XCB_GL_INTEGRATION=none;QT_LOGGING_RULES=qt.qpa.xcb.warning=false;LC_ALL=en_US.UTF-8;XDG_RUNTIME_DIR=${PROJECT_BINARY_DIR}/runtime;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0"
-    ENVIRONMENT_MODIFICATION "LANGUAGE=unset:;QT_ENABLE_HIGHDPI_SCALING=${highDpiScaling};QT_AUTO_SCREEN_SCALE_FACTOR=unset:;QT_SCREEN_SCALE_FACTORS=unset:")
+    ENVIRONMENT_MODIFICATION "LANGUAGE=unset:;QTEST_FUNCTION_TIMEOUT=set:${timeout}000;QT_ENABLE_HIGHDPI_SCALING=${highDpiScaling};QT_AUTO_SCREEN_SCALE_FACTOR=unset:;QT_SCREEN_SCALE_FACTORS=unset:")
   if(NOT WIN32) # There all runs share one desktop.
     set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT_MODIFICATION "DISPLAY=unset:")
   endif()
