@@ -31,7 +31,8 @@ qint16 asInQt5(double units)
     if (QT_VERSION < QT_VERSION_CHECK(6, 0, 0))
         return qint16(units);
     const double pixels = kPointSize * QGuiApplication::primaryScreen()->logicalDotsPerInchY() / 72;
-    return qint16(std::ceil(std::ceil(units / 1000 * pixels) / pixels * 1000));
+    // Down: a hundredth of a pixel more would be another pixel.
+    return qint16(std::floor(std::ceil(units / 1000 * pixels) / pixels * 1000));
 }
 
 template <typename... Values> QByteArray bytes(Values... values)
