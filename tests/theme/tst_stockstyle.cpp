@@ -90,6 +90,7 @@ private Q_SLOTS:
     void textBeginsAtTheEdgeInEitherDirection();
     void aLineIsBetweenRowNumbersAndCells_data();
     void aLineIsBetweenRowNumbersAndCells();
+    void aRowNumberIsInTheMiddleOfItsRow();
     void aDisabledRowShowsThatItIsPartlyChecked();
     void aSubclassIsLeftAlone();
     void aHeightOfTheHostStays();
@@ -183,6 +184,26 @@ void StockStyleTest::aLineIsBetweenRowNumbersAndCells()
         QCOMPARE(picture.pixelColor(inner, 4), line);
         QVERIFY(picture.pixelColor(picture.width() - 1 - inner, 4) != line);
     }
+}
+
+void StockStyleTest::aRowNumberIsInTheMiddleOfItsRow()
+{
+    QWidget window;
+    auto *table = new QTableWidget(3, 2);
+    show(window, table);
+    const QHeaderView *rows = table->verticalHeader();
+    const QRect section(0, rows->sectionViewportPosition(1), rows->width(), rows->sectionSize(1));
+    const QImage picture = rows->viewport()->grab(section.adjusted(2, 2, -2, -2)).toImage();
+    const QColor ground = picture.pixelColor(0, 0);
+    QRect ink;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixelColor(x, y) != ground)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    QVERIFY(!ink.isEmpty());
+    QVERIFY(qAbs(ink.center().y() - picture.height() / 2) <= 2);
 }
 
 void StockStyleTest::aDisabledRowShowsThatItIsPartlyChecked()
