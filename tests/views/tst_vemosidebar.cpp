@@ -90,6 +90,7 @@ void VemoSideBarTest::isEmptyAtFirst()
     QCOMPARE(bar.stack(), nullptr);
     QVERIFY(!bar.isCollapsed());
     QVERIFY(bar.sizeHint().width() >= DPIinfo::scaled(120));
+    QCOMPARE(bar.minimumSizeHint(), QSize(DPIinfo::scaled(44), DPIinfo::scaled(56)));
 }
 
 void VemoSideBarTest::numbersPagesWithoutHeadings()
