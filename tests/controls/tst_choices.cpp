@@ -9,36 +9,6 @@
 
 #include <vemo/stylemanager.h>
 
-#include <QSet>
-
-namespace {
-
-QByteArray pixels(QWidget &widget)
-{
-    const QImage picture = widget.grab().toImage();
-    return {reinterpret_cast<const char *>(picture.constBits()), int(picture.sizeInBytes())};
-}
-
-/// How many pictures differ over the check states, each at rest, pressed and disabled.
-int looksOf(QAbstractButton &button, const QList<std::function<void()>> &checks)
-{
-    QSet<QByteArray> looks;
-    for (const auto &check : checks) {
-        check();
-        for (const bool isPressed : {false, true}) {
-            button.setDown(isPressed);
-            looks.insert(pixels(button));
-        }
-        button.setDown(false);
-        button.setEnabled(false);
-        looks.insert(pixels(button));
-        button.setEnabled(true);
-    }
-    return looks.size();
-}
-
-} // namespace
-
 class ChoicesTest : public VemoTest
 {
     Q_OBJECT
@@ -53,9 +23,6 @@ private Q_SLOTS:
     void isAClassOfItsOwnForStyleSheets();
     void checkBoxTogglesByMouseAndKeyboard();
     void radioButtonsTakeTurnsByMouseAndKeyboard();
-    void everyStateOfACheckBoxLooksDifferent();
-    void everyStateOfARadioButtonLooksDifferent();
-    void everyStateOfASwitchLooksDifferent();
 
 private:
     static void kinds();
@@ -141,32 +108,6 @@ void ChoicesTest::radioButtonsTakeTurnsByMouseAndKeyboard()
     QTest::keyClick(&weekly, Qt::Key_Space);
     QVERIFY(weekly.isChecked());
     QVERIFY(!daily.isChecked());
-}
-
-void ChoicesTest::everyStateOfACheckBoxLooksDifferent()
-{
-    VemoCheckBox box("Keep a copy");
-    box.setTristate(true);
-    QCOMPARE(looksOf(box,
-                 {[&] { box.setCheckState(Qt::Unchecked); },
-                     [&] { box.setCheckState(Qt::PartiallyChecked); },
-                     [&] { box.setCheckState(Qt::Checked); }}),
-        9);
-}
-
-void ChoicesTest::everyStateOfARadioButtonLooksDifferent()
-{
-    VemoRadioButton button("Daily");
-    button.setAutoExclusive(false);
-    QCOMPARE(
-        looksOf(button, {[&] { button.setChecked(false); }, [&] { button.setChecked(true); }}), 6);
-}
-
-void ChoicesTest::everyStateOfASwitchLooksDifferent()
-{
-    VemoSwitch button("Share");
-    QCOMPARE(
-        looksOf(button, {[&] { button.setChecked(false); }, [&] { button.setChecked(true); }}), 6);
 }
 
 VEMO_TEST_MAIN(ChoicesTest)
