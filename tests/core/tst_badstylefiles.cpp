@@ -34,7 +34,6 @@ private Q_SLOTS:
     void initTestCase() { m_host.start(ImageManager::LAZY_LOAD); }
     void theFilesAroundABadOneAreLoaded_data();
     void theFilesAroundABadOneAreLoaded();
-    void aFolderInPlaceOfAFileIsAnEmptyLine();
     void aFileThatMayNotBeReadIsAnEmptyLine();
     void aLinkToNowhereDoesNotExist();
     void byteOrderMarksAreDroppedFromEveryFile();
@@ -83,14 +82,6 @@ void BadStyleFilesTest::theFilesAroundABadOneAreLoaded()
     load({"==before==\nx\n== ==\n", bad, "\n==after==\ny"});
     QCOMPARE(storedSheet("before"), QString("\nx"));
     QVERIFY(storedSheet("after").endsWith("\ny"));
-}
-
-void BadStyleFilesTest::aFolderInPlaceOfAFileIsAnEmptyLine()
-{
-    const QString before = m_host.writeFile("before.qss", "==folder==\nx");
-    const QString after = m_host.writeFile("after.qss", "y");
-    StyleManager::getInstance().initialize({before, m_host.pictureFolder(), after});
-    QCOMPARE(storedSheet("folder"), QString("\nx\n\ny"));
 }
 
 void BadStyleFilesTest::aFileThatMayNotBeReadIsAnEmptyLine()

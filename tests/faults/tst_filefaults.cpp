@@ -190,6 +190,8 @@ void FileFaultsTest::aStyleFile()
         fault.asText == Fault::NotAFile ? QStringList("file \"" + path + "\" not exist")
                                         : QStringList());
     QVERIFY(getStyleSheet("before" + m_name).startsWith("\nb"));
+    if (fault.asText == Fault::Unopenable)
+        QCOMPARE(getStyleSheet("before" + m_name), QString("\nb\n")); // an empty line
     QCOMPARE(getStyleSheet("after" + m_name), QString("\na"));
     if (fault.asText == Fault::Whole)
         QCOMPARE(getStyleSheet(m_name, true).trimmed(), QString("QMenu { margin: 1px; }"));
