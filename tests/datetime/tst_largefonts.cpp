@@ -2,6 +2,7 @@
 // A calendar with a large font shows every day: it grows or, if it cannot, the numbers get smaller.
 #include "core/scaling_p.h"
 #include "datetime/calendar.h"
+#include "support/applicationfont.h"
 #include "support/testhost.h"
 
 #include <vemo/stylemanager.h>
@@ -12,22 +13,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-/// Sets the font of the application during its lifetime.
-class ApplicationFont
-{
-public:
-    explicit ApplicationFont(int points)
-    {
-        QFont font = m_before;
-        font.setPointSize(points);
-        QApplication::setFont(font);
-    }
-    ~ApplicationFont() { QApplication::setFont(m_before); }
-
-private:
-    QFont m_before = QApplication::font();
-};
 
 /// The bounding rectangle of the number in a cell, in the grid's viewport.
 QRect inkOf(const Parts &parts, int day)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Texts in the fonts that a desktop is set to: no control cuts letters off above or below.
 #include "core/scaling_p.h"
+#include "support/applicationfont.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -260,24 +261,6 @@ Specimen sheetFieldSpecimen()
         }};
 }
 
-QFont fontOf(int points)
-{
-    QFont font = QApplication::font();
-    font.setPointSize(points);
-    return font;
-}
-
-/// Sets the font of the application during its lifetime.
-class ApplicationFont
-{
-public:
-    explicit ApplicationFont(int points) { QApplication::setFont(fontOf(points)); }
-    ~ApplicationFont() { QApplication::setFont(m_before); }
-
-private:
-    QFont m_before = QApplication::font();
-};
-
 /// A window around a control. It keeps the focus: fields would draw their cursor.
 class Window : public QWidget
 {
@@ -476,7 +459,7 @@ void FontSizesTest::aTextInARowOfFixedHeightIsNotCut_data()
     addRow("row of a tree", rowSpecimen(), 28);
     addRow("name in a path", pathSpecimen(), 24);
     addRow("footer of a paging bar", footerSpecimen(), 24);
-    addRow("button of today", todaySpecimen(), 20);
+    addRow("button of today", todaySpecimen(), 22);
 }
 
 void FontSizesTest::aTextInARowOfFixedHeightIsNotCut()

@@ -2,6 +2,7 @@
 // Fields that stand below each other begin their texts below each other, and show them whole.
 #include "core/scaling_p.h"
 #include "support/activewindow.h"
+#include "support/applicationfont.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -506,6 +507,7 @@ void TextInsetsTest::theDotsOfACutTextAreAtItsEnd()
     QFETCH(const bool, isLatin);
     QFETCH(const bool, areDotsAtRight);
     QGuiApplication::setLayoutDirection(direction);
+    const ApplicationFont font(12); // the dots of smaller ones are grey
     const QScopedPointer<QWidget> widget(make(QString(40, isLatin ? QChar('H') : QChar(0x5dd))));
     widget->setFixedWidth(scaled(160));
     widget->show();
