@@ -545,7 +545,8 @@ QPair<int, int> rowsOfFirstLetter(QWidget *widget)
     const int width =
         qRound(widget->fontMetrics().horizontalAdvance('H') * picture.devicePixelRatio());
     QRect letter;
-    for (int x = 0; x < picture.width() && (letter.isNull() || x < letter.left() + width / 2); ++x) {
+    for (int x = 0; x < picture.width() && (letter.isNull() || x < letter.left() + width / 2);
+         ++x) {
         for (int y = 0; y < picture.height(); ++y) {
             if (qGray(picture.pixel(x, y)) < 80)
                 letter |= QRect(x, y, 1, 1);
