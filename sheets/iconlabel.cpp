@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "sheets/iconlabel_p.h"
 
+#include "core/resourcefile_p.h"
+
 #include <QMovie>
 #include <QPainter>
 #include <QStyle>
@@ -32,6 +34,9 @@ QPixmap IconLabel::detailedFrame()
     const QSize size = shown->currentPixmap().size() * ratio;
     if (!m_detailed || m_detailed->fileName() != shown->fileName()
         || m_detailed->scaledSize() != size) {
+        // The file may have been replaced since the movie began.
+        if (!isResourceFile(QFileInfo(shown->fileName()), kMaxPictureBytes))
+            return {};
         m_detailed.reset(new QMovie(shown->fileName()));
         m_detailed->setScaledSize(size);
         // Otherwise only the frame after the current one could be reached.

@@ -18,8 +18,13 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QStyle>
+#include <QTemporaryDir>
 
 #include <memory>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 namespace {
 
@@ -52,6 +57,7 @@ private Q_SLOTS:
     void buttonsThatDoNotFitAreStacked();
     void busySheetShowsItsMovie();
     void movieIsDrawnInThePixelsOfTheScreen();
+    void aMovieMayBeReplacedByAPipe();
     void movieOutlivesItsSheet();
     void movieMayDieWhileItsSheetRuns();
     void busySheetWithoutAMovieFileStillWorks();
@@ -331,6 +337,23 @@ void VemoMessageSheetTest::movieIsDrawnInThePixelsOfTheScreen()
         shown.setDevicePixelRatio(1); // as that of the movie
         QCOMPARE(shown.convertToFormat(expected.currentImage().format()), expected.currentImage());
     }
+}
+
+void VemoMessageSheetTest::aMovieMayBeReplacedByAPipe()
+{
+#ifdef Q_OS_UNIX
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("busy.gif");
+    QVERIFY(QFile::copy(kBusy, path));
+    QWidget window;
+    Sheet sheet("Working", path, &window);
+    const std::unique_ptr<QMovie> movie(sheet.movie());
+    QVERIFY(QFile::remove(path));
+    QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    QVERIFY(!iconOf(sheet)->grab().isNull());
+#else
+    QSKIP("Named pipes have names of their own.");
+#endif
 }
 
 void VemoMessageSheetTest::movieOutlivesItsSheet()
