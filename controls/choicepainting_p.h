@@ -8,6 +8,31 @@
 #include <QStylePainter>
 #include <QWidget>
 
+/// What a style draws of a button of mark and text.
+struct ChoiceElements
+{
+    QStyle::ControlElement button;
+    QStyle::ControlElement label;
+    QStyle::SubElement contents;
+};
+
+/// Paints a button of mark and text, with its text by lowered pixels higher.
+inline void paintChoice(QStylePainter *painter, QStyleOptionButton option, const QWidget &button,
+    const ChoiceElements &elements, int lowered)
+{
+    QStyleOptionButton text = option;
+    text.rect = button.style()->subElementRect(elements.contents, &option, &button);
+    text.rect.translate(0, -lowered);
+    option.text.clear();
+    option.icon = QIcon();
+    // A style sheet puts the knob of a switch at an end by the painter's direction, which Qt does
+    // not set. The text has been aligned for its side already.
+    painter->setLayoutDirection(option.direction);
+    painter->drawControl(elements.button, option);
+    painter->setLayoutDirection(Qt::LayoutDirectionAuto);
+    painter->drawControl(elements.label, text);
+}
+
 /// By how many pixels a style draws the text of a button lower than one in its own font.
 inline int loweredBy(
     const QStyleOptionButton &option, const QWidget &button, QStyle::SubElement contents)
@@ -16,19 +41,15 @@ inline int loweredBy(
     return loweredBy(button.font(), option.text, rect.height());
 }
 
-/// Paints a button of mark and text, the letters in the middle of the mark whatever their font.
-inline void paintChoice(QStylePainter *painter, QStyleOptionButton option, const QWidget &button,
-    QStyle::ControlElement choice, QStyle::ControlElement label, QStyle::SubElement contents)
+/// Paints a button whose text the style would draw too low for its mark; false for other buttons,
+/// which the style paints.
+inline bool paintLowered(
+    const QStyleOptionButton &option, QWidget *button, const ChoiceElements &elements)
 {
-    QStyleOptionButton text = option;
-    text.rect = button.style()->subElementRect(contents, &option, &button);
-    text.rect.translate(0, -loweredBy(option, button, contents));
-    option.text.clear();
-    option.icon = QIcon();
-    // A style sheet puts the knob of a switch at an end by the painter's direction, which Qt does
-    // not set. The text has been aligned for its side already.
-    painter->setLayoutDirection(option.direction);
-    painter->drawControl(choice, option);
-    painter->setLayoutDirection(Qt::LayoutDirectionAuto);
-    painter->drawControl(label, text);
+    const int lowered = loweredBy(option, *button, elements.contents);
+    if (lowered == 0)
+        return false;
+    QStylePainter painter(button);
+    paintChoice(&painter, option, *button, elements, lowered);
+    return true;
 }

@@ -2,7 +2,7 @@
 // Internal header, not part of the interface: it may change without notice.
 #pragma once
 
-#include <QFont>
+#include <QFontMetricsF>
 #include <QTextLayout>
 #include <QtMath>
 
@@ -22,14 +22,15 @@ inline int loweredBy(
         text.begin(), text.end(), [](QChar letter) { return letter.unicode() < 0x180; });
     if (isLatin)
         return 0;
-    const auto baselineOf = [&](const QString &line) {
-        QTextLayout layout(line, font);
-        layout.beginLayout();
-        const QTextLine first = layout.createLine();
-        layout.endLayout();
-        const double top = place == LinePlace::WholePixel ? height / 2 - qCeil(first.height()) / 2
-                                                          : (height - first.height()) / 2;
-        return qFloor(top + first.ascent() + 0.5);
+    const auto baseline = [&](double ascent, double lineHeight) {
+        const double top = place == LinePlace::WholePixel ? height / 2 - qCeil(lineHeight) / 2
+                                                          : (height - lineHeight) / 2;
+        return qFloor(top + ascent + 0.5);
     };
-    return baselineOf(text) - baselineOf(QStringLiteral("x"));
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    const QFontMetricsF own(font);
+    return baseline(line.ascent(), line.height()) - baseline(own.ascent(), own.height());
 }

@@ -18,6 +18,14 @@ QRect areaBefore(const QRect &field, const QStyleOptionComboBox &option)
     return area;
 }
 
+/// Whether a letter is drawn before the place where the text begins.
+bool hasOverhang(const QString &text, const QFontMetrics &metrics, Qt::LayoutDirection direction)
+{
+    const QRect ink = metrics.boundingRect(text);
+    return direction == Qt::RightToLeft ? ink.right() >= metrics.horizontalAdvance(text)
+                                        : ink.left() < 0;
+}
+
 } // namespace
 
 void paintOverhang(QStylePainter *painter, const QStyleOptionComboBox &option, const QComboBox &box)
@@ -25,7 +33,8 @@ void paintOverhang(QStylePainter *painter, const QStyleOptionComboBox &option, c
     // Beside an icon there is room for it.
     const bool hasPlainText =
         !box.isEditable() && option.currentIcon.isNull() && !option.currentText.isEmpty();
-    if (!hasPlainText || box.styleSheet().isEmpty())
+    if (!hasPlainText || box.styleSheet().isEmpty()
+        || !hasOverhang(option.currentText, painter->fontMetrics(), option.direction))
         return;
     const QRect field = box.style()->subControlRect(
         QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box);

@@ -18,11 +18,7 @@ void VemoCheckBox::paintEvent(QPaintEvent *event)
 {
     QStyleOptionButton option;
     initStyleOption(&option);
-    if (loweredBy(option, *this, QStyle::SE_CheckBoxContents) == 0) {
+    if (!paintLowered(option, this,
+            {QStyle::CE_CheckBox, QStyle::CE_CheckBoxLabel, QStyle::SE_CheckBoxContents}))
         QCheckBox::paintEvent(event);
-        return;
-    }
-    QStylePainter painter(this);
-    paintChoice(&painter, option, *this, QStyle::CE_CheckBox, QStyle::CE_CheckBoxLabel,
-        QStyle::SE_CheckBoxContents);
 }

@@ -18,11 +18,7 @@ void VemoRadioButton::paintEvent(QPaintEvent *event)
 {
     QStyleOptionButton option;
     initStyleOption(&option);
-    if (loweredBy(option, *this, QStyle::SE_RadioButtonContents) == 0) {
+    if (!paintLowered(option, this,
+            {QStyle::CE_RadioButton, QStyle::CE_RadioButtonLabel, QStyle::SE_RadioButtonContents}))
         QRadioButton::paintEvent(event);
-        return;
-    }
-    QStylePainter painter(this);
-    paintChoice(&painter, option, *this, QStyle::CE_RadioButton, QStyle::CE_RadioButtonLabel,
-        QStyle::SE_RadioButtonContents);
 }

@@ -135,6 +135,7 @@ void VemoSwitch::paintEvent(QPaintEvent * /*event*/)
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
-    paintChoice(&painter, option, *this, QStyle::CE_CheckBox, QStyle::CE_CheckBoxLabel,
-        QStyle::SE_CheckBoxContents);
+    paintChoice(&painter, option, *this,
+        {QStyle::CE_CheckBox, QStyle::CE_CheckBoxLabel, QStyle::SE_CheckBoxContents},
+        loweredBy(option, *this, QStyle::SE_CheckBoxContents));
 }
