@@ -18,12 +18,20 @@ std::filesystem::path nativePath(const QString &path)
         return QFile::encodeName(path).toStdString();
 }
 
-/// Writes bytes to a temporary file in the folder of path, with the usual permissions, and renames
-/// it to path.
+} // namespace
+
+bool renameOver(const QString &from, const QString &to)
+{
+    std::error_code error;
+    std::filesystem::rename(nativePath(from), nativePath(to), error);
+    return !error;
+}
+
 bool writeBeside(const QString &path, const QByteArray &bytes)
 {
-    const QString suffix = QStringLiteral(".%1").arg(QRandomGenerator::system()->generate(), 8, 16);
-    QFile part(path + suffix);
+    const QString name =
+        QStringLiteral("/.part-%1").arg(QRandomGenerator::system()->generate(), 8, 16);
+    QFile part(QFileInfo(path).path() + name);
     if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
         return false;
     const bool isWritten = part.write(bytes) == bytes.size();
@@ -32,15 +40,6 @@ bool writeBeside(const QString &path, const QByteArray &bytes)
         return true;
     part.remove();
     return false;
-}
-
-} // namespace
-
-bool renameOver(const QString &from, const QString &to)
-{
-    std::error_code error;
-    std::filesystem::rename(nativePath(from), nativePath(to), error);
-    return !error;
 }
 
 void replaceFile(const QString &path, const QByteArray &bytes)

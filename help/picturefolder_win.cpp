@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QTemporaryFile>
 
 namespace {
 
@@ -38,17 +37,15 @@ bool makePictureFolder()
 
 void writePicture(const QString &path, const QByteArray &bytes)
 {
-    const QFileInfo target(path);
-    if (!isSafePictureName(target.fileName()) || !isPictureFolderOwn())
+    // Not by QFileInfo: a name with backslashes is an unsafe name, and no path.
+    const QString name = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+    if (!isSafePictureName(name) || !isPictureFolderOwn())
         return;
+    const QFileInfo target(pictureFolder() + QLatin1Char('/') + name);
     if (target.exists() && !target.isWritable())
         return;
-    QTemporaryFile part(pictureFolder() + QLatin1String("/.part-XXXXXX"));
-    if (!part.open() || part.write(bytes) != bytes.size() || !part.flush())
-        return;
-    part.close();
-    if (renameOver(part.fileName(), path))
-        part.setAutoRemove(false);
+    // Not by QTemporaryFile, which stays open when it is closed, so that it could not be renamed.
+    writeBeside(target.filePath(), bytes);
 }
 
 bool openPicture(const QString &name, QFile *file)

@@ -7,7 +7,11 @@
 #include <QTimer>
 #include <QUrl>
 
+#ifdef Q_OS_WIN
+#include <winsock2.h>
+#else
 #include <sys/socket.h>
+#endif
 
 namespace {
 
@@ -85,8 +89,8 @@ private:
         } else if (end == Answer::RESET) {
             socket->flush();
             const linger atOnce {1, 0};
-            setsockopt(
-                int(socket->socketDescriptor()), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+            setsockopt(int(socket->socketDescriptor()), SOL_SOCKET, SO_LINGER,
+                reinterpret_cast<const char *>(&atOnce), sizeof atOnce);
             socket->abort();
         }
     }

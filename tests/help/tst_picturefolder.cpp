@@ -1,10 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "help/helphost.h"
 #include "help/picturefolder_p.h"
+#include "support/temporaryfolder.h"
 #include "support/vemotest.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
+namespace {
+
+#ifdef Q_OS_WIN
+constexpr bool kIsWindows = true;
+#else
+constexpr bool kIsWindows = false;
+#endif
+
+} // namespace
 
 class PictureFolderTest : public VemoTest
 {
@@ -14,12 +22,6 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void bothFoldersAreMadePrivate();
-    void foldersThatExistAreMadePrivate();
-    void aFolderThatIsALinkIsRefused_data();
-    void aFolderThatIsALinkIsRefused();
-    void aFolderOfSomebodyElseIsRefused_data();
-    void aFolderOfSomebodyElseIsRefused();
     void aFileInPlaceOfTheFolderIsRefused();
 
     void namesThatAreNoFileNamesAreUnsafe_data();
@@ -28,14 +30,14 @@ private Q_SLOTS:
     void namesThatMeanMoreToWindowsAreUnsafeThere();
 
     void aPictureReplacesAnEarlierOne();
+    void aPictureBeingReadKeepsItsContent();
     void aPictureIsWrittenByThePathThroughTheParent();
-    void nothingIsWrittenThroughALink();
     void whatCannotBeReplacedStays_data();
     void whatCannotBeReplacedStays();
     void longNamesAreWrittenAsFarAsTheFileSystemTakesThem_data();
     void longNamesAreWrittenAsFarAsTheFileSystemTakesThem();
     void unsafeNamesAreNotWritten();
-    void onlyPlainFilesAreRead();
+    void onlyFilesOfTheFolderAreRead();
     void theOldestPicturesAreRemoved_data();
     void theOldestPicturesAreRemoved();
     void theFolderIsTrimmedWhenItIsFirstUsed();
@@ -47,82 +49,18 @@ private:
     QScopedPointer<QTemporaryDir> m_temp;
 };
 
-static constexpr QFile::Permissions kOwner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
-    | QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
-
 void PictureFolderTest::init()
 {
     VemoTest::init();
     m_temp.reset(new QTemporaryDir);
-    qputenv("TMPDIR", m_temp->path().toLocal8Bit());
+    qputenv(kTemporaryFolderVariable, m_temp->path().toLocal8Bit());
 }
 
 void PictureFolderTest::cleanup()
 {
     m_temp.reset();
-    qunsetenv("TMPDIR");
+    qunsetenv(kTemporaryFolderVariable);
     VemoTest::cleanup();
-}
-
-void PictureFolderTest::bothFoldersAreMadePrivate()
-{
-    QVERIFY(preparePictureFolder());
-    QCOMPARE(pictureFolder(), image());
-    QCOMPARE(QFileInfo(outer()).permissions(), kOwner);
-    QCOMPARE(QFileInfo(image()).permissions(), kOwner);
-}
-
-void PictureFolderTest::foldersThatExistAreMadePrivate()
-{
-    QVERIFY(QDir().mkpath(image()));
-    const QFile::Permissions open = kOwner | QFile::ReadOther | QFile::ExeOther | QFile::ReadGroup;
-    QVERIFY(QFile::setPermissions(outer(), open) && QFile::setPermissions(image(), open));
-    QVERIFY(preparePictureFolder());
-    QCOMPARE(QFileInfo(outer()).permissions(), kOwner);
-    QCOMPARE(QFileInfo(image()).permissions(), kOwner);
-}
-
-void PictureFolderTest::aFolderThatIsALinkIsRefused_data()
-{
-    QTest::addColumn<QString>("link");
-    QTest::newRow("the picture folder") << "kestrava_help/image";
-    QTest::newRow("the folder around it") << "kestrava_help";
-}
-
-void PictureFolderTest::aFolderThatIsALinkIsRefused()
-{
-    QFETCH(const QString, link);
-    QTemporaryDir elsewhere;
-    if (link != QLatin1String("kestrava_help"))
-        QVERIFY(QDir().mkpath(outer()));
-    QVERIFY(QFile::link(elsewhere.path(), m_temp->filePath(link)));
-    QVERIFY(!preparePictureFolder());
-    writePicture(pictureFolder() + QLatin1String("/../image/a.png"), "bytes");
-    QVERIFY(!QFile::exists(elsewhere.filePath(QStringLiteral("a.png"))));
-    QVERIFY(QDir(elsewhere.path()).isEmpty()); // Nothing was made, either.
-    QFile picture;
-    QVERIFY(!openPicture(QStringLiteral("a.png"), &picture));
-}
-
-void PictureFolderTest::aFolderOfSomebodyElseIsRefused_data()
-{
-    aFolderThatIsALinkIsRefused_data();
-}
-
-void PictureFolderTest::aFolderOfSomebodyElseIsRefused()
-{
-    QFETCH(const QString, link);
-    if (geteuid() != 0)
-        QSKIP("Only root can give a folder to somebody else");
-    QVERIFY(QDir().mkpath(image()));
-    QCOMPARE(chown(m_temp->filePath(link).toLocal8Bit(), 65534, 65534), 0);
-    QVERIFY(!preparePictureFolder());
-    writePicture(image() + QLatin1String("/a.png"), "bytes");
-    QVERIFY(!QFile::exists(image() + QLatin1String("/a.png")));
-    QFile file(image() + QLatin1String("/b.png"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QFile picture;
-    QVERIFY(!openPicture(QStringLiteral("b.png"), &picture));
 }
 
 void PictureFolderTest::aFileInPlaceOfTheFolderIsRefused()
@@ -157,7 +95,8 @@ void PictureFolderTest::namesThatAreNoFileNamesAreUnsafe_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("isSafe");
     addNames({"", ".", "..", "a/b.png", QString::fromLatin1("a\0b.png", 7)}, false);
-    addNames(plainNames() + namesWithAMeaningOnWindows(), true);
+    addNames(plainNames(), true);
+    addNames(namesWithAMeaningOnWindows(), !kIsWindows);
 }
 
 void PictureFolderTest::namesThatAreNoFileNamesAreUnsafe()
@@ -184,11 +123,20 @@ void PictureFolderTest::aPictureReplacesAnEarlierOne()
 {
     QVERIFY(preparePictureFolder());
     writePicture(image() + QLatin1String("/a.png"), "a longer first picture");
+    writePicture(image() + QLatin1String("/a.png"), "second");
+    QCOMPARE(fileBytes(image() + QLatin1String("/a.png")), QByteArray("second"));
+    QCOMPARE(QDir(image()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+        QStringList("a.png"));
+}
+
+void PictureFolderTest::aPictureBeingReadKeepsItsContent()
+{
+    QVERIFY(preparePictureFolder());
+    writePicture(image() + QLatin1String("/a.png"), "a longer first picture");
     QFile reader(image() + QLatin1String("/a.png"));
     QVERIFY(reader.open(QIODevice::ReadOnly));
     writePicture(image() + QLatin1String("/a.png"), "second");
-    QCOMPARE(fileBytes(image() + QLatin1String("/a.png")), QByteArray("second"));
-    // Whoever was reading still has the whole first one: it was replaced, not written over.
+    // It was replaced, not written over; Windows does not even allow that.
     QCOMPARE(reader.readAll(), QByteArray("a longer first picture"));
     QCOMPARE(QDir(image()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
         QStringList("a.png"));
@@ -201,19 +149,6 @@ void PictureFolderTest::aPictureIsWrittenByThePathThroughTheParent()
     QCOMPARE(fileBytes(image() + QLatin1String("/a.png")), QByteArray("bytes"));
 }
 
-void PictureFolderTest::nothingIsWrittenThroughALink()
-{
-    QVERIFY(preparePictureFolder());
-    const QString victim = m_temp->filePath(QStringLiteral("victim"));
-    QFile file(victim);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("precious") == 8);
-    file.close();
-    QVERIFY(QFile::link(victim, image() + QLatin1String("/a.png")));
-    writePicture(image() + QLatin1String("/a.png"), "bytes");
-    QCOMPARE(fileBytes(victim), QByteArray("precious"));
-    QVERIFY(!QFileInfo(image() + QLatin1String("/a.png")).isSymLink());
-}
-
 void PictureFolderTest::whatCannotBeReplacedStays_data()
 {
     QTest::addColumn<bool>("isFolder");
@@ -224,8 +159,6 @@ void PictureFolderTest::whatCannotBeReplacedStays_data()
 void PictureFolderTest::whatCannotBeReplacedStays()
 {
     QFETCH(const bool, isFolder);
-    if (!isFolder && geteuid() == 0)
-        QSKIP("Root can write any file");
     QVERIFY(preparePictureFolder());
     const QString path = image() + QLatin1String("/a.png");
     if (isFolder) {
@@ -233,6 +166,8 @@ void PictureFolderTest::whatCannotBeReplacedStays()
     } else {
         writePicture(path, "first");
         QVERIFY(QFile::setPermissions(path, QFile::ReadOwner));
+        if (QFileInfo(path).isWritable())
+            QSKIP("Root can write any file");
     }
     writePicture(path, "second");
     QCOMPARE(QFileInfo(path).isDir(), isFolder);
@@ -248,7 +183,8 @@ void PictureFolderTest::longNamesAreWrittenAsFarAsTheFileSystemTakesThem_data()
     QTest::newRow("255 bytes") << QString(255, 'x') << true;
     QTest::newRow("256 bytes") << QString(256, 'x') << false;
     QTest::newRow("5000 bytes") << QString(5000, 'x') << false;
-    QTest::newRow("86 signs of three bytes") << QString(86, QChar(0x56FE)) << false;
+    // Windows counts characters.
+    QTest::newRow("86 signs of three bytes") << QString(86, QChar(0x56FE)) << kIsWindows;
 }
 
 void PictureFolderTest::longNamesAreWrittenAsFarAsTheFileSystemTakesThem()
@@ -270,23 +206,19 @@ void PictureFolderTest::unsafeNamesAreNotWritten()
         QDir(outer()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("image"));
 }
 
-void PictureFolderTest::onlyPlainFilesAreRead()
+void PictureFolderTest::onlyFilesOfTheFolderAreRead()
 {
     QVERIFY(preparePictureFolder());
-    const QString outside = m_temp->filePath(QStringLiteral("outside.png"));
-    QFile file(outside);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("outside") == 7);
-    file.close();
-    QVERIFY(QFile::link(outside, image() + "/link.png"));
+    QFile outside(m_temp->filePath(QStringLiteral("outside.png")));
+    QVERIFY(outside.open(QIODevice::WriteOnly) && outside.write("outside") == 7);
+    outside.close();
     QVERIFY(QDir().mkdir(image() + "/folder.png"));
-    QCOMPARE(mkfifo((image() + "/pipe.png").toLocal8Bit(), S_IRWXU), 0);
     writePicture(image() + "/a.png", "bytes");
     QFile picture;
     QVERIFY(openPicture(QStringLiteral("a.png"), &picture));
     QCOMPARE(picture.readAll(), QByteArray("bytes"));
     picture.close();
-    for (const char *name :
-        {"missing.png", "link.png", "folder.png", "pipe.png", "..", "", "../../outside.png"})
+    for (const char *name : {"missing.png", "folder.png", "..", "", "../../outside.png"})
         QVERIFY2(!openPicture(QString::fromLatin1(name), &picture), name);
 }
 
