@@ -17,8 +17,11 @@ Copying::Copying(const QStringList &sources, const QString &target) : job(source
 
 void Copying::waitForEnd()
 {
-    while (ends == 0)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    // Not by WaitForMoreEvents: on Windows the timers of the job are none.
+    QEventLoop loop;
+    connect(&job, SIGNAL(finished(QStringList,QStringList)), &loop, SLOT(quit()));
+    if (ends == 0)
+        loop.exec();
     QCoreApplication::processEvents();
 }
 

@@ -65,11 +65,13 @@ private Q_SLOTS:
     void namesAreChecked_data();
     void namesAreChecked();
     void renamingNeverReplaces();
+    void folderIsRenamedWithWhatIsInIt();
     void caseOfANameIsNoOtherName();
     void trashTakesFilesAndFolders();
     void trashTakesNothingElse_data();
     void trashTakesNothingElse();
     void copyIsComplete();
+    void folderIsCopiedWithWhatIsInIt();
     void copyNeverReplaces();
     void copyKeepsTimeAndAttributes();
     void copyIntoItselfIsRefused();
@@ -205,6 +207,18 @@ void WindowsFilesTest::renamingNeverReplaces()
     COMPARE_CONTENTS(folder.contents(), ({{"b.txt", "b"}, {"c.txt", "a"}, {"sub/", {}}}));
 }
 
+void WindowsFilesTest::folderIsRenamedWithWhatIsInIt()
+{
+    const DiskFolder folder;
+    folder.makeFolder("sub");
+    folder.write("sub/a.txt", "a");
+    folder.makeFolder("taken");
+    QVERIFY(!renameEntry(folder.path(), "sub", "taken").done);
+    const FileResult result = renameEntry(folder.path(), "sub", "other");
+    QVERIFY2(result.done, qPrintable(result.reason));
+    COMPARE_CONTENTS(folder.contents(), ({{"other/", {}}, {"other/a.txt", "a"}, {"taken/", {}}}));
+}
+
 void WindowsFilesTest::caseOfANameIsNoOtherName()
 {
     const DiskFolder folder;
@@ -267,6 +281,21 @@ void WindowsFilesTest::copyIsComplete()
     QCOMPARE(copying.copied, QStringList(folder.path("to/a.txt")));
     QCOMPARE(folder.contents().value("to/a.txt"), QByteArray(700000, 'a'));
     QCOMPARE(folder.contents().size(), 3);
+}
+
+void WindowsFilesTest::folderIsCopiedWithWhatIsInIt()
+{
+    const DiskFolder folder;
+    folder.makeFolder("from");
+    folder.makeFolder("from/sub");
+    folder.write("from/sub/a.txt", "a");
+    folder.makeFolder("to");
+    Copying copying({folder.path("from")}, folder.path("to"));
+    copying.waitForEnd();
+    QCOMPARE(copying.problems, QStringList());
+    COMPARE_CONTENTS(folder.contents(),
+        ({{"from/", {}}, {"from/sub/", {}}, {"from/sub/a.txt", "a"}, {"to/", {}}, {"to/from/", {}},
+            {"to/from/sub/", {}}, {"to/from/sub/a.txt", "a"}}));
 }
 
 void WindowsFilesTest::copyNeverReplaces()
