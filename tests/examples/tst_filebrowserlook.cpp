@@ -86,6 +86,8 @@ private Q_SLOTS:
     void tabGoesThroughAllParts();
     void nothingIsCutAtTheSmallestSize();
     void iconsAreBelowTheirHeader();
+    void theRingOfANameIsOfOneWidth_data();
+    void theRingOfANameIsOfOneWidth();
     void aLineIsBetweenListAndDetails_data();
     void aLineIsBetweenListAndDetails();
     void anotherLookIsAsIfBuiltThatWay_data();
@@ -175,6 +177,48 @@ void FileBrowserLookTest::iconsAreBelowTheirHeader()
     // The picture and the letter have a pixel or so of their own.
     QVERIFY2(qAbs(icon - caption) <= 2 * table->logicalDpiX() / 96,
         qPrintable(QString("icon at %1, caption at %2").arg(icon).arg(caption)));
+}
+
+void FileBrowserLookTest::theRingOfANameIsOfOneWidth_data()
+{
+    QTest::addColumn<int>("growth");
+    // At a fractional pixel ratio its sides begin at any fraction of a pixel.
+    for (int growth = 0; growth < 4; ++growth)
+        QTest::addRow("%d pixels larger", growth) << growth;
+}
+
+void FileBrowserLookTest::theRingOfANameIsOfOneWidth()
+{
+    QFETCH(const int, growth);
+    BrowserStage stage;
+    for (const char *name : {"1", "2", "3"})
+        stage.home.write(name, "content");
+    stage.open();
+    stage.select({"2"});
+    QTableWidget *table = stage.table();
+    table->horizontalHeader()->resizeSection(0, table->columnWidth(0) + growth);
+    table->verticalHeader()->resizeSection(0, table->rowHeight(0) + growth);
+    table->verticalHeader()->resizeSection(1, table->rowHeight(1) + growth);
+    QCoreApplication::processEvents();
+    const QRect cell = table->visualItemRect(table->item(1, 0));
+    const QImage picture = table->viewport()->grab().toImage();
+    const qreal ratio = picture.devicePixelRatio();
+    const QRect area =
+        QRectF(QPointF(cell.topLeft()) * ratio, QSizeF(cell.size()) * ratio).toAlignedRect();
+    const QRgb accent = defaultThemeColor("accent").rgb();
+    const auto sideAt = [&](QPoint place, QPoint step) {
+        int count = 0;
+        for (int i = 0; i < 8; ++i, place += step)
+            count += picture.rect().contains(place) && picture.pixel(place) == accent;
+        return count;
+    };
+    // Between the ring and the content.
+    const QPoint inset(area.left() + qRound(4 * ratio), area.top() + qRound(4 * ratio));
+    const int left = sideAt({area.left(), inset.y()}, {1, 0});
+    QVERIFY(left > 0);
+    QCOMPARE(sideAt({area.right(), inset.y()}, {-1, 0}), left);
+    QCOMPARE(sideAt({inset.x(), area.top()}, {0, 1}), left);
+    QCOMPARE(sideAt({inset.x(), area.bottom()}, {0, -1}), left);
 }
 
 void FileBrowserLookTest::aLineIsBetweenListAndDetails_data()

@@ -30,10 +30,17 @@ QStyleOptionViewItem indented(QStyleOptionViewItem cell)
 
 void drawRing(QPainter *painter, const QRect &cell)
 {
-    const int width = std::max(1, DPIinfo::scaled(kRingWidth));
-    const QRect inside = cell.adjusted(width, width, -width, -width);
-    for (const QRect &side : QRegion(cell).subtracted(inside))
-        painter->fillRect(side, defaultThemeColor("accent"));
+    // At a fractional pixel ratio Qt would round each side by itself: the pen counts device pixels.
+    const qreal ratio = painter->deviceTransform().m11();
+    const int width = std::max(1, int(DPIinfo::scaled(kRingWidth) * ratio));
+    QPen pen(defaultThemeColor("accent"), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+    pen.setCosmetic(true);
+    const qreal half = width / ratio / 2;
+    painter->save();
+    painter->setPen(pen);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(QRectF(cell).adjusted(half, half, -half, -half));
+    painter->restore();
 }
 
 } // namespace
