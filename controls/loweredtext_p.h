@@ -32,5 +32,7 @@ inline int loweredBy(
     const QTextLine line = layout.createLine();
     layout.endLayout();
     const QFontMetricsF own(font);
-    return baseline(line.ascent(), line.height()) - baseline(own.ascent(), own.height());
+    // Not line.height(), which is rounded up: with Qt 6 ascent and descent have fractions.
+    return baseline(line.ascent(), line.ascent() + line.descent())
+        - baseline(own.ascent(), own.height());
 }
