@@ -5,6 +5,7 @@
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVariant>
+#include <QDBusVirtualObject>
 #include <QFile>
 
 namespace {
@@ -13,6 +14,8 @@ const QLatin1String kAccessible("org.a11y.atspi.Accessible");
 const QLatin1String kAction("org.a11y.atspi.Action");
 const QLatin1String kProperties("org.freedesktop.DBus.Properties");
 const QLatin1String kConnection("vemo-accessibility");
+const QLatin1String kBusService("org.a11y.Bus");
+const QLatin1String kBusPath("/org/a11y/bus");
 
 constexpr int kAnswerTime = 20000; // milliseconds
 
@@ -32,6 +35,27 @@ bool writeFile(const QString &path, const QString &content)
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(content.toUtf8()) > 0;
 }
+
+/// Answers as a session does in which a screen reader runs.
+class ScreenReaderSession : public QDBusVirtualObject
+{
+public:
+    explicit ScreenReaderSession(QString address) : m_address(std::move(address)) { }
+
+    QString introspect(const QString & /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
+    {
+        const bool asksAddress = message.member() == QLatin1String("GetAddress");
+        if (!asksAddress && message.member() != QLatin1String("Get"))
+            return false;
+        // The properties are IsEnabled and ScreenReaderEnabled.
+        const QVariant isEnabled = QVariant::fromValue(QDBusVariant(true));
+        return connection.send(message.createReply(asksAddress ? m_address : isEnabled));
+    }
+
+private:
+    QString m_address;
+};
 
 void end(QProcess &process)
 {
@@ -70,8 +94,10 @@ AccessibilityBus::AccessibilityBus()
 AccessibilityBus::~AccessibilityBus()
 {
     end(m_program);
-    if (m_connection)
+    if (m_connection) {
+        m_connection->unregisterObject(kBusPath);
         QDBusConnection::disconnectFromBus(kConnection);
+    }
     // The registry exits when it loses its bus.
     end(m_daemon);
 }
@@ -93,8 +119,19 @@ bool AccessibilityBus::start()
         std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(address(), kConnection));
     if (!m_connection->isConnected())
         return false;
-    // Programs find the bus by this property, or ask on the session bus whether a screen reader
-    // runs; but then Qt may register the program before it is connected.
+    return announce();
+}
+
+bool AccessibilityBus::announce()
+{
+    // Programs with Qt 6.4 ask on the session bus whether a screen reader runs.
+    if (QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)) {
+        m_session = std::make_unique<ScreenReaderSession>(address());
+        return m_connection->registerVirtualObject(kBusPath, m_session.get())
+            && m_connection->registerService(kBusService);
+    }
+    // Those with Qt 5 find the bus also by this property. When they ask, Qt may register the
+    // program before it is connected.
     return QProcess::execute(
                VEMO_XPROP, {"-root", "-f", "AT_SPI_BUS", "8s", "-set", "AT_SPI_BUS", address()})
         == 0;
@@ -103,7 +140,10 @@ bool AccessibilityBus::start()
 bool AccessibilityBus::startProgram(
     const QString &path, const QStringList &arguments, const QProcessEnvironment &environment)
 {
-    m_program.setProcessEnvironment(onThisBus(environment));
+    QProcessEnvironment programs = onThisBus(environment);
+    // Qt 6.4 would connect, but register nothing.
+    programs.remove("AT_SPI_BUS_ADDRESS");
+    m_program.setProcessEnvironment(programs);
     m_program.start(path, arguments);
     return m_program.waitForStarted();
 }

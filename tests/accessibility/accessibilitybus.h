@@ -10,6 +10,8 @@
 
 #include <memory>
 
+class QDBusVirtualObject;
+
 /// An object of a program on the bus.
 struct BusObject
 {
@@ -56,6 +58,8 @@ private:
     QVariant call(const BusObject &object, const QString &interface, const QString &method,
         const QVariantList &arguments = {}) const;
     QVariant property(const BusObject &object, const QString &interface, const QString &name) const;
+    /// Lets programs find the bus.
+    bool announce();
     QString address() const { return "unix:path=" + m_folder.filePath("bus"); }
     QProcessEnvironment onThisBus(QProcessEnvironment environment) const;
 
@@ -63,4 +67,5 @@ private:
     QProcess m_daemon;
     QProcess m_program;
     std::unique_ptr<QDBusConnection> m_connection;
+    std::unique_ptr<QDBusVirtualObject> m_session;
 };
