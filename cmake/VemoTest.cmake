@@ -155,7 +155,11 @@ endfunction()
 # On X11 OpenGL is disabled, because its software driver is unloaded before its leaks can be identified, and so
 # are Qt's warnings of X errors, which may arrive after their window has been destroyed.
 function(vemo_register_test test dpi scale platform)
-  add_test(NAME ${test} COMMAND ${VEMO_TEST_LAUNCHER} ${ARGN})
+  set(options "")
+  if(WIN32 AND ARGN MATCHES "tst_")
+    set(options -o -,tap) # QtTest's plain text goes to the debugger.
+  endif()
+  add_test(NAME ${test} COMMAND ${VEMO_TEST_LAUNCHER} ${ARGN} ${options})
   set(highDpiScaling "unset:")
   if(VEMO_QT_VERSION_MAJOR EQUAL 6)
     set(highDpiScaling "set:0") # Otherwise QT_FONT_DPI would become a device pixel ratio.

@@ -4,14 +4,13 @@
 
 #include "support/vemotest.h"
 
+#include "examples/filebrowser/files/paths.h"
 #include "examples/filebrowser/ui/datefilter.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-
-#include <utime.h>
 
 namespace {
 
@@ -40,9 +39,9 @@ void chooseToday(const BrowserStage &stage)
 
 void change(const BrowserStage &stage, const QByteArray &name, const QDateTime &moment)
 {
-    const time_t seconds = moment.toSecsSinceEpoch();
-    const utimbuf times = {seconds, seconds};
-    QCOMPARE(utime(stage.home.native(name).constData(), &times), 0);
+    QFile file(urlOf(stage.home.path(name)).toLocalFile());
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(moment, QFileDevice::FileModificationTime));
 }
 
 void chooseTime(const BrowserStage &stage, const char *box, const QString &time)
