@@ -2,6 +2,7 @@
 #include "datetime/datetyping_p.h"
 
 #include "controls/editmargins_p.h"
+#include "controls/placeholderink_p.h"
 #include "datetime/leadingtext_p.h"
 
 #include <vemo/vemocalanderview.h>
@@ -29,6 +30,7 @@ DateTyping::DateTyping(VemoDateSelector *field) : QObject(field), m_field(field)
     field->setInsertPolicy(QComboBox::NoInsert);
     field->setCompleter(nullptr);
     beginLikeBox(field->lineEdit());
+    palePlaceholder(field->lineEdit());
     new LeadingText(field->lineEdit());
     connect(field->lineEdit(), &QLineEdit::editingFinished, this, [this] { take(); });
     connect(field, qOverload<int>(&QComboBox::currentIndexChanged), this, [this] { showDate(); });

@@ -56,6 +56,7 @@ class DateTypingTest : public VemoTest
 private Q_SLOTS:
     void initTestCase() { startDefaultTheme(); }
     void startsWithoutTyping();
+    void placeholderIsPalerThanADate();
     void takesADate_data();
     void takesADate();
     void showsThePreviousDateAgain_data();
@@ -78,6 +79,15 @@ void DateTypingTest::startsWithoutTyping()
     QVERIFY(!field.isTypingEnabled());
     QVERIFY(!field.isEditable());
     QCOMPARE(field.getCalendarView()->firstDayOfWeek(), Qt::Sunday);
+}
+
+void DateTypingTest::placeholderIsPalerThanADate()
+{
+    Fields fields;
+    const QPalette palette = fields.field.lineEdit()->palette();
+    QColor pale = palette.color(QPalette::Text);
+    pale.setAlpha(180);
+    QCOMPARE(palette.color(QPalette::PlaceholderText), pale);
 }
 
 void DateTypingTest::takesADate_data()
