@@ -15,7 +15,7 @@ void EntrySorter::add(const QVector<FileEntry> &entries)
     Run run;
     run.reserve(size_t(entries.size()));
     for (const FileEntry &entry : entries) {
-        run.push_back({entry.isFolder, m_collator.sortKey(entry.name), int(m_entries.size())});
+        run.push_back({entry.isFolder, NameKey(m_collator, entry.name), int(m_entries.size())});
         m_entries += entry;
     }
     std::sort(run.begin(), run.end(), isBefore);

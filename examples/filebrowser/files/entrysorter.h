@@ -2,8 +2,8 @@
 #pragma once
 
 #include "fileentry.h"
+#include "namekey.h"
 
-#include <QCollator>
 #include <QVector>
 
 #include <vector>
@@ -30,7 +30,7 @@ private:
     struct Place
     {
         bool isFolder;
-        QCollatorSortKey key;
+        NameKey key;
         int index; ///< in m_entries
     };
     using Run = std::vector<Place>;
