@@ -181,7 +181,8 @@ function(vemo_register_test test dpi scale platform)
   endif()
   if(VEMO_TEST_LAUNCHER)
     set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT
-      "VEMO_WINE=${PROJECT_BINARY_DIR}/wine" "VEMO_WINE_PATH=${VEMO_DLL_FOLDERS}")
+      "VEMO_WINE=${PROJECT_BINARY_DIR}/wine" "VEMO_WINE_PATH=${VEMO_DLL_FOLDERS}"
+      "VEMO_WINE_FONTS=${PROJECT_BINARY_DIR}/fonts")
   endif()
 endfunction()
 
@@ -196,6 +197,11 @@ if(WIN32 AND CMAKE_CROSSCOMPILING)
   endforeach()
   list(REMOVE_DUPLICATES folders)
   list(JOIN folders ":" VEMO_DLL_FOLDERS)
+  # The default font is of the first family here. This is the one that tests have on Linux.
+  file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/fonts")
+  foreach(font DejaVuSans DejaVuSans-Bold DejaVuSansMono DejaVuSansMono-Bold)
+    file(CREATE_LINK "/usr/share/fonts/truetype/dejavu/${font}.ttf" "${PROJECT_BINARY_DIR}/fonts/${font}.ttf" SYMBOLIC)
+  endforeach()
 endif()
 
 file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/runtime")
