@@ -32,7 +32,7 @@ QString nearestFolder(const QString &path)
 
 QUrl urlOf(const QString &path)
 {
-    return QUrl::fromEncoded("file://" + toNativeName(path).toPercentEncoding("/"));
+    return QUrl::fromEncoded("file://" + toNativeName(path).toPercentEncoding("/:"));
 }
 
 QString pathOf(const QUrl &url)
