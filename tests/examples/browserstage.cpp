@@ -3,6 +3,7 @@
 
 #include "examples/filebrowser/ui/look.h"
 #include "support/activewindow.h"
+#include "support/iswindows.h"
 
 #include <vemo/helpwindow.h>
 
@@ -39,8 +40,10 @@ bool isSettled(const QWidget *popup)
 
 BrowserStage::BrowserStage()
 {
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_DATA_HOME", trash.path().toUtf8());
+    if (!kIsWindows) {
+        qputenv("HOME", home.path().toUtf8());
+        qputenv("XDG_DATA_HOME", trash.path().toUtf8());
+    }
     startOnce();
     QObject::connect(&m_watch, &QTimer::timeout, [this] { watchForgottenSheets(); });
     m_watch.start(kWatchTime);
@@ -92,8 +95,10 @@ int BrowserStage::rowOf(const QString &name) const
 QPoint BrowserStage::placeOf(const QString &name) const
 {
     const QTableWidgetItem *item = table()->item(rowOf(name), 0);
-    if (!item)
+    if (!item) {
         QTest::qFail(qPrintable("There is no row " + name), __FILE__, __LINE__);
+        return {};
+    }
     table()->scrollToItem(item);
     return table()->visualItemRect(item).center();
 }

@@ -14,8 +14,8 @@
 #include <functional>
 #include <memory>
 
-/// The file browser on a temporary folder, which is also the home folder, with its own trash. The
-/// first one in a process installs the look, in English.
+/// The file browser on a temporary folder. Except on Windows, it is also the home folder, with its
+/// own trash. The first one in a process installs the look, in English.
 ///
 ///     BrowserStage stage;
 ///     stage.home.write("a.txt", "hello");

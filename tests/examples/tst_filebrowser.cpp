@@ -2,6 +2,7 @@
 // Ways through the folders and what the window shows of an entry, by mouse and keyboard.
 #include "browserstage.h"
 
+#include "support/iswindows.h"
 #include "support/vemotest.h"
 
 #include <vemo/filesystemtreewidgetitem.h>
@@ -19,6 +20,9 @@
 #include <QToolTip>
 
 namespace {
+
+/// Windows allows no angle brackets in names.
+constexpr auto kMarkUpName = kIsWindows ? "a & 'b' &lt;.txt" : "<b>a< b> & \"b\".txt";
 
 /// Records what would have been opened.
 class Desktop : public QObject
@@ -145,12 +149,14 @@ private Q_SLOTS:
     void aFolderIsOpened_data();
     void aFolderIsOpened();
     void aFileIsOpenedOnlyWhenAsked();
+    void aNameThatIsNoTextIsOpened();
     void aFileThatHasVanishedIsNotOpened();
     void thePathBarLeadsToEachParent();
     void theTreeShowsAHiddenFolderThatIsOpen();
     void theWayUpSelectsWhereOneCameFrom();
     void theTreeReadsAFolderWhenItIsOpened();
     void theDetailsShowAllOfAnEntry();
+    void theDetailsNameALink();
     void actionsNeedASelection();
     void theDetailsAreHiddenByTheirKey();
     void theHelpIsLocal();
@@ -239,16 +245,27 @@ void FileBrowserTest::aFileIsOpenedOnlyWhenAsked()
 {
     BrowserStage stage;
     stage.home.write("a b#%.txt", "");
-    stage.home.write("bad\xff.txt", "");
     stage.open();
     Desktop desktop;
     stage.select({stage.names().first()});
     QVERIFY(desktop.opened.isEmpty());
     stage.press(Qt::Key_Return);
-    QCOMPARE(desktop.opened, QList<QUrl> {QUrl::fromLocalFile(stage.home.path("a b#%.txt"))});
-    stage.select({stage.names().last()});
+    const QString path = QLatin1String(kIsWindows ? "" : "/") + stage.home.path("a b#%.txt").mid(1);
+    QCOMPARE(desktop.opened, QList<QUrl> {QUrl::fromLocalFile(path)});
+}
+
+void FileBrowserTest::aNameThatIsNoTextIsOpened()
+{
+    if (kIsWindows)
+        QSKIP("There names are not bytes.");
+    BrowserStage stage;
+    stage.home.write("bad\xff.txt", "");
+    stage.open();
+    const Desktop desktop;
+    stage.select(stage.names());
     stage.press(Qt::Key_Return);
-    QVERIFY(desktop.opened.last().toEncoded().endsWith("/bad%FF.txt"));
+    QCOMPARE(desktop.opened.size(), 1);
+    QVERIFY(desktop.opened.first().toEncoded().endsWith("/bad%FF.txt"));
 }
 
 void FileBrowserTest::aFileThatHasVanishedIsNotOpened()
@@ -269,10 +286,11 @@ void FileBrowserTest::aFileThatHasVanishedIsNotOpened()
 
 void FileBrowserTest::thePathBarLeadsToEachParent()
 {
+    const QByteArray inner = kIsWindows ? "a & b/inner" : "a & b/new\nline";
     BrowserStage stage;
     stage.home.makeFolder("a & b");
-    stage.home.makeFolder("a & b/new\nline");
-    stage.open(stage.home.path("a & b/new\nline"));
+    stage.home.makeFolder(inner);
+    stage.open(stage.home.path(inner));
     QVERIFY(pathButton(stage, "a && b"));
     pathButton(stage, "a && b")->click();
     QCOMPARE(stage.window->folder(), stage.home.path("a & b"));
@@ -332,23 +350,33 @@ void FileBrowserTest::theTreeReadsAFolderWhenItIsOpened()
 void FileBrowserTest::theDetailsShowAllOfAnEntry()
 {
     BrowserStage stage;
-    stage.home.write("a & <b>.txt", "12345");
-    stage.home.link("link.png", "nowhere");
+    stage.home.write(kMarkUpName, "12345");
+    stage.home.write("b.txt", "");
     stage.open();
     QCOMPARE(detail(stage, "detailsKind"), QString("Folder"));
-    stage.clickRow("a & <b>.txt");
-    QCOMPARE(stage.table()->item(stage.rowOf("a & <b>.txt"), 0)->text(), QString("a & <b>.txt"));
-    QCOMPARE(detail(stage, "detailsName"), QString("a & <b>.txt"));
+    stage.clickRow(kMarkUpName);
+    QCOMPARE(stage.selected(), QStringList(kMarkUpName));
+    QCOMPARE(stage.table()->selectedItems().value(0)->text(), QString(kMarkUpName));
+    QCOMPARE(detail(stage, "detailsName"), QString(kMarkUpName));
     QCOMPARE(detail(stage, "detailsKind"), QString("Text"));
     QCOMPARE(detail(stage, "detailsSize"), QString("5 B"));
     QCOMPARE(detail(stage, "detailsAccess"), QString("Can be changed"));
     QVERIFY(
         detail(stage, "detailsModified").startsWith(QDate::currentDate().toString(Qt::ISODate)));
-    stage.clickRow("link.png");
-    QCOMPARE(detail(stage, "detailsKind"), QString("Link: Picture"));
     stage.press(Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(detail(stage, "detailsName"), QString("Selected: 2"));
     QCOMPARE(stage.footer(), QString("Items: 2 | Selected: 2"));
+}
+
+void FileBrowserTest::theDetailsNameALink()
+{
+    if (kIsWindows)
+        QSKIP("There most users may not make links.");
+    BrowserStage stage;
+    stage.home.link("link.png", "nowhere");
+    stage.open();
+    stage.clickRow("link.png");
+    QCOMPARE(detail(stage, "detailsKind"), QString("Link: Picture"));
 }
 
 void FileBrowserTest::actionsNeedASelection()
@@ -401,7 +429,7 @@ void FileBrowserTest::theHelpIsLocal()
 void FileBrowserTest::theToolTipShowsTheNameAsItIs()
 {
     BrowserStage stage;
-    stage.home.write("<b>bold< b> & \"a\".txt", "");
+    stage.home.write(kMarkUpName, "");
     stage.open();
     const QString shown = stage.names().value(0);
     const QPoint place = stage.placeOf(shown);

@@ -3,6 +3,7 @@
 #include "browserstage.h"
 
 #include "examples/filebrowser/ui/questions.h"
+#include "support/iswindows.h"
 #include "support/vemotest.h"
 
 #include <vemo/vemomessagesheet.h>
@@ -10,6 +11,13 @@
 #include <QAbstractButton>
 #include <QClipboard>
 #include <QMimeData>
+
+namespace {
+
+/// Windows allows neither line breaks nor angle brackets in names.
+constexpr auto kMarkUpName = kIsWindows ? "b & 'b'.txt" : "b\n<b>.txt";
+
+} // namespace
 
 class FileBrowserCopiesTest : public VemoTest
 {
@@ -30,22 +38,22 @@ void FileBrowserCopiesTest::filesAreCopied()
 {
     BrowserStage stage;
     stage.home.write("a.txt", "content");
-    stage.home.write("b\n<b>.txt", "other");
+    stage.home.write(kMarkUpName, "other");
     stage.home.makeFolder("sub");
     stage.home.write("sub/a.txt", "taken");
     stage.open();
     stage.clickRow("a.txt");
-    stage.clickRow("b\n<b>.txt", Qt::ShiftModifier);
+    stage.clickRow(kMarkUpName, Qt::ShiftModifier);
     stage.press(Qt::Key_C, Qt::ControlModifier);
     stage.doubleClickRow("sub");
     stage.waitUntilRead();
     const SheetLog log;
     stage.press(Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(log.shown, QStringList("copySheet"));
-    QTRY_COMPARE(stage.names(), QStringList({"a (2).txt", "a.txt", "b\n<b>.txt"}));
+    QTRY_COMPARE(stage.names(), QStringList({"a (2).txt", "a.txt", kMarkUpName}));
     COMPARE_CONTENTS(stage.home.contents(),
-        ({{"a.txt", "content"}, {"b\n<b>.txt", "other"}, {"sub/", {}}, {"sub/a (2).txt", "content"},
-            {"sub/a.txt", "taken"}, {"sub/b\n<b>.txt", "other"}}));
+        ({{"a.txt", "content"}, {kMarkUpName, "other"}, {"sub/", {}}, {"sub/a (2).txt", "content"},
+            {"sub/a.txt", "taken"}, {QByteArray("sub/") + kMarkUpName, "other"}}));
 }
 
 void FileBrowserCopiesTest::copyingToTheSameFolderKeepsBoth()
@@ -115,11 +123,15 @@ void FileBrowserCopiesTest::leftoversOfBrokenCopiesAreOffered()
     stage.home.write(".copying-notes", "of the user's own");
     stage.home.write(".copying-0123456789abcdef", "half");
     stage.home.makeFolder(".copying-9");
+    QList<QByteArray> leftovers {".copying-0123456789abcdef"};
+    if (!kIsWindows) // There a folder can't be known to be unused.
+        leftovers += ".copying-9/";
     stage.open();
     DiskFolder::Contents expected = stage.home.contents();
     SheetDriver driver(stage.window.get(), {[&](VemoSheet *sheet) {
         const QString asked = wordsOf(sheet);
-        QVERIFY2(asked.contains("2") && asked.contains(".copying-9"), qPrintable(asked));
+        QVERIFY2(asked.contains(QString("folder: %1.").arg(leftovers.size())), qPrintable(asked));
+        QCOMPARE(asked.contains(".copying-9"), !kIsWindows);
         QVERIFY(!asked.contains("notes"));
         COMPARE_CONTENTS(stage.home.contents(), (expected)); // Nothing is copied yet.
         if (isTaken)
@@ -135,11 +147,12 @@ void FileBrowserCopiesTest::leftoversOfBrokenCopiesAreOffered()
     expected.insert("a (2).txt", "text");
     DiskFolder::Contents trashed;
     if (isTaken) {
-        for (const char *name : {".copying-0123456789abcdef", ".copying-9/"})
+        for (const QByteArray &name : leftovers)
             trashed.insert(name, expected.take(name));
     }
     QTRY_COMPARE(linesOf(stage.home.contents()), linesOf(expected));
-    COMPARE_CONTENTS(stage.trash.contentsOfTrash(), (trashed));
+    if (!kIsWindows) // There the recycle bin is elsewhere.
+        COMPARE_CONTENTS(stage.trash.contentsOfTrash(), (trashed));
 }
 
 void FileBrowserCopiesTest::onlyFilesArePasted()

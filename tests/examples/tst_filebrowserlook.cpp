@@ -5,6 +5,7 @@
 #include "examples/filebrowser/ui/datefilter.h"
 #include "examples/filebrowser/ui/look.h"
 #include "support/focusring.h"
+#include "support/iswindows.h"
 #include "support/vemotest.h"
 
 #include <vemo/defaulttheme.h>
@@ -64,6 +65,13 @@ QImage pictureOf(const BrowserStage &stage)
 {
     QCoreApplication::processEvents();
     return stage.window->grab().toImage();
+}
+
+/// On Windows a program can't choose its home folder, where other programs make folders too.
+void openWithoutOthersFolders(BrowserStage *stage)
+{
+    stage->open();
+    stage->part("folderTree")->setVisible(!kIsWindows);
 }
 
 QString heading(const BrowserStage &stage, int column)
@@ -264,7 +272,7 @@ void FileBrowserLookTest::anotherLookIsAsIfBuiltThatWay()
     BrowserStage stage;
     stage.home.write("report.pdf", QByteArray(2048, 'x'));
     stage.home.makeFolder("sub");
-    stage.open();
+    openWithoutOthersFolders(&stage);
     stage.select({"report.pdf"});
     const QImage before = pictureOf(stage);
     choose(stage, other);
@@ -274,7 +282,7 @@ void FileBrowserLookTest::anotherLookIsAsIfBuiltThatWay()
     choose(stage, other);
     QVERIFY(after != before);
     stage.window.reset();
-    stage.open();
+    openWithoutOthersFolders(&stage);
     stage.select({"report.pdf"});
     QCOMPARE(pictureOf(stage), after);
 }

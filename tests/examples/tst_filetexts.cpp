@@ -220,7 +220,7 @@ void FileTextsTest::readsTheCommandLine_data()
     QTest::addColumn<QString>("language");
     addRow("nothing", QStringList(), QDir::homePath(), "enu");
     addRow("folder", QStringList("/tmp/"), "/tmp", "enu");
-    addRow("relative", QStringList("a/../b"), QDir::current().absoluteFilePath("b"), "enu");
+    addRow("relative", QStringList("a/../b"), "b", "enu");
     addRow("language", QStringList({"--language", "deu", "/"}), "/", "deu");
     addRow("options of Qt",
         QStringList({"-reverse", "-style", "windows", "-platform", "offscreen", "/"}), "/", "enu");
@@ -234,7 +234,7 @@ void FileTextsTest::readsTheCommandLine()
     const CommandLine line = readCommandLine(QStringList("filebrowser") + arguments);
     QCOMPARE(line.error, QString());
     QCOMPARE(line.answer, QString());
-    QCOMPARE(line.options.folder, folder);
+    QCOMPARE(line.options.folder, pathFromQt(QDir::current().absoluteFilePath(folder)));
     QCOMPARE(line.options.language, language);
     QVERIFY(readCommandLine({"filebrowser", "--help"}).answer.contains("--language <code>"));
 }

@@ -1,18 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "help/helphost.h"
 #include "help/picturefolder_p.h"
+#include "support/iswindows.h"
 #include "support/temporaryfolder.h"
 #include "support/vemotest.h"
-
-namespace {
-
-#ifdef Q_OS_WIN
-constexpr bool kIsWindows = true;
-#else
-constexpr bool kIsWindows = false;
-#endif
-
-} // namespace
 
 class PictureFolderTest : public VemoTest
 {
