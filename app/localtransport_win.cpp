@@ -135,6 +135,8 @@ bool LocalListener::listen(const QString &address, QString *refusal)
     }
     m_handle = std::move(handle);
     connect(&m_handle->server, SIGNAL(newConnection()), this, SLOT(acceptWaiting()));
+    // For those who connected while the server made its pipes: it has already signalled them.
+    QMetaObject::invokeMethod(this, "acceptWaiting", Qt::QueuedConnection);
     return true;
 }
 

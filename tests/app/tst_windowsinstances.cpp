@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 
 #include <functional>
+#include <future>
 #include <vector>
 
 #include <aclapi.h>
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void lockRefusesWhatIsNotAFileOfOurs();
     void lockSaysWhyTheFileCannotBeMade();
     void pipeIsForItsUserAlone();
+    void hearsWhoConnectsWhileItStartsToListen();
     void dropsWhoIsSilentForFiveSeconds();
     void roleIsFreeAfterThePrimaryWasKilled();
 
@@ -208,6 +210,30 @@ void WindowsInstancesTest::pipeIsForItsUserAlone()
     QCOMPARE(allowed, 1);
     LocalFree(descriptor);
     CloseHandle(pipe);
+}
+
+void WindowsInstancesTest::hearsWhoConnectsWhileItStartsToListen()
+{
+    const OwnTemporaryFolder folder;
+    const QString address = folder.socketPath();
+    // It connects as soon as there is a pipe. The result's destructor waits for its end.
+    const auto sender = std::async(std::launch::async, [address] {
+        QElapsedTimer clock;
+        clock.start();
+        HANDLE pipe = INVALID_HANDLE_VALUE;
+        while (pipe == INVALID_HANDLE_VALUE && !clock.hasExpired(30000))
+            pipe = CreateFileW(
+                wide(address), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        const QByteArray message = frame("early");
+        DWORD count = 0;
+        WriteFile(pipe, message.constData(), DWORD(message.size()), &count, nullptr);
+        CloseHandle(pipe);
+    });
+    LocalPeer primary {QString()};
+    const QSignalSpy received(&primary, SIGNAL(messageReceived(QString)));
+    QVERIFY(!primary.isClient());
+    QTRY_COMPARE(received.size(), 1);
+    QCOMPARE(received.first().first().toString(), QStringLiteral("early"));
 }
 
 void WindowsInstancesTest::dropsWhoIsSilentForFiveSeconds()
