@@ -2,30 +2,30 @@
 #include "instances.h"
 #include "instancesystem.h"
 
-#include <QElapsedTimer>
 #include <QLocalSocket>
-#include <QTimer>
+
+#include <thread>
 
 #include <windows.h>
 
 std::unique_ptr<QObject> watchInput(const std::function<void(const QByteArray &)> &handle)
 {
-    auto clock = std::make_unique<QTimer>();
-    QObject::connect(clock.get(), &QTimer::timeout, clock.get(), [handle] {
-        // Windows does not report when a pipe has something to read.
-        const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
-        DWORD waiting = 0;
-        const bool isOpen = PeekNamedPipe(input, nullptr, 0, nullptr, &waiting, nullptr);
-        if (isOpen && waiting == 0)
-            return;
-        QByteArray bytes(int(waiting), Qt::Uninitialized);
+    auto receiver = std::make_unique<QObject>();
+    // Windows does not report when a pipe has something to read, so a thread waits in a call for
+    // it. It ends with the input, before which the caller does not delete the receiver.
+    std::thread([handle, target = receiver.get()] {
         DWORD count = 0;
-        if (!isOpen || !ReadFile(input, bytes.data(), waiting, &count, nullptr))
-            count = 0;
-        handle(bytes.left(int(count)));
-    });
-    clock->start(1);
-    return clock;
+        do {
+            QByteArray bytes(4096, Qt::Uninitialized);
+            const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+            if (!ReadFile(input, bytes.data(), DWORD(bytes.size()), &count, nullptr))
+                count = 0;
+            bytes.truncate(int(count));
+            QMetaObject::invokeMethod(
+                target, [handle, bytes] { handle(bytes); }, Qt::QueuedConnection);
+        } while (count > 0);
+    }).detach();
+    return receiver;
 }
 
 quint32 userNumber()
@@ -40,7 +40,7 @@ QString OwnTemporaryFolder::socketPath() const
     return QLatin1String("\\\\.\\pipe\\") + defaultSocketName();
 }
 
-struct RawPeer::Connection
+struct RawPeer::Connection : QObject
 {
     QLocalSocket socket;
 };
@@ -49,7 +49,7 @@ RawPeer::RawPeer(const QString &address) : m_connection(std::make_unique<Connect
 {
     m_connection->socket.connectToServer(address);
     if (!m_connection->socket.waitForConnected())
-        close();
+        m_connection.reset();
 }
 
 RawPeer::RawPeer(RawPeer &&other) noexcept = default;
@@ -58,6 +58,8 @@ RawPeer::~RawPeer() = default;
 
 int RawPeer::send(const QByteArray &bytes) const
 {
+    if (isClosedByOther()) // Qt warns of such an attempt.
+        return 0;
     const int count = int(m_connection->socket.write(bytes));
     m_connection->socket.flush();
     return std::max(0, count);
@@ -78,5 +80,12 @@ bool RawPeer::isClosedByOther() const
 
 void RawPeer::close()
 {
-    m_connection.reset();
+    // Qt's pipes have no buffers: a write lasts until the other side reads, and closing the pipe
+    // before that takes it back.
+    Connection *connection = m_connection.release();
+    if (connection->socket.bytesToWrite() == 0)
+        delete connection;
+    else
+        QObject::connect(
+            &connection->socket, SIGNAL(bytesWritten(qint64)), connection, SLOT(deleteLater()));
 }

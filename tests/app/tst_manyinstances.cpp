@@ -17,14 +17,17 @@ namespace {
 
 constexpr int kPatience = 60000;
 #ifdef Q_OS_WIN
-constexpr int kCrowd = 20; // There processes are more expensive.
+// There processes are more expensive.
+constexpr int kCrowd = 20;
+constexpr int kRounds = 5;
 #else
 constexpr int kCrowd = 100;
+constexpr int kRounds = 20;
 #endif
 
 int rounds()
 {
-    return underSanitizers() ? 4 : 20;
+    return underSanitizers() ? 4 : kRounds;
 }
 
 std::vector<std::unique_ptr<ChildInstance>> startMany(int count, ChildInstance::Kind kind)
