@@ -24,6 +24,7 @@
 #include <QTextCharFormat>
 #include <QTextLayout>
 #include <QTreeWidget>
+#include <QWizard>
 
 namespace {
 
@@ -253,6 +254,8 @@ void StockStyle::polish(QWidget *widget)
             pixelMetric(PM_HeaderDefaultSectionSizeVertical));
     else if (isExactly<QCalendarWidget>(widget))
         removeWeekendRed(static_cast<QCalendarWidget *>(widget));
+    else if (auto *wizard = qobject_cast<QWizard *>(widget))
+        wizard->setWizardStyle(wizard->wizardStyle()); // Otherwise Windows' own, once it is shown.
     else if (MirroredParts::isFor(widget))
         widget->installEventFilter(m_mirroredParts);
 }
