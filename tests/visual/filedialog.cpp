@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "visual/filedialog.h"
 
+#include "support/iswindows.h"
 #include "visual/stage.h"
 
 #include <vemo/imagemanager.h>
@@ -10,6 +11,7 @@
 #include <QFileIconProvider>
 #include <QListView>
 #include <QSettings>
+#include <QSplitter>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -40,6 +42,11 @@ QFileDialog *newFileDialog(const QString &folder, Icons *icons)
     dialog->setViewMode(QFileDialog::List);
     dialog->setNameFilters({"abcd (*)"});
     dialog->setDirectory(folder);
+    if (kIsWindows) { // The registry has the last sizes, for all programs.
+        auto *splitter = dialog->findChild<QSplitter *>("splitter");
+        splitter->setSizes(
+            {splitter->widget(0)->sizeHint().width(), splitter->widget(1)->sizeHint().width()});
+    }
     return dialog;
 }
 
