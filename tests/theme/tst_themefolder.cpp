@@ -6,6 +6,7 @@
 #include <vemo/vemobutton.h>
 #include <vemo/vemocheckbox.h>
 
+#include "support/iswindows.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -99,12 +100,13 @@ void ThemeFolderTest::picturesOfStyleFilesAppearWhateverTheFolderIsCalled_data()
     QTest::newRow("per cent") << "100% mine %20" << true;
     QTest::newRow("brace") << "a}b{c" << true;
     QTest::newRow("bracket") << "a)b(c" << true;
-    QTest::newRow("semicolon") << "a;b:c" << true;
+    QTest::newRow("semicolon") << (kIsWindows ? "a;b" : "a;b:c") << true;
     QTest::newRow("blank") << " a  b" << true;
     QTest::newRow("letters of other scripts") << QString::fromUtf8("Größe 見る") << true;
     // A style sheet has no other way to write these, and the folder's name goes in as it is.
-    QTest::newRow("double quote") << "a\"b" << false;
-    QTest::newRow("backslash") << "a\\b" << false;
+    if (!kIsWindows) // which has no such names
+        QTest::newRow("double quote") << "a\"b" << false;
+    QTest::newRow("backslash") << "a\\b" << kIsWindows; // where it is a separator
 }
 
 void ThemeFolderTest::picturesOfStyleFilesAppearWhateverTheFolderIsCalled()
