@@ -4,6 +4,7 @@
 #include "help/htmltextbrowser_p.h"
 #include "help/imagedownloader_p.h"
 #include "help/testserver.h"
+#include "support/iswindows.h"
 #include "support/vemotest.h"
 
 #include <QScrollBar>
@@ -217,15 +218,19 @@ void HtmlTextBrowserTest::aPictureIsSavedUnderItsLastPart_data()
     QTest::addColumn<QString>("name");
     addRow("no folder", "a.png", "a.png");
     addRow("folders", "x/y/a.png", "a.png");
-    addRow("a query stays", "a.png?v=1", "a.png?v=1");
     addRow("a slash in the query", "a.png?v=/1", "1");
     addRow("percent signs stay", "a%20b.png", "a%20b.png");
     addRow("a name that ends in a slash is not saved", "x/", "");
     addRow("the parent folder is not saved", "x/..", "");
-    addRow("a colon", "x/a:b.png", "a:b.png");
-    addRow("backslashes", "x\\..\\b.png", "x\\..\\b.png");
-    addRow("a device of Windows", "x/nul.png", "nul.png");
-    addRow("a control character", "a\x01.png", "a\x01.png");
+    // Windows can't have these names, or they mean something else.
+    const auto addUnixRow = [](const char *row, const char *source, const char *name) {
+        addRow(row, source, kIsWindows ? "" : name);
+    };
+    addUnixRow("a query stays", "a.png?v=1", "a.png?v=1");
+    addUnixRow("a colon", "x/a:b.png", "a:b.png");
+    addUnixRow("backslashes", "x\\..\\b.png", "x\\..\\b.png");
+    addUnixRow("a device of Windows", "x/nul.png", "nul.png");
+    addUnixRow("a control character", "a\x01.png", "a\x01.png");
     addRow("256 letters are not saved", QString(256, 'a'), "");
 }
 
@@ -343,15 +348,17 @@ void HtmlTextBrowserTest::silentDownloadsLeaveTheirPlaceToOthers()
 
 void HtmlTextBrowserTest::aSlowDownloadKeepsItsPlace()
 {
-    const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), 1000);
+    // With Wine the server takes half a second for 64 writes.
+    const int slowness = kIsWindows ? 5 : 1;
+    const QScopedValueRollback<int> shorter(ImageDownloader::maxSilence(), slowness * 1000);
     Answer slow;
     slow.bytes = "HTTP/1.1 200 OK\r\n\r\n";
     slow.tail = "x";
     slow.tailCount = 30;
-    slow.tailPause = 50;
+    slow.tailPause = slowness * 50;
     m_server->setAnswer({}, slow);
     m_browser->setHtmlContent(html(pictures(65)));
-    QTRY_VERIFY_WITH_TIMEOUT(isIdle(), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(isIdle(), 60000);
     QCOMPARE(m_server->maxConnectionsAtOnce(), 64);
 }
 

@@ -61,6 +61,10 @@ private Q_SLOTS:
 
 private:
     QString secret() const { return m_host.helpPath() + QLatin1String("/secret.png"); }
+    QString secretUrl() const { return addressOf(secret()); }
+    /// The path from the root of a URL, which has no drive.
+    QString rootPath(const QString &path) const { return path.mid(path.indexOf(QLatin1Char('/'))); }
+    QString addressOf(const QString &path) const { return QUrl::fromLocalFile(path).toString(); }
     bool isIdle() const { return m_browser->findChildren<ImageDownloader *>().isEmpty(); }
     void clickLink();
 
@@ -106,11 +110,11 @@ void PageSafetyTest::aPageFromTheNetworkReadsNoLocalFile_data()
 {
     QTest::addColumn<QString>("body");
     addRow("by its path", QStringLiteral("<img src=\"%1\">").arg(secret()));
-    QTest::newRow("by its address") << QStringLiteral("<img src=\"file://%1\">").arg(secret());
+    QTest::newRow("by its address") << QStringLiteral("<img src=\"%1\">").arg(secretUrl());
     QTest::newRow("by its address with a host")
-        << QStringLiteral("<img src=\"file://localhost%1\">").arg(secret());
+        << QStringLiteral("<img src=\"file://localhost%1\">").arg(QUrl(secretUrl()).path());
     QTest::newRow("by a path with a host")
-        << QStringLiteral("<img src=\"//host%1\">").arg(secret());
+        << QStringLiteral("<img src=\"//host%1\">").arg(QUrl(secretUrl()).path());
     addRow("beside the process", "<img src=\"secret.png\">");
     addRow("beside the process, percent-encoded", "<img src=\"secret%2Epng\">");
     addRow("above the search path", "<img src=\"../secret.png\">");
@@ -123,7 +127,8 @@ void PageSafetyTest::aPageFromTheNetworkReadsNoLocalFile_data()
         QStringLiteral("<p style=\"background-image:url(%1)\">text</p>").arg(secret()));
     addRow("as a list's sign",
         QStringLiteral("<ul style=\"list-style-image:url(%1)\"><li>x</ul>").arg(secret()));
-    QTest::newRow("in other capitals") << QStringLiteral("<IMG SRC='FILE://%1'>").arg(secret());
+    QTest::newRow("in other capitals")
+        << QStringLiteral("<IMG SRC='FILE%1'>").arg(secretUrl().mid(4));
 }
 
 void PageSafetyTest::aPageFromTheNetworkReadsNoLocalFile()
@@ -147,8 +152,8 @@ void PageSafetyTest::aPageFromTheNetworkReadsNoLocalStyleSheet_data()
     addRow("by a path",
         QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"%1\">").arg(path));
     QTest::newRow("by an address")
-        << QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"file://%1\">")
-               .arg(path);
+        << QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"%1\">")
+               .arg(addressOf(path));
     addRow("imported", QStringLiteral("<style>@import url(%1);</style>").arg(path));
     addRow("beside the process",
         QStringLiteral("<link rel=\"stylesheet\" type=\"text/css\" href=\"secret.css\">"));
@@ -436,14 +441,14 @@ void PageSafetyTest::noAddressOfAPageIsAFileToTheLayout()
 void PageSafetyTest::picturesAreOnlyFetchedFromTheWeb_data()
 {
     QTest::addColumn<QString>("base");
-    QTest::newRow("a file") << QStringLiteral("file://%1/").arg(m_host.helpPath());
+    QTest::newRow("a file") << addressOf(m_host.helpPath()) + QLatin1Char('/');
     addRow("a path", m_host.helpPath() + QLatin1Char('/'));
     addRow("nothing", "");
     addRow("a resource", "qrc:/");
     addRow("data", "data:image/png;base64,");
     QTest::newRow("a file transfer") << "ftp://127.0.0.1/";
     QTest::newRow("unknown") << "gopher://127.0.0.1/";
-    QTest::newRow("capitals") << QStringLiteral("FILE://%1/").arg(m_host.helpPath());
+    QTest::newRow("capitals") << QStringLiteral("FILE%1/").arg(addressOf(m_host.helpPath()).mid(4));
 }
 
 void PageSafetyTest::picturesAreOnlyFetchedFromTheWeb()
@@ -461,7 +466,7 @@ void PageSafetyTest::picturesAreOnlyFetchedFromTheWeb()
 
 void PageSafetyTest::aLaterPageFromAFileGivesNoLeaveToAnEarlierOne()
 {
-    QString html = QStringLiteral("<html><base href=\"file://%1/\">").arg(m_host.helpPath());
+    QString html = QStringLiteral("<html><base href=\"%1/\">").arg(addressOf(m_host.helpPath()));
     for (int i = 0; i < 100; ++i)
         html += QStringLiteral("<img src=\"%1secret.png\">").arg(QStringLiteral("./").repeated(i));
     m_browser->setHtmlContent(html);
@@ -477,8 +482,8 @@ void PageSafetyTest::aPageFromAFileMayFetchFiles()
     m_browser->setPageUrl(
         QUrl::fromLocalFile(m_host.helpPath() + QLatin1String("/page/index.html")));
     m_browser->setHtmlContent(
-        QStringLiteral("<html><base href=\"file://%1/\"><img src=\"secret.png\"></html>")
-            .arg(m_host.helpPath()));
+        QStringLiteral("<html><base href=\"%1/\"><img src=\"secret.png\"></html>")
+            .arg(addressOf(m_host.helpPath())));
     QTRY_VERIFY(isIdle());
     QCOMPARE(fileBytes(m_host.pictureFolder() + "/secret.png"), fileBytes(secret()));
 }
@@ -512,12 +517,13 @@ void PageSafetyTest::linksOfAPageFromTheNetworkOpenOutside_data()
     addRow("beside the page", "b.html", "https://help.vemo.invalid/kb/b.html");
     addRow("the page's root", "/b.html", "https://help.vemo.invalid/b.html");
     addRow("an anchor of the page", "#below", "");
-    addRow("a file", QStringLiteral("file://%1").arg(secret()), "");
+    addRow("a file", secretUrl(), "");
     for (const char *refused : {"qrc:/vemo", "c:/windows/system32/calc.exe", "javascript:alert(1)",
              "admin:x", "smb://host/share", "vscode://file/x", "ftp://host/x", "data:text/html,x",
              "about:blank"})
         addRow(refused, QString::fromLatin1(refused), "");
-    addRow("a file's path opens the web's", secret(), "https://help.vemo.invalid" + secret());
+    addRow("a file's path opens the web's", rootPath(secret()),
+        "https://help.vemo.invalid" + rootPath(secret()));
 }
 
 void PageSafetyTest::clickLink()
