@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vemo/stylemanager.h>
 
+#include "support/iswindows.h"
 #include "support/testhost.h"
 #include "support/vemotest.h"
 
@@ -88,8 +89,9 @@ void BadStyleFilesTest::aFileThatMayNotBeReadIsAnEmptyLine()
 {
     const QString before = m_host.writeFile("before.qss", "==forbidden==\nx");
     const QString path = m_host.writeFile("forbidden.qss", "secret");
-    QVERIFY(QFile::setPermissions(path, {}));
-    if (QFile(path).open(QIODevice::ReadOnly))
+    const bool isForbidden = QFile::setPermissions(path, {});
+    QVERIFY(isForbidden || kIsWindows); // There only lists of rights forbid it.
+    if (!isForbidden || QFile(path).open(QIODevice::ReadOnly))
         QSKIP("This user may read every file");
     StyleManager::getInstance().initialize({before, path, m_host.writeFile("after.qss", "y")});
     QCOMPARE(storedSheet("forbidden"), QString("\nx\n\ny"));
@@ -97,6 +99,8 @@ void BadStyleFilesTest::aFileThatMayNotBeReadIsAnEmptyLine()
 
 void BadStyleFilesTest::aLinkToNowhereDoesNotExist()
 {
+    if (kIsWindows)
+        QSKIP("Qt makes files that are shortcuts there, and users may not make links");
     const QString link = m_host.resourcePath() + "/link.qss";
     QVERIFY(QFile::link(m_host.resourcePath() + "/nowhere", link));
     StyleManager::getInstance().initialize({link});

@@ -6,6 +6,8 @@
 
 #include <vemo/dpiinfo.h>
 
+#include <QImageWriter>
+
 static_assert(std::is_copy_constructible_v<ImageManager>);
 static_assert(std::is_copy_assignable_v<ImageManager>);
 static_assert(!std::is_default_constructible_v<ImageManager>);
@@ -362,6 +364,8 @@ void ImageManagerTest::anotherFormatUnderThatNameLoads_data()
 void ImageManagerTest::anotherFormatUnderThatNameLoads()
 {
     QFETCH(QByteArray, format);
+    if (!QImageWriter::supportedImageFormats().contains(format.toLower()))
+        QSKIP("This Qt can't write the format");
     QImage picture(64, 64, QImage::Format_RGB32);
     picture.fill(Qt::red);
     QVERIFY(picture.save(m_host->pictureFolder() + "/photo.png", format.constData(), 100));

@@ -113,7 +113,9 @@ void VemoLocaleTest::theSystemLocaleDecidesTheDefault()
     QFETCH(const QString, locale);
     QFETCH(const QString, registered);
     QFETCH(const QString, code);
-    const ChildResult child = runChild(registered, {"LC_ALL=" + locale, "LANGUAGE"});
+    // On Windows Qt takes LANG instead, if it is there.
+    const ChildResult child =
+        runChild(registered, {"LC_ALL=" + locale, "LANG=" + locale, "LANGUAGE"});
     QVERIFY2(child.errorOutput.contains("<" + code + ">"), qPrintable(child.errorOutput));
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/iswindows.h"
 #include "support/vemotest.h"
 
 #include <QImageReader>
@@ -34,7 +35,8 @@ Outcome run(const QStringList &arguments)
     process.start(QStringLiteral(DRAWPICTURES), arguments);
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
         return {};
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
+    const QString error = QString::fromUtf8(process.readAllStandardError());
+    return {process.exitCode(), QString(error).remove(QLatin1Char('\r'))}; // as Windows ends lines
 }
 
 /// With a palette.
@@ -306,8 +308,8 @@ void DrawPicturesTest::aFolderThatCannotBeMadeIsReported()
     QCOMPARE(outcome.error, "drawpictures: " + drawing + "/out: can't be created\n");
     QCOMPARE(outcome.exitCode, 1);
     const Outcome missing = drawpictures({path("out"), path("missing.svg")});
-    QCOMPARE(
-        missing.error, "drawpictures: " + path("missing.svg") + ": No such file or directory\n");
+    const QString reason = kIsWindows ? "File not found." : "No such file or directory";
+    QCOMPARE(missing.error, "drawpictures: " + path("missing.svg") + ": " + reason + "\n");
     QCOMPARE(missing.exitCode, 1);
     const Outcome twice = drawpictures({path("out"), drawing, drawing});
     QCOMPARE(twice.error, "drawpictures: " + drawing + ": the name is given twice\n");
