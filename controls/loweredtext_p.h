@@ -23,8 +23,8 @@ inline int loweredBy(
     if (isLatin)
         return 0;
     const auto baseline = [&](double ascent, double lineHeight) {
-        const double top = place == LinePlace::WholePixel ? height / 2 - qCeil(lineHeight) / 2
-                                                          : (height - lineHeight) / 2;
+        const int wholeTop = height / 2 - qCeil(lineHeight) / 2;
+        const double top = place == LinePlace::WholePixel ? wholeTop : (height - lineHeight) / 2;
         return qFloor(top + ascent + 0.5);
     };
     QTextLayout layout(text, font);

@@ -32,6 +32,7 @@ int DPIinfo::scaled(qreal designPixels)
     return truncToInt(getInstance().m_dpi * designPixels);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value as declared.
 QString DPIinfo::getScaledStyleSheet(QString sheet) const
 {
     return scaledLengths(sheet, m_dpi);

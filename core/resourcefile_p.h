@@ -6,9 +6,9 @@
 #include <QFileInfo>
 
 /// The maximum size of a style file or a catalogue.
-constexpr qint64 kMaxTextBytes = 16 * 1024 * 1024;
+constexpr qint64 kMaxTextBytes = qint64(16) * 1024 * 1024;
 /// The maximum size of a picture or movie file.
-constexpr qint64 kMaxPictureBytes = 64 * 1024 * 1024;
+constexpr qint64 kMaxPictureBytes = qint64(64) * 1024 * 1024;
 
 /// Whether a resource may be read from file: a regular file of at most maxBytes. Pipes and devices
 /// count as missing, because opening a pipe may block forever and a device may be endless.

@@ -216,7 +216,7 @@ QString scaledLengths(const QString &sheet, double factor)
         return sheet;
     const Lengths lengths = allLengths(sheet);
     Pieces pieces(sheet, lengths);
-    Writer result(sheet.size() + maxNumbers(lengths) * Writer::kMaxPixelsText);
+    Writer result(int(sheet.size()) + maxNumbers(lengths) * Writer::kMaxPixelsText);
     for (const Length &length : lengths) {
         NumberReader reader(sheet, length);
         // Deliberate: the scan continues a step after the start of a length, not after its end, so
