@@ -112,6 +112,9 @@ if(MINGW)
     list(APPEND files $<TARGET_FILE:${VEMO_QT}::${module}>)
   endforeach()
   install(FILES ${files} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Foundation)
+  # Debian's libstdc++ has its debugging symbols, which are most of it.
+  install(CODE "execute_process(COMMAND \"${CMAKE_STRIP}\" \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/libstdc++-6.dll\")"
+    COMPONENT Foundation)
   foreach(plugin IN ITEMS platforms/qwindows platforms/qoffscreen styles/qwindowsvistastyle
       imageformats/qgif imageformats/qico imageformats/qsvg)
     cmake_path(GET plugin PARENT_PATH kind)
