@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QPixmap>
+#include <QTextBrowser>
 #include <QTextStream>
 #include <QTimer>
 
@@ -62,7 +63,7 @@ private:
     /// Alternately enters a state and takes its picture.
     void work()
     {
-        if (m_window->isReading())
+        if (m_window->isReading() || isHelpEmpty())
             return;
         if (std::exchange(m_is_entered, !m_is_entered)) {
             save(m_states.at(m_next++).name);
@@ -73,6 +74,13 @@ private:
             m_timer.stop();
             m_loop.quit();
         }
+    }
+
+    /// The help shows its local page once the server is known not to answer.
+    bool isHelpEmpty() const
+    {
+        const auto *help = m_window->findChild<QWidget *>("helpWindow");
+        return help && help->findChild<QTextBrowser *>()->document()->isEmpty();
     }
 
     void save(const char *name)
