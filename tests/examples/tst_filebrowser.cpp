@@ -2,6 +2,7 @@
 // Ways through the folders and what the window shows of an entry, by mouse and keyboard.
 #include "browserstage.h"
 
+#include "examples/filebrowser/files/paths.h"
 #include "support/iswindows.h"
 #include "support/vemotest.h"
 
@@ -199,7 +200,8 @@ void FileBrowserTest::aFolderThatIsGoneLeadsToTheNearest()
     stage.open(stage.home.path("sub"));
     stage.home.remove("sub");
     SheetDriver driver(stage.window.get(),
-        {closeMessage(stage, "The folder " + stage.home.path("sub") + " cannot be read.")});
+        {closeMessage(
+            stage, "The folder " + pathForUsers(stage.home.path("sub")) + " cannot be read.")});
     stage.press(Qt::Key_F5);
     QTRY_VERIFY(driver.isDone());
     QTRY_COMPARE(stage.names(), QStringList("a.txt"));

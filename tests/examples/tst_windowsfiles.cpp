@@ -57,6 +57,8 @@ private Q_SLOTS:
     void rootContainsTheDrives();
     void pathsOfQtAreBelowTheRoot_data();
     void pathsOfQtAreBelowTheRoot();
+    void usersSeeTheirOwnPaths_data();
+    void usersSeeTheirOwnPaths();
     void windowsGetsItsOwnPaths_data();
     void windowsGetsItsOwnPaths();
     void urlsLeadBack();
@@ -108,6 +110,26 @@ void WindowsFilesTest::pathsOfQtAreBelowTheRoot()
 {
     QFETCH(const QString, path);
     QTEST(pathFromQt(path), "below");
+}
+
+void WindowsFilesTest::usersSeeTheirOwnPaths_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("root") << "/"
+                          << "/";
+    QTest::newRow("drive") << "/C:"
+                           << "C:";
+    QTest::newRow("folder") << "/C:/Users/x"
+                            << "C:\\Users\\x";
+    QTest::newRow("share") << "//server/share"
+                           << "\\\\server\\share";
+}
+
+void WindowsFilesTest::usersSeeTheirOwnPaths()
+{
+    QFETCH(const QString, path);
+    QTEST(pathForUsers(path), "shown");
 }
 
 void WindowsFilesTest::windowsGetsItsOwnPaths_data()

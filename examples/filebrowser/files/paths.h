@@ -10,6 +10,9 @@
 /// The path of the tree whose root is "/": on Windows, "/C:/Users" for "C:/Users", so that the root
 /// contains the drives. On other systems the path itself.
 QString pathFromQt(const QString &path);
+/// The path as users know it: on Windows, "C:\Users" for "/C:/Users". On other systems the path
+/// itself.
+QString pathForUsers(const QString &path);
 
 QString childPath(const QString &folder, const QString &name);
 /// Empty for the root.

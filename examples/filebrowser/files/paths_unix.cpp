@@ -11,6 +11,11 @@ QString pathFromQt(const QString &path)
     return path;
 }
 
+QString pathForUsers(const QString &path)
+{
+    return path;
+}
+
 bool pathExists(const QString &path)
 {
     struct stat status = {};

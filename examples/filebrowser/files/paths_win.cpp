@@ -4,10 +4,20 @@
 #include "nativename.h"
 #include "windowspath.h"
 
+#include <QDir>
+
 QString pathFromQt(const QString &path)
 {
     const bool hasDrive = path.size() > 1 && path[1] == QLatin1Char(':');
     return hasDrive ? QLatin1Char('/') + path : path;
+}
+
+QString pathForUsers(const QString &path)
+{
+    if (isRootOfDrives(toNativeName(path)))
+        return path;
+    const bool hasDrive = path.size() > 2 && path[2] == QLatin1Char(':');
+    return QDir::toNativeSeparators(hasDrive ? path.mid(1) : path);
 }
 
 bool pathExists(const QString &path)

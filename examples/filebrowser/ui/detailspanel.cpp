@@ -166,7 +166,7 @@ void DetailsPanel::showEntry(const QString &folder, const FileEntry &entry)
     const QString kind = kindText(kindOf(entry));
     showFacts({entry.isLink ? text("link_to", kind) : kind,
         entry.isFolder ? QString() : sizeText(entry.size), dateText(entry.modified),
-        dateText(entry.created), displayName(folder),
+        dateText(entry.created), displayPath(folder),
         text(entry.isWritable ? "access_write" : "access_read")});
 }
 
@@ -179,6 +179,6 @@ void DetailsPanel::showSelection(int count)
 void DetailsPanel::showFolder(const QString &folder)
 {
     showHeading(displayName(nameOf(folder)), "folder");
-    showFacts({kindText("folder"), {}, {}, {}, displayName(parentPath(folder)),
+    showFacts({kindText("folder"), {}, {}, {}, displayPath(parentPath(folder)),
         text(isWritableFolder(folder) ? "access_write" : "access_read")});
 }

@@ -301,8 +301,8 @@ void FileWindow::recover(const QString &unreadable, const QString &reason)
     if (back != unreadable)
         openFolder(back);
     if (isFirst)
-        tell(
-            this, richText("cannot_read", {unreadable}), "<qt>" + reason.toHtmlEscaped() + "</qt>");
+        tell(this, richText("cannot_read", {pathForUsers(unreadable)}),
+            "<qt>" + reason.toHtmlEscaped() + "</qt>");
 }
 
 void FileWindow::showChanges(const QString &changedFolder, const QStringList &names)

@@ -115,7 +115,7 @@ FolderTree::Item *FolderTree::newFolderItem(const QString &path, const QString &
     item->setPath(path);
     item->setText(0, caption);
     item->setIcon(0, getGlobalIcon(pictureOf(folder)));
-    item->setToolTip(0, getHtmlEscapedStringForToolTip(displayName(path)));
+    item->setToolTip(0, getHtmlEscapedStringForToolTip(displayPath(path)));
     addPlaceholder(item);
     return item;
 }

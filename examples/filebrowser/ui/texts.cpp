@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "texts.h"
 
+#include "paths.h"
+
 #include <vemo/componentstrings.h>
 
 #include <QDateTime>
@@ -162,6 +164,11 @@ QString displayName(const QString &name)
             result[i] = visible(name.at(i));
     }
     return result;
+}
+
+QString displayPath(const QString &path)
+{
+    return displayName(pathForUsers(path));
 }
 
 QString nameInText(const QString &name)

@@ -26,6 +26,8 @@ QString richText(const char *key, const QStringList &values = {});
 QString displayName(const QString &name);
 /// The same for a text that breaks its lines: shortened, and with places to break.
 QString nameInText(const QString &name);
+/// displayName() for a path.
+QString displayPath(const QString &path);
 
 /// Calls function now and after each change of the language, as long as widget lives.
 void translate(QObject *widget, const std::function<void()> &function);
