@@ -10,7 +10,6 @@
 #include <vemo/imagemanager.h>
 
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QPixmapCache>
 #include <QPointer>
@@ -87,14 +86,10 @@ void StyleManager::initialize(const std::vector<QString> &paths)
         else
             qCWarning(vemoLog) << "file" << path << "not exist";
     }
-    // In a style sheet a backslash, with which Windows may separate folders, begins an escape
-    // sequence.
-    const ImageManager &images = ImageManager::getInstance();
-    const QString pictures = QDir::fromNativeSeparators(images.getImageFolder());
-    const QString temporary = QDir::fromNativeSeparators(images.getTempImageFolder());
     // "TMPIMG_LOC" contains "IMG_LOC", so it is replaced first.
-    text = withFolder(text, QLatin1String("TMPIMG_LOC"), temporary);
-    text = withFolder(text, QLatin1String("IMG_LOC"), pictures);
+    const ImageManager &images = ImageManager::getInstance();
+    text = withFolder(text, QLatin1String("TMPIMG_LOC"), images.getTempImageFolder());
+    text = withFolder(text, QLatin1String("IMG_LOC"), images.getImageFolder());
     storeSections(withoutComments(std::move(text)), m_style_sheets);
     const auto colors = m_style_sheets.find(QStringLiteral("colors"));
     m_colors = colors == m_style_sheets.end() ? QHash<QString, QColor>() : colorsIn(colors->second);
