@@ -32,9 +32,9 @@ const std::vector<Language> &languages()
     return table;
 }
 
-const Language &languageFor(const QString &code)
+const Language &languageOf(const QString &code)
 {
     const auto isMeant = [&](const Language &language) { return code == language.code; };
     const auto found = std::find_if(languages().begin(), languages().end(), isMeant);
-    return found != languages().end() ? *found : languageFor("enu");
+    return found != languages().end() ? *found : languageOf("enu");
 }

@@ -18,4 +18,4 @@ struct Language
 const std::vector<Language> &languages();
 
 /// The language of a code; English for an unknown code.
-const Language &languageFor(const QString &code);
+const Language &languageOf(const QString &code);

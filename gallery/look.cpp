@@ -44,7 +44,7 @@ private:
 
 void setDesktopLanguage(const QString &code)
 {
-    const Language &language = languageFor(code);
+    const Language &language = languageOf(code);
     QLocale::setDefault(QLocale(language.locale));
     QGuiApplication::setLayoutDirection(QLocale().textDirection());
     QFont font = QApplication::font();
