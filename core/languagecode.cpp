@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "core/languagecode_p.h"
 
+namespace languagecode {
+
 std::map<QString, QString> languageCodes()
 {
     return {
@@ -42,3 +44,5 @@ QString portugueseCode(const QString &locale)
     const bool isEuropean = locale == QLatin1String("pt") || locale == QLatin1String("pt_pt");
     return isEuropean ? QStringLiteral("ptg") : QStringLiteral("ptb");
 }
+
+} // namespace languagecode

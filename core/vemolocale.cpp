@@ -13,7 +13,8 @@ VemoLocale &VemoLocale::getInstance()
     return instance;
 }
 
-VemoLocale::VemoLocale() : m_languageMap(languageCodes()), m_defaultLanguage(QStringLiteral("enu"))
+VemoLocale::VemoLocale()
+    : m_languageMap(languagecode::languageCodes()), m_defaultLanguage(QStringLiteral("enu"))
 {
 }
 
@@ -29,7 +30,7 @@ void VemoLocale::setLanguageMap(QString language, QString code)
 
 QString VemoLocale::getLanguageByLocale(const QString &locale) const
 {
-    const QString language = languageOf(locale);
+    const QString language = languagecode::languageOf(locale);
     if (language == QLatin1String("pt"))
         return getPortugueseLanguage(locale);
     if (language == QLatin1String("zh"))
@@ -40,10 +41,10 @@ QString VemoLocale::getLanguageByLocale(const QString &locale) const
 
 QString VemoLocale::getChineseLanguage(const QString &locale) const
 {
-    return chineseCode(locale);
+    return languagecode::chineseCode(locale);
 }
 
 QString VemoLocale::getPortugueseLanguage(const QString &locale) const
 {
-    return portugueseCode(locale);
+    return languagecode::portugueseCode(locale);
 }

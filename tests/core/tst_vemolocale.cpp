@@ -49,7 +49,7 @@ void VemoLocaleTest::languagesHaveTheirCode()
         {"ko", "krn"}, {"fr", "fra"}, {"it", "ita"}, {"es", "esn"}, {"ru", "rus"}, {"da", "dan"},
         {"no", "nor"}, {"nb", "nor"}, {"nn", "nor"}, {"sv", "sve"}, {"nl", "nld"}, {"pl", "plk"},
         {"hu", "hun"}, {"tr", "trk"}, {"cs", "csy"}};
-    QVERIFY(languageCodes() == expected);
+    QVERIFY(languagecode::languageCodes() == expected);
 }
 
 void VemoLocaleTest::aLocaleBeginsWithItsLanguage_data()
@@ -67,7 +67,7 @@ void VemoLocaleTest::aLocaleBeginsWithItsLanguage_data()
 
 void VemoLocaleTest::aLocaleBeginsWithItsLanguage()
 {
-    QTEST(languageOf(QTest::currentDataTag()), "language");
+    QTEST(languagecode::languageOf(QTest::currentDataTag()), "language");
 }
 
 void VemoLocaleTest::theRegionDecidesTheCode_data()
@@ -86,7 +86,9 @@ void VemoLocaleTest::theRegionDecidesTheCode_data()
 void VemoLocaleTest::theRegionDecidesTheCode()
 {
     const QString locale = QTest::currentDataTag();
-    QTEST(locale.startsWith("pt") ? portugueseCode(locale) : chineseCode(locale), "code");
+    QTEST(locale.startsWith("pt") ? languagecode::portugueseCode(locale)
+                                  : languagecode::chineseCode(locale),
+        "code");
 }
 
 void VemoLocaleTest::theSystemLocaleDecidesTheDefault_data()
