@@ -243,7 +243,7 @@ void BrowserWindow::openTarget(const QUrl &target)
 void BrowserWindow::dropFetch()
 {
     m_timer->stop();
-    const QPointer<QNetworkReply> dropped = m_awaited;
+    QNetworkReply *dropped = m_awaited;
     m_awaited.clear(); // before abort(), which reports the end of the reply at once
     if (dropped)
         dropped->abort();
