@@ -4,8 +4,10 @@
 #include "help/imagedownloader_p.h"
 #include "help/picturefolder_p.h"
 #include "help/testserver.h"
+#include "support/iswindows.h"
 #include "support/vemotest.h"
 
+#include <QLibrary>
 #include <QNetworkAccessManager>
 
 class ImageDownloaderTest : public VemoTest
@@ -141,6 +143,8 @@ void ImageDownloaderTest::aFailedDownloadKeepsTheEarlierFile_data()
 void ImageDownloaderTest::aFailedDownloadKeepsTheEarlierFile()
 {
     QFETCH(const Answer, answer);
+    if (answer.end == Answer::RESET && kIsWindows && QLibrary::resolve("ntdll", "wine_get_version"))
+        QSKIP("With Wine 8.0 a QTcpSocket often does not hear that its connection was reset");
     writePicture(file("a.png"), "earlier");
     TestServer server;
     server.setAnswer("/a.png", answer);
