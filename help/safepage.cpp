@@ -326,9 +326,8 @@ void PageWriter::writeEscaped(QStringView text, bool hasEntities)
 
 void PageWriter::writeTitle()
 {
-    // Entities are at most that much longer than the character.
-    writeEscaped(
-        resolvedHtml(QStringView(m_raw).left(kMaxTitleLength * 10)).left(kMaxTitleLength), true);
+    constexpr int kMaxSource = 10 * kMaxTitleLength; // An entity is at most that much longer.
+    writeEscaped(resolvedHtml(QStringView(m_raw).left(kMaxSource)).left(kMaxTitleLength), true);
 }
 
 void PageWriter::writeStyleSheet()
