@@ -121,6 +121,13 @@ if(MINGW)
     install(FILES "${VEMO_WINDOWS_QT}/plugins/${plugin}.dll"
       DESTINATION ${CMAKE_INSTALL_BINDIR}/${kind} COMPONENT Foundation)
   endforeach()
+  # Their licences ask for it. Another Qt than that of scripts/windows-qt may have none there.
+  set(licenses ${CMAKE_INSTALL_DATADIR}/licenses)
+  install(DIRECTORY "${VEMO_WINDOWS_QT}/licenses/" DESTINATION ${licenses}/qt COMPONENT Foundation OPTIONAL)
+  install(FILES /usr/share/doc/gcc-mingw-w64-x86-64-posix-runtime/copyright
+    DESTINATION ${licenses}/gcc COMPONENT Foundation OPTIONAL)
+  install(FILES /usr/share/doc/mingw-w64-common/copyright
+    DESTINATION ${licenses}/mingw-w64 COMPONENT Foundation OPTIONAL)
 endif()
 
 # The plug-in goes where the Qt of the same prefix looks for it; any other Qt needs QT_PLUGIN_PATH.
