@@ -79,15 +79,16 @@ private:
     /// The help shows its local page once the server is known not to answer.
     bool isHelpEmpty() const
     {
-        const auto *help = m_window->findChild<QWidget *>("helpWindow");
-        return help && help->findChild<QTextBrowser *>()->document()->isEmpty();
+        const QWidget *window = help();
+        return window && window->findChild<QTextBrowser *>()->document()->isEmpty();
     }
+
+    QWidget *help() const { return m_window->findChild<QWidget *>("helpWindow"); }
 
     void save(const char *name)
     {
-        auto *help = m_window->findChild<QWidget *>("helpWindow");
         const QString path = m_folder.filePath(QString("filebrowser-%1.png").arg(name));
-        if ((help ? help : m_window)->grab().save(path))
+        if ((help() ? help() : m_window)->grab().save(path))
             QTextStream(stdout) << path << '\n';
         else
             m_error = QString("Cannot write the file \"%1\".").arg(path);
