@@ -16,8 +16,7 @@ QString pathForUsers(const QString &path)
 {
     if (isRootOfDrives(toNativeName(path)))
         return path;
-    const bool hasDrive = path.size() > 2 && path[2] == QLatin1Char(':');
-    return QDir::toNativeSeparators(hasDrive ? path.mid(1) : path);
+    return QDir::toNativeSeparators(withoutRoot(path));
 }
 
 bool pathExists(const QString &path)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <memory>
 #include <string>
@@ -12,6 +13,9 @@
 /// blanks or device names it has. The root "/", which contains the drives, has none and yields an
 /// empty text.
 std::wstring windowsPath(const QByteArray &path);
+
+/// "C:/Users" for "/C:/Users".
+QString withoutRoot(const QString &path);
 
 /// Whether path is the root, which contains the drives.
 bool isRootOfDrives(const QByteArray &path);

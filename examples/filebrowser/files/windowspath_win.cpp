@@ -7,17 +7,12 @@
 
 #include <cerrno>
 
-namespace {
-
-/// "C:/Users" for "/C:/Users".
 QString withoutRoot(const QString &path)
 {
     const bool hasDrive =
         path.size() > 2 && path[0] == QLatin1Char('/') && path[2] == QLatin1Char(':');
     return hasDrive ? path.mid(1) : path;
 }
-
-} // namespace
 
 bool isRootOfDrives(const QByteArray &path)
 {
