@@ -270,13 +270,14 @@ void VemoButtonPathTest::makesANameAsWideAsItsText()
     const char *key = "component.button_path_name_button";
     const QString themeStyle = getStyleSheet(key, true);
     // Each character is 12, 15 or 18 pixels wide, with a margin of 1 pixel at either end of the
-    // text.
+    // text. In real windows on Windows, Qt counts the first one as part of the text.
     setStyle(key, QString("QPushButton { font: 20px '%1'; }").arg(boxFont().family()));
     Path path(part);
     setStyle(key, themeStyle);
     QCOMPARE(path.button(0)->font().pixelSize(), scaled(20));
     const int factor = QVector<double>({1.0, 1.25, 1.5}).indexOf(DPIinfo::getInstance().getDPI());
-    QCOMPARE(path.button(0)->width(), widths.at(factor));
+    const int margin = QGuiApplication::platformName() == "windows" ? 1 : 0;
+    QCOMPARE(path.button(0)->width(), widths.at(factor) + margin);
     path.bar.refresh(part);
     QVERIFY(path.button(0)->width() < widths.at(factor));
 }

@@ -76,24 +76,62 @@ QByteArray maximums()
         + QByteArray(16, '\0');
 }
 
-/// Ranges of characters that share a glyph.
+quint16 glyphOf(int character)
+{
+    const bool isBlank = character == 0x20 || character == 0xA0;
+    return isBlank ? kBlank : character == 0xFFFF ? kMissing : kBox;
+}
+
+/// In the only format that all systems read: ranges of characters, each with its place in a list of
+/// glyphs.
 QByteArray characterMap()
 {
-    struct Range
-    {
-        quint32 first, last, glyph;
-    };
-    const QVector<Range> ranges {{0x20, 0x20, kBlank}, {0x21, 0x9F, kBox}, {0xA0, 0xA0, kBlank},
-        {0xA1, 0x17F, kBox}, {0x2010, 0x2027, kBox}};
-    QByteArray groups;
-    for (const Range &range : ranges)
-        groups += bytes(range.first, range.last, range.glyph);
+    // The last one is required.
+    const QVector<QPair<quint16, quint16>> ranges {
+        {0x20, 0x17F}, {0x2010, 0x2027}, {0xFFFF, 0xFFFF}};
+    QByteArray firsts, lasts, distances, places, glyphs;
+    for (const auto &[first, last] : ranges) {
+        firsts += bytes(first);
+        lasts += bytes(last);
+        distances += bytes(quint16(0));
+        // Counted from its own position.
+        places += bytes(quint16(2 * ranges.size() - places.size() + glyphs.size()));
+        for (int character = first; character <= last; ++character)
+            glyphs += bytes(glyphOf(character));
+    }
+    const QByteArray map = lasts + bytes(quint16(0)) + firsts + distances + places + glyphs;
     constexpr quint32 kStart = 12;
-    constexpr int kHeader = 16;
-    return bytes(quint16(0), quint16(1), quint16(3), quint16(10), kStart)
-        + bytes(quint16(13), quint16(0), quint32(kHeader + groups.size()), quint32(0),
-            quint32(ranges.size()))
-        + groups;
+    constexpr int kHeader = 14;
+    return bytes(quint16(0), quint16(1), quint16(3), quint16(1), kStart)
+        + bytes(quint16(4), quint16(kHeader + map.size()), quint16(0), quint16(2 * ranges.size()),
+            quint16(4), quint16(1), quint16(2 * ranges.size() - 4))
+        + map;
+}
+
+/// Weight, characters, code pages and height. Windows takes no font without them.
+QByteArray windowsMetrics()
+{
+    constexpr quint16 kNormalWeight = 400;
+    constexpr quint16 kNormalWidth = 5;
+    constexpr quint16 kRegular = 0x40;
+    // Basic Latin, Latin-1, Latin Extended-A and General Punctuation.
+    constexpr quint32 kRanges = 0x80000007;
+    constexpr quint32 kLatin1 = 1;
+    const qint16 ascent = asInQt5(kAscent);
+    const qint16 descent = asInQt5(kDescent);
+    return bytes(quint16(1), kAdvance, kNormalWeight, kNormalWidth, quint16(0))
+        + QByteArray(32, '\0') // subscripts, superscripts, strikeout and looks
+        + bytes(kRanges, quint32(0), quint32(0), quint32(0), quint32(0), kRegular)
+        + bytes(quint16(0x20), quint16(0x2027), ascent, qint16(-descent), qint16(0), ascent,
+            descent, kLatin1, quint32(0));
+}
+
+/// Without names of the glyphs. Bold text would be smeared if not all of them had the same width.
+QByteArray postScript()
+{
+    constexpr quint32 kFixedPitch = 1;
+    return bytes(quint32(0x00030000), quint32(0), qint16(0), qint16(0), kFixedPitch)
+        + QByteArray(16, '\0');
 }
 
 QByteArray nameTable(const QString &family)
@@ -115,10 +153,11 @@ QByteArray fontFile(const QString &family)
     QByteArray widths;
     for (int glyph = 0; glyph < kGlyphs; ++glyph)
         widths += bytes(kAdvance, glyph == kBlank ? qint16(0) : kBoxLeft);
-    const QVector<QPair<QByteArray, QByteArray>> tables {{"cmap", characterMap()},
-        {"glyf", box + box}, {"head", head()}, {"hhea", horizontalHeader()}, {"hmtx", widths},
+    const QVector<QPair<QByteArray, QByteArray>> tables {{"OS/2", windowsMetrics()},
+        {"cmap", characterMap()}, {"glyf", box + box}, {"head", head()},
+        {"hhea", horizontalHeader()}, {"hmtx", widths},
         {"loca", bytes(quint32(0), length, 2 * length, 2 * length)}, {"maxp", maximums()},
-        {"name", nameTable(family)}};
+        {"name", nameTable(family)}, {"post", postScript()}};
 
     QByteArray file = bytes(quint32(0x00010000), quint16(tables.size()), quint16(128), quint16(3),
         quint16(tables.size() * 16 - 128));
