@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/sheetdriver.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDialog>
 #include <QtTest>
@@ -60,6 +61,9 @@ void SheetDriver::call(VemoSheet *sheet)
         QTest::qFail("Unexpected sheet", __FILE__, __LINE__);
     if (QTest::currentTestFailed())
         endAll();
+    // If an act has processed events after it ended the sheet, Qt on Windows would still wait for
+    // the next message before exec() returns.
+    QCoreApplication::eventDispatcher()->wakeUp();
 }
 
 VemoSheet *sheetOver(const QWidget *window)
