@@ -44,7 +44,7 @@ QString borderRule()
 
 QString comboBoxStyle()
 {
-    const QString box = getStyleSheet("component.combobox").arg(paddingRules()).arg(borderRule());
+    const QString box = getStyleSheet("component.combobox").arg(paddingRules(), borderRule());
     return box + getStyleSheet("component.scrollbar");
 }
 
@@ -112,7 +112,8 @@ public:
     bool eventFilter(QObject * /*box*/, QEvent *event) override
     {
         if (event->type() == QEvent::ChildPolished) {
-            auto *edit = qobject_cast<QLineEdit *>(static_cast<QChildEvent *>(event)->child());
+            QObject *child = static_cast<QChildEvent *>(event)->child(); // whole by now
+            auto *edit = qobject_cast<QLineEdit *>(child); // clazy:exclude=child-event-qobject-cast
             if (edit && edit->textMargins().isNull())
                 beginLikeBox(edit);
         }

@@ -161,12 +161,12 @@ QStringList ImageManager::readCatalogue(const QString &folder)
     const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
     const QJsonArray listed = catalogue.value(QLatin1String("images")).toArray();
     QStringList names;
-    for (const auto name : listed) {
+    for (const auto &name : listed) {
         names += name.toString();
         parseJson(names.last(), imageFolder);
     }
     const QJsonArray tempNames = catalogue.value(QLatin1String("tmp_images")).toArray();
-    for (const auto name : tempNames)
+    for (const auto &name : tempNames)
         prepareTempImage(name.toString().remove(QLatin1Char(' ')), imageFolder);
     return names;
 }

@@ -104,9 +104,8 @@ void StyleManager::reload(const std::vector<QString> &paths)
     SheetExchange exchange(before, m_style_sheets);
     if (!qApp->styleSheet().isEmpty())
         qApp->setStyleSheet(exchange.exchanged(qApp->styleSheet()));
-    std::vector<QPointer<QWidget>> widgets;
-    for (QWidget *widget : QApplication::allWidgets())
-        widgets.emplace_back(widget);
+    const QWidgetList all = QApplication::allWidgets();
+    const std::vector<QPointer<QWidget>> widgets(all.begin(), all.end());
     for (const QPointer<QWidget> &widget : widgets) {
         // A handler of the event may have deleted others.
         if (widget)

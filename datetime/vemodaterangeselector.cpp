@@ -280,8 +280,9 @@ void VemoDateRangeSelector::setFieldWidths()
 {
     const QFontMetrics metrics = m_start->fontMetrics();
     int width = 0;
-    const QStringList dates = sampleDates(displayFormat(), locale());
-    for (const QString &text : dates + QStringList {startPlaceholder(), endPlaceholder()})
+    const QStringList texts =
+        sampleDates(displayFormat(), locale()) + QStringList {startPlaceholder(), endPlaceholder()};
+    for (const QString &text : texts)
         width = qMax(width, metrics.horizontalAdvance(text));
     const int letters = width / qMax(1, metrics.horizontalAdvance(QLatin1Char('X'))) + 1;
     m_start->setMinimumContentsLength(letters);

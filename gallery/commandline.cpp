@@ -28,7 +28,8 @@ const QLatin1String kReverse("reverse");
 const QLatin1String kStyle("style");
 const QLatin1String kPlatform("platform");
 
-const QStringList kThemes {"light", "dark", "system"}; // in the order of DefaultThemeMode
+// In the order of DefaultThemeMode.
+const QStringList kThemes {"light", "dark", "system"}; // clazy:exclude=non-pod-global-static
 
 void declareOptions(QCommandLineParser &parser)
 {

@@ -188,7 +188,8 @@ void GalleryWindow::fillSwitches()
     m_theme->addItems({"Light", "Dark", "As the desktop"});
     m_theme->setCurrentIndex(int(defaultThemeMode()));
     m_theme->setAccessibleName("Look");
-    for (const DefaultThemeLanguage &language : defaultThemeLanguages()) {
+    const QVector<DefaultThemeLanguage> languages = defaultThemeLanguages();
+    for (const DefaultThemeLanguage &language : languages) {
         m_language->addItem(language.nativeName, language.code);
         if (language.code == m_options.language)
             m_language->setCurrentIndex(m_language->count() - 1);

@@ -18,7 +18,7 @@
 
 namespace {
 
-const QString kStyleFile = QStringLiteral(":/gallery/gallery.qss");
+const QLatin1String kStyleFile(":/gallery/gallery.qss");
 
 class ReloadWatch : public QObject
 {

@@ -241,8 +241,9 @@ void VemoMessageSheetPrivate::orderFocus() const
     }
     if (isStacked)
         last = button(Button::Reset) ? button(Button::Reset) : button(Button::Discard);
-    const QWidgetList texts {textLabel, informativeLabel, confirmCheckBox};
-    for (QWidget *part : texts + extraStops()) {
+    const QWidgetList parts =
+        QWidgetList {textLabel, informativeLabel, confirmCheckBox} + extraStops();
+    for (QWidget *part : parts) {
         if (part && last)
             QWidget::setTabOrder(last, part);
         last = part ? part : last;

@@ -105,7 +105,8 @@ void drawTicks(QPainter *painter, const QStyleOptionSlider &option, const QRect 
     const int above = (isHorizontal ? handle.top() : handle.left()) - (kTickGap + kTick);
     const int below = (isHorizontal ? handle.bottom() : handle.right()) + 1 + kTickGap;
     const int width = qMax(1, scaled(1));
-    for (int value : tickValues(option, span)) {
+    const QVector<int> values = tickValues(option, span);
+    for (int value : values) {
         const int at = start
             + QStyle::sliderPositionFromValue(
                 option.minimum, option.maximum, value, span, option.upsideDown);
@@ -147,7 +148,8 @@ void drawNotches(
 {
     painter->setPen(QPen(colour("faint-ink"), qMax(1, scaled(1))));
     const int span = qRound(radius * 2 * M_PI * kSweep / 360);
-    for (int value : tickValues(option, span)) {
+    const QVector<int> values = tickValues(option, span);
+    for (int value : values) {
         const double angle = angleOf(option, value);
         painter->drawLine(
             onCircle(centre, radius, angle), onCircle(centre, radius - scaled(kNotch), angle));

@@ -107,10 +107,8 @@ QHash<QString, QString> &colouredTexts()
 /// A handler of a change may delete widgets, hence the guards.
 QVector<QPointer<QWidget>> allWidgets()
 {
-    QVector<QPointer<QWidget>> widgets;
-    for (QWidget *widget : QApplication::allWidgets())
-        widgets.append(widget);
-    return widgets;
+    const QWidgetList widgets = QApplication::allWidgets();
+    return QVector<QPointer<QWidget>>(widgets.begin(), widgets.end());
 }
 
 /// Sets the sheets with the colours of the last look again, in those of this one.

@@ -33,6 +33,7 @@ FileSystemTreeWidgetItem::~FileSystemTreeWidgetItem() = default;
 
 // A moved-from item may be in a tree and stays there, so it keeps its path as well.
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(FileSystemTreeWidgetItem &&other) noexcept
+    // NOLINTNEXTLINE(performance-move-constructor-init)
     : FileSystemTreeWidgetItem(static_cast<const FileSystemTreeWidgetItem &>(other))
 {
 }

@@ -45,7 +45,7 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state;
-        state.disabled = !m_list->isEnabled() || !m_list->isPageEnabled(index());
+        state.disabled = !m_list->isEnabled() || !SideBarList::isPageEnabled(index());
         state.selectable = state.focusable = !state.disabled;
         state.selected = isValid() && m_list->currentIndex() == index();
         state.focused = state.selected && m_list->hasFocus();

@@ -66,7 +66,7 @@ void VemoTreeWidget::Children::request(const QPersistentModelIndex &index)
     if (!item || state(item) != ChildrenLoading)
         return;
     const QPointer<VemoTreeWidget> tree(m_tree);
-    Q_EMIT tree->childrenRequested(item);
+    Q_EMIT m_tree->childrenRequested(item);
     if (!tree || !index.isValid())
         return; // The slot has deleted them.
     const Entry entry = m_entries.value(item);

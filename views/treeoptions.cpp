@@ -36,7 +36,8 @@ bool isVisible(const QTreeWidgetItem *item)
 QList<QTreeWidgetItem *> draggedItems(const QMimeData &data)
 {
     QList<QTreeWidgetItem *> items;
-    for (const QVariant &dragged : data.property(kDragged).toList()) {
+    const QVariantList indexes = data.property(kDragged).toList();
+    for (const QVariant &dragged : indexes) {
         const auto index = dragged.value<QPersistentModelIndex>();
         if (index.isValid())
             items << static_cast<QTreeWidgetItem *>(QModelIndex(index).internalPointer());
@@ -194,7 +195,8 @@ void VemoTreeWidget::startDrag(Qt::DropActions supportedActions)
     }
     QList<QTreeWidgetItem *> items;
     QVariantList dragged;
-    for (QTreeWidgetItem *item : selectedItems()) {
+    const QList<QTreeWidgetItem *> selected = selectedItems();
+    for (QTreeWidgetItem *item : selected) {
         if (!(item->flags() & Qt::ItemIsDragEnabled))
             continue;
         items << item;
@@ -262,7 +264,8 @@ void VemoTreeWidget::expandItems(const QList<QPersistentModelIndex> &items, bool
 void VemoTreeWidget::leaveHiddenItems()
 {
     QItemSelection hidden;
-    for (const QTreeWidgetItem *item : selectedItems()) {
+    const QList<QTreeWidgetItem *> selected = selectedItems();
+    for (const QTreeWidgetItem *item : selected) {
         if (!::isVisible(item))
             hidden.select(indexFromItem(item), indexFromItem(item, columnCount() - 1));
     }

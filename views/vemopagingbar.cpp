@@ -96,7 +96,7 @@ protected:
         setAllIcon(isRightToLeft() ? m_counterpart : m_picture);
         // On this event the button updates its picture to its current state.
         QEvent enabledChange(QEvent::EnabledChange);
-        VemoIconButton::changeEvent(&enabledChange);
+        NamedIconButton::changeEvent(&enabledChange);
     }
 
 private:

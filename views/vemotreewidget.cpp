@@ -20,7 +20,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -122,10 +121,11 @@ VemoTreeWidget::VemoTreeWidget(QWidget *parent) : QTreeWidget(parent)
 
 VemoTreeWidget::~VemoTreeWidget() = default;
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value as declared.
 void VemoTreeWidget::setBackgroundColor(QColor selected, QColor hover)
 {
-    m_selected_color = std::move(selected);
-    m_hover_color = std::move(hover);
+    m_selected_color = selected;
+    m_hover_color = hover;
 }
 
 void VemoTreeWidget::updateScrollArea(QTreeWidgetItem *item)

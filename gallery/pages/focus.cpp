@@ -41,7 +41,8 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(defaultThemeColor("accent"), DPIinfo::scaled(1), Qt::DotLine));
         QVector<QRect> badges;
-        for (const QWidget *widget : accessibleList(m_page, AccessibleFilter({}, m_level))) {
+        const QList<QWidget *> stops = accessibleList(m_page, AccessibleFilter({}, m_level));
+        for (const QWidget *widget : stops) {
             const QRect frame(widget->mapTo(m_page, QPoint(0, 0)), widget->size());
             painter.drawRect(frame);
             badges << badgeBeside(badges, frame.topLeft());

@@ -167,7 +167,8 @@ Sheet *newWithOptions(QWidget *window)
 Sheet *newUnfolded(QWidget *window)
 {
     Sheet *sheet = newWithOptions(window);
-    for (QPushButton *button : sheet->findChildren<QPushButton *>()) {
+    const QList<QPushButton *> buttons = sheet->findChildren<QPushButton *>();
+    for (QPushButton *button : buttons) {
         if (!qobject_cast<QDialogButtonBox *>(button->parent()))
             button->click();
     }

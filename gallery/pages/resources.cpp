@@ -38,7 +38,7 @@ QStringList catalogueNames()
     const QJsonObject catalogue = QJsonDocument::fromJson(file.readAll()).object();
     const QJsonArray listed = catalogue["images"].toArray();
     QStringList names;
-    for (const auto name : listed)
+    for (const auto &name : listed)
         names << name.toString();
     names.sort();
     return names;

@@ -80,7 +80,8 @@ QToolBox *newToolBox()
     box->addItem(newPane("At night"), getGlobalIcon("bt_clock"), "Times");
     box->addItem(newPane("All folders"), getGlobalIcon("folder"), "Folders");
     box->setMinimumHeight(DPIinfo::scaled(kTabsHeight));
-    for (QScrollArea *area : box->findChildren<QScrollArea *>())
+    const QList<QScrollArea *> areas = box->findChildren<QScrollArea *>();
+    for (QScrollArea *area : areas)
         area->setAccessibleName("Page");
     return box;
 }

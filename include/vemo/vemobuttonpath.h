@@ -111,7 +111,8 @@ public Q_SLOTS:
     void editPath();
 
     /// Scrolls horizontally until the folder button does not cover the column either.
-    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+    void scrollTo(
+        const QModelIndex &index, QAbstractItemView::ScrollHint hint = EnsureVisible) override;
 
 protected:
     /// Adjusts the menu and the scroll position to the new width.

@@ -68,7 +68,8 @@ void ViewMenu::addLanguages()
     menu->setObjectName("languageMenu");
     menu->setStyleSheet(getStyleSheet("component.menu"));
     const QStringList codes = languageCodes();
-    for (const DefaultThemeLanguage &language : defaultThemeLanguages()) {
+    const QVector<DefaultThemeLanguage> languages = defaultThemeLanguages();
+    for (const DefaultThemeLanguage &language : languages) {
         if (codes.contains(language.code))
             newChoice(menu, m_languages, "language_" + language.code, language.code)
                 ->setText(language.nativeName);
