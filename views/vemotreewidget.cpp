@@ -10,6 +10,7 @@
 
 #include <vemo/stylemanager.h>
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -102,6 +103,39 @@ private:
     std::vector<Run> m_runs;
 };
 
+/// Calls back once no pop-up is open any more.
+class PopupWatch : public QObject
+{
+public:
+    PopupWatch(QObject *parent, std::function<void()> call)
+        : QObject(parent), m_call(std::move(call))
+    {
+        watchNext();
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide) {
+            watched->removeEventFilter(this);
+            watchNext();
+        }
+        return false;
+    }
+
+private:
+    void watchNext()
+    {
+        if (QWidget *popup = QApplication::activePopupWidget()) {
+            popup->installEventFilter(this);
+            return;
+        }
+        m_call();
+        deleteLater();
+    }
+
+    std::function<void()> m_call;
+};
+
 } // namespace
 
 /// Values that are read once per paint event instead of once per row: querying the pointer may
@@ -149,6 +183,12 @@ bool VemoTreeWidget::event(QEvent *event)
         // QWidget repaints itself completely on hover events. Only styles with a hover look need
         // that, and these also enable hover events for the viewport.
         return !viewport()->testAttribute(Qt::WA_Hover) || QTreeWidget::event(event);
+    case QEvent::Leave:
+        // While a pop-up is open there are no hover events. On Windows the pointer leaves the tree
+        // when a menu opens under it.
+        if (QApplication::activePopupWidget())
+            new PopupWatch(this, [this] { setPointer(mapFromGlobal(QCursor::pos())); });
+        return QTreeWidget::event(event);
     default:
         return QTreeWidget::event(event);
     }
