@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -155,11 +156,10 @@ VemoTreeWidget::VemoTreeWidget(QWidget *parent) : QTreeWidget(parent)
 
 VemoTreeWidget::~VemoTreeWidget() = default;
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): by value as declared.
 void VemoTreeWidget::setBackgroundColor(QColor selected, QColor hover)
 {
-    m_selected_color = selected;
-    m_hover_color = hover;
+    m_selected_color = std::move(selected);
+    m_hover_color = std::move(hover);
 }
 
 void VemoTreeWidget::updateScrollArea(QTreeWidgetItem *item)
