@@ -5,21 +5,6 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 
-#include <filesystem>
-#include <type_traits>
-
-namespace {
-
-std::filesystem::path nativePath(const QString &path)
-{
-    if constexpr (std::is_same_v<std::filesystem::path::value_type, wchar_t>)
-        return path.toStdWString();
-    else
-        return QFile::encodeName(path).toStdString();
-}
-
-} // namespace
-
 bool renameOver(const QString &from, const QString &to)
 {
     std::error_code error;

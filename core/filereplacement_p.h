@@ -5,6 +5,11 @@
 #include <QByteArray>
 #include <QString>
 
+#include <filesystem>
+
+/// path as the system's own functions take it. On Windows it may have more than 260 characters.
+std::filesystem::path nativePath(const QString &path);
+
 /// Renames the file from to the name to, in one step. A link or a pipe with that name is replaced,
 /// not followed. Returns false on failure, for example if there is a folder with that name.
 bool renameOver(const QString &from, const QString &to);
