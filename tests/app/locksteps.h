@@ -3,6 +3,7 @@
 
 #include "app/instancelock_p.h"
 
+#include <QFile>
 #include <QTest>
 
 /// What is the same for the lock files of all systems.
@@ -31,4 +32,16 @@ inline void takeLockAfterItsHolderIsGone(const QString &path)
         QCOMPARE(second.take(), InstanceLock::HeldElsewhere);
     }
     QCOMPARE(second.take(), InstanceLock::Taken);
+}
+
+/// Nobody else can take the lock after the file was opened and closed.
+inline void openTheFileOfAHeldLock(const QString &path)
+{
+    InstanceLock first(path);
+    QCOMPARE(first.take(), InstanceLock::Taken);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    file.close();
+    InstanceLock second(path);
+    QCOMPARE(second.take(), InstanceLock::HeldElsewhere);
 }

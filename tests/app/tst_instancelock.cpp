@@ -110,13 +110,7 @@ void InstanceLockTest::respectsAProcessLockOfTheWholeFile()
 
 void InstanceLockTest::isNotLostWhenTheFileIsOpenedAndClosed()
 {
-    InstanceLock first(path());
-    QCOMPARE(first.take(), InstanceLock::Taken);
-    QFile file(path());
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    file.close();
-    InstanceLock second(path());
-    QCOMPARE(second.take(), InstanceLock::HeldElsewhere);
+    openTheFileOfAHeldLock(path());
 }
 
 void InstanceLockTest::opensItsFileToTheUserAlone_data()
