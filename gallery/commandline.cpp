@@ -7,6 +7,7 @@
 #include <vemo/vemolocale.h>
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -106,8 +107,8 @@ Options optionsIn(const QCommandLineParser &parser)
     options.language = valueOr(parser, kLanguage, VemoLocale::getInstance().getDefaultLanguage());
     options.theme = DefaultThemeMode(qMax(0, kThemes.indexOf(parser.value(kTheme))));
     options.pictures = parser.isSet(kPreload) ? ImageManager::PRELOAD : ImageManager::LAZY_LOAD;
-    options.userFolder = valueOr(
-        parser, kUserFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+    options.userFolder = QDir::fromNativeSeparators(valueOr(
+        parser, kUserFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation)));
     options.page = parser.value(kPage);
     options.screenshots = parser.value(kScreenshots);
     options.style = parser.value(kStyle);

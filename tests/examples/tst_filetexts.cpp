@@ -35,6 +35,7 @@ private Q_SLOTS:
     void splitsPaths();
     void readsTheCommandLine_data();
     void readsTheCommandLine();
+    void takesTheSystemsSeparators();
     void refusesAWrongCommandLine_data();
     void refusesAWrongCommandLine();
     void knowsALocaleForEachLanguage();
@@ -237,6 +238,14 @@ void FileTextsTest::readsTheCommandLine()
     QCOMPARE(line.options.folder, pathFromQt(QDir::current().absoluteFilePath(folder)));
     QCOMPARE(line.options.language, language);
     QVERIFY(readCommandLine({"filebrowser", "--help"}).answer.contains("--language <code>"));
+}
+
+// Folders are registered as Qt writes them.
+void FileTextsTest::takesTheSystemsSeparators()
+{
+    const CommandLine line =
+        readCommandLine({"filebrowser", "--user-folder", QDir::toNativeSeparators("/u/v")});
+    QCOMPARE(line.options.userFolder, QString("/u/v"));
 }
 
 void FileTextsTest::refusesAWrongCommandLine_data()

@@ -8,6 +8,7 @@
 
 #include <vemo/vemolocale.h>
 
+#include <QDir>
 #include <QStandardPaths>
 
 namespace {
@@ -34,6 +35,7 @@ class CommandLineTest : public VemoTest
 private Q_SLOTS:
     void withoutOptionsItShowsTheFirstPageLazily();
     void optionsReachTheGallery();
+    void userFolderMayHaveTheSystemsSeparators();
     void optionsOfQtAreTaken_data();
     void optionsOfQtAreTaken();
     void lazyMayBeSaidOutright();
@@ -72,6 +74,13 @@ void CommandLineTest::optionsReachTheGallery()
     QCOMPARE(line.options.userFolder, QString("/u"));
     QCOMPARE(line.options.page, QString("Buttons"));
     QCOMPARE(line.options.screenshots, QString("/s"));
+}
+
+// Folders are registered as Qt writes them.
+void CommandLineTest::userFolderMayHaveTheSystemsSeparators()
+{
+    const CommandLine line = read({"--user-folder", QDir::toNativeSeparators("/u/v")});
+    QCOMPARE(line.options.userFolder, QString("/u/v"));
 }
 
 void CommandLineTest::optionsOfQtAreTaken_data()

@@ -89,8 +89,8 @@ CommandLine readCommandLine(const QStringList &arguments)
     line.options.folder = folderIn(parser);
     line.options.language =
         valueOr(parser, kLanguage, VemoLocale::getInstance().getDefaultLanguage());
-    line.options.userFolder = valueOr(
-        parser, kUserFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation));
+    line.options.userFolder = QDir::fromNativeSeparators(valueOr(
+        parser, kUserFolder, QStandardPaths::writableLocation(QStandardPaths::CacheLocation)));
     line.options.screenshots = parser.value(kScreenshots);
     line.options.style = parser.value(kStyle);
     return line;
