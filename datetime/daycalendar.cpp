@@ -150,12 +150,19 @@ bool DayCalendar::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_grid->viewport()) {
         if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove)
             m_pointer = positionOf(static_cast<QHoverEvent *>(event));
-        else if (event->type() == QEvent::HoverLeave)
-            m_pointer = kNowhere;
+        else if (event->type() == QEvent::Leave)
+            leaveDay();
         else if (event->type() == QEvent::Paint)
             m_today = QDate::currentDate(); // A system call: too expensive per cell.
     }
     return QCalendarWidget::eventFilter(watched, event);
+}
+
+// While a menu is open, there is no hover event, which would repaint the day.
+void DayCalendar::leaveDay()
+{
+    m_pointer = kNowhere;
+    m_grid->viewport()->update();
 }
 
 bool DayCalendar::event(QEvent *event)

@@ -47,6 +47,7 @@ protected:
 private:
     static constexpr QPoint kNowhere {-1, -1};
 
+    void leaveDay();
     bool keepFace(QEvent *event);
     void announceNoDay();
     QBrush groundOf(const QDate &date, const QTextCharFormat &format) const;

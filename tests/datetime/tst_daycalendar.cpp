@@ -68,6 +68,7 @@ private Q_SLOTS:
     void todaysFrameIsOfOneWidth();
     void fillsTheSelectedDay();
     void tintsTheDayUnderThePointer();
+    void losesThePointerToAMenu();
     void veilsDaysOutOfRange();
     void veilsADisabledCalendar();
     void showsTheFocusOfItsArrows();
@@ -142,6 +143,27 @@ void DayCalendarTest::tintsTheDayUnderThePointer()
     QCOMPARE(view.cornerOf(pointed + 2, 3), QColor(Qt::white));
     QTest::mouseMove(view.parts.grid->viewport(), view.parts.cell(pointed + 2).center());
     QTRY_COMPARE(view.cornerOf(pointed, 3), QColor(Qt::white));
+}
+
+// While a menu is open, Qt sends no hover event to what the pointer leaves.
+void DayCalendarTest::losesThePointerToAMenu()
+{
+    const View view;
+    QVERIFY(view.isExposed);
+    QWidget *days = view.parts.grid->viewport();
+    const int pointed = View::otherDay();
+    QTest::mouseMove(days, view.parts.cell(pointed).center());
+    QTRY_VERIFY(view.cornerOf(pointed, 3) != QColor(Qt::white));
+    QMenu menu;
+    menu.addAction("Go to today");
+    menu.popup(QPoint());
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QCoreApplication::processEvents();
+    const EventCounter paints(days, QEvent::Paint);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(days, &leave);
+    QTRY_VERIFY(paints.count() > 0);
+    QCOMPARE(view.cornerOf(pointed, 3), QColor(Qt::white));
 }
 
 void DayCalendarTest::veilsDaysOutOfRange()
